@@ -1,0 +1,29 @@
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+namespace rondora {
+
+/// Straight (not premultiplied) sRGB, each component 0 to 1.
+struct Color {
+  double red = 0;
+  double green = 0;
+  double blue = 0;
+  double alpha = 1;
+  friend bool operator==(const Color&, const Color&) = default;
+
+  /// "#RRGGBB" in either case, with or without the leading number sign; anything else is nothing.
+  static std::optional<Color> fromHex(std::string_view text);
+
+  constexpr Color withAlpha(double newAlpha) const { return {red, green, blue, newAlpha}; }
+};
+
+/// `amount` 0 gives `from`, 1 gives `to`; alpha is mixed too.
+constexpr Color mix(Color from, Color to, double amount) {
+  const double rest = 1 - amount;
+  return {from.red * rest + to.red * amount, from.green * rest + to.green * amount, from.blue * rest + to.blue * amount,
+          from.alpha * rest + to.alpha * amount};
+}
+
+}  // namespace rondora

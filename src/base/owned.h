@@ -1,0 +1,19 @@
+#pragma once
+
+#include <memory>
+
+namespace rondora {
+
+/// Owns what a C library hands out, released by the given function: UniqueCPtr<char, std::free>.
+template <auto Release>
+struct ReleaseWith {
+  template <class T>
+  void operator()(T* handle) const {
+    Release(handle);
+  }
+};
+
+template <class T, auto Release>
+using UniqueCPtr = std::unique_ptr<T, ReleaseWith<Release>>;
+
+}  // namespace rondora

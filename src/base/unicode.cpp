@@ -1,0 +1,96 @@
+#include "base/unicode.h"
+
+#include <utf8proc.h>
+
+namespace rondora {
+namespace {
+
+constexpr utf8proc_int32_t kReplacement = 0xFFFD;
+
+struct Scalar {
+  utf8proc_int32_t value = kReplacement;
+  std::size_t length = 1;
+  bool valid = false;
+};
+
+Scalar firstScalar(std::string_view text) {
+  utf8proc_int32_t value = -1;
+  const auto* bytes = reinterpret_cast<const utf8proc_uint8_t*>(text.data());
+  const utf8proc_ssize_t length = utf8proc_iterate(bytes, static_cast<utf8proc_ssize_t>(text.size()), &value);
+  if (length <= 0) return {};
+  return {value, static_cast<std::size_t>(length), true};
+}
+
+Scalar lastScalar(std::string_view text) {
+  for (std::size_t length = 1; length <= 4 && length <= text.size(); ++length) {
+    const Scalar scalar = firstScalar(text.substr(text.size() - length));
+    if (scalar.valid && scalar.length == length) return scalar;
+  }
+  return {};
+}
+
+void append(std::string& text, utf8proc_int32_t scalar) {
+  utf8proc_uint8_t bytes[4];
+  const utf8proc_ssize_t length = utf8proc_encode_char(scalar, bytes);
+  text.append(reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(length));
+}
+
+template <class Map>
+std::string mapped(std::string_view text, Map map) {
+  std::string result;
+  result.reserve(text.size());
+  while (!text.empty()) {
+    const Scalar scalar = firstScalar(text);
+    append(result, map(scalar.value));
+    text.remove_prefix(scalar.length);
+  }
+  return result;
+}
+
+bool isWhiteSpaceOrNewline(const Scalar& scalar) {
+  if (!scalar.valid) return false;
+  if (scalar.value >= 0x09 && scalar.value <= 0x0D) return true;
+  if (scalar.value == 0x85) return true;
+  const utf8proc_category_t category = utf8proc_category(scalar.value);
+  return category == UTF8PROC_CATEGORY_ZS || category == UTF8PROC_CATEGORY_ZL || category == UTF8PROC_CATEGORY_ZP;
+}
+
+}  // namespace
+
+bool isValidUtf8(std::string_view text) {
+  while (!text.empty()) {
+    const Scalar scalar = firstScalar(text);
+    if (!scalar.valid) return false;
+    text.remove_prefix(scalar.length);
+  }
+  return true;
+}
+
+std::string upperCased(std::string_view text) { return mapped(text, utf8proc_toupper); }
+
+std::string lowerCased(std::string_view text) { return mapped(text, utf8proc_tolower); }
+
+std::string_view trimmed(std::string_view text) {
+  while (!text.empty()) {
+    const Scalar scalar = firstScalar(text);
+    if (!isWhiteSpaceOrNewline(scalar)) break;
+    text.remove_prefix(scalar.length);
+  }
+  while (!text.empty()) {
+    const Scalar scalar = lastScalar(text);
+    if (!isWhiteSpaceOrNewline(scalar)) break;
+    text.remove_suffix(scalar.length);
+  }
+  return text;
+}
+
+std::size_t scalarCount(std::string_view text) {
+  std::size_t count = 0;
+  while (!text.empty()) {
+    text.remove_prefix(firstScalar(text).length);
+    ++count;
+  }
+  return count;
+}
+
+}  // namespace rondora

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+// Unicode text as UTF-8. Ill-formed input never fails: each offending byte counts as U+FFFD.
+
+namespace rondora {
+
+bool isValidUtf8(std::string_view text);
+std::string upperCased(std::string_view text);
+std::string lowerCased(std::string_view text);
+/// Without white space and line ends at either end.
+std::string_view trimmed(std::string_view text);
+std::size_t scalarCount(std::string_view text);
+
+}  // namespace rondora

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <memory>
+#include <utility>
+
+namespace rondora {
+
+/// Lets the callbacks that an object hands out hold it weakly: declare it as the last member, wrap each callback in
+/// bind(); once the object is gone the callback does nothing and returns a default value. Main thread only.
+template <class T>
+class WeakSelf {
+ public:
+  explicit WeakSelf(T* self) : self_(std::make_shared<T*>(self)) {}
+  WeakSelf(const WeakSelf&) = delete;
+  WeakSelf& operator=(const WeakSelf&) = delete;
+
+  /// `function` is called as function(T&, arguments...).
+  template <class Function>
+  auto bind(Function function) const {
+    return [weak = std::weak_ptr<T*>(self_), function = std::move(function)](auto&&... args) {
+      using Result = decltype(function(**weak.lock(), std::forward<decltype(args)>(args)...));
+      if (const auto self = weak.lock()) return function(**self, std::forward<decltype(args)>(args)...);
+      return Result();
+    };
+  }
+
+ private:
+  std::shared_ptr<T*> self_;
+};
+
+}  // namespace rondora

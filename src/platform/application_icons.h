@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace rondora {
+
+/// Where an application's picture comes from; the first that is not empty counts.
+struct ApplicationIconSource {
+  /// A name in the user's icon theme.
+  std::string themeName;
+  /// An absolute path of an image file.
+  std::string filePath;
+  /// Straight 0xAARRGGBB pixels, row by row, from the application's own window.
+  std::vector<std::uint32_t> pixels;
+  int pixelWidth = 0;
+  int pixelHeight = 0;
+};
+
+class ApplicationIcons {
+ public:
+  virtual ~ApplicationIcons() = default;
+
+  /// Nothing when the application has no picture of its own.
+  virtual std::optional<ApplicationIconSource> iconSource(std::string_view bundleIdentifier) const = 0;
+};
+
+}  // namespace rondora

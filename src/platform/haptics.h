@@ -1,0 +1,15 @@
+#pragma once
+
+namespace rondora {
+
+enum class HapticPattern { levelChange, alignment };
+
+class Haptics {
+ public:
+  virtual ~Haptics() = default;
+
+  /// Plays the pattern at the default performance time; does nothing where there is no such device.
+  virtual void perform(HapticPattern pattern) = 0;
+};
+
+}  // namespace rondora

@@ -1,0 +1,80 @@
+#include "platform/linux/desktop/application_launcher.h"
+
+#include <csignal>
+
+#include "platform/linux/desktop/glib_owned.h"
+
+namespace rondora::desktop {
+namespace {
+
+/// A launch context that announces one startup id. GIO asks for it where the application says that it wants one, for
+/// programs that are started as well as for those that the session bus activates.
+struct StartupContext {
+  GAppLaunchContext parent;
+  char* startupId;
+};
+struct StartupContextClass {
+  GAppLaunchContextClass parent;
+};
+
+G_DEFINE_TYPE(StartupContext, startup_context, g_app_launch_context_get_type())
+
+char* copyStartupId(GAppLaunchContext* context, GAppInfo*, GList*) {
+  return g_strdup(reinterpret_cast<StartupContext*>(context)->startupId);
+}
+
+void finalizeStartupContext(GObject* object) {
+  g_free(reinterpret_cast<StartupContext*>(object)->startupId);
+  G_OBJECT_CLASS(startup_context_parent_class)->finalize(object);
+}
+
+void startup_context_class_init(StartupContextClass* type) {
+  type->parent.get_startup_notify_id = copyStartupId;
+  G_OBJECT_CLASS(type)->finalize = finalizeStartupContext;
+}
+
+void startup_context_init(StartupContext*) {}
+
+bool hasKey(GDesktopAppInfo& application, const char* key) {
+  return g_desktop_app_info_has_key(&application, key) != FALSE;
+}
+
+/// `id` is null when the moment of the user's action is unknown: a wrong one would cost the window the focus.
+GOwned<GAppLaunchContext> makeContext(GDesktopAppInfo& application, char* id) {
+  auto* context = static_cast<StartupContext*>(g_object_new(startup_context_get_type(), nullptr));
+  context->startupId = id;
+  GOwned<GAppLaunchContext> result(&context->parent);
+  // Ours, if we were started with one, is used up.
+  g_app_launch_context_unsetenv(result.get(), "DESKTOP_STARTUP_ID");
+  g_app_launch_context_unsetenv(result.get(), "XDG_ACTIVATION_TOKEN");
+  if (id && g_desktop_app_info_get_boolean(&application, "StartupNotify")) {
+    g_app_launch_context_setenv(result.get(), "XDG_ACTIVATION_TOKEN", id);
+  }
+  return result;
+}
+
+/// Runs in the child between fork and exec: only calls that are safe there.
+void prepareChild(gpointer homeFolder) {
+  setsid();
+  sigset_t none;
+  sigemptyset(&none);
+  sigprocmask(SIG_SETMASK, &none, nullptr);
+  signal(SIGPIPE, SIG_DFL);
+  if (homeFolder && chdir(static_cast<const char*>(homeFolder)) != 0) _exit(127);
+}
+
+}  // namespace
+
+bool ApplicationLauncher::launch(GDesktopAppInfo& application, const std::string& url, UserTime time) {
+  char* id = nullptr;
+  if (time != 0) id = g_strdup_printf("rondora-%d-%s-%u_TIME%u", getpid(), g_get_host_name(), ++launches_, time);
+  const auto context = makeContext(application, id);
+  GList* urls = url.empty() ? nullptr : g_list_append(nullptr, const_cast<char*>(url.c_str()));
+  gpointer folder = hasKey(application, "Path") ? nullptr : const_cast<char*>(g_get_home_dir());
+  const gboolean launched = g_desktop_app_info_launch_uris_as_manager(
+      &application, urls, context.get(), G_SPAWN_SEARCH_PATH, prepareChild, folder, nullptr, nullptr, nullptr);
+  g_list_free(urls);
+  return launched != FALSE;
+}
+
+}  // namespace rondora::desktop

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/linux/desktop/desktop_entries.h"
+#include "platform/process_environment.h"
+
+namespace rondora::desktop {
+
+/// The user's own application for each of the six identifiers of the first-run document. They stand for kinds of
+/// applications: web browser, file manager, music player, text editor, terminal and system settings. Main thread.
+class DefaultApplications {
+ public:
+  /// Both outlive this.
+  DefaultApplications(const DesktopEntries& entries, const ProcessEnvironment& environment)
+      : entries_(entries), environment_(environment) {}
+
+  static bool isStandIn(std::string_view bundleIdentifier);
+  /// The id of an installed desktop entry; nothing when `bundleIdentifier` is no stand-in, or nothing fits it.
+  std::optional<std::string> resolve(std::string_view bundleIdentifier) const;
+  /// The default handler of a MIME type, when it is an installed application.
+  std::optional<std::string> handlerOfType(const char* mimeType) const;
+
+ private:
+  std::optional<std::string> terminal() const;
+  std::optional<std::string> terminalAlternative() const;
+  std::optional<std::string> settings() const;
+
+  const DesktopEntries& entries_;
+  const ProcessEnvironment& environment_;
+};
+
+}  // namespace rondora::desktop

@@ -1,0 +1,67 @@
+#include "platform/linux/desktop/file_user_defaults.h"
+
+#include <algorithm>
+
+namespace rondora::desktop {
+namespace {
+
+constexpr const char* kFileName = "defaults";
+constexpr const char* kPredecessorFolder = "PieMenu";
+
+}  // namespace
+
+FileUserDefaults::FileUserDefaults(FileSystem& files, Log& log)
+    : files_(files),
+      log_(log),
+      folder_(files.applicationSupportFolder() / "Rondora"),
+      values_(load(folder_ / kFileName)) {}
+
+FileUserDefaults::Values FileUserDefaults::load(const std::filesystem::path& path) const {
+  Values values;
+  const std::string text = files_.read(path).value_or("");
+  for (auto begin = text.begin(); begin != text.end();) {
+    const auto end = std::find(begin, text.end(), '\n');
+    const auto equals = std::find(begin, end, '=');
+    if (equals != begin && equals != end) values[std::string(begin, equals)] = std::string(equals + 1, end);
+    begin = end == text.end() ? end : end + 1;
+  }
+  return values;
+}
+
+bool FileUserDefaults::hasValue(std::string_view key) const { return values_.find(key) != values_.end(); }
+
+void FileUserDefaults::setInteger(std::string_view key, std::int64_t value) { set(key, std::to_string(value)); }
+
+bool FileUserDefaults::boolean(std::string_view key) const {
+  const auto found = values_.find(key);
+  return found != values_.end() && found->second == "true";
+}
+
+void FileUserDefaults::setBoolean(std::string_view key, bool value) { set(key, value ? "true" : "false"); }
+
+bool FileUserDefaults::isEmpty() const { return values_.empty(); }
+
+bool FileUserDefaults::importPredecessorDomain() {
+  Values predecessor = load(files_.applicationSupportFolder() / kPredecessorFolder / kFileName);
+  if (predecessor.empty()) return false;
+  values_ = std::move(predecessor);
+  write();
+  return true;
+}
+
+void FileUserDefaults::set(std::string_view key, std::string value) {
+  const auto found = values_.find(key);
+  if (found != values_.end() && found->second == value) return;
+  values_.insert_or_assign(std::string(key), std::move(value));
+  write();
+}
+
+void FileUserDefaults::write() const {
+  std::string text;
+  for (const auto& [key, value] : values_) text += key + "=" + value + "\n";
+  FileError error = files_.createFolder(folder_);
+  if (!error) error = files_.replaceDurably(folder_ / kFileName, text);
+  if (error) log_.error("failed to write user defaults: " + *error);
+}
+
+}  // namespace rondora::desktop

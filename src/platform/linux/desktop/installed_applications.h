@@ -1,0 +1,38 @@
+#pragma once
+
+#include "platform/linux/application_catalogue.h"
+#include "platform/linux/desktop/application_launcher.h"
+#include "platform/linux/desktop/default_applications.h"
+#include "platform/linux/desktop/desktop_entries.h"
+#include "platform/linux/desktop/system_places.h"
+#include "platform/linux/desktop/url_handlers.h"
+
+namespace rondora::desktop {
+
+/// The applications that desktop entries describe.
+class InstalledApplications final : public ApplicationCatalogue {
+ public:
+  /// `environment` outlives this.
+  explicit InstalledApplications(const ProcessEnvironment& environment);
+
+  /// Reads everything that the first question would have to wait for; for an idle moment after the start.
+  void warm() const;
+
+  std::optional<std::string> identify(const WindowIdentity& window) const override;
+  std::string resolve(std::string_view bundleIdentifier) const override;
+  bool isInstalled(std::string_view id) const override;
+  std::optional<std::string> name(std::string_view id) const override;
+  std::optional<ApplicationIconSource> iconSource(std::string_view id) const override;
+  std::optional<std::string> applicationAtPath(std::string_view path) const override;
+  bool launch(std::string_view id, UserTime time) override;
+  bool openUrl(std::string_view url, UserTime time) override;
+
+ private:
+  DesktopEntries entries_;
+  DefaultApplications defaults_;
+  UrlHandlers urlHandlers_;
+  ApplicationLauncher launcher_;
+  SystemPlaces places_;
+};
+
+}  // namespace rondora::desktop

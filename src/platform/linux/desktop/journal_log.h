@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+
+#include "platform/linux/desktop/file_descriptor.h"
+#include "platform/log.h"
+
+namespace rondora::desktop {
+
+/// Writes to the journal when there is one, else to standard error with the level in front. Where standard error leads
+/// to the journal already, it is used, so that the lines stay in order with those of our libraries.
+class JournalLog final : public Log {
+ public:
+  explicit JournalLog(const std::string& socketPath = "/run/systemd/journal/socket");
+
+  void write(LogLevel level, std::string_view line) override;
+
+ private:
+  bool sendToJournal(LogLevel level, std::string_view line) const;
+
+  FileDescriptor socket_;
+};
+
+}  // namespace rondora::desktop

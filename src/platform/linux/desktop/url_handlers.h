@@ -1,0 +1,27 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "platform/linux/desktop/default_applications.h"
+
+namespace rondora::desktop {
+
+/// Which application opens a URL. Main thread.
+class UrlHandlers {
+ public:
+  /// `defaults` outlives this.
+  explicit UrlHandlers(const DefaultApplications& defaults) : defaults_(defaults) {}
+
+  /// The desktop-entry id of the handler; nothing when `url` is no absolute URL, names a file that is not there, or
+  /// nothing opens it.
+  std::optional<std::string> handler(const std::string& url) const;
+
+ private:
+  std::optional<std::string> handlerOfFile(const std::string& url) const;
+  std::optional<std::string> handlerOfScheme(const std::string& scheme) const;
+
+  const DefaultApplications& defaults_;
+};
+
+}  // namespace rondora::desktop

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "platform/linux/application_catalogue.h"
+#include "platform/linux/x11/x11_window_list.h"
+#include "platform/workspace.h"
+
+namespace rondora::x11 {
+
+/// Running applications are made of their windows: those with the same application id and process are one. Knows for
+/// each which of its windows was active last. Main thread.
+class X11Workspace final : public Workspace {
+ public:
+  /// All outlive this. Windows of our own process belong to `ownBundleIdentifier`.
+  X11Workspace(XConnection& connection, X11WindowList& windows, ApplicationCatalogue& catalogue,
+               std::string ownBundleIdentifier);
+
+  std::optional<RunningApplication> frontmostApplication() const override;
+  /// Topmost first.
+  std::vector<RunningApplication> runningApplications() const override;
+  std::vector<RunningApplication> runningApplications(std::string_view bundleIdentifier) const override;
+  bool activate(const RunningApplication& application) override;
+  std::optional<ApplicationLocation> urlForApplication(std::string_view bundleIdentifier) const override;
+  void openApplication(const ApplicationLocation& location) override;
+  std::optional<ApplicationLocation> applicationAtPath(std::string_view path) const override;
+  bool openUrl(std::string_view url) override;
+  std::optional<std::string> applicationName(std::string_view bundleIdentifier) const override;
+  [[nodiscard]] Subscription onDidActivateApplication(std::function<void(const RunningApplication&)> observer) override;
+
+ private:
+  RunningApplication applicationOf(const WindowInfo& window) const;
+  std::string idOf(const WindowInfo& window) const;
+  /// Smaller for a window that was active later.
+  std::size_t activationRank(xcb_window_t window) const;
+  const WindowInfo* windowToActivate(const RunningApplication& application,
+                                     const std::vector<WindowInfo>& windows) const;
+  void activeWindowChanged();
+  void rememberActive(xcb_window_t window);
+
+  XConnection& connection_;
+  X11WindowList& windows_;
+  ApplicationCatalogue& catalogue_;
+  std::string ownBundleIdentifier_;
+  /// Last active first.
+  std::vector<xcb_window_t> activations_;
+  std::optional<RunningApplication> lastActivated_;
+  Signal<const RunningApplication&> didActivate_;
+  Subscription rootEvents_;
+};
+
+}  // namespace rondora::x11

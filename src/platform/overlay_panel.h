@@ -1,0 +1,75 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+
+#include "base/display_list.h"
+#include "base/geometry.h"
+
+namespace rondora {
+
+/// How the overlay behaves on the desktop. The numbers are the ones of the windowing system that the program was
+/// conceived for; a platform maps them to what it has.
+struct OverlayPanelStyle {
+  int windowLevel = 1000;                  // above full-screen applications and panels
+  std::uint32_t collectionBehavior = 330;  // current space, transient, not in window cycling, over full-screen windows
+  bool nonactivating = true;
+  bool canBecomeKey = true;
+  bool canBecomeMain = false;
+  bool hasShadow = false;
+  bool isOpaque = false;
+  bool hidesOnDeactivate = false;
+  friend bool operator==(const OverlayPanelStyle&, const OverlayPanelStyle&) = default;
+};
+
+/// What the overlay reports. Positions are in the panel's own coordinates (points, y down, origin at its top left) and
+/// may lie far outside the panel; leaving is reported before the move that left. Any call may destroy the panel, which
+/// then touches nothing of itself any more. Main thread.
+class OverlayPanelSink {
+ public:
+  virtual ~OverlayPanelSink() = default;
+
+  virtual void pointerMoved(Point location) = 0;
+  virtual void pointerEntered() = 0;
+  virtual void pointerExited() = 0;
+  virtual void mouseDown(Point location) = 0;
+  /// The platform could not give the panel the keyboard and the pointer, or took them away for good.
+  virtual void panelLost() = 0;
+};
+
+/// One showing of the overlay: made hidden, ordered out when destroyed, at which moment keyboard and pointer are given
+/// back. Never changes which application is active. Main thread.
+class OverlayPanel {
+ public:
+  virtual ~OverlayPanel() = default;
+
+  /// Sets what the panel shows; all layers are in state 0. The picture's size is the panel's.
+  virtual void setPicture(Picture picture) = 0;
+  /// `layer` and `state` are valid indices into the picture. Seen after the next `display`.
+  virtual void setLayerState(std::size_t layer, std::size_t state) = 0;
+  /// Scales the picture around its anchor (1 is its own size) and fades it (1 is opaque). Seen after the next
+  /// `display`.
+  virtual void setAppearancePhase(double scale, double opacity) = 0;
+  /// Brings what changed to the screen.
+  virtual void display() = 0;
+
+  /// Shows the panel above everything else, whatever application is active.
+  virtual void orderFrontRegardless() = 0;
+  /// From here on keyboard and pointer belong to the panel.
+  virtual void makeKey() = 0;
+  virtual bool isVisible() const = 0;
+  /// Where the pointer is now, outside the event stream.
+  virtual Point mouseLocationOutsideOfEventStream() const = 0;
+};
+
+class OverlayPanels {
+ public:
+  virtual ~OverlayPanels() = default;
+
+  /// `frame` is in the coordinate space of the screens. `sink` outlives the panel.
+  virtual std::unique_ptr<OverlayPanel> makePanel(const OverlayPanelStyle& style, const Rect& frame,
+                                                  OverlayPanelSink& sink) = 0;
+};
+
+}  // namespace rondora

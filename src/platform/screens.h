@@ -1,0 +1,31 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+#include "base/geometry.h"
+#include "base/observable.h"
+
+namespace rondora {
+
+struct Screen {
+  Rect frame;
+  /// `frame` without panels and docks.
+  Rect visibleFrame;
+  friend bool operator==(const Screen&, const Screen&) = default;
+};
+
+/// The monitors, in one common coordinate space (points, y down). Main thread.
+class Screens {
+ public:
+  virtual ~Screens() = default;
+
+  /// All screens; the first is the one with the origin of the coordinate space, where there is such a one.
+  virtual std::vector<Screen> all() const = 0;
+  virtual std::optional<Screen> main() const = 0;
+  /// Called after monitors were added, removed, moved or resized.
+  [[nodiscard]] virtual Subscription onParametersChanged(std::function<void()> observer) = 0;
+};
+
+}  // namespace rondora

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace rondora {
+
+/// One entry of a menu; a separator has neither title nor action.
+struct MenuEntry {
+  std::string title;
+  /// Name of a system symbol, empty for none.
+  std::string symbol;
+  std::function<void()> action;
+  bool isSeparator = false;
+};
+
+struct StatusItemDescription {
+  std::string autosaveName;
+  std::string toolTip;
+  std::string accessibilityLabel;
+  std::vector<MenuEntry> menu;
+};
+
+/// The program's place in the desktop's tray. Goes when it is destroyed. Main thread.
+class StatusItem {
+ public:
+  virtual ~StatusItem() = default;
+
+  virtual void setMenuTitle(std::size_t index, const std::string& title) = 0;
+  /// Why the user cannot see the item; nothing when the user can.
+  virtual std::optional<std::string> visibilityProblem() const = 0;
+};
+
+class StatusBar {
+ public:
+  virtual ~StatusBar() = default;
+
+  virtual std::unique_ptr<StatusItem> makeStatusItem(const StatusItemDescription& description) = 0;
+};
+
+}  // namespace rondora

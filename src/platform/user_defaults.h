@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+namespace rondora {
+
+/// Small settings outside the document, by key. Main thread.
+class UserDefaults {
+ public:
+  virtual ~UserDefaults() = default;
+
+  virtual bool hasValue(std::string_view key) const = 0;
+  virtual void setInteger(std::string_view key, std::int64_t value) = 0;
+  /// False when the key is missing or holds no Boolean.
+  virtual bool boolean(std::string_view key) const = 0;
+  virtual void setBoolean(std::string_view key, bool value) = 0;
+
+  /// True when the program's own domain holds no key at all.
+  virtual bool isEmpty() const = 0;
+  /// Copies the predecessor's domain into this one when it exists and holds anything. True when it did.
+  virtual bool importPredecessorDomain() = 0;
+};
+
+}  // namespace rondora

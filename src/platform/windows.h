@@ -1,0 +1,45 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "base/geometry.h"
+
+namespace rondora {
+
+class SettingsWindow {
+ public:
+  virtual ~SettingsWindow() = default;
+  virtual void show() = 0;
+};
+
+/// The first-launch window. Closing it in any way calls the completion once.
+class OnboardingWindow {
+ public:
+  virtual ~OnboardingWindow() = default;
+  virtual void present(std::function<void()> completion) = 0;
+  virtual bool isUp() const = 0;
+  /// Closes the window and calls the completion, if it has not been called.
+  virtual void closeAndFinish() = 0;
+};
+
+/// A small preview of a snippet's text beside the pointer.
+class SnippetPreviewPopover {
+ public:
+  virtual ~SnippetPreviewPopover() = default;
+  virtual void show(std::string_view text) = 0;
+  virtual void hide() = 0;
+};
+
+/// Makes the program's windows when they are first needed.
+class Windows {
+ public:
+  virtual ~Windows() = default;
+  virtual std::unique_ptr<SettingsWindow> makeSettingsWindow() = 0;
+  virtual std::unique_ptr<OnboardingWindow> makeOnboardingWindow() = 0;
+  virtual std::unique_ptr<SnippetPreviewPopover> makeSnippetPreviewPopover() = 0;
+};
+
+}  // namespace rondora
