@@ -1,0 +1,40 @@
+#include "icons/icon_reference.h"
+
+#include <utf8proc.h>
+
+namespace rondora {
+namespace {
+
+constexpr std::string_view kApplicationPrefix = "app:";
+constexpr std::string_view kCombiningKeycap = "\xE2\x83\xA3";  // U+20E3, as in the keycap emoji of a digit
+
+bool startsLikeEmoji(std::string_view text) {
+  utf8proc_int32_t scalar = -1;
+  utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data()), static_cast<utf8proc_ssize_t>(text.size()),
+                   &scalar);
+  if (scalar < 0) return false;
+  const auto boundary = utf8proc_get_property(scalar)->boundclass;
+  return boundary == UTF8PROC_BOUNDCLASS_EXTENDED_PICTOGRAPHIC || boundary == UTF8PROC_BOUNDCLASS_REGIONAL_INDICATOR;
+}
+
+IconKind kindOf(std::string_view icon) {
+  if (icon.empty()) return IconKind::none;
+  if (icon.front() == '/') return IconKind::imageFile;
+  if (icon.starts_with(kApplicationPrefix) && icon.size() > kApplicationPrefix.size()) return IconKind::application;
+  if (startsLikeEmoji(icon) || icon.find(kCombiningKeycap) != std::string_view::npos) return IconKind::emoji;
+  return IconKind::symbol;
+}
+
+}  // namespace
+
+IconReference IconReference::parse(std::string_view icon) {
+  const IconKind kind = kindOf(icon);
+  if (kind == IconKind::application) icon.remove_prefix(kApplicationPrefix.size());
+  return {kind, std::string(icon)};
+}
+
+std::string IconReference::application(std::string_view bundleIdentifier) {
+  return std::string(kApplicationPrefix).append(bundleIdentifier);
+}
+
+}  // namespace rondora

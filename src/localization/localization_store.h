@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "base/observable.h"
+#include "localization/string_key.h"
+#include "model/app_language.h"
+
+namespace rondora {
+
+/// The interface's texts in the current language. Main thread.
+class LocalizationStore {
+ public:
+  explicit LocalizationStore(AppLanguage language = AppLanguage::english) : language_(language) {}
+
+  AppLanguage language() const { return language_.value(); }
+  /// Tells the subscribers, unless it is the current language already.
+  void setLanguage(AppLanguage language);
+  CurrentValue<AppLanguage>& currentLanguage() { return language_; }
+
+  std::string_view text(StringKey key) const;
+  /// The text with its "%@" replaced; where the language runs from right to left the argument keeps its own direction.
+  std::string text(StringKey key, std::string_view argument) const;
+
+ private:
+  CurrentValue<AppLanguage> language_;
+};
+
+}  // namespace rondora

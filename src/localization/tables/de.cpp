@@ -1,0 +1,32 @@
+#include "localization/tables/tables.h"
+
+namespace rondora {
+
+constexpr StringTable kGermanStrings = completeTable({
+    {StringKey::settings, "Einstellungen"},
+    {StringKey::quit, "Beenden"},
+    {StringKey::onboardingTitle, "Willkommen bei Rondora"},
+    {StringKey::onboardingGreeting, "Alles Wichtige in einem Ring um den Zeiger"},
+    {StringKey::onboardingWhatItIs,
+     "Rondora öffnet einen Ring von Aktionen um den Zeiger: Programme, Links, Textbausteine."},
+    {StringKey::onboardingHowToOpen, "Drücke %@, um den Ring zu öffnen."},
+    {StringKey::onboardingHowToChoose,
+     "Zeige auf einen Sektor und lass die Tasten los oder klicke ihn an. Escape schließt den Ring."},
+    {StringKey::onboardingConfigurationFile, "Deine Menüs liegen in einer einzigen Datei: %@"},
+    {StringKey::onboardingGetStarted, "Los geht’s"},
+    {StringKey::settingsTitle, "Rondora-Einstellungen"},
+    {StringKey::settingsConfigurationFile, "Konfigurationsdatei:"},
+    {StringKey::settingsOpenFolder, "Ordner öffnen"},
+    {StringKey::settingsHotkeyRefused,
+     "Das Tastenkürzel des Menüs „%@“ wird bereits von einem anderen Programm benutzt."},
+    {StringKey::settingsNoTray,
+     "Dieser Desktop hat keinen Platz für Symbole im Infobereich, daher ist das Symbol von Rondora nicht zu sehen."},
+    {StringKey::settingsHotkeysNote,
+     "Globale Tastenkürzel nutzen die Carbon-API des Systems. Kombinationen nur mit Fn oder der Globustaste lassen "
+     "sich möglicherweise nicht registrieren – wähle ein anderes Kürzel."},
+    {StringKey::snippetHint, "Der Text wurde in die Zwischenablage kopiert. Füge ihn mit Command+V selbst ein."},
+    {StringKey::importRefused,
+     "Diese Datei konnte nicht gelesen werden. Bitte wähle eine gültige Sicherung der Einstellungen."},
+});
+
+}  // namespace rondora

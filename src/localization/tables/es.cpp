@@ -1,0 +1,31 @@
+#include "localization/tables/tables.h"
+
+namespace rondora {
+
+constexpr StringTable kSpanishStrings = completeTable({
+    {StringKey::settings, "Ajustes"},
+    {StringKey::quit, "Salir"},
+    {StringKey::onboardingTitle, "Te damos la bienvenida a Rondora"},
+    {StringKey::onboardingGreeting, "Todo lo que usas, en un anillo alrededor del puntero"},
+    {StringKey::onboardingWhatItIs,
+     "Rondora abre un anillo de acciones alrededor del puntero: aplicaciones, enlaces y fragmentos de texto."},
+    {StringKey::onboardingHowToOpen, "Pulsa %@ para abrir el anillo."},
+    {StringKey::onboardingHowToChoose,
+     "Apunta a un sector y suelta las teclas, o haz clic en él. Escape cierra el anillo."},
+    {StringKey::onboardingConfigurationFile, "Tus menús se guardan en un solo archivo: %@"},
+    {StringKey::onboardingGetStarted, "Empezar"},
+    {StringKey::settingsTitle, "Ajustes de Rondora"},
+    {StringKey::settingsConfigurationFile, "Archivo de configuración:"},
+    {StringKey::settingsOpenFolder, "Abrir carpeta"},
+    {StringKey::settingsHotkeyRefused, "Otro programa ya usa el atajo del menú «%@»."},
+    {StringKey::settingsNoTray,
+     "Este escritorio no tiene sitio para iconos de bandeja, por eso no se ve el icono de Rondora."},
+    {StringKey::settingsHotkeysNote,
+     "Los atajos globales usan la API Carbon del sistema. Es posible que las combinaciones solo con Fn o Globo no se "
+     "registren: elige otro atajo."},
+    {StringKey::snippetHint, "El texto se ha copiado al portapapeles. Pégalo manualmente con Command+V."},
+    {StringKey::importRefused,
+     "No se ha podido leer este archivo. Elige una copia de seguridad de los ajustes que sea válida."},
+});
+
+}  // namespace rondora

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+namespace rondora {
+
+enum class LiquidGlassVariant { regular, clear };
+
+std::string_view rawValue(LiquidGlassVariant variant);
+std::optional<LiquidGlassVariant> liquidGlassVariantFromRawValue(std::string_view raw);
+
+/// The glass look of a menu.
+struct LiquidGlassSettings {
+  LiquidGlassVariant variant = LiquidGlassVariant::regular;
+  double tintOpacity = 0.07;
+  friend bool operator==(const LiquidGlassSettings&, const LiquidGlassSettings&) = default;
+};
+
+}  // namespace rondora

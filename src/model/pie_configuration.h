@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string_view>
+#include <vector>
+
+#include "model/app_language.h"
+#include "model/app_sub_menu.h"
+#include "model/pie_menu.h"
+#include "platform/clock.h"
+
+namespace rondora {
+
+/// 0001-01-01 00:00:00 UTC.
+inline constexpr WallTime kDistantPast = -63114076800.0;
+
+inline constexpr std::int64_t kCurrentSchemaVersion = 3;
+
+/// The whole user configuration: a value, copied and compared whole.
+struct PieConfiguration {
+  std::int64_t schemaVersion = kCurrentSchemaVersion;
+  std::vector<PieMenu> menus;
+  AppLanguage language = AppLanguage::english;
+  bool hapticFeedbackEnabled = true;
+  std::vector<AppSubMenu> appSubMenus;
+  WallTime lastModified = kDistantPast;
+  friend bool operator==(const PieConfiguration&, const PieConfiguration&) = default;
+
+  /// The first-run document, with fresh ids.
+  static PieConfiguration defaultConfig(RandomSource& random);
+  static PieMenu templateRunningAppsMenu(RandomSource& random);
+  static PieMenu templateAppCommandsMenu(RandomSource& random);
+
+  /// Finger count to index into `menus`; only menus that a tap may open.
+  std::map<std::int64_t, std::size_t> trackpadGestureTargets() const;
+  /// Moves the finger count to the menu; a count other than 3, 4 or 5 takes the menu's away.
+  void assignTrackpadFingerCount(std::int64_t count, const Uuid& menuId);
+  /// The first set for the application, or null.
+  const AppSubMenu* appSubMenu(std::string_view bundleIdentifier) const;
+  /// The default entries of the application-commands menu; the built-ins where there is none.
+  std::vector<AppSubMenuEntry> defaultAppCommands(RandomSource& random) const;
+};
+
+}  // namespace rondora

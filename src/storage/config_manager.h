@@ -1,0 +1,61 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string_view>
+
+#include "base/notification_center.h"
+#include "base/observable.h"
+#include "model/pie_configuration.h"
+#include "platform/clock.h"
+#include "platform/file_system.h"
+#include "platform/log.h"
+#include "platform/random_source.h"
+
+namespace rondora {
+
+/// Owns the current configuration: loads and repairs it when created, writes every change back. Main thread.
+class ConfigManager {
+ public:
+  /// Posted after a save has been written.
+  static constexpr std::string_view configurationDidChange = "Rondora.configurationDidChange";
+
+  struct Services {
+    FileSystem& files;
+    Clock& clock;
+    Log& log;
+    RandomSource& random;
+    NotificationCenter& notifications;
+  };
+
+  /// Loads the document and writes it back at once. An unreadable one is kept aside and replaced by the first-run
+  /// document; failures are logged and leave a usable configuration in memory.
+  explicit ConfigManager(const Services& services);
+
+  const std::filesystem::path& configURL() const { return configURL_; }
+  const PieConfiguration& current() const { return configuration_.value(); }
+  CurrentValue<PieConfiguration>& configuration() { return configuration_; }
+
+  /// Repairs and stamps a copy, publishes, writes and notifies; observers have run when it returns.
+  void save(PieConfiguration configuration);
+
+  /// Writes the current document to a file of the user's choice.
+  FileError exportConfiguration(const std::filesystem::path& path);
+  enum class ImportResult { imported, refused };
+  /// Saves the document in the file as the current one; refuses a file that is none.
+  ImportResult importConfiguration(const std::filesystem::path& path);
+
+ private:
+  PieConfiguration load();
+  PieConfiguration readOrDefault();
+  void normalize(PieConfiguration& configuration);
+  std::optional<PieConfiguration> decodeConfig(std::string_view bytes);
+  void writeLocal(const PieConfiguration& configuration);
+  void backUpUnreadableConfig(const std::filesystem::path& url);
+
+  Services services_;
+  std::filesystem::path configURL_;
+  CurrentValue<PieConfiguration> configuration_;
+};
+
+}  // namespace rondora

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <variant>
+
+#include "model/pie_configuration.h"
+#include "platform/random_source.h"
+
+// The JSON form of the configuration document and of a single item. Nothing here throws, whatever the bytes.
+
+namespace rondora {
+
+/// Names the place in the document and what is wrong there: "menus[2].hotkey.keyCode: missing".
+struct CodingError {
+  std::string description;
+};
+
+template <class T>
+using CodingResult = std::variant<T, CodingError>;
+
+/// Reads a document of any age: repaired, clamped and brought up to the current schema. `random` gives the ids and
+/// symbols that the document lacks.
+CodingResult<PieConfiguration> decodeConfiguration(std::string_view bytes, RandomSource& random);
+/// Pretty printed, in the document's own order of keys. Fails when a number is not finite; ill-formed UTF-8 in a text
+/// is written as U+FFFD.
+CodingResult<std::string> encodeConfiguration(const PieConfiguration& configuration);
+
+CodingResult<PieMenuItem> decodeMenuItem(std::string_view bytes, RandomSource& random);
+/// On one line.
+CodingResult<std::string> encodeMenuItem(const PieMenuItem& item);
+
+}  // namespace rondora

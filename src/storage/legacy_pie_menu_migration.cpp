@@ -1,0 +1,69 @@
+#include "storage/legacy_pie_menu_migration.h"
+
+#include <string>
+#include <string_view>
+
+#include "base/unicode.h"
+
+namespace rondora {
+namespace {
+
+constexpr std::string_view kPredecessorIdentifier = "io.github.rondora.PieMenu";
+constexpr std::string_view kPredecessorFolder = "PieMenu";
+constexpr std::string_view kOwnFolder = "Rondora";
+constexpr std::string_view kConfigFile = "config.json";
+
+std::string replacingAll(std::string_view text, std::string_view pattern, std::string_view replacement) {
+  std::string result;
+  result.reserve(text.size());
+  for (std::size_t found = text.find(pattern); found != std::string_view::npos; found = text.find(pattern)) {
+    result.append(text.substr(0, found)).append(replacement);
+    text.remove_prefix(found + pattern.size());
+  }
+  return result.append(text);
+}
+
+/// In text form, on purpose: the document need not be readable by this build.
+std::string withOwnFaviconPaths(std::string_view document) {
+  const std::string plain = replacingAll(document, "Caches/PieMenu/favicons/", "Caches/Rondora/favicons/");
+  return replacingAll(plain, "Caches\\/PieMenu\\/favicons\\/", "Caches\\/Rondora\\/favicons\\/");
+}
+
+}  // namespace
+
+void LegacyPieMenuMigration::run() {
+  migrateUserDefaults();
+  const auto caches = services_.files.cachesFolder();
+  copyIfMissing(caches / kPredecessorFolder / "favicons", caches / kOwnFolder / "favicons");
+  const auto support = services_.files.applicationSupportFolder();
+  migrateConfig(support / kPredecessorFolder, support / kOwnFolder);
+}
+
+void LegacyPieMenuMigration::migrateUserDefaults() {
+  if (services_.environment.bundleIdentifier() == kPredecessorIdentifier) return;
+  if (services_.defaults.isEmpty()) services_.defaults.importPredecessorDomain();
+}
+
+void LegacyPieMenuMigration::copyIfMissing(const std::filesystem::path& from, const std::filesystem::path& to) {
+  FileSystem& files = services_.files;
+  if (!files.exists(from) || files.exists(to)) return;
+  if (!files.createFolder(to.parent_path())) files.copy(from, to);
+}
+
+void LegacyPieMenuMigration::migrateConfig(const std::filesystem::path& from, const std::filesystem::path& to) {
+  if (services_.files.exists(to / kConfigFile) || !services_.files.exists(from / kConfigFile)) return;
+  if (const FileError error = writeMigratedConfig(from / kConfigFile, to / kConfigFile)) {
+    services_.log.error("legacy config migration failed: " + *error);
+  }
+}
+
+FileError LegacyPieMenuMigration::writeMigratedConfig(const std::filesystem::path& from,
+                                                      const std::filesystem::path& to) {
+  const auto document = services_.files.read(from);
+  if (!document) return "cannot read " + from.string();
+  if (!isValidUtf8(*document)) return from.string() + " is not UTF-8 text";
+  if (auto error = services_.files.createFolder(to.parent_path())) return error;
+  return services_.files.replaceDurably(to, withOwnFaviconPaths(*document));
+}
+
+}  // namespace rondora

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <filesystem>
+
+#include "platform/file_system.h"
+#include "platform/log.h"
+#include "platform/process_environment.h"
+#include "platform/user_defaults.h"
+
+namespace rondora {
+
+/// Carries settings, document and favicons of the predecessor application over, once; what is already here stays.
+/// Has to run before the configuration is loaded. Main thread.
+class LegacyPieMenuMigration {
+ public:
+  struct Services {
+    FileSystem& files;
+    UserDefaults& defaults;
+    const ProcessEnvironment& environment;
+    Log& log;
+  };
+
+  explicit LegacyPieMenuMigration(const Services& services) : services_(services) {}
+
+  void run();
+
+ private:
+  void migrateUserDefaults();
+  void copyIfMissing(const std::filesystem::path& from, const std::filesystem::path& to);
+  void migrateConfig(const std::filesystem::path& from, const std::filesystem::path& to);
+  FileError writeMigratedConfig(const std::filesystem::path& from, const std::filesystem::path& to);
+
+  Services services_;
+};
+
+}  // namespace rondora
