@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string_view>
+
+#include "actions/macos_system_action_runner.h"
+#include "actions/running_app_focus.h"
+#include "model/menu_action.h"
+#include "model/pie_menu_item.h"
+#include "platform/pasteboard.h"
+#include "platform/workspace.h"
+
+namespace rondora {
+
+/// Runs the actions of items. Stateless; a failure ends the action and is not reported. Main thread.
+class AppLauncher {
+ public:
+  /// Sends the keystroke to the process, or to whatever is frontmost when there is none.
+  using PerformKeystroke = std::function<void(const Keystroke&, std::optional<std::int32_t> targetPID)>;
+
+  /// Without `performKeystroke` keystroke items do nothing.
+  AppLauncher(Workspace& workspace, Pasteboard& pasteboard, PerformKeystroke performKeystroke = nullptr);
+
+  void execute(const PieMenuItem& item, std::optional<std::int32_t> targetPID);
+  /// Brings a running instance forward, else opens the application; nothing when it is not installed.
+  void launch(std::string_view bundleIdentifier);
+  /// The first live instance that is an ordinary application, in the platform's order.
+  std::optional<RunningApplication> runningApplication(std::string_view bundleIdentifier) const;
+
+ private:
+  void copySnippet(std::string_view text);
+
+  Workspace& workspace_;
+  Pasteboard& pasteboard_;
+  PerformKeystroke performKeystroke_;
+  RunningAppFocus runningAppFocus_;
+  MacOSSystemActionRunner systemActionRunner_;
+};
+
+}  // namespace rondora

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+
+#include "base/weak_self.h"
+#include "platform/clock.h"
+#include "platform/log.h"
+#include "platform/main_queue.h"
+#include "platform/workspace.h"
+
+namespace rondora {
+
+/// Waits, without blocking, until a process is frontmost. Main thread.
+class FrontmostAppWaiter {
+ public:
+  FrontmostAppWaiter(Workspace& workspace, MainQueue& mainQueue, Clock& clock, Log& log)
+      : workspace_(workspace), mainQueue_(mainQueue), clock_(clock), log_(log) {}
+
+  /// Runs `then` once: at once when `pid` is absent or already frontmost, else as soon as a later look finds it so, or
+  /// when `deadline` has passed. Polls are independent of each other and only the waiter's own end cancels them.
+  void poll(std::optional<std::int32_t> pid, WallTime deadline, std::function<void()> then);
+
+ private:
+  bool isFrontmost(std::int32_t pid) const;
+
+  Workspace& workspace_;
+  MainQueue& mainQueue_;
+  Clock& clock_;
+  Log& log_;
+  WeakSelf<FrontmostAppWaiter> weak_{this};
+};
+
+}  // namespace rondora

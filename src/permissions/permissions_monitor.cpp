@@ -1,0 +1,30 @@
+#include "permissions/permissions_monitor.h"
+
+namespace rondora {
+namespace {
+
+constexpr double kToleranceShare = 0.2;
+
+}  // namespace
+
+PermissionsMonitor::PermissionsMonitor(const PermissionService& permissions, MainQueue& mainQueue,
+                                       ApplicationShell& shell)
+    : permissions_(permissions), mainQueue_(mainQueue), snapshot_(PermissionsSnapshot::read(permissions)) {
+  activationObserver_ = shell.onDidBecomeActive(weak_.bind([](PermissionsMonitor& self) { self.refresh(); }));
+  scheduleTimer();
+}
+
+void PermissionsMonitor::refresh() {
+  const auto current = PermissionsSnapshot::read(permissions_);
+  if (current != snapshot_.value()) snapshot_.send(current);
+  scheduleTimer();
+}
+
+void PermissionsMonitor::scheduleTimer() {
+  timer_.reset();
+  const double interval = snapshot_.value().allGranted() ? kGrantedInterval : kPendingInterval;
+  timer_ = mainQueue_.timer(interval, kToleranceShare * interval,
+                            weak_.bind([](PermissionsMonitor& self) { self.refresh(); }));
+}
+
+}  // namespace rondora

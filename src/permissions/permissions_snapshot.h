@@ -1,0 +1,20 @@
+#pragma once
+
+#include "platform/permission_service.h"
+
+namespace rondora {
+
+/// What the user has allowed the program at one moment.
+struct PermissionsSnapshot {
+  bool accessibilityTrusted = false;
+  bool inputMonitoringGranted = false;
+  friend bool operator==(const PermissionsSnapshot&, const PermissionsSnapshot&) = default;
+
+  bool allGranted() const { return accessibilityTrusted && inputMonitoringGranted; }
+
+  static PermissionsSnapshot read(const PermissionService& permissions) {
+    return {permissions.isProcessTrusted(), permissions.preflightListenEventAccess()};
+  }
+};
+
+}  // namespace rondora

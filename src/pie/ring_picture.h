@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "base/display_list.h"
+#include "model/pie_menu.h"
+#include "model/pie_menu_item.h"
+#include "pie/ring_layout.h"
+
+// The ring as a picture: a backdrop, one layer a sector in two states, and the title of the highlighted item.
+
+namespace rondora {
+
+struct RingContents {
+  const std::vector<PieMenuItem>& items;
+  /// What the hub shows for each item; as many as there are items.
+  const std::vector<std::string>& titles;
+  const std::vector<std::optional<std::string>>& labels;
+};
+
+Picture makeRingPicture(const PieMenu& menu, const RingLayout& layout, const RingContents& contents);
+
+namespace ring_layers {
+inline constexpr std::size_t kBackdrop = 0;
+constexpr std::size_t sector(std::size_t index) { return index + 1; }
+constexpr std::size_t title(std::size_t itemCount) { return itemCount + 1; }
+
+inline constexpr std::size_t kNormal = 0;
+inline constexpr std::size_t kHighlighted = 1;
+/// The title layer's state for the highlighted item, state 0 being empty.
+constexpr std::size_t titleState(std::optional<std::size_t> highlighted) { return highlighted ? *highlighted + 1 : 0; }
+}  // namespace ring_layers
+
+}  // namespace rondora

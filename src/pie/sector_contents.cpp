@@ -1,0 +1,128 @@
+#include "pie/sector_contents.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+#include "base/unicode.h"
+#include "pie/pie_sector_shape.h"
+#include "pie/sector_geometry.h"
+
+namespace rondora {
+namespace {
+
+constexpr double kRadiusPerPointSize = 0.55;  // of the disc that a single character needs
+constexpr double kIconCorners = 1.16;         // a square icon reaches beyond its inscribed disc
+constexpr double kSmallestIconRadius = 3;     // points; below that nothing can be recognised
+constexpr double kSmallestLabelRadius = 3.3;
+
+double bounded(double value, double fallback, double lowest, double highest) {
+  return std::clamp(std::isfinite(value) ? value : fallback, lowest, highest);
+}
+
+double halfGapOf(const RingLayout& layout) {
+  PieSectorShape shape;
+  shape.innerRadius = layout.innerRadius;
+  shape.startAngle = layout.sectorStart(0);
+  shape.endAngle = layout.sectorEnd(0);
+  shape.gap = SectorContents::gap(layout);
+  return shape.halfGap();
+}
+
+}  // namespace
+
+double SectorContents::gap(const RingLayout& layout) { return 4 * layout.scale; }
+
+SectorContents::SectorContents(const PieMenu& menu, const RingLayout& layout)
+    : layout_(layout),
+      halfWidth_(sectorWidth(layout.sectorCount) / 2),
+      padding_(std::min(3 * layout.scale, 0.06 * layout.ringWidth())),
+      halfGap_(halfGapOf(layout)),
+      labelUnit_(std::min(layout.ringWidth(), 90 * layout.scale)),
+      labelRadius_(kRadiusPerPointSize * labelUnit_ * bounded(menu.shortcutDigitSizeScale, 0.23, 0.1, 0.4)),
+      icon_(fittingIcon(menu, layout.outerRadius)),
+      left_(cornerPlace(bounded(menu.shortcutDigitInsetLeftScale, 0.29, 0.05, 0.9))),
+      right_(cornerPlace(bounded(menu.shortcutDigitInsetRightScale, 0.35, 0.05, 0.9))) {
+  if (!left_ || !right_) stack(menu);
+}
+
+/// The radius of the largest disc with its centre there that keeps clear of the sector's edges.
+double SectorContents::roomAt(double distance, double rim) const {
+  const double toEdge = distance * std::sin(std::min(halfWidth_, std::numbers::pi / 2)) - halfGap_;
+  return std::min({toEdge, rim - distance, distance - layout_.innerRadius}) - padding_;
+}
+
+SectorContents::Disc SectorContents::fittingIcon(const PieMenu& menu, double rim) const {
+  const PieMenu defaults;
+  const double wanted = bounded(menu.iconSize, defaults.iconSize, 0, 1e6) * layout_.scale / 2;
+  const double place = bounded(menu.iconDistance, defaults.iconDistance, 0, 1);
+  const double wantedDistance = layout_.innerRadius + layout_.ringWidth() * place;
+  constexpr int kSteps = 64;
+  constexpr double kPullToWantedPlace = 0.02;
+  Disc best{wantedDistance, std::min(wanted, roomAt(wantedDistance, rim) / kIconCorners)};
+  double bestScore = best.radius;
+  for (int step = 0; step <= kSteps; ++step) {
+    const double distance = layout_.innerRadius + (rim - layout_.innerRadius) * step / kSteps;
+    const double radius = std::min(wanted, roomAt(distance, rim) / kIconCorners);
+    const double score = radius - kPullToWantedPlace * std::abs(distance - wantedDistance);
+    if (score <= bestScore) continue;
+    best = {distance, radius};
+    bestScore = score;
+  }
+  return best;
+}
+
+std::optional<SectorContents::CornerPlace> SectorContents::cornerPlace(double inset) const {
+  const double wanted = inset * labelUnit_;
+  for (const double share : {1.0, 0.85, 0.7, 0.55, 0.4, 0.2, 0.0}) {
+    const double fromRim = std::max(wanted * share, labelRadius_ + padding_);
+    const double fromEdge = std::max(wanted * share, labelRadius_ + padding_ + halfGap_);
+    const double distance = layout_.outerRadius - fromRim;
+    if (distance - labelRadius_ - padding_ < layout_.innerRadius || fromEdge >= distance) continue;
+    const CornerPlace place{{distance, labelRadius_}, std::asin(fromEdge / distance)};
+    if (leavesIconFree(place)) return place;
+  }
+  return std::nullopt;
+}
+
+bool SectorContents::leavesIconFree(const CornerPlace& place) const {
+  const double angle = halfWidth_ - place.angleFromEdge;
+  if (angle < 0) return false;
+  const double a = place.disc.distance;
+  const double b = icon_.distance;
+  const double apart = std::sqrt(std::max(0.0, a * a + b * b - 2 * a * b * std::cos(angle)));
+  return apart >= kIconCorners * icon_.radius + place.disc.radius;
+}
+
+/// Label at the rim, icon between it and the hub.
+void SectorContents::stack(const PieMenu& menu) {
+  const double rim = layout_.outerRadius;
+  const double room = roomAt(rim - labelRadius_ - padding_, rim + padding_);
+  labelRadius_ = std::min({labelRadius_, std::max(room, 0.0), 0.16 * layout_.ringWidth()});
+  const double distance = rim - labelRadius_ - padding_;
+  left_ = right_ = CornerPlace{{distance, labelRadius_}, halfWidth_};
+  icon_ = fittingIcon(menu, labelRadius_ >= kSmallestLabelRadius ? distance - labelRadius_ : rim);
+}
+
+Point SectorContents::pointAt(double distance, double angle) const {
+  return {layout_.halfSide() + distance * std::cos(angle), layout_.halfSide() + distance * std::sin(angle)};
+}
+
+std::optional<Rect> SectorContents::iconRect(std::size_t index) const {
+  if (icon_.radius < kSmallestIconRadius) return std::nullopt;
+  return squareAround(pointAt(icon_.distance, layout_.sectorMiddle(index)), icon_.radius);
+}
+
+std::optional<SectorContents::Label> SectorContents::label(std::size_t index, std::string_view text) const {
+  if (labelRadius_ < kSmallestLabelRadius || text.empty()) return std::nullopt;
+  const bool leftHalf = std::cos(layout_.sectorMiddle(index)) < -1e-9;
+  const CornerPlace& place = leftHalf ? *left_ : *right_;
+  // The upper of the outer corners: clockwise, the right half goes down and the left half up.
+  const double angle =
+      leftHalf ? layout_.sectorEnd(index) - place.angleFromEdge : layout_.sectorStart(index) + place.angleFromEdge;
+  const double characters = static_cast<double>(std::max<std::size_t>(scalarCount(text), 1));
+  return Label{squareAround(pointAt(place.disc.distance, angle), labelRadius_),
+               labelRadius_ / kRadiusPerPointSize / std::min(characters, 6.0)};
+}
+
+}  // namespace rondora

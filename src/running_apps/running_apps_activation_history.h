@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "base/observable.h"
+#include "base/weak_self.h"
+#include "platform/workspace.h"
+
+namespace rondora {
+
+/// Remembers in which order applications became active. Main thread.
+class RunningAppsActivationHistory {
+ public:
+  /// Applications beyond this many are forgotten, the longest inactive first.
+  static constexpr std::size_t kCapacity = 64;
+
+  explicit RunningAppsActivationHistory(Workspace& workspace) : workspace_(workspace) {}
+
+  /// Begins with the application that is frontmost now. Further calls change nothing.
+  void startObservingIfNeeded();
+  /// Identifiers of the applications, the last activated first, each once.
+  const std::vector<std::string>& bundleIdentifiers() const { return bundleIdentifiers_; }
+
+ private:
+  void noteActivation(const RunningApplication& application);
+
+  Workspace& workspace_;
+  std::vector<std::string> bundleIdentifiers_;
+  Subscription activationObserver_;
+  WeakSelf<RunningAppsActivationHistory> weak_{this};
+};
+
+}  // namespace rondora
