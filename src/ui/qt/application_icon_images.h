@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QImage>
+#include <QString>
+#include <string_view>
+
+#include "platform/application_icons.h"
+
+namespace rondora {
+
+/// The application's own picture fitted into `side` pixels; a null image when there is none that can be read.
+QImage applicationIconImage(const ApplicationIconSource& source, int side);
+
+/// An image file fitted into `side` pixels; a null image when it is missing, broken, or larger than is sensible.
+QImage imageFileImage(const QString& path, int side);
+
+}  // namespace rondora

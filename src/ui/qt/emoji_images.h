@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QImage>
+#include <string_view>
+
+namespace rondora {
+
+/// The emoji in its own colours, fitted into `side` pixels; a null image when there is nothing to draw.
+QImage emojiImage(std::string_view text, int side);
+
+}  // namespace rondora

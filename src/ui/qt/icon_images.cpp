@@ -1,0 +1,74 @@
+#include "ui/qt/icon_images.h"
+
+#include <QColor>
+#include <QDateTime>
+#include <QFileInfo>
+
+#include "ui/qt/application_icon_images.h"
+#include "ui/qt/emoji_images.h"
+#include "ui/qt/qt_conversions.h"
+#include "ui/qt/symbol_images.h"
+
+namespace rondora {
+
+namespace {
+
+/// Many more than a document's menus show; then everything is made anew.
+constexpr qsizetype kLargestCache = 1024;
+constexpr std::string_view kNeutralApplication = "window";
+
+bool isTinted(IconKind kind) { return kind == IconKind::symbol; }
+
+QString cacheKey(const IconCommand& icon, int side) {
+  QString key = toQString(icon.name);
+  key += QStringLiteral("|%1|%2").arg(static_cast<int>(icon.kind)).arg(side);
+  if (isTinted(icon.kind)) key += toQColor(icon.tint).name(QColor::HexArgb);
+  if (icon.kind == IconKind::imageFile) {
+    key += QString::number(QFileInfo(toQString(icon.name)).lastModified().toMSecsSinceEpoch());
+  }
+  return key;
+}
+
+}  // namespace
+
+QImage IconImages::image(const IconCommand& icon, int side) {
+  if (icon.kind == IconKind::none || side <= 0) return {};
+  const QString key = cacheKey(icon, side);
+  if (const auto found = cache_.constFind(key); found != cache_.constEnd()) return *found;
+  Found made = make(icon, side);
+  made.image.convertTo(QImage::Format_ARGB32_Premultiplied);
+  if (cache_.size() >= kLargestCache) cache_.clear();
+  if (made.keep) cache_.insert(key, made.image);
+  return made.image;
+}
+
+IconImages::Found IconImages::make(const IconCommand& icon, int side) const {
+  Found found;
+  switch (icon.kind) {
+    case IconKind::none:
+      break;
+    case IconKind::symbol:
+      found.image = symbolImage(icon.name, side, icon.tint);
+      break;
+    case IconKind::emoji:
+      found.image = emojiImage(icon.name, side);
+      break;
+    case IconKind::application:
+      return makeApplication(icon, side);
+    case IconKind::imageFile:
+      found.image = imageFileImage(toQString(icon.name), side);
+      break;
+  }
+  if (found.image.isNull()) found = {symbolImage({}, side, icon.tint), false};
+  return found;
+}
+
+/// An application without a picture may be installed, or show a window, a moment later: that is not remembered.
+IconImages::Found IconImages::makeApplication(const IconCommand& icon, int side) const {
+  QImage image;
+  if (const auto source = applicationIcons_.iconSource(icon.name)) image = applicationIconImage(*source, side);
+  if (!image.isNull()) return {image, true};
+  return {embeddedSymbolImage(kNeutralApplication, side, icon.tint), false};
+}
+
+}  // namespace rondora

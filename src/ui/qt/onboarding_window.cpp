@@ -1,0 +1,104 @@
+#include "ui/qt/onboarding_window.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "ui/qt/onboarding_art.h"
+#include "ui/qt/qt_conversions.h"
+#include "ui/qt/status_bar_icon.h"
+
+namespace rondora {
+
+namespace {
+
+constexpr int kMargin = 32;
+constexpr int kTextWidth = 400;
+constexpr double kHeadlineScale = 1.6;
+
+QLabel* centredText(const std::string& text) {
+  auto* label = new QLabel(toQString(text));
+  label->setTextFormat(Qt::PlainText);
+  label->setWordWrap(true);
+  label->setAlignment(Qt::AlignCenter);
+  label->setFixedWidth(kTextWidth);
+  return label;
+}
+
+QLabel* headline(const std::string& text) {
+  QLabel* label = centredText(text);
+  QFont font = label->font();
+  font.setPointSizeF(font.pointSizeF() * kHeadlineScale);
+  font.setWeight(QFont::DemiBold);
+  label->setFont(font);
+  return label;
+}
+
+QLabel* picture(const QPixmap& pixmap) {
+  auto* label = new QLabel;
+  label->setPixmap(pixmap);
+  label->setAlignment(Qt::AlignCenter);
+  return label;
+}
+
+}  // namespace
+
+QtOnboardingWindow::QtOnboardingWindow(std::function<WindowTexts()> texts) : texts_(std::move(texts)) {}
+
+QtOnboardingWindow::~QtOnboardingWindow() {
+  if (dialog_) dialog_->disconnect();
+}
+
+void QtOnboardingWindow::present(std::function<void()> completion) {
+  completion_ = std::move(completion);
+  build();
+  dialog_->show();
+  dialog_->raise();
+  dialog_->activateWindow();
+}
+
+bool QtOnboardingWindow::isUp() const { return dialog_ && dialog_->isVisible(); }
+
+void QtOnboardingWindow::closeAndFinish() {
+  if (isUp()) {
+    dialog_->close();
+  } else {
+    finish();
+  }
+}
+
+void QtOnboardingWindow::build() {
+  const WindowTexts texts = texts_();
+  dialog_ = std::make_unique<QDialog>();
+  dialog_->setLayoutDirection(texts.isRightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
+  dialog_->setWindowTitle(toQString(texts.onboardingTitle));
+  dialog_->setWindowIcon(StatusBarIcon::make());
+  const double ratio = dialog_->devicePixelRatioF();
+  auto* done = new QPushButton(toQString(texts.onboardingDone));
+  done->setDefault(true);
+  auto* column = new QVBoxLayout(dialog_.get());
+  column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  column->setSpacing(14);
+  column->setSizeConstraint(QLayout::SetFixedSize);
+  column->addWidget(picture(ringPixmap(ratio)));
+  column->addWidget(headline(texts.onboardingHeadline));
+  column->addWidget(centredText(texts.onboardingIntroduction));
+  column->addWidget(centredText(texts.onboardingHowToOpen));
+  column->addWidget(picture(keyCapsPixmap(toQString(texts.onboardingHotkey), dialog_->palette(), ratio)));
+  column->addWidget(centredText(texts.onboardingHowToChoose));
+  column->addWidget(centredText(texts.onboardingWhereItLives));
+  column->addSpacing(6);
+  column->addWidget(done, 0, Qt::AlignCenter);
+  QObject::connect(done, &QPushButton::clicked, dialog_.get(), &QDialog::accept);
+  QObject::connect(dialog_.get(), &QDialog::finished, dialog_.get(), [this] { finish(); });
+}
+
+/// The completion may destroy this object: nothing of it is touched afterwards.
+void QtOnboardingWindow::finish() {
+  if (dialog_) dialog_.release()->deleteLater();
+  if (const auto completion = std::exchange(completion_, nullptr)) completion();
+}
+
+}  // namespace rondora

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QBrush>
+#include <QColor>
+#include <QPainterPath>
+#include <QPointF>
+#include <QRect>
+#include <QRectF>
+#include <QString>
+#include <string_view>
+
+#include "base/display_list.h"
+
+// From our own value types to the toolkit's. `scale` is in pixels a point.
+
+namespace rondora {
+
+inline QString toQString(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+QColor toQColor(Color color);
+QPointF toQPoint(Point point, double scale);
+QRectF toQRect(const Rect& rect, double scale);
+/// The smallest rectangle of whole pixels around `rect`.
+QRect toPixelRect(const Rect& rect, double scale);
+QPainterPath toQPainterPath(const Path& path, double scale);
+QBrush toQBrush(const Paint& paint, double scale);
+
+}  // namespace rondora

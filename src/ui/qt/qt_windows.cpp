@@ -1,0 +1,25 @@
+#include "ui/qt/qt_windows.h"
+
+#include <utility>
+
+#include "ui/qt/onboarding_window.h"
+#include "ui/qt/settings_window.h"
+#include "ui/qt/snippet_preview_popover.h"
+
+namespace rondora {
+
+QtWindows::QtWindows(WindowContents contents) : contents_(std::move(contents)) {}
+
+std::unique_ptr<SettingsWindow> QtWindows::makeSettingsWindow() {
+  return std::make_unique<QtSettingsWindow>(contents_);
+}
+
+std::unique_ptr<OnboardingWindow> QtWindows::makeOnboardingWindow() {
+  return std::make_unique<QtOnboardingWindow>(contents_.texts);
+}
+
+std::unique_ptr<SnippetPreviewPopover> QtWindows::makeSnippetPreviewPopover() {
+  return std::make_unique<QtSnippetPreviewPopover>();
+}
+
+}  // namespace rondora

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "platform/windows.h"
+#include "ui/qt/window_texts.h"
+
+namespace rondora {
+
+/// What the windows show, asked for each time that one is shown.
+struct WindowContents {
+  std::function<WindowTexts()> texts;
+  /// Absolute path of the configuration document.
+  std::string documentPath;
+  std::function<void()> openDocumentFolder;
+  /// Present facts about the program, one a line.
+  std::function<std::vector<std::string>()> statusLines;
+};
+
+class QtWindows : public Windows {
+ public:
+  explicit QtWindows(WindowContents contents);
+
+  std::unique_ptr<SettingsWindow> makeSettingsWindow() override;
+  std::unique_ptr<OnboardingWindow> makeOnboardingWindow() override;
+  std::unique_ptr<SnippetPreviewPopover> makeSnippetPreviewPopover() override;
+
+ private:
+  WindowContents contents_;
+};
+
+}  // namespace rondora

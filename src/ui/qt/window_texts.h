@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+
+namespace rondora {
+
+/// Everything that the program's windows say, in the user's language.
+struct WindowTexts {
+  bool isRightToLeft = false;
+
+  std::string settingsTitle;
+  std::string settingsIntroduction;
+  std::string documentHeading;
+  std::string openFolder;
+  std::string statusHeading;
+  std::string close;
+
+  std::string onboardingTitle;
+  std::string onboardingHeadline;
+  std::string onboardingIntroduction;
+  /// How the ring is opened; `onboardingHotkey` is shown as key caps below it, its parts separated by "+".
+  std::string onboardingHowToOpen;
+  std::string onboardingHotkey;
+  std::string onboardingHowToChoose;
+  std::string onboardingWhereItLives;
+  std::string onboardingDone;
+};
+
+}  // namespace rondora
