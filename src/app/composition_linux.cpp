@@ -1,0 +1,208 @@
+#include "app/composition_linux.h"
+
+#include <QApplication>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "app/app_delegate.h"
+#include "app/item_titles.h"
+#include "input/hotkey_display.h"
+#include "permissions/permissions_monitor.h"
+#include "platform/haptics.h"
+#include "platform/linux/desktop/file_user_defaults.h"
+#include "platform/linux/desktop/installed_applications.h"
+#include "platform/linux/desktop/journal_log.h"
+#include "platform/linux/desktop/posix_file_system.h"
+#include "platform/linux/desktop/posix_process_environment.h"
+#include "platform/linux/desktop/system_clock.h"
+#include "platform/linux/desktop/system_random.h"
+#include "platform/linux/x11/x11_application_icons.h"
+#include "platform/linux/x11/x11_event_monitors.h"
+#include "platform/linux/x11/x11_hotkey_service.h"
+#include "platform/linux/x11/x11_overlay_panel.h"
+#include "platform/linux/x11/x11_pointer.h"
+#include "platform/linux/x11/x11_screens.h"
+#include "platform/linux/x11/x11_workspace.h"
+#include "platform/linux/x11/x_connection.h"
+#include "storage/legacy_pie_menu_migration.h"
+#include "ui/qt/qt_application_shell.h"
+#include "ui/qt/qt_main_queue.h"
+#include "ui/qt/qt_native_events.h"
+#include "ui/qt/qt_pasteboard.h"
+#include "ui/qt/qt_picture_rasterizer.h"
+#include "ui/qt/qt_setup.h"
+#include "ui/qt/qt_status_bar.h"
+#include "ui/qt/qt_windows.h"
+#include "ui/qt/qt_x11_access.h"
+
+namespace rondora {
+namespace {
+
+/// No pointing device of this desktop can be felt.
+class NoHaptics final : public Haptics {
+ public:
+  void perform(HapticPattern) override {}
+};
+
+/// X11 asks nobody's leave for synthetic input or for listening.
+class X11Permissions final : public PermissionService {
+ public:
+  bool isProcessTrusted() const override { return true; }
+  bool preflightListenEventAccess() const override { return true; }
+  void requestListenEventAccess() override {}
+};
+
+}  // namespace
+
+struct CompositionLinux::Program {
+  explicit Program(const QtX11Access& access)
+      : connection(access.connection, access.screenNumber, qtPixelsPerPoint()),
+        events([this](const xcb_generic_event_t& event) { return connection.dispatch(event); }) {}
+
+  PieMenuWindowController::Environment ringEnvironment() {
+    return {[this] { return config.current().hapticFeedbackEnabled; },
+            [this](const PieMenuItem& item) { return titles.title(item); }};
+  }
+
+  std::string text(StringKey key) const { return std::string(localization.text(key)); }
+
+  /// The hotkey of the first menu, which is the one that a newcomer opens.
+  std::string firstHotkey() const {
+    const auto& menus = config.current().menus;
+    return menus.empty() ? std::string() : displayString(menus.front().hotkey, localization.language());
+  }
+
+  WindowTexts windowTexts() const {
+    WindowTexts texts;
+    texts.isRightToLeft = isRightToLeft(localization.language());
+    texts.settingsTitle = text(StringKey::settingsTitle);
+    texts.settingsIntroduction = text(StringKey::onboardingWhatItIs);
+    texts.documentHeading = text(StringKey::settingsConfigurationFile);
+    texts.openFolder = text(StringKey::settingsOpenFolder);
+    texts.onboardingTitle = text(StringKey::onboardingTitle);
+    texts.onboardingHeadline = text(StringKey::onboardingGreeting);
+    texts.onboardingIntroduction = text(StringKey::onboardingWhatItIs);
+    texts.onboardingHotkey = firstHotkey();
+    texts.onboardingHowToOpen = localization.text(StringKey::onboardingHowToOpen, texts.onboardingHotkey);
+    texts.onboardingHowToChoose = text(StringKey::onboardingHowToChoose);
+    texts.onboardingWhereItLives =
+        localization.text(StringKey::onboardingConfigurationFile, config.configURL().string());
+    texts.onboardingDone = text(StringKey::onboardingGetStarted);
+    return texts;
+  }
+
+  /// What the settings window says of the present session.
+  std::vector<std::string> statusLines() const {
+    std::vector<std::string> lines;
+    const auto& menus = config.current().menus;
+    if (const auto* manager = delegate.hotkeyManager()) {
+      for (const int index : manager->failedRegistrationMenuIndices()) {
+        const auto position = static_cast<std::size_t>(index);
+        if (position < menus.size())
+          lines.push_back(localization.text(StringKey::settingsHotkeyRefused, menus[position].name));
+      }
+    }
+    if (statusItemProblem) lines.push_back(text(StringKey::settingsNoTray));
+    return lines;
+  }
+
+  WindowContents windowContents() {
+    return {[this] { return windowTexts(); }, config.configURL().string(),
+            [this] { workspace.openUrl("file://" + config.configURL().parent_path().string()); },
+            [this] { return statusLines(); }};
+  }
+
+  void runLegacyMigration() { LegacyPieMenuMigration({files, defaults, environment, log}).run(); }
+
+  desktop::PosixProcessEnvironment environment;
+  desktop::JournalLog log;
+  desktop::PosixFileSystem files{environment};
+  desktop::FileUserDefaults defaults{files, log};
+  desktop::SystemClock clock;
+  desktop::SystemRandom random;
+  QtMainQueue mainQueue;
+
+  x11::XConnection connection;
+  QtNativeEvents events;
+  x11::XKeymap keymap{connection, mainQueue};
+  x11::XKeyboard keyboard{connection, mainQueue};
+  x11::X11HotkeyService hotkeys{connection, keymap, keyboard};
+  x11::X11EventMonitors eventMonitors{keymap, keyboard};
+  x11::X11InputGrab inputGrab{connection, keyboard, mainQueue};
+  x11::X11Pointer pointer{connection, inputGrab};
+  x11::X11Screens screens{connection, mainQueue};
+  desktop::InstalledApplications installed{environment};
+  x11::X11WindowList windowList{connection};
+  x11::X11Workspace workspace{connection, windowList, installed, environment.bundleIdentifier()};
+  x11::X11ApplicationIcons applicationIcons{installed, windowList, workspace};
+  QtPictureRasterizer rasterizer{applicationIcons};
+  x11::X11OverlayPanels overlayPanels{connection, inputGrab, rasterizer};
+  NoHaptics haptics;
+  X11Permissions permissionService;
+  QtApplicationShell shell;
+  QtStatusBar statusBar;
+  QtPasteboard pasteboard;
+
+  NotificationCenter notifications;
+  /// The predecessor's document has to be in place before the store looks for one.
+  int migrated = (runLegacyMigration(), 0);
+  ConfigManager config{{files, clock, log, random, notifications}};
+  LocalizationStore localization;
+  PermissionsMonitor permissions{permissionService, mainQueue, shell};
+  RunningAppsActivationHistory activationHistory{workspace};
+  RunningAppsMenuItems runningAppsMenuItems{workspace, activationHistory, environment.bundleIdentifier()};
+  AppLauncher appLauncher{workspace, pasteboard};
+  NoSubActions subActions{workspace, mainQueue};
+  ItemTitles titles{workspace};
+  std::optional<std::string> statusItemProblem;
+  QtWindows windows{windowContents()};
+  AppDelegate delegate{AppServices{mainQueue,
+                                   log,
+                                   random,
+                                   defaults,
+                                   environment,
+                                   workspace,
+                                   screens,
+                                   hotkeys,
+                                   eventMonitors,
+                                   statusBar,
+                                   windows,
+                                   shell,
+                                   permissionService,
+                                   notifications,
+                                   config,
+                                   localization,
+                                   permissions.snapshot(),
+                                   activationHistory,
+                                   runningAppsMenuItems,
+                                   appLauncher,
+                                   subActions,
+                                   [this] {
+                                     return std::make_unique<PieMenuWindowController>(
+                                         PieMenuWindowController::Ports{overlayPanels, screens, pointer, haptics,
+                                                                        eventMonitors, mainQueue, clock},
+                                         ringEnvironment());
+                                   },
+                                   {},
+                                   [this](const std::optional<std::string>& problem) { statusItemProblem = problem; }}};
+};
+
+CompositionLinux::CompositionLinux(QApplication& application) {
+  configureQt(application, desktop::PosixProcessEnvironment().bundleIdentifier().c_str());
+  if (const auto access = qtX11Access()) program_ = std::make_unique<Program>(*access);
+}
+
+CompositionLinux::~CompositionLinux() = default;
+
+void CompositionLinux::start() {
+  program_->delegate.applicationDidFinishLaunching();
+  program_->mainQueue.async([this] {
+    program_->installed.warm();
+    program_->rasterizer.warmUp();
+  });
+}
+
+void CompositionLinux::terminate() { program_->delegate.applicationWillTerminate(); }
+
+}  // namespace rondora
