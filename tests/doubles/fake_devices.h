@@ -1,0 +1,75 @@
+#pragma once
+
+#include <algorithm>
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/application_icons.h"
+#include "platform/haptics.h"
+#include "platform/picture_rasterizer.h"
+#include "platform/random_source.h"
+
+// Small ports without a state of their own.
+
+namespace rondora {
+
+class FakeHaptics final : public Haptics {
+ public:
+  void perform(HapticPattern pattern) override { performed.push_back(pattern); }
+
+  std::vector<HapticPattern> performed;
+};
+
+/// The same numbers for the same seed on every machine (SplitMix64).
+class SeededRandom final : public RandomSource {
+ public:
+  explicit SeededRandom(std::uint64_t seed = 1) : state_(seed) {}
+  std::uint64_t next() override {
+    state_ += 0x9E3779B97F4A7C15;
+    std::uint64_t mixed = state_;
+    mixed = (mixed ^ (mixed >> 30)) * 0xBF58476D1CE4E5B9;
+    mixed = (mixed ^ (mixed >> 27)) * 0x94D049BB133111EB;
+    return mixed ^ (mixed >> 31);
+  }
+
+ private:
+  std::uint64_t state_;
+};
+
+class FakeApplicationIcons final : public ApplicationIcons {
+ public:
+  std::optional<ApplicationIconSource> iconSource(std::string_view bundleIdentifier) const override {
+    const auto found = sources.find(bundleIdentifier);
+    if (found == sources.end()) return std::nullopt;
+    return found->second;
+  }
+
+  std::map<std::string, ApplicationIconSource, std::less<>> sources;
+};
+
+/// Paints the whole buffer with one value for each different combination of layer states.
+class FakePictureRasterizer final : public PictureRasterizer {
+ public:
+  std::unique_ptr<PreparedPicture> prepare(Picture picture, double /*pixelsPerPoint*/) override {
+    prepared.push_back(std::move(picture));
+    return std::make_unique<Prepared>();
+  }
+
+  std::vector<Picture> prepared;
+
+ private:
+  class Prepared final : public PreparedPicture {
+   public:
+    void paint(std::span<const std::size_t> states, const PictureView& /*view*/, PixelBuffer target) override {
+      std::uint32_t pixel = 0xFF000000;
+      for (const std::size_t state : states) pixel = pixel * 31 + static_cast<std::uint32_t>(state) + 1;
+      for (int row = 0; row < target.height; ++row) {
+        std::fill_n(target.pixels + static_cast<std::ptrdiff_t>(row) * target.stride, target.width, pixel);
+      }
+    }
+  };
+};
+
+}  // namespace rondora

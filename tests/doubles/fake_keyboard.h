@@ -1,0 +1,97 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/event_monitors.h"
+#include "platform/hotkey_service.h"
+#include "platform/main_queue.h"
+
+namespace rondora {
+
+/// The physical keyboard together with who gets its events: the overlay while it holds the keyboard, else the hot keys
+/// that match, else the application in front. The layout is US until told otherwise.
+class FakeKeyboard final : public HotkeyService, public EventMonitors {
+ public:
+  enum Key : std::uint16_t {
+    kCommandKey = 55,
+    kShiftKey = 56,
+    kOptionKey = 58,
+    kControlKey = 59,
+    kFunctionKey = 63,
+    kSpaceKey = 49,
+    kTabKey = 48,
+    kEscapeKey = 53,
+  };
+
+  /// `overlayHoldsKeyboard` is asked for every event.
+  explicit FakeKeyboard(std::function<bool()> overlayHoldsKeyboard)
+      : overlayHoldsKeyboard_(std::move(overlayHoldsKeyboard)) {}
+
+  [[nodiscard]] std::optional<Subscription> registerEventHotKey(std::uint32_t keyCode, std::uint32_t carbonModifiers,
+                                                                EventHotKeyID id) override;
+  [[nodiscard]] Subscription installEventHandler(HotkeyService::Handler handler) override;
+  [[nodiscard]] Subscription addLocalMonitor(std::uint32_t eventMask, EventMonitors::Handler handler) override;
+  std::uint64_t currentModifierFlags() const override;
+
+  void press(std::uint16_t keyCode);
+  void release(std::uint16_t keyCode);
+  /// The keyboard repeats a key that is held.
+  void repeat(std::uint16_t keyCode);
+  /// The key goes up, but nobody is told.
+  void releaseUnseen(std::uint16_t keyCode) { held_.erase(keyCode); }
+  void tap(std::uint16_t keyCode);
+  void pressAll(std::initializer_list<std::uint16_t> keyCodes);
+  void releaseAll(std::initializer_list<std::uint16_t> keyCodes);
+
+  void setCharacters(std::uint16_t keyCode, const std::string& plain, const std::string& shifted);
+  bool isRegistered(std::uint32_t keyCode, std::uint32_t carbonModifiers) const;
+  std::size_t registrationCount() const { return registrations_->size(); }
+  std::size_t handlerCount() const { return handlers_->size(); }
+  std::size_t monitorCount() const { return monitors_->size(); }
+  /// Sends a hot-key event past the keyboard, as the system would.
+  int send(const HotKeyEvent* event);
+
+  /// Combinations (key code, Carbon mask) that another program has taken.
+  std::set<std::pair<std::uint32_t, std::uint32_t>> foreignOwners;
+  /// Key codes whose press or release reached the application in front; a release is negative, less one.
+  std::vector<int> seenByApplications;
+
+ private:
+  struct Registration {
+    std::uint32_t keyCode = 0;
+    std::uint32_t carbonModifiers = 0;
+    EventHotKeyID id;
+  };
+  struct Monitor {
+    std::uint32_t mask = 0;
+    EventMonitors::Handler handler;
+  };
+  template <class T>
+  using Table = std::shared_ptr<std::map<std::uint64_t, T>>;
+
+  template <class T>
+  [[nodiscard]] Subscription add(const Table<T>& table, T value);
+  KeyEvent event(KeyEventType type, std::uint16_t keyCode) const;
+  void deliverToMonitors(const KeyEvent& event) const;
+  void deliverPress(std::uint16_t keyCode, std::uint64_t flags);
+  void deliverRelease(std::uint16_t keyCode);
+
+  std::function<bool()> overlayHoldsKeyboard_;
+  std::uint64_t lastId_ = 0;
+  Table<Registration> registrations_ = std::make_shared<std::map<std::uint64_t, Registration>>();
+  Table<HotkeyService::Handler> handlers_ = std::make_shared<std::map<std::uint64_t, HotkeyService::Handler>>();
+  Table<Monitor> monitors_ = std::make_shared<std::map<std::uint64_t, Monitor>>();
+  std::set<std::uint16_t> held_;
+  /// Hot keys whose press was reported and whose release is owed, by key code.
+  std::map<std::uint16_t, EventHotKeyID> owedReleases_;
+  std::map<std::uint16_t, std::pair<std::string, std::string>> characters_;
+};
+
+}  // namespace rondora

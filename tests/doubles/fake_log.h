@@ -1,0 +1,35 @@
+#pragma once
+
+#include <algorithm>
+#include <mutex>
+#include <string>
+#include <vector>
+
+#include "platform/log.h"
+
+namespace rondora {
+
+class FakeLog final : public Log {
+ public:
+  struct Line {
+    LogLevel level = LogLevel::standard;
+    std::string text;
+    friend bool operator==(const Line&, const Line&) = default;
+  };
+
+  void write(LogLevel level, std::string_view line) override {
+    const std::lock_guard lock(mutex_);
+    lines.push_back({level, std::string(line)});
+  }
+  bool contains(LogLevel level, std::string_view text) const {
+    return std::any_of(lines.begin(), lines.end(),
+                       [&](const Line& line) { return line.level == level && line.text == text; });
+  }
+
+  std::vector<Line> lines;
+
+ private:
+  std::mutex mutex_;
+};
+
+}  // namespace rondora

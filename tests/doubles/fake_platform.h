@@ -1,0 +1,48 @@
+#pragma once
+
+#include "doubles/fake_devices.h"
+#include "doubles/fake_file_system.h"
+#include "doubles/fake_keyboard.h"
+#include "doubles/fake_log.h"
+#include "doubles/fake_overlay_panels.h"
+#include "doubles/fake_pasteboard.h"
+#include "doubles/fake_screens.h"
+#include "doubles/fake_session.h"
+#include "doubles/fake_status_bar.h"
+#include "doubles/fake_user_defaults.h"
+#include "doubles/fake_windows.h"
+#include "doubles/fake_workspace.h"
+#include "doubles/virtual_time.h"
+
+namespace rondora {
+
+/// A deterministic little desktop in virtual time: it answers every port and remembers what was asked of it. Tests act
+/// as the user would (press keys, move the pointer, turn to a window) and look at what the user would see.
+struct FakePlatform {
+  VirtualTime time;
+  FakeLog log;
+  SeededRandom random;
+  FakeProcessEnvironment environment;
+  FakeUserDefaults defaults;
+  FakeFileSystem files;
+  FakePasteboard pasteboard;
+  FakeWorkspace workspace;
+  FakeScreens screens;
+  /// The pointer too.
+  FakeOverlayPanels overlay{time};
+  /// Hot keys and event monitors.
+  FakeKeyboard keyboard{[this] { return overlay.holdsKeyboard(); }};
+  FakeHaptics haptics;
+  FakeStatusBar statusBar;
+  FakeWindows windows;
+  FakeApplicationShell shell;
+  FakePermissionService permissions;
+  FakeApplicationIcons icons;
+  FakePictureRasterizer rasterizer;
+
+  FakePlatform() = default;
+  FakePlatform(const FakePlatform&) = delete;
+  FakePlatform& operator=(const FakePlatform&) = delete;
+};
+
+}  // namespace rondora

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/application_shell.h"
+#include "platform/permission_service.h"
+#include "platform/process_environment.h"
+
+// The program among the others of the user's session: its shell, its permissions and its environment.
+
+namespace rondora {
+
+class FakeApplicationShell final : public ApplicationShell {
+ public:
+  void setActivationPolicy(ActivationPolicy policy) override { activationPolicy = policy; }
+  void setMainMenu(std::vector<MenuEntry> entries) override { mainMenu = std::move(entries); }
+  void activateIgnoringOtherApps() override { ++activations; }
+  void terminate() override { ++terminations; }
+  void relaunch() override { ++relaunches; }
+  [[nodiscard]] Subscription onDidBecomeActive(std::function<void()> observer) override {
+    return becameActive_.subscribe(std::move(observer));
+  }
+  void becomeActive() const { becameActive_.send(); }
+
+  ActivationPolicy activationPolicy = ActivationPolicy::regular;
+  std::vector<MenuEntry> mainMenu;
+  int activations = 0;
+  int terminations = 0;
+  int relaunches = 0;
+
+ private:
+  Signal<> becameActive_;
+};
+
+class FakePermissionService final : public PermissionService {
+ public:
+  bool isProcessTrusted() const override { return trusted; }
+  bool preflightListenEventAccess() const override { return mayListen; }
+  void requestListenEventAccess() override { ++listenRequests; }
+
+  bool trusted = true;
+  bool mayListen = true;
+  int listenRequests = 0;
+};
+
+class FakeProcessEnvironment final : public ProcessEnvironment {
+ public:
+  std::optional<std::string> variable(std::string_view name) const override {
+    const auto found = variables.find(name);
+    if (found == variables.end()) return std::nullopt;
+    return found->second;
+  }
+  std::string bundleIdentifier() const override { return identifier; }
+
+  std::map<std::string, std::string, std::less<>> variables;
+  std::string identifier = "org.example.Rondora";
+};
+
+}  // namespace rondora

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/status_item.h"
+
+namespace rondora {
+
+/// The tray, with the items of this program.
+class FakeStatusBar final : public StatusBar {
+ public:
+  struct Record {
+    StatusItemDescription description;
+    bool isGone = false;
+  };
+
+  std::unique_ptr<StatusItem> makeStatusItem(const StatusItemDescription& description) override {
+    items.push_back(std::make_shared<Record>(Record{description}));
+    return std::make_unique<Item>(*this, items.back());
+  }
+  /// The user chooses an entry of the newest item's menu.
+  void choose(std::size_t index) { items.back()->description.menu.at(index).action(); }
+
+  std::vector<std::shared_ptr<Record>> items;
+  /// Why no item can be seen.
+  std::optional<std::string> problem;
+
+ private:
+  class Item final : public StatusItem {
+   public:
+    Item(FakeStatusBar& bar, std::shared_ptr<Record> record) : bar_(bar), record_(std::move(record)) {}
+    ~Item() override { record_->isGone = true; }
+    void setMenuTitle(std::size_t index, const std::string& title) override {
+      record_->description.menu.at(index).title = title;
+    }
+    std::optional<std::string> visibilityProblem() const override { return bar_.problem; }
+
+   private:
+    FakeStatusBar& bar_;
+    std::shared_ptr<Record> record_;
+  };
+};
+
+}  // namespace rondora

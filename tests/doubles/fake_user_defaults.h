@@ -1,0 +1,35 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <variant>
+
+#include "platform/user_defaults.h"
+
+namespace rondora {
+
+class FakeUserDefaults final : public UserDefaults {
+ public:
+  using Value = std::variant<std::int64_t, bool>;
+  using Domain = std::map<std::string, Value, std::less<>>;
+
+  bool hasValue(std::string_view key) const override { return values.contains(key); }
+  void setInteger(std::string_view key, std::int64_t value) override { values[std::string(key)] = value; }
+  bool boolean(std::string_view key) const override {
+    const auto found = values.find(key);
+    const bool* value = found == values.end() ? nullptr : std::get_if<bool>(&found->second);
+    return value != nullptr && *value;
+  }
+  void setBoolean(std::string_view key, bool value) override { values[std::string(key)] = value; }
+  bool isEmpty() const override { return values.empty(); }
+  bool importPredecessorDomain() override {
+    values.insert(predecessor.begin(), predecessor.end());
+    return !predecessor.empty();
+  }
+
+  Domain values;
+  /// What the predecessor application left behind.
+  Domain predecessor;
+};
+
+}  // namespace rondora

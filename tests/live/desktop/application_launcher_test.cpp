@@ -1,0 +1,91 @@
+#include "platform/linux/desktop/application_launcher.h"
+
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <unistd.h>
+
+#include <sstream>
+
+#include "doubles/fake_session.h"
+#include "live/desktop/applications_folder.h"
+#include "platform/linux/desktop/installed_applications.h"
+#include "support/wait.h"
+
+namespace rondora::desktop {
+namespace {
+
+/// Applications that write down how they were started.
+class ApplicationLauncherTest : public testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    const auto& folder = applicationsFolder();
+    folder.addProgram("reporter",
+                      "{ cut -d' ' -f6 /proc/$$/stat; pwd; echo \"id:$DESKTOP_STARTUP_ID\"\n"
+                      "grep SigBlk /proc/self/status; echo \"arguments:$*\"; } >\"$HOME/report.part\"\n"
+                      "mv \"$HOME/report.part\" \"$HOME/report\"");
+    folder.addEntry("reporter", "Exec=reporter %u\nStartupNotify=true\n");
+    folder.addEntry("quiet-reporter", "Exec=reporter\nPath=/usr\n");
+    folder.addEntry("url-reporter", "Exec=reporter --url %u\nMimeType=x-scheme-handler/report;\n");
+    folder.setDefaults("x-scheme-handler/report=url-reporter.desktop\n");
+  }
+
+  std::vector<std::string> report() const {
+    const auto file = applicationsFolder().path() / "report";
+    if (!live::waitUntil([&] { return std::filesystem::exists(file); })) return std::vector<std::string>(5);
+    std::istringstream text(contentOf(file));
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(text, line);) lines.push_back(line);
+    std::filesystem::remove(file);
+    lines.resize(5);
+    return lines;
+  }
+
+  FakeProcessEnvironment environment_;
+  InstalledApplications installed_{environment_};
+};
+
+TEST_F(ApplicationLauncherTest, StartsApplicationsOnTheirOwnWithTheMomentOfTheUsersAction) {
+  sigset_t blocked;
+  sigset_t before;
+  sigemptyset(&blocked);
+  sigaddset(&blocked, SIGTERM);
+  pthread_sigmask(SIG_BLOCK, &blocked, &before);
+  ASSERT_TRUE(installed_.launch("reporter", 4711));
+  pthread_sigmask(SIG_SETMASK, &before, nullptr);
+  const auto lines = report();
+  EXPECT_NE(lines[0], std::to_string(getsid(0)));
+  EXPECT_EQ(lines[1], applicationsFolder().path());
+  EXPECT_TRUE(lines[2].starts_with("id:rondora-") && lines[2].ends_with("_TIME4711")) << lines[2];
+  EXPECT_EQ(lines[3], "SigBlk:\t0000000000000000");
+  EXPECT_EQ(lines[4], "arguments:");
+}
+
+TEST_F(ApplicationLauncherTest, ApplicationsThatAskForNoStartupIdGetNone) {
+  setenv("DESKTOP_STARTUP_ID", "ours_TIME1", 1);
+  ASSERT_TRUE(installed_.launch("quiet-reporter", 4711));
+  unsetenv("DESKTOP_STARTUP_ID");
+  const auto lines = report();
+  EXPECT_EQ(lines[1], "/usr");
+  EXPECT_EQ(lines[2], "id:");
+}
+
+TEST_F(ApplicationLauncherTest, AnUnknownMomentIsLeftOutRatherThanMadeUp) {
+  ASSERT_TRUE(installed_.launch("reporter", 0));
+  EXPECT_EQ(report()[2], "id:");
+}
+
+TEST_F(ApplicationLauncherTest, HandsUrlsOnExactlyAsTheyAre) {
+  ASSERT_TRUE(live::waitUntil([this] { return installed_.openUrl("report://a/%20b?c=$HOME;d", 1); }));
+  EXPECT_EQ(report()[4], "arguments:--url report://a/%20b?c=$HOME;d");
+}
+
+TEST_F(ApplicationLauncherTest, WhatIsNotThereIsNotStarted) {
+  EXPECT_FALSE(installed_.launch("no-such-application", 1));
+  EXPECT_FALSE(installed_.openUrl("no such url", 1));
+  EXPECT_FALSE(installed_.launch("/System/Applications/Mission Control.app", 1));
+  EXPECT_FALSE(installed_.applicationAtPath("/System/Applications/Mission Control.app"));
+  EXPECT_FALSE(installed_.applicationAtPath("/usr/bin/env"));
+}
+
+}  // namespace
+}  // namespace rondora::desktop

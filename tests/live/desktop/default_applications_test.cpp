@@ -1,0 +1,107 @@
+#include "platform/linux/desktop/default_applications.h"
+
+#include <gio/gio.h>
+#include <gtest/gtest.h>
+
+#include "doubles/fake_session.h"
+#include "live/desktop/applications_folder.h"
+#include "platform/linux/desktop/url_handlers.h"
+#include "support/wait.h"
+
+namespace rondora::desktop {
+namespace {
+
+class DefaultApplicationsTest : public testing::Test {
+ protected:
+  ~DefaultApplicationsTest() override {
+    setDefaults("");
+    std::filesystem::remove(applicationsFolder().programs() / "x-terminal-emulator");
+  }
+
+  /// GIO learns of the new file from the kernel, some moments later.
+  void setDefaults(const std::string& lines) {
+    ++generation_;
+    const std::string mark = "application/x-mark-" + std::to_string(generation_);
+    applicationsFolder().setDefaults(lines + mark + "=player.desktop\n");
+    ASSERT_TRUE(live::waitUntil([&] { return defaults_.handlerOfType(mark.c_str()).has_value(); }));
+  }
+
+  static inline int generation_ = 0;
+  FakeProcessEnvironment environment_;
+  DesktopEntries entries_;
+  DefaultApplications defaults_{entries_, environment_};
+};
+
+TEST_F(DefaultApplicationsTest, TheUsersChoiceStandsBeforeTheFirstOfItsKind) {
+  EXPECT_EQ(defaults_.resolve("com.apple.Safari"), "browser");
+  EXPECT_EQ(defaults_.resolve("com.apple.finder"), "files");
+  EXPECT_EQ(defaults_.resolve("com.apple.Music"), "player");  // neither the hidden one nor the mixer
+  EXPECT_EQ(defaults_.resolve("com.apple.Notes"), "org.example.Editor");
+  setDefaults(
+      "x-scheme-handler/https=plain-viewer.desktop\ninode/directory=org.example.Editor.desktop\n"
+      "audio/mpeg=a-mixer.desktop\ntext/plain=in-terminal.desktop\n");
+  EXPECT_EQ(defaults_.resolve("com.apple.Safari"), "plain-viewer");
+  EXPECT_EQ(defaults_.resolve("com.apple.finder"), "org.example.Editor");
+  EXPECT_EQ(defaults_.resolve("com.apple.Music"), "a-mixer");
+  EXPECT_EQ(defaults_.resolve("com.apple.Notes"), "in-terminal");
+}
+
+TEST_F(DefaultApplicationsTest, TheTerminalIsTheDesktopsOwnElseTheSystemsElseTheFirst) {
+  const auto& folder = applicationsFolder();
+  EXPECT_EQ(defaults_.resolve("com.apple.Terminal"), "xfce4-terminal");  // the only one of the list
+
+  folder.addProgram("terma.wrapper");
+  std::filesystem::create_symlink(folder.programs() / "terma.wrapper", folder.programs() / "x-terminal-emulator");
+  EXPECT_EQ(defaults_.resolve("com.apple.Terminal"), "terminal-a");
+
+  environment_.variables["XDG_CURRENT_DESKTOP"] = "Own:XFCE";
+  EXPECT_EQ(defaults_.resolve("com.apple.Terminal"), "xfce4-terminal");
+  environment_.variables["XDG_CURRENT_DESKTOP"] = "MATE";
+  EXPECT_EQ(defaults_.resolve("com.apple.Terminal"), "terminal-a");
+}
+
+TEST_F(DefaultApplicationsTest, TheSettingsAreTheDesktopsOwnElseAnyPageOfSettings) {
+  EXPECT_EQ(defaults_.resolve("com.apple.systempreferences"), "org.example.Editor-settings");
+  environment_.variables["XDG_CURRENT_DESKTOP"] = "XFCE";
+  EXPECT_EQ(defaults_.resolve("com.apple.systempreferences"), "xfce-settings-manager");
+}
+
+TEST_F(DefaultApplicationsTest, OnlyTheSixIdentifiersStandForOthers) {
+  for (const char* id : {"com.apple.Safari", "com.apple.Terminal", "com.apple.finder", "com.apple.systempreferences",
+                         "com.apple.Music", "com.apple.Notes"}) {
+    EXPECT_TRUE(DefaultApplications::isStandIn(id)) << id;
+  }
+  for (const char* id : {"com.apple.safari", "browser", "", "com.apple.Mail"}) {
+    EXPECT_FALSE(DefaultApplications::isStandIn(id)) << id;
+    EXPECT_EQ(defaults_.resolve(id), std::nullopt) << id;
+  }
+}
+
+TEST_F(DefaultApplicationsTest, UrlsGoToTheHandlerOfTheirSchemeOrOfTheFilesType) {
+  setDefaults("x-scheme-handler/mailto=org.example.Editor.desktop\ninode/directory=files.desktop\n");
+  const UrlHandlers handlers(defaults_);
+  const std::string folder = applicationsFolder().path();
+  const std::pair<std::string, std::optional<std::string>> cases[] = {
+      {"https://example.org/a?b=c#d", "browser"},
+      {"HTTP://example.org", "browser"},
+      {"https://b\xC3\xBC"
+       "cher.example/\xC3\xBC",
+       "browser"},
+      {"mailto:ada@example.org", "org.example.Editor"},
+      {"file://" + folder, "files"},
+      {"file://" + folder + "/missing", std::nullopt},
+      {"example.org", std::nullopt},
+      {folder, std::nullopt},
+      {"unknown-scheme:x", std::nullopt},
+      {"https://exa mple.org", std::nullopt},
+      {"https://example.org/a b", std::nullopt},
+      {"https://example.org/\n", std::nullopt},
+      {"https://example.org/%zz", std::nullopt},
+      {"https://[::1", std::nullopt},
+      {"", std::nullopt},
+  };
+  for (const auto& [url, handler] : cases) EXPECT_EQ(handlers.handler(url), handler) << url;
+}
+
+}  // namespace
+}  // namespace rondora::desktop

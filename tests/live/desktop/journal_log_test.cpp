@@ -1,0 +1,84 @@
+#include "platform/linux/desktop/journal_log.h"
+
+#include <gtest/gtest.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+
+#include <array>
+#include <cstdlib>
+#include <cstring>
+
+#include "live/desktop/temporary_folder.h"
+
+namespace rondora::desktop {
+namespace {
+
+/// Stands where the journal listens.
+class Journal {
+ public:
+  Journal() : socket_(::socket(AF_UNIX, SOCK_DGRAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0)) {
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    std::strncpy(address.sun_path, path().c_str(), sizeof address.sun_path - 1);
+    bind(socket_.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address);
+  }
+
+  std::string path() const { return folder_.path() / "socket"; }
+  /// The next record; empty when there is none.
+  std::string receive() const {
+    std::array<char, 65536> bytes{};
+    const ssize_t length = recv(socket_.get(), bytes.data(), bytes.size(), 0);
+    return length < 0 ? std::string() : std::string(bytes.data(), static_cast<std::size_t>(length));
+  }
+
+ private:
+  TemporaryFolder folder_;
+  FileDescriptor socket_;
+};
+
+class JournalLogTest : public testing::Test {
+ protected:
+  ~JournalLogTest() override { unsetenv("JOURNAL_STREAM"); }
+};
+
+TEST_F(JournalLogTest, SendsWholeMessagesWithTheirLevel) {
+  const Journal journal;
+  JournalLog log(journal.path());
+  log.error("two\nlines");
+  using std::string_literals::operator""s;
+  EXPECT_EQ(journal.receive(), "PRIORITY=3\nSYSLOG_IDENTIFIER=rondora\nMESSAGE\n\x09\0\0\0\0\0\0\0two\nlines\n"s);
+  log.standard("started");
+  EXPECT_EQ(journal.receive().substr(0, 11), "PRIORITY=5\n");
+}
+
+TEST_F(JournalLogTest, WritesLinesToStandardErrorWhereThereIsNoJournal) {
+  JournalLog log("/nonexistent/socket");
+  testing::internal::CaptureStderr();
+  log.standard("started");
+  log.error("cannot\nwrite");
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "started\nerror: cannot write\n");
+}
+
+TEST_F(JournalLogTest, KeepsToStandardErrorWhenThatIsTheJournal) {
+  const Journal journal;
+  testing::internal::CaptureStderr();
+  struct stat status {};
+  fstat(STDERR_FILENO, &status);
+  setenv("JOURNAL_STREAM", (std::to_string(status.st_dev) + ":" + std::to_string(status.st_ino)).c_str(), 1);
+  JournalLog(journal.path()).standard("started");
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "started\n");
+  EXPECT_EQ(journal.receive(), "");
+}
+
+TEST_F(JournalLogTest, FallsBackToStandardErrorWhenTheJournalGoesAway) {
+  auto journal = std::make_unique<Journal>();
+  JournalLog log(journal->path());
+  journal.reset();
+  testing::internal::CaptureStderr();
+  log.error("lost");
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "error: lost\n");
+}
+
+}  // namespace
+}  // namespace rondora::desktop

@@ -1,0 +1,192 @@
+#include "platform/linux/desktop/posix_file_system.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <atomic>
+#include <cerrno>
+#include <thread>
+
+#include "doubles/fake_session.h"
+#include "live/desktop/system_call_spy.h"
+#include "live/desktop/temporary_folder.h"
+
+namespace rondora::desktop {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+namespace fs = std::filesystem;
+
+class PosixFileSystemTest : public testing::Test {
+ protected:
+  fs::path in(const char* name) const { return folder_.path() / name; }
+
+  std::vector<std::string> namesInFolder() const {
+    std::vector<std::string> names;
+    for (const auto& entry : fs::directory_iterator(folder_.path())) names.push_back(entry.path().filename());
+    std::sort(names.begin(), names.end());
+    return names;
+  }
+
+  FakeProcessEnvironment environment_;
+  TemporaryFolder folder_;
+  PosixFileSystem files_{environment_};
+};
+
+TEST_F(PosixFileSystemTest, FollowsTheUsersFoldersAndIgnoresRelativeOnes) {
+  environment_.variables = {{"HOME", "/home/ada"}, {"XDG_CONFIG_HOME", "/data/settings"}};
+  const PosixFileSystem moved(environment_);
+  EXPECT_EQ(moved.applicationSupportFolder(), "/data/settings");
+  EXPECT_EQ(moved.cachesFolder(), "/home/ada/.cache");
+
+  environment_.variables = {{"HOME", "/home/ada"}, {"XDG_CONFIG_HOME", "settings"}, {"XDG_CACHE_HOME", ""}};
+  const PosixFileSystem relative(environment_);
+  EXPECT_EQ(relative.applicationSupportFolder(), "/home/ada/.config");
+  EXPECT_EQ(relative.cachesFolder(), "/home/ada/.cache");
+}
+
+TEST_F(PosixFileSystemTest, FlushesTheFileBeforeAndTheFolderAfterTheRename) {
+  SystemCallSpy spy;
+  EXPECT_EQ(files_.replaceDurably(in("config.json"), "new"), std::nullopt);
+  EXPECT_THAT(spy.calls, ElementsAre("write", "fsync file", "rename", "fsync folder"));
+}
+
+TEST_F(PosixFileSystemTest, WritesAllBytesThroughInterruptionsAndShortWrites) {
+  std::string bytes;
+  for (int i = 0; i < 1000; ++i) bytes += static_cast<char>(i);
+  SystemCallSpy spy;
+  spy.writesAreTroubled = true;
+  EXPECT_EQ(files_.replaceDurably(in("config.json"), bytes), std::nullopt);
+  EXPECT_EQ(files_.read(in("config.json")), bytes);
+}
+
+TEST_F(PosixFileSystemTest, KeepsTheOldContentAndLeavesNothingBehindWhenACallFails) {
+  ASSERT_EQ(files_.replaceDurably(in("config.json"), "old"), std::nullopt);
+  for (const char* call : {"write", "fsync file", "rename"}) {
+    SystemCallSpy spy;
+    spy.failingCall = call;
+    spy.error = ENOSPC;
+    EXPECT_THAT(files_.replaceDurably(in("config.json"), "new").value_or(""), HasSubstr("No space left on device"))
+        << call;
+    EXPECT_EQ(contentOf(in("config.json")), "old") << call;
+    EXPECT_THAT(namesInFolder(), ElementsAre("config.json")) << call;
+  }
+}
+
+TEST_F(PosixFileSystemTest, NewContentCountsWhereFoldersCannotBeFlushed) {
+  SystemCallSpy spy;
+  spy.failingCall = "fsync folder";
+  spy.error = EINVAL;
+  EXPECT_EQ(files_.replaceDurably(in("config.json"), "new"), std::nullopt);
+  spy.error = EIO;
+  EXPECT_THAT(files_.replaceDurably(in("config.json"), "newer").value_or(""), HasSubstr("Input/output error"));
+}
+
+TEST_F(PosixFileSystemTest, AReaderSeesTheOldOrTheNewContentAndNothingElse) {
+  const std::string small(10, 'a');
+  const std::string large(300'000, 'b');
+  ASSERT_EQ(files_.replaceDurably(in("config.json"), small), std::nullopt);
+  std::atomic<bool> done = false;
+  std::thread writer([&] {
+    for (int i = 0; i < 200; ++i) files_.replaceDurably(in("config.json"), i % 2 == 0 ? large : small);
+    done = true;
+  });
+  int others = 0;
+  while (!done) {
+    const auto seen = files_.read(in("config.json"));
+    if (seen != small && seen != large) ++others;
+  }
+  writer.join();
+  EXPECT_EQ(others, 0);
+}
+
+TEST_F(PosixFileSystemTest, OnlyTheUserMayReadTheFileWhateverTheUmask) {
+  for (const mode_t mask : {0000U, 0077U, 0277U}) {
+    const mode_t before = umask(mask);
+    EXPECT_EQ(files_.replaceDurably(in("config.json"), "x"), std::nullopt);
+    umask(before);
+    struct stat status {};
+    ASSERT_EQ(stat(in("config.json").c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 07777, 0600U) << mask;
+  }
+}
+
+TEST_F(PosixFileSystemTest, ReplacesTheTargetOfLinksAndKeepsTheLinks) {
+  fs::create_directory(in("elsewhere"));
+  writeText(in("elsewhere") / "real.json", "old");
+  fs::create_symlink("elsewhere/second", in("config.json"));
+  fs::create_symlink("real.json", in("elsewhere") / "second");
+  EXPECT_EQ(files_.replaceDurably(in("config.json"), "new"), std::nullopt);
+  EXPECT_EQ(fs::read_symlink(in("config.json")), "elsewhere/second");
+  EXPECT_EQ(fs::read_symlink(in("elsewhere") / "second"), "real.json");
+  EXPECT_EQ(contentOf(in("elsewhere") / "real.json"), "new");
+
+  fs::create_symlink("elsewhere/not-yet.json", in("dangling"));
+  EXPECT_EQ(files_.replaceDurably(in("dangling"), "first"), std::nullopt);
+  EXPECT_TRUE(fs::is_symlink(in("dangling")));
+  EXPECT_EQ(contentOf(in("elsewhere") / "not-yet.json"), "first");
+
+  fs::create_symlink("loop", in("loop"));
+  EXPECT_THAT(files_.replaceDurably(in("loop"), "x").value_or(""), HasSubstr("Too many levels of symbolic links"));
+}
+
+TEST_F(PosixFileSystemTest, RefusesToReplaceWhatIsNoFileAndSaysWhyAFolderIsMissing) {
+  fs::create_directory(in("folder"));
+  ASSERT_EQ(mkfifo(in("pipe").c_str(), 0600), 0);
+  EXPECT_THAT(files_.replaceDurably(in("folder"), "x").value_or(""), HasSubstr("Is a directory"));
+  EXPECT_TRUE(files_.replaceDurably(in("pipe"), "x"));
+  EXPECT_TRUE(fs::is_fifo(in("pipe")));
+  EXPECT_THAT(files_.replaceDurably(in("missing") / "x", "x").value_or(""), HasSubstr("No such file or directory"));
+  EXPECT_THAT(namesInFolder(), ElementsAre("folder", "pipe"));
+}
+
+TEST_F(PosixFileSystemTest, ReadsWholeRegularFilesOnly) {
+  const std::string bytes(
+      "a\0\xFF"
+      "b",
+      4);
+  writeText(in("file"), bytes);
+  EXPECT_EQ(files_.read(in("file")), bytes);
+
+  ASSERT_EQ(mkfifo(in("pipe").c_str(), 0600), 0);
+  EXPECT_EQ(files_.read(in("pipe")), std::nullopt);  // and does not wait for somebody to write into it
+  EXPECT_EQ(files_.read(folder_.path()), std::nullopt);
+  EXPECT_EQ(files_.read(in("missing")), std::nullopt);
+  EXPECT_EQ(files_.read("/dev/zero"), std::nullopt);
+
+  writeText(in("huge"), "");
+  fs::resize_file(in("huge"), PosixFileSystem::kLongestFile + 1);
+  EXPECT_EQ(files_.read(in("huge")), std::nullopt);
+}
+
+TEST_F(PosixFileSystemTest, CreatesFoldersWithTheirParents) {
+  EXPECT_EQ(files_.createFolder(in("a") / "b" / "c"), std::nullopt);
+  EXPECT_EQ(files_.createFolder(in("a") / "b" / "c"), std::nullopt);
+  fs::create_directory_symlink("a", in("link"));
+  EXPECT_EQ(files_.createFolder(in("link")), std::nullopt);
+  EXPECT_EQ(files_.createFolder(in("link") / "b"), std::nullopt);
+
+  writeText(in("file"), "x");
+  EXPECT_THAT(files_.createFolder(in("file")).value_or(""), HasSubstr("Not a directory"));
+  EXPECT_THAT(files_.createFolder(in("file") / "below").value_or(""), HasSubstr("Not a directory"));
+}
+
+TEST_F(PosixFileSystemTest, CopiesFilesAndFoldersButNeverOverSomething) {
+  writeText(in("from") / "deep" / "icon.png", "png");
+  EXPECT_EQ(files_.copy(in("from"), in("to")), std::nullopt);
+  EXPECT_EQ(contentOf(in("to") / "deep" / "icon.png"), "png");
+  EXPECT_EQ(contentOf(in("from") / "deep" / "icon.png"), "png");
+
+  writeText(in("config.json"), "{");
+  EXPECT_EQ(files_.copy(in("config.json"), in("backup.json")), std::nullopt);
+  EXPECT_EQ(contentOf(in("backup.json")), "{");
+  writeText(in("config.json"), "other");
+  EXPECT_THAT(files_.copy(in("config.json"), in("backup.json")).value_or(""), HasSubstr("File exists"));
+  EXPECT_EQ(contentOf(in("backup.json")), "{");
+  EXPECT_THAT(files_.copy(in("missing"), in("x")).value_or(""), HasSubstr("No such file or directory"));
+}
+
+}  // namespace
+}  // namespace rondora::desktop

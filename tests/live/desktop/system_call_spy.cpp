@@ -1,0 +1,64 @@
+#include "live/desktop/system_call_spy.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+
+namespace rondora::desktop {
+namespace {
+
+SystemCallSpy* current = nullptr;
+
+bool mustFail(const std::string& call) {
+  if (!current || current->failingCall != call) return false;
+  errno = current->error;
+  return true;
+}
+
+void note(const std::string& call) {
+  if (current && (current->calls.empty() || current->calls.back() != call)) current->calls.push_back(call);
+}
+
+}  // namespace
+
+SystemCallSpy::SystemCallSpy() { current = this; }
+
+SystemCallSpy::~SystemCallSpy() { current = nullptr; }
+
+}  // namespace rondora::desktop
+
+using namespace rondora::desktop;
+
+extern "C" ssize_t write(int descriptor, const void* bytes, size_t count) {
+  if (current && descriptor > STDERR_FILENO) {
+    if (mustFail("write")) return -1;
+    if (current->writesAreTroubled) {
+      if (current->writesSoFar++ % 2 == 0) {
+        errno = EINTR;
+        return -1;
+      }
+      count = std::min<size_t>(count, 3);
+    }
+    note("write");
+  }
+  return static_cast<ssize_t>(syscall(SYS_write, descriptor, bytes, count));
+}
+
+extern "C" int fsync(int descriptor) {
+  struct stat status {};
+  const bool isFolder = fstat(descriptor, &status) == 0 && S_ISDIR(status.st_mode);
+  const std::string call = isFolder ? "fsync folder" : "fsync file";
+  if (mustFail(call)) return -1;
+  note(call);
+  return static_cast<int>(syscall(SYS_fsync, descriptor));
+}
+
+extern "C" int rename(const char* from, const char* to) noexcept {
+  if (mustFail("rename")) return -1;
+  note("rename");
+  return static_cast<int>(syscall(SYS_renameat2, AT_FDCWD, from, AT_FDCWD, to, 0));
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace rondora::desktop {
+
+/// Notes the calls of this process that bring a file to disk, and makes them misbehave as real ones may. Its versions
+/// of write, fsync and rename stand before those of the C library. One at a time, one thread.
+class SystemCallSpy {
+ public:
+  SystemCallSpy();
+  ~SystemCallSpy();
+  SystemCallSpy(const SystemCallSpy&) = delete;
+  SystemCallSpy& operator=(const SystemCallSpy&) = delete;
+
+  /// "write", "fsync file", "fsync folder", "rename", in the order in which they succeeded.
+  std::vector<std::string> calls;
+  /// Every other write is interrupted, and none takes more than three bytes.
+  bool writesAreTroubled = false;
+  /// The call of that name fails with that error.
+  std::string failingCall;
+  int error = 0;
+
+  int writesSoFar = 0;
+};
+
+}  // namespace rondora::desktop

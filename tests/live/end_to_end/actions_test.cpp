@@ -1,0 +1,63 @@
+#include "live/end_to_end/end_to_end_test.h"
+
+namespace rondora::live {
+namespace {
+
+constexpr const char* kText = "Grüße, 世界 — два";
+
+class ActionsTest : public UnderWindowManager {
+ protected:
+  void SetUp() override {
+    UnderWindowManager::SetUp();
+    desktop_.addApplication("alpha-terminal", "Alpha");
+    desktop_.addApplication("beta-terminal", "Beta");
+    registerAddressHandler();
+    Document address = snippetItem("");
+    address["action"] = {{"openURL", {{"url", "rondora-test:somewhere"}}}};
+    start(document({menu(
+        "Main", kControlAltSpace,
+        {applicationItem("alpha-terminal"), applicationItem("beta-terminal"), snippetItem(kText), address}, -45)}));
+  }
+
+  void registerAddressHandler() {
+    writeFile(desktop_.dataHome() / "applications" / "address-handler.desktop",
+              "[Desktop Entry]\nType=Application\nName=Address\nMimeType=x-scheme-handler/rondora-test;\n"
+              "Exec=xterm -T %u -e cat\n");
+    writeFile(desktop_.configHome() / "mimeapps.list",
+              "[Default Applications]\nx-scheme-handler/rondora-test=address-handler.desktop\n");
+  }
+};
+
+INSTANTIATE_TEST_SUITE_P(Live, ActionsTest, testing::Values(WindowManager::openbox, WindowManager::xfwm4), nameOf);
+
+TEST_P(ActionsTest, ApplicationStartsOnceAndIsActivatedAfterwards) {
+  choose(0, -kMiddleOfRing);
+  ASSERT_TRUE(waitForActive("Alpha"));
+  const auto alpha = client_.activeWindow();
+  choose(kMiddleOfRing, 0);
+  ASSERT_TRUE(waitForActive("Beta"));
+
+  choose(0, -kMiddleOfRing);
+  EXPECT_TRUE(waitForActive("Alpha"));
+  EXPECT_EQ(client_.activeWindow(), alpha);
+  choose(kMiddleOfRing, 0);
+  EXPECT_TRUE(waitForActive("Beta"));
+  EXPECT_EQ(client_.windowsTitled("Alpha").size(), 1U);
+  EXPECT_EQ(client_.windowsTitled("Beta").size(), 1U);
+  expectAtRest();
+}
+
+TEST_P(ActionsTest, SnippetCanBePastedByAnotherProgram) {
+  choose(0, kMiddleOfRing);
+  EXPECT_TRUE(waitForClipboard(kText));
+  EXPECT_EQ(desktop_.outputOf({"xclip", "-o", "-selection", "clipboard"}), kText);
+  EXPECT_TRUE(waitForActive("Bystander"));
+}
+
+TEST_P(ActionsTest, AddressOpensInItsHandler) {
+  choose(-kMiddleOfRing, 0);
+  EXPECT_TRUE(waitForActive("rondora-test:somewhere"));
+}
+
+}  // namespace
+}  // namespace rondora::live

@@ -1,0 +1,57 @@
+#include "live/end_to_end/document.h"
+
+#include <cstdio>
+
+namespace rondora::live {
+namespace {
+
+std::string menuId(std::size_t hash) {
+  char text[37];
+  std::snprintf(text, sizeof text, "00000000-0000-4000-8000-%012zX", hash & 0xFFFFFFFFFFFFU);
+  return text;
+}
+
+Document item(const std::string& title, Document action) {
+  return {{"title", title}, {"icon", "star.fill"}, {"action", std::move(action)}};
+}
+
+}  // namespace
+
+Document snippetItem(const std::string& text) { return item(text, {{"snippet", {{"text", text}}}}); }
+
+Document applicationItem(const std::string& id) { return item(id, {{"launchApp", {{"bundleIdentifier", id}}}}); }
+
+std::vector<Document> snippetItems(const std::string& name, int count) {
+  std::vector<Document> items;
+  for (int i = 0; i < count; ++i) items.push_back(snippetItem(name + ' ' + std::to_string(i)));
+  return items;
+}
+
+Document menu(const std::string& name, Hotkey hotkey, std::vector<Document> items, double rotationDegrees) {
+  for (std::size_t i = 0; i < items.size(); ++i) {
+    items[i]["sectorIndex"] = i;
+    items[i]["color"] = i % 2 == 0 ? "#FF2D55" : "#FF2D54";  // items of one colour would be given others
+  }
+  return {{"id", menuId(std::hash<std::string>()(name))},
+          {"name", name},
+          {"hotkey", {{"keyCode", hotkey.keyCode}, {"carbonModifiers", hotkey.carbonModifiers}}},
+          {"items", std::move(items)},
+          {"menuRadius", 150},
+          {"iconDistance", 0.5},
+          {"rotationDegrees", rotationDegrees},
+          {"pawDecorationEnabled", false},
+          {"animationDuration", 0}};
+}
+
+Document document(std::vector<Document> menus) {
+  // The special menus are there and switched off, so that the program has nothing to add.
+  for (const char* kind : {"runningApps", "appCommands"}) {
+    Document special = menu(kind, {}, {});
+    special["kind"] = kind;
+    special["runningAppsMenuEnabled"] = false;
+    menus.push_back(std::move(special));
+  }
+  return {{"schemaVersion", 3}, {"menus", std::move(menus)}, {"language", "en"}, {"hapticFeedbackEnabled", false}};
+}
+
+}  // namespace rondora::live

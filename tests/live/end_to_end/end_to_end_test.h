@@ -1,0 +1,91 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+
+#include "live/end_to_end/document.h"
+#include "live/end_to_end/running_program.h"
+#include "support/private_desktop.h"
+#include "support/wait.h"
+#include "support/x_client.h"
+
+namespace rondora::live {
+
+inline constexpr Position kSomewhere{500, 380};
+/// Between the hub and the rim of the rings that `menu` makes.
+inline constexpr int kMiddleOfRing = 115;
+
+/// A desktop with one terminal window that is active, an independent client, and (after `start`) the program.
+class EndToEndTest : public testing::Test {
+ protected:
+  explicit EndToEndTest(DesktopParts parts = {}) : desktop_(parts), client_(desktop_.display()) {}
+
+  void SetUp() override {
+    desktop_.addApplication("bystander", "Bystander");
+    bystander_ = desktop_.start({"xterm", "-class", "Bystander", "-T", "Bystander", "-e", "cat"});
+    ASSERT_TRUE(waitForActive("Bystander"));
+    client_.movePointer(kSomewhere);
+  }
+
+  void start(const Document& document) { program_.emplace(desktop_, client_, document.dump(2)); }
+
+  void holdChord(std::uint8_t keyCode) {
+    client_.keyDown(key::control);
+    client_.keyDown(key::alt);
+    client_.tap(keyCode);
+  }
+  void releaseChord() {
+    client_.keyUp(key::alt);
+    client_.keyUp(key::control);
+  }
+  /// Opens the ring of Control, Alt and the key, and keeps the modifiers down. Once its picture stands still, keyboard
+  /// and pointer are its own, too: they are asked for in one go.
+  testing::AssertionResult open(std::uint8_t keyCode = key::space) {
+    holdChord(keyCode);
+    if (!program_->waitForRing()) return testing::AssertionFailure() << "no ring after the hotkey";
+    program_->settledPicture();
+    return testing::AssertionSuccess();
+  }
+  /// Moves the pointer from where the ring was opened.
+  void pointTo(int right, int down) { client_.movePointer({kSomewhere.x + right, kSomewhere.y + down}); }
+  /// Opens the ring, points and lets go.
+  void choose(int right, int down, std::uint8_t keyCode = key::space) {
+    client_.movePointer(kSomewhere);
+    ASSERT_TRUE(open(keyCode));
+    pointTo(right, down);
+    releaseChord();
+    ASSERT_TRUE(program_->waitForNoRing());
+  }
+
+  bool waitForActive(const std::string& title) {
+    return waitUntil([&] { return client_.title(client_.activeWindow()) == title; });
+  }
+  bool waitForClipboard(const std::string& text) {
+    return waitUntil([&] { return client_.clipboardText() == text; });
+  }
+  /// How the ring must leave the desktop, however it was closed.
+  void expectAtRest() {
+    EXPECT_TRUE(program_->waitForNoRing());
+    EXPECT_TRUE(waitUntil([&] { return client_.nothingIsGrabbed(); }));
+    EXPECT_TRUE(client_.keyboardIsAtRest());
+  }
+
+  PrivateDesktop desktop_;
+  XClient client_;
+  std::unique_ptr<ChildProcess> bystander_;
+  std::optional<RunningProgram> program_;
+};
+
+/// Runs under each window manager.
+class UnderWindowManager : public EndToEndTest, public testing::WithParamInterface<WindowManager> {
+ protected:
+  UnderWindowManager() : EndToEndTest({GetParam(), Compositor::picom, Tray::tint2}) {}
+};
+
+inline std::string nameOf(const testing::TestParamInfo<WindowManager>& info) {
+  return info.param == WindowManager::openbox ? "openbox" : "xfwm4";
+}
+
+}  // namespace rondora::live

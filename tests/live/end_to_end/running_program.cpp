@@ -1,0 +1,117 @@
+#include "live/end_to_end/running_program.h"
+
+#include <signal.h>
+
+#include <sstream>
+#include <stdexcept>
+
+#include "support/wait.h"
+
+namespace rondora::live {
+namespace {
+
+constexpr int kSmallestRing = 200;  // pixels; smaller override-redirect windows are tool tips and the like
+constexpr int kSettledCaptures = 8;
+constexpr int kAbsences = 100;
+constexpr std::size_t kGrabsPerHotkey = 4;  // with and without Caps Lock and Num Lock
+
+// The user has been through the introduction, and no window opens by itself.
+constexpr const char* kDefaults =
+    "pie.hasSeenPermissionIntro=true\n"
+    "pie.hasAutoOpenedSettingsAfterPermissions=true\n"
+    "pie.settingsAutoOpenAfterPermissionsMigrationDone=true\n";
+
+}  // namespace
+
+std::filesystem::path RunningProgram::document(const PrivateDesktop& desktop) {
+  return desktop.configHome() / "Rondora" / "config.json";
+}
+
+std::filesystem::path RunningProgram::defaults(const PrivateDesktop& desktop) {
+  return desktop.configHome() / "Rondora" / "defaults";
+}
+
+RunningProgram::RunningProgram(PrivateDesktop& desktop, XClient& client, const std::string& configuration,
+                               Introduction introduction)
+    : desktop_(desktop), client_(client) {
+  if (!configuration.empty()) writeFile(document(desktop), configuration);
+  if (introduction == Introduction::seen) writeFile(defaults(desktop), kDefaults);
+  process_ = desktop.start({RONDORA_PROGRAM});
+  const bool ready = waitUntil([this] { return !process_->isRunning() || boundKeys() >= kGrabsPerHotkey; });
+  if (!ready || !process_->isRunning()) {
+    throw std::runtime_error("the program bound no hotkey: " + readFile(desktop.logFile("rondora")));
+  }
+}
+
+RunningProgram::~RunningProgram() {
+  if (process_->isRunning() && !terminate()) kill(pid(), SIGKILL);
+}
+
+std::optional<TopLevel> RunningProgram::ring() {
+  for (const TopLevel& window : client_.topLevels()) {
+    if (window.isViewable && window.isOverrideRedirect && window.area.width >= kSmallestRing &&
+        window.area.height >= kSmallestRing && client_.ownerOf(window.window) == pid()) {
+      return window;
+    }
+  }
+  return std::nullopt;
+}
+
+bool RunningProgram::waitForRing() {
+  return waitUntil([this] { return ring().has_value(); });
+}
+
+bool RunningProgram::waitForNoRing() {
+  return waitUntil([this] { return !ring().has_value(); });
+}
+
+bool RunningProgram::staysWithoutRing() {
+  int absent = 0;
+  return waitUntil([&] {
+    absent = ring() ? 0 : absent + 1;
+    return absent >= kAbsences;
+  });
+}
+
+Capture RunningProgram::settledPicture() {
+  const Area area = ring().value().area;
+  Capture last = client_.capture(area);
+  int same = 0;
+  waitUntil([&] {
+    Capture next = client_.capture(area);
+    same = next == last ? same + 1 : 0;
+    last = std::move(next);
+    return same >= kSettledCaptures;
+  });
+  return last;
+}
+
+std::optional<Capture> RunningProgram::pictureAfterChange(const Capture& before) {
+  if (!waitUntil([&] { return !(client_.capture(before.area) == before); })) return std::nullopt;
+  return settledPicture();
+}
+
+std::vector<xcb_window_t> RunningProgram::managedWindows() {
+  std::vector<xcb_window_t> windows = client_.clientList();
+  std::erase_if(windows, [this](xcb_window_t window) { return client_.ownerOf(window) != pid(); });
+  return windows;
+}
+
+std::optional<int> RunningProgram::terminate() {
+  process_->terminate();
+  return waitForExit();
+}
+
+std::optional<int> RunningProgram::waitForExit() {
+  if (!waitUntil([this] { return !process_->isRunning(); })) return std::nullopt;
+  return process_->wait();
+}
+
+std::vector<std::string> RunningProgram::logLines() const {
+  std::istringstream text(readFile(desktop_.logFile("rondora")));
+  std::vector<std::string> lines;
+  for (std::string line; std::getline(text, line);) lines.push_back(line);
+  return lines;
+}
+
+}  // namespace rondora::live

@@ -1,0 +1,14 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+
+#include "ui/qt/qt_setup.h"
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  testing::InitGoogleTest(&argc, argv);
+  rondora::prepareQt();
+  QApplication application(argc, argv);
+  rondora::configureQt(application, "rondora-test");
+  return RUN_ALL_TESTS();
+}

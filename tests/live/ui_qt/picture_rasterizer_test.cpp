@@ -1,0 +1,233 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <climits>
+#include <cmath>
+#include <cstdlib>
+#include <numbers>
+#include <utility>
+#include <vector>
+
+#include "ui/qt/qt_picture_rasterizer.h"
+
+namespace rondora {
+namespace {
+
+constexpr std::uint32_t kUntouched = 0x12345678;
+constexpr double kSide = 200;
+constexpr Point kCentre{kSide / 2, kSide / 2};
+
+class NoApplicationIcons : public ApplicationIcons {
+ public:
+  std::optional<ApplicationIconSource> iconSource(std::string_view /*bundleIdentifier*/) const override {
+    return std::nullopt;
+  }
+};
+
+struct Canvas {
+  explicit Canvas(double pixelsPerPoint)
+      : side(static_cast<int>(kSide * pixelsPerPoint)), pixels(static_cast<std::size_t>(side * side), kUntouched) {}
+  PixelBuffer buffer() { return {pixels.data(), side, side, side}; }
+  std::uint32_t at(int x, int y) const { return pixels[static_cast<std::size_t>(y * side + x)]; }
+  int side;
+  std::vector<std::uint32_t> pixels;
+};
+
+/// The largest among the four components.
+int difference(std::uint32_t a, std::uint32_t b) {
+  int result = 0;
+  for (int shift = 0; shift < 32; shift += 8) {
+    result = std::max(result, std::abs(static_cast<int>(a >> shift & 0xFF) - static_cast<int>(b >> shift & 0xFF)));
+  }
+  return result;
+}
+
+/// Quarter rings that overlap their neighbours' rectangles; in state 1 larger and in another colour.
+PictureLayer quarter(int index) {
+  const double start = index * std::numbers::pi / 2;
+  const auto look = [&](double radius, Color color) {
+    FillCommand fill;
+    fill.path.moveTo(kCentre);
+    fill.path.arc(kCentre, radius, start + 0.1, start + std::numbers::pi / 2 - 0.1);
+    fill.path.close();
+    fill.paint = RadialGradientPaint{kCentre, radius, {{0, color}, {1, color.withAlpha(0.4)}}};
+    StrokeCommand stroke{fill.path, SolidPaint{{1, 1, 1, 0.5}}, 1.5};
+    const Point middle = kCentre + Point{std::cos(start + 0.78), std::sin(start + 0.78)} * 50;
+    IconCommand icon{IconKind::symbol, "star.fill", squareAround(middle, 12), {1, 1, 1, 1}};
+    TextCommand text;
+    text.text = index % 2 == 0 ? "Files" : "ملفات";
+    text.rect = {{middle.x - 40, middle.y + 10}, {80, 20}};
+    return DisplayList{fill, stroke, icon, text};
+  };
+  return {squareAround(kCentre, 99), {look(80, {0.2, 0.4, 0.9, 1}), look(95, {0.9, 0.3, 0.2, 1})}};
+}
+
+Picture ring() {
+  Picture picture{{kSide, kSide}, kCentre, {}};
+  for (int i = 0; i < 4; ++i) picture.layers.push_back(quarter(i));
+  return picture;
+}
+
+class PictureRasterizerTest : public testing::TestWithParam<double> {
+ protected:
+  PictureView whole() const { return {GetParam(), 1, 1, {{0, 0}, {kSide, kSide}}}; }
+
+  NoApplicationIcons applications;
+  QtPictureRasterizer rasterizer{applications};
+};
+
+TEST_P(PictureRasterizerTest, ChangingAStateEndsInTheSamePixelsAsPaintingItAfresh) {
+  const std::vector<std::vector<std::size_t>> steps = {{0, 0, 0, 0}, {1, 0, 0, 0}, {0, 0, 1, 0}, {0, 1, 0, 1}};
+  const auto stepwise = rasterizer.prepare(ring(), GetParam());
+  for (const auto& states : steps) {
+    Canvas before(GetParam());
+    stepwise->paint(states, whole(), before.buffer());
+    Canvas afresh(GetParam());
+    rasterizer.prepare(ring(), GetParam())->paint(states, whole(), afresh.buffer());
+    EXPECT_EQ(before.pixels, afresh.pixels);
+  }
+}
+
+TEST_P(PictureRasterizerTest, ADirtyRectangleGetsTheFullPaintingAndNothingElseChanges) {
+  const std::vector<std::size_t> states = {0, 1, 0, 0};
+  const auto prepared = rasterizer.prepare(ring(), GetParam());
+  Canvas full(GetParam());
+  for (const auto& [scale, opacity] : {std::pair{1.0, 1.0}, std::pair{0.85, 0.5}}) {
+    PictureView view = whole();
+    view.scale = scale;
+    view.opacity = opacity;
+    prepared->paint(states, view, full.buffer());
+    Canvas part(GetParam());
+    view.dirty = {{60, 20}, {80, 100}};
+    prepared->paint(states, view, part.buffer());
+    const auto edge = [&](double points) { return static_cast<int>(points * GetParam()); };
+    for (int y = 0; y < part.side; ++y) {
+      for (int x = 0; x < part.side; ++x) {
+        const bool inside = x >= edge(60) && x < edge(140) && y >= edge(20) && y < edge(120);
+        const int tolerance = inside && scale != 1 ? 2 : 0;
+        ASSERT_LE(difference(part.at(x, y), inside ? full.at(x, y) : kUntouched), tolerance)
+            << x << "," << y << " at scale " << scale;
+      }
+    }
+  }
+}
+
+TEST_P(PictureRasterizerTest, ThePhaseFadesAndShrinksTowardsTheAnchor) {
+  const std::vector<std::size_t> states = {0, 0, 0, 0};
+  const auto prepared = rasterizer.prepare(ring(), GetParam());
+  Canvas canvas(GetParam());
+  PictureView view = whole();
+  view.scale = 0.5;
+  view.opacity = 0;
+  prepared->paint(states, view, canvas.buffer());
+  EXPECT_EQ(std::count(canvas.pixels.begin(), canvas.pixels.end(), 0U), std::ssize(canvas.pixels));
+
+  view.opacity = 1;
+  prepared->paint(states, view, canvas.buffer());
+  const auto pixel = [&](double points) { return static_cast<int>(points * GetParam()); };
+  EXPECT_NE(canvas.at(pixel(120), pixel(112)), 0U);
+  EXPECT_EQ(canvas.at(pixel(165), pixel(120)), 0U) << "outside of half the radius";
+}
+
+INSTANTIATE_TEST_SUITE_P(Scales, PictureRasterizerTest, testing::Values(1.0, 1.25, 1.5, 2.0));
+
+TextCommand textIn(const Rect& rect, std::string text) {
+  TextCommand command;
+  command.text = std::move(text);
+  command.rect = rect;
+  command.pointSize = 14;
+  return command;
+}
+
+constexpr Rect kLine{{20, 50}, {160, 30}};
+
+class TextTest : public testing::Test {
+ protected:
+  /// The leftmost and the rightmost column with ink, and how many rows have any.
+  struct Ink {
+    int left = INT_MAX;
+    int right = -1;
+    int rows = 0;
+  };
+  Canvas draw(const TextCommand& command) {
+    const Picture picture{{kSide, kSide}, {}, {{{{0, 0}, {kSide, kSide}}, {{command}}}}};
+    Canvas canvas(1);
+    const std::vector<std::size_t> states = {0};
+    rasterizer.prepare(picture, 1)->paint(states, {1, 1, 1, {{0, 0}, {kSide, kSide}}}, canvas.buffer());
+    return canvas;
+  }
+  Ink paint(const TextCommand& command) {
+    const Canvas canvas = draw(command);
+    Ink ink;
+    for (int y = 0; y < canvas.side; ++y) {
+      bool any = false;
+      for (int x = 0; x < canvas.side; ++x) {
+        if (canvas.at(x, y) == 0) continue;
+        any = true;
+        ink.left = std::min(ink.left, x);
+        ink.right = std::max(ink.right, x);
+      }
+      ink.rows += any ? 1 : 0;
+    }
+    return ink;
+  }
+
+  NoApplicationIcons applications;
+  QtPictureRasterizer rasterizer{applications};
+};
+
+TEST_F(TextTest, TheLeadingEdgeFollowsTheDirectionOfTheText) {
+  TextCommand command = textIn(kLine, "Files");
+  command.alignment = TextAlignment::leading;
+  EXPECT_LT(paint(command).left, 30);
+  command.text = "ملفات";
+  EXPECT_GT(paint(command).right, 170);
+  command.alignment = TextAlignment::trailing;
+  EXPECT_LT(paint(command).left, 30);
+}
+
+TEST_F(TextTest, LongTextIsWrappedAndElidedInsideItsRectangle) {
+  TextCommand command = textIn({{50, 50}, {100, 60}}, "Some rather long title that will never ever fit into this");
+  const Ink oneLine = paint(command);
+  EXPECT_GE(oneLine.left, 50);
+  EXPECT_LE(oneLine.right, 150);
+  EXPECT_GT(oneLine.right, 130);
+  command.maximumLines = 2;
+  const Ink twoLines = paint(command);
+  EXPECT_GE(twoLines.left, 50);
+  EXPECT_LE(twoLines.right, 150);
+  EXPECT_GT(twoLines.rows, oneLine.rows * 3 / 2);
+}
+
+TEST_F(TextTest, WhatIsLeftOutIsAlwaysMarked) {
+  const std::vector<std::string> words = {"ملاحظات", "مع", "Firefox", "120", "نص", "طويل"};
+  const auto pixels = [&](double width, std::size_t wordCount, int lines) {
+    TextCommand command = textIn({{10, 50}, {width, 60}}, "");
+    for (std::size_t i = 0; i < wordCount; ++i) command.text += words[i] + " ";
+    command.maximumLines = lines;
+    return draw(command).pixels;
+  };
+  for (double width = 50; width < 130; width += 3) {
+    const auto shown = pixels(width, words.size(), 2);
+    for (std::size_t count = 1; count < words.size(); ++count) {
+      const auto fewer = pixels(width, count, 2);
+      if (fewer != pixels(width, count, 9)) continue;  // does not fit, either
+      EXPECT_NE(fewer, shown) << width << " wide, as if there were only " << count << " words";
+    }
+  }
+}
+
+TEST_F(TextTest, HostileTextAndSizesAreDrawnWithoutHarm) {
+  EXPECT_EQ(paint(textIn(kLine, "")).rows, 0);
+  EXPECT_GT(paint(textIn(kLine, std::string(4 << 20, 'W'))).rows, 0);
+  EXPECT_GT(paint(textIn(kLine, "\xff\xfe\xc0 ok")).rows, 0);
+  paint(textIn({{20, 50}, {0, 30}}, "thin"));
+  TextCommand big = textIn(kLine, "big");
+  for (const double size : {1e300, -1.0, std::nan("")}) {
+    big.pointSize = size;
+    paint(big);
+  }
+}
+
+}  // namespace
+}  // namespace rondora

@@ -1,0 +1,98 @@
+#include "ui/qt/qt_main_queue.h"
+
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QElapsedTimer>
+#include <QThread>
+#include <functional>
+#include <optional>
+#include <string>
+#include <thread>
+
+namespace rondora {
+namespace {
+
+constexpr int kPatienceMilliseconds = 5000;
+
+bool waitUntil(const std::function<bool()>& condition) {
+  QDeadlineTimer deadline(kPatienceMilliseconds);
+  while (!condition() && !deadline.hasExpired()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
+  return condition();
+}
+
+class QtMainQueueTest : public testing::Test {
+ protected:
+  /// Lets everything that is due by then run.
+  void settle(double seconds) {
+    bool reached = false;
+    queue->after(seconds, [&] { reached = true; });
+    ASSERT_TRUE(waitUntil([&] { return reached; }));
+  }
+
+  std::optional<QtMainQueue> queue{std::in_place};
+  std::string story;
+};
+
+TEST_F(QtMainQueueTest, AsynchronousWorkRunsLaterAndInOrder) {
+  queue->async([&] {
+    story += 'a';
+    queue->async([&] { story += 'c'; });
+  });
+  queue->async([&] { story += 'b'; });
+  EXPECT_EQ(story, "");
+  EXPECT_TRUE(waitUntil([&] { return story == "abc"; }));
+}
+
+TEST_F(QtMainQueueTest, WorkFromOtherThreadsRunsOnTheMainThread) {
+  const QThread* where = nullptr;
+  std::thread([&] { queue->async([&] { where = QThread::currentThread(); }); }).join();
+  EXPECT_TRUE(waitUntil([&] { return where != nullptr; }));
+  EXPECT_EQ(where, QCoreApplication::instance()->thread());
+}
+
+TEST_F(QtMainQueueTest, ACancelledWorkItemNeverRuns) {
+  Subscription cancelled = queue->workItem(0, [&] { story += 'x'; });
+  const Subscription kept = queue->workItem(0.01, [&] { story += 'k'; });
+  queue->after(0.02, [&] { story += 'a'; });
+  cancelled.reset();
+  settle(0.03);
+  EXPECT_EQ(story, "ka");
+}
+
+TEST_F(QtMainQueueTest, AWorkItemMayEndItselfWhileItRuns) {
+  Subscription item = queue->workItem(0, [&] {
+    item.reset();
+    story += 'i';
+  });
+  settle(0.02);
+  EXPECT_EQ(story, "i");
+}
+
+TEST_F(QtMainQueueTest, ATimerTicksUntilItEndsAndNeverEarly) {
+  QElapsedTimer clock;
+  clock.start();
+  int ticks = 0;
+  Subscription timer = queue->timer(0.016, 0.001, [&] {
+    if (++ticks == 5) timer.reset();
+  });
+  EXPECT_TRUE(waitUntil([&] { return ticks == 5; }));
+  EXPECT_GE(clock.elapsed(), 5 * 16 - 5);
+  settle(0.05);
+  EXPECT_EQ(ticks, 5);
+}
+
+TEST_F(QtMainQueueTest, NothingRunsOnceTheQueueIsGone) {
+  queue->async([&] { story += 'x'; });
+  queue->after(0, [&] { story += 'x'; });
+  Subscription item = queue->workItem(0, [&] { story += 'x'; });
+  Subscription timer = queue->timer(0.001, 0, [&] { story += 'x'; });
+  queue.emplace();
+  item.reset();
+  settle(0.02);
+  EXPECT_EQ(story, "");
+}
+
+}  // namespace
+}  // namespace rondora

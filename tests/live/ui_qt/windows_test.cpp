@@ -1,0 +1,138 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QLabel>
+#include <QPushButton>
+#include <QWidget>
+#include <memory>
+
+#include "ui/qt/qt_pasteboard.h"
+#include "ui/qt/qt_windows.h"
+
+namespace rondora {
+namespace {
+
+/// The program's windows that are on the screen.
+std::vector<QWidget*> windowsUp() {
+  std::vector<QWidget*> result;
+  for (QWidget* widget : QApplication::topLevelWidgets()) {
+    if (widget->isVisible()) result.push_back(widget);
+  }
+  return result;
+}
+
+bool shows(const QWidget& window, const QString& text) {
+  for (const QLabel* label : window.findChildren<QLabel*>()) {
+    if (label->isVisible() && label->text().contains(text)) return true;
+  }
+  return false;
+}
+
+void click(const QWidget& window, const QString& title) {
+  for (QPushButton* button : window.findChildren<QPushButton*>()) {
+    if (button->text() == title) return button->click();
+  }
+  FAIL() << "no button " << title.toStdString();
+}
+
+class WindowsTest : public testing::Test {
+ protected:
+  WindowsTest() {
+    texts.settingsTitle = "Settings";
+    texts.openFolder = "Open folder";
+    texts.close = "Close";
+    texts.onboardingHeadline = "Hello";
+    texts.onboardingHotkey = "Ctrl+Alt+Space";
+    texts.onboardingDone = "Done";
+  }
+
+  WindowTexts texts;
+  int foldersOpened = 0;
+  std::vector<std::string> lines{"Hotkeys: 2"};
+  QtWindows windows{WindowContents{[this] { return texts; }, "/home/user/config.json", [this] { ++foldersOpened; },
+                                   [this] { return lines; }}};
+};
+
+TEST_F(WindowsTest, TheSettingsWindowIsReusedAndShowsWhatIsTrueNow) {
+  const auto settings = windows.makeSettingsWindow();
+  settings->show();
+  ASSERT_EQ(windowsUp().size(), 1U);
+  QWidget* window = windowsUp().front();
+  EXPECT_TRUE(shows(*window, "/home/user/config.json"));
+  click(*window, "Open folder");
+  EXPECT_EQ(foldersOpened, 1);
+  click(*window, "Close");
+  EXPECT_TRUE(windowsUp().empty());
+
+  lines = {"Hotkeys: 3"};
+  texts.settingsTitle = "الإعدادات";
+  texts.isRightToLeft = true;
+  settings->show();
+  EXPECT_EQ(windowsUp(), std::vector<QWidget*>{window});
+  EXPECT_TRUE(shows(*window, "Hotkeys: 3"));
+  EXPECT_EQ(window->windowTitle().toStdString(), texts.settingsTitle);
+  EXPECT_EQ(window->layoutDirection(), Qt::RightToLeft);
+}
+
+TEST_F(WindowsTest, OnboardingCompletesOnceHoweverItEnds) {
+  const std::vector<std::function<void(OnboardingWindow&)>> ways = {
+      [](OnboardingWindow&) { click(*windowsUp().front(), "Done"); },
+      [](OnboardingWindow&) { windowsUp().front()->close(); },
+      [](OnboardingWindow& onboarding) { onboarding.closeAndFinish(); },
+  };
+  for (const auto& end : ways) {
+    auto onboarding = windows.makeOnboardingWindow();
+    int completions = 0;
+    onboarding->present([&] { ++completions; });
+    EXPECT_TRUE(onboarding->isUp());
+    end(*onboarding);
+    EXPECT_FALSE(onboarding->isUp());
+    EXPECT_EQ(completions, 1);
+    onboarding->closeAndFinish();
+    EXPECT_EQ(completions, 1);
+  }
+  EXPECT_TRUE(windowsUp().empty());
+}
+
+TEST_F(WindowsTest, OnboardingMayBeDestroyedByItsCompletionOrWhileUp) {
+  auto onboarding = windows.makeOnboardingWindow();
+  onboarding->present([&] { onboarding.reset(); });
+  windowsUp().front()->close();
+  EXPECT_EQ(onboarding, nullptr);
+
+  bool completed = false;
+  onboarding = windows.makeOnboardingWindow();
+  onboarding->present([&] { completed = true; });
+  onboarding.reset();
+  EXPECT_TRUE(windowsUp().empty());
+  EXPECT_FALSE(completed);
+}
+
+TEST_F(WindowsTest, TheSnippetPreviewIsSmallHoweverLongTheSnippet) {
+  const auto preview = windows.makeSnippetPreviewPopover();
+  preview->show(std::string(1 << 20, 'x') + std::string(1000, '\n'));
+  ASSERT_EQ(windowsUp().size(), 1U);
+  EXPECT_LE(windowsUp().front()->width(), 400);
+  EXPECT_LE(windowsUp().front()->height(), 400);
+  EXPECT_NE(windowsUp().front()->windowFlags() & Qt::WindowDoesNotAcceptFocus, 0);
+  preview->hide();
+  EXPECT_TRUE(windowsUp().empty());
+  preview->show("  \n ");
+  EXPECT_TRUE(windowsUp().empty());
+}
+
+TEST(QtPasteboardTest, HoldsTextAndPrivateBytesTogetherUntilCleared) {
+  const std::string bytes("\0\xff{}", 4);
+  QtPasteboard pasteboard;
+  pasteboard.setString("old");
+  pasteboard.clearContents();
+  pasteboard.setData("application/x-rondora.menu-item-v1", bytes);
+  pasteboard.setString("schön");
+  EXPECT_EQ(pasteboard.data("application/x-rondora.menu-item-v1"), bytes);
+  EXPECT_EQ(pasteboard.data("text/plain"), "schön");
+  pasteboard.clearContents();
+  EXPECT_EQ(pasteboard.data("application/x-rondora.menu-item-v1"), std::nullopt);
+}
+
+}  // namespace
+}  // namespace rondora

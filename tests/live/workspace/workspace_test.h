@@ -1,0 +1,79 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/linux/desktop/installed_applications.h"
+#include "platform/linux/desktop/posix_process_environment.h"
+#include "platform/linux/x11/x11_application_icons.h"
+#include "platform/linux/x11/x11_window_list.h"
+#include "platform/linux/x11/x11_workspace.h"
+#include "support/private_desktop.h"
+#include "support/x_client.h"
+
+namespace rondora::live {
+
+inline constexpr const char* kOwnIdentifier = "io.github.rondora.Rondora";
+
+/// Our connection to an X server, and what stands on it.
+class WorkspaceUnderTest {
+ public:
+  WorkspaceUnderTest(const std::string& display, ApplicationCatalogue& catalogue);
+
+  /// Handles the events that came since. False when the server reported an error.
+  bool handleEvents();
+
+ private:
+  int screen_ = 0;
+  UniqueCPtr<xcb_connection_t, xcb_disconnect> handle_;
+
+ public:
+  x11::XConnection connection;
+  x11::X11WindowList windows;
+  x11::X11Workspace workspace;
+};
+
+/// One desktop for all tests of a program: GLib looks at its folders and at its bus only once. The window manager is
+/// the one that RONDORA_TEST_WINDOW_MANAGER names.
+class WorkspaceTest : public testing::Test {
+ protected:
+  WorkspaceTest();
+  ~WorkspaceTest() override;
+  static void SetUpTestSuite();
+
+  const PrivateDesktop& desktop() const { return *desktop_; }
+  x11::X11Workspace& workspace() { return underTest_.workspace; }
+  /// The workspace, asked by a user who acts now: later than everything that windows did on their own so far, such as
+  /// taking the focus when they appear.
+  x11::X11Workspace& workspaceForUser();
+
+  /// Handles events until the condition holds; false when it takes too long.
+  bool eventually(const std::function<bool()>& condition);
+  /// Starts a program and waits for its window, which has that title and becomes the active one.
+  std::unique_ptr<ChildProcess> startWithWindow(const std::vector<std::string>& command, const std::string& title);
+  std::unique_ptr<ChildProcess> startTerminal(const std::string& title);
+  xcb_window_t windowTitled(const std::string& title);
+  std::optional<RunningApplication> running(const std::string& bundleIdentifier);
+  bool isActive(xcb_window_t window) { return client_.activeWindow() == window; }
+  bool becomesActive(xcb_window_t window);
+  std::uint32_t currentDesktop();
+  void run(const std::vector<std::string>& command);
+
+ private:
+  static std::unique_ptr<PrivateDesktop> desktop_;
+
+  desktop::PosixProcessEnvironment environment_;
+
+ protected:
+  desktop::InstalledApplications installed_;
+  WorkspaceUnderTest underTest_;
+  XClient client_;
+};
+
+std::string hexadecimal(xcb_window_t window);
+
+}  // namespace rondora::live

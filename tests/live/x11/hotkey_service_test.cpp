@@ -1,0 +1,236 @@
+#include "platform/linux/x11/key_codes.h"
+#include "x11_test.h"
+
+namespace rondora::live {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class HotkeyServiceTest : public X11Test {};
+
+/// A server whose keys repeat fast.
+class RepeatingKeysTest : public X11Test {
+ protected:
+  RepeatingKeysTest() : X11Test({"-ardelay", "50", "-arinterval", "10"}) {
+    repeatObserver_ = keyboard_.addKeyObserver([this](const x11::XKey& key) {
+      repeats_ += key.isRepeat;
+      return false;
+    });
+  }
+
+  /// Returns when the server has repeated the held key a few times more.
+  bool keyRepeats() {
+    const int before = repeats_;
+    return eventually([&] { return repeats_ >= before + 3; });
+  }
+
+  int repeats_ = 0;
+  Subscription repeatObserver_;
+};
+
+TEST(KeyCodesTest, NamePlacesOfTheKeyboard) {
+  EXPECT_EQ(x11::xKeyCode(0), 38);
+  EXPECT_EQ(x11::xKeyCode(kSpace), 65);
+  EXPECT_EQ(x11::virtualKeyCode(65), kSpace);
+  for (std::uint32_t code = 0; code < 128; ++code) {
+    const auto key = x11::xKeyCode(code);
+    if (key) {
+      EXPECT_EQ(x11::virtualKeyCode(*key), code);
+    }
+  }
+}
+
+TEST(KeyCodesTest, MenuKeyStandsInForFnAndIsSentAsItself) {
+  EXPECT_EQ(x11::virtualKeyCode(135), 63);
+  EXPECT_EQ(x11::xKeyCode(63), 135);
+  EXPECT_FALSE(x11::xKeyCode(110));
+  EXPECT_EQ(x11::xKeyCodeForSending(110), 135);
+  EXPECT_EQ(x11::virtualKeyCode(8), KeyEvent::kNoKeyCode);
+}
+
+TEST_F(HotkeyServiceTest, MatchesModifiersExactlyWhateverTheLocksDo) {
+  ASSERT_TRUE(registerHotkey(kSpace, kControlOption));
+  for (const auto& locks :
+       std::vector<std::vector<std::uint8_t>>{{}, {key::capsLock}, {key::numLock}, {key::capsLock, key::numLock}}) {
+    for (const std::uint8_t lock : locks) user_.tap(lock);
+    tapChord();
+    EXPECT_THAT(reports(), ElementsAre("+1", "-1"));
+    user_.keyDown(key::shift);
+    tapChord();
+    user_.keyUp(key::shift);
+    user_.keyDown(key::control);
+    user_.tap(key::space);
+    user_.keyUp(key::control);
+    EXPECT_THAT(reports(), IsEmpty());
+    for (const std::uint8_t lock : locks) user_.tap(lock);
+  }
+}
+
+TEST_F(HotkeyServiceTest, MatchesTheReleaseByItsKeyAlone) {
+  ASSERT_TRUE(registerHotkey(kSpace, kControlOption));
+  pressChord();
+  user_.keyUp(key::alt);
+  user_.keyUp(key::control);
+  EXPECT_THAT(reports(), ElementsAre("+1"));
+  user_.keyUp(key::space);
+  EXPECT_THAT(reports(), ElementsAre("-1"));
+}
+
+TEST_F(HotkeyServiceTest, LeavesNothingGrabbedWhenAnotherClientOwnsOneVariant) {
+  XClient other(server_.display());
+  ASSERT_TRUE(other.grabKey(key::space, kControlMask | kAltMask | kNumLockMask));
+  EXPECT_FALSE(registerHotkey(kSpace, kControlOption));
+  drain();
+  for (const int locks : {0, int{XCB_MOD_MASK_LOCK}, XCB_MOD_MASK_LOCK | kNumLockMask}) {
+    EXPECT_TRUE(other.grabKey(key::space, static_cast<std::uint16_t>(kControlMask | kAltMask | locks)));
+  }
+  EXPECT_TRUE(registerHotkey(kEscape, kControlOption));
+}
+
+TEST_F(HotkeyServiceTest, RefusesWhatNoKeyboardHas) {
+  EXPECT_FALSE(registerHotkey(110, 0));
+  EXPECT_FALSE(registerHotkey(0xFFFFFFFF, 0));
+  EXPECT_FALSE(registerHotkey(kSpace, 0x20000)) << "Fn";
+  EXPECT_FALSE(registerHotkey(kSpace, 0x80000000));
+  EXPECT_TRUE(registerHotkey(kSpace, 0x100 | 0x200 | 0x800 | 0x1000));
+}
+
+TEST_F(HotkeyServiceTest, EndsARegistrationAndKeepsItsTwin) {
+  ASSERT_TRUE(registerHotkey(kSpace, kControlOption, 1));
+  ASSERT_TRUE(registerHotkey(kSpace, kControlOption, 2));
+  registrations_.erase(registrations_.begin());
+  tapChord();
+  EXPECT_THAT(reports(), ElementsAre("+2", "-2"));
+  registrations_.clear();
+  tapChord();
+  EXPECT_THAT(reports(), IsEmpty());
+  EXPECT_TRUE(user_.grabKey(key::space, kControlMask | kAltMask));
+}
+
+TEST_F(HotkeyServiceTest, AHandlerMayRegisterEverythingAnew) {
+  ASSERT_TRUE(registerHotkey(kSpace, kControlOption));
+  const auto handler = hotkeys_.installEventHandler([this](const HotKeyEvent*) {
+    registrations_.clear();
+    EXPECT_TRUE(registerHotkey(kSpace, kControlOption, 7));
+    return 0;
+  });
+  tapChord();
+  EXPECT_THAT(reports(), ElementsAre("+1")) << "the held key is no press of the new registration";
+  tapChord();
+  EXPECT_THAT(reports(), ElementsAre("+7"));
+}
+
+TEST_F(HotkeyServiceTest, StaysWhereItIsOnAnotherLayout) {
+  ASSERT_TRUE(registerHotkey(0, kControlOption));  // the key that types a on a US keyboard
+  bool wasRead = false;
+  const auto observer = keymap_.onChanged([&] { wasRead = true; });
+  runTool({"setxkbmap", "fr"});
+  ASSERT_TRUE(eventually([&] { return wasRead; }));
+  user_.keyDown(key::control);
+  user_.keyDown(key::alt);
+  user_.tap(key::a);
+  EXPECT_THAT(reports(), ElementsAre("+1", "-1"));
+  EXPECT_EQ(keymap_.characters(key::a, 0), "q");
+  EXPECT_EQ(keymap_.characters(key::digit1, 0), "&");
+  EXPECT_EQ(keymap_.charactersIgnoringModifiers(key::digit1, XCB_MOD_MASK_SHIFT | XCB_MOD_MASK_CONTROL), "1");
+}
+
+TEST_F(HotkeyServiceTest, FollowsModifiersThatMove) {
+  ASSERT_TRUE(registerHotkey(kSpace, kControlOption));
+  runTool({"xmodmap", "-e", "clear mod2", "-e", "clear mod3", "-e", "add mod3 = Num_Lock"});
+  ASSERT_TRUE(eventually([&] { return keymap_.masks().numLock == XCB_MOD_MASK_3; }));
+  user_.tap(key::numLock);
+  tapChord();
+  EXPECT_THAT(reports(), ElementsAre("+1", "-1"));
+  runTool({"xmodmap", "-e", "clear mod1"});
+  ASSERT_TRUE(eventually([&] { return keymap_.masks().option == 0; }));
+  user_.keyDown(key::control);
+  user_.tap(key::space);
+  EXPECT_THAT(reports(), IsEmpty()) << "without an Alt key the combination is another one";
+}
+
+TEST_F(RepeatingKeysTest, ReportsAHeldKeyOnce) {
+  ASSERT_TRUE(registerHotkey(kSpace, kControlOption));
+  pressChord();
+  ASSERT_TRUE(keyRepeats());
+  EXPECT_THAT(reports(), ElementsAre("+1"));
+  releaseChord();
+  EXPECT_THAT(reports(), ElementsAre("-1"));
+}
+
+TEST_F(RepeatingKeysTest, KnowsAHeldKeyFromBeforeTheOverlay) {
+  ASSERT_TRUE(registerHotkey(kSpace, kControlOption));
+  pressChord();
+  EXPECT_THAT(reports(), ElementsAre("+1"));
+  auto panel = openPanel();
+  ASSERT_TRUE(eventually([&] { return keyEvents_.size() >= 2; }));
+  for (const KeyEvent& event : keyEvents_) EXPECT_TRUE(event.isRepeat);
+  user_.keyUp(key::space);
+  keysSeen();
+  user_.tap(key::space);
+  EXPECT_THAT(keysSeen(), ElementsAre("down space", "up space"));
+  EXPECT_THAT(reports(), IsEmpty()) << "under the overlay the key monitors decide";
+}
+
+TEST_F(RepeatingKeysTest, AKeyHeldBeyondTheOverlayIsNoNewPress) {
+  ASSERT_TRUE(registerHotkey(kSpace, kControlOption));
+  pressChord();
+  reports();
+  openPanel().reset();
+  drain();
+  ASSERT_TRUE(keyRepeats()) << "the passive grab fires again";
+  EXPECT_THAT(reports(), IsEmpty());
+  releaseChord();
+  EXPECT_THAT(reports(), ElementsAre("-1"));
+  tapChord();
+  EXPECT_THAT(reports(), ElementsAre("+1", "-1"));
+}
+
+TEST_F(HotkeyServiceTest, APressAfterAReleaseThatNobodySawIsNotLost) {
+  ASSERT_TRUE(registerHotkey(kEscape, 0));
+  auto panel = openPanel();
+  user_.keyDown(key::escape);
+  EXPECT_THAT(keysSeen(), ElementsAre("down \x1b"));
+  panel.reset();
+  drain();
+  user_.keyUp(key::escape);
+  EXPECT_THAT(reports(), ElementsAre("-1"));
+  user_.tap(key::escape);
+  EXPECT_THAT(reports(), ElementsAre("+1", "-1"));
+}
+
+TEST_F(HotkeyServiceTest, AKeyPressedBesideAHeldHotkeyIsNotLostLater) {
+  ASSERT_TRUE(registerHotkey(kSpace, kControlOption, 1));
+  ASSERT_TRUE(registerHotkey(kEscape, kControlOption, 2));
+  pressChord();
+  user_.keyDown(key::escape);
+  user_.keyUp(key::space);
+  user_.keyUp(key::escape);  // the grab has ended
+  EXPECT_THAT(reports(), ElementsAre("+1", "+2", "-1", "-2"));
+  user_.tap(key::escape);
+  EXPECT_THAT(reports(), ElementsAre("+2", "-2"));
+}
+
+TEST_F(HotkeyServiceTest, WatchesNobodysKeysOnceEverythingIsUp) {
+  ASSERT_TRUE(registerHotkey(kSpace, kControlOption));
+  pressChord();
+  reports();
+  openPanel().reset();
+  drain();
+  releaseChord();
+  int genericEvents = 0;
+  const auto handler = connection_.addEventHandler([&](const xcb_generic_event_t& event) {
+    genericEvents += event.response_type == XCB_GE_GENERIC;
+    return false;
+  });
+  ASSERT_TRUE(eventually([&] {
+    genericEvents = 0;
+    user_.tap(key::q);
+    drain();
+    return genericEvents == 0;
+  }));
+}
+
+}  // namespace
+}  // namespace rondora::live

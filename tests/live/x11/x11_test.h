@@ -1,0 +1,110 @@
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "base/owned.h"
+#include "platform/linux/x11/x11_event_monitors.h"
+#include "platform/linux/x11/x11_hotkey_service.h"
+#include "platform/linux/x11/x11_input_grab.h"
+#include "platform/linux/x11/x11_overlay_panel.h"
+#include "platform/linux/x11/x11_pointer.h"
+#include "platform/linux/x11/x_connection.h"
+#include "platform/linux/x11/x_keyboard.h"
+#include "platform/linux/x11/x_keymap.h"
+#include "solid_rasterizer.h"
+#include "support/x_client.h"
+#include "support/x_server.h"
+#include "x_loop.h"
+
+namespace rondora::live {
+
+inline constexpr std::uint32_t kSpace = 49;
+inline constexpr std::uint32_t kEscape = 53;
+inline constexpr std::uint32_t kControlOption = 0x1800;
+inline constexpr std::uint16_t kControlMask = XCB_MOD_MASK_CONTROL;
+inline constexpr std::uint16_t kAltMask = XCB_MOD_MASK_1;
+inline constexpr std::uint16_t kNumLockMask = XCB_MOD_MASK_2;
+
+/// A plain client, for what an XClient does not do.
+class Bystander {
+ public:
+  /// What its windows are filled with.
+  static constexpr std::uint32_t kColor = 0x00FF00;
+
+  explicit Bystander(const std::string& display);
+
+  xcb_connection_t* get() const { return connection_.get(); }
+  xcb_window_t root() const;
+  bool grabKeyboard();
+  void ungrabKeyboard();
+  bool grabPointer();
+  /// An override-redirect window over the area that is told of buttons.
+  xcb_window_t coverArea(std::int16_t x, std::int16_t y, std::uint16_t width, std::uint16_t height);
+  /// What came for this client so far, by event type.
+  std::vector<int> eventTypes();
+  void sync();
+
+ private:
+  UniqueCPtr<xcb_connection_t, xcb_disconnect> connection_;
+};
+
+struct RecordingSink : OverlayPanelSink {
+  std::vector<Point> moves;
+  std::vector<Point> presses;
+  int lost = 0;
+  void pointerMoved(Point location) override { moves.push_back(location); }
+  void pointerEntered() override {}
+  void pointerExited() override {}
+  void mouseDown(Point location) override { presses.push_back(location); }
+  void panelLost() override { ++lost; }
+};
+
+/// The input side of the program on a private X server. Keys do not repeat unless a test says so.
+class X11Test : public testing::Test {
+ protected:
+  explicit X11Test(std::vector<std::string> serverArguments = {"-r"}, double pixelsPerPoint = 1);
+  ~X11Test() override;
+
+  bool eventually(const std::function<bool()>& condition) { return loop_.until(connection_, condition); }
+  void drain() { loop_.drain(connection_); }
+
+  /// Registers the combination under the number and writes down what comes of it.
+  bool registerHotkey(std::uint32_t keyCode, std::uint32_t carbonModifiers, std::uint32_t id = 1);
+  void pressChord();
+  void releaseChord();
+  void tapChord();
+  /// What hot keys reported since the last question: "+1" pressed, "-1" released.
+  std::vector<std::string> reports();
+  /// What key monitors saw since the last question: "down space", "repeat space", "up q" …
+  std::vector<std::string> keysSeen();
+
+  std::unique_ptr<OverlayPanel> openPanel(Rect frame = {{100, 100}, {200, 200}});
+  void runTool(const std::vector<std::string>& command);
+
+  XServer server_;
+  XClient user_;
+  UniqueCPtr<xcb_connection_t, xcb_disconnect> handle_;
+  XLoop loop_;
+  x11::XConnection connection_;
+  x11::XKeymap keymap_;
+  x11::XKeyboard keyboard_;
+  x11::X11HotkeyService hotkeys_;
+  x11::X11EventMonitors monitors_;
+  x11::X11InputGrab inputGrab_;
+  x11::X11Pointer pointer_;
+  SolidRasterizer rasterizer_;
+  x11::X11OverlayPanels panels_;
+  RecordingSink sink_;
+  std::vector<Subscription> registrations_;
+  std::vector<std::string> reports_;
+  std::vector<KeyEvent> keyEvents_;
+  Subscription reportHandler_;
+  Subscription keyMonitor_;
+};
+
+}  // namespace rondora::live

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace rondora::live {
+
+/// A program that a test started. It ends with the object, and with the test program however that ends.
+class ChildProcess {
+ public:
+  /// `environment` is added to the test's own. A descriptor named in `inheritedDescriptor` stays open in the child.
+  /// Throws std::runtime_error when no process could be made; a program that is missing exits with status 127.
+  ChildProcess(const std::vector<std::string>& arguments, const std::map<std::string, std::string>& environment = {},
+               int inheritedDescriptor = -1);
+  ChildProcess(ChildProcess&& other) noexcept;
+  ChildProcess& operator=(ChildProcess&&) = delete;
+  ~ChildProcess();
+
+  pid_t pid() const { return pid_; }
+  bool isRunning();
+  /// Waits for the end; the exit status, or 128 + signal.
+  int wait();
+  void terminate();
+
+ private:
+  pid_t pid_ = -1;
+  int status_ = 0;
+};
+
+}  // namespace rondora::live

@@ -1,0 +1,151 @@
+#include "support/private_desktop.h"
+
+#include <fcntl.h>
+#include <stdlib.h>
+#include <unistd.h>
+
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+
+#include "support/wait.h"
+#include "support/x_client.h"
+
+namespace rondora::live {
+namespace {
+
+std::filesystem::path makeTemporaryFolder() {
+  std::string pattern = (std::filesystem::temp_directory_path() / "rondora-live.XXXXXX").string();
+  if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("cannot make a temporary folder");
+  return pattern;
+}
+
+// The session that runs the tests must not shine through.
+constexpr const char* kForeignVariables =
+    "WAYLAND_DISPLAY XDG_SESSION_TYPE XDG_CURRENT_DESKTOP DESKTOP_SESSION XAUTHORITY QT_QPA_PLATFORM QT_SCALE_FACTOR "
+    "RONDORA_FIRST_LAUNCH JOURNAL_STREAM";
+
+std::map<std::string, std::string> privateEnvironment(const std::filesystem::path& home) {
+  std::map<std::string, std::string> environment{{"HOME", home.string()}, {"LC_ALL", "C.UTF-8"}};
+  for (const auto& [name, folder] : {std::pair{"XDG_CONFIG_HOME", "config"},
+                                     {"XDG_DATA_HOME", "data"},
+                                     {"XDG_CACHE_HOME", "cache"},
+                                     {"XDG_STATE_HOME", "state"},
+                                     {"XDG_RUNTIME_DIR", "runtime"}}) {
+    std::filesystem::create_directories(home / folder);
+    std::filesystem::permissions(home / folder, std::filesystem::perms::owner_all);
+    environment[name] = (home / folder).string();
+  }
+  return environment;
+}
+
+void require(bool came, const char* what) {
+  if (!came) throw std::runtime_error(std::string("did not come up: ") + what);
+}
+
+/// The command with its output in a file; the shell gives its place to the program.
+std::vector<std::string> withOutputIn(const std::filesystem::path& file, const std::vector<std::string>& command) {
+  const std::string script =
+      std::string("unset ") + kForeignVariables + R"(; log=$1; shift; exec "$@" >"$log" 2>&1 </dev/null)";
+  std::vector<std::string> result{"sh", "-c", script, "sh", file};
+  result.insert(result.end(), command.begin(), command.end());
+  return result;
+}
+
+}  // namespace
+
+TemporaryFolder::TemporaryFolder() : path_(makeTemporaryFolder()) {}
+
+// Programs that lost their display may still be writing something while they end.
+TemporaryFolder::~TemporaryFolder() {
+  waitUntil(
+      [this] {
+        std::error_code error;
+        std::filesystem::remove_all(path_, error);
+        return !error;
+      },
+      std::chrono::seconds(5));
+}
+
+PrivateDesktop::PrivateDesktop(DesktopParts parts) : environment_(privateEnvironment(folder_.path())) {
+  environment_["DISPLAY"] = server_.display();
+  startBus();
+  startParts(parts);
+}
+
+PrivateDesktop::~PrivateDesktop() {
+  while (!processes_.empty()) processes_.pop_back();
+}
+
+void PrivateDesktop::startBus() {
+  const auto address = folder_.path() / "bus-address";
+  const int descriptor = open(address.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
+  const std::vector<std::string> command{"dbus-daemon",
+                                         "--session",
+                                         "--nofork",
+                                         "--nopidfile",
+                                         "--address=unix:dir=" + environment_["XDG_RUNTIME_DIR"],
+                                         "--print-address=" + std::to_string(descriptor)};
+  processes_.push_back(
+      std::make_unique<ChildProcess>(withOutputIn(logFile("dbus-daemon"), command), environment_, descriptor));
+  close(descriptor);
+  require(waitUntil([&] { return readFile(address).ends_with('\n'); }), "the session bus");
+  std::string text = readFile(address);
+  text.pop_back();
+  environment_["DBUS_SESSION_BUS_ADDRESS"] = text;
+}
+
+void PrivateDesktop::startParts(const DesktopParts& parts) {
+  XClient client(display());
+  if (parts.windowManager == WindowManager::openbox) startPart({"openbox"});
+  if (parts.windowManager == WindowManager::xfwm4) startPart({"xfwm4", "--compositor=off"});
+  if (parts.windowManager != WindowManager::none) {
+    require(waitUntil([&] { return client.hasWindowManager(); }), "the window manager");
+  }
+  if (parts.compositor == Compositor::picom) {
+    startPart({"picom", "--config", "/dev/null", "--backend", "xrender"});
+    require(waitUntil([&] { return client.selectionOwner("_NET_WM_CM_S0") != XCB_NONE; }), "the compositor");
+  }
+  if (parts.tray == Tray::tint2) {
+    const auto configuration = configHome() / "tray";
+    writeFile(configuration, "panel_items = S\npanel_size = 200 24\npanel_position = bottom right\n");
+    startPart({"tint2", "-c", configuration});
+    require(waitUntil([&] { return client.selectionOwner("_NET_SYSTEM_TRAY_S0") != XCB_NONE; }), "the tray");
+  }
+}
+
+std::unique_ptr<ChildProcess> PrivateDesktop::start(const std::vector<std::string>& command) const {
+  const std::string name = std::filesystem::path(command.front()).filename();
+  return std::make_unique<ChildProcess>(withOutputIn(logFile(name), command), environment_);
+}
+
+std::optional<std::string> PrivateDesktop::outputOf(const std::vector<std::string>& command) const {
+  const auto file = folder_.path() / "output";
+  ChildProcess process(withOutputIn(file, command), environment_);
+  if (process.wait() != 0) return std::nullopt;
+  return readFile(file);
+}
+
+void PrivateDesktop::addApplication(const std::string& id, const std::string& title) const {
+  const std::string command = "xterm -name " + title + " -class " + title + " -T " + title + " -geometry 40x10 -e cat";
+  writeFile(
+      dataHome() / "applications" / (id + ".desktop"),
+      "[Desktop Entry]\nType=Application\nName=" + title + "\nStartupWMClass=" + title + "\nExec=" + command + "\n");
+}
+
+void PrivateDesktop::setKeyboardLayout(const std::string& layout) const {
+  require(outputOf({"setxkbmap", layout}).has_value(), "the keyboard layout");
+}
+
+std::string readFile(const std::filesystem::path& path) {
+  std::ostringstream text;
+  text << std::ifstream(path, std::ios::binary).rdbuf();
+  return text.str();
+}
+
+void writeFile(const std::filesystem::path& path, const std::string& text) {
+  std::filesystem::create_directories(path.parent_path());
+  std::ofstream(path, std::ios::binary) << text;
+}
+
+}  // namespace rondora::live

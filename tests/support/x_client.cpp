@@ -1,0 +1,297 @@
+#include "support/x_client.h"
+
+#include <xcb/res.h>
+#include <xcb/xfixes.h>
+#include <xcb/xtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <stdexcept>
+
+#include "support/wait.h"
+
+namespace rondora::live {
+namespace {
+
+constexpr std::uint32_t kWholeProperty = 1U << 20;  // in units of four bytes
+constexpr int kRounding = 8;                        // of 255
+
+bool pixelLooksSame(std::uint32_t left, std::uint32_t right) {
+  for (const int shift : {0, 8, 16}) {
+    const int difference = static_cast<int>(left >> shift & 0xFF) - static_cast<int>(right >> shift & 0xFF);
+    if (std::abs(difference) > kRounding) return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+bool looksSame(const Capture& left, const Capture& right) {
+  return std::ranges::equal(left.pixels, right.pixels, pixelLooksSame);
+}
+
+XClient::XClient(const std::string& display) : connection_(xcb_connect(display.c_str(), nullptr)) {
+  if (xcb_connection_has_error(connection_.get()) != 0) throw std::runtime_error("cannot connect to " + display);
+  screen_ = xcb_setup_roots_iterator(xcb_get_setup(connection_.get())).data;
+  window_ = xcb_generate_id(connection_.get());
+  xcb_create_window(connection_.get(), XCB_COPY_FROM_PARENT, window_, screen_->root, -1, -1, 1, 1, 0,
+                    XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, 0, nullptr);
+  xfixesEvent_ = xcb_get_extension_data(connection_.get(), &xcb_xfixes_id)->first_event;
+  Reply<xcb_xfixes_query_version_reply_t> version(
+      xcb_xfixes_query_version_reply(connection_.get(), xcb_xfixes_query_version(connection_.get(), 5, 0), nullptr));
+  xcb_xfixes_select_selection_input(connection_.get(), window_, atom("CLIPBOARD"),
+                                    XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER);
+  sync();
+}
+
+void XClient::sync() {
+  Reply<xcb_get_input_focus_reply_t> reply(
+      xcb_get_input_focus_reply(connection_.get(), xcb_get_input_focus(connection_.get()), nullptr));
+}
+
+void XClient::fakeInput(std::uint8_t type, std::uint8_t detail, Position position) {
+  xcb_test_fake_input(connection_.get(), type, detail, XCB_CURRENT_TIME, screen_->root,
+                      static_cast<std::int16_t>(position.x), static_cast<std::int16_t>(position.y), 0);
+  sync();
+}
+
+void XClient::keyDown(std::uint8_t keyCode) { fakeInput(XCB_KEY_PRESS, keyCode); }
+void XClient::keyUp(std::uint8_t keyCode) { fakeInput(XCB_KEY_RELEASE, keyCode); }
+
+void XClient::tap(std::uint8_t keyCode) {
+  keyDown(keyCode);
+  keyUp(keyCode);
+}
+
+void XClient::movePointer(Position position) { fakeInput(XCB_MOTION_NOTIFY, 0, position); }
+
+void XClient::click() {
+  fakeInput(XCB_BUTTON_PRESS, XCB_BUTTON_INDEX_1);
+  fakeInput(XCB_BUTTON_RELEASE, XCB_BUTTON_INDEX_1);
+}
+
+Position XClient::pointer() {
+  Reply<xcb_query_pointer_reply_t> reply(
+      xcb_query_pointer_reply(connection_.get(), xcb_query_pointer(connection_.get(), screen_->root), nullptr));
+  return reply ? Position{reply->root_x, reply->root_y} : Position{-1, -1};
+}
+
+xcb_atom_t XClient::atom(const std::string& name) {
+  Reply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(
+      connection_.get(), xcb_intern_atom(connection_.get(), 0, static_cast<std::uint16_t>(name.size()), name.c_str()),
+      nullptr));
+  return reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
+}
+
+std::vector<std::uint32_t> XClient::property32(xcb_window_t window, const std::string& name) {
+  Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(
+      connection_.get(), xcb_get_property(connection_.get(), 0, window, atom(name), XCB_ATOM_ANY, 0, kWholeProperty),
+      nullptr));
+  if (!reply || reply->format != 32) return {};
+  const auto* values = static_cast<const std::uint32_t*>(xcb_get_property_value(reply.get()));
+  return {values, values + reply->value_len};
+}
+
+std::string XClient::propertyText(xcb_window_t window, xcb_atom_t name) {
+  Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(
+      connection_.get(), xcb_get_property(connection_.get(), 0, window, name, XCB_ATOM_ANY, 0, kWholeProperty),
+      nullptr));
+  if (!reply || reply->format != 8) return {};
+  return {static_cast<const char*>(xcb_get_property_value(reply.get())), reply->value_len};
+}
+
+void XClient::sendToRoot(xcb_window_t window, const std::string& type, const std::uint32_t (&data)[5]) {
+  xcb_client_message_event_t event{};
+  event.response_type = XCB_CLIENT_MESSAGE;
+  event.format = 32;
+  event.window = window;
+  event.type = atom(type);
+  std::copy(std::begin(data), std::end(data), event.data.data32);
+  xcb_send_event(connection_.get(), 0, screen_->root,
+                 XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                 reinterpret_cast<const char*>(&event));
+  sync();
+}
+
+bool XClient::hasWindowManager() {
+  const auto check = property32(screen_->root, "_NET_SUPPORTING_WM_CHECK");
+  return !check.empty() && property32(check.front(), "_NET_SUPPORTING_WM_CHECK") == check;
+}
+
+xcb_window_t XClient::selectionOwner(const std::string& name) {
+  Reply<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(
+      connection_.get(), xcb_get_selection_owner(connection_.get(), atom(name)), nullptr));
+  return reply ? reply->owner : static_cast<xcb_window_t>(XCB_NONE);
+}
+
+xcb_window_t XClient::activeWindow() {
+  const auto active = property32(screen_->root, "_NET_ACTIVE_WINDOW");
+  return active.empty() ? static_cast<xcb_window_t>(XCB_NONE) : active.front();
+}
+
+xcb_window_t XClient::inputFocus() {
+  Reply<xcb_get_input_focus_reply_t> reply(
+      xcb_get_input_focus_reply(connection_.get(), xcb_get_input_focus(connection_.get()), nullptr));
+  return reply ? reply->focus : static_cast<xcb_window_t>(XCB_NONE);
+}
+
+std::vector<xcb_window_t> XClient::clientList() { return property32(screen_->root, "_NET_CLIENT_LIST"); }
+
+std::vector<xcb_window_t> XClient::windowsTitled(const std::string& wanted) {
+  std::vector<xcb_window_t> found = clientList();
+  std::erase_if(found, [&](xcb_window_t window) { return title(window) != wanted; });
+  return found;
+}
+
+std::string XClient::title(xcb_window_t window) {
+  const std::string name = propertyText(window, atom("_NET_WM_NAME"));
+  return name.empty() ? propertyText(window, XCB_ATOM_WM_NAME) : name;
+}
+
+void XClient::requestClose(xcb_window_t window) {
+  sendToRoot(window, "_NET_CLOSE_WINDOW", {XCB_CURRENT_TIME, 2, 0, 0, 0});
+}
+
+void XClient::requestActivation(xcb_window_t window) {
+  sendToRoot(window, "_NET_ACTIVE_WINDOW", {2, XCB_CURRENT_TIME, 0, 0, 0});
+}
+
+std::optional<TopLevel> XClient::describe(xcb_window_t window) {
+  Reply<xcb_get_window_attributes_reply_t> attributes(xcb_get_window_attributes_reply(
+      connection_.get(), xcb_get_window_attributes(connection_.get(), window), nullptr));
+  Reply<xcb_get_geometry_reply_t> geometry(
+      xcb_get_geometry_reply(connection_.get(), xcb_get_geometry(connection_.get(), window), nullptr));
+  if (!attributes || !geometry || attributes->_class == XCB_WINDOW_CLASS_INPUT_ONLY) return std::nullopt;
+  return TopLevel{window,
+                  {geometry->x, geometry->y, geometry->width, geometry->height},
+                  attributes->map_state == XCB_MAP_STATE_VIEWABLE,
+                  attributes->override_redirect != 0};
+}
+
+std::vector<TopLevel> XClient::topLevels() {
+  Reply<xcb_query_tree_reply_t> tree(
+      xcb_query_tree_reply(connection_.get(), xcb_query_tree(connection_.get(), screen_->root), nullptr));
+  std::vector<TopLevel> found;
+  const xcb_window_t* windows = xcb_query_tree_children(tree.get());
+  for (int i = 0; i < xcb_query_tree_children_length(tree.get()); ++i) {
+    if (const auto description = describe(windows[i])) found.push_back(*description);
+  }
+  return found;
+}
+
+pid_t XClient::ownerOf(std::uint32_t resource) {
+  const xcb_res_client_id_spec_t wanted{resource, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
+  Reply<xcb_res_query_client_ids_reply_t> reply(xcb_res_query_client_ids_reply(
+      connection_.get(), xcb_res_query_client_ids(connection_.get(), 1, &wanted), nullptr));
+  if (!reply) return 0;
+  for (auto id = xcb_res_query_client_ids_ids_iterator(reply.get()); id.rem > 0; xcb_res_client_id_value_next(&id)) {
+    if (xcb_res_client_id_value_value_length(id.data) > 0) {
+      return static_cast<pid_t>(*xcb_res_client_id_value_value(id.data));
+    }
+  }
+  return 0;
+}
+
+std::size_t XClient::resourceCount(pid_t process, const std::string& type) {
+  Reply<xcb_res_query_clients_reply_t> clients(
+      xcb_res_query_clients_reply(connection_.get(), xcb_res_query_clients(connection_.get()), nullptr));
+  const xcb_atom_t wanted = atom(type);
+  std::size_t count = 0;
+  for (int i = 0; i < xcb_res_query_clients_clients_length(clients.get()); ++i) {
+    const std::uint32_t base = xcb_res_query_clients_clients(clients.get())[i].resource_base;
+    if (ownerOf(base) != process) continue;
+    Reply<xcb_res_query_client_resources_reply_t> held(xcb_res_query_client_resources_reply(
+        connection_.get(), xcb_res_query_client_resources(connection_.get(), base), nullptr));
+    if (!held) continue;
+    const xcb_res_type_t* types = xcb_res_query_client_resources_types(held.get());
+    for (int j = 0; j < xcb_res_query_client_resources_types_length(held.get()); ++j) {
+      if (types[j].resource_type == wanted) count += types[j].count;
+    }
+  }
+  return count;
+}
+
+bool XClient::keyboardIsAtRest() {
+  Reply<xcb_query_keymap_reply_t> keys(
+      xcb_query_keymap_reply(connection_.get(), xcb_query_keymap(connection_.get()), nullptr));
+  Reply<xcb_query_pointer_reply_t> state(
+      xcb_query_pointer_reply(connection_.get(), xcb_query_pointer(connection_.get(), screen_->root), nullptr));
+  return keys && state && state->mask == 0 &&
+         std::all_of(std::begin(keys->keys), std::end(keys->keys), [](std::uint8_t bits) { return bits == 0; });
+}
+
+bool XClient::nothingIsGrabbed() {
+  Reply<xcb_grab_keyboard_reply_t> keyboard(
+      xcb_grab_keyboard_reply(connection_.get(),
+                              xcb_grab_keyboard(connection_.get(), 0, screen_->root, XCB_CURRENT_TIME,
+                                                XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC),
+                              nullptr));
+  Reply<xcb_grab_pointer_reply_t> pointer(
+      xcb_grab_pointer_reply(connection_.get(),
+                             xcb_grab_pointer(connection_.get(), 0, screen_->root, 0, XCB_GRAB_MODE_ASYNC,
+                                              XCB_GRAB_MODE_ASYNC, XCB_NONE, XCB_NONE, XCB_CURRENT_TIME),
+                             nullptr));
+  xcb_ungrab_keyboard(connection_.get(), XCB_CURRENT_TIME);
+  xcb_ungrab_pointer(connection_.get(), XCB_CURRENT_TIME);
+  sync();
+  return keyboard && keyboard->status == XCB_GRAB_STATUS_SUCCESS && pointer &&
+         pointer->status == XCB_GRAB_STATUS_SUCCESS;
+}
+
+bool XClient::grabKey(std::uint8_t keyCode, std::uint16_t modifiers) {
+  const auto cookie = xcb_grab_key_checked(connection_.get(), 0, screen_->root, modifiers, keyCode, XCB_GRAB_MODE_ASYNC,
+                                           XCB_GRAB_MODE_ASYNC);
+  Reply<xcb_generic_error_t> error(xcb_request_check(connection_.get(), cookie));
+  return !error;
+}
+
+void XClient::drainEvents() {
+  while (Reply<xcb_generic_event_t> event{xcb_poll_for_event(connection_.get())}) {
+    const int type = event->response_type & 0x7F;
+    if (type == xfixesEvent_ + XCB_XFIXES_SELECTION_NOTIFY) ++clipboardChanges_;
+    if (type == XCB_SELECTION_NOTIFY) clipboardAnswered_ = true;
+  }
+}
+
+std::optional<std::string> XClient::clipboardText() {
+  const xcb_atom_t target = atom("RONDORA_TEST_CLIPBOARD");
+  clipboardAnswered_ = false;
+  xcb_delete_property(connection_.get(), window_, target);
+  xcb_convert_selection(connection_.get(), window_, atom("CLIPBOARD"), atom("UTF8_STRING"), target, XCB_CURRENT_TIME);
+  sync();
+  const bool answered = waitUntil(
+      [this] {
+        drainEvents();
+        return clipboardAnswered_;
+      },
+      std::chrono::seconds(5));
+  if (!answered) return std::nullopt;
+  const std::string text = propertyText(window_, target);
+  return text.empty() ? std::nullopt : std::optional(text);
+}
+
+std::size_t XClient::clipboardChanges() {
+  sync();
+  drainEvents();
+  return clipboardChanges_;
+}
+
+Capture XClient::capture(Area area) {
+  const int right = std::min<int>(area.x + area.width, screen_->width_in_pixels);
+  const int bottom = std::min<int>(area.y + area.height, screen_->height_in_pixels);
+  area.x = std::max(area.x, 0);
+  area.y = std::max(area.y, 0);
+  area.width = right - area.x;
+  area.height = bottom - area.y;
+  Reply<xcb_get_image_reply_t> image(xcb_get_image_reply(
+      connection_.get(),
+      xcb_get_image(connection_.get(), XCB_IMAGE_FORMAT_Z_PIXMAP, screen_->root, static_cast<std::int16_t>(area.x),
+                    static_cast<std::int16_t>(area.y), static_cast<std::uint16_t>(area.width),
+                    static_cast<std::uint16_t>(area.height), ~0U),
+      nullptr));
+  if (!image) throw std::runtime_error("cannot capture the screen");
+  const auto* first = reinterpret_cast<const std::uint32_t*>(xcb_get_image_data(image.get()));
+  return {area, {first, first + area.width * area.height}};
+}
+
+}  // namespace rondora::live

@@ -1,0 +1,166 @@
+#include <gmock/gmock.h>
+
+#include "unit/app/program.h"
+
+namespace rondora {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Pair;
+
+class AppCommandsTest : public ProgramTest {
+ protected:
+  void useTrigger(HotkeyConfig hotkey) {
+    useMenus({appCommandsMenu(hotkey)});
+    launch();
+  }
+  void useChord() { useTrigger({49, kControlOption}); }
+  void pressChord() { press({Key::kControlKey, Key::kOptionKey, Key::kSpaceKey}); }
+  void answer(std::size_t request, const std::vector<std::string>& titles) {
+    std::vector<PieSubAction> commands(titles.size());
+    for (std::size_t i = 0; i < titles.size(); ++i) commands[i].title = titles[i];
+    program.subActions.requests.at(request)(commands);
+    desktop.time.runUntilIdle();
+  }
+};
+
+TEST_F(AppCommandsTest, ChosenCommandRunsAgainstThePreviousApplication) {
+  useChord();
+  pressChord();
+  EXPECT_FALSE(isMenuUp());
+  answer(0, {"Save", "Close"});
+  ASSERT_EQ(shownMenu(), "commands");
+  release({Key::kSpaceKey});
+  press({Key::kSpaceKey});
+  EXPECT_EQ(highlightedItem(), "Save");
+  release({Key::kSpaceKey, Key::kControlKey});
+  EXPECT_FALSE(isMenuUp());
+  EXPECT_THAT(program.subActions.performed, ElementsAre(Pair("Save", editor.processIdentifier)));
+  EXPECT_THAT(desktop.workspace.activationRequests, IsEmpty());
+}
+
+TEST_F(AppCommandsTest, AClickedCommandRunsToo) {
+  useTrigger({kKKey, 0});
+  press({kKKey});
+  answer(0, {"a", "b", "c", "d"});
+  pointAtSector(2);
+  desktop.overlay.click();
+  release({kKKey});
+  EXPECT_THAT(program.subActions.performed, ElementsAre(Pair("c", editor.processIdentifier)));
+}
+
+TEST_F(AppCommandsTest, APlainKeyLetGoTooEarlyShowsNothing) {
+  useTrigger({kKKey, 0});
+  press({kKKey});
+  release({kKKey});
+  answer(0, {"Save"});
+  EXPECT_THAT(desktop.overlay.panels, IsEmpty());
+  EXPECT_THAT(desktop.workspace.activationRequests, IsEmpty());
+}
+
+TEST_F(AppCommandsTest, ModifiersLetGoTooEarlyShowNothing) {
+  useChord();
+  pressChord();
+  release({Key::kSpaceKey, Key::kOptionKey});
+  answer(0, {"Save"});
+  EXPECT_THAT(desktop.overlay.panels, IsEmpty());
+}
+
+TEST_F(AppCommandsTest, TheKeyMayGoUpWhileTheModifiersStay) {
+  useChord();
+  pressChord();
+  release({Key::kSpaceKey});
+  answer(0, {"Save"});
+  EXPECT_EQ(shownMenu(), "commands");
+}
+
+TEST_F(AppCommandsTest, OnlyTheNewestRequestMayShowSomething) {
+  useChord();
+  pressChord();
+  release({Key::kSpaceKey});
+  press({Key::kSpaceKey});
+  ASSERT_EQ(program.subActions.requests.size(), 2U);
+  answer(0, {"stale"});
+  EXPECT_FALSE(isMenuUp());
+  answer(1, {"fresh"});
+  ASSERT_TRUE(isMenuUp());
+  program.overlay->advanceRunningAppsSelection();
+  EXPECT_EQ(highlightedItem(), "fresh");
+}
+
+TEST_F(AppCommandsTest, NothingIsShownWithoutCommandsTargetOrIdentifier) {
+  useChord();
+  pressChord();
+  answer(0, {});
+  EXPECT_FALSE(isMenuUp());
+
+  release({Key::kSpaceKey});
+  program.subActions.target->bundleIdentifier.reset();
+  press({Key::kSpaceKey});
+  release({Key::kSpaceKey});
+  program.subActions.target.reset();
+  press({Key::kSpaceKey});
+  EXPECT_EQ(program.subActions.requests.size(), 1U);
+}
+
+TEST_F(AppCommandsTest, AMenuOpenedMeanwhileStays) {
+  useMenus({appCommandsMenu({49, kControlOption}), menu("plain", {kKKey, kControlOption})});
+  launch();
+  pressChord();
+  press({kKKey});
+  ASSERT_EQ(shownMenu(), "plain");
+  answer(0, {"Save"});
+  EXPECT_EQ(shownMenu(), "plain");
+}
+
+TEST_F(AppCommandsTest, APendingChordRequestDoesNotSwallowAnotherMenusRelease) {
+  useMenus({appCommandsMenu({49, kControlOption}), menu("plain", {kKKey, 0})});
+  launch();
+  pressChord();
+  release({Key::kSpaceKey, Key::kOptionKey, Key::kControlKey});
+  press({kKKey});
+  ASSERT_EQ(shownMenu(), "plain");
+  release({kKKey});
+  EXPECT_FALSE(isMenuUp());
+}
+
+TEST_F(AppCommandsTest, CommandsOfAnActivatedApplicationAreReadAhead) {
+  useChord();
+  desktop.workspace.bringForward(browser.processIdentifier);
+  EXPECT_THAT(program.subActions.prefetched, ElementsAre(browser.processIdentifier));
+
+  desktop.workspace.install("org.example.agent", "Agent", ActivationPolicy::accessory);
+  desktop.workspace.bringForward(desktop.workspace.start("org.example.agent").processIdentifier);
+  desktop.workspace.start(desktop.environment.identifier);
+  EXPECT_EQ(program.subActions.prefetched.size(), 1U);
+}
+
+TEST_F(AppCommandsTest, NothingIsReadAheadForAMenuThatCannotOpen) {
+  useTrigger({});
+  desktop.workspace.bringForward(browser.processIdentifier);
+  PieMenu disabled = appCommandsMenu({49, kControlOption});
+  disabled.runningAppsMenuEnabled = false;
+  useMenus({disabled});
+  desktop.workspace.bringForward(editor.processIdentifier);
+  EXPECT_THAT(program.subActions.prefetched, IsEmpty());
+
+  PieMenu tapped = appCommandsMenu({});
+  tapped.trackpadFingerCount = 3;
+  useMenus({tapped});
+  desktop.workspace.bringForward(browser.processIdentifier);
+  EXPECT_THAT(program.subActions.prefetched, ElementsAre(browser.processIdentifier));
+}
+
+TEST_F(AppCommandsTest, AnAnswerAfterTheEndOfTheProgramDoesNothing) {
+  useChord();
+  auto second = std::make_unique<AppDelegate>(program.services());
+  second->applicationDidFinishLaunching();
+  program.delegate.applicationWillTerminate();
+  second.reset();
+  desktop.time.advance(2);
+  EXPECT_FALSE(isMenuUp());
+}
+
+}  // namespace
+}  // namespace rondora

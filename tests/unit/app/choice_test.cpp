@@ -1,0 +1,89 @@
+#include <gmock/gmock.h>
+
+#include "unit/app/program.h"
+
+namespace rondora {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Pair;
+
+class ChoiceTest : public ProgramTest {
+ protected:
+  ChoiceTest() {
+    useMenus({menu("plain", {kKKey, 0})});
+    launch();
+  }
+  /// Opens the menu and clicks a sector. The overlay is known to take nobody's activation away, so the test turns to
+  /// the browser meanwhile, as a program that forces itself to the front would.
+  void choose(std::size_t sector) {
+    press({kKKey});
+    desktop.workspace.bringForward(browser.processIdentifier);
+    pointAtSector(sector);
+    desktop.overlay.click();
+    release({kKKey});
+  }
+};
+
+TEST_F(ChoiceTest, AKeystrokeWaitsForThePreviousApplication) {
+  choose(2);
+  EXPECT_FALSE(isMenuUp());
+  EXPECT_EQ(frontApplication(), "org.example.editor");
+  desktop.time.advance(0.149);
+  EXPECT_THAT(program.keystrokes, IsEmpty());
+  desktop.time.advance(0.001);
+  EXPECT_THAT(program.keystrokes, ElementsAre(Pair(7, editor.processIdentifier)));
+}
+
+TEST_F(ChoiceTest, ASnippetIsCopiedAfterThePreviousApplicationIsBack) {
+  choose(1);
+  EXPECT_EQ(frontApplication(), "org.example.editor");
+  EXPECT_EQ(desktop.pasteboard.string, std::nullopt);
+  desktop.time.advance(0.15);
+  EXPECT_EQ(desktop.pasteboard.string, "hello");
+}
+
+TEST_F(ChoiceTest, AnEmptyItemOnlyGoesBack) {
+  choose(3);
+  desktop.time.advance(1);
+  EXPECT_EQ(frontApplication(), "org.example.editor");
+  EXPECT_THAT(desktop.workspace.activationRequests, ElementsAre(editor.processIdentifier));
+}
+
+TEST_F(ChoiceTest, LaunchingRunsAtOnceAndDoesNotGoBackFirst) {
+  desktop.workspace.bringForward(editor.processIdentifier);
+  press({kKKey});
+  pointAtSector(0);
+  desktop.overlay.click();
+  EXPECT_THAT(desktop.workspace.activationRequests, ElementsAre(browser.processIdentifier));
+  EXPECT_EQ(frontApplication(), "org.example.browser");
+}
+
+TEST_F(ChoiceTest, WithoutAPreviousApplicationAKeystrokeGoesToWhatIsInFrontNow) {
+  desktop.workspace.leaveAll();
+  choose(2);
+  EXPECT_THAT(program.keystrokes, ElementsAre(Pair(7, browser.processIdentifier)));
+  EXPECT_THAT(desktop.workspace.activationRequests, IsEmpty());
+
+  desktop.workspace.leaveAll();
+  desktop.overlay.moveTo(kPointer);
+  press({kKKey});
+  pointAtSector(2);
+  release({kKKey});
+  EXPECT_EQ(program.keystrokes.back().second, std::nullopt);
+}
+
+TEST_F(ChoiceTest, ASnippetIsPreviewedWhileItIsHovered) {
+  press({kKKey});
+  pointAtSector(1);
+  EXPECT_THAT(desktop.windows.previews, ElementsAre("hello"));
+  pointAtSector(0);
+  EXPECT_THAT(desktop.windows.previews, ElementsAre("hello", ""));
+  pointAtSector(1);
+  press({Key::kEscapeKey});
+  EXPECT_THAT(desktop.windows.previews, ElementsAre("hello", "", "hello", ""));
+}
+
+}  // namespace
+}  // namespace rondora

@@ -1,0 +1,195 @@
+#include <gmock/gmock.h>
+
+#include "unit/app/program.h"
+
+namespace rondora {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class LaunchTest : public ProgramTest {
+ protected:
+  void forgetIntroduction() { desktop.defaults.values.clear(); }
+  bool marker(std::string_view key) const { return desktop.defaults.boolean(key); }
+};
+
+TEST_F(LaunchTest, ComesUpInOrder) {
+  bool wasMade = false;
+  program.whenOverlayIsMade = [&] {
+    wasMade = true;
+    EXPECT_TRUE(desktop.defaults.hasValue("NSInitialToolTipDelay"));
+    EXPECT_TRUE(marker(AppLaunchState::kAutoOpenMigrationDone));
+    EXPECT_THAT(program.history.bundleIdentifiers(), ElementsAre("org.example.editor"));
+    EXPECT_EQ(desktop.shell.mainMenu.size(), 3U);
+    EXPECT_EQ(desktop.shell.activationPolicy, ActivationPolicy::accessory);
+    EXPECT_EQ(desktop.statusBar.items.size(), 1U);
+    EXPECT_EQ(desktop.keyboard.registrationCount(), 0U);
+  };
+  program.delegate.applicationDidFinishLaunching();
+  EXPECT_TRUE(wasMade);
+  EXPECT_GT(desktop.keyboard.registrationCount(), 0U);
+}
+
+TEST_F(LaunchTest, DescribesTheStatusItem) {
+  launch();
+  const StatusItemDescription& item = desktop.statusBar.items.front()->description;
+  EXPECT_EQ(item.autosaveName, "RondoraStatusItem");
+  EXPECT_EQ(item.toolTip, "Rondora");
+  EXPECT_EQ(item.accessibilityLabel, "Rondora");
+  ASSERT_EQ(item.menu.size(), 3U);
+  EXPECT_EQ(item.menu[0].symbol, "gearshape.fill");
+  EXPECT_TRUE(item.menu[1].isSeparator);
+  EXPECT_EQ(item.menu[2].symbol, "rectangle.portrait.and.arrow.right");
+
+  desktop.statusBar.choose(0);
+  desktop.statusBar.choose(0);
+  EXPECT_EQ(desktop.windows.settingsWindowsMade, 1);
+  EXPECT_EQ(desktop.windows.settingsShown, 2);
+  desktop.statusBar.choose(2);
+  EXPECT_EQ(desktop.shell.terminations, 1);
+}
+
+TEST_F(LaunchTest, KeepsAToolTipDelayThatIsThere) {
+  desktop.defaults.setInteger("NSInitialToolTipDelay", 20);
+  launch();
+  EXPECT_EQ(desktop.defaults.values["NSInitialToolTipDelay"], FakeUserDefaults::Value(std::int64_t{20}));
+  desktop.defaults.values.clear();
+  AppDelegate(program.services()).applicationDidFinishLaunching();
+  EXPECT_EQ(desktop.defaults.values["NSInitialToolTipDelay"], FakeUserDefaults::Value(std::int64_t{500}));
+}
+
+TEST_F(LaunchTest, AnExistingInstallationShowsNoWindow) {
+  launch();
+  desktop.time.advance(2);
+  EXPECT_EQ(desktop.windows.onboardingWindowsMade, 0);
+  EXPECT_EQ(desktop.windows.settingsShown, 0);
+  EXPECT_THAT(program.statusItemProblems, ElementsAre(std::nullopt));
+}
+
+TEST_F(LaunchTest, ANewUserIsIntroducedAndThenShownTheSettingsOnce) {
+  forgetIntroduction();
+  program.delegate.applicationDidFinishLaunching();
+  EXPECT_FALSE(desktop.windows.isOnboardingUp());
+  desktop.time.runUntilIdle();
+  ASSERT_TRUE(desktop.windows.isOnboardingUp());
+  EXPECT_FALSE(marker(AppLaunchState::kHasSeenPermissionIntro));
+  desktop.shell.becomeActive();
+  EXPECT_EQ(desktop.windows.settingsShown, 0);
+
+  desktop.windows.closeOnboarding();
+  desktop.time.runUntilIdle();
+  EXPECT_TRUE(marker(AppLaunchState::kHasSeenPermissionIntro));
+  EXPECT_TRUE(marker(AppLaunchState::kHasAutoOpenedSettings));
+  EXPECT_EQ(desktop.windows.settingsShown, 1);
+  desktop.shell.becomeActive();
+  EXPECT_EQ(desktop.windows.settingsShown, 1);
+}
+
+TEST_F(LaunchTest, SettingsWaitUntilThePermissionsAreThere) {
+  forgetIntroduction();
+  desktop.permissions.mayListen = false;
+  launch();
+  desktop.windows.closeOnboarding();
+  EXPECT_EQ(desktop.windows.settingsShown, 0);
+  desktop.permissions.mayListen = true;
+  desktop.shell.becomeActive();
+  EXPECT_EQ(desktop.windows.settingsShown, 1);
+}
+
+TEST_F(LaunchTest, TheIntroductionComesBackWhenAHotkeyNeedsAPermission) {
+  desktop.permissions.trusted = false;
+  program.permissions.refresh();
+  useMenus({menu("tab", {48, carbon::kCommand})});
+  launch();
+  EXPECT_TRUE(desktop.windows.isOnboardingUp());
+}
+
+TEST_F(LaunchTest, TheIntroductionClosesWhenBothPermissionsAreThere) {
+  forgetIntroduction();
+  desktop.permissions.trusted = desktop.permissions.mayListen = false;
+  program.permissions.refresh();
+  useMenus({menu("main", {49, kControlOption})});
+  desktop.keyboard.foreignOwners.insert({49, 0x1800});
+  launch();
+  ASSERT_TRUE(desktop.windows.isOnboardingUp());
+
+  desktop.keyboard.foreignOwners.clear();
+  desktop.permissions.trusted = true;
+  program.permissions.refresh();
+  EXPECT_TRUE(desktop.keyboard.isRegistered(49, 0x1800));
+  EXPECT_EQ(desktop.permissions.listenRequests, 1);
+  EXPECT_TRUE(desktop.windows.isOnboardingUp());
+
+  desktop.permissions.mayListen = true;
+  program.permissions.refresh();
+  EXPECT_FALSE(desktop.windows.isOnboardingUp());
+  EXPECT_EQ(desktop.shell.activations, 1);
+  EXPECT_EQ(desktop.shell.relaunches, 0);
+  EXPECT_TRUE(marker(AppLaunchState::kHasSeenPermissionIntro));
+  EXPECT_EQ(desktop.windows.settingsShown, 1);
+}
+
+TEST_F(LaunchTest, AHiddenStatusItemOpensTheSettingsOneSecondAfterLaunch) {
+  desktop.statusBar.problem = "there is no tray";
+  useMenus({});
+  launch();
+  desktop.time.advance(0.999);
+  EXPECT_THAT(desktop.log.lines, IsEmpty());
+  desktop.time.advance(0.001);
+  EXPECT_TRUE(desktop.log.contains(LogLevel::error, "status item not visible: there is no tray"));
+  EXPECT_EQ(desktop.windows.settingsShown, 1);
+
+  desktop.screens.change({});
+  desktop.shell.becomeActive();
+  EXPECT_EQ(desktop.log.lines.size(), 3U);
+  EXPECT_EQ(desktop.windows.settingsShown, 1);
+  EXPECT_EQ(program.statusItemProblems.size(), 3U);
+}
+
+TEST_F(LaunchTest, AHiddenStatusItemDoesNotDisturbTheIntroduction) {
+  forgetIntroduction();
+  desktop.statusBar.problem = "there is no tray";
+  launch();
+  desktop.time.advance(1);
+  EXPECT_EQ(desktop.windows.settingsShown, 0);
+}
+
+TEST_F(LaunchTest, StartingTheProgramAgainOpensItsSettings) {
+  launch();
+  EXPECT_TRUE(program.delegate.applicationShouldHandleReopen(false));
+  EXPECT_EQ(desktop.windows.settingsShown, 1);
+  EXPECT_FALSE(program.delegate.applicationShouldTerminateAfterLastWindowClosed());
+}
+
+TEST_F(LaunchTest, GivesEverythingBackWhenItTerminates) {
+  PieMenu tapped = menu("tapped", {49, kControlOption});
+  tapped.trackpadFingerCount = 3;
+  useMenus({tapped});
+  launch();
+  program.delegate.applicationWillTerminate();
+  EXPECT_EQ(desktop.keyboard.registrationCount(), 0U);
+  EXPECT_TRUE(program.delegate.trackpadGestureMonitor().fingerCounts().empty());
+  EXPECT_EQ(program.switcherRestorations, 1);
+}
+
+TEST_F(LaunchTest, CallbacksThatOutliveTheDelegateDoNothing) {
+  forgetIntroduction();
+  {
+    AppDelegate shortLived(program.services());
+    shortLived.applicationDidFinishLaunching();
+    desktop.keyboard.pressAll({Key::kControlKey, Key::kOptionKey, Key::kSpaceKey});
+  }
+  desktop.time.advance(2);
+  desktop.shell.becomeActive();
+  desktop.shell.mainMenu.front().action();
+  program.notifications.post(ConfigManager::configurationDidChange);
+  EXPECT_FALSE(desktop.overlay.holdsKeyboard());
+  EXPECT_EQ(desktop.windows.onboardingWindowsMade, 0);
+  EXPECT_EQ(desktop.windows.settingsShown, 0);
+  EXPECT_EQ(desktop.keyboard.registrationCount(), 0U);
+  EXPECT_EQ(desktop.keyboard.monitorCount(), 0U);
+}
+
+}  // namespace
+}  // namespace rondora

@@ -1,0 +1,153 @@
+#include "unit/app/program.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "pie/sector_geometry.h"
+
+namespace rondora {
+
+Program::Program(FakePlatform& on)
+    : desktop(on),
+      configManager({on.files, on.time, on.log, on.random, notifications}),
+      permissions(on.permissions, on.time, on.shell),
+      history(on.workspace),
+      runningAppsMenuItems(on.workspace, history, on.environment.identifier),
+      appLauncher(on.workspace, on.pasteboard,
+                  [this](const Keystroke& keystroke, std::optional<std::int32_t> targetPID) {
+                    keystrokes.emplace_back(keystroke.keyCode, targetPID);
+                  }),
+      delegate(services()) {}
+
+AppServices Program::services() {
+  return {desktop.time,
+          desktop.log,
+          desktop.random,
+          desktop.defaults,
+          desktop.environment,
+          desktop.workspace,
+          desktop.screens,
+          desktop.keyboard,
+          desktop.keyboard,
+          desktop.statusBar,
+          desktop.windows,
+          desktop.shell,
+          desktop.permissions,
+          notifications,
+          configManager,
+          localization,
+          permissions.snapshot(),
+          history,
+          runningAppsMenuItems,
+          appLauncher,
+          subActions,
+          [this] { return makePieMenuWindow(); },
+          [this] { ++switcherRestorations; },
+          [this](const std::optional<std::string>& problem) { statusItemProblems.push_back(problem); }};
+}
+
+std::unique_ptr<PieMenuWindowController> Program::makePieMenuWindow() {
+  if (whenOverlayIsMade) whenOverlayIsMade();
+  auto made = std::make_unique<PieMenuWindowController>(
+      PieMenuWindowController::Ports{desktop.overlay, desktop.screens, desktop.overlay, desktop.haptics,
+                                     desktop.keyboard, desktop.time, desktop.time},
+      PieMenuWindowController::Environment{});
+  overlay = made.get();
+  return made;
+}
+
+ProgramTest::ProgramTest() {
+  desktop.workspace.install("org.example.browser", "Browser");
+  desktop.workspace.install("org.example.editor", "Editor");
+  browser = desktop.workspace.start("org.example.browser");
+  editor = desktop.workspace.start("org.example.editor");
+  desktop.defaults.setBoolean(AppLaunchState::kHasSeenPermissionIntro, true);
+  desktop.overlay.moveTo(kPointer);
+  program.subActions.target = editor;
+}
+
+PieMenuItem ProgramTest::item(const std::string& title, MenuAction action, std::int64_t sector) {
+  PieMenuItem made;
+  made.title = title;
+  made.action = std::move(action);
+  made.sectorIndex = sector;
+  return made;
+}
+
+PieMenu ProgramTest::menu(const std::string& name, HotkeyConfig hotkey) {
+  PieMenu made;
+  made.id = desktop.random.uuid();
+  made.name = name;
+  made.hotkey = hotkey;
+  made.items = {item("browser", LaunchApp{"org.example.browser"}, 0), item("snippet", Snippet{"hello"}, 1),
+                item("keystroke", Keystroke{7, 0}, 2), item("nothing", Unassigned{}, 3)};
+  return made;
+}
+
+PieMenu ProgramTest::runningAppsMenu(HotkeyConfig hotkey) {
+  PieMenu made = menu("running", hotkey);
+  made.kind = PieMenuKind::runningApps;
+  made.items.clear();
+  return made;
+}
+
+PieMenu ProgramTest::appCommandsMenu(HotkeyConfig hotkey) {
+  PieMenu made = menu("commands", hotkey);
+  made.kind = PieMenuKind::appCommands;
+  made.items.clear();
+  return made;
+}
+
+void ProgramTest::useMenus(std::vector<PieMenu> menus) {
+  const auto addIfMissing = [&menus](PieMenu special) {
+    const bool isThere =
+        std::any_of(menus.begin(), menus.end(), [&](const PieMenu& known) { return known.kind == special.kind; });
+    if (!isThere) menus.push_back(std::move(special));
+  };
+  addIfMissing(runningAppsMenu({}));
+  addIfMissing(appCommandsMenu({}));
+  PieConfiguration configuration = program.configManager.current();
+  configuration.menus = std::move(menus);
+  program.configManager.save(std::move(configuration));
+  desktop.time.runUntilIdle();
+}
+
+void ProgramTest::launch() {
+  program.delegate.applicationDidFinishLaunching();
+  desktop.time.runUntilIdle();
+}
+
+void ProgramTest::press(std::initializer_list<std::uint16_t> keys) {
+  desktop.keyboard.pressAll(keys);
+  desktop.time.runUntilIdle();
+}
+
+void ProgramTest::release(std::initializer_list<std::uint16_t> keys) {
+  desktop.keyboard.releaseAll(keys);
+  desktop.time.runUntilIdle();
+}
+
+void ProgramTest::pointAtSector(std::size_t index) {
+  constexpr std::size_t kSectors = 4;
+  constexpr double kDistance = 100;
+  const double angle = startAngle(index, kSectors, 0) + sectorWidth(kSectors) / 2;
+  desktop.overlay.moveTo(kPointer + Point{std::cos(angle), std::sin(angle)} * kDistance);
+}
+
+std::string ProgramTest::shownMenu() const {
+  const auto& id = program.overlay->displayedMenuId();
+  if (!isMenuUp() || !id) return "";
+  for (const PieMenu& known : program.configManager.current().menus) {
+    if (known.id == *id) return known.name;
+  }
+  return "unknown";
+}
+
+std::string ProgramTest::highlightedItem() const {
+  const auto selection = program.overlay->currentSelection();
+  if (!selection) return "";
+  if (const auto* chosen = std::get_if<PieMenuItem>(&*selection)) return chosen->title;
+  return std::get<PieSubAction>(*selection).title;
+}
+
+}  // namespace rondora

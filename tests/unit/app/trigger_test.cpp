@@ -1,0 +1,283 @@
+#include <gmock/gmock.h>
+
+#include <algorithm>
+
+#include "unit/app/program.h"
+
+namespace rondora {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class TriggerTest : public ProgramTest {
+ protected:
+  TriggerTest() {
+    useMenus(
+        {menu("chord", {49, kControlOption}), menu("plain", {kKKey, 0}), menu("digit", {kOneKey, carbon::kControl})});
+    launch();
+  }
+  void openChordMenu() { press({Key::kControlKey, Key::kOptionKey, Key::kSpaceKey}); }
+  /// Two steps of one chord lie a human moment apart.
+  void tapAgain(std::uint16_t key) {
+    press({key});
+    desktop.time.advance(0.1);
+    release({key});
+  }
+};
+
+TEST_F(TriggerTest, ChordIsHeldTappedToStepAndLetGoToChoose) {
+  openChordMenu();
+  ASSERT_EQ(shownMenu(), "chord");
+  EXPECT_EQ(desktop.overlay.keyPanel()->frame.center(), kPointer);
+
+  desktop.keyboard.repeat(Key::kSpaceKey);
+  desktop.time.runUntilIdle();
+  EXPECT_EQ(highlightedItem(), "");
+  release({Key::kSpaceKey});
+  tapAgain(Key::kSpaceKey);
+  EXPECT_EQ(highlightedItem(), "browser");
+  tapAgain(Key::kSpaceKey);
+  EXPECT_EQ(highlightedItem(), "snippet");
+  for (int step = 0; step < 3; ++step) tapAgain(Key::kSpaceKey);
+  EXPECT_EQ(highlightedItem(), "browser");
+
+  release({Key::kOptionKey});
+  EXPECT_FALSE(isMenuUp());
+  EXPECT_EQ(frontApplication(), "org.example.browser");
+  EXPECT_THAT(desktop.keyboard.seenByApplications, IsEmpty());
+}
+
+TEST_F(TriggerTest, HoldingASecondTapDownStepsOnce) {
+  openChordMenu();
+  release({Key::kSpaceKey});
+  press({Key::kSpaceKey});
+  for (int repeat = 0; repeat < 5; ++repeat) {
+    desktop.time.advance(0.03);
+    desktop.keyboard.repeat(Key::kSpaceKey);
+  }
+  desktop.time.runUntilIdle();
+  EXPECT_EQ(highlightedItem(), "browser");
+}
+
+TEST_F(TriggerTest, LettingAChordGoWithoutAChoiceGoesBackOnce) {
+  openChordMenu();
+  release({Key::kSpaceKey, Key::kControlKey});
+  EXPECT_FALSE(isMenuUp());
+  EXPECT_THAT(desktop.workspace.activationRequests, ElementsAre(editor.processIdentifier));
+  release({Key::kOptionKey});
+  EXPECT_EQ(desktop.workspace.activationRequests.size(), 1U);
+  EXPECT_EQ(frontApplication(), "org.example.editor");
+}
+
+TEST_F(TriggerTest, ModifiersLetGoBeforeTheMenuIsUpCloseItAtOnce) {
+  desktop.keyboard.pressAll({Key::kControlKey, Key::kOptionKey, Key::kSpaceKey});
+  desktop.keyboard.releaseAll({Key::kSpaceKey, Key::kOptionKey, Key::kControlKey});
+  desktop.time.runUntilIdle();
+  EXPECT_EQ(desktop.overlay.panels.size(), 1U);
+  EXPECT_FALSE(isMenuUp());
+  EXPECT_THAT(desktop.workspace.activationRequests, ElementsAre(editor.processIdentifier));
+}
+
+TEST_F(TriggerTest, PlainKeyIsHeldPointedAndLetGo) {
+  press({kKKey});
+  ASSERT_EQ(shownMenu(), "plain");
+  desktop.keyboard.repeat(kKKey);
+  pointAtSector(0);
+  desktop.keyboard.repeat(kKKey);
+  release({kKKey});
+  EXPECT_FALSE(isMenuUp());
+  EXPECT_EQ(frontApplication(), "org.example.browser");
+}
+
+TEST_F(TriggerTest, PlainKeyLetGoWithoutPointingChoosesNothing) {
+  press({kKKey});
+  release({kKKey});
+  EXPECT_FALSE(isMenuUp());
+  EXPECT_EQ(frontApplication(), "org.example.editor");
+}
+
+TEST_F(TriggerTest, PlainKeyTappedFasterThanTheMenuOpensStillClosesIt) {
+  desktop.keyboard.tap(kKKey);
+  desktop.time.runUntilIdle();
+  EXPECT_EQ(desktop.overlay.panels.size(), 1U);
+  EXPECT_FALSE(isMenuUp());
+}
+
+TEST_F(TriggerTest, AKeyUpThatGotLostIsMadeUpForByTheNextOne) {
+  press({kKKey});
+  desktop.keyboard.releaseUnseen(kKKey);
+  pointAtSector(0);
+  press({kKKey});
+  EXPECT_EQ(highlightedItem(), "browser");
+  EXPECT_TRUE(isMenuUp());
+  release({kKKey});
+  EXPECT_FALSE(isMenuUp());
+  EXPECT_EQ(frontApplication(), "org.example.browser");
+}
+
+TEST_F(TriggerTest, AnotherMenusKeyClosesAndOpensNothing) {
+  openChordMenu();
+  release({Key::kSpaceKey});
+  desktop.keyboard.releaseUnseen(Key::kOptionKey);
+  press({kOneKey});
+  EXPECT_FALSE(isMenuUp());
+  EXPECT_EQ(desktop.overlay.panels.size(), 1U);
+  EXPECT_THAT(desktop.workspace.activationRequests, ElementsAre(editor.processIdentifier));
+
+  release({kOneKey});
+  press({kOneKey});
+  EXPECT_EQ(shownMenu(), "digit");
+}
+
+TEST_F(TriggerTest, ATriggerWhoseKeyIsALabelChoosesInsteadOfStepping) {
+  press({Key::kControlKey, kOneKey});
+  ASSERT_EQ(shownMenu(), "digit");
+  desktop.keyboard.repeat(kOneKey);
+  desktop.time.runUntilIdle();
+  ASSERT_TRUE(isMenuUp());
+  release({kOneKey});
+  press({kOneKey});
+  EXPECT_FALSE(isMenuUp());
+  desktop.time.advance(0.15);
+  EXPECT_EQ(desktop.pasteboard.string, "hello");
+}
+
+TEST_F(TriggerTest, QuickSelectKeyChoosesWhileTheChordIsHeld) {
+  openChordMenu();
+  press({kOneKey});
+  EXPECT_FALSE(isMenuUp());
+  desktop.time.advance(0.15);
+  EXPECT_EQ(desktop.pasteboard.string, "hello");
+  EXPECT_THAT(desktop.keyboard.seenByApplications, IsEmpty());
+}
+
+TEST_F(TriggerTest, EscapeChoosesNothingAndAnotherPressOpensAgain) {
+  openChordMenu();
+  pointAtSector(0);
+  press({Key::kEscapeKey});
+  EXPECT_FALSE(isMenuUp());
+  release({Key::kEscapeKey, Key::kSpaceKey, Key::kOptionKey, Key::kControlKey});
+  EXPECT_EQ(frontApplication(), "org.example.editor");
+  EXPECT_EQ(desktop.keyboard.monitorCount(), 1U);
+
+  openChordMenu();
+  EXPECT_EQ(shownMenu(), "chord");
+}
+
+TEST_F(TriggerTest, AClickChoosesAndOneInTheHubDismisses) {
+  openChordMenu();
+  desktop.overlay.click();
+  EXPECT_FALSE(isMenuUp());
+  EXPECT_EQ(frontApplication(), "org.example.editor");
+
+  release({Key::kSpaceKey});
+  press({Key::kSpaceKey});
+  pointAtSector(0);
+  desktop.overlay.click();
+  EXPECT_FALSE(isMenuUp());
+  EXPECT_EQ(frontApplication(), "org.example.browser");
+  EXPECT_EQ(desktop.overlay.clicksOnDesktop, 0);
+}
+
+TEST_F(TriggerTest, AMenuThatGetsNoKeyboardGoesAwayAndTheNextOneComes) {
+  desktop.overlay.refusesGrab = true;
+  press({kKKey});
+  EXPECT_FALSE(program.overlay->isVisible());
+  release({kKKey});
+  desktop.overlay.refusesGrab = false;
+  press({kKKey});
+  EXPECT_EQ(shownMenu(), "plain");
+}
+
+TEST_F(TriggerTest, ManyOpeningsLeaveNothingBehind) {
+  desktop.time.advance(2);
+  const std::size_t pending = desktop.time.pendingCount();
+  for (int opening = 0; opening < 200; ++opening) {
+    openChordMenu();
+    ASSERT_TRUE(isMenuUp());
+    release({Key::kSpaceKey, Key::kOptionKey, Key::kControlKey});
+    desktop.time.advance(0.5);
+  }
+  EXPECT_FALSE(isMenuUp());
+  EXPECT_EQ(desktop.keyboard.monitorCount(), 1U);
+  EXPECT_EQ(desktop.keyboard.currentModifierFlags(), 0U);
+  EXPECT_EQ(desktop.time.pendingCount(), pending);
+  EXPECT_TRUE(std::all_of(desktop.overlay.panels.begin(), desktop.overlay.panels.end(),
+                          [](const auto& panel) { return panel->isGone; }));
+  EXPECT_EQ(frontApplication(), "org.example.editor");
+}
+
+class SharedTriggerTest : public ProgramTest {};
+
+TEST_F(SharedTriggerTest, FirstMenuOpensAndTheOneOnScreenKeepsTheKey) {
+  PieMenu second = menu("second", {49, kControlOption});
+  second.trackpadFingerCount = 4;
+  useMenus({menu("other", {kKKey, 0}), menu("first", {49, kControlOption}), second});
+  launch();
+  press({Key::kControlKey, Key::kOptionKey, Key::kSpaceKey});
+  EXPECT_EQ(shownMenu(), "first");
+  release({Key::kSpaceKey, Key::kControlKey});
+
+  program.delegate.trackpadGestureMonitor().onTap(4);
+  ASSERT_EQ(shownMenu(), "second");
+  press({Key::kControlKey, Key::kSpaceKey});
+  EXPECT_EQ(shownMenu(), "second");
+  EXPECT_EQ(highlightedItem(), "browser");
+}
+
+TEST_F(SharedTriggerTest, ATapOpensAndASecondTapCloses) {
+  PieMenu tapped = menu("tapped", {});
+  tapped.trackpadFingerCount = 3;
+  useMenus({tapped, menu("chord", {49, kControlOption})});
+  launch();
+  auto& trackpad = program.delegate.trackpadGestureMonitor();
+  trackpad.onTap(5);
+  EXPECT_FALSE(isMenuUp());
+  trackpad.onTap(3);
+  EXPECT_EQ(shownMenu(), "tapped");
+  trackpad.onTap(3);
+  EXPECT_FALSE(isMenuUp());
+  EXPECT_THAT(desktop.workspace.activationRequests, ElementsAre(editor.processIdentifier));
+
+  press({Key::kControlKey, Key::kOptionKey, Key::kSpaceKey});
+  ASSERT_EQ(shownMenu(), "chord");
+  trackpad.onTap(3);
+  EXPECT_FALSE(isMenuUp());
+}
+
+TEST_F(SharedTriggerTest, ADisabledSpecialMenusKeyIsLeftToTheApplication) {
+  PieMenu disabled = runningAppsMenu({kKKey, 0});
+  disabled.runningAppsMenuEnabled = false;
+  useMenus({disabled});
+  launch();
+  press({kKKey});
+  EXPECT_FALSE(isMenuUp());
+  EXPECT_THAT(desktop.keyboard.seenByApplications, ElementsAre(kKKey));
+}
+
+TEST_F(SharedTriggerTest, ATakenHotkeyIsReportedAndNowhereElse) {
+  desktop.keyboard.foreignOwners.insert({49, 0x1800});
+  useMenus({menu("taken", {49, kControlOption}), menu("plain", {kKKey, 0})});
+  launch();
+  EXPECT_THAT(program.delegate.hotkeyManager()->failedRegistrationMenuIndices(), ElementsAre(0));
+  EXPECT_THAT(desktop.log.lines, IsEmpty());
+  press({kKKey});
+  EXPECT_EQ(shownMenu(), "plain");
+}
+
+TEST_F(SharedTriggerTest, TheRunningAppsMenuShowsTheRunningApplications) {
+  useMenus({runningAppsMenu({kKKey, 0})});
+  launch();
+  desktop.workspace.bringForward(browser.processIdentifier);
+  press({kKKey});
+  program.overlay->advanceRunningAppsSelection();
+  EXPECT_EQ(highlightedItem(), "Browser");
+  desktop.time.advance(0.1);
+  program.overlay->advanceRunningAppsSelection();
+  release({kKKey});
+  EXPECT_EQ(frontApplication(), "org.example.editor");
+}
+
+}  // namespace
+}  // namespace rondora

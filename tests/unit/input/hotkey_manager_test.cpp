@@ -1,0 +1,140 @@
+#include "input/hotkey_manager.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "doubles/fake_platform.h"
+
+namespace rondora {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using Indices = std::vector<std::uint32_t>;
+
+constexpr std::int64_t kControlOption = carbon::kControl | carbon::kOption;
+
+class HotkeyManagerTest : public testing::Test {
+ protected:
+  HotkeyManagerTest() { listen(manager); }
+
+  void listen(HotkeyManager& to) {
+    to.onHotkeyPressed = [this](HotkeyManager::MenuIndices indices) {
+      pressed.emplace_back(indices.begin(), indices.end());
+    };
+    to.onHotkeyReleased = [this](HotkeyManager::MenuIndices indices) {
+      released.emplace_back(indices.begin(), indices.end());
+    };
+  }
+  static PieMenu menuWith(std::int64_t keyCode, std::int64_t carbonModifiers) {
+    PieMenu menu;
+    menu.hotkey = {keyCode, carbonModifiers};
+    return menu;
+  }
+  int send(std::uint32_t kind, std::uint32_t id) {
+    const HotKeyEvent event{kind, {0x50494521, id}};
+    return desktop.keyboard.send(&event);
+  }
+
+  FakePlatform desktop;
+  std::vector<Indices> pressed;
+  std::vector<Indices> released;
+  HotkeyManager manager{desktop.keyboard, desktop.log};
+};
+
+TEST_F(HotkeyManagerTest, ReportsPressAndReleaseOfASharedHotkeyWithAllItsMenus) {
+  manager.registerAll({menuWith(0, 0), menuWith(49, kControlOption), menuWith(-1, 0), menuWith(49, kControlOption)});
+  EXPECT_EQ(desktop.keyboard.registrationCount(), 2U);
+
+  desktop.keyboard.pressAll({FakeKeyboard::kControlKey, FakeKeyboard::kOptionKey, FakeKeyboard::kSpaceKey});
+  EXPECT_THAT(pressed, ElementsAre(ElementsAre(1, 3)));
+  EXPECT_THAT(released, IsEmpty());
+
+  desktop.keyboard.releaseAll({FakeKeyboard::kControlKey, FakeKeyboard::kSpaceKey});
+  EXPECT_THAT(released, ElementsAre(ElementsAre(1, 3)));
+  EXPECT_THAT(desktop.keyboard.seenByApplications, IsEmpty());
+}
+
+TEST_F(HotkeyManagerTest, MatchesModifiersExactly) {
+  manager.registerAll({menuWith(49, kControlOption)});
+  desktop.keyboard.pressAll({FakeKeyboard::kControlKey, FakeKeyboard::kSpaceKey});
+  EXPECT_THAT(pressed, IsEmpty());
+}
+
+TEST_F(HotkeyManagerTest, LeavesFnToTheTapAndDisabledMenusAlone) {
+  PieMenu disabled = menuWith(40, 0);
+  disabled.kind = PieMenuKind::appCommands;
+  disabled.runningAppsMenuEnabled = false;
+  manager.registerAll({menuWith(63, 0), menuWith(0, carbon::kFunction | carbon::kShift), disabled});
+  EXPECT_EQ(desktop.keyboard.registrationCount(), 0U);
+  EXPECT_EQ(manager.hidTap()->bindings().size(), 2U);
+  EXPECT_THAT(manager.failedRegistrationMenuIndices(), IsEmpty());
+}
+
+TEST_F(HotkeyManagerTest, CountsAForeignOwnerAsFailureOfEveryMenuThatShares) {
+  desktop.keyboard.foreignOwners.insert({49, 0x1800});
+  manager.registerAll({menuWith(49, kControlOption), menuWith(0, 0), menuWith(49, kControlOption)});
+  EXPECT_THAT(manager.failedRegistrationMenuIndices(), ElementsAre(0, 2));
+  EXPECT_EQ(manager.liveRegistration(49, kControlOption), nullptr);
+  EXPECT_THAT(desktop.log.lines, IsEmpty());
+
+  manager.unregisterAll();
+  EXPECT_THAT(manager.failedRegistrationMenuIndices(), IsEmpty());
+}
+
+TEST_F(HotkeyManagerTest, CountsNumbersThatNoHotkeyCanHaveAsFailure) {
+  manager.registerAll({menuWith(INT64_MAX, 0), menuWith(0, std::int64_t{1} << 40), menuWith(0x1'0000'0031, 0)});
+  EXPECT_EQ(desktop.keyboard.registrationCount(), 0U);
+  EXPECT_THAT(manager.failedRegistrationMenuIndices(), ElementsAre(0, 1, 2));
+}
+
+TEST_F(HotkeyManagerTest, BacksUpCommandTabBesideTheTap) {
+  manager.registerAll({menuWith(48, carbon::kCommand)});
+  EXPECT_TRUE(desktop.keyboard.isRegistered(48, 0x100));
+  EXPECT_TRUE(manager.hidTap()->carbonBacksUpCommandTab());
+  EXPECT_TRUE(desktop.log.contains(LogLevel::standard, "carbon backup for ⌘Tab-style hotkey registered=true"));
+
+  desktop.keyboard.foreignOwners.insert({48, 0x100});
+  manager.registerAll({menuWith(48, carbon::kCommand)});
+  EXPECT_FALSE(manager.hidTap()->carbonBacksUpCommandTab());
+  EXPECT_EQ(manager.hidTap()->bindings().size(), 1U);
+  EXPECT_THAT(manager.failedRegistrationMenuIndices(), IsEmpty());
+  EXPECT_TRUE(desktop.log.contains(LogLevel::standard, "carbon backup for ⌘Tab-style hotkey registered=false"));
+}
+
+TEST_F(HotkeyManagerTest, RegistersAnewWithoutLeavingAnythingBehind) {
+  manager.registerAll({menuWith(0, 0), menuWith(1, 0)});
+  manager.registerAll({menuWith(1, 0)});
+  EXPECT_EQ(desktop.keyboard.registrationCount(), 1U);
+  EXPECT_EQ(desktop.keyboard.handlerCount(), 1U);
+  desktop.keyboard.tap(1);
+  EXPECT_THAT(pressed, ElementsAre(ElementsAre(0)));
+
+  manager.unregisterAll();
+  EXPECT_EQ(desktop.keyboard.registrationCount(), 0U);
+  EXPECT_EQ(desktop.keyboard.handlerCount(), 0U);
+}
+
+TEST_F(HotkeyManagerTest, HandlesEventsThatItDoesNotKnow) {
+  manager.registerAll({menuWith(0, 0)});
+  EXPECT_EQ(send(kEventHotKeyPressed, 7), 0);
+  EXPECT_EQ(send(kEventHotKeyReleased, 7), 0);
+  EXPECT_EQ(send(9, 0), 0);
+  EXPECT_EQ(desktop.keyboard.send(nullptr), 0);
+  EXPECT_THAT(pressed, ElementsAre(ElementsAre(7)));
+  EXPECT_THAT(released, ElementsAre(ElementsAre(7)));
+
+  manager.onHotkeyPressed = nullptr;
+  EXPECT_EQ(send(kEventHotKeyPressed, 0), 0);
+}
+
+TEST_F(HotkeyManagerTest, TakesItsRegistrationsWithIt) {
+  auto shortLived = std::make_unique<HotkeyManager>(desktop.keyboard, desktop.log);
+  shortLived->registerAll({menuWith(3, 0)});
+  shortLived.reset();
+  EXPECT_EQ(desktop.keyboard.registrationCount(), 0U);
+  EXPECT_EQ(desktop.keyboard.handlerCount(), 0U);
+}
+
+}  // namespace
+}  // namespace rondora

@@ -1,0 +1,70 @@
+#include "pie/menu_preview_view.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <numbers>
+
+#include "doubles/fake_devices.h"
+
+namespace rondora {
+namespace {
+
+constexpr double kPi = std::numbers::pi;
+constexpr double kTop = -kPi / 2;
+using Sector = std::optional<std::size_t>;
+
+double radians(double degrees) { return degrees * kPi / 180; }
+
+TEST(MenuPreviewViewTest, KeepsADeadZoneAlongEveryBoundary) {
+  const MenuPreviewView preview{4, 0};
+  const double edge = std::asin(3.5 / 100);
+  EXPECT_EQ(preview.absoluteSectorIndex(kTop, 100), std::nullopt);
+  EXPECT_EQ(preview.absoluteSectorIndex(kTop + edge * 0.99, 100), std::nullopt);
+  EXPECT_EQ(preview.absoluteSectorIndex(kTop + edge * 1.01, 100), Sector(0));
+  EXPECT_EQ(preview.absoluteSectorIndex(kTop - edge * 1.01, 100), Sector(3));
+  EXPECT_EQ(preview.absoluteSectorIndex(edge * 1.01, 100), Sector(1));
+  EXPECT_EQ(preview.absoluteSectorIndex(kTop + 4 * kPi + radians(45), 100), Sector(0));
+}
+
+TEST(MenuPreviewViewTest, TheDeadZoneIsCappedNearTheCentre) {
+  const MenuPreviewView halves{2, 0};
+  const double cap = std::asin(0.95);
+  for (const double radius : {0.0, 0.5, 1.0, 3.0}) {
+    EXPECT_EQ(halves.absoluteSectorIndex(kTop + cap * 0.99, radius), std::nullopt) << radius;
+    EXPECT_EQ(halves.absoluteSectorIndex(kTop + cap * 1.01, radius), Sector(0)) << radius;
+  }
+  // Narrow sectors keep a sliver of 0.001 radians either side of their middle.
+  const MenuPreviewView many{36, 0};
+  const double middle = kTop + radians(5);
+  EXPECT_EQ(many.absoluteSectorIndex(middle, 1), Sector(0));
+  EXPECT_EQ(many.absoluteSectorIndex(middle + 0.002, 1), std::nullopt);
+}
+
+TEST(MenuPreviewViewTest, FollowsTheRotationAndTheSingleSector) {
+  EXPECT_EQ((MenuPreviewView{4, 45}.absoluteSectorIndex(kTop, 100)), Sector(3));
+  EXPECT_EQ((MenuPreviewView{1, 45}.absoluteSectorIndex(kTop, 100)), Sector(0));
+  EXPECT_EQ((MenuPreviewView{0, 0}.absoluteSectorIndex(0, 0)), Sector(0));
+  EXPECT_NEAR((MenuPreviewView{4, 45}.endAngle(0)), radians(45), 1e-12);
+  const double nan = std::numeric_limits<double>::quiet_NaN();
+  for (const double hostile : {nan, 1e300, -1e300, std::numeric_limits<double>::infinity()}) {
+    const Sector index = MenuPreviewView{5, hostile}.absoluteSectorIndex(hostile, hostile);
+    EXPECT_TRUE(!index || *index < 5u);
+  }
+}
+
+TEST(WheelTurnTest, SnapsTheDragAndTicksOncePerStep) {
+  FakeHaptics haptics;
+  WheelTurn turn(0, radians(170), 4);
+  EXPECT_DOUBLE_EQ(turn.rotationDegrees(radians(180), true, haptics), 0);
+  EXPECT_TRUE(haptics.performed.empty());
+  EXPECT_DOUBLE_EQ(turn.rotationDegrees(radians(-165), true, haptics), 45);  // across the seam of the angle
+  EXPECT_DOUBLE_EQ(turn.rotationDegrees(radians(-160), true, haptics), 45);
+  EXPECT_DOUBLE_EQ(turn.rotationDegrees(radians(-90), false, haptics), 90);
+  EXPECT_EQ(haptics.performed, std::vector<HapticPattern>{HapticPattern::alignment});
+  EXPECT_DOUBLE_EQ(WheelTurn::pointerAngle({10, 20}, {10, 10}), kPi / 2);
+}
+
+}  // namespace
+}  // namespace rondora

@@ -1,0 +1,460 @@
+#include "pie/pie_menu_window_controller.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+#include "doubles/fake_platform.h"
+#include "pie/app_commands_menu_items.h"
+#include "pie/ring_picture.h"
+#include "unit/pie/allocation_counter.h"
+
+namespace rondora {
+namespace {
+
+using Index = std::optional<std::size_t>;
+
+constexpr Point kOpenedAt{640, 400};
+constexpr HotkeyConfig kOptionSpace{FakeKeyboard::kSpaceKey, carbon::kOption};
+
+/// The overlay on the little desktop; notes what it reports, one word each.
+class OverlayTest : public testing::Test {
+ protected:
+  OverlayTest() {
+    desktop.overlay.moveTo(kOpenedAt);
+    menu.id = desktop.random.uuid();
+    menu.items = makeItems(6);
+    controller.onItemSelected = [this](const PieMenuItem& item) {
+      controller.hide();
+      notes.push_back("item " + item.title);
+    };
+    controller.onCommandSelected = [this](const PieSubAction& command) {
+      controller.hide();
+      notes.push_back("command " + command.title);
+    };
+    controller.onHoverChanged = [this](const PieMenuItem* item) { hovered.push_back(item ? item->title : "none"); };
+    controller.onHide = [this] { notes.push_back("hidden"); };
+  }
+
+  static std::vector<PieMenuItem> makeItems(std::size_t count) {
+    std::vector<PieMenuItem> items(count);
+    for (std::size_t i = 0; i < count; ++i) {
+      items[i].title = "sector number " + std::to_string(i) + " of the ring";
+      items[i].sectorIndex = static_cast<std::int64_t>(i);
+    }
+    return items;
+  }
+  static std::string title(std::size_t index) { return makeItems(index + 1)[index].title; }
+
+  void show(std::optional<HotkeyConfig> chord = std::nullopt) { controller.show(menu, std::nullopt, chord, {}); }
+  /// As a trigger with modifiers does it.
+  void openWithOptionSpace() {
+    desktop.keyboard.pressAll({FakeKeyboard::kOptionKey, FakeKeyboard::kSpaceKey});
+    show(kOptionSpace);
+    controller.scheduleClickModeModifierChordReleaseDismissal(kOptionSpace, [this] {
+      notes.push_back("released");
+      controller.hide();
+    });
+    desktop.time.runUntilIdle();
+  }
+  const PanelRecord& panel() const { return *desktop.overlay.panels.back(); }
+  void moveBy(double x, double y) { desktop.overlay.moveTo(kOpenedAt + Point{x, y}); }
+  Index highlighted() const {
+    Index found;
+    for (std::size_t i = 0; i + 2 < panel().layerStates.size(); ++i) {
+      if (panel().layerStates[ring_layers::sector(i)] == ring_layers::kHighlighted) found = i;
+    }
+    return found;
+  }
+  Index selectedItem() const {
+    const auto selection = controller.currentSelection();
+    if (!selection) return std::nullopt;
+    return static_cast<std::size_t>(std::get<PieMenuItem>(*selection).sectorIndex);
+  }
+  std::vector<std::string> takeNotes() { return std::exchange(notes, {}); }
+
+  FakePlatform desktop;
+  PieMenu menu;
+  std::vector<std::string> notes;
+  std::vector<std::string> hovered;
+  bool haptics = true;
+  PieMenuWindowController controller{
+      {desktop.overlay, desktop.screens, desktop.overlay, desktop.haptics, desktop.keyboard, desktop.time,
+       desktop.time},
+      {[this] { return haptics; }, [](const PieMenuItem& item) { return "<" + item.title + ">"; }}};
+};
+
+using Notes = std::vector<std::string>;
+
+TEST_F(OverlayTest, OpensAroundThePointerAndLeavesNothingBehind) {
+  show();
+  EXPECT_TRUE(controller.isVisible());
+  EXPECT_EQ(controller.displayedMenuId(), menu.id);
+  EXPECT_TRUE(panel().isKey);
+  EXPECT_EQ(panel().frame.center(), kOpenedAt);
+  EXPECT_EQ(panel().frame.size, panel().picture.size);
+  EXPECT_EQ(panel().picture.anchor, kOpenedAt - panel().frame.origin);
+  EXPECT_EQ(panel().style, OverlayPanelStyle{});
+  EXPECT_EQ(highlighted(), std::nullopt);
+  EXPECT_EQ(controller.currentSelection(), std::nullopt);
+
+  controller.hide();
+  EXPECT_TRUE(panel().isGone);
+  EXPECT_FALSE(controller.isVisible());
+  EXPECT_EQ(controller.displayedMenuId(), std::nullopt);
+  EXPECT_EQ(desktop.keyboard.monitorCount(), 0u);
+  desktop.time.runUntilIdle();
+  EXPECT_EQ(desktop.time.pendingCount(), 0u);
+  EXPECT_EQ(takeNotes(), Notes{"hidden"});
+  controller.hide();
+  EXPECT_EQ(takeNotes(), Notes{});
+}
+
+TEST_F(OverlayTest, ShowingAgainReplacesThePanelSilently) {
+  show();
+  moveBy(100, 10);
+  PieMenu other = menu;
+  other.id = desktop.random.uuid();
+  controller.show(other, makeItems(2), std::nullopt, {});
+  ASSERT_EQ(desktop.overlay.panels.size(), 2u);
+  EXPECT_TRUE(desktop.overlay.panels.front()->isGone);
+  EXPECT_EQ(panel().frame.center(), kOpenedAt + (Point{100, 10}));
+  EXPECT_EQ(controller.displayedMenuId(), other.id);
+  EXPECT_EQ(controller.currentSelection(), std::nullopt);
+  EXPECT_EQ(desktop.keyboard.monitorCount(), 1u);
+  EXPECT_EQ(takeNotes(), Notes{});
+}
+
+TEST_F(OverlayTest, SectorsFollowTheirIndexAndEqualOnesTheList) {
+  menu.items = makeItems(4);
+  for (std::size_t i = 0; i < 4; ++i) menu.items[i].sectorIndex = i % 2 == 0 ? 7 : -1;
+  show();
+  Notes order;
+  const PictureLayer& titles = panel().picture.layers.back();
+  for (std::size_t i = 1; i < titles.states.size(); ++i)
+    order.push_back(std::get<TextCommand>(titles.states[i][0]).text);
+  EXPECT_EQ(order, (Notes{"<" + title(1) + ">", "<" + title(3) + ">", "<" + title(0) + ">", "<" + title(2) + ">"}));
+}
+
+TEST_F(OverlayTest, ThePointerDrivesTheHighlight) {
+  show();
+  moveBy(100, 1);
+  EXPECT_EQ(highlighted(), Index(1));
+  EXPECT_EQ(selectedItem(), Index(1));
+  moveBy(100, 5);
+  moveBy(-5000, 1);  // far outside the panel
+  EXPECT_EQ(selectedItem(), Index(4));
+  moveBy(10, 10);
+  EXPECT_EQ(selectedItem(), std::nullopt);
+  EXPECT_EQ(hovered, (Notes{title(1), "none", title(4), "none"}));
+  EXPECT_EQ(desktop.haptics.performed.size(), 2u);
+}
+
+TEST_F(OverlayTest, ClicksChooseByDirectionOrDismiss) {
+  show();
+  moveBy(30, 900);
+  desktop.overlay.click();
+  EXPECT_EQ(takeNotes(), (Notes{"hidden", "item " + title(2)}));
+  desktop.overlay.moveTo(kOpenedAt);
+  show();
+  desktop.overlay.click();
+  EXPECT_EQ(takeNotes(), Notes{"hidden"});
+}
+
+TEST_F(OverlayTest, TheHubIsTheFirstSectorOfTheRunningApplicationsOnly) {
+  menu.kind = PieMenuKind::runningApps;
+  controller.show(menu, makeItems(3), std::nullopt, {});
+  moveBy(10, 10);
+  EXPECT_EQ(selectedItem(), Index(0));
+  desktop.overlay.click();
+  EXPECT_EQ(takeNotes(), (Notes{"hidden", "item " + title(0)}));
+}
+
+TEST_F(OverlayTest, AMenuWithoutItemsOnlyDismisses) {
+  menu.items.clear();
+  show(kOptionSpace);
+  controller.advanceRunningAppsSelection();
+  moveBy(100, 0);
+  EXPECT_EQ(controller.currentSelection(), std::nullopt);
+  EXPECT_EQ(hovered, Notes{"none"});
+  desktop.overlay.click();
+  EXPECT_EQ(takeNotes(), Notes{"hidden"});
+}
+
+TEST_F(OverlayTest, StepsWithTheTriggerOnceItHasGoneUp) {
+  openWithOptionSpace();
+  desktop.keyboard.repeat(FakeKeyboard::kSpaceKey);
+  EXPECT_EQ(selectedItem(), std::nullopt);
+  desktop.keyboard.release(FakeKeyboard::kSpaceKey);
+  for (std::size_t step = 0; step < 8; ++step) {
+    desktop.time.advance(0.1);
+    desktop.keyboard.tap(FakeKeyboard::kSpaceKey);
+    EXPECT_EQ(selectedItem(), Index(step % 6)) << step;
+  }
+  EXPECT_EQ(desktop.haptics.performed.size(), 8u);
+  EXPECT_TRUE(controller.isVisible());
+  desktop.keyboard.release(FakeKeyboard::kOptionKey);
+  EXPECT_EQ(takeNotes(), (Notes{"released", "hidden"}));
+}
+
+TEST_F(OverlayTest, StepsCloserThan18MillisecondsCountAsOne) {
+  show();
+  controller.advanceRunningAppsSelection();
+  desktop.time.advance(0.0179);
+  controller.advanceRunningAppsSelection();
+  EXPECT_EQ(selectedItem(), Index(0));
+  desktop.time.advance(0.0002);
+  haptics = false;
+  controller.advanceRunningAppsSelection();
+  EXPECT_EQ(selectedItem(), Index(1));
+  EXPECT_EQ(desktop.haptics.performed.size(), 1u);
+}
+
+TEST_F(OverlayTest, OnlyTheExactChordSteps) {
+  show(kOptionSpace);
+  controller.clearChordNavigationIgnoreUntilMainKeyUp();
+  KeyEvent key;
+  key.keyCode = FakeKeyboard::kSpaceKey;
+  for (const std::uint64_t flags : {std::uint64_t{0}, event_flags::kOption | event_flags::kShift}) {
+    key.modifierFlags = flags;
+    EXPECT_FALSE(controller.handleKeyEvent(key));
+  }
+  key.modifierFlags = event_flags::kOption | 0x20;  // with a bit that depends on the device
+  EXPECT_TRUE(controller.handleKeyEvent(key));
+  EXPECT_EQ(selectedItem(), Index(0));
+
+  show(HotkeyConfig{kFnKeyCode, 0});
+  controller.clearChordNavigationIgnoreUntilMainKeyUp();
+  EXPECT_FALSE(controller.handleKeyEvent({.keyCode = kFnKeyCode, .characters = {}, .charactersIgnoringModifiers = {}}));
+  show(HotkeyConfig{-1, 0});
+  controller.clearChordNavigationIgnoreUntilMainKeyUp();
+  EXPECT_FALSE(controller.handleKeyEvent(
+      {.keyCode = KeyEvent::kNoKeyCode, .characters = {}, .charactersIgnoringModifiers = {}}));
+}
+
+TEST_F(OverlayTest, ATremblingHandDoesNotUndoAStep) {
+  show(kOptionSpace);
+  moveBy(2, -3);
+  EXPECT_TRUE(hovered.empty());
+  moveBy(100, 1);
+  desktop.time.advance(0.1);
+  controller.advanceRunningAppsSelection();
+  EXPECT_EQ(selectedItem(), Index(2));
+  moveBy(100, -3);  // four points away, in another sector
+  EXPECT_EQ(selectedItem(), Index(2));
+  moveBy(100, -3.5);
+  EXPECT_EQ(selectedItem(), Index(1));
+  moveBy(100, 1);  // back where the step was, but moving again
+  EXPECT_EQ(selectedItem(), Index(1));
+  desktop.overlay.moveTo(kOpenedAt);
+  EXPECT_EQ(selectedItem(), std::nullopt);
+}
+
+TEST_F(OverlayTest, QuickSelectKeysChooseAndWinOverTheChord) {
+  show();
+  desktop.keyboard.tap(20);  // "3"
+  EXPECT_EQ(takeNotes(), (Notes{"hidden", "item " + title(3)}));
+  show();
+  desktop.keyboard.tap(86);  // "4" of the keypad
+  EXPECT_EQ(takeNotes(), (Notes{"hidden", "item " + title(4)}));
+
+  const HotkeyConfig optionTwo{19, carbon::kOption};
+  desktop.keyboard.press(FakeKeyboard::kOptionKey);
+  show(optionTwo);
+  controller.clearChordNavigationIgnoreUntilMainKeyUp();
+  desktop.keyboard.tap(19);
+  EXPECT_EQ(takeNotes(), (Notes{"hidden", "item " + title(2)}));
+}
+
+TEST_F(OverlayTest, TheKeyThatOpenedTheMenuDoesNotChooseByRepeatingItself) {
+  desktop.keyboard.press(19);
+  show(HotkeyConfig{19, 0});
+  desktop.keyboard.repeat(19);
+  EXPECT_EQ(takeNotes(), Notes{});
+  desktop.keyboard.release(19);
+  desktop.keyboard.press(19);
+  EXPECT_EQ(takeNotes(), (Notes{"hidden", "item " + title(2)}));
+}
+
+TEST_F(OverlayTest, KeysAreMatchedByTextFirstAndByPlaceLast) {
+  menu.items = makeItems(11);
+  show();
+  const auto typed = [](std::uint16_t keyCode, const char* ignoringModifiers, const char* characters) {
+    return KeyEvent{.keyCode = keyCode, .characters = characters, .charactersIgnoringModifiers = ignoringModifiers};
+  };
+  EXPECT_EQ(controller.quickSelectIndex(typed(12, "q", "x")), Index(10));
+  EXPECT_EQ(controller.quickSelectIndex(typed(12, "a", "7")), Index(7));      // a layout with Alt-digits
+  EXPECT_EQ(controller.quickSelectIndex(typed(12, "a", "a")), Index(10));     // the place of Q on a French keyboard
+  EXPECT_EQ(controller.quickSelectIndex(typed(0, "q", "q")), Index(10));      // the key that types it there
+  EXPECT_EQ(controller.quickSelectIndex(typed(13, "w", "w")), std::nullopt);  // beyond the items
+  EXPECT_EQ(controller.quickSelectIndex(typed(18, "&", "&")), Index(1));
+  EXPECT_FALSE(controller.handleKeyEvent(typed(13, "w", "w")));
+  EXPECT_FALSE(controller.handleKeyEvent(
+      {.type = KeyEventType::keyUp, .keyCode = 18, .characters = "1", .charactersIgnoringModifiers = "1"}));
+  EXPECT_TRUE(notes.empty());
+}
+
+TEST_F(OverlayTest, EscapeScreenChangesAndALostPanelHide) {
+  show();
+  desktop.keyboard.press(FakeKeyboard::kEscapeKey);
+  EXPECT_EQ(takeNotes(), Notes{"hidden"});
+  show();
+  desktop.screens.change(desktop.screens.screens);
+  EXPECT_EQ(takeNotes(), Notes{"hidden"});
+  desktop.screens.change(desktop.screens.screens);
+  desktop.overlay.refusesGrab = true;
+  show();
+  desktop.time.runUntilIdle();
+  EXPECT_EQ(takeNotes(), Notes{"hidden"});
+  EXPECT_FALSE(controller.isVisible());
+}
+
+TEST_F(OverlayTest, CommandsAreReportedAsCommands) {
+  PieSubAction quit{"Quit", "xmark", AppSubMenuEntry::Kind::quitApp, {}, {}};
+  PieSubAction copy{"Copy", "", AppSubMenuEntry::Kind::menuItem, {"Edit", "Copy"}, MenuShortcut{"c", 0}};
+  menu.kind = PieMenuKind::appCommands;
+  const auto showCommands = [&] {
+    controller.show(menu, std::nullopt, std::nullopt, PieMenuWindowController::AppCommands{{quit, copy}, 90});
+  };
+  showCommands();
+  moveBy(0, -100);  // turned by 90 degrees, the second half of the ring begins at 9 o'clock
+  EXPECT_EQ(controller.currentSelection(), PieMenuSelection(copy));
+  desktop.keyboard.tap(29);
+  EXPECT_EQ(takeNotes(), (Notes{"hidden", "command Quit"}));
+  desktop.overlay.moveTo(kOpenedAt);
+  showCommands();
+  moveBy(1, 100);
+  desktop.overlay.click();
+  EXPECT_EQ(takeNotes(), (Notes{"hidden", "command Quit"}));
+
+  EXPECT_EQ(AppCommandsMenuItems::stableID(copy), AppCommandsMenuItems::stableID(PieSubAction(copy)));
+  PieSubAction other = copy;
+  other.menuPath = {"EditCopy"};
+  EXPECT_NE(AppCommandsMenuItems::stableID(copy), AppCommandsMenuItems::stableID(other));
+  // From one start of the program to the next.
+  EXPECT_EQ(AppCommandsMenuItems::stableID(quit).string(), "2D34E169-6BCF-8D8B-9C70-77296F61B49E");
+}
+
+class ReleaseTest : public OverlayTest {
+ protected:
+  void arm(const HotkeyConfig& hotkey) {
+    controller.scheduleClickModeModifierChordReleaseDismissal(hotkey, [this] { notes.push_back("released"); });
+  }
+};
+
+TEST_F(ReleaseTest, TheFirstModifierToGoUpCounts) {
+  const HotkeyConfig hotkey{FakeKeyboard::kSpaceKey, carbon::kControl | carbon::kOption};
+  desktop.keyboard.pressAll({FakeKeyboard::kControlKey, FakeKeyboard::kOptionKey});
+  show(hotkey);
+  arm(hotkey);
+  desktop.time.runUntilIdle();
+  desktop.keyboard.press(FakeKeyboard::kShiftKey);
+  desktop.keyboard.release(FakeKeyboard::kShiftKey);
+  EXPECT_EQ(takeNotes(), Notes{});
+  desktop.keyboard.release(FakeKeyboard::kControlKey);
+  EXPECT_EQ(takeNotes(), Notes{"released"});
+}
+
+TEST_F(ReleaseTest, AReleaseBeforeTheWatchIsNotLost) {
+  desktop.keyboard.press(FakeKeyboard::kOptionKey);
+  show(kOptionSpace);
+  arm(kOptionSpace);
+  desktop.keyboard.releaseUnseen(FakeKeyboard::kOptionKey);
+  EXPECT_EQ(takeNotes(), Notes{});
+  desktop.time.runUntilIdle();
+  EXPECT_EQ(takeNotes(), Notes{"released"});
+}
+
+TEST_F(ReleaseTest, NothingIsArmedWithoutModifiersOrAfterTheShowing) {
+  show();
+  arm(HotkeyConfig{FakeKeyboard::kSpaceKey, 0});
+  desktop.time.runUntilIdle();
+  EXPECT_EQ(desktop.keyboard.monitorCount(), 1u);
+  arm(kOptionSpace);
+  arm(HotkeyConfig{FakeKeyboard::kSpaceKey, 0});  // takes the pending one back
+  desktop.time.runUntilIdle();
+  arm(kOptionSpace);
+  controller.hide();
+  desktop.time.runUntilIdle();
+  EXPECT_EQ(takeNotes(), Notes{"hidden"});
+  EXPECT_EQ(desktop.keyboard.monitorCount(), 0u);
+}
+
+TEST_F(OverlayTest, TheOpeningAnimationEndsByItself) {
+  menu.animationDuration = 0.2;
+  show();
+  EXPECT_LT(panel().scale, 1);
+  EXPECT_GT(panel().opacity, 0.3);
+  desktop.time.advance(0.1);
+  const double halfway = panel().scale;
+  EXPECT_LT(halfway, 1);
+  desktop.time.advance(0.12);
+  EXPECT_EQ(panel().scale, 1);
+  EXPECT_EQ(panel().opacity, 1);
+  EXPECT_EQ(desktop.time.pendingCount(), 0u);
+  controller.hide();
+  for (const double none : {0.0, -3.0, std::numeric_limits<double>::quiet_NaN()}) {
+    menu.animationDuration = none;
+    show();
+    EXPECT_EQ(panel().scale, 1) << none;
+    EXPECT_EQ(desktop.time.pendingCount(), 0u) << none;
+  }
+}
+
+TEST_F(OverlayTest, ShowsOnScreensThatChangeOrAreMissing) {
+  const Screen left{{{-800, 0}, {800, 600}}, {{-800, 0}, {800, 500}}};
+  const Screen right{{{0, 0}, {2000, 2000}}, {{0, 0}, {2000, 2000}}};
+  menu.menuRadius = 1e300;
+  desktop.screens.screens = {right, left};
+  const auto ringAt = [&](Point pointer) {
+    desktop.overlay.moveTo(pointer);
+    show();
+    EXPECT_EQ(panel().frame.center(), pointer);
+    return panel().frame.size.width;
+  };
+  EXPECT_LT(ringAt({-400, 100}), 600);  // bounded by the small screen
+  EXPECT_GT(ringAt({500, 100}), 1500);  // by the large one
+  EXPECT_GT(ringAt({-5000, 0}), 1500);  // on none: the main screen
+  desktop.screens.hasMain = false;
+  desktop.screens.screens = {left, right};
+  EXPECT_LT(ringAt({-5000, 0}), 600);  // the first
+  desktop.screens.screens.clear();
+  EXPECT_LT(ringAt({0, 0}), 1000);
+}
+
+TEST_F(OverlayTest, EndsWithItsOwnerAndKeepsNobodyAlive) {
+  auto other = std::make_unique<PieMenuWindowController>(
+      PieMenuWindowController::Ports{desktop.overlay, desktop.screens, desktop.overlay, desktop.haptics,
+                                     desktop.keyboard, desktop.time, desktop.time},
+      PieMenuWindowController::Environment{});
+  desktop.keyboard.press(FakeKeyboard::kOptionKey);
+  other->show(menu, std::nullopt, kOptionSpace, {});
+  other->scheduleClickModeModifierChordReleaseDismissal(kOptionSpace, [this] { notes.push_back("released"); });
+  other.reset();
+  EXPECT_TRUE(panel().isGone);
+  desktop.keyboard.release(FakeKeyboard::kOptionKey);
+  desktop.time.runUntilIdle();
+  desktop.screens.change({});
+  EXPECT_EQ(desktop.keyboard.monitorCount(), 0u);
+  EXPECT_EQ(takeNotes(), Notes{});
+}
+
+TEST_F(OverlayTest, PointerMovesAndKeyMatchesAllocateNothing) {
+  menu.items = makeItems(36);
+  haptics = false;
+  controller.onHoverChanged = nullptr;
+  show(kOptionSpace);
+  desktop.overlay.cursors.reserve(100);
+  moveBy(100, 0);
+  const KeyEvent key{.keyCode = 46, .characters = "é", .charactersIgnoringModifiers = "ñ"};
+  const std::size_t before = allocationCount();
+  for (int i = 0; i < 1000; ++i) moveBy(100 * std::cos(i), 100 * std::sin(i));
+  const Index index = controller.quickSelectIndex(key);
+  EXPECT_EQ(allocationCount() - before, 0u);
+  EXPECT_EQ(index, Index(35));
+  EXPECT_GT(panel().displayCount, 900);
+}
+
+}  // namespace
+}  // namespace rondora

@@ -1,0 +1,206 @@
+#include "pie/ring_picture.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+#include "pie/opening_animation.h"
+#include "pie/pie_sector_shape.h"
+#include "pie/quick_select.h"
+#include "pie/sector_geometry.h"
+
+namespace rondora {
+namespace {
+
+struct Ring {
+  PieMenu menu;
+  std::vector<std::string> titles;
+  RingLayout layout;
+  Picture picture;
+};
+
+Ring ringOf(std::size_t count, PieMenu menu = {}) {
+  Ring ring;
+  for (std::size_t i = 0; i < count; ++i) {
+    PieMenuItem item;
+    item.title = "Item " + std::to_string(i);
+    item.icon = "star.fill";
+    menu.items.push_back(item);
+    ring.titles.push_back(item.title);
+  }
+  ring.menu = std::move(menu);
+  ring.layout = RingLayout::make(ring.menu, ring.menu.rotationDegrees, count, 400);
+  const auto labels = resolvedShortcutLabels(ring.menu.items);
+  ring.picture = makeRingPicture(ring.menu, ring.layout, {ring.menu.items, ring.titles, labels});
+  return ring;
+}
+
+std::vector<Point> outline(const Path& path) {
+  std::vector<Point> points;
+  for (const PathElement& element : path.elements) {
+    if (element.verb != PathVerb::close) points.push_back(element.end);
+  }
+  return points;
+}
+
+bool encloses(const Rect& outer, Point p) {
+  return p.x >= outer.left() - 1e-6 && p.x <= outer.right() + 1e-6 && p.y >= outer.top() - 1e-6 &&
+         p.y <= outer.bottom() + 1e-6;
+}
+
+template <class Command>
+const Command* find(const DisplayList& list) {
+  for (const DisplayCommand& command : list) {
+    if (const auto* found = std::get_if<Command>(&command)) return found;
+  }
+  return nullptr;
+}
+
+/// How far a disc reaches into a neighbour, the hub, or beyond the rim; below zero when it lies inside its sector.
+double overreach(const RingLayout& layout, std::size_t sector, const Rect& square) {
+  const Point offset = square.center() - layout.center();
+  const double radius = square.size.width / 2;
+  const double distance = std::hypot(offset.x, offset.y);
+  const double angle = angleFromFirstEdge(offset, layout.rotationDegrees) -
+                       sectorWidth(layout.sectorCount) * static_cast<double>(sector);
+  const double toStart = std::sin(std::min(angle, std::numbers::pi / 2)) * distance;
+  const double toEnd = std::sin(std::min(sectorWidth(layout.sectorCount) - angle, std::numbers::pi / 2)) * distance;
+  const double toEdges = layout.sectorCount > 1 ? std::min(toStart, toEnd) : 1e9;
+  return radius - std::min({toEdges, distance - layout.innerRadius, layout.outerRadius - distance});
+}
+
+TEST(RingPictureTest, ContentsStayInsideTheirSectorsAndApart) {
+  for (const std::size_t count : {1u, 2u, 3u, 6u, 8u, 12u, 20u, 36u}) {
+    for (const double rotation : {0.0, 22.5, -100.0}) {
+      PieMenu menu;
+      menu.rotationDegrees = rotation;
+      const Ring ring = ringOf(count, menu);
+      for (std::size_t i = 0; i < count; ++i) {
+        for (const DisplayList& list : ring.picture.layers[ring_layers::sector(i)].states) {
+          const auto* icon = find<IconCommand>(list);
+          const auto* label = find<TextCommand>(list);
+          ASSERT_TRUE(icon && label) << count;
+          EXPECT_LT(overreach(ring.layout, i, icon->rect), 0) << count << " sectors, icon " << i;
+          EXPECT_LT(overreach(ring.layout, i, label->rect), 0) << count << " sectors, label " << i;
+          const Point apart = icon->rect.center() - label->rect.center();
+          EXPECT_GE(std::hypot(apart.x, apart.y), (icon->rect.size.width + label->rect.size.width) / 2 - 1e-6)
+              << count << " sectors, sector " << i;
+        }
+      }
+    }
+  }
+}
+
+TEST(RingPictureTest, IconsTakeTheSizeAndPlaceThatTheMenuAsksForWhereThereIsRoom) {
+  PieMenu menu;
+  menu.iconSize = 30;
+  menu.iconDistance = 0.4;
+  const Ring ring = ringOf(6, menu);
+  const auto* icon = find<IconCommand>(ring.picture.layers[ring_layers::sector(1)].states[0]);
+  ASSERT_NE(icon, nullptr);
+  EXPECT_DOUBLE_EQ(icon->rect.size.width, 30);
+  EXPECT_NEAR(icon->rect.center().x - ring.layout.center().x, 76 + 0.4 * 74, 1e-6);
+}
+
+TEST(RingPictureTest, NothingIsDrawnOutsideItsLayerNorALayerOutsideThePicture) {
+  for (const std::size_t count : {0u, 1u, 2u, 6u, 36u}) {
+    const Ring ring = ringOf(count);
+    ASSERT_EQ(ring.picture.layers.size(), count + 2);
+    for (const PictureLayer& layer : ring.picture.layers) {
+      ASSERT_TRUE(encloses({{0, 0}, ring.picture.size}, layer.bounds.origin));
+      ASSERT_TRUE(encloses({{0, 0}, ring.picture.size}, {layer.bounds.right(), layer.bounds.bottom()}));
+      for (const DisplayList& list : layer.states) {
+        for (const DisplayCommand& command : list) {
+          if (const auto* fill = std::get_if<FillCommand>(&command)) {
+            for (const Point p : outline(fill->path)) ASSERT_TRUE(encloses(layer.bounds, p)) << count;
+          }
+        }
+      }
+    }
+  }
+}
+
+TEST(RingPictureTest, TheTitleFollowsTheHighlight) {
+  const Ring ring = ringOf(3);
+  const PictureLayer& title = ring.picture.layers[ring_layers::title(3)];
+  ASSERT_EQ(title.states.size(), 4u);
+  EXPECT_TRUE(title.states[ring_layers::titleState(std::nullopt)].empty());
+  EXPECT_EQ(find<TextCommand>(title.states[ring_layers::titleState(2)])->text, "Item 2");
+  const Point center = ring.layout.center();
+  const Point corner = title.bounds.origin - center;
+  EXPECT_LT(std::hypot(corner.x, corner.y), ring.layout.hubRadius());
+}
+
+TEST(RingPictureTest, AnItemWithoutIconShowsTheFirstCharacterOfItsTitle) {
+  PieMenu menu;
+  PieMenuItem item;
+  item.title = "Über";
+  menu.items = {item};
+  const std::vector<std::string> titles = {"Über"};
+  const RingLayout layout = RingLayout::make(menu, 0, 1, 400);
+  const Picture picture = makeRingPicture(menu, layout, {menu.items, titles, {std::nullopt}});
+  const auto* text = find<TextCommand>(picture.layers[ring_layers::sector(0)].states[0]);
+  ASSERT_NE(text, nullptr);
+  EXPECT_EQ(text->text, "Ü");
+}
+
+TEST(PieSectorShapeTest, GapsAreEquallyWideFromHubToRim) {
+  for (const std::size_t count : {2u, 3u, 6u, 12u, 36u}) {
+    PieSectorShape shape;
+    shape.innerRadius = 76;
+    shape.outerRadius = 150;
+    shape.startAngle = startAngle(0, count, 0);
+    shape.endAngle = endAngle(0, count, 0);
+    shape.gap = 4;
+    shape.outerCornerRadius = 13;
+    shape.innerCornerRadius = 9;
+    double nearest = 1e9;
+    for (const Point p : outline(shape.path())) {
+      const double distance = std::hypot(p.x, p.y);
+      ASSERT_GE(distance, shape.innerRadius - 1e-6);
+      ASSERT_LE(distance, shape.outerRadius + 1e-6);
+      // The leading edge of sector 0 runs straight up from the centre.
+      if (p.y < 0) nearest = std::min(nearest, p.x);
+    }
+    EXPECT_NEAR(nearest, shape.halfGap(), 1e-6) << count;
+  }
+}
+
+TEST(RingPictureTest, HostileSizesNeitherTrapNorEscape) {
+  const double nan = std::numeric_limits<double>::quiet_NaN();
+  for (const double hostile : {-1e300, -1.0, 0.0, 1e-300, 1e300, std::numeric_limits<double>::infinity(), nan}) {
+    PieMenu menu;
+    menu.menuRadius = menu.innerRadius = menu.iconSize = menu.iconDistance = menu.appearanceScale = hostile;
+    menu.shortcutDigitSizeScale = menu.shortcutDigitInsetLeftScale = menu.shortcutDigitInsetRightScale = hostile;
+    menu.shortcutDigitOpacity = menu.rotationDegrees = hostile;
+    for (const std::size_t count : {0u, 1u, 6u, 36u, 500u}) {
+      const Ring ring = ringOf(count, menu);
+      ASSERT_LE(ring.picture.size.width, 1010);
+      for (const PictureLayer& layer : ring.picture.layers) {
+        ASSERT_TRUE(encloses({{0, 0}, ring.picture.size}, layer.bounds.origin));
+        ASSERT_TRUE(encloses({{0, 0}, ring.picture.size}, {layer.bounds.right(), layer.bounds.bottom()}));
+      }
+    }
+  }
+}
+
+TEST(OpeningAnimationTest, GrowsFromAVisibleStartAndEnds) {
+  const OpeningAnimation animation = OpeningAnimation::lasting(0.2);
+  AppearancePhase last = animation.phase(0);
+  EXPECT_GE(last.opacity, 0.4);
+  for (double elapsed = 0.01; elapsed < 0.2; elapsed += 0.01) {
+    const AppearancePhase phase = animation.phase(elapsed);
+    EXPECT_GT(phase.scale, last.scale);
+    EXPECT_GT(phase.opacity, last.opacity);
+    last = phase;
+  }
+  EXPECT_EQ(animation.phase(0.2), AppearancePhase{});
+  const double nan = std::numeric_limits<double>::quiet_NaN();
+  for (const double none : {0.0, -1.0, nan}) EXPECT_TRUE(OpeningAnimation::lasting(none).isOver(0)) << none;
+  EXPECT_TRUE(OpeningAnimation::lasting(1e300).isOver(2));
+  EXPECT_TRUE(animation.isOver(nan));
+}
+
+}  // namespace
+}  // namespace rondora

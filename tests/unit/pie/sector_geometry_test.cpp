@@ -1,0 +1,214 @@
+#include "pie/sector_geometry.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <random>
+
+#include "doubles/fake_devices.h"
+#include "doubles/fake_overlay_panels.h"
+#include "doubles/virtual_time.h"
+#include "pie/mouse_tracking_ns_view.h"
+#include "pie/ring_layout.h"
+
+namespace rondora {
+namespace {
+
+constexpr double kPi = std::numbers::pi;
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+
+class TrackingViewTest : public testing::Test {
+ protected:
+  MouseTrackingNSView view(std::size_t sectorCount, double rotationDegrees) {
+    MouseTrackingNSView made(haptics, pointer);
+    made.center = {200, 300};
+    made.radius = 150;
+    made.innerRadius = 76;
+    made.sectorCount = sectorCount;
+    made.rotationDegrees = rotationDegrees;
+    made.items.resize(sectorCount);
+    return made;
+  }
+  static Point polar(const MouseTrackingNSView& view, double distance, double angle) {
+    return {view.center.x + distance * std::cos(angle), view.center.y + distance * std::sin(angle)};
+  }
+
+  VirtualTime time;
+  FakeHaptics haptics;
+  FakeOverlayPanels pointer{time};
+};
+
+using Sector = std::optional<std::size_t>;
+
+TEST_F(TrackingViewTest, SectorsGoClockwiseFromTheTop) {
+  struct Case {
+    std::size_t sectors;
+    double rotation;
+    Point offset;
+    Sector expected;
+  };
+  const Case cases[] = {
+      {4, 0, {0, -100}, 0},
+      {4, 0, {100, 0}, 1},
+      {4, 0, {0, 100}, 2},
+      {4, 0, {-100, 0}, 3},
+      {4, 45, {0, -100}, 3},
+      {4, -45, {0, -100}, 0},
+      {4, 45 + 3600, {0, -100}, 3},
+      {4, 1e300, {0, -100}, view(4, std::fmod(1e300, 360)).hoverSectorIndex({200, 200})},
+      {4, kInfinity, {1, -100}, 0},
+      {4, kNaN, {1, -100}, 0},
+      {4, 0, {0, -10000}, 0},
+      {1, 77, {0, 100}, 0},
+      {0, 0, {0, 100}, 0},
+      {4, 0, {0, -76}, 0},
+      {4, 0, {0, -75.999}, std::nullopt},
+      {36, 0, {-0.001, -100}, 35},
+  };
+  for (const Case& c : cases) {
+    const MouseTrackingNSView tracking = view(c.sectors, c.rotation);
+    EXPECT_EQ(tracking.hoverSectorIndex(tracking.center + c.offset), c.expected)
+        << c.sectors << " sectors turned by " << c.rotation << ", at " << c.offset.x << "," << c.offset.y;
+  }
+}
+
+TEST(SectorGeometryTest, RoundingNeverLeavesTheTurn) {
+  EXPECT_LT(reducedToFullTurn(-1e-20), kFullTurn);
+  EXPECT_EQ(sectorIndexAt(reducedToFullTurn(-1e-20), 4), 3u);
+  EXPECT_EQ(sectorIndexAt(kFullTurn, 4), 3u);
+}
+
+TEST_F(TrackingViewTest, EveryPointOutsideTheHubBelongsToTheSectorAroundIt) {
+  std::mt19937_64 random(7);
+  const auto uniform = [&](double from, double to) { return std::uniform_real_distribution<double>(from, to)(random); };
+  for (int round = 0; round < 20000; ++round) {
+    const auto sectors = std::uniform_int_distribution<std::size_t>(1, 40)(random);
+    const MouseTrackingNSView tracking = view(sectors, uniform(-1000, 1000));
+    const auto index = std::uniform_int_distribution<std::size_t>(0, sectors - 1)(random);
+    const double start = startAngle(index, sectors, tracking.rotationDegrees);
+    const double end = endAngle(index, sectors, tracking.rotationDegrees);
+    const double angle = start + (end - start) * uniform(0.001, 0.999);
+    const double distance = std::exp(uniform(std::log(77.0), std::log(1e5)));
+    ASSERT_EQ(tracking.hoverSectorIndex(polar(tracking, distance, angle)), index)
+        << sectors << " sectors turned by " << tracking.rotationDegrees;
+    MouseTrackingNSView turned = view(sectors, tracking.rotationDegrees + 33);
+    ASSERT_EQ(turned.hoverSectorIndex(polar(turned, distance, angle + 33 * kPi / 180)), index);
+  }
+}
+
+TEST_F(TrackingViewTest, HapticsTickOncePerVisitOfASector) {
+  MouseTrackingNSView tracking = view(4, 0);
+  std::vector<Sector> hovered;
+  tracking.onHover = [&](Sector index) { hovered.push_back(index); };
+  const auto moveTo = [&](Point offset) { tracking.mouseMoved(tracking.center + offset); };
+  moveTo({100, -20});
+  moveTo({100, -10});
+  EXPECT_EQ(haptics.performed.size(), 1u);
+  moveTo({0, 0});  // the hub
+  moveTo({100, -10});
+  EXPECT_EQ(haptics.performed.size(), 2u);
+  tracking.mouseExited();
+  moveTo({100, -10});
+  EXPECT_EQ(haptics.performed.size(), 3u);
+  tracking.hapticFeedbackEnabled = false;
+  moveTo({100, 10});
+  EXPECT_EQ(haptics.performed, std::vector<HapticPattern>(3, HapticPattern::levelChange));
+  EXPECT_EQ(hovered, (std::vector<Sector>{0, 0, std::nullopt, 0, std::nullopt, 0, 1}));
+}
+
+TEST_F(TrackingViewTest, ReportsWhereThePointerRests) {
+  MouseTrackingNSView tracking = view(4, 0);
+  std::vector<Point> seen;
+  tracking.onPointerLocationUpdate = [&](Point location) { seen.push_back(location); };
+  tracking.mouseEntered({1, 2});
+  tracking.mouseMoved({5000, -5000});
+  tracking.mouseExited();
+  EXPECT_EQ(seen, (std::vector<Point>{{1, 2}, {5000, -5000}, tracking.center}));
+  EXPECT_EQ(haptics.performed.size(), 1u);  // entering computes no sector
+}
+
+TEST_F(TrackingViewTest, ClicksChooseOrDismissAndTheCursorSaysWhich) {
+  MouseTrackingNSView tracking = view(4, 0);
+  tracking.items.resize(3);
+  std::vector<std::size_t> selected;
+  int dismissed = 0;
+  tracking.onSelect = [&](const PieMenuItem&, std::size_t index) { selected.push_back(index); };
+  tracking.onDismiss = [&] { ++dismissed; };
+  const auto visit = [&](Point offset) {
+    tracking.cursorUpdate(tracking.center + offset);
+    tracking.mouseDown(tracking.center + offset);
+  };
+  visit({0, 0});       // hub
+  visit({100, 10});    // sector 1
+  visit({-100, -10});  // sector 3, which has no item
+  tracking.innerCircleHighlightsFirstSector = true;
+  visit({0, 0});
+  EXPECT_EQ(selected, (std::vector<std::size_t>{1, 0}));
+  EXPECT_EQ(dismissed, 2);
+  EXPECT_EQ(pointer.cursors, (std::vector<CursorShape>{CursorShape::arrow, CursorShape::pointingHand,
+                                                       CursorShape::arrow, CursorShape::pointingHand}));
+}
+
+TEST_F(TrackingViewTest, AClickMayEndTheView) {
+  auto tracking = std::make_unique<MouseTrackingNSView>(view(2, 0));
+  tracking->items[0].title = "a title that is too long to be stored inside the string itself";
+  std::string chosen;
+  tracking->onSelect = [&](const PieMenuItem& item, std::size_t) {
+    tracking.reset();
+    chosen = item.title;
+  };
+  tracking->mouseDown({300, 300});
+  EXPECT_EQ(chosen, "a title that is too long to be stored inside the string itself");
+}
+
+TEST(SnappingTest, LandsOnHalvesOfASector) {
+  struct Case {
+    double raw;
+    std::int64_t sectors;
+    double expected;
+  };
+  const Case cases[] = {{100, 4, 90},    {190, 4, 180},  {-180, 4, 180},    {22.4, 4, 0},  {22.5, 4, 45},
+                        {-22.5, 4, -45}, {540, 4, 180},  {-22.5, 8, -22.5}, {100, 1, 180}, {89, 1, 0},
+                        {190, 0, -170},  {-180, 0, 180}, {721.5, -3, 1.5},  {kNaN, 4, 0},  {kInfinity, 0, 0}};
+  for (const Case& c : cases) {
+    EXPECT_DOUBLE_EQ(snappedAestheticRotationDegrees(c.raw, c.sectors), c.expected) << c.raw << " of " << c.sectors;
+  }
+  EXPECT_FALSE(std::signbit(snappedAestheticRotationDegrees(-1, 4)));
+  const double huge = snappedAestheticRotationDegrees(-1e300, 7);
+  EXPECT_GT(huge, -180);
+  EXPECT_LE(huge, 180);
+}
+
+TEST(RingLayoutTest, BoundsWhatIsShownWhateverTheMenuAsks) {
+  const double numbers[] = {-1e300, -5, 0, 1e-300, 1, 76, 150, 1e300, kInfinity, kNaN};
+  for (const double radius : numbers) {
+    for (const double hub : numbers) {
+      for (const double scale : numbers) {
+        PieMenu menu;
+        menu.menuRadius = radius;
+        menu.innerRadius = hub;
+        menu.appearanceScale = scale;
+        const RingLayout layout = RingLayout::make(menu, radius, 6, 400);
+        ASSERT_GT(layout.innerRadius, 0);
+        ASSERT_GT(layout.ringWidth(), 0);
+        ASSERT_LE(layout.outerRadius, 400 + 1e-9);
+        ASSERT_LT(layout.halfSide(), 1000);
+        ASSERT_TRUE(std::isfinite(layout.sectorMiddle(5)));
+      }
+    }
+  }
+}
+
+TEST(RingLayoutTest, TakesTheMenusOwnSizesTimesItsScale) {
+  PieMenu menu;
+  menu.appearanceScale = 1.5;
+  const RingLayout layout = RingLayout::make(menu, 10, 6, 400);
+  EXPECT_DOUBLE_EQ(layout.outerRadius, 225);
+  EXPECT_DOUBLE_EQ(layout.innerRadius, 114);
+  EXPECT_DOUBLE_EQ(layout.halfSide(), std::floor(layout.halfSide()));
+}
+
+}  // namespace
+}  // namespace rondora
