@@ -9,6 +9,8 @@ endif()
 if(RONDORA_SANITIZERS)
   target_compile_options(rondora_options INTERFACE -fsanitize=${RONDORA_SANITIZERS} -fno-omit-frame-pointer)
   target_link_options(rondora_options INTERFACE -fsanitize=${RONDORA_SANITIZERS})
+  # GCC's flow analysis loses track of std::optional between the checks that the sanitizers insert.
+  target_compile_options(rondora_options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
   if(RONDORA_SANITIZERS MATCHES "undefined")
     target_compile_options(rondora_options INTERFACE -fno-sanitize-recover=undefined)
   endif()
