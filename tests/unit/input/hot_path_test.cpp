@@ -1,26 +1,9 @@
 #include <gtest/gtest.h>
 
-#include <atomic>
-#include <cstdlib>
-#include <new>
-
+#include "doubles/allocation_counter.h"
 #include "doubles/fake_log.h"
 #include "input/grabbed_key_router.h"
 #include "input/hotkey_manager.h"
-
-namespace {
-
-std::atomic<long> allocationCount{0};
-
-}  // namespace
-
-void* operator new(std::size_t size) {
-  ++allocationCount;
-  if (void* memory = std::malloc(size == 0 ? 1 : size)) return memory;
-  throw std::bad_alloc();
-}
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 
 namespace rondora {
 namespace {
@@ -56,7 +39,7 @@ TEST(HotPath, DispatchingAndRoutingHotKeysAllocatesNothing) {
   KeyEvent up = down;
   up.type = KeyEventType::keyUp;
 
-  const long before = allocationCount;
+  const std::size_t before = allocationCount();
   for (const std::uint32_t id : {0U, 9U}) {
     for (const std::uint32_t kind : {kEventHotKeyPressed, kEventHotKeyReleased}) {
       const HotKeyEvent event{kind, {0, id}};
@@ -65,7 +48,7 @@ TEST(HotPath, DispatchingAndRoutingHotKeysAllocatesNothing) {
   }
   router.offer(down);
   router.offer(up);
-  EXPECT_EQ(allocationCount, before);
+  EXPECT_EQ(allocationCount(), before);
   EXPECT_EQ(reported, 2U * 3U + 2U * 1U + 2U * 3U);
 }
 

@@ -5,10 +5,10 @@
 #include <cmath>
 #include <limits>
 
+#include "doubles/allocation_counter.h"
 #include "doubles/fake_platform.h"
 #include "pie/app_commands_menu_items.h"
 #include "pie/ring_picture.h"
-#include "unit/pie/allocation_counter.h"
 
 namespace rondora {
 namespace {

@@ -1,4 +1,4 @@
-#include "unit/pie/allocation_counter.h"
+#include "doubles/allocation_counter.h"
 
 #include <atomic>
 #include <cstdlib>
