@@ -2,6 +2,8 @@
 
 #include <utf8proc.h>
 
+#include <algorithm>
+
 namespace rondora {
 namespace {
 
@@ -91,6 +93,19 @@ std::size_t scalarCount(std::string_view text) {
     ++count;
   }
   return count;
+}
+
+std::string_view firstCharacter(std::string_view text) {
+  Scalar previous = firstScalar(text);
+  std::size_t length = std::min(previous.length, text.size());
+  utf8proc_int32_t state = 0;
+  while (length < text.size()) {
+    const Scalar next = firstScalar(text.substr(length));
+    if (utf8proc_grapheme_break_stateful(previous.value, next.value, &state)) break;
+    length += next.length;
+    previous = next;
+  }
+  return text.substr(0, length);
 }
 
 }  // namespace rondora

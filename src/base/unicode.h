@@ -14,5 +14,8 @@ std::string lowerCased(std::string_view text);
 /// Without white space and line ends at either end.
 std::string_view trimmed(std::string_view text);
 std::size_t scalarCount(std::string_view text);
+/// The first character as a reader sees it: with its accents, or a whole emoji sequence (Unicode Annex 29, extended
+/// grapheme clusters). Empty for an empty text.
+std::string_view firstCharacter(std::string_view text);
 
 }  // namespace rondora

@@ -2,6 +2,8 @@
 
 #include <utf8proc.h>
 
+#include "base/unicode.h"
+
 namespace rondora {
 namespace {
 
@@ -21,7 +23,8 @@ IconKind kindOf(std::string_view icon) {
   if (icon.empty()) return IconKind::none;
   if (icon.front() == '/') return IconKind::imageFile;
   if (icon.starts_with(kApplicationPrefix) && icon.size() > kApplicationPrefix.size()) return IconKind::application;
-  if (startsLikeEmoji(icon) || icon.find(kCombiningKeycap) != std::string_view::npos) return IconKind::emoji;
+  const std::string_view first = firstCharacter(icon);
+  if (startsLikeEmoji(first) || first.find(kCombiningKeycap) != std::string_view::npos) return IconKind::emoji;
   return IconKind::symbol;
 }
 
@@ -30,6 +33,7 @@ IconKind kindOf(std::string_view icon) {
 IconReference IconReference::parse(std::string_view icon) {
   const IconKind kind = kindOf(icon);
   if (kind == IconKind::application) icon.remove_prefix(kApplicationPrefix.size());
+  if (kind == IconKind::emoji) icon = firstCharacter(icon);
   return {kind, std::string(icon)};
 }
 

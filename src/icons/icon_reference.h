@@ -14,8 +14,8 @@ struct IconReference {
   std::string name;
   friend bool operator==(const IconReference&, const IconReference&) = default;
 
-  /// Every text stands for something: "" for no icon, an emoji for itself, "/…" for an image file, "app:<identifier>"
-  /// for an application's icon, and whatever is left for a symbol of that name.
+  /// Every text stands for something: "" for no icon, "/…" for an image file, "app:<identifier>" for an application's
+  /// icon, a text that begins with an emoji for that emoji alone, and whatever is left for a symbol of that name.
   static IconReference parse(std::string_view icon);
 
   /// The text that stands for the icon of an application.

@@ -5,6 +5,7 @@
 #include <numbers>
 
 #include "base/color.h"
+#include "base/unicode.h"
 #include "icons/icon_reference.h"
 #include "pie/pie_sector_shape.h"
 #include "pie/quick_select.h"
@@ -148,20 +149,14 @@ class SectorPainter {
     if (icon.kind != IconKind::none) {
       list.push_back(IconCommand{icon.kind, std::move(icon.name), *rect, tint});
     } else if (!title.empty()) {
-      list.push_back(TextCommand{firstCharacter(title), *rect, rect->size.height * 0.72, FontWeight::semibold,
-                                 TextAlignment::center, 1, tint});
+      list.push_back(TextCommand{std::string(firstCharacter(title)), *rect, rect->size.height * 0.72,
+                                 FontWeight::semibold, TextAlignment::center, 1, tint});
     }
   }
 
   Color iconTint(const PieMenuItem& item, Look look) const {
     const Color plain = look == Look::highlighted ? foregroundOn(itemColor(item)) : kWhite.withAlpha(0.96);
     return item.iconColor ? Color::fromHex(*item.iconColor).value_or(plain) : plain;
-  }
-
-  static std::string firstCharacter(const std::string& text) {
-    std::size_t length = 1;
-    while (length < text.size() && (static_cast<unsigned char>(text[length]) & 0xC0) == 0x80) ++length;
-    return text.substr(0, length);
   }
 
   void appendLabel(DisplayList& list, std::size_t index, Color sectorColor, const std::string& text, Look look) const {

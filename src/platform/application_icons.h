@@ -24,8 +24,11 @@ class ApplicationIcons {
  public:
   virtual ~ApplicationIcons() = default;
 
-  /// Nothing when the application has no picture of its own.
+  /// The picture that the application is installed with; nothing when there is none.
   virtual std::optional<ApplicationIconSource> iconSource(std::string_view bundleIdentifier) const = 0;
+  /// The picture that a window of the running application brings along, for where the other is missing or unreadable.
+  /// May ask the display server.
+  virtual std::optional<ApplicationIconSource> windowIconSource(std::string_view bundleIdentifier) const = 0;
 };
 
 }  // namespace rondora

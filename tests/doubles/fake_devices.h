@@ -40,13 +40,24 @@ class SeededRandom final : public RandomSource {
 
 class FakeApplicationIcons final : public ApplicationIcons {
  public:
+  using Sources = std::map<std::string, ApplicationIconSource, std::less<>>;
+
   std::optional<ApplicationIconSource> iconSource(std::string_view bundleIdentifier) const override {
-    const auto found = sources.find(bundleIdentifier);
-    if (found == sources.end()) return std::nullopt;
-    return found->second;
+    return find(sources, bundleIdentifier);
+  }
+  std::optional<ApplicationIconSource> windowIconSource(std::string_view bundleIdentifier) const override {
+    return find(windowSources, bundleIdentifier);
   }
 
-  std::map<std::string, ApplicationIconSource, std::less<>> sources;
+  Sources sources;
+  Sources windowSources;
+
+ private:
+  static std::optional<ApplicationIconSource> find(const Sources& in, std::string_view bundleIdentifier) {
+    const auto found = in.find(bundleIdentifier);
+    if (found == in.end()) return std::nullopt;
+    return found->second;
+  }
 };
 
 /// Paints the whole buffer with one value for each different combination of layer states.

@@ -31,6 +31,7 @@ class ThemeIcons : public ApplicationIcons {
     source.themeName = std::string(bundleIdentifier);
     return source;
   }
+  std::optional<ApplicationIconSource> windowIconSource(std::string_view) const override { return std::nullopt; }
 };
 
 struct Sample {

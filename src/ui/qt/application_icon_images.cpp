@@ -14,6 +14,8 @@ namespace rondora {
 namespace {
 
 constexpr qint64 kLargestFile = 16 << 20;
+/// A drawing takes far longer than its size lets one expect.
+constexpr qint64 kLargestVectorFile = 1 << 20;
 constexpr int kLargestSide = 4096;
 
 bool isSensible(QSize size) { return !size.isEmpty() && size.width() <= kLargestSide && size.height() <= kLargestSide; }
@@ -23,7 +25,11 @@ QImage fitted(const QImage& image, int side) {
   return image.scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation);
 }
 
-bool isVector(const QImageReader& reader) { return reader.format() == "svg" || reader.format() == "svgz"; }
+/// Nothing is known of what a packed drawing unpacks to, so it counts as too large.
+bool isTooLarge(const QImageReader& reader, qint64 bytes) {
+  if (reader.format() == "svg") return bytes > kLargestVectorFile;
+  return reader.format() == "svgz" || bytes > kLargestFile;
+}
 
 /// Desktop entries name theme icons with an ending now and then.
 QString withoutEnding(const QString& name) {
@@ -57,9 +63,10 @@ QImage imageFileImage(const QString& path, int side) {
   QImageReader reader(path);
   reader.setDecideFormatFromContent(true);
   reader.setAutoTransform(true);
+  if (isTooLarge(reader, file.size())) return {};
   const QSize size = reader.size();
   if (!isSensible(size)) return {};
-  if (isVector(reader)) reader.setScaledSize(size.scaled(side, side, Qt::KeepAspectRatio));
+  if (reader.format() == "svg") reader.setScaledSize(size.scaled(side, side, Qt::KeepAspectRatio));
   return fitted(reader.read(), side);
 }
 

@@ -1,8 +1,10 @@
 #include "ui/qt/emoji_images.h"
 
 #include <QFont>
+#include <QFontDatabase>
 #include <QFontMetrics>
 #include <QPainter>
+#include <algorithm>
 
 #include "ui/qt/qt_conversions.h"
 
@@ -13,8 +15,20 @@ namespace {
 constexpr const char* kEmojiFont = "Noto Color Emoji";
 /// The size at which the font's own bitmaps are drawn pixel by pixel.
 constexpr int kNativePixelSize = 109;
-/// The longest emoji sequences have about ten code points.
-constexpr std::size_t kLongestEmoji = 64;
+constexpr int kMargin = 32;
+/// A sequence that the font does not know is drawn as its parts side by side.
+constexpr int kLargestWidth = 1024;
+
+/// Selectors between text and emoji presentation. The font's sequences are spelled without them, and the toolkit would
+/// look for them in other fonts and so tear a sequence apart.
+bool isVariationSelector(QChar c) { return c == QChar(0xFE0E) || c == QChar(0xFE0F); }
+
+QFont emojiFont() {
+  QFont font(kEmojiFont);
+  font.setPixelSize(kNativePixelSize);
+  if (QFontDatabase::hasFamily(kEmojiFont)) font.setStyleStrategy(QFont::NoFontMerging);
+  return font;
+}
 
 QRect opaqueBounds(const QImage& image) {
   QRect bounds;
@@ -28,15 +42,15 @@ QRect opaqueBounds(const QImage& image) {
 }
 
 QImage nativeImage(const QString& text) {
-  QFont font(kEmojiFont);
-  font.setPixelSize(kNativePixelSize);
-  const QRect bounds = QFontMetrics(font).boundingRect(text).adjusted(-16, -16, 16, 16);
-  QImage image(bounds.size().boundedTo({2048, 512}), QImage::Format_ARGB32_Premultiplied);
+  const QFont font = emojiFont();
+  const QFontMetrics metrics(font);
+  const int width = std::min(metrics.horizontalAdvance(text), kLargestWidth);
+  QImage image(width + 2 * kMargin, metrics.height() + 2 * kMargin, QImage::Format_ARGB32_Premultiplied);
   image.fill(Qt::transparent);
   QPainter painter(&image);
   painter.setFont(font);
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.drawText(-bounds.topLeft(), text);
+  painter.drawText(kMargin, kMargin + metrics.ascent(), text);
   painter.end();
   const QRect opaque = opaqueBounds(image);
   return opaque.isEmpty() ? QImage() : image.copy(opaque);
@@ -45,7 +59,9 @@ QImage nativeImage(const QString& text) {
 }  // namespace
 
 QImage emojiImage(std::string_view text, int side) {
-  const QImage native = nativeImage(toQString(text.substr(0, kLongestEmoji)));
+  QString sequence = toQString(text);
+  sequence.removeIf(isVariationSelector);
+  const QImage native = nativeImage(sequence);
   if (native.isNull()) return {};
   return native.scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation);
 }

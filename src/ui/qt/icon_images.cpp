@@ -65,9 +65,11 @@ IconImages::Found IconImages::make(const IconCommand& icon, int side) const {
 
 /// An application without a picture may be installed, or show a window, a moment later: that is not remembered.
 IconImages::Found IconImages::makeApplication(const IconCommand& icon, int side) const {
-  QImage image;
-  if (const auto source = applicationIcons_.iconSource(icon.name)) image = applicationIconImage(*source, side);
-  if (!image.isNull()) return {image, true};
+  for (const auto find : {&ApplicationIcons::iconSource, &ApplicationIcons::windowIconSource}) {
+    const auto source = (applicationIcons_.*find)(icon.name);
+    const QImage image = source ? applicationIconImage(*source, side) : QImage();
+    if (!image.isNull()) return {image, true};
+  }
   return {embeddedSymbolImage(kNeutralApplication, side, icon.tint), false};
 }
 

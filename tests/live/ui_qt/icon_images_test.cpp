@@ -1,13 +1,22 @@
 #include "ui/qt/icon_images.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <algorithm>
 #include <map>
+#include <set>
 #include <string>
+#include <vector>
 
+#include "app/status_menu.h"
+#include "doubles/fake_devices.h"
+#include "doubles/fake_session.h"
+#include "doubles/fake_status_bar.h"
+#include "model/pie_configuration.h"
 #include "ui/qt/symbol_images.h"
 #include "ui/qt/symbol_table.h"
 
@@ -16,16 +25,6 @@ namespace {
 
 constexpr int kSide = 48;
 constexpr Color kRed{1, 0, 0, 1};
-
-class StoredApplicationIcons : public ApplicationIcons {
- public:
-  std::optional<ApplicationIconSource> iconSource(std::string_view bundleIdentifier) const override {
-    const auto found = sources.find(std::string(bundleIdentifier));
-    if (found == sources.end()) return std::nullopt;
-    return found->second;
-  }
-  std::map<std::string, ApplicationIconSource> sources;
-};
 
 struct Coverage {
   int opaquePixels = 0;
@@ -60,22 +59,48 @@ class IconImagesTest : public testing::Test {
     return path;
   }
 
+  QString paint(const QString& name, QSize size, QColor color) {
+    QImage picture(size, QImage::Format_RGB32);
+    picture.fill(color);
+    EXPECT_TRUE(picture.save(folder.filePath(name)));
+    return folder.filePath(name);
+  }
+
   QTemporaryDir folder;
-  StoredApplicationIcons applications;
+  FakeApplicationIcons applications;
   IconImages images{applications};
 };
 
 TEST_F(IconImagesTest, EverySymbolOfTheTableHasItsOwnPictureInTheTint) {
-  const QImage neutral = icon(IconKind::symbol, "no such symbol");
-  ASSERT_GT(coverage(neutral).opaquePixels, 0);
+  std::vector<QImage> others = {icon(IconKind::symbol, "no such symbol")};
+  ASSERT_GT(coverage(others.front()).opaquePixels, 0);
   for (const SymbolEntry& entry : symbolTable()) {
     SCOPED_TRACE(entry.name);
     const QImage image = icon(IconKind::symbol, std::string(entry.name));
     EXPECT_EQ(image.size(), QSize(kSide, kSide));
     EXPECT_GT(coverage(image).opaquePixels, kSide * kSide / 50);
     EXPECT_EQ(coverage(image).colours, 1);
-    EXPECT_NE(image, neutral);
+    EXPECT_EQ(std::count(others.begin(), others.end(), image), 0);
+    others.push_back(image);
   }
+}
+
+TEST_F(IconImagesTest, EverySymbolThatTheProgramItselfUsesIsDrawn) {
+  SeededRandom random;
+  std::set<std::string, std::less<>> used(PieMenuItem::kUnassignedSymbols.begin(),
+                                          PieMenuItem::kUnassignedSymbols.end());
+  for (const PieMenu& menu : PieConfiguration::defaultConfig(random).menus) {
+    for (const PieMenuItem& item : menu.items) used.insert(item.icon);
+  }
+  FakeApplicationShell shell;
+  FakeStatusBar statusBar;
+  const LocalizationStore localization;
+  StatusMenu(shell, statusBar, localization, {}).setupStatusBar();
+  for (const MenuEntry& entry : statusBar.items.back()->description.menu) {
+    if (!entry.isSeparator) used.insert(entry.symbol);
+  }
+  EXPECT_GE(used.size(), 49u + 5 + 1);
+  for (const std::string& name : used) EXPECT_TRUE(findSymbol(name)) << name;
 }
 
 TEST_F(IconImagesTest, ASymbolIsFoundWithAndWithoutItsFilling) {
@@ -83,30 +108,56 @@ TEST_F(IconImagesTest, ASymbolIsFoundWithAndWithoutItsFilling) {
   EXPECT_EQ(icon(IconKind::symbol, "globe.fill"), icon(IconKind::symbol, "globe"));
 }
 
-TEST_F(IconImagesTest, EmojiKeepTheirColours) {
-  for (const char* emoji : {"🍕", "👩‍🚀", "🇳🇴", "❤️"}) {
+TEST_F(IconImagesTest, AnEmojiSequenceIsOnePictureInItsOwnColours) {
+  for (const char* emoji :
+       {"🍕", "👩‍🚀", "❤️", "👍🏽", "👩🏿‍❤️‍💋‍👨🏻", "7️⃣"}) {
     SCOPED_TRACE(emoji);
     const QImage image = icon(IconKind::emoji, emoji);
-    EXPECT_EQ(std::max(image.width(), image.height()), kSide);
+    EXPECT_GE(std::min(image.width(), image.height()), kSide * 3 / 4);
     EXPECT_GT(coverage(image).colours, 8);
   }
+  for (const char* flag : {"🇳🇴", "🏳️‍🌈", "🏴‍☠️", "🏴󠁧󠁢󠁥󠁮󠁧󠁿"}) {
+    SCOPED_TRACE(flag);
+    const QImage image = icon(IconKind::emoji, flag);
+    EXPECT_EQ(image.width(), kSide);
+    EXPECT_GT(image.height(), kSide / 2);
+    EXPECT_GT(coverage(image).opaquePixels, kSide * kSide / 3);
+  }
+  EXPECT_EQ(icon(IconKind::emoji, "❤️"), icon(IconKind::emoji, "❤"));
+  EXPECT_EQ(icon(IconKind::emoji, "\U00013000"), icon(IconKind::symbol, "no such symbol"));
 }
 
 TEST_F(IconImagesTest, AnApplicationShowsItsWindowsPictureAsSoonAsItHasOne) {
+  applications.sources["org.example.Editor"].filePath = "/no/such/picture.png";
   const QImage before = icon(IconKind::application, "org.example.Editor");
   ApplicationIconSource source;
   source.pixels.assign(16 * 16, 0xFF00FF00);
   source.pixelWidth = source.pixelHeight = 16;
-  applications.sources["org.example.Editor"] = source;
+  applications.windowSources["org.example.Editor"] = source;
   const QImage after = icon(IconKind::application, "org.example.Editor");
   EXPECT_NE(before, after);
   EXPECT_EQ(after.size(), QSize(kSide, kSide));
   EXPECT_EQ(after.pixel(kSide / 2, kSide / 2), 0xFF00FF00);
 }
 
-TEST_F(IconImagesTest, AnApplicationIconIsFoundInTheIconTheme) {
+TEST_F(IconImagesTest, AnApplicationsOwnPictureIsAThemesOrAFile) {
   applications.sources["org.example.Files"].themeName = "folder";
   EXPECT_GT(coverage(icon(IconKind::application, "org.example.Files")).colours, 2);
+  applications.sources["org.example.Blue"].themeName = paint("blue.png", {20, 20}, Qt::blue).toStdString();
+  EXPECT_EQ(icon(IconKind::application, "org.example.Blue").pixel(5, 5), qRgb(0, 0, 255));
+}
+
+TEST_F(IconImagesTest, PicturesOfEveryCommonFormatAreRead) {
+  const QString svg = write("drawn.svg",
+                            "<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 4 4'>"
+                            "<rect width='4' height='4' fill='#0000ff'/></svg>");
+  for (const QString& path : {svg, paint("a.png", {300, 300}, Qt::blue), paint("a.jpg", {300, 300}, Qt::blue),
+                              paint("a.ico", {16, 16}, Qt::blue), paint("a.bmp", {9, 9}, Qt::blue)}) {
+    const QImage image = icon(IconKind::imageFile, path.toStdString());
+    ASSERT_EQ(image.size(), QSize(kSide, kSide)) << path.toStdString();
+    EXPECT_GT(qBlue(image.pixel(kSide / 2, kSide / 2)), 250);
+    EXPECT_LT(qRed(image.pixel(kSide / 2, kSide / 2)), 5);
+  }
 }
 
 TEST_F(IconImagesTest, FilesThatCannotBeTrustedGiveTheNeutralPicture) {
@@ -114,28 +165,31 @@ TEST_F(IconImagesTest, FilesThatCannotBeTrustedGiveTheNeutralPicture) {
   ASSERT_GT(coverage(neutral).opaquePixels, 0);
   const QString broken = write("broken.png", "\x89PNG\r\n\x1a\n and then nothing of the kind");
   const QString empty = write("empty.png", {});
-  QImage wide(5000, 2, QImage::Format_RGB32);
-  wide.fill(Qt::blue);
-  ASSERT_TRUE(wide.save(folder.filePath("wide.png")));
+  const QString wide = paint("wide.png", {5000, 2}, Qt::blue);
   QFile huge(folder.filePath("huge.png"));
   ASSERT_TRUE(huge.open(QIODevice::WriteOnly) && huge.resize((16 << 20) + 1));
-  for (const QString& path : {broken, empty, folder.filePath("wide.png"), huge.fileName(), folder.path(),
-                              QStringLiteral("relative.png"), QStringLiteral("/dev/zero")}) {
+  const QString longDrawing = write("long.svg", "<svg xmlns='http://www.w3.org/2000/svg' width='4' height='4'>" +
+                                                    QByteArray(2 << 20, ' ') + "<rect width='4' height='4'/></svg>");
+  const QString packedDrawing = write(
+      "packed.svgz",
+      QByteArray::fromBase64("H4sIAAAAAAACAxXLMQ6AIAxA0at060YbZTLA4FWUAImKwcZyfGX7w/"
+                             "vueRP087gej1nkXohU1ehsaks0MTP9AuEtUdfaPTIwWLAYXIubgJZdskeLkGNJWUZScGMKH5jxlKRcAAAA"));
+  const QString pipe = folder.filePath("pipe.png");
+  ASSERT_EQ(mkfifo(pipe.toLocal8Bit().constData(), 0600), 0);
+  ASSERT_TRUE(QFile::link("/dev/zero", folder.filePath("zero.png")));
+  for (const QString& path : {broken, empty, wide, huge.fileName(), longDrawing, packedDrawing, pipe, folder.path(),
+                              folder.filePath("zero.png"), QStringLiteral("relative.png")}) {
     EXPECT_EQ(icon(IconKind::imageFile, path.toStdString()), neutral) << path.toStdString();
   }
 }
 
 TEST_F(IconImagesTest, AnImageFileIsFittedAndReadAnewWhenItChanges) {
-  QImage picture(20, 10, QImage::Format_RGB32);
-  picture.fill(Qt::blue);
-  const QString path = folder.filePath("picture.png");
-  ASSERT_TRUE(picture.save(path));
+  const QString path = paint("picture.png", {20, 10}, Qt::blue);
   const QImage first = icon(IconKind::imageFile, path.toStdString());
   EXPECT_EQ(first.size(), QSize(kSide, kSide / 2));
   EXPECT_EQ(first.pixel(5, 5), qRgb(0, 0, 255));
 
-  picture.fill(Qt::green);
-  ASSERT_TRUE(picture.save(path));
+  paint("picture.png", {20, 10}, Qt::green);
   QFile file(path);
   ASSERT_TRUE(file.open(QIODevice::ReadWrite));
   file.setFileTime(QDateTime::currentDateTime().addSecs(60), QFileDevice::FileModificationTime);

@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "doubles/fake_devices.h"
 #include "ui/qt/qt_picture_rasterizer.h"
 
 namespace rondora {
@@ -16,13 +17,6 @@ namespace {
 constexpr std::uint32_t kUntouched = 0x12345678;
 constexpr double kSide = 200;
 constexpr Point kCentre{kSide / 2, kSide / 2};
-
-class NoApplicationIcons : public ApplicationIcons {
- public:
-  std::optional<ApplicationIconSource> iconSource(std::string_view /*bundleIdentifier*/) const override {
-    return std::nullopt;
-  }
-};
 
 struct Canvas {
   explicit Canvas(double pixelsPerPoint)
@@ -72,7 +66,7 @@ class PictureRasterizerTest : public testing::TestWithParam<double> {
  protected:
   PictureView whole() const { return {GetParam(), 1, 1, {{0, 0}, {kSide, kSide}}}; }
 
-  NoApplicationIcons applications;
+  FakeApplicationIcons applications;
   QtPictureRasterizer rasterizer{applications};
 };
 
@@ -172,7 +166,7 @@ class TextTest : public testing::Test {
     return ink;
   }
 
-  NoApplicationIcons applications;
+  FakeApplicationIcons applications;
   QtPictureRasterizer rasterizer{applications};
 };
 

@@ -89,17 +89,18 @@ TEST_F(IdentityTest, PanelsAreNoOrdinaryApplicationsAndAWindowWithoutNamesHasNoI
   EXPECT_EQ(running("tint2")->activationPolicy, ActivationPolicy::accessory);
 }
 
-TEST_F(IdentityTest, PicturesComeFromTheDesktopEntryElseFromTheWindow) {
+TEST_F(IdentityTest, PicturesComeFromTheDesktopEntryAndFromTheWindow) {
   const x11::X11ApplicationIcons icons(installed_, underTest_.windows, workspace());
   EXPECT_EQ(icons.iconSource("com.apple.Notes")->themeName, "org.xfce.mousepad");
   EXPECT_FALSE(icons.iconSource(kOwnIdentifier));
+  EXPECT_FALSE(icons.windowIconSource(kOwnIdentifier));
 
   PlainWindow window(underTest_.connection);
   std::vector<std::uint32_t> data{2, 1, 0xFF000000, 0x80FFFFFF, 3, 1, 1, 2, 3, 1, 1, 9};
   window.setIcon(data);
   window.map();
   ASSERT_TRUE(eventually([this] { return running(kOwnIdentifier).has_value(); }));
-  const auto source = icons.iconSource(kOwnIdentifier);
+  const auto source = icons.windowIconSource(kOwnIdentifier);
   ASSERT_TRUE(source);
   EXPECT_EQ(source->pixelWidth, 3);
   EXPECT_EQ(source->pixelHeight, 1);

@@ -27,6 +27,11 @@ TEST(IconReferenceTest, TellsTheKindsApart) {
       {"👍🏽", IconKind::emoji, "👍🏽"},
       {"🇫🇷", IconKind::emoji, "🇫🇷"},
       {"7️⃣", IconKind::emoji, "7️⃣"},
+      {"🏴󠁧󠁢󠁥󠁮󠁧󠁿", IconKind::emoji, "🏴󠁧󠁢󠁥󠁮󠁧󠁿"},
+      {"🇫🇷🇳🇴", IconKind::emoji, "🇫🇷"},
+      {"👩🏿‍❤️‍💋‍👨🏻🍕", IconKind::emoji, "👩🏿‍❤️‍💋‍👨🏻"},
+      {"🙂 smile", IconKind::emoji, "🙂"},
+      {"level 7️⃣", IconKind::symbol, "level 7️⃣"},
   };
   for (const Case& c : cases) {
     EXPECT_EQ(IconReference::parse(c.icon), (IconReference{c.kind, c.name})) << c.icon;

@@ -3,8 +3,11 @@
 namespace rondora::x11 {
 
 std::optional<ApplicationIconSource> X11ApplicationIcons::iconSource(std::string_view bundleIdentifier) const {
+  return catalogue_.iconSource(catalogue_.resolve(bundleIdentifier));
+}
+
+std::optional<ApplicationIconSource> X11ApplicationIcons::windowIconSource(std::string_view bundleIdentifier) const {
   const std::string id = catalogue_.resolve(bundleIdentifier);
-  if (auto source = catalogue_.iconSource(id)) return source;
   for (const RunningApplication& application : workspace_.runningApplications(id)) {
     auto icon = windows_.icon(static_cast<xcb_window_t>(application.window));
     if (!icon) continue;

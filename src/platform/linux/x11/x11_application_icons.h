@@ -7,7 +7,6 @@
 
 namespace rondora::x11 {
 
-/// The picture that an application is installed with, else the one that its window brings along.
 class X11ApplicationIcons final : public ApplicationIcons {
  public:
   /// All outlive this.
@@ -15,6 +14,7 @@ class X11ApplicationIcons final : public ApplicationIcons {
       : catalogue_(catalogue), windows_(windows), workspace_(workspace) {}
 
   std::optional<ApplicationIconSource> iconSource(std::string_view bundleIdentifier) const override;
+  std::optional<ApplicationIconSource> windowIconSource(std::string_view bundleIdentifier) const override;
 
  private:
   const ApplicationCatalogue& catalogue_;
