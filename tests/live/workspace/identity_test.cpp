@@ -91,7 +91,9 @@ TEST_F(IdentityTest, PanelsAreNoOrdinaryApplicationsAndAWindowWithoutNamesHasNoI
 
 TEST_F(IdentityTest, PicturesComeFromTheDesktopEntryAndFromTheWindow) {
   const x11::X11ApplicationIcons icons(installed_, underTest_.windows, workspace());
-  EXPECT_EQ(icons.iconSource("com.apple.Notes")->themeName, "org.xfce.mousepad");
+  EXPECT_EQ(icons.iconSource("org.xfce.mousepad")->themeName, "org.xfce.mousepad");
+  EXPECT_EQ(icons.iconSource("com.apple.Notes")->themeName,
+            icons.iconSource(installed_.resolve("com.apple.Notes"))->themeName);
   EXPECT_FALSE(icons.iconSource(kOwnIdentifier));
   EXPECT_FALSE(icons.windowIconSource(kOwnIdentifier));
 
