@@ -25,9 +25,10 @@ struct HotKeyEvent {
 };
 
 /// System-wide hot keys. Modifiers match exactly, whatever Caps Lock and Num Lock do; a press is reported once however
-/// long the key is held, a release when the key itself goes up. While the program's overlay holds the keyboard nothing
-/// is reported: all keys, releases of reported presses included, are then key events (platform/event_monitors.h). Main
-/// thread.
+/// long the key is held, a release when the key itself goes up, also when the combination was registered anew
+/// meanwhile. While the program's overlay holds the keyboard nothing is reported but hot keys whose key is itself a
+/// modifier: all other keys, releases of reported presses included, are then key events (platform/event_monitors.h); a
+/// release that comes when the overlay is gone is reported, wherever the press was. Main thread.
 class HotkeyService {
  public:
   /// Receives nothing when the event carries no event data. Returns 0 when handled.

@@ -71,12 +71,6 @@ Subscription FakeKeyboard::addLocalMonitor(std::uint32_t eventMask, EventMonitor
   return add(monitors_, Monitor{eventMask, std::move(handler)});
 }
 
-bool FakeKeyboard::isRegistered(std::uint32_t keyCode, std::uint32_t carbonModifiers) const {
-  return std::any_of(registrations_->begin(), registrations_->end(), [&](const auto& entry) {
-    return entry.second.keyCode == keyCode && entry.second.carbonModifiers == carbonModifiers;
-  });
-}
-
 std::uint64_t FakeKeyboard::currentModifierFlags() const {
   std::uint64_t flags = 0;
   for (const std::uint16_t keyCode : held_) flags |= modifierFlag(keyCode);
@@ -119,17 +113,18 @@ int FakeKeyboard::send(const HotKeyEvent* event) {
   return status;
 }
 
-void FakeKeyboard::deliverPress(std::uint16_t keyCode, std::uint64_t flags) {
-  const std::int64_t carbonModifiers = CarbonModifiers::carbon(flags);
+std::optional<EventHotKeyID> FakeKeyboard::registered(std::uint32_t keyCode, std::uint32_t carbonModifiers) const {
   for (const auto& [id, registration] : *registrations_) {
-    if (registration.keyCode != keyCode || registration.carbonModifiers != carbonModifiers) continue;
-    const EventHotKeyID hotKey = registration.id;
-    owedReleases_[keyCode] = hotKey;
-    const HotKeyEvent pressed{kEventHotKeyPressed, hotKey};
-    send(&pressed);
-    return;
+    if (registration.keyCode == keyCode && registration.carbonModifiers == carbonModifiers) return registration.id;
   }
-  seenByApplications.push_back(keyCode);
+  return std::nullopt;
+}
+
+void FakeKeyboard::deliverPress(std::uint16_t keyCode) {
+  const auto found = owedReleases_.find(keyCode);
+  if (found == owedReleases_.end()) return seenByApplications.push_back(keyCode);
+  const HotKeyEvent pressed{kEventHotKeyPressed, *registered(keyCode, found->second)};
+  send(&pressed);
 }
 
 void FakeKeyboard::deliverRelease(std::uint16_t keyCode) {
@@ -138,8 +133,10 @@ void FakeKeyboard::deliverRelease(std::uint16_t keyCode) {
     seenByApplications.push_back(-keyCode - 1);
     return;
   }
-  const HotKeyEvent released{kEventHotKeyReleased, owed->second};
+  const auto hotKey = registered(keyCode, owed->second);
   owedReleases_.erase(owed);
+  if (!hotKey) return;
+  const HotKeyEvent released{kEventHotKeyReleased, *hotKey};
   send(&released);
 }
 
@@ -147,9 +144,12 @@ void FakeKeyboard::press(std::uint16_t keyCode) {
   const KeyEvent before = event(KeyEventType::keyDown, keyCode);
   held_.insert(keyCode);
   const bool isModifier = modifierFlag(keyCode) != 0;
+  const auto modifiers = static_cast<std::uint32_t>(CarbonModifiers::carbon(before.modifierFlags));
+  owedReleases_.erase(keyCode);
+  if (!isModifier && registered(keyCode, modifiers)) owedReleases_[keyCode] = modifiers;
   if (overlayHoldsKeyboard_())
     return deliverToMonitors(isModifier ? event(KeyEventType::flagsChanged, keyCode) : before);
-  if (!isModifier) deliverPress(keyCode, before.modifierFlags);
+  if (!isModifier) deliverPress(keyCode);
 }
 
 void FakeKeyboard::release(std::uint16_t keyCode) {

@@ -51,7 +51,9 @@ class FakeKeyboard final : public HotkeyService, public EventMonitors {
   void releaseAll(std::initializer_list<std::uint16_t> keyCodes);
 
   void setCharacters(std::uint16_t keyCode, const std::string& plain, const std::string& shifted);
-  bool isRegistered(std::uint32_t keyCode, std::uint32_t carbonModifiers) const;
+  bool isRegistered(std::uint32_t keyCode, std::uint32_t carbonModifiers) const {
+    return registered(keyCode, carbonModifiers).has_value();
+  }
   std::size_t registrationCount() const { return registrations_->size(); }
   std::size_t handlerCount() const { return handlers_->size(); }
   std::size_t monitorCount() const { return monitors_->size(); }
@@ -80,7 +82,8 @@ class FakeKeyboard final : public HotkeyService, public EventMonitors {
   [[nodiscard]] Subscription add(const Table<T>& table, T value);
   KeyEvent event(KeyEventType type, std::uint16_t keyCode) const;
   void deliverToMonitors(const KeyEvent& event) const;
-  void deliverPress(std::uint16_t keyCode, std::uint64_t flags);
+  std::optional<EventHotKeyID> registered(std::uint32_t keyCode, std::uint32_t carbonModifiers) const;
+  void deliverPress(std::uint16_t keyCode);
   void deliverRelease(std::uint16_t keyCode);
 
   std::function<bool()> overlayHoldsKeyboard_;
@@ -89,8 +92,8 @@ class FakeKeyboard final : public HotkeyService, public EventMonitors {
   Table<HotkeyService::Handler> handlers_ = std::make_shared<std::map<std::uint64_t, HotkeyService::Handler>>();
   Table<Monitor> monitors_ = std::make_shared<std::map<std::uint64_t, Monitor>>();
   std::set<std::uint16_t> held_;
-  /// Hot keys whose press was reported and whose release is owed, by key code.
-  std::map<std::uint16_t, EventHotKeyID> owedReleases_;
+  /// The Carbon modifiers of the hot keys that are down, by key code.
+  std::map<std::uint16_t, std::uint32_t> owedReleases_;
   std::map<std::uint16_t, std::pair<std::string, std::string>> characters_;
 };
 

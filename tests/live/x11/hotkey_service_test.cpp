@@ -116,9 +116,20 @@ TEST_F(HotkeyServiceTest, AHandlerMayRegisterEverythingAnew) {
     return 0;
   });
   tapChord();
-  EXPECT_THAT(reports(), ElementsAre("+1")) << "the held key is no press of the new registration";
+  EXPECT_THAT(reports(), ElementsAre("+1", "-7")) << "the held key is no press of the new registration";
   tapChord();
-  EXPECT_THAT(reports(), ElementsAre("+7"));
+  EXPECT_THAT(reports(), ElementsAre("+7", "-7"));
+}
+
+TEST_F(HotkeyServiceTest, ReportsAModifierKeyItselfWhileTheOverlayIsUp) {
+  ASSERT_TRUE(registerHotkey(kSuper, 0));
+  user_.keyDown(key::super);
+  EXPECT_THAT(reports(), ElementsAre("+1"));
+  auto panel = openPanel();
+  user_.keyUp(key::super);
+  user_.tap(key::super);
+  EXPECT_THAT(reports(), ElementsAre("-1", "+1", "-1"));
+  EXPECT_THAT(keysSeen(), IsEmpty());
 }
 
 TEST_F(HotkeyServiceTest, StaysWhereItIsOnAnotherLayout) {

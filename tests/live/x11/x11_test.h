@@ -25,6 +25,7 @@ namespace rondora::live {
 
 inline constexpr std::uint32_t kSpace = 49;
 inline constexpr std::uint32_t kEscape = 53;
+inline constexpr std::uint32_t kSuper = 55;
 inline constexpr std::uint32_t kControlOption = 0x1800;
 inline constexpr std::uint16_t kControlMask = XCB_MOD_MASK_CONTROL;
 inline constexpr std::uint16_t kAltMask = XCB_MOD_MASK_1;

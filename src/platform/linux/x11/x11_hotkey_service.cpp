@@ -40,7 +40,7 @@ std::optional<Subscription> X11HotkeyService::registerEventHotKey(std::uint32_t 
   if (!key || !modifiers || !existsHere(connection_, *key)) return std::nullopt;
   const Combination combination{*key, *modifiers};
   if (!isNeeded(combination) && !grab(combination)) return std::nullopt;
-  registrations_.push_back({++lastNumber_, *key, carbonModifiers, id, modifiers, false});
+  registrations_.push_back({++lastNumber_, *key, carbonModifiers, id, modifiers});
   return Subscription(weakSelf_.bind([number = lastNumber_](X11HotkeyService& self) { self.unregister(number); }));
 }
 
@@ -102,19 +102,26 @@ void X11HotkeyService::handleKey(const XKey& key) {
   }
 }
 
+// A modifier key alone makes no key event for the overlay.
+bool X11HotkeyService::isReportedHere(const XKey& key) const {
+  return !key.isForOverlay || keymap_.isModifierKey(key.code);
+}
+
 void X11HotkeyService::handlePress(const XKey& key) {
   const auto held = static_cast<std::uint16_t>(key.state & kAllModifiers & ~grabbedMasks_.locks());
-  forEachRegistrationOf(key.code, [&](Registration& registration) {
+  pressedWith_[key.code].reset();
+  forEachRegistrationOf(key.code, [&](const Registration& registration) {
     if (registration.xModifiers != held) return;
-    registration.isPressed = true;
-    if (!key.isForOverlay) send(kEventHotKeyPressed, registration.id);
+    pressedWith_[key.code] = registration.carbonModifiers;
+    if (isReportedHere(key)) send(kEventHotKeyPressed, registration.id);
   });
 }
 
 void X11HotkeyService::handleRelease(const XKey& key) {
-  forEachRegistrationOf(key.code, [&](Registration& registration) {
-    if (!std::exchange(registration.isPressed, false)) return;
-    if (!key.isForOverlay) send(kEventHotKeyReleased, registration.id);
+  const auto modifiers = std::exchange(pressedWith_[key.code], std::nullopt);
+  if (!modifiers || !isReportedHere(key)) return;
+  forEachRegistrationOf(key.code, [&](const Registration& registration) {
+    if (registration.carbonModifiers == *modifiers) send(kEventHotKeyReleased, registration.id);
   });
 }
 

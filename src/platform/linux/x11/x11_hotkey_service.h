@@ -2,6 +2,7 @@
 
 #include <xcb/xcb.h>
 
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <vector>
@@ -16,9 +17,8 @@
 
 namespace rondora::x11 {
 
-/// Hot keys as passive grabs on the root window. While the overlay has the keyboard nothing is reported: whoever
-/// watches the overlay's keys (X11EventMonitors) sees the combination and its release there. A key whose press was told
-/// either way and that goes up after the overlay has let go is reported as released.
+/// Hot keys as passive grabs on the root window. While the overlay has the keyboard only modifier keys are reported:
+/// whoever watches the overlay's keys (X11EventMonitors) sees every other combination and its release there.
 class X11HotkeyService : public HotkeyService {
  public:
   X11HotkeyService(XConnection& connection, XKeymap& keymap, XKeyboard& keyboard);
@@ -36,7 +36,6 @@ class X11HotkeyService : public HotkeyService {
     EventHotKeyID id;
     /// Nothing while the keyboard has no such modifier.
     std::optional<std::uint16_t> xModifiers;
-    bool isPressed = false;
   };
   struct Combination {
     xcb_keycode_t key;
@@ -48,6 +47,7 @@ class X11HotkeyService : public HotkeyService {
   void unregister(std::uint64_t number);
   bool isNeeded(Combination combination) const;
   void handleKey(const XKey& key);
+  bool isReportedHere(const XKey& key) const;
   void handlePress(const XKey& key);
   void handleRelease(const XKey& key);
   template <class Visitor>
@@ -61,6 +61,9 @@ class X11HotkeyService : public HotkeyService {
   std::uint64_t lastNumber_ = 0;
   /// What the live grabs were made with.
   ModifierMasks grabbedMasks_;
+  /// By X key code: the Carbon modifiers of the hot key that the held key made. Outlives the registration, which may be
+  /// made anew meanwhile.
+  std::array<std::optional<std::uint32_t>, 256> pressedWith_;
   CallbackList<const HotKeyEvent*> handlers_;
   Subscription keyObserver_;
   Subscription keymapObserver_;
