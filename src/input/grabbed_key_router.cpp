@@ -10,7 +10,7 @@ bool GrabbedKeyRouter::offer(const KeyEvent& event) {
     case KeyEventType::keyDown:
       return offerKeyDown(event);
     case KeyEventType::keyUp:
-      return offerKeyUp(event);
+      return manager_.reportRelease(event.keyCode);
     case KeyEventType::flagsChanged:
       return false;
   }
@@ -24,12 +24,6 @@ bool GrabbedKeyRouter::offerKeyDown(const KeyEvent& event) {
   if (registration == nullptr) return false;
   if (overlay_.quickSelects(event) && overlay_.showsOneOf(registration->menuIndices)) return false;
   manager_.reportPress(*registration);
-  return true;
-}
-
-bool GrabbedKeyRouter::offerKeyUp(const KeyEvent& event) {
-  if (!manager_.isHeld(event.keyCode)) return false;
-  manager_.reportRelease(event.keyCode);
   return true;
 }
 

@@ -25,7 +25,6 @@ class GrabbedKeyRouter {
 
  private:
   bool offerKeyDown(const KeyEvent& event);
-  bool offerKeyUp(const KeyEvent& event);
 
   HotkeyManager& manager_;
   Overlay overlay_;

@@ -142,13 +142,15 @@ void HotkeyManager::reportPress(const Registration& registration) {
   pressed(registration.menuIndices);
 }
 
-void HotkeyManager::reportRelease(std::int64_t keyCode) {
+bool HotkeyManager::reportRelease(std::int64_t keyCode) {
   const auto found = std::find_if(held_.begin(), held_.end(),
                                   [keyCode](const HotkeyConfig& hotkey) { return hotkey.keyCode == keyCode; });
-  if (found == held_.end()) return;
+  if (found == held_.end()) return false;
   const Registration* registration = liveRegistration(keyCode, found->carbonModifiers);
   held_.erase(found);
-  if (registration != nullptr) released(registration->menuIndices);
+  if (registration == nullptr) return false;
+  released(registration->menuIndices);
+  return true;
 }
 
 }  // namespace rondora

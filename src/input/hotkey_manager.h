@@ -51,9 +51,10 @@ class HotkeyManager {
   const Registration* liveRegistration(std::int64_t keyCode, std::int64_t carbonModifiers) const;
   /// A press of a hot key with this key was reported and its release was not.
   bool isHeld(std::int64_t keyCode) const;
-  /// For who sees keys that the service does not. A release is reported when the press was.
+  /// For who sees keys that the service does not. A release is reported when the press was and its hot key still is
+  /// live; else the result is false.
   void reportPress(const Registration& registration);
-  void reportRelease(std::int64_t keyCode);
+  bool reportRelease(std::int64_t keyCode);
   /// The key went up unnoticed.
   void forgetHeld(std::int64_t keyCode);
 

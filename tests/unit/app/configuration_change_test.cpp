@@ -44,6 +44,33 @@ TEST_F(ConfigurationChangeTest, LeavesAnOpenStandardMenuOpenAndStillOwesItsRelea
   EXPECT_FALSE(isMenuUp());
 }
 
+TEST_F(ConfigurationChangeTest, OwesTheReleaseOfAKeyThatWentUpBeforeTheMenuWasUp) {
+  useMenus({menu("main", {kKKey, 0})});
+  launch();
+  desktop.keyboard.press(kKKey);
+  PieConfiguration configuration = program.configManager.current();
+  configuration.menus.front().name = "renamed";
+  program.configManager.save(configuration);
+  desktop.keyboard.release(kKKey);
+  desktop.time.runUntilIdle();
+  EXPECT_EQ(desktop.overlay.panels.size(), 1U);
+  EXPECT_FALSE(isMenuUp());
+}
+
+TEST_F(ConfigurationChangeTest, StepsWithTheHotkeyThatOpenedTheMenuWhenTheDocumentHasAnother) {
+  PieMenu standard = menu("main", {49, kControlOption});
+  useMenus({standard});
+  launch();
+  press({Key::kControlKey, Key::kOptionKey, Key::kSpaceKey});
+  standard.hotkey = {kKKey, 0};
+  useMenus({standard});
+  release({Key::kSpaceKey});
+  press({Key::kSpaceKey});
+  EXPECT_EQ(highlightedItem(), "browser");
+  release({Key::kOptionKey});
+  EXPECT_EQ(frontApplication(), "org.example.browser");
+}
+
 TEST_F(ConfigurationChangeTest, FollowsTheFingerCountsAndLeavesAnUnchangedSetAlone) {
   auto& trackpad = program.delegate.trackpadGestureMonitor();
   PieMenu tapped = menu("tapped", {});

@@ -148,6 +148,16 @@ TEST_F(GrabbedKeyRouterTest, OwesTheReleaseAcrossANewRegistration) {
   EXPECT_THAT(reports, ElementsAre("press 0", "release 0"));
 }
 
+TEST_F(GrabbedKeyRouterTest, LeavesTheOverlayTheReleaseOfAHotkeyThatIsGone) {
+  desktop.keyboard.press(kKKey);
+  showOverlay(0);
+  manager.registerAll({});
+  desktop.keyboard.repeat(kKKey);
+  desktop.keyboard.release(kKKey);
+  EXPECT_THAT(reports, ElementsAre("press 0"));
+  EXPECT_THAT(passedOn, ElementsAre(-kKKey));
+}
+
 TEST_F(GrabbedKeyRouterTest, IgnoresKeysWithoutACode) {
   KeyEvent event;
   event.keyCode = KeyEvent::kNoKeyCode;
