@@ -33,8 +33,11 @@ void MouseTrackingNSView::mouseEntered(Point windowLocation) {
 
 void MouseTrackingNSView::mouseExited() {
   lastHoveredSectorIndex_.reset();
+  // Copies: the first callback may end the view.
+  const auto rest = onPointerLocationUpdate;
+  const Point restingPlace = center;
   if (onHover) onHover(std::nullopt);
-  if (onPointerLocationUpdate) onPointerLocationUpdate(center);
+  if (rest) rest(restingPlace);
 }
 
 void MouseTrackingNSView::cursorUpdate(Point location) {

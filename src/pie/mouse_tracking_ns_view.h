@@ -12,7 +12,8 @@
 
 namespace rondora {
 
-/// What the overlay makes of the pointer. Points are in the view's own coordinates, y down. Main thread.
+/// What the overlay makes of the pointer. Points are in the view's own coordinates, y down. The callbacks about sectors
+/// and clicks may end the view. Main thread.
 class MouseTrackingNSView {
  public:
   using SectorIndex = std::optional<std::size_t>;
@@ -41,7 +42,7 @@ class MouseTrackingNSView {
   void mouseEntered(Point windowLocation);
   void mouseExited();
   void cursorUpdate(Point location);
-  /// The last thing that the view does in a turn: the callbacks may end it.
+  /// Chooses or dismisses.
   void mouseDown(Point location);
 
  private:

@@ -93,6 +93,7 @@ void PieMenuWindowController::makePanel(const PieMenu& menu, double rotationDegr
   tracking.items = displayedItems_;
   tracking.innerCircleHighlightsFirstSector = menu.kind == PieMenuKind::runningApps;
   tracking.hapticFeedbackEnabled = hapticFeedbackEnabled();
+  tracking.cursorUpdate(tracking.center);
   wireView();
 }
 

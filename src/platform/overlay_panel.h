@@ -24,8 +24,9 @@ struct OverlayPanelStyle {
 };
 
 /// What the overlay reports. Positions are in the panel's own coordinates (points, y down, origin at its top left) and
-/// may lie far outside the panel; leaving is reported before the move that left. Any call may destroy the panel, which
-/// then touches nothing of itself any more. Main thread.
+/// may lie far outside the panel: where the panel keeps the pointer wherever it goes, entering and leaving are never
+/// reported, else leaving is before the move that left. Any call may destroy the panel, which then touches nothing of
+/// itself any more. Main thread.
 class OverlayPanelSink {
  public:
   virtual ~OverlayPanelSink() = default;

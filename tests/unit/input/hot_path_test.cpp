@@ -21,7 +21,7 @@ class PlainHotkeyService final : public HotkeyService {
   Handler handler;
 };
 
-TEST(HotPath, DispatchingAndRoutingHotKeysAllocatesNothing) {
+TEST(HotPath, DispatchingAndRoutingKeysAllocatesAndLogsNothing) {
   FakeLog log;
   PlainHotkeyService service;
   HotkeyManager manager(service, log);
@@ -38,7 +38,10 @@ TEST(HotPath, DispatchingAndRoutingHotKeysAllocatesNothing) {
   down.modifierFlags = event_flags::kControl;
   KeyEvent up = down;
   up.type = KeyEventType::keyUp;
-
+  KeyEvent repeat = down;
+  repeat.isRepeat = true;
+  KeyEvent other = down;
+  other.keyCode = 12;
   const std::size_t before = allocationCount();
   for (const std::uint32_t id : {0U, 9U}) {
     for (const std::uint32_t kind : {kEventHotKeyPressed, kEventHotKeyReleased}) {
@@ -46,9 +49,9 @@ TEST(HotPath, DispatchingAndRoutingHotKeysAllocatesNothing) {
       service.handler(&event);
     }
   }
-  router.offer(down);
-  router.offer(up);
-  EXPECT_EQ(allocationCount(), before);
+  for (const KeyEvent* event : {&down, &repeat, &other, &up}) router.offer(*event);
+  EXPECT_EQ(allocationCount() - before, 0U);
+  EXPECT_TRUE(log.lines.empty());
   EXPECT_EQ(reported, 2U * 3U + 2U * 1U + 2U * 3U);
 }
 

@@ -5,8 +5,10 @@
 #include <cmath>
 #include <limits>
 #include <numbers>
+#include <random>
 
 #include "doubles/fake_devices.h"
+#include "pie/sector_geometry.h"
 
 namespace rondora {
 namespace {
@@ -51,6 +53,26 @@ TEST(MenuPreviewViewTest, FollowsTheRotationAndTheSingleSector) {
   for (const double hostile : {nan, 1e300, -1e300, std::numeric_limits<double>::infinity()}) {
     const Sector index = MenuPreviewView{5, hostile}.absoluteSectorIndex(hostile, hostile);
     EXPECT_TRUE(!index || *index < 5u);
+  }
+}
+
+TEST(MenuPreviewViewTest, AgreesWithTheOverlayOutsideTheDeadZones) {
+  std::mt19937_64 random(13);
+  const auto uniform = [&](double from, double to) { return std::uniform_real_distribution<double>(from, to)(random); };
+  for (int round = 0; round < 20000; ++round) {
+    const auto sectors = std::uniform_int_distribution<std::size_t>(2, 40)(random);
+    const MenuPreviewView preview{sectors, uniform(-1000, 1000)};
+    const Point pointer{uniform(-200, 200), uniform(-200, 200)};
+    const double radius = std::hypot(pointer.x, pointer.y);
+    const double fromFirstEdge = angleFromFirstEdge(pointer, preview.rotationDegrees);
+    const double width = sectorWidth(sectors);
+    const double fromBoundary = std::abs(std::remainder(fromFirstEdge, width));
+    // The distance to the boundary's line; the middle of a narrow sector is always free.
+    const bool isNear = radius * std::sin(fromBoundary) < std::min(3.5, 0.95 * radius);
+    const bool isMiddle = fromBoundary > width / 2 - 0.001;
+    const Sector expected = isNear && !isMiddle ? std::nullopt : Sector(sectorIndexAt(fromFirstEdge, sectors));
+    ASSERT_EQ(preview.absoluteSectorIndex(std::atan2(pointer.y, pointer.x), radius), expected)
+        << sectors << " sectors turned by " << preview.rotationDegrees << " at " << pointer.x << "," << pointer.y;
   }
 }
 

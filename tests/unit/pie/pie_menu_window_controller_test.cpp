@@ -154,10 +154,12 @@ TEST_F(OverlayTest, ThePointerDrivesTheHighlight) {
 TEST_F(OverlayTest, ClicksChooseByDirectionOrDismiss) {
   show();
   moveBy(30, 900);
+  EXPECT_EQ(desktop.overlay.cursors.back(), CursorShape::pointingHand);
   desktop.overlay.click();
   EXPECT_EQ(takeNotes(), (Notes{"hidden", "item " + title(2)}));
   desktop.overlay.moveTo(kOpenedAt);
   show();
+  EXPECT_EQ(desktop.overlay.cursors.back(), CursorShape::arrow);
   desktop.overlay.click();
   EXPECT_EQ(takeNotes(), Notes{"hidden"});
 }
@@ -165,6 +167,7 @@ TEST_F(OverlayTest, ClicksChooseByDirectionOrDismiss) {
 TEST_F(OverlayTest, TheHubIsTheFirstSectorOfTheRunningApplicationsOnly) {
   menu.kind = PieMenuKind::runningApps;
   controller.show(menu, makeItems(3), std::nullopt, {});
+  EXPECT_EQ(desktop.overlay.cursors.back(), CursorShape::pointingHand);
   moveBy(10, 10);
   EXPECT_EQ(selectedItem(), Index(0));
   desktop.overlay.click();

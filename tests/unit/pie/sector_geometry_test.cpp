@@ -151,6 +151,16 @@ TEST_F(TrackingViewTest, ClicksChooseOrDismissAndTheCursorSaysWhich) {
                                                        CursorShape::arrow, CursorShape::pointingHand}));
 }
 
+TEST_F(TrackingViewTest, LeavingMayEndTheView) {
+  auto tracking = std::make_unique<MouseTrackingNSView>(view(2, 0));
+  const Point center = tracking->center;
+  Point rested;
+  tracking->onHover = [&](Sector) { tracking.reset(); };
+  tracking->onPointerLocationUpdate = [&](Point location) { rested = location; };
+  tracking->mouseExited();
+  EXPECT_EQ(rested, center);
+}
+
 TEST_F(TrackingViewTest, AClickMayEndTheView) {
   auto tracking = std::make_unique<MouseTrackingNSView>(view(2, 0));
   tracking->items[0].title = "a title that is too long to be stored inside the string itself";
@@ -179,6 +189,21 @@ TEST(SnappingTest, LandsOnHalvesOfASector) {
   const double huge = snappedAestheticRotationDegrees(-1e300, 7);
   EXPECT_GT(huge, -180);
   EXPECT_LE(huge, 180);
+}
+
+TEST(SnappingTest, MovesByAtMostHalfAStepAndRestsThere) {
+  std::mt19937_64 random(11);
+  for (int round = 0; round < 20000; ++round) {
+    const auto sectors = std::uniform_int_distribution<std::int64_t>(1, 400)(random);
+    const double raw = std::uniform_real_distribution<double>(-2000, 2000)(random);
+    const double step = 180 / static_cast<double>(sectors);
+    const double snapped = snappedAestheticRotationDegrees(raw, sectors);
+    ASSERT_GT(snapped, -180);
+    ASSERT_LE(snapped, 180);
+    ASSERT_LE(std::abs(std::remainder(snapped - raw, 360)), step / 2 + 1e-9) << raw << " of " << sectors;
+    ASSERT_NEAR(std::remainder(snapped, step), 0, 1e-9) << raw << " of " << sectors;
+    ASSERT_NEAR(snappedAestheticRotationDegrees(snapped, sectors), snapped, 1e-9);
+  }
 }
 
 TEST(RingLayoutTest, BoundsWhatIsShownWhateverTheMenuAsks) {
