@@ -1,0 +1,130 @@
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <iterator>
+#include <random>
+
+#include "unit/app/program.h"
+
+namespace rondora {
+namespace {
+
+/// A user with ten nervous fingers, who in the end lets everything go.
+class RandomInputTest : public ProgramTest {
+ protected:
+  enum class Document { staysAsItIs, changes };
+
+  RandomInputTest() { useMenus(allMenus()); }
+
+  /// Hotkeys that share a key, menus that share a hotkey, a label as a trigger, and the special menus.
+  std::vector<PieMenu> allMenus() {
+    return {menu("chord", {49, kControlOption}),
+            menu("shared key", {49, carbon::kControl}),
+            menu("plain", {kKKey, 0}),
+            menu("shared hotkey", {kKKey, 0}),
+            menu("plain shared key", {49, 0}),
+            menu("label", {kOneKey, 0}),
+            runningAppsMenu({48, carbon::kCommand}),
+            appCommandsMenu({46, 0})};
+  }
+
+  std::size_t below(std::size_t limit) { return std::uniform_int_distribution<std::size_t>(0, limit - 1)(random_); }
+
+  void useHands() {
+    const std::uint16_t key = kKeys[below(std::size(kKeys))];
+    const bool isDown = std::find(down_.begin(), down_.end(), key) != down_.end();
+    if (!isDown) {
+      down_.push_back(key);
+      return desktop.keyboard.press(key);
+    }
+    if (below(3) == 0) return desktop.keyboard.repeat(key);
+    std::erase(down_, key);
+    desktop.keyboard.release(key);
+  }
+  void doSomething(Document document) {
+    switch (below(document == Document::changes ? 12 : 10)) {
+      case 0:
+        return pointAtSector(below(4));
+      case 1:
+        return below(2) == 0 ? desktop.overlay.moveTo(kPointer) : desktop.keyboard.tap(Key::kEscapeKey);
+      case 2:
+        if (below(4) == 0) desktop.overlay.click();
+        return;
+      case 3:
+        return desktop.time.advance(static_cast<double>(below(30)) / 100);
+      case 4:
+        if (!program.subActions.requests.empty())
+          program.subActions.requests.back()({PieSubAction{"Quit", "", {}, {}, {}}});
+        return;
+      case 10:
+        return shuffleHotkeys();
+      case 11:
+        return program.delegate.trackpadGestureMonitor().onTap(4);
+      default:
+        return useHands();
+    }
+  }
+  void shuffleHotkeys() {
+    PieConfiguration configuration = program.configManager.current();
+    auto& menus = configuration.menus;
+    for (PieMenu& each : menus) std::swap(each.hotkey, menus[below(menus.size())].hotkey);
+    std::swap(menus[0], menus[below(menus.size())]);
+    menus[below(menus.size())].runningAppsMenuEnabled ^= true;
+    menus[0].trackpadFingerCount = 4;
+    program.configManager.save(std::move(configuration));
+  }
+  void letEverythingGo() {
+    while (!down_.empty()) {
+      desktop.keyboard.release(down_.back());
+      down_.pop_back();
+    }
+    desktop.time.advance(1);
+  }
+  void play(Document document) {
+    for (int i = 0; i < 60; ++i) {
+      doSomething(document);
+      if (below(2) == 0) desktop.time.runUntilIdle();
+      const auto living = std::count_if(desktop.overlay.panels.begin(), desktop.overlay.panels.end(),
+                                        [](const auto& panel) { return !panel->isGone; });
+      ASSERT_EQ(living, isMenuUp() ? 1 : 0);
+    }
+    letEverythingGo();
+    desktop.overlay.panels.clear();
+  }
+  void expectAtRest() {
+    EXPECT_EQ(desktop.keyboard.monitorCount(), 1U);
+    EXPECT_EQ(desktop.keyboard.handlerCount(), 1U);
+    EXPECT_EQ(desktop.keyboard.currentModifierFlags(), 0U);
+    EXPECT_FALSE(desktop.overlay.holdsKeyboard());
+  }
+
+  static constexpr std::uint16_t kKeys[] = {Key::kControlKey, Key::kOptionKey, Key::kCommandKey, Key::kSpaceKey,
+                                            Key::kTabKey,     kKKey,           kOneKey,          46};
+  std::mt19937_64 random_{20261};
+  std::vector<std::uint16_t> down_;
+};
+
+TEST_F(RandomInputTest, LettingEverythingGoAlwaysEndsTheMenu) {
+  launch();
+  for (int round = 0; round < 2000; ++round) {
+    play(Document::staysAsItIs);
+    ASSERT_FALSE(isMenuUp()) << "round " << round << ": " << shownMenu();
+    if (HasFatalFailure()) return;
+  }
+  expectAtRest();
+}
+
+TEST_F(RandomInputTest, EscapeEndsTheMenuWhateverTheDocumentDid) {
+  launch();
+  for (int round = 0; round < 100; ++round) {
+    play(Document::changes);
+    if (HasFatalFailure()) return;
+    press({Key::kEscapeKey});
+    ASSERT_FALSE(isMenuUp()) << "round " << round << ": " << shownMenu();
+    release({Key::kEscapeKey});
+  }
+  expectAtRest();
+}
+
+}  // namespace
+}  // namespace rondora
