@@ -31,22 +31,28 @@ static_assert(std::size(kKeyNames) == 84);
 
 constexpr KeyName kGlyphOverrides[] = {{36, "↩"}, {48, "⇥"}, {51, "⌫"}, {53, "⎋"}, {117, "⌦"}};
 
-struct ModifierText {
+struct ModifierWord {
   std::int64_t carbonMask = 0;
   std::uint64_t eventFlag = 0;
-  std::string_view text;
+  std::string_view ModifierNames::*name = nullptr;
 };
 
-constexpr ModifierText kWords[] = {
-    {carbon::kControl, event_flags::kControl, "Ctrl"}, {carbon::kOption, event_flags::kOption, "Alt"},
-    {carbon::kShift, event_flags::kShift, "Shift"},    {carbon::kCommand, event_flags::kCommand, "Cmd"},
-    {carbon::kFunction, event_flags::kFunction, "Fn"},
+constexpr ModifierWord kWords[] = {
+    {carbon::kControl, event_flags::kControl, &ModifierNames::control},
+    {carbon::kOption, event_flags::kOption, &ModifierNames::option},
+    {carbon::kShift, event_flags::kShift, &ModifierNames::shift},
+    {carbon::kCommand, event_flags::kCommand, &ModifierNames::command},
+    {carbon::kFunction, event_flags::kFunction, &ModifierNames::function},
 };
 
-constexpr ModifierText kGlyphs[] = {
-    {carbon::kFunction, event_flags::kFunction, "fn "}, {carbon::kControl, event_flags::kControl, "⌃"},
-    {carbon::kOption, event_flags::kOption, "⌥"},       {carbon::kShift, event_flags::kShift, "⇧"},
-    {carbon::kCommand, event_flags::kCommand, "⌘"},
+struct ModifierGlyph {
+  std::int64_t carbonMask = 0;
+  std::string_view glyph;
+};
+
+constexpr ModifierGlyph kGlyphs[] = {
+    {carbon::kFunction, "fn "}, {carbon::kControl, "⌃"}, {carbon::kOption, "⌥"},
+    {carbon::kShift, "⇧"},      {carbon::kCommand, "⌘"},
 };
 
 template <std::size_t Size>
@@ -62,10 +68,10 @@ std::string_view unassignedText(AppLanguage language) {
 }
 
 /// `isHeld` says which modifiers take part.
-std::string inWords(std::int64_t keyCode, auto isHeld) {
+std::string inWords(std::int64_t keyCode, const ModifierNames& names, auto isHeld) {
   std::string text;
-  for (const ModifierText& word : kWords) {
-    if (isHeld(word)) text.append(word.text).append(" + ");
+  for (const ModifierWord& word : kWords) {
+    if (isHeld(word)) text.append(names.*word.name).append(" + ");
   }
   return text + keyCodeToString(keyCode);
 }
@@ -77,26 +83,27 @@ std::string keyCodeToString(std::int64_t keyCode) {
   return "Key" + std::to_string(keyCode);
 }
 
-std::string displayString(const std::optional<HotkeyConfig>& hotkey, AppLanguage language) {
+std::string displayString(const std::optional<HotkeyConfig>& hotkey, AppLanguage language, const ModifierNames& names) {
   if (!hotkey || !hotkey->isAssigned()) return std::string(unassignedText(language));
-  return inWords(hotkey->keyCode,
-                 [&](const ModifierText& word) { return (hotkey->carbonModifiers & word.carbonMask) != 0; });
+  return inWords(hotkey->keyCode, names,
+                 [&](const ModifierWord& word) { return (hotkey->carbonModifiers & word.carbonMask) != 0; });
 }
 
 std::string glyphString(const std::optional<HotkeyConfig>& hotkey) {
   if (!hotkey || !hotkey->isAssigned()) return {};
   std::string text;
-  for (const ModifierText& glyph : kGlyphs) {
-    if ((hotkey->carbonModifiers & glyph.carbonMask) != 0) text += glyph.text;
+  for (const auto& [carbonMask, glyph] : kGlyphs) {
+    if ((hotkey->carbonModifiers & carbonMask) != 0) text += glyph;
   }
   if (const auto override = lookUp(kGlyphOverrides, hotkey->keyCode)) return text.append(*override);
   return text + keyCodeToString(hotkey->keyCode);
 }
 
-std::string keystrokeDisplayString(std::int64_t keyCode, std::int64_t modifiers, AppLanguage language) {
+std::string keystrokeDisplayString(std::int64_t keyCode, std::int64_t modifiers, AppLanguage language,
+                                   const ModifierNames& names) {
   if (keyCode == 0 && modifiers == 0) return std::string(unassignedText(language));
   const auto flags = static_cast<std::uint64_t>(modifiers);
-  return inWords(keyCode, [flags](const ModifierText& word) { return (flags & word.eventFlag) != 0; });
+  return inWords(keyCode, names, [flags](const ModifierWord& word) { return (flags & word.eventFlag) != 0; });
 }
 
 }  // namespace rondora

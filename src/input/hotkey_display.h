@@ -4,18 +4,34 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "model/app_language.h"
 #include "model/hotkey_config.h"
 
-// Texts for key combinations, the same on every platform.
+// Texts for key combinations; the platforms differ only in what they call the modifiers.
 
 namespace rondora {
 
 inline constexpr std::array<std::int64_t, 4> arrowKeyVirtualCodes = {123, 124, 125, 126};
 
+/// What the modifiers are called, which differs with what is printed on the keys of a system's keyboards. Only texts
+/// for the user are made with it; masks and documents know nothing of it.
+struct ModifierNames {
+  std::string_view control = "Ctrl";
+  std::string_view option = "Alt";
+  std::string_view shift = "Shift";
+  std::string_view command = "Cmd";
+  std::string_view function = "Fn";
+};
+
+inline constexpr ModifierNames kMacModifierNames{};
+/// A PC keyboard has the Super key in the place of Command.
+inline constexpr ModifierNames kPcModifierNames{.command = "Super"};
+
 /// Words: "Ctrl + Alt + Space". Without a hotkey the unassigned text in `language`.
-std::string displayString(const std::optional<HotkeyConfig>& hotkey, AppLanguage language);
+std::string displayString(const std::optional<HotkeyConfig>& hotkey, AppLanguage language,
+                          const ModifierNames& names = kMacModifierNames);
 
 /// Glyphs without separators: "⌃⌥Space". Empty without a hotkey.
 std::string glyphString(const std::optional<HotkeyConfig>& hotkey);
@@ -24,6 +40,7 @@ std::string glyphString(const std::optional<HotkeyConfig>& hotkey);
 std::string keyCodeToString(std::int64_t keyCode);
 
 /// As `displayString` for event flags; key code 0 without modifiers counts as unassigned.
-std::string keystrokeDisplayString(std::int64_t keyCode, std::int64_t modifiers, AppLanguage language);
+std::string keystrokeDisplayString(std::int64_t keyCode, std::int64_t modifiers, AppLanguage language,
+                                   const ModifierNames& names = kMacModifierNames);
 
 }  // namespace rondora

@@ -64,5 +64,12 @@ TEST(HotkeyDisplay, ReadsAKeystrokesModifiersAsEventFlags) {
             "Alt + Fn + ←");
 }
 
+TEST(HotkeyDisplay, CallsCommandSuperOnAPcKeyboardAndNothingElseDifferently) {
+  EXPECT_EQ(displayString(HotkeyConfig{0, kAllCarbon}, AppLanguage::english, kPcModifierNames),
+            "Ctrl + Alt + Shift + Super + Fn + A");
+  EXPECT_EQ(keystrokeDisplayString(48, event_flags::kCommand, AppLanguage::german, kPcModifierNames), "Super + Tab");
+  EXPECT_EQ(displayString(std::nullopt, AppLanguage::german, kPcModifierNames), "Unassigned");
+}
+
 }  // namespace
 }  // namespace rondora
