@@ -86,6 +86,16 @@ std::string_view trimmed(std::string_view text) {
   return text;
 }
 
+bool hasRightToLeftLetter(std::string_view text) {
+  while (!text.empty()) {
+    const Scalar scalar = firstScalar(text);
+    const auto direction = utf8proc_get_property(scalar.value)->bidi_class;
+    if (direction == UTF8PROC_BIDI_CLASS_R || direction == UTF8PROC_BIDI_CLASS_AL) return true;
+    text.remove_prefix(scalar.length);
+  }
+  return false;
+}
+
 std::size_t scalarCount(std::string_view text) {
   std::size_t count = 0;
   while (!text.empty()) {

@@ -13,6 +13,8 @@ std::string upperCased(std::string_view text);
 std::string lowerCased(std::string_view text);
 /// Without white space and line ends at either end.
 std::string_view trimmed(std::string_view text);
+/// Has a letter of a script that is written from right to left.
+bool hasRightToLeftLetter(std::string_view text);
 std::size_t scalarCount(std::string_view text);
 /// The first character as a reader sees it: with its accents, or a whole emoji sequence (Unicode Annex 29, extended
 /// grapheme clusters). Empty for an empty text.

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 
+#include "base/unicode.h"
 #include "localization/string_table.h"
 
 namespace rondora {
@@ -29,8 +30,8 @@ std::string LocalizationStore::text(StringKey key, std::string_view argument) co
   std::string result(text(key));
   const auto position = result.find(kPlaceholder);
   if (position == std::string::npos) return result;
-  return result.replace(position, kPlaceholder.size(),
-                        isRightToLeft(language()) ? isolated(argument) : std::string(argument));
+  const bool directionsMayMeet = isRightToLeft(language()) || hasRightToLeftLetter(argument);
+  return result.replace(position, kPlaceholder.size(), directionsMayMeet ? isolated(argument) : std::string(argument));
 }
 
 }  // namespace rondora

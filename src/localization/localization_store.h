@@ -20,7 +20,7 @@ class LocalizationStore {
   CurrentValue<AppLanguage>& currentLanguage() { return language_; }
 
   std::string_view text(StringKey key) const;
-  /// The text with its "%@" replaced; where the language runs from right to left the argument keeps its own direction.
+  /// The text with its "%@" replaced; where either runs from right to left the argument keeps its own direction.
   std::string text(StringKey key, std::string_view argument) const;
 
  private:

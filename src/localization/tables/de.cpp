@@ -9,10 +9,10 @@ constexpr StringTable kGermanStrings = completeTable({
     {StringKey::onboardingGreeting, "Alles Wichtige in einem Ring um den Zeiger"},
     {StringKey::onboardingWhatItIs,
      "Rondora öffnet einen Ring von Aktionen um den Zeiger: Programme, Links, Textbausteine."},
-    {StringKey::onboardingHowToOpen, "Drücke %@, um den Ring zu öffnen."},
+    {StringKey::onboardingHowToOpen, "Drücken Sie %@, um den Ring zu öffnen."},
     {StringKey::onboardingHowToChoose,
-     "Zeige auf einen Sektor und lass die Tasten los oder klicke ihn an. Escape schließt den Ring."},
-    {StringKey::onboardingConfigurationFile, "Deine Menüs liegen in einer einzigen Datei: %@"},
+     "Zeigen Sie auf einen Sektor und lassen Sie die Tasten los, oder klicken Sie ihn an. Esc schließt den Ring."},
+    {StringKey::onboardingConfigurationFile, "Ihre Menüs liegen in einer einzigen Datei: %@"},
     {StringKey::onboardingGetStarted, "Los geht’s"},
     {StringKey::settingsTitle, "Rondora-Einstellungen"},
     {StringKey::settingsConfigurationFile, "Konfigurationsdatei:"},
@@ -20,13 +20,13 @@ constexpr StringTable kGermanStrings = completeTable({
     {StringKey::settingsHotkeyRefused,
      "Das Tastenkürzel des Menüs „%@“ wird bereits von einem anderen Programm benutzt."},
     {StringKey::settingsNoTray,
-     "Dieser Desktop hat keinen Platz für Symbole im Infobereich, daher ist das Symbol von Rondora nicht zu sehen."},
+     "Dieser Desktop hat keinen Infobereich, daher ist das Symbol von Rondora nicht zu sehen."},
     {StringKey::settingsHotkeysNote,
-     "Globale Tastenkürzel nutzen die Carbon-API des Systems. Kombinationen nur mit Fn oder der Globustaste lassen "
-     "sich möglicherweise nicht registrieren – wähle ein anderes Kürzel."},
-    {StringKey::snippetHint, "Der Text wurde in die Zwischenablage kopiert. Füge ihn mit Command+V selbst ein."},
+     "Globale Tastenkürzel nutzen die Carbon-API des Systems. Kombinationen nur mit Fn oder der Globus-Taste lassen "
+     "sich möglicherweise nicht registrieren – wählen Sie ein anderes Kürzel."},
+    {StringKey::snippetHint, "Der Text wurde in die Zwischenablage kopiert. Fügen Sie ihn mit Command+V selbst ein."},
     {StringKey::importRefused,
-     "Diese Datei konnte nicht gelesen werden. Bitte wähle eine gültige Sicherung der Einstellungen."},
+     "Diese Datei konnte nicht gelesen werden. Bitte wählen Sie eine gültige Sicherung der Einstellungen."},
 });
 
 }  // namespace rondora

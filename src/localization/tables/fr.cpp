@@ -11,7 +11,7 @@ constexpr StringTable kFrenchStrings = completeTable({
      "Rondora ouvre un anneau d’actions autour du pointeur : applications, liens, extraits de texte."},
     {StringKey::onboardingHowToOpen, "Appuyez sur %@ pour ouvrir l’anneau."},
     {StringKey::onboardingHowToChoose,
-     "Pointez un secteur et relâchez les touches, ou cliquez dessus. Échap ferme l’anneau."},
+     "Pointez vers un secteur et relâchez les touches, ou cliquez dessus. Échap ferme l’anneau."},
     {StringKey::onboardingConfigurationFile, "Vos menus se trouvent dans un seul fichier : %@"},
     {StringKey::onboardingGetStarted, "Commencer"},
     {StringKey::settingsTitle, "Réglages de Rondora"},
@@ -19,7 +19,7 @@ constexpr StringTable kFrenchStrings = completeTable({
     {StringKey::settingsOpenFolder, "Ouvrir le dossier"},
     {StringKey::settingsHotkeyRefused, "Le raccourci du menu « %@ » est déjà pris par un autre programme."},
     {StringKey::settingsNoTray,
-     "Ce bureau n’a pas de zone de notification ; l’icône de Rondora n’est donc pas affichée."},
+     "Ce bureau n’a pas de zone de notification\u202F; l’icône de Rondora n’est donc pas affichée."},
     {StringKey::settingsHotkeysNote,
      "Les raccourcis globaux utilisent l’API Carbon du système. Les combinaisons avec Fn ou Globe seuls peuvent ne pas "
      "être enregistrées : choisissez un autre raccourci."},

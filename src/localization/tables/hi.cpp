@@ -4,13 +4,13 @@ namespace rondora {
 
 constexpr StringTable kHindiStrings = completeTable({
     {StringKey::settings, "सेटिंग्स"},
-    {StringKey::quit, "बंद करें"},
+    {StringKey::quit, "बाहर निकलें"},
     {StringKey::onboardingTitle, "Rondora में आपका स्वागत है"},
     {StringKey::onboardingGreeting, "ज़रूरत की हर चीज़, पॉइंटर के चारों ओर एक घेरे में"},
     {StringKey::onboardingWhatItIs, "Rondora पॉइंटर के चारों ओर क्रियाओं का एक घेरा खोलता है: ऐप्लिकेशन, लिंक, टेक्स्ट के अंश।"},
     {StringKey::onboardingHowToOpen, "घेरा खोलने के लिए %@ दबाएँ।"},
     {StringKey::onboardingHowToChoose,
-     "किसी खंड पर पॉइंटर ले जाकर कुंजियाँ छोड़ दें, या उस पर क्लिक करें। Escape से घेरा बंद हो जाता है।"},
+     "किसी खंड पर पॉइंटर ले जाकर कुंजियाँ छोड़ दें, या उस पर क्लिक करें। Esc से घेरा बंद होता है।"},
     {StringKey::onboardingConfigurationFile, "आपके मेनू एक ही फ़ाइल में रहते हैं: %@"},
     {StringKey::onboardingGetStarted, "शुरू करें"},
     {StringKey::settingsTitle, "Rondora सेटिंग्स"},

@@ -10,7 +10,7 @@ constexpr StringTable kPortugueseStrings = completeTable({
     {StringKey::onboardingWhatItIs,
      "O Rondora abre um anel de ações ao redor do ponteiro: aplicativos, links e trechos de texto."},
     {StringKey::onboardingHowToOpen, "Pressione %@ para abrir o anel."},
-    {StringKey::onboardingHowToChoose, "Aponte para um setor e solte as teclas, ou clique nele. Escape fecha o anel."},
+    {StringKey::onboardingHowToChoose, "Aponte para um setor e solte as teclas, ou clique nele. Esc fecha o anel."},
     {StringKey::onboardingConfigurationFile, "Seus menus ficam em um único arquivo: %@"},
     {StringKey::onboardingGetStarted, "Começar"},
     {StringKey::settingsTitle, "Configurações do Rondora"},
@@ -18,7 +18,7 @@ constexpr StringTable kPortugueseStrings = completeTable({
     {StringKey::settingsOpenFolder, "Abrir pasta"},
     {StringKey::settingsHotkeyRefused, "O atalho do menu “%@” já está em uso por outro programa."},
     {StringKey::settingsNoTray,
-     "Esta área de trabalho não tem lugar para ícones de bandeja, por isso o ícone do Rondora não aparece."},
+     "Esta área de trabalho não tem bandeja do sistema, por isso o ícone do Rondora não aparece."},
     {StringKey::settingsHotkeysNote,
      "Os atalhos globais usam a API Carbon do sistema. Combinações só com Fn ou Globo podem não ser registradas — "
      "escolha outro atalho."},

@@ -28,12 +28,13 @@ TEST(LocalizationStore, FillsInTheArgument) {
   EXPECT_EQ(store.text(StringKey::quit, "unused"), "Quit");
 }
 
-TEST(LocalizationStore, KeepsTheDirectionOfAnArgumentApartInRightToLeftText) {
+TEST(LocalizationStore, KeepsTheDirectionOfAnArgumentApartWhereDirectionsMeet) {
   LocalizationStore store(AppLanguage::arabic);
   EXPECT_NE(store.text(StringKey::onboardingConfigurationFile, "/home/a").find("\u2068/home/a\u2069"),
             std::string::npos);
   store.setLanguage(AppLanguage::russian);
   EXPECT_EQ(store.text(StringKey::onboardingConfigurationFile, "/home/a"), "Ваши меню хранятся в одном файле: /home/a");
+  EXPECT_NE(store.text(StringKey::settingsHotkeyRefused, "خط (v2)").find("«\u2068خط (v2)\u2069»"), std::string::npos);
 }
 
 }  // namespace
