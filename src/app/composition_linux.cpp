@@ -1,6 +1,7 @@
 #include "app/composition_linux.h"
 
 #include <QApplication>
+#include <algorithm>
 #include <string>
 #include <utility>
 #include <vector>
@@ -26,6 +27,7 @@
 #include "platform/linux/x11/x11_workspace.h"
 #include "platform/linux/x11/x_connection.h"
 #include "storage/legacy_pie_menu_migration.h"
+#include "ui/qt/interface_language.h"
 #include "ui/qt/qt_application_shell.h"
 #include "ui/qt/qt_main_queue.h"
 #include "ui/qt/qt_native_events.h"
@@ -67,15 +69,17 @@ struct CompositionLinux::Program {
 
   std::string text(StringKey key) const { return std::string(localization.text(key)); }
 
-  /// The hotkey of the first menu, which is the one that a newcomer opens.
+  /// The hotkey of the first menu that has one, which a newcomer opens first; empty when none has.
   std::string firstHotkey() const {
     const auto& menus = config.current().menus;
-    return menus.empty() ? std::string() : displayString(menus.front().hotkey, localization.language());
+    const auto found =
+        std::find_if(menus.begin(), menus.end(), [](const PieMenu& menu) { return menu.hasLiveHotkey(); });
+    return found == menus.end() ? std::string()
+                                : displayString(found->hotkey, localization.language(), kPcModifierNames);
   }
 
   WindowTexts windowTexts() const {
     WindowTexts texts;
-    texts.isRightToLeft = isRightToLeft(localization.language());
     texts.settingsTitle = text(StringKey::settingsTitle);
     texts.settingsIntroduction = text(StringKey::onboardingWhatItIs);
     texts.documentHeading = text(StringKey::settingsConfigurationFile);
@@ -108,7 +112,11 @@ struct CompositionLinux::Program {
   }
 
   WindowContents windowContents() {
-    return {[this] { return windowTexts(); }, config.configURL().string(),
+    return {[this] { return windowTexts(); },
+            [this](std::function<void()> observer) {
+              return notifications.addObserver(ConfigManager::configurationDidChange, std::move(observer));
+            },
+            config.configURL().string(),
             [this] { workspace.openUrl("file://" + config.configURL().parent_path().string()); },
             [this] { return statusLines(); }};
   }
@@ -149,6 +157,7 @@ struct CompositionLinux::Program {
   int migrated = (runLegacyMigration(), 0);
   ConfigManager config{{files, clock, log, random, notifications}};
   LocalizationStore localization;
+  Subscription interfaceLanguage = localization.currentLanguage().subscribe(useInterfaceLanguage);
   PermissionsMonitor permissions{permissionService, mainQueue, shell};
   RunningAppsActivationHistory activationHistory{workspace};
   RunningAppsMenuItems runningAppsMenuItems{workspace, activationHistory, environment.bundleIdentifier()};

@@ -45,7 +45,7 @@ QLabel* picture(const QPixmap& pixmap) {
 
 }  // namespace
 
-QtOnboardingWindow::QtOnboardingWindow(std::function<WindowTexts()> texts) : texts_(std::move(texts)) {}
+QtOnboardingWindow::QtOnboardingWindow(WindowContents contents) : contents_(std::move(contents)) {}
 
 QtOnboardingWindow::~QtOnboardingWindow() {
   if (dialog_) dialog_->disconnect();
@@ -70,33 +70,51 @@ void QtOnboardingWindow::closeAndFinish() {
 }
 
 void QtOnboardingWindow::build() {
-  const WindowTexts texts = texts_();
   dialog_ = std::make_unique<QDialog>();
-  dialog_->setLayoutDirection(texts.isRightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
-  dialog_->setWindowTitle(toQString(texts.onboardingTitle));
   dialog_->setWindowIcon(StatusBarIcon::make());
+  auto* layout = new QVBoxLayout(dialog_.get());
+  layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  layout->setSizeConstraint(QLayout::SetFixedSize);
+  fill();
+  if (contents_.onTextsChanged) textsChanged_ = contents_.onTextsChanged([this] { fill(); });
+  QObject::connect(dialog_.get(), &QDialog::finished, dialog_.get(), [this] { finish(); });
+}
+
+void QtOnboardingWindow::fill() {
+  const WindowTexts texts = contents_.texts();
+  dialog_->setWindowTitle(toQString(texts.onboardingTitle));
+  delete page_;
+  page_ = makePage(texts);
+  dialog_->layout()->addWidget(page_);
+  page_->show();
+}
+
+QWidget* QtOnboardingWindow::makePage(const WindowTexts& texts) {
   const double ratio = dialog_->devicePixelRatioF();
-  auto* done = new QPushButton(toQString(texts.onboardingDone));
-  done->setDefault(true);
-  auto* column = new QVBoxLayout(dialog_.get());
-  column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  auto* page = new QWidget;
+  auto* column = new QVBoxLayout(page);
+  column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(14);
-  column->setSizeConstraint(QLayout::SetFixedSize);
   column->addWidget(picture(ringPixmap(ratio)));
   column->addWidget(headline(texts.onboardingHeadline));
   column->addWidget(centredText(texts.onboardingIntroduction));
-  column->addWidget(centredText(texts.onboardingHowToOpen));
-  column->addWidget(picture(keyCapsPixmap(toQString(texts.onboardingHotkey), dialog_->palette(), ratio)));
+  if (!texts.onboardingHotkey.empty()) {
+    column->addWidget(centredText(texts.onboardingHowToOpen));
+    column->addWidget(picture(keyCapsPixmap(toQString(texts.onboardingHotkey), dialog_->palette(), ratio)));
+  }
   column->addWidget(centredText(texts.onboardingHowToChoose));
   column->addWidget(centredText(texts.onboardingWhereItLives));
   column->addSpacing(6);
+  auto* done = new QPushButton(toQString(texts.onboardingDone));
+  done->setDefault(true);
   column->addWidget(done, 0, Qt::AlignCenter);
   QObject::connect(done, &QPushButton::clicked, dialog_.get(), &QDialog::accept);
-  QObject::connect(dialog_.get(), &QDialog::finished, dialog_.get(), [this] { finish(); });
+  return page;
 }
 
 /// The completion may destroy this object: nothing of it is touched afterwards.
 void QtOnboardingWindow::finish() {
+  textsChanged_.reset();
   if (dialog_) dialog_.release()->deleteLater();
   if (const auto completion = std::exchange(completion_, nullptr)) completion();
 }

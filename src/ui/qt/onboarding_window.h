@@ -9,7 +9,7 @@ namespace rondora {
 
 class QtOnboardingWindow : public OnboardingWindow {
  public:
-  explicit QtOnboardingWindow(std::function<WindowTexts()> texts);
+  explicit QtOnboardingWindow(WindowContents contents);
   ~QtOnboardingWindow() override;
 
   void present(std::function<void()> completion) override;
@@ -18,11 +18,16 @@ class QtOnboardingWindow : public OnboardingWindow {
 
  private:
   void build();
+  /// Replaces all that the window shows by the present texts.
+  void fill();
+  QWidget* makePage(const WindowTexts& texts);
   void finish();
 
-  std::function<WindowTexts()> texts_;
+  WindowContents contents_;
+  Subscription textsChanged_;
   std::function<void()> completion_;
   std::unique_ptr<QDialog> dialog_;
+  QWidget* page_ = nullptr;  // of the dialog
 };
 
 }  // namespace rondora

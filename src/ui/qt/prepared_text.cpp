@@ -1,11 +1,11 @@
 #include "ui/qt/prepared_text.h"
 
 #include <QFontMetricsF>
-#include <QGuiApplication>
 #include <QTextOption>
 #include <algorithm>
 #include <cmath>
 
+#include "ui/qt/interface_language.h"
 #include "ui/qt/qt_conversions.h"
 
 namespace rondora {
@@ -36,8 +36,8 @@ Qt::Alignment toQAlignment(TextAlignment alignment, bool rightToLeft) {
   return atLeft ? Qt::AlignLeft : Qt::AlignRight;
 }
 
-QFont makeFont(const TextCommand& command, double pixelsPerPoint) {
-  QFont font = QGuiApplication::font();
+QFont makeFont(const TextCommand& command, const QString& text, double pixelsPerPoint) {
+  QFont font = interfaceFontFor(text);
   font.setPixelSize(std::max(
       1, static_cast<int>(std::lround(std::clamp(command.pointSize * pixelsPerPoint, 1.0, kLargestFontPixels)))));
   font.setWeight(toQWeight(command.weight));
@@ -61,7 +61,7 @@ QString singleParagraph(std::string_view utf8) {
 
 PreparedText::PreparedText(const TextCommand& command, double pixelsPerPoint) : color_(toQColor(command.color)) {
   const QString text = singleParagraph(command.text);
-  layout_.setFont(makeFont(command, pixelsPerPoint));
+  layout_.setFont(makeFont(command, text, pixelsPerPoint));
   layout_.setTextOption(makeOption(command.alignment, text.isRightToLeft()));
   layout_.setCacheEnabled(true);
   layOut(text, toQRect(command.rect, pixelsPerPoint), std::max(command.maximumLines, 1));

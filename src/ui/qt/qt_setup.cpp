@@ -41,7 +41,6 @@ void prepareQt() {
 
 void configureQt(QApplication& application, const char* identifier) {
   application.setApplicationName("Rondora");
-  application.setApplicationDisplayName("Rondora");
   QGuiApplication::setDesktopFileName(identifier);
   application.setQuitOnLastWindowClosed(false);
   QImageReader::setAllocationLimit(kImageMemoryLimitMegabytes);

@@ -15,7 +15,7 @@ std::unique_ptr<SettingsWindow> QtWindows::makeSettingsWindow() {
 }
 
 std::unique_ptr<OnboardingWindow> QtWindows::makeOnboardingWindow() {
-  return std::make_unique<QtOnboardingWindow>(contents_.texts);
+  return std::make_unique<QtOnboardingWindow>(contents_);
 }
 
 std::unique_ptr<SnippetPreviewPopover> QtWindows::makeSnippetPreviewPopover() {

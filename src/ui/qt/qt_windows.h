@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "base/observable.h"
 #include "platform/windows.h"
 #include "ui/qt/window_texts.h"
 
@@ -12,6 +13,8 @@ namespace rondora {
 /// What the windows show, asked for each time that one is shown.
 struct WindowContents {
   std::function<WindowTexts()> texts;
+  /// Calls back after the texts have changed, which windows that are up follow.
+  std::function<Subscription(std::function<void()>)> onTextsChanged;
   /// Absolute path of the configuration document.
   std::string documentPath;
   std::function<void()> openDocumentFolder;

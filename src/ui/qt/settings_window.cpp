@@ -42,6 +42,12 @@ QtSettingsWindow::QtSettingsWindow(WindowContents contents) : contents_(std::mov
       refresh_.stop();
     }
   });
+  if (contents_.onTextsChanged) {
+    textsChanged_ = contents_.onTextsChanged([this] {
+      refreshTexts();
+      refreshStatus();
+    });
+  }
   QObject::connect(&close_, &QPushButton::clicked, &window_, &QWidget::close);
   QObject::connect(&openFolder_, &QPushButton::clicked, &window_, [this] {
     if (contents_.openDocumentFolder) contents_.openDocumentFolder();
@@ -83,7 +89,6 @@ void QtSettingsWindow::show() {
 
 void QtSettingsWindow::refreshTexts() {
   const WindowTexts texts = contents_.texts();
-  window_.setLayoutDirection(texts.isRightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
   window_.setWindowTitle(toQString(texts.settingsTitle));
   introduction_.setText(toQString(texts.settingsIntroduction));
   documentHeading_.setText(toQString(texts.documentHeading));

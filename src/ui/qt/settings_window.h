@@ -22,6 +22,7 @@ class QtSettingsWindow : public SettingsWindow {
   void refreshStatus();
 
   WindowContents contents_;
+  Subscription textsChanged_;
   QWidget window_;
   QLabel introduction_;
   QLabel documentHeading_;

@@ -8,6 +8,7 @@
 #include <QToolTip>
 #include <algorithm>
 
+#include "ui/qt/interface_language.h"
 #include "ui/qt/qt_conversions.h"
 
 namespace rondora {
@@ -48,6 +49,8 @@ QtSnippetPreviewPopover::QtSnippetPreviewPopover()
 void QtSnippetPreviewPopover::show(std::string_view text) {
   const QString shown = shortened(text);
   if (shown.isEmpty()) return hide();
+  note_.setFont(interfaceFontFor(shown));
+  note_.setLayoutDirection(shown.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
   note_.setText(shown);
   note_.adjustSize();
   moveToPointer();

@@ -6,8 +6,6 @@ namespace rondora {
 
 /// Everything that the program's windows say, in the user's language.
 struct WindowTexts {
-  bool isRightToLeft = false;
-
   std::string settingsTitle;
   std::string settingsIntroduction;
   std::string documentHeading;

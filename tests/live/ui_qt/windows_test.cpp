@@ -49,8 +49,11 @@ class WindowsTest : public testing::Test {
   WindowTexts texts;
   int foldersOpened = 0;
   std::vector<std::string> lines{"Hotkeys: 2"};
-  QtWindows windows{WindowContents{[this] { return texts; }, "/home/user/config.json", [this] { ++foldersOpened; },
-                                   [this] { return lines; }}};
+  Signal<> textsChanged;
+  QtWindows windows{
+      WindowContents{[this] { return texts; },
+                     [this](std::function<void()> observer) { return textsChanged.subscribe(std::move(observer)); },
+                     "/home/user/config.json", [this] { ++foldersOpened; }, [this] { return lines; }}};
 };
 
 TEST_F(WindowsTest, TheSettingsWindowIsReusedAndShowsWhatIsTrueNow) {
@@ -66,12 +69,37 @@ TEST_F(WindowsTest, TheSettingsWindowIsReusedAndShowsWhatIsTrueNow) {
 
   lines = {"Hotkeys: 3"};
   texts.settingsTitle = "الإعدادات";
-  texts.isRightToLeft = true;
   settings->show();
   EXPECT_EQ(windowsUp(), std::vector<QWidget*>{window});
   EXPECT_TRUE(shows(*window, "Hotkeys: 3"));
   EXPECT_EQ(window->windowTitle().toStdString(), texts.settingsTitle);
-  EXPECT_EQ(window->layoutDirection(), Qt::RightToLeft);
+}
+
+TEST_F(WindowsTest, WindowsThatAreUpFollowTheTexts) {
+  const auto settings = windows.makeSettingsWindow();
+  const auto onboarding = windows.makeOnboardingWindow();
+  settings->show();
+  onboarding->present([] {});
+  ASSERT_EQ(windowsUp().size(), 2U);
+  texts.settingsTitle = "Einstellungen";
+  texts.onboardingTitle = "Willkommen";
+  texts.onboardingHeadline = "Alles Wichtige";
+  texts.onboardingDone = "Los";
+  lines = {"Kein Infobereich"};
+  textsChanged.send();
+  EXPECT_EQ(windowsUp().size(), 2U);
+  for (QWidget* window : windowsUp()) {
+    if (window->windowTitle() == "Einstellungen") {
+      EXPECT_TRUE(shows(*window, "Kein Infobereich"));
+      continue;
+    }
+    EXPECT_EQ(window->windowTitle(), "Willkommen");
+    EXPECT_TRUE(shows(*window, "Alles Wichtige"));
+    EXPECT_FALSE(shows(*window, "Hello"));
+    click(*window, "Los");
+  }
+  EXPECT_FALSE(onboarding->isUp());
+  textsChanged.send();
 }
 
 TEST_F(WindowsTest, OnboardingCompletesOnceHoweverItEnds) {

@@ -1,0 +1,86 @@
+#include "ui/qt/interface_language.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QGlyphRun>
+#include <QMenu>
+#include <QPushButton>
+#include <QRawFont>
+#include <QTextLayout>
+#include <set>
+#include <string>
+
+#include "localization/string_table.h"
+#include "ui/qt/qt_conversions.h"
+
+namespace rondora {
+namespace {
+
+struct Rendering {
+  std::set<std::string> families;
+  bool hasMissingGlyph = false;
+};
+
+Rendering render(std::string_view utf8, const QFont& font = QApplication::font()) {
+  QTextLayout layout(toQString(utf8), font);
+  layout.beginLayout();
+  layout.createLine();
+  layout.endLayout();
+  Rendering result;
+  for (const QGlyphRun& run : layout.glyphRuns()) {
+    result.families.insert(run.rawFont().familyName().toStdString());
+    result.hasMissingGlyph |= run.glyphIndexes().contains(0);
+  }
+  return result;
+}
+
+class InterfaceLanguageTest : public testing::Test {
+ protected:
+  ~InterfaceLanguageTest() override { useInterfaceLanguage(AppLanguage::english); }
+};
+
+TEST_F(InterfaceLanguageTest, EveryTextHasItsGlyphsFromOneFontBesideTheLatinOne) {
+  for (const AppLanguage language : kAppLanguages) {
+    useInterfaceLanguage(language);
+    std::set<std::string> families = render("Rondora").families;
+    for (const std::string_view text : stringTable(language)) {
+      const Rendering rendering = render(text);
+      EXPECT_FALSE(rendering.hasMissingGlyph) << text;
+      families.insert(rendering.families.begin(), rendering.families.end());
+    }
+    EXPECT_LE(families.size(), 2U) << rawValue(language);
+  }
+}
+
+TEST_F(InterfaceLanguageTest, CharactersThatTwoLanguagesShareHaveTheFormsOfTheReaders) {
+  useInterfaceLanguage(AppLanguage::chinese);
+  EXPECT_EQ(render("直").families, std::set<std::string>{"Noto Sans CJK SC"});
+  useInterfaceLanguage(AppLanguage::japanese);
+  EXPECT_EQ(render("直").families, std::set<std::string>{"Noto Sans CJK JP"});
+}
+
+TEST_F(InterfaceLanguageTest, AnUrduTitleJoinsItsLettersInEveryLanguage) {
+  constexpr std::string_view kTitle = "سفر کے نوٹس میں";
+  for (const AppLanguage language : kAppLanguages) {
+    useInterfaceLanguage(language);
+    EXPECT_EQ(render(kTitle, interfaceFontFor(toQString(kTitle))).families.size(), 1U) << rawValue(language);
+  }
+}
+
+TEST_F(InterfaceLanguageTest, WindowsAndMenusThatAreUpTurnRound) {
+  QMenu menu;
+  menu.addAction("Quit");
+  QPushButton window("Quit");
+  menu.popup({0, 0});
+  window.show();
+  for (const AppLanguage language : {AppLanguage::arabic, AppLanguage::german, AppLanguage::urdu}) {
+    useInterfaceLanguage(language);
+    const auto expected = isRightToLeft(language) ? Qt::RightToLeft : Qt::LeftToRight;
+    EXPECT_EQ(menu.layoutDirection(), expected);
+    EXPECT_EQ(window.layoutDirection(), expected);
+  }
+}
+
+}  // namespace
+}  // namespace rondora
