@@ -13,7 +13,6 @@
 #include "platform/haptics.h"
 #include "platform/linux/desktop/file_user_defaults.h"
 #include "platform/linux/desktop/installed_applications.h"
-#include "platform/linux/desktop/journal_log.h"
 #include "platform/linux/desktop/posix_file_system.h"
 #include "platform/linux/desktop/posix_process_environment.h"
 #include "platform/linux/desktop/system_clock.h"
@@ -58,8 +57,9 @@ class X11Permissions final : public PermissionService {
 }  // namespace
 
 struct CompositionLinux::Program {
-  explicit Program(const QtX11Access& access)
-      : connection(access.connection, access.screenNumber, qtPixelsPerPoint()),
+  Program(const QtX11Access& access, Log& programLog)
+      : log(programLog),
+        connection(access.connection, access.screenNumber, qtPixelsPerPoint()),
         events([this](const xcb_generic_event_t& event) { return connection.dispatch(event); }) {}
 
   PieMenuWindowController::Environment ringEnvironment() {
@@ -121,10 +121,8 @@ struct CompositionLinux::Program {
             [this] { return statusLines(); }};
   }
 
-  void runLegacyMigration() { LegacyPieMenuMigration({files, defaults, environment, log}).run(); }
-
+  Log& log;
   desktop::PosixProcessEnvironment environment;
-  desktop::JournalLog log;
   desktop::PosixFileSystem files{environment};
   desktop::FileUserDefaults defaults{files, log};
   desktop::SystemClock clock;
@@ -153,8 +151,6 @@ struct CompositionLinux::Program {
   QtPasteboard pasteboard;
 
   NotificationCenter notifications;
-  /// The predecessor's document has to be in place before the store looks for one.
-  int migrated = (runLegacyMigration(), 0);
   ConfigManager config{{files, clock, log, random, notifications}};
   LocalizationStore localization;
   Subscription interfaceLanguage = localization.currentLanguage().subscribe(useInterfaceLanguage);
@@ -197,9 +193,16 @@ struct CompositionLinux::Program {
                                    [this](const std::optional<std::string>& problem) { statusItemProblem = problem; }}};
 };
 
-CompositionLinux::CompositionLinux(QApplication& application) {
+void CompositionLinux::runLegacyMigration(Log& log) {
+  desktop::PosixProcessEnvironment environment;
+  desktop::PosixFileSystem files(environment);
+  desktop::FileUserDefaults defaults(files, log);
+  LegacyPieMenuMigration({files, defaults, environment, log}).run();
+}
+
+CompositionLinux::CompositionLinux(QApplication& application, Log& log) {
   configureQt(application, desktop::PosixProcessEnvironment().bundleIdentifier().c_str());
-  if (const auto access = qtX11Access()) program_ = std::make_unique<Program>(*access);
+  if (const auto access = qtX11Access()) program_ = std::make_unique<Program>(*access, log);
 }
 
 CompositionLinux::~CompositionLinux() = default;

@@ -6,14 +6,35 @@
 #include <QSocketNotifier>
 #include <csignal>
 #include <cstdio>
-#include <string_view>
+#include <cstdlib>
+#include <utility>
 
 #include "app/composition_linux.h"
+#include "platform/linux/desktop/journal_log.h"
+#include "ui/qt/qt_messages.h"
 #include "ui/qt/qt_setup.h"
 
 namespace {
 
+using rondora::CompositionLinux;
+
 constexpr int kFailure = 1;
+
+/// What still has to give back what it took from the desktop. Libraries that end the process by themselves call back
+/// without any context.
+CompositionLinux* running = nullptr;
+
+void terminateRunning() {
+  if (CompositionLinux* composition = std::exchange(running, nullptr)) composition->terminate();
+}
+
+/// The session management library ends the process when the session manager is gone. Nothing else of the process is in
+/// order by then.
+void handleForeignExit() {
+  if (running == nullptr) return;
+  terminateRunning();
+  _exit(kFailure);
+}
 
 /// Without a display the toolkit would abort; this asks first.
 bool canReachDisplay() {
@@ -23,47 +44,54 @@ bool canReachDisplay() {
   return reachable;
 }
 
-/// The toolkit tells of a lost X server by a warning only. One line of ours, then the end: nothing can be given back to
-/// a server that is gone.
-void handleToolkitMessage(QtMsgType, const QMessageLogContext&, const QString& message) {
-  if (message.startsWith(QLatin1String("The X11 connection broke"))) {
-    std::fputs("rondora: the X server is gone\n", stderr);
-    _exit(kFailure);
-  }
-  std::fprintf(stderr, "%s\n", message.toUtf8().constData());
-}
-
-/// Blocks SIGINT and SIGTERM and returns a descriptor that becomes readable when one comes.
+/// Blocks the signals that ask for the end (SIGHUP: the terminal or the session's leader is gone), in the threads to
+/// come too, and returns a descriptor that becomes readable when one comes. One that was to be ignored when we were
+/// started stays ignored.
 int takeOverEndSignals() {
   sigset_t signals;
   sigemptyset(&signals);
-  sigaddset(&signals, SIGINT);
-  sigaddset(&signals, SIGTERM);
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    struct sigaction present {};
+    sigaction(signal, nullptr, &present);
+    if (present.sa_handler != SIG_IGN) sigaddset(&signals, signal);
+  }
   sigprocmask(SIG_BLOCK, &signals, nullptr);
   return signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK);
+}
+
+int run(int argc, char** argv, int endSignals, rondora::Log& log) {
+  QApplication application(argc, argv);
+  CompositionLinux composition(application, log);
+  if (!composition.isUsable()) {
+    std::fputs("rondora: the toolkit does not run on X11\n", stderr);
+    return kFailure;
+  }
+  // The signal is left unread: whatever loop runs is told to end until none runs any more.
+  QSocketNotifier endRequests(endSignals, QSocketNotifier::Read);
+  QObject::connect(&endRequests, &QSocketNotifier::activated, &application, &QApplication::quit);
+  running = &composition;
+  composition.start();
+  std::atexit(handleForeignExit);
+  const int status = QApplication::exec();
+  terminateRunning();
+  return status;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
+  rondora::desktop::JournalLog log;
+  CompositionLinux::runLegacyMigration(log);
   if (!canReachDisplay()) {
     std::fputs("rondora: no X server can be reached; set DISPLAY\n", stderr);
     return kFailure;
   }
   const int endSignals = takeOverEndSignals();
-  qInstallMessageHandler(handleToolkitMessage);
   rondora::prepareQt();
-  QApplication application(argc, argv);
-  QSocketNotifier notifier(endSignals, QSocketNotifier::Read);
-  QObject::connect(&notifier, &QSocketNotifier::activated, &application, &QApplication::quit);
-
-  rondora::CompositionLinux composition(application);
-  if (!composition.isUsable()) {
-    std::fputs("rondora: the toolkit does not run on X11\n", stderr);
-    return kFailure;
-  }
-  composition.start();
-  const int status = QApplication::exec();
-  composition.terminate();
-  return status;
+  const rondora::QtMessages messages(log, [&log] {
+    log.error("the X server is gone");
+    terminateRunning();
+    _exit(kFailure);
+  });
+  return run(argc, argv, endSignals, log);
 }

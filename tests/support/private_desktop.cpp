@@ -23,7 +23,7 @@ std::filesystem::path makeTemporaryFolder() {
 // The session that runs the tests must not shine through.
 constexpr const char* kForeignVariables =
     "WAYLAND_DISPLAY XDG_SESSION_TYPE XDG_CURRENT_DESKTOP DESKTOP_SESSION XAUTHORITY QT_QPA_PLATFORM QT_SCALE_FACTOR "
-    "RONDORA_FIRST_LAUNCH JOURNAL_STREAM";
+    "RONDORA_FIRST_LAUNCH";
 
 std::map<std::string, std::string> privateEnvironment(const std::filesystem::path& home) {
   std::map<std::string, std::string> environment{{"HOME", home.string()}, {"LC_ALL", "C.UTF-8"}};
@@ -43,10 +43,12 @@ void require(bool came, const char* what) {
   if (!came) throw std::runtime_error(std::string("did not come up: ") + what);
 }
 
-/// The command with its output in a file; the shell gives its place to the program.
+/// The command with its output in a file; the shell gives its place to the program. The file passes for the journal, so
+/// that nothing goes to the machine's own.
 std::vector<std::string> withOutputIn(const std::filesystem::path& file, const std::vector<std::string>& command) {
-  const std::string script =
-      std::string("unset ") + kForeignVariables + R"(; log=$1; shift; exec "$@" >"$log" 2>&1 </dev/null)";
+  const std::string script = std::string("unset ") + kForeignVariables +
+                             R"(; log=$1; shift; : >"$log"; export JOURNAL_STREAM=$(stat -c %d:%i "$log"))"
+                             R"(; exec "$@" >"$log" 2>&1 </dev/null)";
   std::vector<std::string> result{"sh", "-c", script, "sh", file};
   result.insert(result.end(), command.begin(), command.end());
   return result;
@@ -68,6 +70,7 @@ TemporaryFolder::~TemporaryFolder() {
 }
 
 PrivateDesktop::PrivateDesktop(DesktopParts parts) : environment_(privateEnvironment(folder_.path())) {
+  unsetenv("SESSION_MANAGER");  // of the session that runs the tests
   environment_["DISPLAY"] = server_.display();
   startBus();
   startParts(parts);
@@ -135,6 +138,20 @@ void PrivateDesktop::addApplication(const std::string& id, const std::string& ti
 
 void PrivateDesktop::setKeyboardLayout(const std::string& layout) const {
   require(outputOf({"setxkbmap", layout}).has_value(), "the keyboard layout");
+}
+
+// It tells its address to the programs that it starts itself.
+void PrivateDesktop::startSessionManager() {
+  const auto announcement = folder_.path() / "session-manager";
+  const auto script = folder_.path() / "announce";
+  writeFile(script, "printenv SESSION_MANAGER >" + announcement.string() + "\n");
+  writeFile(folder_.path() / ".xsmstartup", "sh " + script.string() + "\n");
+  environment_["SM_SAVE_DIR"] = folder_.path();
+  sessionManager_ = start({"xsm"});
+  require(waitUntil([&] { return readFile(announcement).ends_with('\n'); }), "the session manager");
+  std::string address = readFile(announcement);
+  address.pop_back();
+  environment_["SESSION_MANAGER"] = address;
 }
 
 std::string readFile(const std::filesystem::path& path) {

@@ -57,6 +57,11 @@ class PrivateDesktop {
   /// Makes `id` an application that opens one terminal window with that title and window class.
   void addApplication(const std::string& id, const std::string& title) const;
   void setKeyboardLayout(const std::string& layout) const;
+  /// Programs started from here on belong to a session, which `endSession` shuts down.
+  void startSessionManager();
+  void endSession() { sessionManager_->terminate(); }
+  /// What the session manager has saved to be started the next time.
+  std::filesystem::path savedSession() const { return folder_.path() / ".XSM-Default"; }
   /// Takes the X server away from everybody on it.
   void killServer() { server_.terminate(); }
 
@@ -69,6 +74,7 @@ class PrivateDesktop {
   std::map<std::string, std::string> environment_;
   XServer server_;
   std::vector<std::unique_ptr<ChildProcess>> processes_;
+  std::unique_ptr<ChildProcess> sessionManager_;
 };
 
 std::string readFile(const std::filesystem::path& path);

@@ -1,17 +1,41 @@
 #include "ui/qt/qt_application_shell.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QProcess>
+#include <QSessionManager>
 #include <QWidget>
 #include <utility>
 
 namespace rondora {
 
-QtApplicationShell::QtApplicationShell() {
-  QObject::connect(qApp, &QGuiApplication::applicationStateChanged, &context_, [this](Qt::ApplicationState state) {
+namespace {
+
+/// The toolkit itself would close every window before it ends the event loop.
+class QuitFilter : public QObject {
+ public:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (watched != qApp || event->type() != QEvent::Quit) return false;
+    QCoreApplication::exit();
+    return true;
+  }
+};
+
+void neverRestart(QSessionManager& manager) { manager.setRestartHint(QSessionManager::RestartNever); }
+
+}  // namespace
+
+QtApplicationShell::QtApplicationShell() : context_(std::make_unique<QuitFilter>()) {
+  qApp->installEventFilter(context_.get());
+  QObject::connect(qApp, &QGuiApplication::applicationStateChanged, context_.get(), [this](Qt::ApplicationState state) {
     if (state == Qt::ApplicationActive) didBecomeActive_.send();
   });
+  // The hint has to be there when the answer to the session manager goes out.
+  QObject::connect(qApp, &QGuiApplication::commitDataRequest, context_.get(), neverRestart, Qt::DirectConnection);
+  QObject::connect(qApp, &QGuiApplication::saveStateRequest, context_.get(), neverRestart, Qt::DirectConnection);
 }
+
+QtApplicationShell::~QtApplicationShell() = default;
 
 void QtApplicationShell::setActivationPolicy(ActivationPolicy policy) {
   QGuiApplication::setQuitOnLastWindowClosed(policy == ActivationPolicy::regular);

@@ -1,4 +1,4 @@
-#include <algorithm>
+#include <csignal>
 
 #include "live/end_to_end/end_to_end_test.h"
 
@@ -58,6 +58,41 @@ TEST_F(LifecycleTest, EndsInOrderWhenAsked) {
   EXPECT_TRUE(client_.nothingIsGrabbed());
   EXPECT_TRUE(client_.grabKey(key::space, kControlAlt)) << "the hotkey is free again";
   EXPECT_EQ(client_.title(client_.activeWindow()), "Bystander");
+}
+
+/// The introduction is up: it would be over if its window were closed.
+class EndTest : public LifecycleTest {
+ protected:
+  void startWithIntroduction() {
+    program_.emplace(desktop_, client_, document({mainMenu()}).dump(), Introduction::due);
+    ASSERT_TRUE(waitUntil([&] { return !program_->managedWindows().empty(); }));
+  }
+  bool introductionIsDue() const {
+    const std::string defaults = readFile(RunningProgram::defaults(desktop_));
+    return defaults.find("NSInitialToolTipDelay") != std::string::npos &&
+           defaults.find("pie.hasSeenPermissionIntro=true") == std::string::npos;
+  }
+};
+
+TEST_F(EndTest, SignalsEndItInOrderAndTheIntroductionComesBack) {
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    ASSERT_NO_FATAL_FAILURE(startWithIntroduction());
+    kill(program_->pid(), signal);
+    EXPECT_EQ(program_->waitForExit(), 0) << "signal " << signal;
+    EXPECT_TRUE(introductionIsDue()) << "signal " << signal;
+  }
+}
+
+TEST_F(EndTest, SessionManagerEndsItInOrderAndDoesNotStartItAgain) {
+  desktop_.startSessionManager();
+  ASSERT_NO_FATAL_FAILURE(startWithIntroduction());
+  const auto witness = desktop_.start({"xterm", "-T", "Witness", "-e", "cat"});
+  ASSERT_TRUE(waitUntil([&] { return !client_.windowsTitled("Witness").empty(); }));
+  desktop_.endSession();
+  EXPECT_EQ(program_->waitForExit(), 0);
+  EXPECT_TRUE(introductionIsDue());
+  EXPECT_TRUE(waitUntil([&] { return readFile(desktop_.savedSession()).find("xterm") != std::string::npos; }));
+  EXPECT_EQ(readFile(desktop_.savedSession()).find("rondora"), std::string::npos);
 }
 
 TEST_F(LifecycleTest, LostServerEndsItWithOneLine) {
