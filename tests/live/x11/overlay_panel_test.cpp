@@ -1,5 +1,6 @@
 #include <xcb/xtest.h>
 
+#include "doubles/allocation_counter.h"
 #include "x11_test.h"
 
 namespace rondora::live {
@@ -86,6 +87,22 @@ TEST_F(OverlayPanelTest, TellsWhatKeysTypeAndWhichModifiersAreHeld) {
   EXPECT_EQ(keyEvents_[0].charactersIgnoringModifiers, "Q");
   EXPECT_EQ(keyEvents_[0].modifierFlags, event_flags::kControl | event_flags::kShift);
   EXPECT_EQ(monitors_.currentModifierFlags(), event_flags::kControl | event_flags::kShift);
+}
+
+TEST_F(OverlayPanelTest, MovesAndKeysAllocateNothing) {
+  ASSERT_TRUE(registerHotkey(kSpace, kControlOption));
+  auto panel = openPanel();
+  user_.tap(key::q);  // the first key of a device makes the server announce its mapping
+  keysSeen();
+  sink_.moves.reserve(1000);
+  keyEvents_.reserve(1000);
+  for (int i = 0; i < 100; ++i) user_.movePointer({10 + 9 * i, 20 + i});
+  for (const std::uint8_t code : {key::q, key::digit1, key::control, key::space}) user_.tap(code);
+  const std::size_t before = allocationCount();
+  drain();
+  EXPECT_EQ(allocationCount() - before, 0u);
+  EXPECT_GE(sink_.moves.size(), 100u);
+  EXPECT_EQ(keyEvents_.size(), 6u);
 }
 
 TEST_F(OverlayPanelTest, FlagsMonitorsSeeModifiersGoAndLocksNever) {

@@ -266,16 +266,20 @@ TEST_F(SharedTriggerTest, ATakenHotkeyIsReportedAndNowhereElse) {
   EXPECT_EQ(shownMenu(), "plain");
 }
 
-TEST_F(SharedTriggerTest, TheRunningAppsMenuShowsTheRunningApplications) {
-  useMenus({runningAppsMenu({kKKey, 0})});
+TEST_F(SharedTriggerTest, TheHotKeyServiceServesTheSwitchersKeyWhileTheTapIsSilent) {
+  useMenus({runningAppsMenu({48, carbon::kCommand})});
   launch();
   desktop.workspace.bringForward(browser.processIdentifier);
-  press({kKKey});
-  program.overlay->advanceRunningAppsSelection();
-  EXPECT_EQ(highlightedItem(), "Browser");
-  desktop.time.advance(0.1);
-  program.overlay->advanceRunningAppsSelection();
-  release({kKKey});
+  press({Key::kCommandKey, Key::kTabKey});
+  EXPECT_EQ(shownMenu(), "running");
+  release({Key::kTabKey});
+  for (const char* expected : {"Browser", "Editor"}) {
+    desktop.time.advance(0.1);
+    press({Key::kTabKey});
+    release({Key::kTabKey});
+    EXPECT_EQ(highlightedItem(), expected);
+  }
+  release({Key::kCommandKey});
   EXPECT_EQ(frontApplication(), "org.example.editor");
 }
 

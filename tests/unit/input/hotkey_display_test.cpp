@@ -4,6 +4,8 @@
 
 #include <set>
 
+#include "base/unicode.h"
+#include "doubles/fake_keyboard.h"
 #include "model/carbon_modifiers.h"
 #include "platform/key_event.h"
 
@@ -40,6 +42,20 @@ TEST(HotkeyDisplay, NamesAKeyWithoutANameByItsNumber) {
   EXPECT_EQ(keyCodeToString(200), "Key200");
   EXPECT_EQ(keyCodeToString(82), "Key82");
   EXPECT_EQ(keyCodeToString(INT64_MIN), "Key-9223372036854775808");
+}
+
+TEST(HotkeyDisplay, NamesAKeyByWhatItTypesOnAUsKeyboard) {
+  FakeKeyboard keyboard([] { return true; });
+  std::string typed;
+  const auto monitor = keyboard.addLocalMonitor(kKeyDownAndKeyUpMask, [&](const KeyEvent& event) {
+    typed = upperCased(event.characters);
+    return true;
+  });
+  for (std::uint16_t keyCode = 0; keyCode <= 50; ++keyCode) {
+    const bool isNamed = keyCode == 10 || keyCode == 36 || keyCode == 48 || keyCode == 49;
+    keyboard.tap(keyCode);
+    EXPECT_EQ(keyCodeToString(keyCode) == typed, !isNamed) << keyCode;
+  }
 }
 
 TEST(HotkeyDisplay, NamesEveryKeyDifferently) {
