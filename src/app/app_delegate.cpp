@@ -66,6 +66,17 @@ void AppDelegate::openSettings() {
 
 void AppDelegate::quitApp() { services_.shell.terminate(); }
 
+bool AppDelegate::trigger(std::string_view menuId) {
+  const auto id = Uuid::parse(menuId);
+  if (!id || services_.configManager.current().menu(*id) == nullptr) {
+    // The text comes from anybody: only an identifier is repeated.
+    services_.log.error("trigger skipped: " + (id ? "no menu has the id " + id->string() : "this is no menu's id"));
+    return false;
+  }
+  services_.mainQueue.async(weakSelf_.bind([id = *id](AppDelegate& self) { self.switchboard_->handleRequest(id); }));
+  return true;
+}
+
 void AppDelegate::subscribeLanguage() {
   auto languageChanged = removingDuplicates<AppLanguage>(weakSelf_.bind(
       [](AppDelegate& self, AppLanguage language) { self.services_.localization.setLanguage(language); }));

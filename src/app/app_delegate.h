@@ -4,6 +4,7 @@
 #include <memory>
 #include <set>
 #include <span>
+#include <string_view>
 
 #include "app/app_services.h"
 #include "app/menu_switchboard.h"
@@ -35,6 +36,9 @@ class AppDelegate {
   bool applicationShouldHandleReopen(bool hasVisibleWindows);
   void openSettings();
   void quitApp();
+  /// Another program asks for a menu: it opens (or closes what is open) as by a hotkey that can neither be held nor
+  /// repeated. False when no menu has this id.
+  bool trigger(std::string_view menuId);
 
   TrackpadGestureMonitor& trackpadGestureMonitor() { return trackpadGestureMonitor_; }
   /// Null before the launch.

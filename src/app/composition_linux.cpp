@@ -1,6 +1,8 @@
 #include "app/composition_linux.h"
 
 #include <QApplication>
+#include <QDBusConnection>
+#include <QSocketNotifier>
 #include <algorithm>
 #include <string>
 #include <utility>
@@ -8,11 +10,13 @@
 
 #include "app/app_delegate.h"
 #include "app/item_titles.h"
+#include "app/single_instance.h"
 #include "input/hotkey_display.h"
 #include "permissions/permissions_monitor.h"
 #include "platform/haptics.h"
 #include "platform/linux/desktop/file_user_defaults.h"
 #include "platform/linux/desktop/installed_applications.h"
+#include "platform/linux/desktop/lock_file_channel.h"
 #include "platform/linux/desktop/posix_file_system.h"
 #include "platform/linux/desktop/posix_process_environment.h"
 #include "platform/linux/desktop/system_clock.h"
@@ -36,6 +40,7 @@
 #include "ui/qt/qt_status_bar.h"
 #include "ui/qt/qt_windows.h"
 #include "ui/qt/qt_x11_access.h"
+#include "ui/qt/session_bus_channel.h"
 
 namespace rondora {
 namespace {
@@ -54,7 +59,24 @@ class X11Permissions final : public PermissionService {
   void requestListenEventAccess() override {}
 };
 
+Subscription watchReadable(int descriptor, std::function<void()> readable) {
+  const auto notifier = std::make_shared<QSocketNotifier>(descriptor, QSocketNotifier::Read);
+  QObject::connect(notifier.get(), &QSocketNotifier::activated, notifier.get(), std::move(readable));
+  return Subscription([notifier] { notifier->setEnabled(false); });
+}
+
 }  // namespace
+
+/// The program's place in the session, taken before anything of the user's is read or written.
+struct CompositionLinux::Presence {
+  explicit Presence(Log& log) : instance({&bus, &lockFile}, log) {}
+
+  desktop::PosixProcessEnvironment environment;
+  desktop::PosixFileSystem files{environment};
+  SessionBusChannel bus{QDBusConnection::sessionBus(), environment.bundleIdentifier()};
+  desktop::LockFileChannel lockFile{environment, files.cachesFolder(), watchReadable};
+  SingleInstance instance;
+};
 
 struct CompositionLinux::Program {
   Program(const QtX11Access& access, Log& programLog)
@@ -119,6 +141,11 @@ struct CompositionLinux::Program {
             config.configURL().string(),
             [this] { workspace.openUrl("file://" + config.configURL().parent_path().string()); },
             [this] { return statusLines(); }};
+  }
+
+  SessionRequests sessionRequests() {
+    return {[this] { delegate.applicationShouldHandleReopen(false); },
+            [this](std::string_view menuId) { return delegate.trigger(menuId); }};
   }
 
   Log& log;
@@ -202,19 +229,39 @@ void CompositionLinux::runLegacyMigration(Log& log) {
 
 CompositionLinux::CompositionLinux(QApplication& application, Log& log) {
   configureQt(application, desktop::PosixProcessEnvironment().bundleIdentifier().c_str());
-  if (const auto access = qtX11Access()) program_ = std::make_unique<Program>(*access, log);
+  const auto access = qtX11Access();
+  if (!access) return;
+  presence_ = std::make_unique<Presence>(log);
+  switch (presence_->instance.claim()) {
+    case SingleInstance::Start::handedOver:
+      state_ = State::handedOver;
+      return;
+    case SingleInstance::Start::unanswered:
+      state_ = State::blocked;
+      return;
+    case SingleInstance::Start::first:
+      break;
+  }
+  program_ = std::make_unique<Program>(*access, log);
+  state_ = State::ready;
 }
 
 CompositionLinux::~CompositionLinux() = default;
 
 void CompositionLinux::start() {
   program_->delegate.applicationDidFinishLaunching();
+  presence_->instance.serve(program_->sessionRequests());
   program_->mainQueue.async([this] {
     program_->installed.warm();
     program_->rasterizer.warmUp();
   });
 }
 
-void CompositionLinux::terminate() { program_->delegate.applicationWillTerminate(); }
+void CompositionLinux::terminate() {
+  program_->delegate.applicationWillTerminate();
+  presence_->instance.release();
+}
+
+bool CompositionLinux::isRelaunchRequested() const { return program_->shell.isRelaunchRequested(); }
 
 }  // namespace rondora

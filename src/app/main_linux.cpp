@@ -7,6 +7,7 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 #include <utility>
 
 #include "app/composition_linux.h"
@@ -23,6 +24,9 @@ constexpr int kFailure = 1;
 /// What still has to give back what it took from the desktop. Libraries that end the process by themselves call back
 /// without any context.
 CompositionLinux* running = nullptr;
+
+/// Everything has been given back, and another instance is wanted.
+bool startAgain = false;
 
 void terminateRunning() {
   if (CompositionLinux* composition = std::exchange(running, nullptr)) composition->terminate();
@@ -44,13 +48,15 @@ bool canReachDisplay() {
   return reachable;
 }
 
-/// Blocks the signals that ask for the end (SIGHUP: the terminal or the session's leader is gone), in the threads to
-/// come too, and returns a descriptor that becomes readable when one comes. One that was to be ignored when we were
-/// started stays ignored.
+/// Signals that ask for the end; SIGHUP: the terminal or the session's leader is gone.
+constexpr int kEndSignals[] = {SIGINT, SIGTERM, SIGHUP};
+
+/// Blocks the signals that ask for the end, in the threads to come too, and returns a descriptor that becomes readable
+/// when one comes. One that was to be ignored when we were started stays ignored.
 int takeOverEndSignals() {
   sigset_t signals;
   sigemptyset(&signals);
-  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+  for (const int signal : kEndSignals) {
     struct sigaction present {};
     sigaction(signal, nullptr, &present);
     if (present.sa_handler != SIG_IGN) sigaddset(&signals, signal);
@@ -59,13 +65,27 @@ int takeOverEndSignals() {
   return signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK);
 }
 
+/// The exit status for a program that has nothing to do here; nothing when it has.
+std::optional<int> reasonNotToRun(const CompositionLinux& composition) {
+  switch (composition.state()) {
+    case CompositionLinux::State::withoutDisplay:
+      std::fputs("rondora: the toolkit does not run on X11\n", stderr);
+      return kFailure;
+    case CompositionLinux::State::blocked:
+      return kFailure;
+    case CompositionLinux::State::handedOver:
+      std::puts("rondora: already running; its settings are open");
+      return EXIT_SUCCESS;
+    case CompositionLinux::State::ready:
+      break;
+  }
+  return std::nullopt;
+}
+
 int run(int argc, char** argv, int endSignals, rondora::Log& log) {
   QApplication application(argc, argv);
   CompositionLinux composition(application, log);
-  if (!composition.isUsable()) {
-    std::fputs("rondora: the toolkit does not run on X11\n", stderr);
-    return kFailure;
-  }
+  if (const auto status = reasonNotToRun(composition)) return *status;
   // The signal is left unread: whatever loop runs is told to end until none runs any more.
   QSocketNotifier endRequests(endSignals, QSocketNotifier::Read);
   QObject::connect(&endRequests, &QSocketNotifier::activated, &application, &QApplication::quit);
@@ -73,8 +93,18 @@ int run(int argc, char** argv, int endSignals, rondora::Log& log) {
   composition.start();
   std::atexit(handleForeignExit);
   const int status = QApplication::exec();
+  startAgain = composition.isRelaunchRequested();
   terminateRunning();
   return status;
+}
+
+/// Starts the program anew in this process. Returns when that fails.
+void becomeNewInstance(char** argv) {
+  sigset_t signals;
+  sigemptyset(&signals);
+  for (const int signal : kEndSignals) sigaddset(&signals, signal);
+  sigprocmask(SIG_UNBLOCK, &signals, nullptr);
+  execv("/proc/self/exe", argv);
 }
 
 }  // namespace
@@ -93,5 +123,7 @@ int main(int argc, char** argv) {
     terminateRunning();
     _exit(kFailure);
   });
-  return run(argc, argv, endSignals, log);
+  const int status = run(argc, argv, endSignals, log);
+  if (startAgain) becomeNewInstance(argv);
+  return status;
 }

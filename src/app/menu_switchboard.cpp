@@ -91,6 +91,13 @@ void MenuSwitchboard::handleTrackpadGesture(std::int64_t fingerCount) {
   togglePieMenu(configuration().menus[target->second], kNoTrigger);
 }
 
+void MenuSwitchboard::handleRequest(const Uuid& menuId) {
+  const PieMenu* menu = configuration().menu(menuId);
+  if (menu == nullptr || !menu->isEnabled()) return;
+  if (!isMenuVisible()) rememberFrontmostApplication();
+  togglePieMenu(*menu, kNoTrigger);
+}
+
 void MenuSwitchboard::togglePieMenu(const PieMenu& menu, const HotkeyConfig& triggerHotkey) {
   if (isMenuVisible()) {
     const bool isSameMenu = pieMenuWindow_->displayedMenuId() == menu.id;

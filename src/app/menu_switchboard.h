@@ -31,6 +31,8 @@ class MenuSwitchboard {
   void handleHotkeyPressed(const Candidates& candidateIndices);
   void handleHotkeyReleased(const Candidates& candidateIndices);
   void handleTrackpadGesture(std::int64_t fingerCount);
+  /// Somebody who owns the keys asks for a menu, which may have no hotkey of its own.
+  void handleRequest(const Uuid& menuId);
   /// Closes a special menu that `configuration` has switched off.
   void dismissRunningAppsMenuIfDisabled(const PieConfiguration& configuration);
   void prefetchAppCommands(const RunningApplication& application);

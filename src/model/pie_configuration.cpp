@@ -67,6 +67,11 @@ PieMenu PieConfiguration::templateAppCommandsMenu(RandomSource& random) {
   return menu;
 }
 
+const PieMenu* PieConfiguration::menu(const Uuid& id) const {
+  const auto found = std::find_if(menus.begin(), menus.end(), [&id](const PieMenu& menu) { return menu.id == id; });
+  return found == menus.end() ? nullptr : &*found;
+}
+
 std::map<std::int64_t, std::size_t> PieConfiguration::trackpadGestureTargets() const {
   std::map<std::int64_t, std::size_t> targets;
   for (std::size_t i = 0; i < menus.size(); ++i) {

@@ -32,6 +32,8 @@ struct PieConfiguration {
   static PieMenu templateRunningAppsMenu(RandomSource& random);
   static PieMenu templateAppCommandsMenu(RandomSource& random);
 
+  /// The menu with this id, or null.
+  const PieMenu* menu(const Uuid& id) const;
   /// Finger count to index into `menus`; only menus that a tap may open.
   std::map<std::int64_t, std::size_t> trackpadGestureTargets() const;
   /// Moves the finger count to the menu; a count other than 3, 4 or 5 takes the menu's away.

@@ -220,22 +220,25 @@ bool XClient::keyboardIsAtRest() {
          std::all_of(std::begin(keys->keys), std::end(keys->keys), [](std::uint8_t bits) { return bits == 0; });
 }
 
-bool XClient::nothingIsGrabbed() {
-  Reply<xcb_grab_keyboard_reply_t> keyboard(
+bool XClient::keyboardIsFree() {
+  Reply<xcb_grab_keyboard_reply_t> reply(
       xcb_grab_keyboard_reply(connection_.get(),
                               xcb_grab_keyboard(connection_.get(), 0, screen_->root, XCB_CURRENT_TIME,
                                                 XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC),
                               nullptr));
+  xcb_ungrab_keyboard(connection_.get(), XCB_CURRENT_TIME);
+  sync();
+  return reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
+}
+
+bool XClient::nothingIsGrabbed() {
   Reply<xcb_grab_pointer_reply_t> pointer(
       xcb_grab_pointer_reply(connection_.get(),
                              xcb_grab_pointer(connection_.get(), 0, screen_->root, 0, XCB_GRAB_MODE_ASYNC,
                                               XCB_GRAB_MODE_ASYNC, XCB_NONE, XCB_NONE, XCB_CURRENT_TIME),
                              nullptr));
-  xcb_ungrab_keyboard(connection_.get(), XCB_CURRENT_TIME);
   xcb_ungrab_pointer(connection_.get(), XCB_CURRENT_TIME);
-  sync();
-  return keyboard && keyboard->status == XCB_GRAB_STATUS_SUCCESS && pointer &&
-         pointer->status == XCB_GRAB_STATUS_SUCCESS;
+  return keyboardIsFree() && pointer && pointer->status == XCB_GRAB_STATUS_SUCCESS;
 }
 
 bool XClient::grabKey(std::uint8_t keyCode, std::uint16_t modifiers) {

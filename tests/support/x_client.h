@@ -87,7 +87,9 @@ class XClient {
 
   /// No key is down and no modifier is in force, locks included.
   bool keyboardIsAtRest();
-  /// Nobody holds the keyboard or the pointer: this client gets both for a moment.
+  /// Nobody else holds the keyboard: this client gets it for a moment.
+  bool keyboardIsFree();
+  /// Nobody else holds the keyboard or the pointer.
   bool nothingIsGrabbed();
   /// Binds the key for itself until it is disconnected; false when somebody else has it.
   bool grabKey(std::uint8_t keyCode, std::uint16_t modifiers);

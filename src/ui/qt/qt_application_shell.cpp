@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QEvent>
-#include <QProcess>
 #include <QSessionManager>
 #include <QWidget>
 #include <utility>
@@ -54,7 +53,7 @@ void QtApplicationShell::activateIgnoringOtherApps() {
 void QtApplicationShell::terminate() { QCoreApplication::quit(); }
 
 void QtApplicationShell::relaunch() {
-  QProcess::startDetached(QCoreApplication::applicationFilePath(), QCoreApplication::arguments().mid(1));
+  isRelaunchRequested_ = true;
   QCoreApplication::quit();
 }
 

@@ -23,13 +23,16 @@ class QtApplicationShell : public ApplicationShell {
   void setMainMenu(std::vector<MenuEntry> entries) override;
   void activateIgnoringOtherApps() override;
   void terminate() override;
+  /// Ends the event loop; the new instance starts when this one has given everything back.
   void relaunch() override;
+  bool isRelaunchRequested() const { return isRelaunchRequested_; }
   Subscription onDidBecomeActive(std::function<void()> observer) override;
 
   const std::vector<MenuEntry>& mainMenu() const { return mainMenu_; }
 
  private:
   std::vector<MenuEntry> mainMenu_;
+  bool isRelaunchRequested_ = false;
   Signal<> didBecomeActive_;
   /// Receives for us; taken off the application object with this.
   std::unique_ptr<QObject> context_;

@@ -256,6 +256,57 @@ TEST_F(SharedTriggerTest, ADisabledSpecialMenusKeyIsLeftToTheApplication) {
   EXPECT_THAT(desktop.keyboard.seenByApplications, ElementsAre(kKKey));
 }
 
+TEST_F(SharedTriggerTest, ARequestOpensAnyMenuAndASecondOneClosesIt) {
+  const PieMenu keyless = menu("keyless", {});
+  useMenus({menu("chord", {49, kControlOption}), keyless});
+  launch();
+  const auto request = [&] {
+    EXPECT_TRUE(program.delegate.trigger(keyless.id.string()));
+    EXPECT_EQ(isMenuUp(), shownMenu() != "") << "as of a hotkey, on a later turn";
+    desktop.time.runUntilIdle();
+  };
+  request();
+  ASSERT_EQ(shownMenu(), "keyless");
+  press({Key::kControlKey});
+  release({Key::kControlKey});
+  EXPECT_EQ(shownMenu(), "keyless") << "nothing is held, so nothing is let go";
+  request();
+  EXPECT_FALSE(isMenuUp());
+  EXPECT_THAT(desktop.workspace.activationRequests, ElementsAre(editor.processIdentifier));
+
+  press({Key::kControlKey, Key::kOptionKey, Key::kSpaceKey});
+  ASSERT_EQ(shownMenu(), "chord");
+  request();
+  EXPECT_FALSE(isMenuUp());
+}
+
+TEST_F(SharedTriggerTest, ARequestForASpecialMenuFollowsItsSwitch) {
+  PieMenu disabled = runningAppsMenu({});
+  disabled.runningAppsMenuEnabled = false;
+  const PieMenu commands = appCommandsMenu({});
+  useMenus({disabled, commands});
+  launch();
+  EXPECT_TRUE(program.delegate.trigger(disabled.id.string()));
+  EXPECT_TRUE(program.delegate.trigger(commands.id.string()));
+  desktop.time.runUntilIdle();
+  EXPECT_FALSE(isMenuUp());
+  ASSERT_EQ(program.subActions.requests.size(), 1U);
+  program.subActions.requests.front()({PieSubAction{}});
+  EXPECT_EQ(shownMenu(), "commands");
+  EXPECT_THAT(desktop.log.lines, IsEmpty());
+}
+
+TEST_F(SharedTriggerTest, ARequestForNoMenuIsRefusedWithOneLine) {
+  useMenus({});
+  launch();
+  const Uuid unknown = desktop.random.uuid();
+  EXPECT_FALSE(program.delegate.trigger(unknown.string()));
+  EXPECT_FALSE(program.delegate.trigger("chord\nerror: forged"));
+  EXPECT_THAT(desktop.log.lines,
+              ElementsAre(FakeLog::Line{LogLevel::error, "trigger skipped: no menu has the id " + unknown.string()},
+                          FakeLog::Line{LogLevel::error, "trigger skipped: this is no menu's id"}));
+}
+
 TEST_F(SharedTriggerTest, ATakenHotkeyIsReportedAndNowhereElse) {
   desktop.keyboard.foreignOwners.insert({49, 0x1800});
   useMenus({menu("taken", {49, kControlOption}), menu("plain", {kKKey, 0})});

@@ -7,6 +7,7 @@ namespace rondora::x11 {
 namespace {
 
 constexpr int kAttempts = 20;
+constexpr int kAttemptsWithPointer = 300;
 constexpr double kRetrySeconds = 0.01;
 
 constexpr std::uint16_t kPointerEvents =
@@ -30,14 +31,14 @@ void X11InputGrab::take(InputGrabSink& sink) {
   sink_ = &sink;
   hasKeyboard_ = hasPointer_ = false;
   heldButtons_.reset();
-  attemptsLeft_ = kAttempts;
+  attempts_ = 0;
   keyboard_.beginOverlay();
   attempt(connection_.lastEventTime());
 }
 
 // Both requests go out, with whatever was asked for before them, before the first answer is awaited.
 void X11InputGrab::attempt(xcb_timestamp_t time) {
-  --attemptsLeft_;
+  ++attempts_;
   std::optional<xcb_grab_keyboard_cookie_t> keyboard;
   std::optional<xcb_grab_pointer_cookie_t> pointer;
   xcb_connection_t* connection = connection_.get();
@@ -66,7 +67,7 @@ void X11InputGrab::retryLater() {
 
 // With the current time: another client's grab may be younger than the event that asked for ours.
 void X11InputGrab::retry() {
-  if (attemptsLeft_ > 0) return attempt(XCB_CURRENT_TIME);
+  if (attempts_ < (hasPointer_ ? kAttemptsWithPointer : kAttempts)) return attempt(XCB_CURRENT_TIME);
   letGo();
   std::exchange(sink_, nullptr)->grabFailed();
 }

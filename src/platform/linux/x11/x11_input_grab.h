@@ -30,7 +30,8 @@ class X11InputGrab {
   ~X11InputGrab();
 
   /// Takes the place of whoever had the grab. Asks with the time of the last event; while another client holds one of
-  /// the two, asks again for about 0.2 s before `grabFailed`.
+  /// the two, asks again for about 0.2 s before `grabFailed`, and for about 3 s when only the keyboard is missing: the
+  /// key of another client's hotkey gives it back when it goes up.
   void take(InputGrabSink& sink);
   /// Does nothing when `sink` no longer has the grab. A mouse button that is down stays ours until it is released, so
   /// that no other window sees half a click.
@@ -54,7 +55,7 @@ class X11InputGrab {
   xcb_cursor_t cursor_ = XCB_CURSOR_NONE;
   bool hasKeyboard_ = false;
   bool hasPointer_ = false;
-  int attemptsLeft_ = 0;
+  int attempts_ = 0;
   Subscription retry_;
   /// Buttons that must go up before the pointer is given back.
   std::bitset<256> heldButtons_;

@@ -1,0 +1,46 @@
+#include "app/single_instance.h"
+
+#include <utility>
+
+namespace rondora {
+namespace {
+
+/// The other instance may be ending just now: then its place is free the next time.
+constexpr int kRounds = 2;
+
+}  // namespace
+
+SingleInstance::SingleInstance(std::vector<InstanceChannel*> channels, Log& log)
+    : channels_(std::move(channels)), log_(log) {}
+
+InstanceChannel* SingleInstance::claimAll() {
+  bool isFindable = false;
+  for (InstanceChannel* channel : channels_) {
+    const auto claim = channel->claim();
+    if (claim == InstanceChannel::Claim::taken) return channel;
+    isFindable = isFindable || claim == InstanceChannel::Claim::first;
+  }
+  if (!isFindable) log_.error("a second start cannot find this instance");
+  return nullptr;
+}
+
+SingleInstance::Start SingleInstance::claim() {
+  for (int round = 0; round < kRounds; ++round) {
+    InstanceChannel* other = claimAll();
+    if (other == nullptr) return Start::first;
+    release();
+    if (other->askForSettings()) return Start::handedOver;
+  }
+  log_.error("another instance is running and does not answer");
+  return Start::unanswered;
+}
+
+void SingleInstance::release() {
+  for (InstanceChannel* channel : channels_) channel->release();
+}
+
+void SingleInstance::serve(const SessionRequests& requests) {
+  for (InstanceChannel* channel : channels_) channel->serve(requests);
+}
+
+}  // namespace rondora

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <vector>
+
+#include "platform/instance_channel.h"
+#include "platform/log.h"
+
+namespace rondora {
+
+/// Lets the program run once in a session: a second start opens the settings of the first. Main thread.
+class SingleInstance {
+ public:
+  enum class Start {
+    first,
+    /// Another instance runs and has shown its settings.
+    handedOver,
+    /// Another instance runs and does not answer.
+    unanswered,
+  };
+
+  /// `channels` are tried in this order and all of them claimed. They outlive this object.
+  SingleInstance(std::vector<InstanceChannel*> channels, Log& log);
+
+  Start claim();
+  /// For a start that is to follow this one.
+  void release();
+  /// Only after `claim` returned `first`.
+  void serve(const SessionRequests& requests);
+
+ private:
+  /// The channel on which another instance was found, or null.
+  InstanceChannel* claimAll();
+
+  std::vector<InstanceChannel*> channels_;
+  Log& log_;
+};
+
+}  // namespace rondora

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QDBusConnection>
+#include <QDBusVirtualObject>
+#include <string>
+
+#include "platform/instance_channel.h"
+
+namespace rondora {
+
+/// The program's name on the session bus and the object behind it. Main thread.
+class SessionBusChannel : public QDBusVirtualObject, public InstanceChannel {
+ public:
+  static constexpr const char* kPath = "/io/github/rondora/Rondora";
+  static constexpr const char* kUnknownMenu = "io.github.rondora.Rondora.Error.UnknownMenu";
+
+  /// `name` is the name to own; the interface is called the same.
+  SessionBusChannel(QDBusConnection bus, const std::string& name);
+  ~SessionBusChannel() override;
+
+  Claim claim() override;
+  void release() override;
+  bool askForSettings() override;
+  void serve(SessionRequests requests) override;
+
+  QString introspect(const QString& path) const override;
+  bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
+
+ private:
+  QDBusMessage answerTo(const QDBusMessage& call) const;
+  QDBusMessage answerToTrigger(const QDBusMessage& call) const;
+
+  QDBusConnection bus_;
+  QString name_;
+  SessionRequests requests_;
+};
+
+}  // namespace rondora

@@ -1,0 +1,108 @@
+#include "platform/linux/desktop/lock_file_channel.h"
+
+#include <gtest/gtest.h>
+#include <poll.h>
+#include <signal.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+
+#include <future>
+#include <memory>
+
+#include "doubles/fake_session.h"
+#include "live/desktop/temporary_folder.h"
+
+namespace rondora::desktop {
+namespace {
+
+using Claim = InstanceChannel::Claim;
+namespace fs = std::filesystem;
+
+class LockFileChannelTest : public testing::Test {
+ protected:
+  std::unique_ptr<LockFileChannel> channel(const std::string& display = ":7") {
+    FakeProcessEnvironment environment;
+    environment.variables = {{"XDG_RUNTIME_DIR", folder_.path().string()}, {"DISPLAY", display}};
+    return std::make_unique<LockFileChannel>(environment, folder_.path() / "fallback",
+                                             [this](int descriptor, std::function<void()> readable) {
+                                               listener_ = descriptor;
+                                               readable_ = std::move(readable);
+                                               return Subscription([this] { listener_ = -1; });
+                                             });
+  }
+  /// Another process asks, while this one turns its main loop.
+  bool isShownOnRequest(LockFileChannel& holder) {
+    bool isShown = false;
+    holder.serve({[&] { isShown = true; }, {}});
+    auto answer = std::async(std::launch::async, [other = channel()] { return other->askForSettings(); });
+    pollfd incoming{listener_, POLLIN, 0};
+    if (::poll(&incoming, 1, 10000) == 1) readable_();
+    return answer.get() && isShown;
+  }
+
+  TemporaryFolder folder_;
+  int listener_ = -1;
+  std::function<void()> readable_;
+};
+
+TEST_F(LockFileChannelTest, OneHoldsTheDisplayUntilItLetsGo) {
+  auto holder = channel();
+  ASSERT_EQ(holder->claim(), Claim::first);
+  EXPECT_EQ(holder->claim(), Claim::first);
+  EXPECT_EQ(channel()->claim(), Claim::taken);
+  EXPECT_EQ(channel("unix:7.1")->claim(), Claim::taken) << "another screen of the same display";
+  EXPECT_EQ(channel(":8")->claim(), Claim::first);
+  EXPECT_EQ(channel("far/away:7")->claim(), Claim::first);
+  EXPECT_TRUE(isShownOnRequest(*holder));
+  holder->release();
+  EXPECT_FALSE(channel()->askForSettings());
+  auto next = channel();
+  EXPECT_EQ(next->claim(), Claim::first);
+  EXPECT_TRUE(isShownOnRequest(*next));
+}
+
+TEST_F(LockFileChannelTest, WhatADeadHolderLeftIsTakenOver) {
+  const auto here = channel();
+  const pid_t child = fork();
+  ASSERT_GE(child, 0);
+  if (child == 0) {
+    const auto held = channel();
+    if (held->claim() == Claim::first) pause();
+    _exit(1);
+  }
+  bool isTaken = false;
+  for (int i = 0; i < 10000 && !isTaken; ++i) {
+    isTaken = fs::exists(folder_.path() / "rondora-:7.socket") && here->claim() == Claim::taken;
+    usleep(1000);
+  }
+  kill(child, SIGKILL);
+  waitpid(child, nullptr, 0);
+  ASSERT_TRUE(isTaken);
+  ASSERT_EQ(here->claim(), Claim::first);
+  EXPECT_TRUE(isShownOnRequest(*here));
+}
+
+TEST_F(LockFileChannelTest, OnlyTheUserCanReachIt) {
+  const auto holder = channel();
+  ASSERT_EQ(holder->claim(), Claim::first);
+  for (const auto& entry : fs::directory_iterator(folder_.path())) {
+    const auto othersMay = fs::perms::group_all | fs::perms::others_all;
+    EXPECT_EQ(entry.status().permissions() & othersMay, fs::perms::none) << entry.path();
+  }
+  fs::create_symlink("elsewhere", folder_.path() / "rondora-:9.lock");
+  EXPECT_EQ(channel(":9")->claim(), Claim::unavailable);
+  EXPECT_FALSE(fs::exists(folder_.path() / "elsewhere"));
+}
+
+TEST_F(LockFileChannelTest, IsUnavailableWhereNothingCanBeWritten) {
+  FakeProcessEnvironment environment;
+  const auto claimIn = [&](const fs::path& folder) {
+    return LockFileChannel(environment, folder, [](int, std::function<void()>) { return Subscription(); }).claim();
+  };
+  EXPECT_EQ(claimIn("/proc/nowhere"), Claim::unavailable);
+  EXPECT_EQ(claimIn(folder_.path() / std::string(120, 'x')), Claim::unavailable) << "longer than a socket's address";
+  EXPECT_EQ(claimIn(folder_.path() / "made"), Claim::first);
+}
+
+}  // namespace
+}  // namespace rondora::desktop

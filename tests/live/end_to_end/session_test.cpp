@@ -1,0 +1,72 @@
+#include <signal.h>
+
+#include "live/end_to_end/end_to_end_test.h"
+
+namespace rondora::live {
+namespace {
+
+constexpr const char* kNoBus = "DBUS_SESSION_BUS_ADDRESS=unix:path=/nonexistent";
+
+/// The program among the others of a session: its second start, and who asks it for a menu.
+class SessionTest : public EndToEndTest {
+ protected:
+  /// Starts the program once more, and returns its exit status once it has ended.
+  std::optional<int> startAgain(const std::string& variable = "LC_ALL=C.UTF-8") {
+    const auto second = desktop_.start({"env", variable, RONDORA_PROGRAM});
+    if (!waitUntil([&] { return !second->isRunning(); })) return std::nullopt;
+    return second->wait();
+  }
+  bool waitForSettings() {
+    return waitUntil([&] { return client_.title(client_.activeWindow()) == "Rondora Settings"; });
+  }
+  void closeSettings() {
+    for (const xcb_window_t window : program_->managedWindows()) client_.requestClose(window);
+    ASSERT_TRUE(waitUntil([&] { return program_->managedWindows().empty(); }));
+  }
+  /// What another program of the session is told.
+  std::optional<std::string> trigger(const std::string& menuId) {
+    return desktop_.outputOf({"gdbus", "call", "--session", "--dest", "io.github.rondora.Rondora", "--object-path",
+                              "/io/github/rondora/Rondora", "--method", "io.github.rondora.Rondora.Trigger", menuId});
+  }
+};
+
+TEST_F(SessionTest, ASecondStartOpensTheSettingsOfTheFirst) {
+  start(document({menu("Main", kControlAltSpace, snippetItems("Main", 4))}));
+  EXPECT_EQ(startAgain(), 0);
+  EXPECT_TRUE(waitForSettings());
+  closeSettings();
+  EXPECT_EQ(startAgain(kNoBus), 0) << "found by the lock file";
+  EXPECT_TRUE(waitForSettings());
+  EXPECT_EQ(program_->boundKeys(), 4U);
+
+  kill(program_->pid(), SIGKILL);
+  EXPECT_TRUE(program_->waitForExit());
+  start(document({menu("Main", kControlAltSpace, snippetItems("Main", 4))}));
+  EXPECT_TRUE(open()) << "what the killed one left behind is in nobody's way";
+  releaseChord();
+}
+
+TEST_F(SessionTest, AMenuOpensForWhoeverOwnsTheKeys) {
+  const Document other = menu("Other", {}, snippetItems("Other", 4), -45);
+  start(document({menu("Main", kControlAltSpace, snippetItems("Main", 4)), other}));
+  ASSERT_TRUE(client_.grabKey(key::f9, 0));
+  client_.keyDown(key::f9);
+  ASSERT_TRUE(trigger(other["id"])) << "the key is down, and so is its owner's grab";
+  ASSERT_TRUE(program_->waitForRing());
+  client_.keyUp(key::f9);
+  EXPECT_TRUE(waitUntil([&] { return !client_.keyboardIsFree(); }));
+  client_.tap(key::digit1);
+  EXPECT_TRUE(waitForClipboard("Other 1"));
+  expectAtRest();
+
+  ASSERT_TRUE(trigger(other["id"]));
+  ASSERT_TRUE(program_->waitForRing());
+  ASSERT_TRUE(trigger(other["id"]));
+  expectAtRest();
+  const auto lines = program_->logLines().size();
+  EXPECT_FALSE(trigger("00000000-0000-4000-8000-000000000001"));
+  EXPECT_EQ(program_->logLines().size(), lines + 1) << readFile(desktop_.logFile("rondora"));
+}
+
+}  // namespace
+}  // namespace rondora::live
