@@ -20,7 +20,7 @@ bool FakeFileSystem::exists(const std::filesystem::path& path) const {
 
 std::optional<std::string> FakeFileSystem::read(const std::filesystem::path& path) const {
   const auto found = files.find(path);
-  if (found == files.end() || injectedFailure(Operation::read)) return std::nullopt;
+  if (found == files.end() || isTooLong(path) || injectedFailure(Operation::read)) return std::nullopt;
   return found->second;
 }
 

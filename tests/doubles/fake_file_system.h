@@ -19,6 +19,7 @@ class FakeFileSystem final : public FileSystem {
 
   bool exists(const std::filesystem::path& path) const override;
   std::optional<std::string> read(const std::filesystem::path& path) const override;
+  bool isTooLong(const std::filesystem::path& path) const override { return tooLong.contains(path); }
   FileError createFolder(const std::filesystem::path& path) override;
   FileError replaceDurably(const std::filesystem::path& path, std::string_view bytes) override;
   FileError copy(const std::filesystem::path& from, const std::filesystem::path& to) override;
@@ -28,6 +29,8 @@ class FakeFileSystem final : public FileSystem {
   void remove(const std::filesystem::path& path);
 
   std::map<Operation, std::string> failures;
+  /// Files that are there, but too long to be read.
+  std::set<std::filesystem::path> tooLong;
   /// What was changed, in order, such as "replace /home/user/.config/Rondora/config.json".
   std::vector<std::string> changes;
   std::map<std::filesystem::path, std::string> files;

@@ -64,7 +64,7 @@ TEST_F(PosixFileSystemTest, WritesAllBytesThroughInterruptionsAndShortWrites) {
 
 TEST_F(PosixFileSystemTest, KeepsTheOldContentAndLeavesNothingBehindWhenACallFails) {
   ASSERT_EQ(files_.replaceDurably(in("config.json"), "old"), std::nullopt);
-  for (const char* call : {"write", "fsync file", "rename"}) {
+  for (const char* call : {"create", "write", "fsync file", "close", "rename"}) {
     SystemCallSpy spy;
     spy.failingCall = call;
     spy.error = ENOSPC;
@@ -73,6 +73,13 @@ TEST_F(PosixFileSystemTest, KeepsTheOldContentAndLeavesNothingBehindWhenACallFai
     EXPECT_EQ(contentOf(in("config.json")), "old") << call;
     EXPECT_THAT(namesInFolder(), ElementsAre("config.json")) << call;
   }
+}
+
+TEST_F(PosixFileSystemTest, WritesWhereTheMediumKnowsNoModes) {
+  SystemCallSpy spy;
+  spy.failingCall = "fchmod";
+  spy.error = EPERM;
+  EXPECT_EQ(files_.replaceDurably(in("export.json"), "new"), std::nullopt);
 }
 
 TEST_F(PosixFileSystemTest, NewContentCountsWhereFoldersCannotBeFlushed) {
@@ -159,10 +166,16 @@ TEST_F(PosixFileSystemTest, ReadsWholeRegularFilesOnly) {
   writeText(in("huge"), "");
   fs::resize_file(in("huge"), PosixFileSystem::kLongestFile + 1);
   EXPECT_EQ(files_.read(in("huge")), std::nullopt);
+  EXPECT_TRUE(files_.isTooLong(in("huge")));
+  EXPECT_FALSE(files_.isTooLong(in("file")));
+  EXPECT_FALSE(files_.isTooLong(in("pipe")));
 }
 
 TEST_F(PosixFileSystemTest, CreatesFoldersWithTheirParents) {
+  SystemCallSpy spy;
   EXPECT_EQ(files_.createFolder(in("a") / "b" / "c"), std::nullopt);
+  EXPECT_THAT(spy.calls, ElementsAre("fsync folder"));
+  EXPECT_EQ(fs::status(in("a") / "b").permissions(), fs::perms::owner_all);
   EXPECT_EQ(files_.createFolder(in("a") / "b" / "c"), std::nullopt);
   fs::create_directory_symlink("a", in("link"));
   EXPECT_EQ(files_.createFolder(in("link")), std::nullopt);
@@ -186,6 +199,27 @@ TEST_F(PosixFileSystemTest, CopiesFilesAndFoldersButNeverOverSomething) {
   EXPECT_THAT(files_.copy(in("config.json"), in("backup.json")).value_or(""), HasSubstr("File exists"));
   EXPECT_EQ(contentOf(in("backup.json")), "{");
   EXPECT_THAT(files_.copy(in("missing"), in("x")).value_or(""), HasSubstr("No such file or directory"));
+}
+
+TEST_F(PosixFileSystemTest, ACopyIsOnDiskAndIndependentOfALinkThatItWasMadeFrom) {
+  writeText(in("real.json"), "{");
+  fs::create_symlink("real.json", in("config.json"));
+  SystemCallSpy spy;
+  EXPECT_EQ(files_.copy(in("config.json"), in("backup.json")), std::nullopt);
+  EXPECT_THAT(spy.calls, ElementsAre("fsync file", "rename", "fsync folder"));
+  EXPECT_EQ(files_.replaceDurably(in("config.json"), "new"), std::nullopt);
+  EXPECT_EQ(contentOf(in("backup.json")), "{");
+}
+
+TEST_F(PosixFileSystemTest, ACopyThatFailsLeavesNothingBehind) {
+  writeText(in("config.json"), "{");
+  for (const char* call : {"fsync file", "rename"}) {
+    SystemCallSpy spy;
+    spy.failingCall = call;
+    spy.error = EIO;
+    EXPECT_THAT(files_.copy(in("config.json"), in("backup.json")).value_or(""), HasSubstr("Input/output error"));
+    EXPECT_THAT(namesInFolder(), ElementsAre("config.json")) << call;
+  }
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdarg>
 
 namespace rondora::desktop {
 namespace {
@@ -32,6 +33,28 @@ SystemCallSpy::~SystemCallSpy() { current = nullptr; }
 }  // namespace rondora::desktop
 
 using namespace rondora::desktop;
+
+extern "C" int open(const char* path, int flags, ...) {
+  va_list rest;
+  va_start(rest, flags);
+  const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(rest, mode_t) : 0;
+  va_end(rest);
+  if ((flags & O_CREAT) != 0 && mustFail("create")) return -1;
+  return static_cast<int>(syscall(SYS_openat, AT_FDCWD, path, flags, mode));
+}
+
+extern "C" int fchmod(int descriptor, mode_t mode) noexcept {
+  if (mustFail("fchmod")) return -1;
+  return static_cast<int>(syscall(SYS_fchmod, descriptor, mode));
+}
+
+extern "C" int close(int descriptor) {
+  const bool fails = mustFail("close");
+  const int error = errno;
+  const auto result = static_cast<int>(syscall(SYS_close, descriptor));
+  if (fails) errno = error;
+  return fails ? -1 : result;
+}
 
 extern "C" ssize_t write(int descriptor, const void* bytes, size_t count) {
   if (current && descriptor > STDERR_FILENO) {

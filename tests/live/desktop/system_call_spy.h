@@ -6,7 +6,7 @@
 namespace rondora::desktop {
 
 /// Notes the calls of this process that bring a file to disk, and makes them misbehave as real ones may. Its versions
-/// of write, fsync and rename stand before those of the C library. One at a time, one thread.
+/// of these calls stand before those of the C library. One at a time, one thread.
 class SystemCallSpy {
  public:
   SystemCallSpy();
@@ -18,7 +18,7 @@ class SystemCallSpy {
   std::vector<std::string> calls;
   /// Every other write is interrupted, and none takes more than three bytes.
   bool writesAreTroubled = false;
-  /// The call of that name fails with that error.
+  /// The call of that name, or "create", "fchmod", "close", fails with that error.
   std::string failingCall;
   int error = 0;
 

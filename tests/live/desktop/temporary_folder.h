@@ -11,8 +11,8 @@ namespace rondora::desktop {
 /// A folder that goes with all it holds.
 class TemporaryFolder {
  public:
-  TemporaryFolder() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "rondora-test.XXXXXX").string();
+  explicit TemporaryFolder(const std::filesystem::path& parent = std::filesystem::temp_directory_path()) {
+    std::string pattern = (parent / "rondora-test.XXXXXX").string();
     path_ = mkdtemp(pattern.data());
   }
   ~TemporaryFolder() {

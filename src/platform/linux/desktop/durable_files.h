@@ -1,0 +1,21 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+#include "platform/file_system.h"
+
+// Changes to files that are on disk when they are reported done, and at every moment before are either not to be seen or
+// whole. Contracts: platform/file_system.h.
+
+namespace rondora::desktop {
+
+/// "cannot write /a/b: No space left on device"; `error` as in errno.
+std::string describe(const char* what, const std::filesystem::path& path, int error);
+
+FileError makeFolder(const std::filesystem::path& path);
+FileError replaceFile(const std::filesystem::path& path, std::string_view bytes);
+FileError copyFileOrFolder(const std::filesystem::path& from, const std::filesystem::path& to);
+
+}  // namespace rondora::desktop
