@@ -72,10 +72,13 @@ PieConfiguration ConfigManager::load() {
 }
 
 PieConfiguration ConfigManager::readOrDefault() {
-  const auto bytes = services_.files.read(configURL_);
-  if (!bytes) return PieConfiguration::defaultConfig(services_.random);
-  if (auto decoded = decodeConfig(*bytes)) return std::move(*decoded);
-  backUpUnreadableConfig(configURL_);
+  if (const auto bytes = services_.files.read(configURL_)) {
+    if (auto decoded = decodeConfig(*bytes)) return std::move(*decoded);
+    backUpUnreadableConfig(configURL_);
+  } else if (services_.files.isTooLong(configURL_)) {
+    services_.log.error("decodeConfig failed: document: too long");
+    backUpUnreadableConfig(configURL_);
+  }
   return PieConfiguration::defaultConfig(services_.random);
 }
 
@@ -101,12 +104,12 @@ FileError ConfigManager::exportConfiguration(const std::filesystem::path& path) 
   return services_.files.replaceDurably(path, std::get<std::string>(encoded));
 }
 
-ConfigManager::ImportResult ConfigManager::importConfiguration(const std::filesystem::path& path) {
+std::optional<StringKey> ConfigManager::importConfiguration(const std::filesystem::path& path) {
   const auto bytes = services_.files.read(path);
   auto decoded = bytes ? decodeConfig(*bytes) : std::nullopt;
-  if (!decoded) return ImportResult::refused;
+  if (!decoded) return StringKey::importRefused;
   save(std::move(*decoded));
-  return ImportResult::imported;
+  return std::nullopt;
 }
 
 std::optional<PieConfiguration> ConfigManager::decodeConfig(std::string_view bytes) {

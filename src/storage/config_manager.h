@@ -6,6 +6,7 @@
 
 #include "base/notification_center.h"
 #include "base/observable.h"
+#include "localization/string_key.h"
 #include "model/pie_configuration.h"
 #include "platform/clock.h"
 #include "platform/file_system.h"
@@ -41,9 +42,8 @@ class ConfigManager {
 
   /// Writes the current document to a file of the user's choice.
   FileError exportConfiguration(const std::filesystem::path& path);
-  enum class ImportResult { imported, refused };
-  /// Saves the document in the file as the current one; refuses a file that is none.
-  ImportResult importConfiguration(const std::filesystem::path& path);
+  /// Saves the document in the file as the current one. What to tell the user when it holds none.
+  std::optional<StringKey> importConfiguration(const std::filesystem::path& path);
 
  private:
   PieConfiguration load();

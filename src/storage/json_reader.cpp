@@ -7,8 +7,9 @@ namespace {
 
 constexpr double kTwoTo63 = 9223372036854775808.0;
 
+/// The parser hands over integers that do not fit as doubles, too; the one just below the least rounds to −2^63.
 std::optional<std::int64_t> exactInteger(double number) {
-  if (number < -kTwoTo63 || number >= kTwoTo63 || std::trunc(number) != number) return std::nullopt;
+  if (number <= -kTwoTo63 || number >= kTwoTo63 || std::trunc(number) != number) return std::nullopt;
   return static_cast<std::int64_t>(number);
 }
 

@@ -44,18 +44,22 @@ class ValueBuilder final : public nlohmann::json_sax<nlohmann::json> {
   }
 
  private:
+  bool refuse(const char* reason) {
+    error_ = reason;
+    return false;
+  }
+
   template <class Content>
   bool add(Content content) {
+    if (++count_ > kMostJsonValues) return refuse("too many values");
     place().content = std::move(content);
     return true;
   }
 
   template <class Container>
   bool open(Container container) {
-    if (open_.size() == kDeepestJson) {
-      error_ = "nested too deeply";
-      return false;
-    }
+    if (open_.size() == kDeepestJson) return refuse("nested too deeply");
+    if (++count_ > kMostJsonValues) return refuse("too many values");
     JsonValue& value = place();
     value.content = std::move(container);
     open_.push_back(&value);
@@ -76,6 +80,7 @@ class ValueBuilder final : public nlohmann::json_sax<nlohmann::json> {
 
   JsonValue root_;
   std::vector<JsonValue*> open_;
+  std::size_t count_ = 0;
   std::string error_;
 };
 

@@ -1,9 +1,9 @@
 #include "storage/legacy_pie_menu_migration.h"
 
-#include <string>
 #include <string_view>
 
 #include "base/unicode.h"
+#include "storage/legacy_favicon_paths.h"
 
 namespace rondora {
 namespace {
@@ -12,22 +12,6 @@ constexpr std::string_view kPredecessorIdentifier = "io.github.rondora.PieMenu";
 constexpr std::string_view kPredecessorFolder = "PieMenu";
 constexpr std::string_view kOwnFolder = "Rondora";
 constexpr std::string_view kConfigFile = "config.json";
-
-std::string replacingAll(std::string_view text, std::string_view pattern, std::string_view replacement) {
-  std::string result;
-  result.reserve(text.size());
-  for (std::size_t found = text.find(pattern); found != std::string_view::npos; found = text.find(pattern)) {
-    result.append(text.substr(0, found)).append(replacement);
-    text.remove_prefix(found + pattern.size());
-  }
-  return result.append(text);
-}
-
-/// In text form, on purpose: the document need not be readable by this build.
-std::string withOwnFaviconPaths(std::string_view document) {
-  const std::string plain = replacingAll(document, "Caches/PieMenu/favicons/", "Caches/Rondora/favicons/");
-  return replacingAll(plain, "Caches\\/PieMenu\\/favicons\\/", "Caches\\/Rondora\\/favicons\\/");
-}
 
 }  // namespace
 
@@ -63,7 +47,7 @@ FileError LegacyPieMenuMigration::writeMigratedConfig(const std::filesystem::pat
   if (!document) return "cannot read " + from.string();
   if (!isValidUtf8(*document)) return from.string() + " is not UTF-8 text";
   if (auto error = services_.files.createFolder(to.parent_path())) return error;
-  return services_.files.replaceDurably(to, withOwnFaviconPaths(*document));
+  return services_.files.replaceDurably(to, withOwnFaviconPaths(*document, services_.files.cachesFolder()));
 }
 
 }  // namespace rondora

@@ -9,7 +9,9 @@
 #include "doubles/fake_file_system.h"
 #include "doubles/fake_log.h"
 #include "doubles/virtual_time.h"
+#include "localization/localization_store.h"
 #include "storage/configuration_json.h"
+#include "storage/debounced_save.h"
 
 namespace rondora {
 namespace {
@@ -99,6 +101,14 @@ TEST_F(ConfigManagerTest, FailedBackupIsLoggedAndTheDocumentReplaced) {
   start();
   EXPECT_EQ(json()["menus"].size(), 3U);
   EXPECT_THAT(errors(), ElementsAre("decodeConfig failed: menus: expected an array", "config backup failed: no space"));
+}
+
+TEST_F(ConfigManagerTest, AFileThatIsTooLongIsKeptAside) {
+  files.put(url, "gigabytes");
+  files.tooLong = {url};
+  start();
+  EXPECT_EQ(files.files[std::string(kBackup) + ".json"], "gigabytes");
+  EXPECT_THAT(errors(), ElementsAre("decodeConfig failed: document: too long", StartsWith("config unreadable, ")));
 }
 
 TEST_F(ConfigManagerTest, UnreadableBytesGiveTheFirstRunDocumentInSilence) {
@@ -203,8 +213,7 @@ TEST_F(ConfigManagerTest, ExportedDocumentCanBeImported) {
   PieConfiguration edited = manager->current();
   edited.menus[0].name = "Edited";
   manager->save(edited);
-  EXPECT_EQ(manager->importConfiguration("/home/user/.config/Rondora/backup.json"),
-            ConfigManager::ImportResult::imported);
+  EXPECT_EQ(manager->importConfiguration("/home/user/.config/Rondora/backup.json"), std::nullopt);
   EXPECT_EQ(json()["menus"][0]["name"], "Main");
   EXPECT_EQ(manager->current().lastModified, time.now());
 }
@@ -213,9 +222,37 @@ TEST_F(ConfigManagerTest, AFileThatIsNoDocumentIsRefused) {
   start();
   const PieConfiguration before = manager->current();
   files.put("/tmp/other.json", R"({"menus": [{}]})");
-  EXPECT_EQ(manager->importConfiguration("/tmp/other.json"), ConfigManager::ImportResult::refused);
-  EXPECT_EQ(manager->importConfiguration("/tmp/missing.json"), ConfigManager::ImportResult::refused);
+  for (const char* path : {"/tmp/other.json", "/tmp/missing.json"}) {
+    const auto message = manager->importConfiguration(path);
+    ASSERT_TRUE(message) << path;
+    EXPECT_EQ(LocalizationStore().text(*message), "Couldn't read this file. Please choose a valid settings backup.");
+  }
   EXPECT_EQ(manager->current(), before);
+}
+
+TEST_F(ConfigManagerTest, ABurstOfEditsIsSavedOnceAndAsItWasLast) {
+  start();
+  DebouncedSave debounced(*manager, time);
+  int posts = 0;
+  const Subscription observer = notifications.addObserver(ConfigManager::configurationDidChange, [&] { ++posts; });
+  PieConfiguration edited = manager->current();
+  for (const char* name : {"E", "Ed", "Edi"}) {
+    edited.menus[0].name = name;
+    debounced.edit(edited);
+    time.advance(0.219);
+    EXPECT_EQ(posts, 0);
+  }
+  time.advance(0.001);
+  EXPECT_EQ(posts, 1);
+  EXPECT_EQ(json()["menus"][0]["name"], "Edi");
+
+  edited.menus[0].name = "Edit";
+  debounced.edit(edited);
+  debounced.flush();
+  EXPECT_EQ(json()["menus"][0]["name"], "Edit");
+  time.advance(1);
+  debounced.flush();
+  EXPECT_EQ(posts, 2);
 }
 
 }  // namespace

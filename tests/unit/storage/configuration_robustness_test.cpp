@@ -49,6 +49,13 @@ TEST(HostileDocumentTest, MegabytesOfTextAreOnlyText) {
   EXPECT_EQ(problem(R"({"language": ")" + name + R"(", "menus": []})"), "language: unknown value");
 }
 
+/// Small in the text and large in memory: "{}" is an item with an id, an action and a colour.
+TEST(HostileDocumentTest, MillionsOfTinyItemsAreRefused) {
+  const std::string start = R"({"menus": [{"items": [{})";
+  EXPECT_EQ(problem(start + repeated(",{}", 1'000'000)), "not JSON: too many values");
+  EXPECT_EQ(problem(start + repeated(",0", 1'000'000)), "not JSON: too many values");
+}
+
 TEST(HostileDocumentTest, DescriptionsStayShort) {
   EXPECT_THAT(problem("{\"menus\": 1" + std::string(1 << 20, '7') + "}").size(), testing::Lt(300U));
   EXPECT_THAT(problem("{\"" + std::string(1 << 20, 'k') + "\" 1}").size(), testing::Lt(300U));

@@ -48,6 +48,13 @@ TEST_F(LegacyPieMenuMigrationTest, CarriesEverythingOverOnce) {
   EXPECT_THAT(files.changes, IsEmpty());
 }
 
+TEST_F(LegacyPieMenuMigrationTest, IconsInThisSystemsCachesFolderLeadToTheCopies) {
+  files.put(oldConfig, R"({"icon":")" + oldFavicon + R"(","other":"\/home\/user\/.cache\/PieMenu\/favicons\/b.png"})");
+  run();
+  EXPECT_EQ(files.files[newConfig],
+            R"({"icon":")" + newFavicon + R"(","other":"\/home\/user\/.cache\/Rondora\/favicons\/b.png"})");
+}
+
 TEST_F(LegacyPieMenuMigrationTest, LeavesWhatIsThereAlready) {
   defaults.values = {{"NSInitialToolTipDelay", std::int64_t{500}}};
   defaults.predecessor = {{"pie.hasSeenPermissionIntro", true}};

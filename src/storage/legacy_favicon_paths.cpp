@@ -1,0 +1,31 @@
+#include "storage/legacy_favicon_paths.h"
+
+namespace rondora {
+namespace {
+
+std::string replacingAll(std::string_view text, std::string_view pattern, std::string_view replacement) {
+  std::string result;
+  result.reserve(text.size());
+  for (std::size_t found = text.find(pattern); found != std::string_view::npos; found = text.find(pattern)) {
+    result.append(text.substr(0, found)).append(replacement);
+    text.remove_prefix(found + pattern.size());
+  }
+  return result.append(text);
+}
+
+std::string withEscapedSlashes(std::string_view path) { return replacingAll(path, "/", "\\/"); }
+
+std::string withPathsBelow(const std::string& caches, std::string_view document) {
+  const std::string former = caches + "/PieMenu/favicons/";
+  const std::string own = caches + "/Rondora/favicons/";
+  const std::string plain = replacingAll(document, former, own);
+  return replacingAll(plain, withEscapedSlashes(former), withEscapedSlashes(own));
+}
+
+}  // namespace
+
+std::string withOwnFaviconPaths(std::string_view document, const std::filesystem::path& caches) {
+  return withPathsBelow(caches.string(), withPathsBelow("Caches", document));
+}
+
+}  // namespace rondora
