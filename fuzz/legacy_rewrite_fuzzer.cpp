@@ -16,8 +16,8 @@
 #include "storage/legacy_favicon_paths.h"
 #include "storage/legacy_pie_menu_migration.h"
 
-// The predecessor's document is carried over with its paths into the favicon cache changed, and nothing else; what is no
-// text is left alone.
+// The predecessor's document is carried over with its paths into the favicon cache changed, and nothing else; what is
+// no text is left alone.
 
 namespace rondora {
 namespace {
@@ -32,8 +32,8 @@ struct Path {
 constexpr std::array<Path, 4> kPaths = {{
     {"Caches/PieMenu/favicons/", "Caches/Rondora/favicons/"},
     {"Caches\\/PieMenu\\/favicons\\/", "Caches\\/Rondora\\/favicons\\/"},
-    {"/home/user/.cache/PieMenu/favicons/", "/home/user/.cache/Rondora/favicons/"},
-    {"\\/home\\/user\\/.cache\\/PieMenu\\/favicons\\/", "\\/home\\/user\\/.cache\\/Rondora\\/favicons\\/"},
+    {"home/user/.cache/PieMenu/favicons/", "home/user/.cache/Rondora/favicons/"},
+    {"home\\/user\\/.cache\\/PieMenu\\/favicons\\/", "home\\/user\\/.cache\\/Rondora\\/favicons\\/"},
 }};
 
 /// How long the path is that was changed at the start of both texts; 0 when none was.
@@ -51,7 +51,6 @@ bool startsWithFormerPath(std::string_view text) {
   return false;
 }
 
-/// Paths may overlap by a slash.
 void requireOnlyPathsChanged(std::string_view before, std::string_view after) {
   require(before.size() == after.size(), "both names are equally long");
   std::size_t changedUpTo = 0;

@@ -15,9 +15,14 @@ std::string replacingAll(std::string_view text, std::string_view pattern, std::s
 
 std::string withEscapedSlashes(std::string_view path) { return replacingAll(path, "/", "\\/"); }
 
-std::string withPathsBelow(const std::string& caches, std::string_view document) {
-  const std::string former = caches + "/PieMenu/favicons/";
-  const std::string own = caches + "/Rondora/favicons/";
+/// Without the slash at its start, so that no two occurrences share one.
+std::string faviconFolder(const std::filesystem::path& caches, const char* application) {
+  return (caches / application / "favicons" / "").relative_path().string();
+}
+
+std::string withPathsBelow(const std::filesystem::path& caches, std::string_view document) {
+  const std::string former = faviconFolder(caches, "PieMenu");
+  const std::string own = faviconFolder(caches, "Rondora");
   const std::string plain = replacingAll(document, former, own);
   return replacingAll(plain, withEscapedSlashes(former), withEscapedSlashes(own));
 }
@@ -25,7 +30,7 @@ std::string withPathsBelow(const std::string& caches, std::string_view document)
 }  // namespace
 
 std::string withOwnFaviconPaths(std::string_view document, const std::filesystem::path& caches) {
-  return withPathsBelow(caches.string(), withPathsBelow("Caches", document));
+  return withPathsBelow(caches, withPathsBelow("Caches", document));
 }
 
 }  // namespace rondora
