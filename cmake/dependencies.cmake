@@ -9,7 +9,7 @@ endif()
 if(RONDORA_DESKTOP)
   find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets DBus Svg)
   pkg_check_modules(XCB REQUIRED IMPORTED_TARGET
-    xcb xcb-keysyms xcb-xkb xcb-xinput xcb-randr xcb-res xcb-shape xcb-shm xcb-xfixes xcb-cursor)
+    xcb xcb-keysyms xcb-xkb xcb-xinput xcb-randr xcb-res xcb-shape xcb-shm xcb-xfixes xcb-xtest xcb-cursor)
   pkg_check_modules(XKBCOMMON REQUIRED IMPORTED_TARGET xkbcommon xkbcommon-x11)
   pkg_check_modules(GIO REQUIRED IMPORTED_TARGET gio-2.0 gio-unix-2.0)
 endif()

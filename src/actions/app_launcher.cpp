@@ -1,7 +1,6 @@
 #include "actions/app_launcher.h"
 
 #include <algorithm>
-#include <utility>
 #include <variant>
 
 namespace rondora {
@@ -16,11 +15,12 @@ Overloaded(Cases...) -> Overloaded<Cases...>;
 
 }  // namespace
 
-AppLauncher::AppLauncher(Workspace& workspace, Pasteboard& pasteboard, PerformKeystroke performKeystroke)
+AppLauncher::AppLauncher(Workspace& workspace, Pasteboard& pasteboard, RunningAppFocus& runningAppFocus,
+                         KeystrokeSender& keystrokeSender)
     : workspace_(workspace),
       pasteboard_(pasteboard),
-      performKeystroke_(std::move(performKeystroke)),
-      runningAppFocus_(workspace),
+      runningAppFocus_(runningAppFocus),
+      keystrokeSender_(keystrokeSender),
       systemActionRunner_(workspace) {}
 
 void AppLauncher::execute(const PieMenuItem& item, std::optional<std::int32_t> targetPID) {
@@ -28,9 +28,7 @@ void AppLauncher::execute(const PieMenuItem& item, std::optional<std::int32_t> t
       [](const Unassigned&) {},
       [&](const LaunchApp& action) { launch(action.bundleIdentifier); },
       [&](const OpenURL& action) { workspace_.openUrl(action.url); },
-      [&](const Keystroke& action) {
-        if (performKeystroke_) performKeystroke_(action, targetPID);
-      },
+      [&](const Keystroke& action) { keystrokeSender_.perform(action.keyCode, action.modifiers, targetPID); },
       [&](const SystemShortcut& action) { systemActionRunner_.run(action.kind); },
       [&](const Snippet& action) { copySnippet(action.text); },
   };

@@ -1,10 +1,10 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <string_view>
 
+#include "actions/keystroke_sender.h"
 #include "actions/macos_system_action_runner.h"
 #include "actions/running_app_focus.h"
 #include "model/menu_action.h"
@@ -17,12 +17,11 @@ namespace rondora {
 /// Runs the actions of items. Stateless; a failure ends the action and is not reported. Main thread.
 class AppLauncher {
  public:
-  /// Sends the keystroke to the process, or to whatever is frontmost when there is none.
-  using PerformKeystroke = std::function<void(const Keystroke&, std::optional<std::int32_t> targetPID)>;
+  /// All outlive this.
+  AppLauncher(Workspace& workspace, Pasteboard& pasteboard, RunningAppFocus& runningAppFocus,
+              KeystrokeSender& keystrokeSender);
 
-  /// Without `performKeystroke` keystroke items do nothing.
-  AppLauncher(Workspace& workspace, Pasteboard& pasteboard, PerformKeystroke performKeystroke = nullptr);
-
+  /// Keystrokes go to the target process, or to whatever is frontmost when there is none.
   void execute(const PieMenuItem& item, std::optional<std::int32_t> targetPID);
   /// Brings a running instance forward, else opens the application; nothing when it is not installed.
   void launch(std::string_view bundleIdentifier);
@@ -34,8 +33,8 @@ class AppLauncher {
 
   Workspace& workspace_;
   Pasteboard& pasteboard_;
-  PerformKeystroke performKeystroke_;
-  RunningAppFocus runningAppFocus_;
+  RunningAppFocus& runningAppFocus_;
+  KeystrokeSender& keystrokeSender_;
   MacOSSystemActionRunner systemActionRunner_;
 };
 

@@ -52,7 +52,7 @@ struct AppServices {
   LocalizationStore& localization;
   CurrentValue<PermissionsSnapshot>& permissions;
   RunningAppsActivationHistory& activationHistory;
-  const RunningAppsMenuItems& runningAppsMenuItems;
+  RunningAppsMenuItems& runningAppsMenuItems;
   AppLauncher& appLauncher;
   SubActions& subActions;
 

@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "actions/action_services.h"
 #include "app/app_delegate.h"
 #include "app/item_titles.h"
 #include "app/single_instance.h"
@@ -19,16 +20,20 @@
 #include "platform/linux/desktop/lock_file_channel.h"
 #include "platform/linux/desktop/posix_file_system.h"
 #include "platform/linux/desktop/posix_process_environment.h"
+#include "platform/linux/desktop/serial_thread.h"
 #include "platform/linux/desktop/system_clock.h"
 #include "platform/linux/desktop/system_random.h"
+#include "platform/linux/x11/x11_accessibility.h"
 #include "platform/linux/x11/x11_application_icons.h"
 #include "platform/linux/x11/x11_event_monitors.h"
 #include "platform/linux/x11/x11_hotkey_service.h"
 #include "platform/linux/x11/x11_overlay_panel.h"
 #include "platform/linux/x11/x11_pointer.h"
 #include "platform/linux/x11/x11_screens.h"
+#include "platform/linux/x11/x11_window_server.h"
 #include "platform/linux/x11/x11_workspace.h"
 #include "platform/linux/x11/x_connection.h"
+#include "platform/linux/x11/xtest_key_poster.h"
 #include "storage/legacy_pie_menu_migration.h"
 #include "ui/qt/interface_language.h"
 #include "ui/qt/qt_application_shell.h"
@@ -51,12 +56,25 @@ class NoHaptics final : public Haptics {
   void perform(HapticPattern) override {}
 };
 
-/// X11 asks nobody's leave for synthetic input or for listening.
+/// X11 asks nobody's leave for listening, nor for synthetic input where the server can make it.
 class X11Permissions final : public PermissionService {
  public:
-  bool isProcessTrusted() const override { return true; }
+  explicit X11Permissions(bool canMakeInput) : canMakeInput_(canMakeInput) {}
+
+  bool isProcessTrusted() const override { return canMakeInput_; }
   bool preflightListenEventAccess() const override { return true; }
   void requestListenEventAccess() override {}
+
+ private:
+  const bool canMakeInput_;
+};
+
+/// Desktops are switched by activating a window; no shortcut of the window manager needs to be pressed.
+class NoSpaceShortcuts final : public SymbolicHotKeys {
+ public:
+  std::optional<SymbolicHotKey> symbolicHotKey(int /*number*/) const override {
+    return SymbolicHotKey{false, std::nullopt};
+  }
 };
 
 Subscription watchReadable(int descriptor, std::function<void()> readable) {
@@ -172,7 +190,14 @@ struct CompositionLinux::Program {
   QtPictureRasterizer rasterizer{applicationIcons};
   x11::X11OverlayPanels overlayPanels{connection, inputGrab, rasterizer};
   NoHaptics haptics;
-  X11Permissions permissionService;
+  x11::XTestKeyPoster keyPoster{connection, keymap};
+  x11::WindowOwners windowOwners;
+  x11::X11WindowServer windowServer{connection, windowList, workspace, windowOwners};
+  x11::WorkerConnection workerConnection{connection.pixelsPerPoint()};
+  x11::X11Accessibility accessibility{workerConnection, windowOwners};
+  x11::X11Spaces spaces{workerConnection};
+  NoSpaceShortcuts spaceShortcuts;
+  X11Permissions permissionService{keyPoster.available()};
   QtApplicationShell shell;
   QtStatusBar statusBar;
   QtPasteboard pasteboard;
@@ -184,7 +209,9 @@ struct CompositionLinux::Program {
   PermissionsMonitor permissions{permissionService, mainQueue, shell};
   RunningAppsActivationHistory activationHistory{workspace};
   RunningAppsMenuItems runningAppsMenuItems{workspace, activationHistory, environment.bundleIdentifier()};
-  AppLauncher appLauncher{workspace, pasteboard};
+  ActionServices actions{{workspace, pasteboard, permissionService, keyPoster, windowServer, windowServer,
+                          accessibility, spaces, spaceShortcuts, mainQueue, clock, log},
+                         std::make_unique<desktop::SerialThread>(std::string(RunningAppFocus::kQueueLabel))};
   NoSubActions subActions{workspace, mainQueue};
   ItemTitles titles{workspace};
   std::optional<std::string> statusItemProblem;
@@ -208,7 +235,7 @@ struct CompositionLinux::Program {
                                    permissions.snapshot(),
                                    activationHistory,
                                    runningAppsMenuItems,
-                                   appLauncher,
+                                   actions.appLauncher,
                                    subActions,
                                    [this] {
                                      return std::make_unique<PieMenuWindowController>(

@@ -117,7 +117,8 @@ void MenuSwitchboard::stepHighlight() {
 void MenuSwitchboard::show(const PieMenu& menu, const HotkeyConfig& triggerHotkey,
                            std::optional<PieMenuWindowController::AppCommands> appCommands) {
   std::optional<std::vector<PieMenuItem>> itemsOverride;
-  if (menu.kind == PieMenuKind::runningApps) itemsOverride = services_.runningAppsMenuItems.build(menu);
+  showsRunningApps_ = menu.kind == PieMenuKind::runningApps;
+  if (showsRunningApps_) itemsOverride = services_.runningAppsMenuItems.build(menu);
   pieMenuWindow_->show(menu, std::move(itemsOverride),
                        repeats(triggerHotkey) ? std::optional(triggerHotkey) : std::nullopt, std::move(appCommands));
   if (triggerHotkey.hasModifiers()) armModifierReleaseDismissal(triggerHotkey);
@@ -221,8 +222,14 @@ void MenuSwitchboard::restoreAndExecute(const PieMenuItem& item) {
     return;
   }
   previousApp_.reset();
+  if (hasQuit(item)) return;
   const auto frontmost = services_.workspace.frontmostApplication();
   services_.appLauncher.execute(item, frontmost ? std::optional(frontmost->processIdentifier) : std::nullopt);
+}
+
+bool MenuSwitchboard::hasQuit(const PieMenuItem& item) const {
+  const auto* launch = showsRunningApps_ ? std::get_if<LaunchApp>(&item.action) : nullptr;
+  return launch && !services_.appLauncher.runningApplication(launch->bundleIdentifier);
 }
 
 void MenuSwitchboard::perform(const PieSubAction& command) {

@@ -71,6 +71,8 @@ class MenuSwitchboard {
   void restorePreviousApp();
   void closeAndRestore();
   void restoreAndExecute(const PieMenuItem& item);
+  /// The item stands for a running application that has ended while its menu was open.
+  bool hasQuit(const PieMenuItem& item) const;
   void perform(const PieSubAction& command);
   void updateSnippetPreview(const PieMenuItem* item);
   void hideSnippetPreview();
@@ -78,6 +80,7 @@ class MenuSwitchboard {
   const AppServices& services_;
   std::unique_ptr<PieMenuWindowController> pieMenuWindow_;
   std::unique_ptr<SnippetPreviewPopover> snippetPreviewPopover_;
+  bool showsRunningApps_ = false;
   /// In front when the menu was opened; given back or forgotten exactly once.
   std::optional<RunningApplication> previousApp_;
   /// The one request for an application's commands that may still show something.

@@ -7,7 +7,7 @@ class PermissionService {
  public:
   virtual ~PermissionService() = default;
 
-  /// May send keys to other applications and drive their windows.
+  /// May send keys to other applications and drive their windows. Any thread.
   virtual bool isProcessTrusted() const = 0;
   /// May listen to input devices.
   virtual bool preflightListenEventAccess() const = 0;

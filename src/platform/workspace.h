@@ -51,6 +51,9 @@ class Workspace {
   /// window to bring forward.
   virtual bool activate(const RunningApplication& application) = 0;
 
+  /// Shows the windows of an application that the user has hidden.
+  virtual void unhide(const RunningApplication& application) = 0;
+
   virtual std::optional<ApplicationLocation> urlForApplication(std::string_view bundleIdentifier) const = 0;
   /// Starts the application, or brings it forward when it runs.
   virtual void openApplication(const ApplicationLocation& location) = 0;

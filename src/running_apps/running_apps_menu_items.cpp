@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <iterator>
+#include <limits>
 #include <set>
 #include <string_view>
 
@@ -30,6 +32,11 @@ Uuid stableId(std::string_view bundleIdentifier) {
   return Uuid::fromBytes(bytes);
 }
 
+/// The number of identifiers when it is not among them.
+std::size_t positionIn(const std::vector<std::string>& identifiers, const std::string& identifier) {
+  return static_cast<std::size_t>(std::find(identifiers.begin(), identifiers.end(), identifier) - identifiers.begin());
+}
+
 PieMenuItem itemFor(const RunningApplication& application, std::size_t sector) {
   const std::string& identifier = *application.bundleIdentifier;
   PieMenuItem item;
@@ -44,36 +51,68 @@ PieMenuItem itemFor(const RunningApplication& application, std::size_t sector) {
 
 }  // namespace
 
-std::vector<PieMenuItem> RunningAppsMenuItems::build(const PieMenu& menu) const {
+std::vector<PieMenuItem> RunningAppsMenuItems::build(const PieMenu& menu) {
   auto applications = eligibleApplications(menu);
-  sortByLastActivation(applications);
-  if (applications.size() > kMaximumCount) applications.resize(kMaximumCount);
+  keepLastActive(applications);
+  std::stable_sort(applications.begin(), applications.end(), [this](const auto& left, const auto& right) {
+    return positionIn(startOrder_, *left.bundleIdentifier) < positionIn(startOrder_, *right.bundleIdentifier);
+  });
+  movePreviousToFront(applications);
   std::vector<PieMenuItem> items;
   items.reserve(applications.size());
   for (const auto& application : applications) items.push_back(itemFor(application, items.size()));
   return items;
 }
 
-std::vector<RunningApplication> RunningAppsMenuItems::eligibleApplications(const PieMenu& menu) const {
+RunningAppsMenuItems::Applications RunningAppsMenuItems::eligibleApplications(const PieMenu& menu) {
+  auto running = workspace_.runningApplications();
+  std::erase_if(running, [](const RunningApplication& application) {
+    return application.activationPolicy != ActivationPolicy::regular || application.isTerminated ||
+           application.bundleIdentifier.value_or("").empty();
+  });
+  noteStarted(running);
   std::set<std::string> taken = {lowerCased(ownBundleIdentifier_)};
   for (const auto& excluded : menu.runningAppsExcludedBundleIds) taken.insert(lowerCased(excluded));
-  std::vector<RunningApplication> eligible;
-  for (auto& application : workspace_.runningApplications()) {
-    if (application.activationPolicy != ActivationPolicy::regular || application.isTerminated) continue;
-    if (!application.bundleIdentifier || application.bundleIdentifier->empty()) continue;
-    // Taking each identifier once keeps one sector an application, however many processes it has.
-    if (taken.insert(lowerCased(*application.bundleIdentifier)).second) eligible.push_back(std::move(application));
-  }
-  return eligible;
+  // Taking each identifier once keeps one sector an application, however many processes it has.
+  std::erase_if(running, [&taken](const RunningApplication& application) {
+    return !taken.insert(lowerCased(*application.bundleIdentifier)).second;
+  });
+  return running;
 }
 
-void RunningAppsMenuItems::sortByLastActivation(std::vector<RunningApplication>& applications) const {
-  const auto& order = history_.bundleIdentifiers();
-  const auto rank = [&order](const RunningApplication& application) {
-    return std::find(order.begin(), order.end(), *application.bundleIdentifier) - order.begin();
+void RunningAppsMenuItems::noteStarted(const Applications& running) {
+  std::vector<std::string> identifiers;
+  for (const auto& application : running) identifiers.push_back(*application.bundleIdentifier);
+  std::erase_if(startOrder_, [&identifiers](const std::string& known) {
+    return positionIn(identifiers, known) == identifiers.size();
+  });
+  for (auto& identifier : identifiers) {
+    if (positionIn(startOrder_, identifier) == startOrder_.size()) startOrder_.push_back(std::move(identifier));
+  }
+}
+
+std::size_t RunningAppsMenuItems::activationRank(const RunningApplication& application) const {
+  return positionIn(history_.bundleIdentifiers(), *application.bundleIdentifier);
+}
+
+void RunningAppsMenuItems::keepLastActive(Applications& applications) const {
+  if (applications.size() <= kMaximumCount) return;
+  std::stable_sort(applications.begin(), applications.end(), [this](const auto& left, const auto& right) {
+    return activationRank(left) < activationRank(right);
+  });
+  applications.resize(kMaximumCount);
+}
+
+void RunningAppsMenuItems::movePreviousToFront(Applications& applications) const {
+  const auto frontmost = workspace_.frontmostApplication();
+  const auto rank = [&](const RunningApplication& application) {
+    const bool isPresent = frontmost && application.bundleIdentifier == frontmost->bundleIdentifier;
+    return isPresent ? std::numeric_limits<std::size_t>::max() : activationRank(application);
   };
-  std::stable_sort(applications.begin(), applications.end(),
-                   [&rank](const auto& left, const auto& right) { return rank(left) < rank(right); });
+  const auto previous =
+      std::min_element(applications.begin(), applications.end(),
+                       [&rank](const auto& left, const auto& right) { return rank(left) < rank(right); });
+  if (previous != applications.end()) std::rotate(applications.begin(), previous, std::next(previous));
 }
 
 }  // namespace rondora

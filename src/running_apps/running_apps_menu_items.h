@@ -15,7 +15,8 @@ namespace rondora {
 /// Fills the running-applications menu. Main thread.
 class RunningAppsMenuItems {
  public:
-  /// More sectors than this would be too narrow to point at.
+  /// More sectors than this would be narrower than 30° and hard to hit. Of more applications those show that were
+  /// active last.
   static constexpr std::size_t kMaximumCount = 12;
 
   /// `ownBundleIdentifier` is this program's, which never shows itself.
@@ -23,17 +24,26 @@ class RunningAppsMenuItems {
                        std::string ownBundleIdentifier)
       : workspace_(workspace), history_(history), ownBundleIdentifier_(std::move(ownBundleIdentifier)) {}
 
-  /// One item for each regular running application that the menu does not exclude, the last activated first, then those
-  /// never seen active in the platform's order. An application's item has the same id every time.
-  std::vector<PieMenuItem> build(const PieMenu& menu) const;
+  /// One item for each regular running application that the menu does not exclude. First the application that was
+  /// active before the present one, so that one step and letting go returns to it; then the others as they were
+  /// started, so that each keeps its place. An application's item has the same id every time.
+  std::vector<PieMenuItem> build(const PieMenu& menu);
 
  private:
-  std::vector<RunningApplication> eligibleApplications(const PieMenu& menu) const;
-  void sortByLastActivation(std::vector<RunningApplication>& applications) const;
+  using Applications = std::vector<RunningApplication>;
+
+  Applications eligibleApplications(const PieMenu& menu);
+  void noteStarted(const Applications& running);
+  /// Smaller for an application that was active later.
+  std::size_t activationRank(const RunningApplication& application) const;
+  void keepLastActive(Applications& applications) const;
+  void movePreviousToFront(Applications& applications) const;
 
   const Workspace& workspace_;
   const RunningAppsActivationHistory& history_;
   std::string ownBundleIdentifier_;
+  /// Identifiers of what ran at the last build, in the order in which they first showed up.
+  std::vector<std::string> startOrder_;
 };
 
 }  // namespace rondora

@@ -1,15 +1,19 @@
 #pragma once
 
+#include "doubles/fake_accessibility.h"
 #include "doubles/fake_devices.h"
 #include "doubles/fake_file_system.h"
+#include "doubles/fake_key_events.h"
 #include "doubles/fake_keyboard.h"
 #include "doubles/fake_log.h"
 #include "doubles/fake_overlay_panels.h"
 #include "doubles/fake_pasteboard.h"
 #include "doubles/fake_screens.h"
+#include "doubles/fake_serial_queues.h"
 #include "doubles/fake_session.h"
 #include "doubles/fake_status_bar.h"
 #include "doubles/fake_user_defaults.h"
+#include "doubles/fake_window_server.h"
 #include "doubles/fake_windows.h"
 #include "doubles/fake_workspace.h"
 #include "doubles/virtual_time.h"
@@ -27,6 +31,10 @@ struct FakePlatform {
   FakeFileSystem files;
   FakePasteboard pasteboard;
   FakeWorkspace workspace;
+  FakeWindowServer windowServer{workspace};
+  FakeAccessibility accessibility;
+  FakeKeyEvents keyEvents{time};
+  FakeSerialQueues serialQueues;
   FakeScreens screens;
   /// The pointer too.
   FakeOverlayPanels overlay{time};
@@ -39,6 +47,13 @@ struct FakePlatform {
   FakePermissionService permissions;
   FakeApplicationIcons icons;
   FakePictureRasterizer rasterizer;
+
+  /// The ports of ActionServices.
+  template <class Ports>
+  Ports actionPorts() {
+    return {workspace,     pasteboard,   permissions,  keyEvents, windowServer, windowServer,
+            accessibility, windowServer, windowServer, time,      time,         log};
+  }
 
   FakePlatform() = default;
   FakePlatform(const FakePlatform&) = delete;

@@ -41,6 +41,15 @@ void FakeWorkspace::bringForward(std::int32_t processIdentifier) {
   activated_.send(copy);
 }
 
+void FakeWorkspace::hide(std::int32_t processIdentifier) {
+  if (RunningApplication* application = find(processIdentifier)) application->isHidden = true;
+  if (frontmost_ == processIdentifier) frontmost_ = 0;
+}
+
+void FakeWorkspace::unhide(const RunningApplication& application) {
+  if (RunningApplication* found = find(application.processIdentifier)) found->isHidden = false;
+}
+
 std::uint64_t FakeWorkspace::openWindow(std::int32_t processIdentifier) {
   RunningApplication* application = find(processIdentifier);
   if (application == nullptr) return 0;

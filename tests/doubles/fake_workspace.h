@@ -23,6 +23,7 @@ class FakeWorkspace final : public Workspace {
   /// The user turns to the application; nobody turns to nobody.
   void bringForward(std::int32_t processIdentifier);
   void leaveAll() { frontmost_ = 0; }
+  void hide(std::int32_t processIdentifier);
   /// Opens one more window, which becomes the application's last active one.
   std::uint64_t openWindow(std::int32_t processIdentifier);
   void closeWindows(std::int32_t processIdentifier);
@@ -32,6 +33,7 @@ class FakeWorkspace final : public Workspace {
   std::vector<RunningApplication> runningApplications() const override { return running_; }
   std::vector<RunningApplication> runningApplications(std::string_view bundleIdentifier) const override;
   bool activate(const RunningApplication& application) override;
+  void unhide(const RunningApplication& application) override;
   std::optional<ApplicationLocation> urlForApplication(std::string_view bundleIdentifier) const override;
   void openApplication(const ApplicationLocation& location) override;
   std::optional<ApplicationLocation> applicationAtPath(std::string_view path) const override;

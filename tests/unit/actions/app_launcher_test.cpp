@@ -1,8 +1,7 @@
-#include "actions/app_launcher.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "actions/action_services.h"
 #include "doubles/fake_platform.h"
 
 namespace rondora {
@@ -24,7 +23,8 @@ class AppLauncherTest : public ::testing::Test {
   }
 
   FakePlatform desktop_;
-  AppLauncher launcher_{desktop_.workspace, desktop_.pasteboard};
+  ActionServices actions_{desktop_.actionPorts<ActionServices::Ports>(), desktop_.serialQueues.make()};
+  AppLauncher& launcher_ = actions_.appLauncher;
 };
 
 TEST_F(AppLauncherTest, StartsAnApplicationThatDoesNotRun) {
@@ -48,7 +48,7 @@ TEST_F(AppLauncherTest, OpensWhatCannotBeBroughtForward) {
   const auto editor = desktop_.workspace.start("editor");
   desktop_.workspace.closeWindows(editor.processIdentifier);
   execute(LaunchApp{"editor"});
-  EXPECT_THAT(desktop_.workspace.activationRequests, ElementsAre(editor.processIdentifier));
+  EXPECT_THAT(desktop_.windowServer.frontRequests, IsEmpty());
   EXPECT_THAT(desktop_.workspace.openedApplications, ElementsAre("/apps/editor"));
 }
 
@@ -62,7 +62,7 @@ TEST_F(AppLauncherTest, TakesTheFirstLiveOrdinaryInstance) {
   desktop_.workspace.addRunning(instance);
   EXPECT_FALSE(launcher_.runningApplication("editor"));
   execute(LaunchApp{"editor"});
-  EXPECT_THAT(desktop_.workspace.activationRequests, IsEmpty());
+  EXPECT_THAT(desktop_.windowServer.frontRequests, IsEmpty());
   EXPECT_THAT(desktop_.workspace.openedApplications, ElementsAre("/apps/editor"));
   const auto third = desktop_.workspace.start("editor");
   desktop_.workspace.start("editor");
@@ -106,18 +106,15 @@ TEST_F(AppLauncherTest, OpensTheApplicationsBehindTwoSystemActionsWhereTheyExist
   EXPECT_THAT(desktop_.workspace.openedApplications, ElementsAre(overview, screenSaver));
 }
 
-TEST_F(AppLauncherTest, HandsKeystrokesOnWithTheirTarget) {
-  execute(Keystroke{8, 0x100000}, 42);
-  std::vector<std::pair<Keystroke, std::optional<std::int32_t>>> sent;
-  AppLauncher launcher(desktop_.workspace, desktop_.pasteboard,
-                       [&sent](const Keystroke& keystroke, auto pid) { sent.emplace_back(keystroke, pid); });
-  launcher.execute(itemWith(Keystroke{8, 0x100000}), 42);
-  launcher.execute(itemWith(Keystroke{9, 0}), std::nullopt);
-  launcher.execute(itemWith(Unassigned{}), 42);
-  ASSERT_EQ(sent.size(), 2U);
-  EXPECT_EQ(sent[0].first, (Keystroke{8, 0x100000}));
-  EXPECT_EQ(sent[0].second, 42);
-  EXPECT_EQ(sent[1].second, std::nullopt);
+TEST_F(AppLauncherTest, TypesAKeystrokeOnceItsTargetIsInFront) {
+  const auto editor = desktop_.workspace.start("editor");
+  desktop_.workspace.start("browser");
+  execute(Keystroke{8, 0x100000}, editor.processIdentifier);
+  execute(Unassigned{}, editor.processIdentifier);
+  EXPECT_THAT(desktop_.keyEvents.posted, IsEmpty());
+  desktop_.workspace.bringForward(editor.processIdentifier);
+  desktop_.time.advance(0.021);
+  EXPECT_EQ(desktop_.keyEvents.posted.size(), 2U);
 }
 
 }  // namespace

@@ -7,7 +7,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::Pair;
 
 class ChoiceTest : public ProgramTest {
  protected:
@@ -24,6 +23,7 @@ class ChoiceTest : public ProgramTest {
     desktop.overlay.click();
     release({kKKey});
   }
+  int keystrokes() const { return static_cast<int>(desktop.keyEvents.posted.size()) / 2; }
 };
 
 TEST_F(ChoiceTest, AKeystrokeWaitsForThePreviousApplication) {
@@ -31,9 +31,14 @@ TEST_F(ChoiceTest, AKeystrokeWaitsForThePreviousApplication) {
   EXPECT_FALSE(isMenuUp());
   EXPECT_EQ(frontApplication(), "org.example.editor");
   desktop.time.advance(0.149);
-  EXPECT_THAT(program.keystrokes, IsEmpty());
+  desktop.workspace.bringForward(browser.processIdentifier);
+  EXPECT_EQ(keystrokes(), 0);
   desktop.time.advance(0.001);
-  EXPECT_THAT(program.keystrokes, ElementsAre(Pair(7, editor.processIdentifier)));
+  EXPECT_EQ(keystrokes(), 0) << "the browser is in front";
+  desktop.workspace.bringForward(editor.processIdentifier);
+  desktop.time.advance(0.021);
+  EXPECT_EQ(keystrokes(), 1);
+  EXPECT_TRUE(desktop.log.contains(LogLevel::standard, "keystroke sent: key=7 flags=0 front=org.example.editor"));
 }
 
 TEST_F(ChoiceTest, ASnippetIsCopiedAfterThePreviousApplicationIsBack) {
@@ -56,14 +61,14 @@ TEST_F(ChoiceTest, LaunchingRunsAtOnceAndDoesNotGoBackFirst) {
   press({kKKey});
   pointAtSector(0);
   desktop.overlay.click();
-  EXPECT_THAT(desktop.workspace.activationRequests, ElementsAre(browser.processIdentifier));
+  EXPECT_THAT(desktop.workspace.activationRequests, IsEmpty());
   EXPECT_EQ(frontApplication(), "org.example.browser");
 }
 
 TEST_F(ChoiceTest, WithoutAPreviousApplicationAKeystrokeGoesToWhatIsInFrontNow) {
   desktop.workspace.leaveAll();
   choose(2);
-  EXPECT_THAT(program.keystrokes, ElementsAre(Pair(7, browser.processIdentifier)));
+  EXPECT_EQ(keystrokes(), 1);
   EXPECT_THAT(desktop.workspace.activationRequests, IsEmpty());
 
   desktop.workspace.leaveAll();
@@ -71,7 +76,7 @@ TEST_F(ChoiceTest, WithoutAPreviousApplicationAKeystrokeGoesToWhatIsInFrontNow) 
   press({kKKey});
   pointAtSector(2);
   release({kKKey});
-  EXPECT_EQ(program.keystrokes.back().second, std::nullopt);
+  EXPECT_EQ(keystrokes(), 2) << "nobody to wait for";
 }
 
 TEST_F(ChoiceTest, ASnippetIsPreviewedWhileItIsHovered) {

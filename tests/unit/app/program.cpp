@@ -13,10 +13,7 @@ Program::Program(FakePlatform& on)
       permissions(on.permissions, on.time, on.shell),
       history(on.workspace),
       runningAppsMenuItems(on.workspace, history, on.environment.identifier),
-      appLauncher(on.workspace, on.pasteboard,
-                  [this](const Keystroke& keystroke, std::optional<std::int32_t> targetPID) {
-                    keystrokes.emplace_back(keystroke.keyCode, targetPID);
-                  }),
+      actions(on.actionPorts<ActionServices::Ports>(), on.serialQueues.make()),
       delegate(services()) {}
 
 AppServices Program::services() {
@@ -39,7 +36,7 @@ AppServices Program::services() {
           permissions.snapshot(),
           history,
           runningAppsMenuItems,
-          appLauncher,
+          actions.appLauncher,
           subActions,
           [this] { return makePieMenuWindow(); },
           [this] { ++switcherRestorations; },

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "actions/app_launcher.h"
+#include "actions/action_services.h"
 #include "actions/sub_actions.h"
 #include "app/app_delegate.h"
 #include "base/notification_center.h"
@@ -52,8 +52,7 @@ struct Program {
   PermissionsMonitor permissions;
   RunningAppsActivationHistory history;
   RunningAppsMenuItems runningAppsMenuItems;
-  std::vector<std::pair<std::int64_t, std::optional<std::int32_t>>> keystrokes;
-  AppLauncher appLauncher;
+  ActionServices actions;
   FakeSubActions subActions;
   std::function<void()> whenOverlayIsMade;
   int switcherRestorations = 0;

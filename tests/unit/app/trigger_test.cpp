@@ -317,20 +317,35 @@ TEST_F(SharedTriggerTest, ATakenHotkeyIsReportedAndNowhereElse) {
   EXPECT_EQ(shownMenu(), "plain");
 }
 
-TEST_F(SharedTriggerTest, TheHotKeyServiceServesTheSwitchersKeyWhileTheTapIsSilent) {
+/// The hot-key service serves the switcher's key while the tap is silent.
+TEST_F(SharedTriggerTest, TheRunningAppsMenuGoesBackAndForthBetweenTwoApplications) {
   useMenus({runningAppsMenu({48, carbon::kCommand})});
   launch();
-  desktop.workspace.bringForward(browser.processIdentifier);
-  press({Key::kCommandKey, Key::kTabKey});
-  EXPECT_EQ(shownMenu(), "running");
-  release({Key::kTabKey});
-  for (const char* expected : {"Browser", "Editor"}) {
+  for (const std::string next : {"Browser", "Editor", "Browser", "Editor"}) {
+    press({Key::kCommandKey, 48});
+    EXPECT_EQ(highlightedItem(), "");
+    release({48});
     desktop.time.advance(0.1);
-    press({Key::kTabKey});
-    release({Key::kTabKey});
-    EXPECT_EQ(highlightedItem(), expected);
+    press({48});
+    EXPECT_EQ(highlightedItem(), next);
+    release({48, Key::kCommandKey});
+    desktop.time.advance(1);
+    EXPECT_EQ(desktop.workspace.frontmostApplication()->localizedName, next);
   }
-  release({Key::kCommandKey});
+  press({Key::kCommandKey, 48});
+  release({48, Key::kCommandKey});
+  EXPECT_EQ(frontApplication(), "org.example.editor") << "nothing was highlighted";
+}
+
+TEST_F(SharedTriggerTest, AnApplicationThatQuitWhileItsRingWasOpenIsNotStartedAgain) {
+  useMenus({runningAppsMenu({kKKey, 0})});
+  launch();
+  press({kKKey});
+  program.overlay->advanceRunningAppsSelection();
+  EXPECT_EQ(highlightedItem(), "Browser");
+  desktop.workspace.quit(browser.processIdentifier);
+  release({kKKey});
+  EXPECT_THAT(desktop.workspace.openedApplications, testing::IsEmpty());
   EXPECT_EQ(frontApplication(), "org.example.editor");
 }
 

@@ -15,8 +15,8 @@ using ::testing::IsEmpty;
 
 class RunningAppsTest : public ::testing::Test {
  protected:
-  std::vector<PieMenuItem> build() const { return items_.build(menu_); }
-  std::vector<std::string> titles() const {
+  std::vector<PieMenuItem> build() { return items_.build(menu_); }
+  std::vector<std::string> titles() {
     std::vector<std::string> titles;
     for (const auto& item : build()) titles.push_back(item.title);
     return titles;
@@ -29,23 +29,45 @@ class RunningAppsTest : public ::testing::Test {
   RunningAppsMenuItems items_{desktop_.workspace, history_, "org.example.Own"};
 };
 
-TEST_F(RunningAppsTest, FollowsTheOrderOfLastActivation) {
-  workspace().start("never.active");
-  workspace().start("before");
+TEST_F(RunningAppsTest, BeginsWithTheApplicationThatWasActiveBefore) {
   history_.startObservingIfNeeded();
+  const auto mail = workspace().start("mail");
+  const auto editor = workspace().start("editor");
+  const auto browser = workspace().start("browser");
+  EXPECT_THAT(titles(), ElementsAre("editor", "mail", "browser"));
+  workspace().bringForward(editor.processIdentifier);
+  EXPECT_THAT(titles(), ElementsAre("browser", "mail", "editor"));
+  workspace().leaveAll();
+  EXPECT_THAT(titles(), ElementsAre("editor", "mail", "browser")) << "nothing is in front: back to the last one";
+  workspace().bringForward(browser.processIdentifier);
+  workspace().quit(editor.processIdentifier);
+  EXPECT_THAT(titles(), ElementsAre("mail", "browser"));
+  menu_.runningAppsExcludedBundleIds = {"mail"};
+  EXPECT_THAT(titles(), ElementsAre("browser")) << "the present one stays when it is all there is";
+}
+
+TEST_F(RunningAppsTest, TheOthersKeepTheirPlacesWhileApplicationsComeAndGo) {
   history_.startObservingIfNeeded();
+  const auto mail = workspace().start("mail");
+  workspace().start("music");
   const auto editor = workspace().start("editor");
   workspace().start("browser");
-  EXPECT_THAT(titles(), ElementsAre("browser", "editor", "before", "never.active"));
+  EXPECT_THAT(titles(), ElementsAre("editor", "mail", "music", "browser"));
+  workspace().start("chat");
+  EXPECT_THAT(titles(), ElementsAre("browser", "mail", "music", "editor", "chat"));
+  workspace().quit(mail.processIdentifier);
+  EXPECT_THAT(titles(), ElementsAre("browser", "music", "editor", "chat"));
   workspace().bringForward(editor.processIdentifier);
-  EXPECT_THAT(titles(), ElementsAre("editor", "browser", "before", "never.active"));
-  EXPECT_THAT(history_.bundleIdentifiers(), ElementsAre("editor", "browser", "before"));
+  workspace().start("mail");
+  EXPECT_THAT(titles(), ElementsAre("editor", "music", "browser", "chat", "mail")) << "started again, it is the newest";
 }
 
 TEST_F(RunningAppsTest, KeepsThePlatformsOrderOfApplicationsNeverSeenActive) {
   workspace().start("c");
   workspace().start("a");
   workspace().start("b");
+  EXPECT_THAT(titles(), ElementsAre("c", "a", "b"));
+  workspace().leaveAll();
   EXPECT_THAT(titles(), ElementsAre("c", "a", "b"));
 }
 
@@ -73,7 +95,7 @@ TEST_F(RunningAppsTest, MakesAnItemThatLaunchesTheApplication) {
   EXPECT_EQ(items[0].icon, "app:org.example.Editor");
   EXPECT_EQ(items[0].action, MenuAction(LaunchApp{"org.example.Editor"}));
   workspace().addRunning({.processIdentifier = 7, .bundleIdentifier = "untitled", .localizedName = ""});
-  EXPECT_EQ(build()[1].title, "untitled");
+  EXPECT_EQ(build()[0].title, "untitled");
 }
 
 TEST_F(RunningAppsTest, ShowsAtMostTheLastTwelveWithColoursBySector) {
@@ -81,8 +103,9 @@ TEST_F(RunningAppsTest, ShowsAtMostTheLastTwelveWithColoursBySector) {
   for (int i = 0; i < 20; ++i) workspace().start("app" + std::to_string(i));
   const auto items = build();
   ASSERT_EQ(items.size(), 12U);
-  EXPECT_EQ(items[0].title, "app19");
-  EXPECT_EQ(items[11].title, "app8");
+  EXPECT_EQ(items[0].title, "app18");
+  EXPECT_EQ(items[1].title, "app8");
+  EXPECT_EQ(items[11].title, "app19");
   for (std::size_t i = 0; i < items.size(); ++i) {
     EXPECT_EQ(items[i].sectorIndex, static_cast<std::int64_t>(i));
     EXPECT_EQ(items[i].color, kItemColorPalette[i % 8]);
@@ -95,11 +118,9 @@ TEST_F(RunningAppsTest, GivesAnApplicationTheSameIdEveryTimeAndNoTwoTheSame) {
   const auto first = build();
   for (const auto& item : first) ids.insert(item.id);
   EXPECT_EQ(ids.size(), 12U);
+  workspace().bringForward(workspace().runningApplications()[5].processIdentifier);
   history_.startObservingIfNeeded();
-  const auto later = build();
-  EXPECT_EQ(later[0].title, "app11");
-  EXPECT_EQ(later[0].id, first[11].id);
-  EXPECT_EQ(later[1].id, first[0].id);
+  for (const auto& item : build()) EXPECT_TRUE(ids.contains(item.id)) << item.title;
 }
 
 TEST_F(RunningAppsTest, ForgetsTheLongestInactiveOfVeryManyAndThoseWithoutIdentifier) {

@@ -326,6 +326,12 @@ void X11WindowList::activate(const WindowInfo& target, xcb_window_t currentlyAct
   connection_.flush();
 }
 
+// Mapping asks the window manager to leave the iconic state (ICCCM 4.1.4).
+void X11WindowList::restore(xcb_window_t window) {
+  ignoreErrors(connection_, xcb_map_window_checked(connection_.get(), window));
+  connection_.flush();
+}
+
 void X11WindowList::raiseAndFocus(xcb_window_t window) {
   const std::uint32_t above = XCB_STACK_MODE_ABOVE;
   ignoreErrors(connection_, xcb_map_window_checked(connection_.get(), window));

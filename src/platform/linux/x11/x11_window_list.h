@@ -49,6 +49,8 @@ class X11WindowList {
   /// The smallest icon of at least 128 pixels, else the largest.
   std::optional<WindowIcon> icon(xcb_window_t window) const;
 
+  /// Shows an iconified window again, without giving it the focus.
+  void restore(xcb_window_t window);
   /// Brings the window to the user: goes to its desktop, restores it, raises it and gives it the focus.
   void activate(const WindowInfo& target, xcb_window_t currentlyActive);
 

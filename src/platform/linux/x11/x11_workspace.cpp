@@ -63,14 +63,26 @@ std::string X11Workspace::idOf(const WindowInfo& window) const {
 
 RunningApplication X11Workspace::applicationOf(const WindowInfo& window) const {
   RunningApplication application;
-  application.processIdentifier = window.processIdentifier;
   const std::string id = idOf(window);
+  application.processIdentifier = processIdentifier(window.processIdentifier, id);
   if (!id.empty()) application.bundleIdentifier = id;
   application.localizedName = catalogue_.name(id).value_or(id.empty() ? window.title : id);
   application.activationPolicy = window.isOrdinary ? ActivationPolicy::regular : ActivationPolicy::accessory;
   application.isHidden = window.isIconified;
   application.window = window.window;
   return application;
+}
+
+std::int32_t X11Workspace::processIdentifierOf(const WindowInfo& window) const {
+  return processIdentifier(window.processIdentifier, idOf(window));
+}
+
+std::int32_t X11Workspace::processIdentifier(std::int32_t process, const std::string& id) const {
+  if (process > 0 && applicationsOfProcesses_.try_emplace(process, id).first->second == id) return process;
+  const std::pair further(process, id);
+  auto found = std::find(furtherApplications_.begin(), furtherApplications_.end(), further);
+  if (found == furtherApplications_.end()) found = furtherApplications_.insert(found, further);
+  return -1 - static_cast<std::int32_t>(found - furtherApplications_.begin());
 }
 
 std::size_t X11Workspace::activationRank(xcb_window_t window) const {
@@ -87,7 +99,13 @@ std::optional<RunningApplication> X11Workspace::frontmostApplication() const {
 
 std::vector<RunningApplication> X11Workspace::runningApplications() const {
   std::vector<Group> groups;
-  for (const WindowInfo& window : windows_.windows()) {
+  const auto windows = windows_.windows();
+  // The system gives the number of a process that ended to another one.
+  std::erase_if(applicationsOfProcesses_, [&windows](const auto& known) {
+    return std::none_of(windows.begin(), windows.end(),
+                        [&known](const WindowInfo& window) { return window.processIdentifier == known.first; });
+  });
+  for (const WindowInfo& window : windows) {
     const RunningApplication application = applicationOf(window);
     const std::size_t rank = activationRank(window.window);
     const auto group = std::find_if(groups.begin(), groups.end(), [&](const Group& candidate) {
@@ -139,6 +157,12 @@ const WindowInfo* X11Workspace::windowToActivate(const RunningApplication& appli
     if (!best || preference(window) < preference(*best)) best = &window;
   }
   return best;
+}
+
+/// Hidden means that every window is iconified.
+void X11Workspace::unhide(const RunningApplication& application) {
+  const auto windows = windows_.windows();
+  if (const WindowInfo* target = windowToActivate(application, windows)) windows_.restore(target->window);
 }
 
 std::optional<ApplicationLocation> X11Workspace::urlForApplication(std::string_view bundleIdentifier) const {

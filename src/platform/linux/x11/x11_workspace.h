@@ -1,5 +1,10 @@
 #pragma once
 
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
 #include "platform/linux/application_catalogue.h"
 #include "platform/linux/x11/x11_window_list.h"
 #include "platform/workspace.h"
@@ -19,6 +24,7 @@ class X11Workspace final : public Workspace {
   std::vector<RunningApplication> runningApplications() const override;
   std::vector<RunningApplication> runningApplications(std::string_view bundleIdentifier) const override;
   bool activate(const RunningApplication& application) override;
+  void unhide(const RunningApplication& application) override;
   std::optional<ApplicationLocation> urlForApplication(std::string_view bundleIdentifier) const override;
   void openApplication(const ApplicationLocation& location) override;
   std::optional<ApplicationLocation> applicationAtPath(std::string_view path) const override;
@@ -26,11 +32,16 @@ class X11Workspace final : public Workspace {
   std::optional<std::string> applicationName(std::string_view bundleIdentifier) const override;
   [[nodiscard]] Subscription onDidActivateApplication(std::function<void(const RunningApplication&)> observer) override;
 
+  /// Smaller for a window that was active later.
+  std::size_t activationRank(xcb_window_t window) const;
+  /// The window's process. Several applications in one process, and those whose process is unknown, are told apart by
+  /// negative numbers of our own.
+  std::int32_t processIdentifierOf(const WindowInfo& window) const;
+
  private:
   RunningApplication applicationOf(const WindowInfo& window) const;
   std::string idOf(const WindowInfo& window) const;
-  /// Smaller for a window that was active later.
-  std::size_t activationRank(xcb_window_t window) const;
+  std::int32_t processIdentifier(std::int32_t process, const std::string& id) const;
   const WindowInfo* windowToActivate(const RunningApplication& application,
                                      const std::vector<WindowInfo>& windows) const;
   void activeWindowChanged();
@@ -40,6 +51,10 @@ class X11Workspace final : public Workspace {
   X11WindowList& windows_;
   ApplicationCatalogue& catalogue_;
   std::string ownBundleIdentifier_;
+  /// The application that each process was first seen as.
+  mutable std::map<std::int32_t, std::string> applicationsOfProcesses_;
+  /// Applications with a number of our own: the first has -1.
+  mutable std::vector<std::pair<std::int32_t, std::string>> furtherApplications_;
   /// Last active first.
   std::vector<xcb_window_t> activations_;
   std::optional<RunningApplication> lastActivated_;

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+namespace rondora {
+
+/// Whose modifiers a synthetic event is seen with by other sources: nobody's, or the keyboard's.
+enum class KeyEventSourceState { privateState, hidSystemState };
+/// Where an event enters the system: as if the session had made it, or as if the hardware had.
+enum class KeyEventTap { session, hid };
+
+/// A key event made ready to be posted.
+struct SyntheticKeyEvent {
+  KeyEventSourceState source = KeyEventSourceState::privateState;
+  std::uint16_t keyCode = 0;
+  bool isDown = false;
+  /// Event flags (platform/key_event.h): the exact modifiers that the receiver is to see.
+  std::uint64_t flags = 0;
+
+  friend bool operator==(const SyntheticKeyEvent&, const SyntheticKeyEvent&) = default;
+};
+
+/// Types into whatever holds the keyboard focus. Any thread, one at a time.
+class KeyEventPoster {
+ public:
+  virtual ~KeyEventPoster() = default;
+
+  /// An event without modifiers; nothing when the keyboard has no such key.
+  virtual std::optional<SyntheticKeyEvent> makeKeyEvent(KeyEventSourceState source, std::uint16_t keyCode,
+                                                        bool isDown) = 0;
+  /// Keys that the user holds stay as they are for the user: neither do they change what the receiver sees, nor are
+  /// they left released or pressed by this.
+  virtual void post(const SyntheticKeyEvent& event, KeyEventTap tap) = 0;
+};
+
+}  // namespace rondora

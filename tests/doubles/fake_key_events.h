@@ -1,0 +1,38 @@
+#pragma once
+
+#include <set>
+#include <vector>
+
+#include "platform/clock.h"
+#include "platform/key_event_poster.h"
+
+namespace rondora {
+
+/// Remembers what was typed, and when.
+class FakeKeyEvents final : public KeyEventPoster {
+ public:
+  struct Posted {
+    SyntheticKeyEvent event;
+    KeyEventTap tap = KeyEventTap::session;
+    double uptime = 0;
+  };
+
+  explicit FakeKeyEvents(const Clock& clock) : clock_(clock) {}
+
+  std::optional<SyntheticKeyEvent> makeKeyEvent(KeyEventSourceState source, std::uint16_t keyCode,
+                                                bool isDown) override {
+    if (missingKeys.contains(keyCode)) return std::nullopt;
+    return SyntheticKeyEvent{source, keyCode, isDown, 0};
+  }
+  void post(const SyntheticKeyEvent& event, KeyEventTap tap) override {
+    posted.push_back({event, tap, clock_.uptime()});
+  }
+
+  std::set<std::uint16_t> missingKeys;
+  std::vector<Posted> posted;
+
+ private:
+  const Clock& clock_;
+};
+
+}  // namespace rondora
