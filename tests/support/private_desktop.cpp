@@ -36,6 +36,9 @@ std::map<std::string, std::string> privateEnvironment(const std::filesystem::pat
     std::filesystem::permissions(home / folder, std::filesystem::perms::owner_all);
     environment[name] = (home / folder).string();
   }
+  // Whatever else is installed on the machine, these are the user's applications.
+  std::ofstream(home / "config" / "mimeapps.list") << "[Default Applications]\ntext/plain=org.xfce.mousepad.desktop\n"
+                                                      "inode/directory=pcmanfm.desktop\n";
   return environment;
 }
 

@@ -29,7 +29,7 @@ TEST_F(LaunchingTest, StartsAnApplicationOnceAndBringsItForwardAfterThat) {
 TEST_F(LaunchingTest, WhatIsNotInstalledIsNotFound) {
   EXPECT_FALSE(workspace().urlForApplication("org.example.Nothing"));
   EXPECT_FALSE(workspace().applicationName("org.example.Nothing"));
-  EXPECT_FALSE(workspace().openUrl("https://example.org"));  // no browser here
+  EXPECT_FALSE(workspace().openUrl("rondora-nobody-handles-this://example.org"));
   EXPECT_FALSE(workspace().openUrl("example"));
   EXPECT_EQ(workspace().applicationName("com.apple.Notes"), "Mousepad");
   EXPECT_EQ(workspace().applicationName("org.xfce.mousepad"), "Mousepad");
