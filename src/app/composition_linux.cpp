@@ -118,6 +118,14 @@ struct CompositionLinux::Program {
                                 : displayString(found->hotkey, localization.language(), kPcModifierNames);
   }
 
+  /// With the keys that paste on this system.
+  std::string snippetHint() const {
+    constexpr std::string_view kWritten = "Command+V";
+    std::string hint = text(StringKey::snippetHint);
+    if (const auto at = hint.find(kWritten); at != std::string::npos) hint.replace(at, kWritten.size(), "Ctrl+V");
+    return hint;
+  }
+
   WindowTexts windowTexts() const {
     WindowTexts texts;
     texts.settingsTitle = text(StringKey::settingsTitle);
@@ -133,6 +141,7 @@ struct CompositionLinux::Program {
     texts.onboardingWhereItLives =
         localization.text(StringKey::onboardingConfigurationFile, config.configURL().string());
     texts.onboardingDone = text(StringKey::onboardingGetStarted);
+    texts.snippetHint = snippetHint();
     return texts;
   }
 

@@ -238,9 +238,11 @@ void MenuSwitchboard::perform(const PieSubAction& command) {
 
 void MenuSwitchboard::updateSnippetPreview(const PieMenuItem* item) {
   const auto* snippet = item == nullptr ? nullptr : std::get_if<Snippet>(&item->action);
-  if (snippet == nullptr) return hideSnippetPreview();
+  const auto surroundings = pieMenuWindow_->hoveredSurroundings();
+  if (snippet == nullptr || !surroundings) return hideSnippetPreview();
   if (!snippetPreviewPopover_) snippetPreviewPopover_ = services_.windows.makeSnippetPreviewPopover();
-  if (snippetPreviewPopover_) snippetPreviewPopover_->show(snippet->text);
+  if (!snippetPreviewPopover_) return;
+  snippetPreviewPopover_->show(snippet->text, [&](Size size) { return previewCorner(*surroundings, size); });
 }
 
 void MenuSwitchboard::hideSnippetPreview() {

@@ -10,6 +10,7 @@
 #include "pie/pie_view.h"
 #include "pie/ring_layout.h"
 #include "pie/ring_picture.h"
+#include "pie/sector_geometry.h"
 
 namespace rondora {
 namespace {
@@ -76,7 +77,8 @@ void PieMenuWindowController::chooseSectors(const PieMenu& menu, std::optional<s
 
 void PieMenuWindowController::makePanel(const PieMenu& menu, double rotationDegrees) {
   const Point pointer = ports_.pointer.location();
-  const double largest = largestRadius(screenAt(ports_.screens, pointer));
+  const std::optional<Screen> screen = screenAt(ports_.screens, pointer);
+  const double largest = largestRadius(screen);
   const RingLayout layout = RingLayout::make(menu, rotationDegrees, displayedItems_.size(), largest);
   highlightState_ = std::make_unique<PieMenuHighlightState>(ports_.haptics);
   window_ = std::make_unique<PieView>(
@@ -84,6 +86,7 @@ void PieMenuWindowController::makePanel(const PieMenu& menu, double rotationDegr
       squareAround(pointer, layout.halfSide()),
       makeRingPicture(menu, layout, {displayedItems_, displayTitles(), displayedShortcutLabels_.labels()}),
       displayedItems_.size());
+  visibleFrame_ = screen ? screen->visibleFrame : window_->frame();
   MouseTrackingNSView& tracking = window_->tracking();
   tracking.center = layout.center();
   tracking.radius = layout.outerRadius;
@@ -189,6 +192,16 @@ void PieMenuWindowController::pointerHovered(std::optional<std::size_t> index) {
   highlightState_->setHighlightedIndex(index);
   if (std::exchange(hoveredIndex_, index) == index || !onHoverChanged) return;
   onHoverChanged(index && *index < displayedItems_.size() ? &displayedItems_[*index] : nullptr);
+}
+
+std::optional<PreviewSurroundings> PieMenuWindowController::hoveredSurroundings() const {
+  if (!window_ || !hoveredIndex_) return std::nullopt;
+  const MouseTrackingNSView& tracking = window_->tracking();
+  const Point center = window_->screenPoint(tracking.center);
+  const double middle = startAngle(*hoveredIndex_, tracking.sectorCount, tracking.rotationDegrees) +
+                        sectorWidth(tracking.sectorCount) / 2;
+  return PreviewSurroundings{squareAround(center, tracking.radius),
+                             center + Point{std::cos(middle), std::sin(middle)} * tracking.radius, visibleFrame_};
 }
 
 void PieMenuWindowController::advanceRunningAppsSelection() {

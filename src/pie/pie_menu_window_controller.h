@@ -15,6 +15,7 @@
 #include "model/pie_menu.h"
 #include "pie/pie_menu_highlight_state.h"
 #include "pie/pie_menu_selection.h"
+#include "pie/preview_place.h"
 #include "pie/quick_select.h"
 #include "platform/clock.h"
 #include "platform/event_monitors.h"
@@ -71,6 +72,8 @@ class PieMenuWindowController {
 
   std::optional<PieMenuSelection> currentSelection() const;
   const std::optional<Uuid>& displayedMenuId() const { return displayedMenuId_; }
+  /// Around the item that `onHoverChanged` named last; nothing while none is hovered.
+  std::optional<PreviewSurroundings> hoveredSurroundings() const;
   /// Moves the highlight one sector on; steps less than 0.018 s apart count as one.
   void advanceRunningAppsSelection();
 
@@ -131,6 +134,8 @@ class PieMenuWindowController {
   /// does not touch the highlight.
   std::optional<Point> restingPlace_;
   std::optional<std::size_t> hoveredIndex_;
+  /// Usable part of the screen that the panel was made for.
+  Rect visibleFrame_;
   WeakSelf<PieMenuWindowController> weakSelf_{this};
 };
 

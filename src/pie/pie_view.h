@@ -34,6 +34,7 @@ class PieView final : private OverlayPanelSink {
 
   MouseTrackingNSView& tracking() { return tracking_; }
   /// In the coordinate space of the screens.
+  const Rect& frame() const { return frame_; }
   Point screenPoint(Point location) const { return frame_.origin + location; }
 
   void open(OpeningAnimation animation);

@@ -25,11 +25,15 @@ class OnboardingWindow {
   virtual void closeAndFinish() = 0;
 };
 
-/// A small preview of a snippet's text beside the pointer.
+/// A small preview of a snippet's text. Takes neither focus nor clicks and lies above the overlay.
 class SnippetPreviewPopover {
  public:
+  /// The top left corner for a popover of that size, in the coordinate space of the screens (points).
+  using Place = std::function<Point(Size)>;
+
   virtual ~SnippetPreviewPopover() = default;
-  virtual void show(std::string_view text) = 0;
+  /// Replaces what is shown. A text without anything to see hides the popover.
+  virtual void show(std::string_view text, const Place& place) = 0;
   virtual void hide() = 0;
 };
 

@@ -32,7 +32,10 @@ class FakeWindows::FakeOnboardingWindow final : public OnboardingWindow {
 class FakeWindows::FakePopover final : public SnippetPreviewPopover {
  public:
   explicit FakePopover(FakeWindows& windows) : windows_(windows) {}
-  void show(std::string_view text) override { windows_.previews.emplace_back(text); }
+  void show(std::string_view text, const Place& place) override {
+    windows_.previews.emplace_back(text);
+    windows_.previewFrame = {place(kPreviewSize), kPreviewSize};
+  }
   void hide() override {
     if (!windows_.previews.empty() && !windows_.previews.back().empty()) windows_.previews.emplace_back();
   }

@@ -26,6 +26,9 @@ class FakeWindows final : public Windows {
   int onboardingWindowsMade = 0;
   /// The texts shown beside the pointer; an empty one for each time that the preview went away.
   std::vector<std::string> previews;
+  static constexpr Size kPreviewSize{200, 60};
+  /// Where the last one was, in the coordinate space of the screens.
+  Rect previewFrame;
 
  private:
   struct Onboarding {

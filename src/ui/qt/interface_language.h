@@ -7,8 +7,8 @@
 
 namespace rondora {
 
-/// Puts what the toolkit draws itself into a language: the direction of windows and menus, those on the screen included,
-/// and a font with the letter forms of its readers. Needs the application object; main thread.
+/// Puts what the toolkit draws itself into a language: the direction of windows and menus, those on the screen
+/// included, and a font with the letter forms of its readers. Needs the application object; main thread.
 void useInterfaceLanguage(AppLanguage language);
 
 /// The font of the interface, changed where it would take the letters of `text` from fonts that do not join.

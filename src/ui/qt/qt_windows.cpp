@@ -19,7 +19,7 @@ std::unique_ptr<OnboardingWindow> QtWindows::makeOnboardingWindow() {
 }
 
 std::unique_ptr<SnippetPreviewPopover> QtWindows::makeSnippetPreviewPopover() {
-  return std::make_unique<QtSnippetPreviewPopover>();
+  return std::make_unique<QtSnippetPreviewPopover>([texts = contents_.texts] { return texts().snippetHint; });
 }
 
 }  // namespace rondora

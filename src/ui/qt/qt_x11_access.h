@@ -1,6 +1,9 @@
 #pragma once
 
+#include <QPoint>
 #include <optional>
+
+#include "base/geometry.h"
 
 struct xcb_connection_t;
 
@@ -17,5 +20,12 @@ std::optional<QtX11Access> qtX11Access();
 
 /// Pixels of the primary screen for each point of the toolkit's coordinates. Main thread.
 double qtPixelsPerPoint();
+
+/// The toolkit's position of a point in the coordinate space of the screens. The toolkit leaves the origin of each
+/// screen in pixels, so the two differ on all screens but the first when they are scaled. Main thread.
+QPoint qtPosition(Point point);
+
+/// A compositor shows the windows of the toolkit's screen, so that they may be transparent. False where there is no X.
+bool qtIsComposited();
 
 }  // namespace rondora

@@ -1,23 +1,24 @@
 #pragma once
 
-#include <QLabel>
+#include <functional>
+#include <string>
 
 #include "platform/windows.h"
+#include "ui/qt/snippet_note.h"
 
 namespace rondora {
 
-/// A note beside the pointer that takes neither focus nor clicks.
 class QtSnippetPreviewPopover : public SnippetPreviewPopover {
  public:
-  QtSnippetPreviewPopover();
+  /// `hint` is asked for each time that a snippet is shown.
+  explicit QtSnippetPreviewPopover(std::function<std::string()> hint) : hint_(std::move(hint)) {}
 
-  void show(std::string_view text) override;
-  void hide() override;
+  void show(std::string_view text, const Place& place) override;
+  void hide() override { note_.hide(); }
 
  private:
-  void moveToPointer();
-
-  QLabel note_;
+  std::function<std::string()> hint_;
+  SnippetNote note_;
 };
 
 }  // namespace rondora

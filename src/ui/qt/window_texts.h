@@ -22,6 +22,8 @@ struct WindowTexts {
   std::string onboardingHowToChoose;
   std::string onboardingWhereItLives;
   std::string onboardingDone;
+
+  std::string snippetHint;
 };
 
 }  // namespace rondora

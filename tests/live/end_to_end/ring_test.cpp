@@ -168,6 +168,29 @@ TEST_P(RingTest, QuickSelectKeysFollowTheLayoutAndThePlaceOfTheKey) {
   }
 }
 
+TEST_P(RingTest, SnippetUnderThePointerIsPreviewedBesideTheRing) {
+  ASSERT_TRUE(open());
+  const auto ring = program_->ring().value();
+  const auto preview = [&] {
+    auto windows = client_.topLevels();
+    std::erase_if(windows, [&](const TopLevel& window) {
+      return !window.isViewable || !window.isOverrideRedirect || window.window == ring.window ||
+             client_.ownerOf(window.window) != program_->pid();
+    });
+    return windows;
+  };
+  EXPECT_TRUE(preview().empty());
+  pointTo(kMiddleOfRing, 0);
+  ASSERT_TRUE(waitUntil([&] { return preview().size() == 1; }));
+  const Area area = preview().front().area;
+  EXPECT_GE(area.x, kSomewhere.x + 150) << "beside the ring, on the sector's side";
+  EXPECT_LE(std::abs(2 * area.y + area.height - 2 * kSomewhere.y), 2) << "level with the sector";
+  client_.tap(key::escape);
+  EXPECT_TRUE(waitUntil([&] { return preview().empty(); }));
+  releaseChord();
+  expectAtRest();
+}
+
 TEST_P(RingTest, TappingTheKeyAgainStepsAndWraps) {
   ASSERT_TRUE(open(key::b));
   std::vector<Capture> pictures{program_->settledPicture()};

@@ -138,14 +138,26 @@ TEST_F(WindowsTest, OnboardingMayBeDestroyedByItsCompletionOrWhileUp) {
 
 TEST_F(WindowsTest, TheSnippetPreviewIsSmallHoweverLongTheSnippet) {
   const auto preview = windows.makeSnippetPreviewPopover();
-  preview->show(std::string(1 << 20, 'x') + std::string(1000, '\n'));
-  ASSERT_EQ(windowsUp().size(), 1U);
-  EXPECT_LE(windowsUp().front()->width(), 400);
-  EXPECT_LE(windowsUp().front()->height(), 400);
-  EXPECT_NE(windowsUp().front()->windowFlags() & Qt::WindowDoesNotAcceptFocus, 0);
+  Size size;
+  const SnippetPreviewPopover::Place place = [&size](Size wanted) {
+    size = wanted;
+    return Point{70, 40};
+  };
+  preview->show("x", place);
+  const double heightOfOneLine = size.height;
+  for (const auto& snippet : {std::string(1 << 20, 'x'), "x" + std::string(1000, '\n') + "x", std::string(50, 'i')}) {
+    preview->show(snippet, place);
+    ASSERT_EQ(windowsUp().size(), 1U);
+    const QWidget* window = windowsUp().front();
+    EXPECT_EQ(window->geometry(), QRect(70, 40, int(size.width), int(size.height)));
+    EXPECT_LE(size.width, 360);
+    EXPECT_LE(size.height, 12 * heightOfOneLine);
+    EXPECT_NE(window->windowFlags() & Qt::WindowDoesNotAcceptFocus, 0);
+  }
+  EXPECT_EQ(size.height, heightOfOneLine) << "the last is short again";
   preview->hide();
   EXPECT_TRUE(windowsUp().empty());
-  preview->show("  \n ");
+  preview->show("  \n ", place);
   EXPECT_TRUE(windowsUp().empty());
 }
 

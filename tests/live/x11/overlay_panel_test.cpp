@@ -259,6 +259,15 @@ TEST_F(OverlayPanelTest, ComesBackAfterBeingCoveredAndStaysOnTop) {
   auto panel = openPanel();
   other_.coverArea(0, 0, 640, 480);
   EXPECT_TRUE(eventually([&] { return capture(kArea).at(200, 200) == SolidRasterizer::color(0); }));
+
+  const xcb_window_t note = xcb_generate_id(connection_.get());
+  const std::uint32_t values[] = {Bystander::kColor, 1};
+  xcb_create_window(connection_.get(), XCB_COPY_FROM_PARENT, note, connection_.root(), 190, 190, 20, 20, 0,
+                    XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, XCB_CW_BACK_PIXEL | XCB_CW_OVERRIDE_REDIRECT,
+                    values);
+  xcb_map_window(connection_.get(), note);
+  drain();
+  EXPECT_EQ(capture(kArea).at(200, 200), Bystander::kColor) << "a window of our own may lie above";
 }
 
 TEST_F(ScaledOverlayTest, CentresOnThePointersPixel) {

@@ -83,6 +83,9 @@ TEST_F(ChoiceTest, ASnippetIsPreviewedWhileItIsHovered) {
   press({kKKey});
   pointAtSector(1);
   EXPECT_THAT(desktop.windows.previews, ElementsAre("hello"));
+  const Rect ring = squareAround(kPointer, 150);
+  EXPECT_FALSE(desktop.windows.previewFrame.intersects(ring));
+  EXPECT_GT(desktop.windows.previewFrame.center().y, kPointer.y) << "the snippet's sector is below";
   pointAtSector(0);
   EXPECT_THAT(desktop.windows.previews, ElementsAre("hello", ""));
   pointAtSector(1);

@@ -230,14 +230,23 @@ bool X11OverlayPanel::handleEvent(const xcb_generic_event_t& event) {
       return true;
     }
     case XCB_MAP_NOTIFY:
-      if (reinterpret_cast<const xcb_map_notify_event_t&>(event).window != window_) raiseAgain();
+      if (mayBeCoveredBy(reinterpret_cast<const xcb_map_notify_event_t&>(event).window)) return false;
+      raiseAgain();
       return false;
-    case XCB_CONFIGURE_NOTIFY:
-      if (reinterpret_cast<const xcb_configure_notify_event_t&>(event).above_sibling == window_) raiseAgain();
+    case XCB_CONFIGURE_NOTIFY: {
+      const auto& configured = reinterpret_cast<const xcb_configure_notify_event_t&>(event);
+      if (configured.above_sibling == window_ && !mayBeCoveredBy(configured.window)) raiseAgain();
       return false;
+    }
     default:
       return false;
   }
+}
+
+/// Only our own windows know where the panel is and have a reason to be above it.
+bool X11OverlayPanel::mayBeCoveredBy(xcb_window_t window) const {
+  const xcb_setup_t& setup = *xcb_get_setup(resources_.connection.get());
+  return (window & ~setup.resource_id_mask) == setup.resource_id_base;
 }
 
 // The server says of windows with an alpha channel that nothing covers them, so VisibilityNotify would not do.

@@ -73,6 +73,7 @@ class X11OverlayPanel : public OverlayPanel, private InputGrabSink {
   void updateShape() const;
   void raise() const;
   void raiseAgain();
+  bool mayBeCoveredBy(xcb_window_t window) const;
   PixelRect pixelsOf(const Rect& rect) const;
   Point inPanel(int rootX, int rootY) const;
   bool isTransparent() const { return resources_.hasAlpha && resources_.compositor.isComposited(); }
