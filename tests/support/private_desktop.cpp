@@ -42,6 +42,8 @@ std::map<std::string, std::string> privateEnvironment(const std::filesystem::pat
   return environment;
 }
 
+std::string monitorName(std::size_t index) { return "monitor" + std::to_string(index); }
+
 void require(bool came, const char* what) {
   if (!came) throw std::runtime_error(std::string("did not come up: ") + what);
 }
@@ -155,6 +157,24 @@ void PrivateDesktop::startSessionManager() {
   std::string address = readFile(announcement);
   address.pop_back();
   environment_["SESSION_MANAGER"] = address;
+}
+
+void PrivateDesktop::setMonitors(const std::vector<Area>& monitors) {
+  // The server takes no monitor under a name that it has already.
+  std::vector<std::string> removal{"xrandr"}, command{"xrandr"};
+  for (; monitorCount_ > 0; --monitorCount_) {
+    removal.insert(removal.end(), {"--delmonitor", monitorName(monitorCount_ - 1)});
+  }
+  for (const auto& [x, y, width, height] : monitors) {
+    const auto length = [](int pixels) { return std::to_string(pixels) + '/' + std::to_string(pixels / 4); };
+    const bool isFirst = monitorCount_ == 0;
+    // The server keeps a monitor of its own for an output that none of ours has.
+    command.insert(command.end(),
+                   {"--setmonitor", (isFirst ? "*" : "") + monitorName(monitorCount_++),
+                    length(width) + 'x' + length(height) + '+' + std::to_string(x) + '+' + std::to_string(y),
+                    isFirst ? "screen" : "none"});
+  }
+  require(outputOf(removal) && outputOf(command), "the monitors");
 }
 
 std::string readFile(const std::filesystem::path& path) {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "support/child_process.h"
+#include "support/x_client.h"
 #include "support/x_server.h"
 
 namespace rondora::live {
@@ -62,6 +63,8 @@ class PrivateDesktop {
   void endSession() { sessionManager_->terminate(); }
   /// What the session manager has saved to be started the next time.
   std::filesystem::path savedSession() const { return folder_.path() / ".XSM-Default"; }
+  /// Replaces the monitors of the server; the first one becomes the primary monitor.
+  void setMonitors(const std::vector<Area>& monitors);
   /// Takes the X server away from everybody on it.
   void killServer() { server_.terminate(); }
 
@@ -75,6 +78,7 @@ class PrivateDesktop {
   XServer server_;
   std::vector<std::unique_ptr<ChildProcess>> processes_;
   std::unique_ptr<ChildProcess> sessionManager_;
+  std::size_t monitorCount_ = 0;  // that we made
 };
 
 std::string readFile(const std::filesystem::path& path);

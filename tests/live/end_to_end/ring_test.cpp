@@ -26,12 +26,6 @@ Area differenceOf(const Capture& before, const Capture& after) {
   return {before.area.x + left, before.area.y + top, right - left + 1, bottom - top + 1};
 }
 
-/// Twice the distance, so that half pixels count.
-int offCentre(const Area& area, Position position) {
-  return std::max(std::abs(2 * area.x + area.width - 2 * position.x),
-                  std::abs(2 * area.y + area.height - 2 * position.y));
-}
-
 bool isReddish(std::uint32_t pixel) {
   const int red = static_cast<int>(pixel >> 16 & 0xFF), green = static_cast<int>(pixel >> 8 & 0xFF);
   return red > green + 40;

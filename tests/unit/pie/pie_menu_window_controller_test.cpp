@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
+#include <random>
 
 #include "doubles/allocation_counter.h"
 #include "doubles/fake_platform.h"
@@ -424,6 +426,42 @@ TEST_F(OverlayTest, ShowsOnScreensThatChangeOrAreMissing) {
   EXPECT_LT(ringAt({-5000, 0}), 600);  // the first
   desktop.screens.screens.clear();
   EXPECT_LT(ringAt({0, 0}), 1000);
+}
+
+/// One to three screens beside each other, of unlike size and offset, each with a panel at its top or bottom.
+std::vector<Screen> randomScreens(std::mt19937& random) {
+  const auto between = [&](int least, int most) { return std::uniform_int_distribution(least, most)(random); };
+  std::vector<Screen> screens(static_cast<std::size_t>(between(1, 3)));
+  double left = between(-3000, 500);
+  for (Screen& screen : screens) {
+    screen.frame = {{left, double(between(-1500, 800))}, {double(between(640, 3840)), double(between(480, 2160))}};
+    left = screen.frame.right() + between(0, 40);
+    const double panel = between(0, 120);
+    screen.visibleFrame = screen.frame;
+    if (between(0, 1) == 0) screen.visibleFrame.origin.y += panel;
+    screen.visibleFrame.size.height -= panel;
+  }
+  std::shuffle(screens.begin(), screens.end(), random);
+  return screens;
+}
+
+TEST_F(OverlayTest, TheCentreIsAtThePointerOnAnyScreensHoweverOftenItOpens) {
+  constexpr int kLayouts = 100;
+  constexpr int kOpenings = 100;
+  std::mt19937 random(7);
+  std::uniform_int_distribution<int> anyX(-4000, 9000), anyY(-2000, 3500);  // also where there is no screen
+  for (int layout = 0; layout < kLayouts; ++layout) {
+    desktop.screens.change(randomScreens(random));
+    for (int opening = 0; opening < kOpenings; ++opening) {
+      SCOPED_TRACE("layout " + std::to_string(layout) + ", opening " + std::to_string(opening));
+      const Point pointer{double(anyX(random)), double(anyY(random))};
+      desktop.overlay.moveTo(pointer);
+      show();
+      ASSERT_EQ(panel().frame.center(), pointer);
+      controller.hide();
+      desktop.overlay.panels.clear();
+    }
+  }
 }
 
 TEST_F(OverlayTest, EndsWithItsOwnerAndKeepsNobodyAlive) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -31,11 +32,28 @@ struct Strut {
   Side top;
   Side bottom;
 
+  bool isEmpty() const {
+    return left.thickness <= 0 && right.thickness <= 0 && top.thickness <= 0 && bottom.thickness <= 0;
+  }
+
   /// From the twelve values of _NET_WM_STRUT_PARTIAL or the four of _NET_WM_STRUT, which mean whole edges.
   static Strut fromProperty(std::span<const std::uint32_t> values);
 };
 
-/// The monitor without the struts that touch it; the monitor itself when nothing would be left.
-PixelRect visibleFrame(const PixelRect& monitor, const PixelRect& root, std::span<const Strut> struts);
+/// What tells how much of the monitors is free, from the surest to the roughest.
+struct WorkAreas {
+  /// One rectangle a monitor, as some window managers give them; those know panels that are part of the desktop shell.
+  std::vector<PixelRect> ofMonitors;
+  std::vector<Strut> struts;
+  /// _NET_WORKAREA of the present desktop, one rectangle for all monitors together: of use where there is one monitor
+  /// or where no panel keeps anything in a way that others can read.
+  std::optional<PixelRect> ofDesktop;
+};
+
+/// The four values of each rectangle one after the other.
+std::vector<PixelRect> rectsFromProperty(std::span<const std::uint32_t> values);
+
+/// The part of the monitor that panels leave free; the whole monitor when nothing would be left of it.
+PixelRect visibleFrame(const PixelRect& monitor, const PixelRect& root, const WorkAreas& areas);
 
 }  // namespace rondora::x11

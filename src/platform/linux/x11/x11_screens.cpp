@@ -12,6 +12,9 @@ namespace {
 constexpr std::uint16_t kRandrEvents = XCB_RANDR_NOTIFY_MASK_SCREEN_CHANGE | XCB_RANDR_NOTIFY_MASK_CRTC_CHANGE |
                                        XCB_RANDR_NOTIFY_MASK_OUTPUT_CHANGE | XCB_RANDR_NOTIFY_MASK_OUTPUT_PROPERTY;
 
+/// One rectangle a monitor, set by window managers of one family; there is one such property a desktop.
+constexpr const char* kWorkAreasOfDesktop0 = "_GTK_WORKAREAS_D0";
+
 bool hasMonitorsRequest(xcb_connection_t* connection) {
   const auto cookie = xcb_randr_query_version(connection, 1, 5);
   const Reply<xcb_randr_query_version_reply_t> reply(xcb_randr_query_version_reply(connection, cookie, nullptr));
@@ -27,7 +30,8 @@ X11Screens::X11Screens(XConnection& connection, MainQueue& mainQueue) : connecti
     hasMonitorsRequest_ = hasMonitorsRequest(connection.get());
     xcb_randr_select_input(connection.get(), connection.root(), kRandrEvents);
   }
-  connection.internAtoms({"_NET_CLIENT_LIST", "_NET_WORKAREA", "_NET_WM_STRUT_PARTIAL", "_NET_WM_STRUT"});
+  connection.internAtoms({"_NET_CLIENT_LIST", "_NET_WORKAREA", "_NET_CURRENT_DESKTOP", "_NET_WM_STRUT_PARTIAL",
+                          "_NET_WM_STRUT", kWorkAreasOfDesktop0});
   connection.selectRootEvents(XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY);
   root_ = readRoot();
   monitors_ = readMonitors();
@@ -51,17 +55,24 @@ std::optional<Screen> X11Screens::main() const {
 bool X11Screens::handleEvent(const xcb_generic_event_t& event) {
   const int type = event.response_type & 0x7F;
   if (type == XCB_PROPERTY_NOTIFY) {
-    const auto& property = reinterpret_cast<const xcb_property_notify_event_t&>(event);
-    const bool isAboutPanels =
-        property.atom == connection_.atom("_NET_CLIENT_LIST") || property.atom == connection_.atom("_NET_WORKAREA");
-    if (property.window == connection_.root() && isAboutPanels) struts_.reset();
+    if (isAboutPanels(reinterpret_cast<const xcb_property_notify_event_t&>(event).atom)) workAreas_.reset();
   } else if (type == XCB_CONFIGURE_NOTIFY) {
-    if (reinterpret_cast<const xcb_configure_notify_event_t&>(event).window == connection_.root()) markMonitorsStale();
+    // Reported to the root window, but perhaps of a child: the toolkit drops such an event when a later one waits, so
+    // that the last of several may stand for the root's own.
+    if (reinterpret_cast<const xcb_configure_notify_event_t&>(event).event == connection_.root()) markMonitorsStale();
   } else if (firstRandrEvent_ != 0 && (type == firstRandrEvent_ + XCB_RANDR_SCREEN_CHANGE_NOTIFY ||
                                        type == firstRandrEvent_ + XCB_RANDR_NOTIFY)) {
     markMonitorsStale();
   }
   return false;
+}
+
+/// Of the root window, or of a window that keeps space for itself.
+bool X11Screens::isAboutPanels(xcb_atom_t property) const {
+  static constexpr const char* kNames[] = {"_NET_CLIENT_LIST",      "_NET_WORKAREA", "_NET_CURRENT_DESKTOP",
+                                           "_NET_WM_STRUT_PARTIAL", "_NET_WM_STRUT", kWorkAreasOfDesktop0};
+  return std::any_of(std::begin(kNames), std::end(kNames),
+                     [&](const char* name) { return property == connection_.atom(name); });
 }
 
 // One change of the monitors comes as several events.
@@ -72,7 +83,7 @@ void X11Screens::markMonitorsStale() {
 
 void X11Screens::compareMonitors() {
   monitorsAreStale_ = false;
-  struts_.reset();
+  workAreas_.reset();
   root_ = readRoot();
   std::vector<Monitor> now = readMonitors();
   if (now == monitors_) return;
@@ -105,6 +116,18 @@ PixelRect X11Screens::readRoot() const {
   return {0, 0, connection_.screen().width_in_pixels, connection_.screen().height_in_pixels};
 }
 
+WorkAreas X11Screens::readWorkAreas() const {
+  const auto cardinals = [this](const std::string& name) {
+    return connection_.property32(connection_.root(), connection_.atom(name), XCB_ATOM_CARDINAL);
+  };
+  const auto current = cardinals("_NET_CURRENT_DESKTOP");
+  const std::size_t desktop = current.empty() ? 0 : current.front();
+  const std::vector<PixelRect> ofDesktops = rectsFromProperty(cardinals("_NET_WORKAREA"));
+  if (desktop >= ofDesktops.size()) return {{}, readStruts(), {}};
+  return {rectsFromProperty(cardinals("_GTK_WORKAREAS_D" + std::to_string(desktop))), readStruts(),
+          ofDesktops[desktop]};
+}
+
 // All windows are asked before the first answer is awaited.
 std::vector<Strut> X11Screens::readStruts() const {
   const auto windows =
@@ -126,14 +149,25 @@ std::vector<Strut> X11Screens::readStruts() const {
     const auto* values = static_cast<const std::uint32_t*>(xcb_get_property_value(reply.get()));
     const auto count = static_cast<std::size_t>(xcb_get_property_value_length(reply.get())) / sizeof(*values);
     hasPartial = isPartial && count == 12;
-    if (count >= 4) struts.push_back(Strut::fromProperty({values, count}));
+    if (count < 4) continue;
+    watch(windows[i / 2]);
+    if (const Strut strut = Strut::fromProperty({values, count}); !strut.isEmpty()) struts.push_back(strut);
   }
   return struts;
 }
 
+/// A panel that changes what it keeps changes nothing else that we would hear of. Only panels have such a property, so
+/// this is no window of the toolkit's, whose selection it would replace; it may be gone by now.
+void X11Screens::watch(xcb_window_t panel) const {
+  constexpr std::uint32_t kMask = XCB_EVENT_MASK_PROPERTY_CHANGE;
+  const auto cookie = xcb_change_window_attributes_checked(connection_.get(), panel, XCB_CW_EVENT_MASK, &kMask);
+  xcb_discard_reply(connection_.get(), cookie.sequence);
+  connection_.flush();
+}
+
 Screen X11Screens::screen(const Monitor& monitor) const {
-  if (!struts_) struts_ = readStruts();
-  return {inPoints(monitor.frame), inPoints(visibleFrame(monitor.frame, root_, *struts_))};
+  if (!workAreas_) workAreas_ = readWorkAreas();
+  return {inPoints(monitor.frame), inPoints(visibleFrame(monitor.frame, root_, *workAreas_))};
 }
 
 Rect X11Screens::inPoints(const PixelRect& rect) const {

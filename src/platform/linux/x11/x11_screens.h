@@ -38,7 +38,10 @@ class X11Screens : public Screens {
   void compareMonitors();
   std::vector<Monitor> readMonitors() const;
   PixelRect readRoot() const;
+  bool isAboutPanels(xcb_atom_t property) const;
+  WorkAreas readWorkAreas() const;
   std::vector<Strut> readStruts() const;
+  void watch(xcb_window_t panel) const;
   Screen screen(const Monitor& monitor) const;
   Rect inPoints(const PixelRect& rect) const;
 
@@ -49,7 +52,7 @@ class X11Screens : public Screens {
   PixelRect root_;
   std::vector<Monitor> monitors_;
   bool monitorsAreStale_ = false;
-  mutable std::optional<std::vector<Strut>> struts_;
+  mutable std::optional<WorkAreas> workAreas_;
   Signal<> changed_;
   Subscription eventHandler_;
   WeakSelf<X11Screens> weakSelf_{this};
