@@ -7,7 +7,7 @@ if(BUILD_TESTING OR NOT DEFINED BUILD_TESTING)
 endif()
 
 if(RONDORA_DESKTOP)
-  find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets DBus Svg)
+  find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Network Widgets DBus Svg)
   pkg_check_modules(XCB REQUIRED IMPORTED_TARGET
     xcb xcb-keysyms xcb-xkb xcb-xinput xcb-randr xcb-res xcb-shape xcb-shm xcb-xfixes xcb-xtest xcb-cursor)
   pkg_check_modules(XKBCOMMON REQUIRED IMPORTED_TARGET xkbcommon xkbcommon-x11)

@@ -11,7 +11,9 @@
 #include "actions/action_services.h"
 #include "app/app_delegate.h"
 #include "app/item_titles.h"
+#include "app/ring_warmer.h"
 #include "app/single_instance.h"
+#include "icons/favicons.h"
 #include "input/hotkey_display.h"
 #include "permissions/permissions_monitor.h"
 #include "platform/haptics.h"
@@ -39,7 +41,9 @@
 #include "ui/qt/qt_application_shell.h"
 #include "ui/qt/qt_main_queue.h"
 #include "ui/qt/qt_native_events.h"
+#include "ui/qt/qt_network_fetch.h"
 #include "ui/qt/qt_pasteboard.h"
+#include "ui/qt/qt_picture_codec.h"
 #include "ui/qt/qt_picture_rasterizer.h"
 #include "ui/qt/qt_setup.h"
 #include "ui/qt/qt_status_bar.h"
@@ -196,7 +200,10 @@ struct CompositionLinux::Program {
   x11::X11WindowList windowList{connection};
   x11::X11Workspace workspace{connection, windowList, installed, environment.bundleIdentifier()};
   x11::X11ApplicationIcons applicationIcons{installed, windowList, workspace};
-  QtPictureRasterizer rasterizer{applicationIcons};
+  QtNetworkFetch network;
+  QtPictureCodec pictureCodec;
+  Favicons favicons{{network, pictureCodec, files, clock, mainQueue}};
+  QtPictureRasterizer rasterizer{applicationIcons, [this](std::string_view site) { return favicons.picture(site); }};
   x11::X11OverlayPanels overlayPanels{connection, inputGrab, rasterizer};
   NoHaptics haptics;
   x11::XTestKeyPoster keyPoster{connection, keymap};
@@ -223,6 +230,10 @@ struct CompositionLinux::Program {
                          std::make_unique<desktop::SerialThread>(std::string(RunningAppFocus::kQueueLabel))};
   NoSubActions subActions{workspace, mainQueue};
   ItemTitles titles{workspace};
+  RingWarmer ringWarmer{
+      {config, runningAppsMenuItems, titles, workspace, rasterizer, mainQueue, connection.pixelsPerPoint()}};
+  Subscription faviconPrefetch = config.configuration().subscribe(
+      [this](const PieConfiguration& configuration) { favicons.prefetch(configuration); });
   std::optional<std::string> statusItemProblem;
   QtWindows windows{windowContents()};
   AppDelegate delegate{AppServices{mainQueue,
@@ -285,6 +296,7 @@ CompositionLinux::CompositionLinux(QApplication& application, Log& log) {
 CompositionLinux::~CompositionLinux() = default;
 
 void CompositionLinux::start() {
+  program_->favicons.onPicture = [this] { program_->ringWarmer.warm(); };
   program_->delegate.applicationDidFinishLaunching();
   presence_->instance.serve(program_->sessionRequests());
   program_->mainQueue.async([this] {

@@ -81,6 +81,7 @@ enum class IconKind {
   emoji,        // the emoji's own text, drawn in its own colours
   application,  // an application's identifier
   imageFile,    // an absolute path
+  favicon,      // the origin of a web site, such as "https://www.example.org"; empty for no site
 };
 
 struct IconCommand {

@@ -145,7 +145,7 @@ class SectorPainter {
     const std::optional<Rect> rect = contents_.iconRect(index);
     if (!rect) return;
     const Color tint = iconTint(item, look);
-    IconReference icon = IconReference::parse(item.icon);
+    IconReference icon = IconReference::of(item);
     if (icon.kind != IconKind::none) {
       list.push_back(IconCommand{icon.kind, std::move(icon.name), *rect, tint});
     } else if (!title.empty()) {

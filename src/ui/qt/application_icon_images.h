@@ -14,4 +14,8 @@ QImage applicationIconImage(const ApplicationIconSource& source, int side);
 /// An image file fitted into `side` pixels; a null image when it is missing, broken, or larger than is sensible.
 QImage imageFileImage(const QString& path, int side);
 
+/// The picture of a web site, which may be small or have any background, as a tile of `side` pixels that stands out on
+/// every colour; a null image when the file cannot be read.
+QImage faviconImage(const QString& path, int side);
+
 }  // namespace rondora

@@ -16,6 +16,7 @@ namespace {
 /// Many more than a document's menus show; then everything is made anew.
 constexpr qsizetype kLargestCache = 1024;
 constexpr std::string_view kNeutralApplication = "window";
+constexpr std::string_view kSiteWithoutPicture = "globe";
 
 bool isTinted(IconKind kind) { return kind == IconKind::symbol; }
 
@@ -23,7 +24,7 @@ QString cacheKey(const IconCommand& icon, int side) {
   QString key = toQString(icon.name);
   key += QStringLiteral("|%1|%2").arg(static_cast<int>(icon.kind)).arg(side);
   if (isTinted(icon.kind)) key += toQColor(icon.tint).name(QColor::HexArgb);
-  if (icon.kind == IconKind::imageFile) {
+  if (icon.kind == IconKind::imageFile || icon.kind == IconKind::favicon) {
     key += QString::number(QFileInfo(toQString(icon.name)).lastModified().toMSecsSinceEpoch());
   }
   return key;
@@ -31,8 +32,21 @@ QString cacheKey(const IconCommand& icon, int side) {
 
 }  // namespace
 
-QImage IconImages::image(const IconCommand& icon, int side) {
-  if (icon.kind == IconKind::none || side <= 0) return {};
+/// A site's picture is found by the file that holds it.
+IconCommand IconImages::withFile(const IconCommand& icon) const {
+  IconCommand command = icon;
+  if (const auto file = sitePicture_ ? sitePicture_(icon.name) : std::nullopt) {
+    command.name = file->string();
+  } else {
+    command.kind = IconKind::symbol;
+    command.name = kSiteWithoutPicture;
+  }
+  return command;
+}
+
+QImage IconImages::image(const IconCommand& wanted, int side) {
+  if (wanted.kind == IconKind::none || side <= 0) return {};
+  const IconCommand icon = wanted.kind == IconKind::favicon ? withFile(wanted) : wanted;
   const QString key = cacheKey(icon, side);
   if (const auto found = cache_.constFind(key); found != cache_.constEnd()) return *found;
   Found made = make(icon, side);
@@ -57,6 +71,9 @@ IconImages::Found IconImages::make(const IconCommand& icon, int side) const {
       return makeApplication(icon, side);
     case IconKind::imageFile:
       found.image = imageFileImage(toQString(icon.name), side);
+      break;
+    case IconKind::favicon:
+      found.image = faviconImage(toQString(icon.name), side);
       break;
   }
   if (found.image.isNull()) found = {symbolImage({}, side, icon.tint), false};

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <utility>
+
 #include "platform/picture_rasterizer.h"
 #include "ui/qt/icon_images.h"
 
@@ -10,7 +12,8 @@ namespace rondora {
 class QtPictureRasterizer : public PictureRasterizer {
  public:
   /// `applicationIcons` outlives this object and what it prepares.
-  explicit QtPictureRasterizer(const ApplicationIcons& applicationIcons) : icons_(applicationIcons) {}
+  explicit QtPictureRasterizer(const ApplicationIcons& applicationIcons, SitePicture sitePicture = {})
+      : icons_(applicationIcons, std::move(sitePicture)) {}
 
   std::unique_ptr<PreparedPicture> prepare(Picture picture, double pixelsPerPoint) override;
 

@@ -160,6 +160,16 @@ TEST_F(IconImagesTest, PicturesOfEveryCommonFormatAreRead) {
   }
 }
 
+TEST_F(IconImagesTest, ADrawingIsSharpAtEverySize) {
+  const QString svg = write("drawn.svg",
+                            "<svg xmlns='http://www.w3.org/2000/svg' width='4' height='4'>"
+                            "<rect width='2' height='4' fill='#ff0000'/>"
+                            "<rect x='2' width='2' height='4' fill='#0000ff'/></svg>");
+  const QImage image = icon(IconKind::imageFile, svg.toStdString());
+  EXPECT_EQ(image.pixel(kSide / 2 - 1, 5), qRgb(255, 0, 0));
+  EXPECT_EQ(image.pixel(kSide / 2, 5), qRgb(0, 0, 255));
+}
+
 TEST_F(IconImagesTest, FilesThatCannotBeTrustedGiveTheNeutralPicture) {
   const QImage neutral = icon(IconKind::imageFile, "/no/such/file.png");
   ASSERT_GT(coverage(neutral).opaquePixels, 0);

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 namespace rondora {
 namespace {
 
@@ -36,6 +38,23 @@ TEST(IconReferenceTest, TellsTheKindsApart) {
   for (const Case& c : cases) {
     EXPECT_EQ(IconReference::parse(c.icon), (IconReference{c.kind, c.name})) << c.icon;
   }
+}
+
+TEST(IconReferenceTest, AFaviconStandsForASite) {
+  const auto site = [](std::string icon, MenuAction action) {
+    PieMenuItem item;
+    item.icon = std::move(icon);
+    item.action = std::move(action);
+    const IconReference reference = IconReference::of(item);
+    EXPECT_EQ(reference.kind, IconKind::favicon);
+    return reference.name;
+  };
+  EXPECT_EQ(site("favicon:", OpenURL{"https://Example.org/a?b"}), "https://example.org");
+  EXPECT_EQ(site("favicon:", LaunchApp{"org.mozilla.firefox"}), "");
+  EXPECT_EQ(site("favicon:", OpenURL{"mailto:a@example.org"}), "");
+  EXPECT_EQ(site("favicon:example.org", OpenURL{"https://other.org"}), "https://example.org");
+  EXPECT_EQ(site("favicon:http://example.org:8080/x", Unassigned{}), "http://example.org:8080");
+  EXPECT_EQ(site("favicon:file:///etc/passwd", Unassigned{}), "");
 }
 
 TEST(IconReferenceTest, ApplicationReferencesComeBack) {

@@ -1,0 +1,140 @@
+#include "icons/favicon_cache.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstdint>
+#include <sstream>
+
+namespace rondora {
+namespace {
+
+constexpr double kMinute = 60;
+constexpr double kDay = 24 * 60 * kMinute;
+constexpr double kPictureLifetime = 30 * kDay;
+constexpr double kNoneLifetime = 7 * kDay;
+constexpr double kFirstRetry = 10 * kMinute;  // doubled each time
+constexpr double kLongestRetry = kDay;
+constexpr double kForgottenAfter = 90 * kDay;
+constexpr std::size_t kLongestName = 100;
+
+std::uint64_t fnv1a(std::string_view text) {
+  std::uint64_t hash = 0xCBF29CE484222325;
+  for (const char c : text) hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001B3;
+  return hash;
+}
+
+std::string hexadecimal(std::uint64_t number) {
+  std::string text(16, '0');
+  for (auto digit = text.rbegin(); digit != text.rend(); ++digit, number >>= 4)
+    *digit = "0123456789abcdef"[number & 15];
+  return text;
+}
+
+/// For people who look into the folder; the hash tells sites apart.
+std::string readableName(const std::string& host) {
+  std::string name = host.substr(0, kLongestName);
+  std::replace_if(
+      name.begin(), name.end(),
+      [](char c) { return !((c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '.' || c == '-'); }, '_');
+  return name;
+}
+
+constexpr char kFoundLetter = 'f';
+constexpr char kNoneLetter = 'n';
+constexpr char kUnreachableLetter = 'u';
+
+char letterOf(FaviconOutcome outcome) {
+  switch (outcome) {
+    case FaviconOutcome::found:
+      return kFoundLetter;
+    case FaviconOutcome::none:
+      return kNoneLetter;
+    case FaviconOutcome::unreachable:
+      break;
+  }
+  return kUnreachableLetter;
+}
+
+}  // namespace
+
+FaviconCache::FaviconCache(FileSystem& files, const Clock& clock)
+    : files_(files), clock_(clock), folder_(files.cachesFolder() / "Rondora" / "favicons") {}
+
+std::filesystem::path FaviconCache::fileOf(const WebAddress& site) const {
+  return folder_ / (readableName(site.host()) + "-" + hexadecimal(fnv1a(site.origin())) + ".png");
+}
+
+double FaviconCache::lifetime(const Record& record) {
+  switch (record.outcome) {
+    case FaviconOutcome::found:
+      return kPictureLifetime;
+    case FaviconOutcome::none:
+      return kNoneLifetime;
+    case FaviconOutcome::unreachable:
+      break;
+  }
+  return std::min(kFirstRetry * std::exp2(std::clamp(record.failures - 1, 0, 16)), kLongestRetry);
+}
+
+double FaviconCache::secondsUntilDue(const std::filesystem::path& file) {
+  load();
+  const auto found = records_.find(file.filename().string());
+  if (found == records_.end()) return 0;
+  const Record& record = found->second;
+  if (record.outcome == FaviconOutcome::found && !has(file)) return 0;
+  const double age = clock_.now() - record.askedAt;
+  if (!(age >= 0)) return 0;  // the clock was set back
+  return std::max(lifetime(record) - age, 0.0);
+}
+
+bool FaviconCache::note(const std::filesystem::path& file, const FaviconResult& result) {
+  load();
+  Record& record = records_[file.filename().string()];
+  record.askedAt = clock_.now();
+  record.outcome = result.outcome;
+  bool isWritten = false;
+  if (files_.createFolder(folder_)) {
+    record.outcome = FaviconOutcome::unreachable;
+  } else if (result.outcome == FaviconOutcome::found) {
+    isWritten = !files_.replaceDurably(file, result.picture);
+    if (!isWritten) record.outcome = FaviconOutcome::unreachable;
+  }
+  record.failures = record.outcome == FaviconOutcome::unreachable ? record.failures + 1 : 0;
+  write();
+  return isWritten;
+}
+
+/// One line a file: name, letter of the outcome, failures, time. Lines that cannot be read are left out.
+void FaviconCache::load() {
+  if (isLoaded_) return;
+  isLoaded_ = true;
+  std::istringstream lines(files_.read(folder_ / "index").value_or(std::string()));
+  lines.imbue(std::locale::classic());
+  for (std::string line; std::getline(lines, line);) {
+    std::istringstream fields(line);
+    fields.imbue(std::locale::classic());
+    std::string name;
+    char letter = 0;
+    Record record;
+    if (!(fields >> name >> letter >> record.failures >> record.askedAt)) continue;
+    if (letter == kFoundLetter) record.outcome = FaviconOutcome::found;
+    if (letter == kNoneLetter) record.outcome = FaviconOutcome::none;
+    records_[name] = record;
+  }
+}
+
+void FaviconCache::write() {
+  std::ostringstream lines;
+  lines.imbue(std::locale::classic());
+  lines << std::fixed;
+  lines.precision(0);
+  std::erase_if(records_, [this](const auto& entry) { return clock_.now() - entry.second.askedAt > kForgottenAfter; });
+  for (const auto& [name, record] : records_) {
+    lines << name << ' ' << letterOf(record.outcome) << ' ' << record.failures << ' ' << record.askedAt << '\n';
+  }
+  // Without it everything is asked for once more after the next start, no more than that.
+  files_.replaceDurably(folder_ / "index", lines.str());
+}
+
+}  // namespace rondora

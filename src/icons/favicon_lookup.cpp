@@ -1,0 +1,119 @@
+#include "icons/favicon_lookup.h"
+
+#include <algorithm>
+#include <string_view>
+#include <utility>
+
+#include "icons/favicon_links.h"
+
+namespace rondora {
+namespace {
+
+constexpr std::size_t kLargestPage = 256 << 10;  // bytes; a page's head lies at its beginning
+constexpr std::size_t kLargestPicture = 1 << 20;
+constexpr double kRequestTimeout = 10;  // seconds
+constexpr double kLookupTimeout = 40;
+constexpr int kMostRedirections = 5;
+constexpr std::size_t kMostCandidates = 4;
+/// Pixels: the largest icon of a ring at a fourfold density, near enough.
+constexpr int kPictureSide = 192;
+
+bool isRedirection(int status) {
+  return status == 301 || status == 302 || status == 303 || status == 307 || status == 308;
+}
+
+/// "Come back later" in one way or another.
+bool isTemporaryFailure(int status) { return status == 407 || status == 408 || status == 425 || status == 429 || status >= 500; }
+
+/// A name of the public web, as opposed to this machine, to local names and to bare addresses.
+bool isPublicName(std::string_view host) {
+  for (const std::string_view local : {".local", ".localhost", ".lan", ".internal", ".home.arpa"}) {
+    if (host.ends_with(local)) return false;
+  }
+  const auto lastDot = host.find_last_of('.', host.size() - 2);
+  if (lastDot == host.npos || lastDot + 1 == host.size() || host.front() == '[') return false;
+  const char first = host[lastDot + 1];  // a number ends an address, in whatever base it is written
+  return first < '0' || first > '9';
+}
+
+}  // namespace
+
+FaviconLookup::FaviconLookup(const Ports& ports, const WebAddress& site, Completion completion)
+    : ports_(ports), site_(site.root()), completion_(std::move(completion)) {
+  deadline_ = ports_.mainQueue.workItem(kLookupTimeout,
+                                        weakSelf_.bind([](FaviconLookup& self) { self.finish(FaviconResult{}); }));
+  get(site_, kLargestPage, &FaviconLookup::pageArrived);
+}
+
+bool FaviconLookup::mayFollow(const WebAddress& from, const WebAddress& target) {
+  if (from.isSecure() && !target.isSecure()) return false;
+  return target.host() == from.host() || isPublicName(target.host());
+}
+
+void FaviconLookup::get(const WebAddress& address, std::size_t largestBody, Handler handler) {
+  largestBody_ = largestBody;
+  handler_ = handler;
+  redirections_ = 0;
+  request(address);
+}
+
+void FaviconLookup::request(const WebAddress& address) {
+  request_ = ports_.network.fetch({address.text(), largestBody_, kRequestTimeout},
+                                  weakSelf_.bind([address](FaviconLookup& self, std::optional<FetchResponse> response) {
+                                    self.arrived(address, std::move(response));
+                                  }));
+}
+
+void FaviconLookup::arrived(const WebAddress& address, std::optional<FetchResponse> response) {
+  if (!completion_) return;
+  if (!response || isTemporaryFailure(response->status)) isTemporary_ = true;
+  if (response && isRedirection(response->status) && redirect(address, *response)) return;
+  std::optional<Answer> answer;
+  if (response && response->status == 200) answer = Answer{address, *std::move(response)};
+  (this->*handler_)(std::move(answer));
+}
+
+bool FaviconLookup::redirect(const WebAddress& from, const FetchResponse& response) {
+  if (++redirections_ > kMostRedirections || response.location.empty()) return false;
+  const auto target = from.resolve(response.location);
+  if (!target || !mayFollow(from, *target)) return false;
+  request(*target);
+  return true;
+}
+
+void FaviconLookup::pageArrived(std::optional<Answer> answer) {
+  const WebAddress page = answer ? answer->address : site_;
+  std::vector<WebAddress> addresses;
+  if (answer) addresses = faviconLinks(page, answer->response.body);
+  std::erase_if(addresses, [&page](const WebAddress& address) { return !mayFollow(page, address); });
+  if (addresses.size() > kMostCandidates) addresses.resize(kMostCandidates);
+  if (const auto usual = page.resolve("/favicon.ico")) addresses.push_back(*usual);
+  candidates_.assign(addresses.rbegin(), addresses.rend());
+  tryNextPicture();
+}
+
+void FaviconLookup::tryNextPicture() {
+  if (candidates_.empty()) {
+    return finish({isTemporary_ ? FaviconOutcome::unreachable : FaviconOutcome::none, {}});
+  }
+  const WebAddress next = std::move(candidates_.back());
+  candidates_.pop_back();
+  get(next, kLargestPicture, &FaviconLookup::pictureArrived);
+}
+
+void FaviconLookup::pictureArrived(std::optional<Answer> answer) {
+  if (answer && answer->response.isComplete) {
+    if (auto picture = ports_.codec.thumbnail(answer->response.body, kPictureSide)) {
+      return finish({FaviconOutcome::found, *std::move(picture)});
+    }
+  }
+  tryNextPicture();
+}
+
+void FaviconLookup::finish(FaviconResult result) {
+  deadline_.reset();
+  request_.reset();
+  if (const auto completion = std::exchange(completion_, nullptr)) completion(std::move(result));
+}
+
+}  // namespace rondora

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <memory>
+
+#include "platform/network_fetch.h"
+
+class QNetworkAccessManager;
+
+namespace rondora {
+
+/// Loads the toolkit's network parts with the first request.
+class QtNetworkFetch final : public NetworkFetch {
+ public:
+  QtNetworkFetch();
+  ~QtNetworkFetch() override;
+
+  /// False without any network interface that has an address; this machine itself is always reached.
+  bool canReach(std::string_view host) const override;
+  [[nodiscard]] Subscription fetch(const FetchRequest& request, Completion completion) override;
+
+ private:
+  std::unique_ptr<QNetworkAccessManager> manager_;
+};
+
+}  // namespace rondora

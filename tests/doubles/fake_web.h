@@ -1,0 +1,73 @@
+#pragma once
+
+#include <algorithm>
+#include <map>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/main_queue.h"
+#include "platform/network_fetch.h"
+#include "platform/picture_codec.h"
+
+namespace rondora {
+
+/// A web of a few addresses; every other one answers with status 404.
+class FakeWeb final : public NetworkFetch {
+ public:
+  explicit FakeWeb(MainQueue& mainQueue) : mainQueue_(mainQueue) {}
+
+  bool canReach(std::string_view) const override { return isConnected; }
+  [[nodiscard]] Subscription fetch(const FetchRequest& request, Completion completion) override {
+    asked.push_back(request.address);
+    const auto isUp = std::make_shared<bool>(true);
+    ++underway;
+    const auto end = [this, isUp] {
+      const bool wasUp = std::exchange(*isUp, false);
+      if (wasUp) --underway;
+      return wasUp;
+    };
+    const bool isSilent = silent.contains(request.address);
+    mainQueue_.after(isSilent ? request.timeout : kLatency, [this, request, end, completion = std::move(completion)] {
+      if (end()) completion(answer(request));
+    });
+    return Subscription([end] { end(); });
+  }
+  std::vector<std::string> takeAsked() { return std::exchange(asked, {}); }
+
+  std::map<std::string, FetchResponse> pages;
+  /// Addresses that never answer.
+  std::set<std::string> silent;
+  bool isConnected = true;
+  std::vector<std::string> asked;
+  int underway = 0;
+
+ private:
+  static constexpr double kLatency = 0.1;
+
+  std::optional<FetchResponse> answer(const FetchRequest& request) const {
+    if (silent.contains(request.address)) return std::nullopt;
+    const auto found = pages.find(request.address);
+    if (found == pages.end()) return FetchResponse{404, {}, {}, true};
+    FetchResponse response = found->second;
+    response.isComplete = response.body.size() <= request.largestBody;
+    response.body.resize(std::min(response.body.size(), request.largestBody));
+    return response;
+  }
+
+  MainQueue& mainQueue_;
+};
+
+/// Takes "picture ..." for a picture and answers with "png ...".
+class FakePictureCodec final : public PictureCodec {
+ public:
+  std::optional<std::string> thumbnail(std::string_view bytes, int /*side*/) override {
+    if (!bytes.starts_with("picture ")) return std::nullopt;
+    return "png " + std::string(bytes.substr(8));
+  }
+};
+
+}  // namespace rondora

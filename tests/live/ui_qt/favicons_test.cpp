@@ -1,0 +1,197 @@
+#include "icons/favicons.h"
+
+#include <gtest/gtest.h>
+
+#include <QBuffer>
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QFile>
+#include <QImage>
+#include <QTemporaryDir>
+#include <functional>
+
+#include "doubles/fake_devices.h"
+#include "doubles/fake_session.h"
+#include "doubles/virtual_time.h"
+#include "live/ui_qt/web_server.h"
+#include "platform/linux/desktop/posix_file_system.h"
+#include "ui/qt/icon_images.h"
+#include "ui/qt/qt_network_fetch.h"
+#include "ui/qt/qt_picture_codec.h"
+
+namespace rondora {
+namespace {
+
+constexpr int kPatienceMilliseconds = 15000;
+constexpr double kLongTime = 60;
+
+bool waitUntil(const std::function<bool()>& condition) {
+  QDeadlineTimer deadline(kPatienceMilliseconds);
+  while (!condition() && !deadline.hasExpired()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
+  return condition();
+}
+
+QImage filled(int side, Qt::GlobalColor color) {
+  QImage image(side, side, QImage::Format_ARGB32);
+  image.fill(color);
+  return image;
+}
+
+QByteArray encoded(const QImage& image, const char* format) {
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  buffer.open(QIODevice::WriteOnly);
+  EXPECT_TRUE(image.save(&buffer, format));
+  return bytes;
+}
+
+class WebTest : public testing::Test {
+ protected:
+  struct Ended {
+    bool hasEnded = false;
+    std::optional<FetchResponse> response;
+  };
+  /// What becomes of a request, whatever it is; fails when nothing does.
+  std::optional<FetchResponse> get(const std::string& address, std::size_t largestBody = 1 << 20,
+                                   double timeout = kLongTime) {
+    Ended ended;
+    const Subscription request =
+        network.fetch({address, largestBody, timeout}, [&ended](std::optional<FetchResponse> response) {
+          EXPECT_FALSE(ended.hasEnded);
+          ended = {true, std::move(response)};
+        });
+    EXPECT_FALSE(ended.hasEnded);
+    EXPECT_TRUE(waitUntil([&ended] { return ended.hasEnded; })) << address;
+    return ended.response;
+  }
+  std::optional<FetchResponse> getPage(const WebServer::Behaviour& behaviour, std::size_t largestBody = 1 << 20,
+                                       double timeout = kLongTime) {
+    server.pages["/page"] = behaviour;
+    return get(server.address("/page"), largestBody, timeout);
+  }
+
+  WebServer server;
+  QtNetworkFetch network;
+};
+
+TEST_F(WebTest, AnswersAreReportedAsTheyAre) {
+  const auto page = getPage(WebServer::answering("hello"));
+  ASSERT_TRUE(page);
+  EXPECT_EQ(page->status, 200);
+  EXPECT_EQ(page->body, "hello");
+  EXPECT_TRUE(page->isComplete);
+  EXPECT_EQ(get(server.address("/none"))->status, 404);
+  const auto moved =
+      getPage(WebServer::saying("HTTP/1.1 302 There\r\nLocation: /there?x\r\nContent-Length: 0\r\n\r\n"));
+  ASSERT_TRUE(moved);
+  EXPECT_EQ(moved->status, 302);
+  EXPECT_EQ(moved->location, "/there?x");
+  EXPECT_FALSE(server.requests.contains("/there"));
+  EXPECT_EQ(getPage(WebServer::saying("HTTP/1.1 503 Later\r\nContent-Length: 0\r\n\r\n"))->status, 503);
+}
+
+TEST_F(WebTest, RequestsTellNothingOfWhoAsks) {
+  qputenv("LC_ALL", "de_DE.UTF-8");
+  const auto page = WebServer::answering("hello", "Set-Cookie: who=you; Path=/\r\n");
+  getPage(page);
+  getPage(WebServer::saying("HTTP/1.1 401 Who?\r\nWWW-Authenticate: Basic realm=\"x\"\r\nContent-Length: 0\r\n\r\n"));
+  getPage(page);
+  const QByteArray requests = server.requests.toLower();
+  EXPECT_EQ(requests.count("get /page http/1.1"), 3);
+  EXPECT_EQ(requests.count("\r\naccept-language: en\r\n"), 3);
+  for (const char* header : {"cookie", "referer", "authorization", "origin:", "de-de"}) {
+    EXPECT_FALSE(requests.contains(header)) << header;
+  }
+}
+
+TEST_F(WebTest, NoBodyIsLongerThanAskedFor) {
+  const auto endless = getPage(WebServer::dripping("HTTP/1.1 200 OK\r\n\r\n", QByteArray(100000, 'x'), 0), 300000);
+  ASSERT_TRUE(endless);
+  EXPECT_EQ(endless->body.size(), 300000u);
+  EXPECT_FALSE(endless->isComplete);
+  EXPECT_TRUE(waitUntil([this] { return server.openConnections == 0; }));
+
+  // 64 MiB of nothing, packed.
+  QFile packed(RONDORA_FIXTURES "/web/zeros.gz");
+  ASSERT_TRUE(packed.open(QIODevice::ReadOnly));
+  const auto bomb = getPage(WebServer::answering(packed.readAll(), "Content-Encoding: gzip\r\n"), 1000);
+  EXPECT_TRUE(!bomb || (bomb->body.size() <= 1000 && !bomb->isComplete));
+}
+
+TEST_F(WebTest, WhatDoesNotComeInTimeOrWholeIsNoAnswer) {
+  EXPECT_FALSE(getPage([](QTcpSocket&) {}, 1000, 0.2));
+  EXPECT_FALSE(getPage(WebServer::dripping("HTTP/1.1 200 OK\r\n\r\n", "x", 10), 100000, 0.3));
+  EXPECT_FALSE(getPage(WebServer::saying("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\nshort")));
+  EXPECT_FALSE(getPage(WebServer::saying("\x16\x03 no HTTP at all")));
+  const std::string gone = WebServer().address("/");
+  EXPECT_FALSE(get(gone));
+  QTemporaryDir folder;
+  QFile file(folder.filePath("secret"));
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write("secret") > 0 && file.flush());
+  EXPECT_FALSE(get("file://" + file.fileName().toStdString()));
+  EXPECT_FALSE(get("no address"));
+}
+
+TEST_F(WebTest, ARequestCanBeGivenUp) {
+  server.pages["/page"] = [](QTcpSocket&) {};
+  bool hasEnded = false;
+  Subscription request = network.fetch({server.address("/page"), 10, kLongTime}, [&](auto) { hasEnded = true; });
+  ASSERT_TRUE(waitUntil([this] { return server.openConnections == 1 && !server.requests.isEmpty(); }));
+  request.reset();
+  EXPECT_TRUE(waitUntil([this] { return server.openConnections == 0; }));
+  EXPECT_FALSE(hasEnded);
+  EXPECT_TRUE(network.canReach("127.0.0.1"));
+  EXPECT_TRUE(network.canReach("[::1]"));
+}
+
+TEST(PictureCodecTest, MakesASmallPngOfPixelPicturesOnly) {
+  QtPictureCodec codec;
+  const auto read = [&codec](const QByteArray& bytes) {
+    const auto png = codec.thumbnail(bytes.toStdString(), 96);
+    return png ? QImage::fromData(QByteArray::fromStdString(*png), "PNG") : QImage();
+  };
+  EXPECT_EQ(read(encoded(filled(16, Qt::red), "png")).size(), QSize(16, 16));
+  EXPECT_EQ(read(encoded(filled(300, Qt::red), "jpg")).size(), QSize(96, 96));
+  EXPECT_EQ(read(encoded(filled(32, Qt::red), "ico")).pixel(5, 5), 0xFFFF0000);
+  // An ICO with 16 (red), 48 (green) and 32 pixels (blue).
+  QFile icons(RONDORA_FIXTURES "/web/three-sizes.ico");
+  ASSERT_TRUE(icons.open(QIODevice::ReadOnly));
+  const QImage chosen = read(icons.readAll());
+  EXPECT_EQ(chosen.size(), QSize(48, 48));
+  EXPECT_EQ(chosen.pixel(20, 20), 0xFF00FF00);
+
+  const QByteArray png = encoded(filled(300, Qt::red), "png");
+  EXPECT_TRUE(read(png.left(png.size() / 2)).isNull());
+  EXPECT_TRUE(read(encoded(filled(1500, Qt::red), "png")).isNull());
+  EXPECT_TRUE(read("<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>").isNull());
+  EXPECT_TRUE(read("<html>").isNull());
+  EXPECT_TRUE(read({}).isNull());
+}
+
+TEST_F(WebTest, ASitesPictureComesOverTheNetworkIntoTheCacheAndOntoARing) {
+  server.pages["/"] = WebServer::answering("<html><head><link rel=icon href=/icon.ico></head></html>");
+  server.pages["/icon.ico"] = WebServer::answering(encoded(filled(32, Qt::red), "ico"));
+  QTemporaryDir home;
+  FakeProcessEnvironment environment;
+  environment.variables["XDG_CACHE_HOME"] = home.path().toStdString();
+  desktop::PosixFileSystem files(environment);
+  VirtualTime time;
+  QtPictureCodec codec;
+  Favicons favicons({network, codec, files, time, time});
+  const FakeApplicationIcons applications;
+  IconImages images(applications, [&favicons](std::string_view site) { return favicons.picture(site); });
+  PieConfiguration configuration;
+  configuration.menus.emplace_back().items.emplace_back().icon = "favicon:" + server.address("/any");
+  const std::string site = server.address("");
+  const auto middle = [&] { return images.image({IconKind::favicon, site, {}, {0, 0, 1, 1}}, 48).pixelColor(24, 24); };
+
+  EXPECT_EQ(middle(), QColor(Qt::blue));  // a globe in the tint
+  favicons.prefetch(configuration);
+  time.advance(10);
+  ASSERT_TRUE(waitUntil([&] { return favicons.picture(site).has_value(); }));
+  EXPECT_EQ(middle(), QColor(Qt::red));
+  EXPECT_TRUE(favicons.picture(site)->string().starts_with(home.path().toStdString() + "/Rondora/favicons/127.0.0.1-"));
+}
+
+}  // namespace
+}  // namespace rondora
