@@ -22,7 +22,7 @@ class RingWarmer {
  public:
   struct Services {
     ConfigManager& config;
-    const RunningAppsMenuItems& runningAppsMenuItems;
+    RunningAppsMenuItems& runningAppsMenuItems;
     const ItemTitles& titles;
     Workspace& workspace;
     PictureRasterizer& rasterizer;
