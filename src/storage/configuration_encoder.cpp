@@ -19,6 +19,9 @@ struct NotFinite {
 /// An object that is written in the order of its fields. Throws NotFinite for a number that JSON cannot hold.
 class ObjectWriter {
  public:
+  /// Room for all fields from the start: an object that grows copies what it holds, however deep.
+  explicit ObjectWriter(std::size_t mostFields = 1) { object_.get_ref<ordered_json::object_t&>().reserve(mostFields); }
+
   ObjectWriter& field(std::string key, double number) {
     if (!std::isfinite(number)) throw NotFinite{std::move(key)};
     const bool isInteger = std::trunc(number) == number && std::abs(number) < kLargestExactInteger;
@@ -62,7 +65,7 @@ struct ActionEncoder {
     return wrapped("openURL", ObjectWriter().field("url", action.url));
   }
   ordered_json operator()(const Keystroke& action) const {
-    return wrapped("keystroke", ObjectWriter().field("keyCode", action.keyCode).field("modifiers", action.modifiers));
+    return wrapped("keystroke", ObjectWriter(2).field("keyCode", action.keyCode).field("modifiers", action.modifiers));
   }
   ordered_json operator()(const SystemShortcut& action) const {
     return wrapped("systemShortcut", ObjectWriter().field("_0", rawValue(action.kind)));
@@ -77,7 +80,7 @@ struct ActionEncoder {
 };
 
 ordered_json encodeItem(const PieMenuItem& item) {
-  return ObjectWriter()
+  return ObjectWriter(8)
       .field("id", item.id.string())
       .field("title", item.title)
       .field("icon", item.icon)
@@ -90,7 +93,7 @@ ordered_json encodeItem(const PieMenuItem& item) {
 }
 
 ordered_json encodeEntry(const AppSubMenuEntry& entry) {
-  return ObjectWriter()
+  return ObjectWriter(6)
       .field("id", entry.id.string())
       .field("kind", rawValue(entry.kind))
       .field("menuPath", ordered_json(entry.menuPath))
@@ -101,7 +104,7 @@ ordered_json encodeEntry(const AppSubMenuEntry& entry) {
 }
 
 ordered_json encodeAppSubMenu(const AppSubMenu& set) {
-  return ObjectWriter()
+  return ObjectWriter(3)
       .field("bundleIdentifier", set.bundleIdentifier)
       .field("entries", array(set.entries, encodeEntry))
       .field("rotationDegrees", set.rotationDegrees)
@@ -109,11 +112,11 @@ ordered_json encodeAppSubMenu(const AppSubMenu& set) {
 }
 
 ordered_json encodeHotkey(const HotkeyConfig& hotkey) {
-  return ObjectWriter().field("keyCode", hotkey.keyCode).field("carbonModifiers", hotkey.carbonModifiers).take();
+  return ObjectWriter(2).field("keyCode", hotkey.keyCode).field("carbonModifiers", hotkey.carbonModifiers).take();
 }
 
 ordered_json encodeLiquidGlass(const LiquidGlassSettings& glass) {
-  return ObjectWriter().field("variant", rawValue(glass.variant)).field("tintOpacity", glass.tintOpacity).take();
+  return ObjectWriter(2).field("variant", rawValue(glass.variant)).field("tintOpacity", glass.tintOpacity).take();
 }
 
 std::optional<ordered_json> encodeDefaultEntries(const PieMenu& menu) {
@@ -122,7 +125,7 @@ std::optional<ordered_json> encodeDefaultEntries(const PieMenu& menu) {
 }
 
 ordered_json encodeMenu(const PieMenu& menu) {
-  return ObjectWriter()
+  return ObjectWriter(28)
       .field("id", menu.id.string())
       .field("name", menu.name)
       .field("hotkey", encodeHotkey(menu.hotkey))
@@ -155,7 +158,7 @@ ordered_json encodeMenu(const PieMenu& menu) {
 }
 
 ordered_json encodeDocument(const PieConfiguration& configuration) {
-  return ObjectWriter()
+  return ObjectWriter(6)
       .field("schemaVersion", kCurrentSchemaVersion)
       .field("menus", array(configuration.menus, encodeMenu))
       .field("language", rawValue(configuration.language))
