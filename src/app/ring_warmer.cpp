@@ -56,6 +56,7 @@ void RingWarmer::prepare(const PieMenu& menu) const {
   const std::vector<PieMenuItem> items =
       menu.kind == PieMenuKind::runningApps ? services_.runningAppsMenuItems.build(menu) : menu.items;
   std::vector<std::string> titles;
+  titles.reserve(items.size());
   for (const PieMenuItem& item : items) titles.push_back(services_.titles.title(item));
   const auto labels = resolvedShortcutLabels(items);
   const RingLayout layout = RingLayout::make(menu, menu.rotationDegrees, items.size(), kLargestRadius);

@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <sstream>
 
+#include "base/fnv.h"
+
 namespace rondora {
 namespace {
 
@@ -17,12 +19,6 @@ constexpr double kFirstRetry = 10 * kMinute;  // doubled each time
 constexpr double kLongestRetry = kDay;
 constexpr double kForgottenAfter = 90 * kDay;
 constexpr std::size_t kLongestName = 100;
-
-std::uint64_t fnv1a(std::string_view text) {
-  std::uint64_t hash = 0xCBF29CE484222325;
-  for (const char c : text) hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001B3;
-  return hash;
-}
 
 std::string hexadecimal(std::uint64_t number) {
   std::string text(16, '0');

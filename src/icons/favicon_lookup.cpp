@@ -23,7 +23,9 @@ bool isRedirection(int status) {
 }
 
 /// "Come back later" in one way or another.
-bool isTemporaryFailure(int status) { return status == 407 || status == 408 || status == 425 || status == 429 || status >= 500; }
+bool isTemporaryFailure(int status) {
+  return status == 407 || status == 408 || status == 425 || status == 429 || status >= 500;
+}
 
 /// A name of the public web, as opposed to this machine, to local names and to bare addresses.
 bool isPublicName(std::string_view host) {

@@ -8,6 +8,7 @@
 #include <set>
 #include <string_view>
 
+#include "base/fnv.h"
 #include "base/unicode.h"
 #include "base/uuid.h"
 #include "icons/icon_reference.h"
@@ -16,14 +17,9 @@
 namespace rondora {
 namespace {
 
-std::uint64_t fnv1a(std::string_view text, std::uint64_t hash) {
-  for (const char c : text) hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001B3;
-  return hash;
-}
-
 /// A version 8 UUID made from the identifier alone.
 Uuid stableId(std::string_view bundleIdentifier) {
-  const std::uint64_t first = fnv1a(bundleIdentifier, 0xCBF29CE484222325);
+  const std::uint64_t first = fnv1a(bundleIdentifier);
   const std::array<std::uint64_t, 2> halves = {first, fnv1a(bundleIdentifier, ~first)};
   std::array<std::uint8_t, 16> bytes{};
   for (std::size_t i = 0; i < bytes.size(); ++i) bytes[i] = static_cast<std::uint8_t>(halves[i / 8] >> (8 * (i % 8)));
