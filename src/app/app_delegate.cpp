@@ -46,9 +46,13 @@ void AppDelegate::applicationDidFinishLaunching() {
   services_.mainQueue.after(kStatusItemSettlingTime, weakSelf_.bind([](AppDelegate& self) {
     self.evaluateStatusItemVisibility(HiddenStatusItem::openSettings);
   }));
+  ringWarmer_ = std::make_unique<RingWarmer>(RingWarmer::Services{
+      services_.configManager, services_.workspace, services_.mainQueue,
+      [this](const PieMenu& menu) { switchboard_->warmUp(menu); }, [this] { return switchboard_->isMenuVisible(); }});
 }
 
 void AppDelegate::applicationWillTerminate() {
+  ringWarmer_.reset();
   if (hotkeyManager_) hotkeyManager_->unregisterAll();
   trackpadGestureMonitor_.stop();
   if (services_.restoreNativeAppSwitcher) services_.restoreNativeAppSwitcher();
@@ -75,6 +79,10 @@ bool AppDelegate::trigger(std::string_view menuId) {
   }
   services_.mainQueue.async(weakSelf_.bind([id = *id](AppDelegate& self) { self.switchboard_->handleRequest(id); }));
   return true;
+}
+
+void AppDelegate::iconsChanged() {
+  if (ringWarmer_) ringWarmer_->warm();
 }
 
 void AppDelegate::subscribeLanguage() {

@@ -8,6 +8,7 @@
 
 #include "app/app_services.h"
 #include "app/menu_switchboard.h"
+#include "app/ring_warmer.h"
 #include "app/status_menu.h"
 #include "base/observable.h"
 #include "base/weak_self.h"
@@ -39,6 +40,8 @@ class AppDelegate {
   /// Another program asks for a menu: it opens (or closes what is open) as by a hotkey that can neither be held nor
   /// repeated. False when no menu has this id.
   bool trigger(std::string_view menuId);
+  /// Pictures of items are there that were not when rings were prepared.
+  void iconsChanged();
 
   TrackpadGestureMonitor& trackpadGestureMonitor() { return trackpadGestureMonitor_; }
   /// Null before the launch.
@@ -72,6 +75,7 @@ class AppDelegate {
   TrackpadGestureMonitor trackpadGestureMonitor_;
   std::set<std::int64_t> activeTrackpadFingerCounts_;
   std::unique_ptr<MenuSwitchboard> switchboard_;
+  std::unique_ptr<RingWarmer> ringWarmer_;
   std::unique_ptr<HotkeyManager> hotkeyManager_;
   std::unique_ptr<GrabbedKeyRouter> grabbedKeyRouter_;
   Subscription grabbedKeyMonitor_;

@@ -11,7 +11,6 @@
 #include "actions/action_services.h"
 #include "app/app_delegate.h"
 #include "app/item_titles.h"
-#include "app/ring_warmer.h"
 #include "app/single_instance.h"
 #include "icons/favicons.h"
 #include "input/hotkey_display.h"
@@ -230,8 +229,6 @@ struct CompositionLinux::Program {
                          std::make_unique<desktop::SerialThread>(std::string(RunningAppFocus::kQueueLabel))};
   NoSubActions subActions{workspace, mainQueue};
   ItemTitles titles{workspace};
-  RingWarmer ringWarmer{
-      {config, runningAppsMenuItems, titles, workspace, rasterizer, mainQueue, connection.pixelsPerPoint()}};
   Subscription faviconPrefetch = config.configuration().subscribe(
       [this](const PieConfiguration& configuration) { favicons.prefetch(configuration); });
   std::optional<std::string> statusItemProblem;
@@ -296,7 +293,7 @@ CompositionLinux::CompositionLinux(QApplication& application, Log& log) {
 CompositionLinux::~CompositionLinux() = default;
 
 void CompositionLinux::start() {
-  program_->favicons.onPicture = [this] { program_->ringWarmer.warm(); };
+  program_->favicons.onPicture = [this] { program_->delegate.iconsChanged(); };
   program_->delegate.applicationDidFinishLaunching();
   presence_->instance.serve(program_->sessionRequests());
   program_->mainQueue.async([this] {

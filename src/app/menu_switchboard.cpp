@@ -116,12 +116,20 @@ void MenuSwitchboard::stepHighlight() {
 
 void MenuSwitchboard::show(const PieMenu& menu, const HotkeyConfig& triggerHotkey,
                            std::optional<PieMenuWindowController::AppCommands> appCommands) {
-  std::optional<std::vector<PieMenuItem>> itemsOverride;
   showsRunningApps_ = menu.kind == PieMenuKind::runningApps;
-  if (showsRunningApps_) itemsOverride = services_.runningAppsMenuItems.build(menu);
-  pieMenuWindow_->show(menu, std::move(itemsOverride),
+  pieMenuWindow_->show(menu, itemsOverride(menu),
                        repeats(triggerHotkey) ? std::optional(triggerHotkey) : std::nullopt, std::move(appCommands));
   if (triggerHotkey.hasModifiers()) armModifierReleaseDismissal(triggerHotkey);
+}
+
+std::optional<std::vector<PieMenuItem>> MenuSwitchboard::itemsOverride(const PieMenu& menu) const {
+  if (menu.kind != PieMenuKind::runningApps) return std::nullopt;
+  return services_.runningAppsMenuItems.build(menu);
+}
+
+void MenuSwitchboard::warmUp(const PieMenu& menu) const {
+  if (menu.kind == PieMenuKind::appCommands) return;  // which commands there are is not known before
+  pieMenuWindow_->warmUp(menu, itemsOverride(menu));
 }
 
 void MenuSwitchboard::armModifierReleaseDismissal(const HotkeyConfig& hotkey) {

@@ -36,6 +36,8 @@ class MenuSwitchboard {
   /// Closes a special menu that `configuration` has switched off.
   void dismissRunningAppsMenuIfDisabled(const PieConfiguration& configuration);
   void prefetchAppCommands(const RunningApplication& application);
+  /// Makes the menu's first opening as quick as the later ones.
+  void warmUp(const PieMenu& menu) const;
 
   bool isMenuVisible() const { return pieMenuWindow_->isVisible(); }
   /// The menu on screen is one of these.
@@ -60,6 +62,8 @@ class MenuSwitchboard {
   void rememberFrontmostApplication();
   void togglePieMenu(const PieMenu& menu, const HotkeyConfig& triggerHotkey);
   void stepHighlight();
+  /// The sectors of a menu that fills them by itself; nothing for one that holds them.
+  std::optional<std::vector<PieMenuItem>> itemsOverride(const PieMenu& menu) const;
   void show(const PieMenu& menu, const HotkeyConfig& triggerHotkey,
             std::optional<PieMenuWindowController::AppCommands> appCommands);
   void showAppCommands(const PieMenu& menu, const HotkeyConfig& triggerHotkey);

@@ -1,20 +1,15 @@
 #include "app/ring_warmer.h"
 
 #include <algorithm>
-#include <string>
 #include <utility>
-
-#include "pie/quick_select.h"
-#include "pie/ring_layout.h"
-#include "pie/ring_picture.h"
 
 namespace rondora {
 namespace {
 
-constexpr double kQuietTime = 1;  // seconds without a reason to start over
-constexpr double kPause = 0.02;   // between two menus, for whatever else is waiting
+constexpr double kQuietTime = 1;        // seconds without a reason to start over
+constexpr double kPause = 0.02;         // between two menus, for whatever else is waiting
+constexpr double kOpenRingPause = 0.5;  // until a ring may have been closed
 constexpr std::size_t kMostMenus = 32;
-constexpr double kLargestRadius = 10000;  // points: no screen sets a limit here
 
 }  // namespace
 
@@ -35,32 +30,29 @@ void RingWarmer::waitForQuiet() {
 }
 
 void RingWarmer::begin() {
-  const bool all = std::exchange(isDocumentDue_, false);
   waiting_.clear();
   for (const PieMenu& menu : services_.config.current().menus) {
-    if ((all || menu.kind == PieMenuKind::runningApps) && waiting_.size() < kMostMenus) waiting_.push_back(menu);
+    const bool isDue = isDocumentDue_ || menu.kind == PieMenuKind::runningApps;
+    if (isDue && menu.isEnabled() && waiting_.size() < kMostMenus) waiting_.push_back(menu);
   }
   std::reverse(waiting_.begin(), waiting_.end());
-  warmNext();
+  takeTurn();
 }
 
-void RingWarmer::warmNext() {
-  if (waiting_.empty()) return;
+void RingWarmer::takeTurnIn(double seconds) {
+  next_ = services_.mainQueue.workItem(seconds, weakSelf_.bind([](RingWarmer& self) { self.takeTurn(); }));
+}
+
+void RingWarmer::takeTurn() {
+  if (waiting_.empty()) {
+    isDocumentDue_ = false;
+    return;
+  }
+  if (services_.isRingOpen()) return takeTurnIn(kOpenRingPause);
   const PieMenu menu = std::move(waiting_.back());
   waiting_.pop_back();
-  prepare(menu);
-  next_ = services_.mainQueue.workItem(kPause, weakSelf_.bind([](RingWarmer& self) { self.warmNext(); }));
-}
-
-void RingWarmer::prepare(const PieMenu& menu) const {
-  const std::vector<PieMenuItem> items =
-      menu.kind == PieMenuKind::runningApps ? services_.runningAppsMenuItems.build(menu) : menu.items;
-  std::vector<std::string> titles;
-  titles.reserve(items.size());
-  for (const PieMenuItem& item : items) titles.push_back(services_.titles.title(item));
-  const auto labels = resolvedShortcutLabels(items);
-  const RingLayout layout = RingLayout::make(menu, menu.rotationDegrees, items.size(), kLargestRadius);
-  services_.rasterizer.prepare(makeRingPicture(menu, layout, {items, titles, labels}), services_.pixelsPerPoint);
+  services_.prepare(menu);
+  takeTurnIn(kPause);
 }
 
 }  // namespace rondora

@@ -1,37 +1,34 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <vector>
 
-#include "app/item_titles.h"
 #include "base/observable.h"
 #include "base/weak_self.h"
 #include "model/pie_menu.h"
 #include "platform/main_queue.h"
-#include "platform/picture_rasterizer.h"
 #include "platform/workspace.h"
-#include "running_apps/running_apps_menu_items.h"
 #include "storage/config_manager.h"
 
 namespace rondora {
 
-/// Prepares the ring of every menu once in a quiet moment and throws it away, so that icons and letters are ready when
-/// the user opens it: after the start, after a change of the document, and when told. The rings that running
-/// applications fill are prepared after another one came to the front, too. Main thread.
+/// Has the ring of every enabled menu prepared once in a quiet moment, one a turn of the main queue, so that the first
+/// opening costs what the later ones cost: after the start, after a change of the document, and when told. The rings
+/// that running applications fill are prepared after another one came to the front, too. Main thread.
 class RingWarmer {
  public:
   struct Services {
     ConfigManager& config;
-    RunningAppsMenuItems& runningAppsMenuItems;
-    const ItemTitles& titles;
     Workspace& workspace;
-    PictureRasterizer& rasterizer;
     MainQueue& mainQueue;
-    /// Of the screens that rings open on.
-    double pixelsPerPoint = 1;
+    /// Makes everything that showing the menu will need.
+    std::function<void(const PieMenu&)> prepare;
+    /// Somebody would have to wait for a preparation now.
+    std::function<bool()> isRingOpen;
   };
 
-  /// All services outlive this.
+  /// All services outlive this, whose end cancels what is still to be done.
   explicit RingWarmer(const Services& services);
 
   /// Starts over when the next quiet moment comes.
@@ -40,10 +37,11 @@ class RingWarmer {
  private:
   void begin();
   void waitForQuiet();
-  void warmNext();
-  void prepare(const PieMenu& menu) const;
+  void takeTurnIn(double seconds);
+  void takeTurn();
 
   Services services_;
+  /// The document's rings have not all been prepared since it changed.
   bool isDocumentDue_ = false;
   std::vector<PieMenu> waiting_;  // the next one last
   Subscription next_;

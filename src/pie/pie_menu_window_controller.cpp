@@ -34,6 +34,12 @@ double largestRadius(const std::optional<Screen>& screen) {
   return std::max(40.0, std::min(size.width, size.height) / 2);
 }
 
+std::vector<PieMenuItem> inRingOrder(std::vector<PieMenuItem> items) {
+  std::stable_sort(items.begin(), items.end(),
+                   [](const PieMenuItem& a, const PieMenuItem& b) { return a.sectorIndex < b.sectorIndex; });
+  return items;
+}
+
 bool allHeld(std::uint64_t flags, std::uint64_t required) {
   return (flags & event_flags::kDeviceIndependentMask & required) == required;
 }
@@ -61,15 +67,21 @@ void PieMenuWindowController::show(const PieMenu& menu, std::optional<std::vecto
   restingPlace_ = showMouseLocation_;
 }
 
+void PieMenuWindowController::warmUp(const PieMenu& menu, std::optional<std::vector<PieMenuItem>> itemsOverride) const {
+  const auto items = inRingOrder(itemsOverride ? *std::move(itemsOverride) : menu.items);
+  const double largest = largestRadius(screenAt(ports_.screens, ports_.pointer.location()));
+  const RingLayout layout = RingLayout::make(menu, menu.rotationDegrees, items.size(), largest);
+  ports_.overlayPanels.warmUp(
+      makeRingPicture(menu, layout, {items, displayTitles(items), resolvedShortcutLabels(items)}));
+}
+
 void PieMenuWindowController::chooseSectors(const PieMenu& menu, std::optional<std::vector<PieMenuItem>> itemsOverride,
                                             std::optional<AppCommands> appCommands) {
   if (appCommands) {
     displayedItems_ = AppCommandsMenuItems::build(appCommands->commands);
     displayedCommands_ = std::move(appCommands->commands);
   } else {
-    displayedItems_ = itemsOverride ? *std::move(itemsOverride) : menu.items;
-    std::stable_sort(displayedItems_.begin(), displayedItems_.end(),
-                     [](const PieMenuItem& a, const PieMenuItem& b) { return a.sectorIndex < b.sectorIndex; });
+    displayedItems_ = inRingOrder(itemsOverride ? *std::move(itemsOverride) : menu.items);
   }
   displayedShortcutLabels_ = ShortcutLabels(resolvedShortcutLabels(displayedItems_));
   displayedMenuId_ = menu.id;
@@ -84,7 +96,7 @@ void PieMenuWindowController::makePanel(const PieMenu& menu, double rotationDegr
   window_ = std::make_unique<PieView>(
       PieView::Ports{ports_.overlayPanels, ports_.pointer, ports_.haptics, ports_.mainQueue, ports_.clock},
       squareAround(pointer, layout.halfSide()),
-      makeRingPicture(menu, layout, {displayedItems_, displayTitles(), displayedShortcutLabels_.labels()}),
+      makeRingPicture(menu, layout, {displayedItems_, displayTitles(displayedItems_), displayedShortcutLabels_.labels()}),
       displayedItems_.size());
   visibleFrame_ = screen ? screen->visibleFrame : window_->frame();
   MouseTrackingNSView& tracking = window_->tracking();
@@ -115,10 +127,10 @@ void PieMenuWindowController::wireView() {
       }));
 }
 
-std::vector<std::string> PieMenuWindowController::displayTitles() const {
+std::vector<std::string> PieMenuWindowController::displayTitles(const std::vector<PieMenuItem>& items) const {
   std::vector<std::string> titles;
-  titles.reserve(displayedItems_.size());
-  for (const PieMenuItem& item : displayedItems_) {
+  titles.reserve(items.size());
+  for (const PieMenuItem& item : items) {
     titles.push_back(environment_.displayTitle ? environment_.displayTitle(item) : item.title);
   }
   return titles;

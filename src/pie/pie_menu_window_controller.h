@@ -66,6 +66,8 @@ class PieMenuWindowController {
   /// Replaces what is shown, without `onHide`.
   void show(const PieMenu& menu, std::optional<std::vector<PieMenuItem>> itemsOverride,
             std::optional<HotkeyConfig> navigationHotkeyForChordRepeat, std::optional<AppCommands> appCommands);
+  /// Makes the first `show` of the menu as quick as the later ones.
+  void warmUp(const PieMenu& menu, std::optional<std::vector<PieMenuItem>> itemsOverride) const;
   /// Does nothing when nothing is shown.
   void hide();
   bool isVisible() const;
@@ -102,7 +104,7 @@ class PieMenuWindowController {
                      std::optional<AppCommands> appCommands);
   void makePanel(const PieMenu& menu, double rotationDegrees);
   void wireView();
-  std::vector<std::string> displayTitles() const;
+  std::vector<std::string> displayTitles(const std::vector<PieMenuItem>& items) const;
   void installMonitors();
   bool handleKeyDown(const KeyEvent& event);
   bool repeatsOpeningKey(const KeyEvent& event) const;

@@ -71,6 +71,8 @@ class OverlayPanels {
   /// `frame` is in the coordinate space of the screens. `sink` outlives the panel.
   virtual std::unique_ptr<OverlayPanel> makePanel(const OverlayPanelStyle& style, const Rect& frame,
                                                   OverlayPanelSink& sink) = 0;
+  /// Does now what a panel's first showing of this picture would otherwise wait for. Shows nothing.
+  virtual void warmUp(Picture picture) = 0;
 };
 
 }  // namespace rondora

@@ -31,6 +31,7 @@ class FakeOverlayPanels final : public OverlayPanels, public Pointer {
 
   std::unique_ptr<OverlayPanel> makePanel(const OverlayPanelStyle& style, const Rect& frame,
                                           OverlayPanelSink& sink) override;
+  void warmUp(Picture picture) override { warmedUp.push_back(std::move(picture)); }
 
   Point location() const override { return location_; }
   void setCursor(CursorShape shape) override { cursors.push_back(shape); }
@@ -44,6 +45,8 @@ class FakeOverlayPanels final : public OverlayPanels, public Pointer {
   const PanelRecord* keyPanel() const;
   bool holdsKeyboard() const { return keyPanel() != nullptr; }
 
+  /// Pictures that were asked to be made ready.
+  std::vector<Picture> warmedUp;
   /// Every panel ever made, oldest first.
   std::vector<std::shared_ptr<PanelRecord>> panels;
   std::vector<CursorShape> cursors;

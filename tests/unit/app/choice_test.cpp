@@ -65,6 +65,22 @@ TEST_F(ChoiceTest, LaunchingRunsAtOnceAndDoesNotGoBackFirst) {
   EXPECT_EQ(frontApplication(), "org.example.browser");
 }
 
+TEST_F(ChoiceTest, AddressesAndSystemActionsRunAtOnceAndDoNotGoBackFirst) {
+  const std::string overview = "/System/Applications/Mission Control.app";
+  desktop.workspace.systemPaths.insert(overview);
+  PieMenu other = menu("other", {kKKey, 0});
+  other.items[0].action = OpenURL{"https://example.org"};
+  other.items[1].action = SystemShortcut{MacOSSystemActionKind::missionControl};
+  useMenus({other});
+  choose(0);
+  EXPECT_THAT(desktop.workspace.openedUrls, ElementsAre("https://example.org"));
+  desktop.overlay.moveTo(kPointer);
+  choose(1);
+  EXPECT_THAT(desktop.workspace.openedApplications, ElementsAre(overview));
+  EXPECT_THAT(desktop.workspace.activationRequests, IsEmpty());
+  EXPECT_EQ(frontApplication(), "org.example.browser");
+}
+
 TEST_F(ChoiceTest, WithoutAPreviousApplicationAKeystrokeGoesToWhatIsInFrontNow) {
   desktop.workspace.leaveAll();
   choose(2);

@@ -1,68 +1,82 @@
-#include "app/ring_warmer.h"
-
 #include <gmock/gmock.h>
 
-#include <set>
-#include <string>
-#include <variant>
+#include <algorithm>
 
 #include "unit/app/program.h"
 
 namespace rondora {
 namespace {
 
-using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::SizeIs;
 
 class RingWarmerTest : public ProgramTest {
  protected:
-  /// The icons of each ring that was prepared since the last call.
-  std::vector<std::set<std::string>> takePrepared() {
-    std::vector<std::set<std::string>> rings;
-    for (const Picture& picture : std::exchange(desktop.rasterizer.prepared, {})) {
-      auto& icons = rings.emplace_back();
-      for (const PictureLayer& layer : picture.layers) {
-        for (const DisplayList& state : layer.states) {
-          for (const DisplayCommand& command : state) {
-            if (const auto* icon = std::get_if<IconCommand>(&command)) icons.insert(icon->name);
-          }
-        }
-      }
-    }
-    return rings;
+  RingWarmerTest() {
+    useMenus({menu("first", {49, kControlOption}), runningAppsMenu({kKKey, 0})});
+    launch();
   }
 
-  ItemTitles titles{desktop.workspace};
+  const std::vector<Picture>& prepared() const { return desktop.overlay.warmedUp; }
+  bool isPrepared(const Picture& picture) const {
+    return std::find(prepared().begin(), prepared().end(), picture) != prepared().end();
+  }
+  /// What was prepared since the last call, once nothing more is due.
+  std::size_t preparedMeanwhile() {
+    desktop.time.advance(10);
+    return std::exchange(desktop.overlay.warmedUp, {}).size();
+  }
 };
 
-TEST_F(RingWarmerTest, PreparesEveryRingInAQuietMomentAndAgainWhenItWouldDiffer) {
-  PieMenu main = menu("Main", {});
-  main.items.resize(1);
-  main.items.front().icon = "star.fill";
-  useMenus({main, runningAppsMenu({})});
-  RingWarmer warmer({program.configManager, program.runningAppsMenuItems, titles, desktop.workspace, desktop.rasterizer,
-                     desktop.time, 2});
-  desktop.time.advance(0.9);
-  EXPECT_THAT(takePrepared(), IsEmpty());
+TEST_F(RingWarmerTest, WhatTheMenusWillShowIsPreparedInAQuietMomentOneMenuATurn) {
+  desktop.time.advance(0.99);
+  EXPECT_THAT(prepared(), IsEmpty());
+  desktop.time.advance(0.01);
+  EXPECT_THAT(prepared(), SizeIs(1));
+  desktop.time.advance(0.02);
+  EXPECT_THAT(prepared(), SizeIs(2));
   desktop.time.advance(10);
-  const std::set<std::string> star = {"star.fill"};
-  const std::set<std::string> running = {editor.bundleIdentifier.value(), browser.bundleIdentifier.value()};
-  EXPECT_THAT(takePrepared(), ElementsAre(star, running, IsEmpty()));
+  EXPECT_THAT(prepared(), SizeIs(2)) << "the sectors of the third menu are not known before it opens";
 
-  desktop.workspace.activate(browser);
-  desktop.time.advance(10);
-  EXPECT_THAT(takePrepared(), ElementsAre(running));
+  press({Key::kControlKey, Key::kOptionKey, Key::kSpaceKey});
+  EXPECT_TRUE(isPrepared(desktop.overlay.keyPanel()->picture));
+  release({Key::kSpaceKey, Key::kOptionKey, Key::kControlKey});
+  press({kKKey});
+  EXPECT_TRUE(isPrepared(desktop.overlay.keyPanel()->picture));
+}
 
-  warmer.warm();
-  desktop.workspace.activate(editor);
-  desktop.time.advance(0.9);
-  warmer.warm();
+TEST_F(RingWarmerTest, NobodyWaitsForItWhileAMenuIsOpen) {
+  press({kKKey});
   desktop.time.advance(10);
-  EXPECT_EQ(takePrepared().size(), 3u);
-  main.items.front().icon = "globe";
-  useMenus({main});
-  desktop.time.advance(10);
-  EXPECT_EQ(takePrepared().front(), std::set<std::string>{"globe"});
+  EXPECT_THAT(prepared(), IsEmpty());
+  release({kKKey});
+  EXPECT_EQ(preparedMeanwhile(), 2U);
+}
+
+TEST_F(RingWarmerTest, StartsOverWhenARingWouldDifferAndLosesNothingThatWasDue) {
+  desktop.time.advance(1);
+  ASSERT_THAT(prepared(), SizeIs(1));
+  desktop.workspace.bringForward(browser.processIdentifier);
+  EXPECT_EQ(preparedMeanwhile(), 3U);
+  desktop.workspace.bringForward(editor.processIdentifier);
+  EXPECT_EQ(preparedMeanwhile(), 1U) << "the ring of the running applications";
+  program.delegate.iconsChanged();
+  EXPECT_EQ(preparedMeanwhile(), 2U);
+}
+
+TEST_F(RingWarmerTest, ChangesThatFollowEachOtherArePreparedOnceAndADisabledMenuNever) {
+  preparedMeanwhile();
+  PieMenu disabled = runningAppsMenu({kKKey, 0});
+  disabled.runningAppsMenuEnabled = false;
+  for (const char* name : {"a", "b", "c"}) {
+    useMenus({menu(name, {49, kControlOption}), disabled});
+    desktop.time.advance(0.5);
+  }
+  EXPECT_EQ(preparedMeanwhile(), 1U);
+
+  useMenus({menu("d", {49, kControlOption})});
+  program.delegate.applicationWillTerminate();
+  EXPECT_EQ(preparedMeanwhile(), 0U);
 }
 
 }  // namespace

@@ -307,6 +307,24 @@ TEST_F(SharedTriggerTest, ARequestForNoMenuIsRefusedWithOneLine) {
                           FakeLog::Line{LogLevel::error, "trigger skipped: this is no menu's id"}));
 }
 
+/// No hot-key service has the Fn key, so the test says when it is pressed.
+TEST_F(SharedTriggerTest, FnAloneIsHeldAndLetGoToChooseAndNeverSteps) {
+  useMenus({menu("fn", {kFnKeyCode, 0})});
+  const AppServices services = program.services();
+  MenuSwitchboard switchboard(services);
+  switchboard.handleHotkeyPressed({0});
+  ASSERT_EQ(shownMenu(), "fn");
+  pointAtSector(0);
+  switchboard.handleHotkeyReleased({0});
+  EXPECT_FALSE(isMenuUp());
+  EXPECT_EQ(frontApplication(), "org.example.browser");
+
+  switchboard.handleHotkeyPressed({0});
+  switchboard.handleHotkeyPressed({0});
+  EXPECT_FALSE(isMenuUp());
+  EXPECT_EQ(desktop.overlay.panels.size(), 2U);
+}
+
 TEST_F(SharedTriggerTest, ATakenHotkeyIsReportedAndNowhereElse) {
   desktop.keyboard.foreignOwners.insert({49, 0x1800});
   useMenus({menu("taken", {49, kControlOption}), menu("plain", {kKKey, 0})});

@@ -109,6 +109,7 @@ class X11OverlayPanels : public OverlayPanels {
   /// The style's numbers are met by every panel: above all windows, on every desktop, never active.
   std::unique_ptr<OverlayPanel> makePanel(const OverlayPanelStyle& style, const Rect& frame,
                                           OverlayPanelSink& sink) override;
+  void warmUp(Picture picture) override;
 
  private:
   CompositorWatch compositor_;

@@ -1,4 +1,5 @@
 #include <string_view>
+#include <utility>
 
 #include "platform/linux/x11/x11_overlay_panel.h"
 
@@ -41,6 +42,10 @@ X11OverlayPanels::~X11OverlayPanels() {
 std::unique_ptr<OverlayPanel> X11OverlayPanels::makePanel(const OverlayPanelStyle& /*style*/, const Rect& frame,
                                                           OverlayPanelSink& sink) {
   return std::make_unique<X11OverlayPanel>(resources_, frame, sink);
+}
+
+void X11OverlayPanels::warmUp(Picture picture) {
+  resources_.rasterizer.prepare(std::move(picture), resources_.connection.pixelsPerPoint());
 }
 
 }  // namespace rondora::x11
