@@ -64,7 +64,6 @@ void PieMenuWindowController::show(const PieMenu& menu, std::optional<std::vecto
   installMonitors();
   window_->open(OpeningAnimation::lasting(menu.animationDuration));
   showMouseLocation_ = ports_.pointer.location();
-  restingPlace_ = showMouseLocation_;
 }
 
 void PieMenuWindowController::warmUp(const PieMenu& menu, std::optional<std::vector<PieMenuItem>> itemsOverride) const {
@@ -89,6 +88,7 @@ void PieMenuWindowController::chooseSectors(const PieMenu& menu, std::optional<s
 
 void PieMenuWindowController::makePanel(const PieMenu& menu, double rotationDegrees) {
   const Point pointer = ports_.pointer.location();
+  restingPlace_ = pointer;
   const std::optional<Screen> screen = screenAt(ports_.screens, pointer);
   const double largest = largestRadius(screen);
   const RingLayout layout = RingLayout::make(menu, rotationDegrees, displayedItems_.size(), largest);

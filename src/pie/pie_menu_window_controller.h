@@ -76,6 +76,8 @@ class PieMenuWindowController {
   const std::optional<Uuid>& displayedMenuId() const { return displayedMenuId_; }
   /// Around the item that `onHoverChanged` named last; nothing while none is hovered.
   std::optional<PreviewSurroundings> hoveredSurroundings() const;
+  /// Where the pointer was when the last `show` ended: beside the ring's centre after a quick flick.
+  Point showMouseLocation() const { return showMouseLocation_; }
   /// Moves the highlight one sector on; steps less than 0.018 s apart count as one.
   void advanceRunningAppsSelection();
 

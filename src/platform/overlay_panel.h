@@ -57,7 +57,8 @@ class OverlayPanel {
 
   /// Shows the panel above everything else, whatever application is active.
   virtual void orderFrontRegardless() = 0;
-  /// From here on keyboard and pointer belong to the panel.
+  /// From here on keyboard and pointer belong to the panel. Where the pointer is once it does so is reported as a move,
+  /// at once or later: before that nobody told the panel where it went.
   virtual void makeKey() = 0;
   virtual bool isVisible() const = 0;
   /// Where the pointer is now, outside the event stream.

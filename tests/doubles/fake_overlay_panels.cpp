@@ -40,7 +40,8 @@ void FakeOverlayPanel::makeKey() {
   if (!owner_.refusesGrab) {
     for (auto& other : owner_.living_) other.record->isKey = false;
     record_->isKey = true;
-    return;
+    if (owner_.flick) owner_.location_ = *std::exchange(owner_.flick, std::nullopt);
+    return sink_.pointerMoved(mouseLocationOutsideOfEventStream());
   }
   owner_.queue_.async([weak = std::weak_ptr<PanelRecord>(record_), sink = &sink_] {
     if (const auto record = weak.lock(); record && !record->isGone) sink->panelLost();

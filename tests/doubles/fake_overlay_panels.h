@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "platform/main_queue.h"
@@ -54,6 +55,8 @@ class FakeOverlayPanels final : public OverlayPanels, public Pointer {
   int clicksOnDesktop = 0;
   /// Another program holds the keyboard: the panel reports on a later turn that it is lost.
   bool refusesGrab = false;
+  /// Where the user moves the pointer after a panel is on screen and before it has the pointer.
+  std::optional<Point> flick;
 
  private:
   friend class FakeOverlayPanel;

@@ -371,6 +371,19 @@ TEST_F(ReleaseTest, AReleaseBeforeTheWatchIsNotLost) {
   EXPECT_EQ(takeNotes(), Notes{"released"});
 }
 
+TEST_F(ReleaseTest, AFlickBeforeThePanelHasThePointerChooses) {
+  desktop.keyboard.press(FakeKeyboard::kOptionKey);
+  desktop.overlay.flick = kOpenedAt + Point{100, 1};
+  show(kOptionSpace);
+  arm(kOptionSpace);
+  desktop.keyboard.releaseUnseen(FakeKeyboard::kOptionKey);
+  desktop.time.runUntilIdle();
+  EXPECT_EQ(takeNotes(), Notes{"released"});
+  EXPECT_EQ(selectedItem(), Index(1));
+  EXPECT_EQ(panel().frame.center(), kOpenedAt);
+  EXPECT_EQ(controller.showMouseLocation(), kOpenedAt + (Point{100, 1}));
+}
+
 TEST_F(ReleaseTest, NothingIsArmedWithoutModifiersOrAfterTheShowing) {
   show();
   arm(HotkeyConfig{FakeKeyboard::kSpaceKey, 0});

@@ -36,11 +36,13 @@ void X11InputGrab::take(InputGrabSink& sink) {
   attempt(connection_.lastEventTime());
 }
 
-// Both requests go out, with whatever was asked for before them, before the first answer is awaited.
+// All requests go out, with whatever was asked for before them, before the first answer is awaited. The pointer's place
+// is asked for behind its grab: motion before that was reported to somebody else.
 void X11InputGrab::attempt(xcb_timestamp_t time) {
   ++attempts_;
   std::optional<xcb_grab_keyboard_cookie_t> keyboard;
   std::optional<xcb_grab_pointer_cookie_t> pointer;
+  xcb_query_pointer_cookie_t place{};
   xcb_connection_t* connection = connection_.get();
   if (!hasKeyboard_) {
     keyboard = xcb_grab_keyboard(connection, 0, connection_.root(), time, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
@@ -48,6 +50,7 @@ void X11InputGrab::attempt(xcb_timestamp_t time) {
   if (!hasPointer_) {
     pointer = xcb_grab_pointer(connection, 0, connection_.root(), kPointerEvents, XCB_GRAB_MODE_ASYNC,
                                XCB_GRAB_MODE_ASYNC, XCB_WINDOW_NONE, cursor_, time);
+    place = xcb_query_pointer(connection, connection_.root());
   }
   connection_.flush();
   if (keyboard) {
@@ -59,6 +62,9 @@ void X11InputGrab::attempt(xcb_timestamp_t time) {
     hasPointer_ = reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
   }
   if (!hasKeyboard_ || !hasPointer_) retryLater();
+  if (!pointer) return;
+  const Reply<xcb_query_pointer_reply_t> reply(xcb_query_pointer_reply(connection, place, nullptr));
+  if (reply && hasPointer_) sink_->grabbedPointerMoved(reply->root_x, reply->root_y);
 }
 
 void X11InputGrab::retryLater() {

@@ -16,6 +16,7 @@ class InputGrabSink {
  public:
   virtual ~InputGrabSink() = default;
 
+  /// Also told once when the pointer has been grabbed: where it is then.
   virtual void grabbedPointerMoved(int x, int y) = 0;
   virtual void grabbedButtonPressed(int x, int y, xcb_button_t button) = 0;
   /// Keyboard or pointer stayed with another client; nothing is held any more.
