@@ -113,6 +113,8 @@ void PrivateDesktop::startParts(const DesktopParts& parts) {
   if (parts.compositor == Compositor::picom) {
     startPart({"picom", "--config", "/dev/null", "--backend", "xrender"});
     require(waitUntil([&] { return client.selectionOwner("_NET_WM_CM_S0") != XCB_NONE; }), "the compositor");
+    const auto hasPainted = [&] { return client.capture({0, 0, 1, 1}).at(0, 0) != 0; };  // the bare root is black
+    require(waitUntil(hasPainted), "the compositor's picture");
   }
   if (parts.tray == Tray::tint2) {
     const auto configuration = configHome() / "tray";

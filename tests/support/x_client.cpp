@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <stdexcept>
+#include <utility>
 
 #include "support/wait.h"
 
@@ -15,6 +16,7 @@ namespace {
 
 constexpr std::uint32_t kWholeProperty = 1U << 20;  // in units of four bytes
 constexpr int kRounding = 8;                        // of 255
+constexpr int kSettledCaptures = 8;
 
 bool pixelLooksSame(std::uint32_t left, std::uint32_t right) {
   for (const int shift : {0, 8, 16}) {
@@ -34,8 +36,9 @@ XClient::XClient(const std::string& display) : connection_(xcb_connect(display.c
   if (xcb_connection_has_error(connection_.get()) != 0) throw std::runtime_error("cannot connect to " + display);
   screen_ = xcb_setup_roots_iterator(xcb_get_setup(connection_.get())).data;
   window_ = xcb_generate_id(connection_.get());
+  const std::uint32_t wantedEvents = XCB_EVENT_MASK_PROPERTY_CHANGE;
   xcb_create_window(connection_.get(), XCB_COPY_FROM_PARENT, window_, screen_->root, -1, -1, 1, 1, 0,
-                    XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, 0, nullptr);
+                    XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK, &wantedEvents);
   xfixesEvent_ = xcb_get_extension_data(connection_.get(), &xcb_xfixes_id)->first_event;
   Reply<xcb_xfixes_query_version_reply_t> version(
       xcb_xfixes_query_version_reply(connection_.get(), xcb_xfixes_query_version(connection_.get(), 5, 0), nullptr));
@@ -74,6 +77,19 @@ Position XClient::pointer() {
   Reply<xcb_query_pointer_reply_t> reply(
       xcb_query_pointer_reply(connection_.get(), xcb_query_pointer(connection_.get(), screen_->root), nullptr));
   return reply ? Position{reply->root_x, reply->root_y} : Position{-1, -1};
+}
+
+/// The server stamps a change of a property with its time.
+xcb_timestamp_t XClient::serverTime() {
+  xcb_change_property(connection_.get(), XCB_PROP_MODE_APPEND, window_, XCB_ATOM_WM_NAME, XCB_ATOM_STRING, 8, 0, "");
+  sync();
+  drainEvents();
+  return lastTime_;
+}
+
+void XClient::letServerRun(std::chrono::milliseconds time) {
+  const xcb_timestamp_t start = serverTime();
+  waitUntil([&] { return serverTime() - start >= static_cast<std::uint64_t>(time.count()); });
 }
 
 xcb_atom_t XClient::atom(const std::string& name) {
@@ -253,6 +269,7 @@ void XClient::drainEvents() {
     const int type = event->response_type & 0x7F;
     if (type == xfixesEvent_ + XCB_XFIXES_SELECTION_NOTIFY) ++clipboardChanges_;
     if (type == XCB_SELECTION_NOTIFY) clipboardAnswered_ = true;
+    if (type == XCB_PROPERTY_NOTIFY) lastTime_ = reinterpret_cast<xcb_property_notify_event_t&>(*event).time;
   }
 }
 
@@ -295,6 +312,18 @@ Capture XClient::capture(Area area) {
   if (!image) throw std::runtime_error("cannot capture the screen");
   const auto* first = reinterpret_cast<const std::uint32_t*>(xcb_get_image_data(image.get()));
   return {area, {first, first + area.width * area.height}};
+}
+
+Capture XClient::settledCapture(Area area) {
+  Capture last = capture(area);
+  int same = 0;
+  waitUntil([&] {
+    Capture next = capture(area);
+    same = next == last ? same + 1 : 0;
+    last = std::move(next);
+    return same >= kSettledCaptures;
+  });
+  return last;
 }
 
 }  // namespace rondora::live

@@ -3,6 +3,7 @@
 #include <sys/types.h>
 #include <xcb/xcb.h>
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -16,8 +17,8 @@ namespace rondora::live {
 /// X key codes of a PC keyboard; they name the place of a key, whatever the layout makes of it.
 namespace key {
 inline constexpr std::uint8_t escape = 9, digit1 = 10, digit2 = 11, digit3 = 12, digit0 = 19, q = 24, t = 28,
-                              control = 37, a = 38, shift = 50, alt = 64, space = 65, n = 57, b = 56, capsLock = 66,
-                              f9 = 75, numLock = 77, super = 133;
+                              control = 37, enter = 36, a = 38, shift = 50, alt = 64, space = 65, n = 57, b = 56,
+                              capsLock = 66, f9 = 75, numLock = 77, super = 133;
 }  // namespace key
 
 struct Position {
@@ -66,6 +67,9 @@ class XClient {
   void movePointer(Position position);
   void click();
   Position pointer();
+  /// Returns once the server's own clock is that much further, whatever else the machine does: then it has done by
+  /// itself (repeated held keys) all that was due.
+  void letServerRun(std::chrono::milliseconds time);
 
   bool hasWindowManager();
   xcb_window_t selectionOwner(const std::string& name);
@@ -100,6 +104,8 @@ class XClient {
   std::size_t clipboardChanges();
 
   Capture capture(Area area);
+  /// What the area shows once it has stopped changing.
+  Capture settledCapture(Area area);
 
  private:
   template <class T>
@@ -107,6 +113,7 @@ class XClient {
 
   void fakeInput(std::uint8_t type, std::uint8_t detail, Position position = {});
   void sync();
+  xcb_timestamp_t serverTime();
   void drainEvents();
   xcb_atom_t atom(const std::string& name);
   std::vector<std::uint32_t> property32(xcb_window_t window, const std::string& name);
@@ -120,6 +127,7 @@ class XClient {
   std::uint8_t xfixesEvent_ = 0;
   std::size_t clipboardChanges_ = 0;
   bool clipboardAnswered_ = false;
+  xcb_timestamp_t lastTime_ = XCB_CURRENT_TIME;
 };
 
 }  // namespace rondora::live

@@ -4,7 +4,9 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <filesystem>
 #include <optional>
+#include <ostream>
 #include <string>
 
 #include "live/end_to_end/document.h"
@@ -32,7 +34,8 @@ class EndToEndTest : public testing::Test {
 
   void SetUp() override {
     desktop_.addApplication("bystander", "Bystander");
-    bystander_ = desktop_.start({"xterm", "-class", "Bystander", "-T", "Bystander", "-e", "cat"});
+    bystander_ = desktop_.start(
+        {"xterm", "-class", "Bystander", "-T", "Bystander", "-e", "sh", "-c", "exec cat >\"$0\"", typedFile()});
     ASSERT_TRUE(waitForActive("Bystander"));
     client_.movePointer(kSomewhere);
   }
@@ -67,6 +70,17 @@ class EndToEndTest : public testing::Test {
     ASSERT_TRUE(program_->waitForNoRing());
   }
 
+  /// Ends the line in the bystander's terminal, and returns what was typed there since the last time.
+  std::string typedText() {
+    const std::size_t before = typedLength_;
+    client_.tap(key::enter);
+    waitUntil([&] { return readFile(typedFile()).find('\n', before) != std::string::npos; });
+    const std::string text = readFile(typedFile()).substr(before);
+    typedLength_ += text.size();
+    return text.substr(0, text.find('\n'));
+  }
+  std::filesystem::path typedFile() const { return desktop_.configHome() / "typed"; }
+
   bool waitForActive(const std::string& title) {
     return waitUntil([&] { return client_.title(client_.activeWindow()) == title; });
   }
@@ -83,6 +97,7 @@ class EndToEndTest : public testing::Test {
   PrivateDesktop desktop_;
   XClient client_;
   std::unique_ptr<ChildProcess> bystander_;
+  std::size_t typedLength_ = 0;
   std::optional<RunningProgram> program_;
 };
 
@@ -92,8 +107,12 @@ class UnderWindowManager : public EndToEndTest, public testing::WithParamInterfa
   UnderWindowManager() : EndToEndTest({GetParam(), Compositor::picom, Tray::tint2}) {}
 };
 
+inline void PrintTo(WindowManager manager, std::ostream* stream) {
+  *stream << (manager == WindowManager::openbox ? "openbox" : "xfwm4");
+}
+
 inline std::string nameOf(const testing::TestParamInfo<WindowManager>& info) {
-  return info.param == WindowManager::openbox ? "openbox" : "xfwm4";
+  return testing::PrintToString(info.param);
 }
 
 }  // namespace rondora::live

@@ -4,8 +4,10 @@
 namespace rondora::live {
 namespace {
 
+using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::Not;
 
 class HotkeyServiceTest : public X11Test {};
 
@@ -190,12 +192,39 @@ TEST_F(RepeatingKeysTest, AKeyHeldBeyondTheOverlayIsNoNewPress) {
   reports();
   openPanel().reset();
   drain();
-  ASSERT_TRUE(keyRepeats()) << "the passive grab fires again";
+  ASSERT_TRUE(keyRepeats());
   EXPECT_THAT(reports(), IsEmpty());
   releaseChord();
   EXPECT_THAT(reports(), ElementsAre("-1"));
   tapChord();
   EXPECT_THAT(reports(), ElementsAre("+1", "-1"));
+}
+
+/// Letting go of Control first leaves Alt and the key, which window managers like to bind.
+TEST_F(RepeatingKeysTest, AKeyHeldBeyondTheOverlayReachesNobodyElse) {
+  ASSERT_TRUE(registerHotkey(kSpace, kControlOption, 1));
+  ASSERT_TRUE(registerHotkey(kEscape, 0, 2));
+  pressChord();
+  reports();
+  Bystander other(server_.display());
+  other.takeFocus();
+  ASSERT_TRUE(other.grabKey(key::space, kAltMask));
+  auto panel = openPanel();
+  user_.keyUp(key::control);
+  panel.reset();
+  ASSERT_TRUE(keyRepeats());
+  user_.keyUp(key::alt);
+  ASSERT_TRUE(keyRepeats());
+  EXPECT_THAT(other.eventTypes(), Not(Contains(XCB_KEY_PRESS)));
+
+  user_.tap(key::escape);
+  EXPECT_THAT(reports(), ElementsAre("+2", "-2")) << "another key is the user's next wish";
+  user_.keyUp(key::space);
+  drain();
+  EXPECT_TRUE(user_.nothingIsGrabbed());
+  other.eventTypes();
+  user_.tap(key::space);
+  EXPECT_THAT(other.eventTypes(), ElementsAre(XCB_KEY_PRESS, XCB_KEY_RELEASE));
 }
 
 TEST_F(HotkeyServiceTest, APressAfterAReleaseThatNobodySawIsNotLost) {

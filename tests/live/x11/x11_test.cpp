@@ -36,6 +36,26 @@ bool Bystander::grabPointer() {
   return reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
 }
 
+void Bystander::ungrabPointer() {
+  xcb_ungrab_pointer(get(), XCB_CURRENT_TIME);
+  sync();
+}
+
+bool Bystander::grabKey(std::uint8_t keyCode, std::uint16_t modifiers) {
+  const auto cookie =
+      xcb_grab_key_checked(get(), 0, root(), modifiers, keyCode, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+  const x11::Reply<xcb_generic_error_t> error(xcb_request_check(get(), cookie));
+  return !error;
+}
+
+void Bystander::takeFocus() {
+  const xcb_window_t window = coverArea(0, 0, 10, 10);
+  const std::uint32_t keys = XCB_EVENT_MASK_KEY_PRESS | XCB_EVENT_MASK_KEY_RELEASE;
+  xcb_change_window_attributes(get(), window, XCB_CW_EVENT_MASK, &keys);
+  xcb_set_input_focus(get(), XCB_INPUT_FOCUS_POINTER_ROOT, window, XCB_CURRENT_TIME);
+  sync();
+}
+
 xcb_window_t Bystander::coverArea(std::int16_t x, std::int16_t y, std::uint16_t width, std::uint16_t height) {
   const xcb_window_t window = xcb_generate_id(get());
   const std::uint32_t values[] = {kColor, 1, XCB_EVENT_MASK_BUTTON_PRESS | XCB_EVENT_MASK_BUTTON_RELEASE};

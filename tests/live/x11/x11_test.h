@@ -44,6 +44,10 @@ class Bystander {
   bool grabKeyboard();
   void ungrabKeyboard();
   bool grabPointer();
+  void ungrabPointer();
+  bool grabKey(std::uint8_t keyCode, std::uint16_t modifiers);
+  /// Gives the input focus to a window of its own that is told of keys.
+  void takeFocus();
   /// An override-redirect window over the area that is told of buttons.
   xcb_window_t coverArea(std::int16_t x, std::int16_t y, std::uint16_t width, std::uint16_t height);
   /// What came for this client so far, by event type.

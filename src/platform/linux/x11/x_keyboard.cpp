@@ -24,7 +24,10 @@ std::uint8_t setUpInputExtension(xcb_connection_t* connection) {
 }  // namespace
 
 XKeyboard::XKeyboard(XConnection& connection, MainQueue& mainQueue)
-    : connection_(connection), mainQueue_(mainQueue), inputExtension_(setUpInputExtension(connection.get())) {
+    : connection_(connection),
+      mainQueue_(mainQueue),
+      inputExtension_(setUpInputExtension(connection.get())),
+      heldKeys_(connection, inputExtension_) {
   eventHandler_ = connection.addEventHandler([this](const xcb_generic_event_t& event) { return handleEvent(event); });
 }
 
@@ -35,12 +38,17 @@ XKeyboard::~XKeyboard() {
 void XKeyboard::beginOverlay() {
   overlayHasKeyboard_ = true;
   settling_.reset();
+  heldKeys_.releaseAll();
 }
 
-// From the watch on, each release reaches us: before the ungrab by the grab, after it as a raw event.
+// From the watch on, each release reaches us: before the ungrab by the grab, after it as a raw event. The held keys are
+// taken before the keyboard is given back, so that no repeat slips through.
 void XKeyboard::endOverlay() {
   overlayHasKeyboard_ = false;
   watchRawReleases();
+  for (std::size_t key = 0; key < down_.size(); ++key) {
+    if (down_[key]) heldKeys_.hold(static_cast<xcb_keycode_t>(key));
+  }
   settling_ = mainQueue_.workItem(kSettleSeconds, [this] { settled(); });
 }
 
@@ -58,6 +66,10 @@ bool XKeyboard::handleEvent(const xcb_generic_event_t& event) {
     return true;
   }
   if (type != XCB_GE_GENERIC) return false;
+  if (const auto key = heldKeys_.coreEvent(event)) {
+    key->response_type == XCB_KEY_PRESS ? handleHeldPress(*key) : handleRelease(*key);
+    return true;
+  }
   const auto& raw = reinterpret_cast<const xcb_input_raw_key_release_event_t&>(event);
   if (raw.extension == inputExtension_ && raw.event_type == XCB_INPUT_RAW_KEY_RELEASE && raw.detail < down_.size()) {
     noteUp(static_cast<xcb_keycode_t>(raw.detail));
@@ -70,6 +82,16 @@ void XKeyboard::handlePress(const xcb_key_press_event_t& event) {
   down_.set(event.detail);
   lastState_ = event.state;
   keys_.offer({event.detail, event.state, KeyDirection::down, isRepeat, overlayHasKeyboard_});
+}
+
+// A key that was not held goes on to other things: the keyboard is free for them again from here on.
+void XKeyboard::handleHeldPress(const xcb_key_press_event_t& event) {
+  const bool isRepeat = down_[event.detail];
+  if (!isRepeat) heldKeys_.releaseAll();
+  handlePress(event);
+  if (isRepeat) return;
+  watchRawReleases();
+  forgetKeysThatAreUp();
 }
 
 void XKeyboard::handleRelease(const xcb_key_release_event_t& event) {
@@ -85,6 +107,7 @@ void XKeyboard::handleRelease(const xcb_key_release_event_t& event) {
 void XKeyboard::noteUp(xcb_keycode_t key) {
   if (!down_[key]) return;
   down_.reset(key);
+  heldKeys_.release(key);
   keys_.offer({key, lastState_, KeyDirection::up, false, overlayHasKeyboard_});
   stopWatchingWhenNothingIsDown();
 }

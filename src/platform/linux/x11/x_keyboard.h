@@ -7,6 +7,7 @@
 
 #include "base/observable.h"
 #include "platform/linux/x11/callback_list.h"
+#include "platform/linux/x11/held_key_grabs.h"
 #include "platform/linux/x11/x_connection.h"
 #include "platform/main_queue.h"
 
@@ -27,7 +28,8 @@ struct XKey {
 
 /// Follows each key that a grab of ours saw going down until it is up again, whoever is told of that: a hot key's press
 /// comes by its passive grab, its repeats and release by the overlay's grab or, once that has ended, to another client
-/// (then raw events tell). So a held key is never taken for pressed anew, and a new press never for a repeat. Main
+/// (then raw events tell). So a held key is never taken for pressed anew, and a new press never for a repeat. What a
+/// key held beyond the overlay repeats is nobody's: it neither types into the window beneath nor starts anything. Main
 /// thread.
 class XKeyboard {
  public:
@@ -47,6 +49,7 @@ class XKeyboard {
  private:
   bool handleEvent(const xcb_generic_event_t& event);
   void handlePress(const xcb_key_press_event_t& event);
+  void handleHeldPress(const xcb_key_press_event_t& event);
   void handleRelease(const xcb_key_release_event_t& event);
   void noteUp(xcb_keycode_t key);
   void settled();
@@ -58,6 +61,7 @@ class XKeyboard {
   XConnection& connection_;
   MainQueue& mainQueue_;
   std::uint8_t inputExtension_ = 0;
+  HeldKeyGrabs heldKeys_;
   std::bitset<256> down_;
   std::uint16_t lastState_ = 0;
   bool overlayHasKeyboard_ = false;
