@@ -45,7 +45,7 @@ TEST_P(RingTest, CentreIsAtThePointerToThePixel) {
   for (const Position position : {Position{500, 380}, Position{641, 403}, Position{333, 508}}) {
     client_.movePointer(position);
     const Area around{position.x - 260, position.y - 260, 520, 520};
-    const Capture before = client_.capture(around);
+    const Capture before = client_.settledCapture(around);
     ASSERT_TRUE(open());
     EXPECT_EQ(client_.pointer(), position);
     EXPECT_LE(offCentre(program_->ring()->area, position), 1);

@@ -11,7 +11,6 @@ namespace rondora::live {
 namespace {
 
 constexpr int kSmallestRing = 200;  // pixels; smaller override-redirect windows are tool tips and the like
-constexpr int kSettledCaptures = 8;
 constexpr int kAbsences = 100;
 constexpr std::size_t kGrabsPerHotkey = 4;  // with and without Caps Lock and Num Lock
 
@@ -73,18 +72,7 @@ bool RunningProgram::staysWithoutRing() {
   });
 }
 
-Capture RunningProgram::settledPicture() {
-  const Area area = ring().value().area;
-  Capture last = client_.capture(area);
-  int same = 0;
-  waitUntil([&] {
-    Capture next = client_.capture(area);
-    same = next == last ? same + 1 : 0;
-    last = std::move(next);
-    return same >= kSettledCaptures;
-  });
-  return last;
-}
+Capture RunningProgram::settledPicture() { return client_.settledCapture(ring().value().area); }
 
 std::optional<Capture> RunningProgram::pictureAfterChange(const Capture& before) {
   if (!waitUntil([&] { return !(client_.capture(before.area) == before); })) return std::nullopt;
