@@ -1,6 +1,8 @@
+#include <xcb/shape.h>
 #include <xcb/xtest.h>
 
 #include <chrono>
+#include <utility>
 
 #include "doubles/allocation_counter.h"
 #include "x11_test.h"
@@ -34,6 +36,14 @@ class OverlayPanelTest : public X11Test {
     return isFree;
   }
 
+  /// The overlay's window is not the whole rectangle.
+  bool isShaped() {
+    const auto cookie = xcb_shape_query_extents(other_.get(), user_.topLevels().back().window);
+    const x11::Reply<xcb_shape_query_extents_reply_t> reply(
+        xcb_shape_query_extents_reply(other_.get(), cookie, nullptr));
+    return reply && reply->bounding_shaped != 0;
+  }
+
   Bystander other_{server_.display()};
 };
 
@@ -58,8 +68,10 @@ Picture twoLayers(Size size) {
 
 TEST_F(OverlayPanelTest, TakesEveryKeyAndMoveWithoutTouchingTheFocus) {
   const xcb_window_t focus = user_.inputFocus();
+  user_.movePointer({140, 160});
   auto panel = openPanel();
   EXPECT_TRUE(panel->isVisible());
+  EXPECT_THAT(std::exchange(sink_.moves, {}), ElementsAre(Point{40, 60})) << "where the pointer is to begin with";
   user_.tap(key::q);
   user_.movePointer({150, 160});
   user_.movePointer({1000, 700});
@@ -152,6 +164,16 @@ TEST_F(OverlayPanelTest, WaitsForAKeyboardThatAnotherClientHoldsAsLongAsAKeyIsPr
   EXPECT_EQ(sink_.lost, 0);
 }
 
+TEST_F(OverlayPanelTest, LearnsWhereThePointerWentWhileAnotherClientHeldIt) {
+  ASSERT_TRUE(other_.grabPointer());
+  auto panel = openPanel();
+  user_.movePointer({700, 500});
+  EXPECT_THAT(sink_.moves, IsEmpty());
+  other_.ungrabPointer();
+  EXPECT_TRUE(eventually([&] { return !sink_.moves.empty(); }));
+  EXPECT_THAT(sink_.moves, ElementsAre(Point{600, 400}));
+}
+
 TEST_F(OverlayPanelTest, GivesUpWhenThePointerStaysElsewhere) {
   ASSERT_TRUE(other_.grabPointer());
   auto panel = openPanel();
@@ -238,6 +260,28 @@ TEST_F(OverlayPanelTest, IsTransparentUnderACompositor) {
     const Capture shown = user_.capture(kArea);
     return shown.at(110, 150) == SolidRasterizer::color(0) && shown.at(200, 150) == Bystander::kColor;
   }));
+}
+
+TEST_F(OverlayPanelTest, StaysOpenBetweenItsPartsWhenTheCompositorComesAndGoes) {
+  other_.coverArea(0, 0, 640, 480);
+  auto panel = panels_.makePanel({}, kFrame, sink_);
+  panel->setPicture(twoLayers(kFrame.size));
+  panel->orderFrontRegardless();
+  panel->makeKey();
+  const auto looksRight = [&] {
+    const Capture shown = capture(kArea);
+    return shown.at(110, 150) == SolidRasterizer::color(0) && shown.at(200, 150) == Bystander::kColor;
+  };
+  EXPECT_TRUE(eventually(looksRight));
+  std::optional<ChildProcess> compositor(
+      std::in_place, std::vector<std::string>{"picom", "--config", "/dev/null", "--backend", "xrender"},
+      std::map<std::string, std::string>{{"DISPLAY", server_.display()}});
+  ASSERT_TRUE(eventually([&] { return user_.selectionOwner("_NET_WM_CM_S0") != XCB_NONE; }));
+  EXPECT_TRUE(eventually(looksRight));
+  EXPECT_TRUE(eventually([&] { return !isShaped(); })) << "the compositor may paint all of it";
+  compositor.reset();
+  EXPECT_TRUE(eventually([&] { return isShaped(); }));
+  EXPECT_TRUE(eventually(looksRight));
 }
 
 TEST_F(OverlayWithoutSharedMemoryTest, PutsALargePictureInSeveralRequests) {

@@ -3,6 +3,7 @@
 #include <xcb/xfixes.h>
 
 #include <string>
+#include <utility>
 
 namespace rondora::x11 {
 namespace {
@@ -45,7 +46,9 @@ bool CompositorWatch::handleEvent(const xcb_generic_event_t& event) {
   if (ownerChangeEvent_ == 0 || (event.response_type & 0x7F) != ownerChangeEvent_) return false;
   const auto& change = reinterpret_cast<const xcb_xfixes_selection_notify_event_t&>(event);
   if (change.selection != selection_) return false;
-  isComposited_ = change.subtype == XCB_XFIXES_SELECTION_EVENT_SET_SELECTION_OWNER && change.owner != XCB_WINDOW_NONE;
+  const bool isNow =
+      change.subtype == XCB_XFIXES_SELECTION_EVENT_SET_SELECTION_OWNER && change.owner != XCB_WINDOW_NONE;
+  if (std::exchange(isComposited_, isNow) != isNow) changed_.send();
   return false;
 }
 

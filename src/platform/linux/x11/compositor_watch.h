@@ -3,6 +3,8 @@
 #include <xcb/xcb.h>
 
 #include <cstdint>
+#include <functional>
+#include <utility>
 
 #include "base/observable.h"
 #include "platform/linux/x11/x_connection.h"
@@ -15,6 +17,9 @@ class CompositorWatch {
   explicit CompositorWatch(XConnection& connection);
 
   bool isComposited() const { return isComposited_; }
+  [[nodiscard]] Subscription onChanged(std::function<void()> observer) {
+    return changed_.subscribe(std::move(observer));
+  }
 
  private:
   bool handleEvent(const xcb_generic_event_t& event);
@@ -22,6 +27,7 @@ class CompositorWatch {
   xcb_atom_t selection_;
   std::uint8_t ownerChangeEvent_ = 0;
   bool isComposited_ = false;
+  Signal<> changed_;
   Subscription eventHandler_;
 };
 

@@ -62,12 +62,14 @@ X11OverlayPanel::X11OverlayPanel(const OverlayResources& resources, const Rect& 
   createWindow();
   setProperties();
   surface_.emplace(resources.connection, resources.transport, frame_.width, frame_.height);
+  compositorObserver_ = resources.compositor.onChanged([this] { compositorChanged(); });
   eventHandler_ =
       resources.connection.addEventHandler([this](const xcb_generic_event_t& event) { return handleEvent(event); });
 }
 
 X11OverlayPanel::~X11OverlayPanel() {
   eventHandler_.reset();
+  compositorObserver_.reset();
   rootSelection_.reset();
   xcb_connection_t* xcb = resources_.connection.get();
   xcb_unmap_window(xcb, window_);
@@ -171,7 +173,7 @@ void X11OverlayPanel::put(const PixelRect& rect) {
 // Nothing is sent to the server before `makeKey`, so that map, picture and grabs reach it together.
 void X11OverlayPanel::orderFrontRegardless() {
   paintDirty();
-  if (!isTransparent()) updateShape();
+  updateShape();
   raise();
   rootSelection_ = resources_.connection.selectRootEventsMeanwhile(XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
   xcb_map_window(resources_.connection.get(), window_);
@@ -181,10 +183,22 @@ void X11OverlayPanel::orderFrontRegardless() {
 }
 
 void X11OverlayPanel::updateShape() const {
+  if (isTransparent()) {
+    xcb_shape_mask(resources_.connection.get(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, window_, 0, 0,
+                   XCB_PIXMAP_NONE);
+    return;
+  }
   const std::vector<xcb_rectangle_t> parts = surface_->opaqueParts();
   xcb_shape_rectangles(resources_.connection.get(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING,
                        XCB_CLIP_ORDERING_YX_SORTED, window_, 0, 0, static_cast<std::uint32_t>(parts.size()),
                        parts.data());
+}
+
+void X11OverlayPanel::compositorChanged() {
+  if (!isMapped_) return;
+  updateShape();
+  put({0, 0, frame_.width, frame_.height});
+  resources_.connection.flush();
 }
 
 void X11OverlayPanel::raise() const {

@@ -23,7 +23,7 @@ struct OverlayResources {
   XConnection& connection;
   X11InputGrab& inputGrab;
   PictureRasterizer& rasterizer;
-  const CompositorWatch& compositor;
+  CompositorWatch& compositor;
   PixelTransport transport = PixelTransport::requests;
   xcb_visualid_t visual = 0;
   std::uint8_t depth = 0;
@@ -71,6 +71,7 @@ class X11OverlayPanel : public OverlayPanel, private InputGrabSink {
   void putDirty();
   void put(const PixelRect& rect);
   void updateShape() const;
+  void compositorChanged();
   void raise() const;
   void raiseAgain();
   bool mayBeCoveredBy(xcb_window_t window) const;
@@ -96,6 +97,7 @@ class X11OverlayPanel : public OverlayPanel, private InputGrabSink {
   DirtyRects dirty_;
   bool isMapped_ = false;
   int raisesLeft_;
+  Subscription compositorObserver_;
   /// Tells of windows that come to lie above the panel.
   Subscription rootSelection_;
   Subscription eventHandler_;
