@@ -106,8 +106,10 @@ void AppDelegate::observeChanges() {
       weakSelf_.bind([](AppDelegate& self, const RunningApplication& application) {
         self.switchboard_->prefetchAppCommands(application);
       }));
-  screenParametersObserver_ = services_.screens.onParametersChanged(
-      weakSelf_.bind([](AppDelegate& self) { self.evaluateStatusItemVisibility(HiddenStatusItem::onlyReport); }));
+  const auto reportVisibility =
+      weakSelf_.bind([](AppDelegate& self) { self.evaluateStatusItemVisibility(HiddenStatusItem::onlyReport); });
+  screenParametersObserver_ = services_.screens.onParametersChanged(reportVisibility);
+  statusItemObserver_ = statusMenu_->onVisibilityChanged(reportVisibility);
 }
 
 void AppDelegate::configurationChanged() {

@@ -85,6 +85,7 @@ class AppDelegate {
   Subscription configurationObserver_;
   Subscription didBecomeActiveObserver_;
   Subscription screenParametersObserver_;
+  Subscription statusItemObserver_;
   Subscription languageSubscription_;
   Subscription permissionsSubscription_;
   WeakSelf<AppDelegate> weakSelf_{this};

@@ -24,6 +24,7 @@
 #include "platform/linux/desktop/serial_thread.h"
 #include "platform/linux/desktop/system_clock.h"
 #include "platform/linux/desktop/system_random.h"
+#include "platform/linux/x11/selection_owner_watch.h"
 #include "platform/linux/x11/x11_accessibility.h"
 #include "platform/linux/x11/x11_application_icons.h"
 #include "platform/linux/x11/x11_event_monitors.h"
@@ -214,7 +215,10 @@ struct CompositionLinux::Program {
   NoSpaceShortcuts spaceShortcuts;
   X11Permissions permissionService{keyPoster.available()};
   QtApplicationShell shell;
-  QtStatusBar statusBar;
+  x11::SelectionOwnerWatch embeddingTray{connection, "_NET_SYSTEM_TRAY"};
+  QtStatusBar statusBar{
+      {[this] { return embeddingTray.hasOwner(); },
+       [this](std::function<void()> observer) { return embeddingTray.onChanged(std::move(observer)); }}};
   QtPasteboard pasteboard;
 
   NotificationCenter notifications;

@@ -46,4 +46,8 @@ std::optional<std::string> StatusMenu::visibilityProblem() const {
   return statusItem_ ? statusItem_->visibilityProblem() : std::nullopt;
 }
 
+Subscription StatusMenu::onVisibilityChanged(std::function<void()> observer) {
+  return statusItem_ ? statusItem_->onVisibilityChanged(std::move(observer)) : Subscription();
+}
+
 }  // namespace rondora

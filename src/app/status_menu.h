@@ -29,6 +29,8 @@ class StatusMenu {
   void refreshLocalizedTitles();
   /// Why the user cannot see the status item; nothing when the user can.
   std::optional<std::string> visibilityProblem() const;
+  /// Only after `setupStatusBar`.
+  [[nodiscard]] Subscription onVisibilityChanged(std::function<void()> observer);
 
  private:
   MenuEntry settingsEntry() const;

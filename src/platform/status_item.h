@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "base/observable.h"
+
 namespace rondora {
 
 /// One entry of a menu; a separator has neither title nor action.
@@ -33,6 +35,8 @@ class StatusItem {
   virtual void setMenuTitle(std::size_t index, const std::string& title) = 0;
   /// Why the user cannot see the item; nothing when the user can.
   virtual std::optional<std::string> visibilityProblem() const = 0;
+  /// Calls back some time after a tray came, went or took the item in, once things have settled.
+  [[nodiscard]] virtual Subscription onVisibilityChanged(std::function<void()> observer) = 0;
 };
 
 class StatusBar {

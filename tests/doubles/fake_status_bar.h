@@ -24,6 +24,12 @@ class FakeStatusBar final : public StatusBar {
   /// The user chooses an entry of the newest item's menu.
   void choose(std::size_t index) { items.back()->description.menu.at(index).action(); }
 
+  /// A tray comes, or the last one goes.
+  void change(std::optional<std::string> newProblem) {
+    problem = std::move(newProblem);
+    changed_.send();
+  }
+
   std::vector<std::shared_ptr<Record>> items;
   /// Why no item can be seen.
   std::optional<std::string> problem;
@@ -37,11 +43,16 @@ class FakeStatusBar final : public StatusBar {
       record_->description.menu.at(index).title = title;
     }
     std::optional<std::string> visibilityProblem() const override { return bar_.problem; }
+    Subscription onVisibilityChanged(std::function<void()> observer) override {
+      return bar_.changed_.subscribe(std::move(observer));
+    }
 
    private:
     FakeStatusBar& bar_;
     std::shared_ptr<Record> record_;
   };
+
+  Signal<> changed_;
 };
 
 }  // namespace rondora

@@ -116,12 +116,16 @@ void PrivateDesktop::startParts(const DesktopParts& parts) {
     const auto hasPainted = [&] { return client.capture({0, 0, 1, 1}).at(0, 0) != 0; };  // the bare root is black
     require(waitUntil(hasPainted), "the compositor's picture");
   }
-  if (parts.tray == Tray::tint2) {
-    const auto configuration = configHome() / "tray";
-    writeFile(configuration, "panel_items = S\npanel_size = 200 24\npanel_position = bottom right\n");
-    startPart({"tint2", "-c", configuration});
-    require(waitUntil([&] { return client.selectionOwner("_NET_SYSTEM_TRAY_S0") != XCB_NONE; }), "the tray");
-  }
+  if (parts.tray == Tray::tint2) processes_.push_back(startTray());
+}
+
+std::unique_ptr<ChildProcess> PrivateDesktop::startTray() const {
+  const auto configuration = configHome() / "tray";
+  writeFile(configuration, "panel_items = S\npanel_size = 200 24\npanel_position = bottom right\n");
+  auto tray = start({"tint2", "-c", configuration});
+  XClient client(display());
+  require(waitUntil([&] { return client.selectionOwner("_NET_SYSTEM_TRAY_S0") != XCB_NONE; }), "the tray");
+  return tray;
 }
 
 std::unique_ptr<ChildProcess> PrivateDesktop::start(const std::vector<std::string>& command) const {

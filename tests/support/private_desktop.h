@@ -52,6 +52,8 @@ class PrivateDesktop {
 
   /// Starts a program on this desktop; what it writes goes to `logFile` of its name.
   std::unique_ptr<ChildProcess> start(const std::vector<std::string>& command) const;
+  /// Starts the X screen's tray, which is ready when this returns.
+  std::unique_ptr<ChildProcess> startTray() const;
   /// Runs a program to its end and returns what it wrote; nothing when it failed.
   std::optional<std::string> outputOf(const std::vector<std::string>& command) const;
 

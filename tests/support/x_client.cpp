@@ -68,9 +68,9 @@ void XClient::tap(std::uint8_t keyCode) {
 
 void XClient::movePointer(Position position) { fakeInput(XCB_MOTION_NOTIFY, 0, position); }
 
-void XClient::click() {
-  fakeInput(XCB_BUTTON_PRESS, XCB_BUTTON_INDEX_1);
-  fakeInput(XCB_BUTTON_RELEASE, XCB_BUTTON_INDEX_1);
+void XClient::click(std::uint8_t button) {
+  fakeInput(XCB_BUTTON_PRESS, button);
+  fakeInput(XCB_BUTTON_RELEASE, button);
 }
 
 Position XClient::pointer() {
@@ -184,15 +184,39 @@ std::optional<TopLevel> XClient::describe(xcb_window_t window) {
                   attributes->override_redirect != 0};
 }
 
-std::vector<TopLevel> XClient::topLevels() {
+std::vector<xcb_window_t> XClient::childrenOf(xcb_window_t window) {
   Reply<xcb_query_tree_reply_t> tree(
-      xcb_query_tree_reply(connection_.get(), xcb_query_tree(connection_.get(), screen_->root), nullptr));
-  std::vector<TopLevel> found;
+      xcb_query_tree_reply(connection_.get(), xcb_query_tree(connection_.get(), window), nullptr));
+  if (!tree) return {};
   const xcb_window_t* windows = xcb_query_tree_children(tree.get());
-  for (int i = 0; i < xcb_query_tree_children_length(tree.get()); ++i) {
-    if (const auto description = describe(windows[i])) found.push_back(*description);
+  return {windows, windows + xcb_query_tree_children_length(tree.get())};
+}
+
+std::vector<TopLevel> XClient::topLevels() {
+  std::vector<TopLevel> found;
+  for (const xcb_window_t window : childrenOf(screen_->root)) {
+    if (const auto description = describe(window)) found.push_back(*description);
   }
   return found;
+}
+
+std::optional<Area> XClient::trayIconOf(pid_t process) {
+  const pid_t tray = ownerOf(selectionOwner("_NET_SYSTEM_TRAY_S0"));
+  return tray == 0 ? std::nullopt : windowInside(tray, process, screen_->root, {0, 0});
+}
+
+std::optional<Area> XClient::windowInside(pid_t outer, pid_t inner, xcb_window_t window, Position corner) {
+  const bool isOuter = ownerOf(window) == outer;
+  for (const xcb_window_t child : childrenOf(window)) {
+    const auto description = describe(child);
+    if (!description || !description->isViewable) continue;
+    Area area = description->area;
+    area.x += corner.x;
+    area.y += corner.y;
+    if (isOuter && ownerOf(child) == inner) return area;
+    if (const auto deeper = windowInside(outer, inner, child, {area.x, area.y})) return deeper;
+  }
+  return std::nullopt;
 }
 
 pid_t XClient::ownerOf(std::uint32_t resource) {

@@ -65,7 +65,7 @@ class XClient {
   void keyUp(std::uint8_t keyCode);
   void tap(std::uint8_t keyCode);
   void movePointer(Position position);
-  void click();
+  void click(std::uint8_t button = XCB_BUTTON_INDEX_1);
   Position pointer();
   /// Returns once the server's own clock is that much further, whatever else the machine does: then it has done by
   /// itself (repeated held keys) all that was due.
@@ -83,6 +83,8 @@ class XClient {
   void requestClose(xcb_window_t window);
   void requestActivation(xcb_window_t window);
   std::vector<TopLevel> topLevels();
+  /// Where a process shows itself in the tray: its visible window inside one of the tray's.
+  std::optional<Area> trayIconOf(pid_t process);
 
   /// The process behind a resource; 0 when the server does not know.
   pid_t ownerOf(std::uint32_t resource);
@@ -120,6 +122,9 @@ class XClient {
   std::string propertyText(xcb_window_t window, xcb_atom_t name);
   void sendToRoot(xcb_window_t window, const std::string& type, const std::uint32_t (&data)[5]);
   std::optional<TopLevel> describe(xcb_window_t window);
+  std::vector<xcb_window_t> childrenOf(xcb_window_t window);
+  /// Below `window` at `corner`: the first visible window of `inner` that lies in one of `outer`.
+  std::optional<Area> windowInside(pid_t outer, pid_t inner, xcb_window_t window, Position corner);
 
   UniqueCPtr<xcb_connection_t, xcb_disconnect> connection_;
   const xcb_screen_t* screen_ = nullptr;

@@ -21,6 +21,7 @@ class RunningProgram {
   ~RunningProgram();
 
   pid_t pid() const { return process_->pid(); }
+  bool isRunning() const { return process_->isRunning(); }
   /// The open ring; nothing while there is none.
   std::optional<TopLevel> ring();
   bool waitForRing();

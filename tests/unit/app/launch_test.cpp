@@ -147,6 +147,19 @@ TEST_F(LaunchTest, AHiddenStatusItemOpensTheSettingsOneSecondAfterLaunch) {
   EXPECT_EQ(program.statusItemProblems.size(), 3U);
 }
 
+TEST_F(LaunchTest, ATrayThatComesAndGoesIsReportedAndOpensNothing) {
+  desktop.statusBar.problem = "there is no tray";
+  useMenus({});
+  launch();
+  desktop.time.advance(1);
+  desktop.statusBar.change(std::nullopt);
+  EXPECT_EQ(program.statusItemProblems.back(), std::nullopt);
+  EXPECT_EQ(desktop.log.lines.size(), 1U);
+  desktop.statusBar.change("the tray is gone");
+  EXPECT_TRUE(desktop.log.contains(LogLevel::error, "status item not visible: the tray is gone"));
+  EXPECT_EQ(desktop.windows.settingsShown, 1);
+}
+
 TEST_F(LaunchTest, AHiddenStatusItemDoesNotDisturbTheIntroduction) {
   forgetIntroduction();
   desktop.statusBar.problem = "there is no tray";
