@@ -117,8 +117,8 @@ void MenuSwitchboard::stepHighlight() {
 void MenuSwitchboard::show(const PieMenu& menu, const HotkeyConfig& triggerHotkey,
                            std::optional<PieMenuWindowController::AppCommands> appCommands) {
   showsRunningApps_ = menu.kind == PieMenuKind::runningApps;
-  pieMenuWindow_->show(menu, itemsOverride(menu),
-                       repeats(triggerHotkey) ? std::optional(triggerHotkey) : std::nullopt, std::move(appCommands));
+  pieMenuWindow_->show(menu, itemsOverride(menu), repeats(triggerHotkey) ? std::optional(triggerHotkey) : std::nullopt,
+                       std::move(appCommands));
   if (triggerHotkey.hasModifiers()) armModifierReleaseDismissal(triggerHotkey);
 }
 
