@@ -2,6 +2,8 @@
 
 #include <signal.h>
 
+#include <algorithm>
+#include <chrono>
 #include <sstream>
 #include <stdexcept>
 
@@ -19,6 +21,17 @@ constexpr const char* kDefaults =
     "pie.hasSeenPermissionIntro=true\n"
     "pie.hasAutoOpenedSettingsAfterPermissions=true\n"
     "pie.settingsAutoOpenAfterPermissionsMigrationDone=true\n";
+
+/// At least one: without a readable document the program makes its first-run one.
+std::size_t hotkeysIn(const std::string& configuration) {
+  const Document parsed = Document::parse(configuration, nullptr, false);
+  if (!parsed.is_object() || !parsed.contains("menus")) return 1;
+  std::size_t count = 0;
+  for (const auto& menu : parsed["menus"]) {
+    if (menu.is_object() && menu.contains("hotkey") && menu["hotkey"].value("keyCode", -1) >= 0) ++count;
+  }
+  return std::max<std::size_t>(count, 1);
+}
 
 }  // namespace
 
@@ -40,6 +53,9 @@ RunningProgram::RunningProgram(PrivateDesktop& desktop, XClient& client, const s
   if (!ready || !process_->isRunning()) {
     throw std::runtime_error("the program bound no hotkey: " + readFile(desktop.logFile("rondora")));
   }
+  // The others follow at once, unless somebody else has them.
+  const std::size_t all = kGrabsPerHotkey * hotkeysIn(configuration);
+  waitUntil([this, all] { return boundKeys() >= all; }, std::chrono::seconds(1));
 }
 
 RunningProgram::~RunningProgram() {

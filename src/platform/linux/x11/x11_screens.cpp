@@ -139,8 +139,12 @@ std::vector<Strut> X11Screens::readStruts() const {
           xcb_get_property(connection_.get(), 0, window, connection_.atom(name), XCB_ATOM_CARDINAL, 0, 12));
     }
   }
+  std::erase_if(watched_, [&windows](xcb_window_t panel) {
+    return std::find(windows.begin(), windows.end(), panel) == windows.end();
+  });
   std::vector<Strut> struts;
   bool hasPartial = false;
+  bool watchesMore = false;
   for (std::size_t i = 0; i < cookies.size(); ++i) {
     const bool isPartial = i % 2 == 0;
     const Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(connection_.get(), cookies[i], nullptr));
@@ -150,19 +154,21 @@ std::vector<Strut> X11Screens::readStruts() const {
     const auto count = static_cast<std::size_t>(xcb_get_property_value_length(reply.get())) / sizeof(*values);
     hasPartial = isPartial && count == 12;
     if (count < 4) continue;
-    watch(windows[i / 2]);
+    watchesMore = watch(windows[i / 2]) || watchesMore;
     if (const Strut strut = Strut::fromProperty({values, count}); !strut.isEmpty()) struts.push_back(strut);
   }
-  return struts;
+  // What changed before the watch began is told by nobody.
+  return watchesMore ? readStruts() : struts;
 }
 
 /// A panel that changes what it keeps changes nothing else that we would hear of. Only panels have such a property, so
 /// this is no window of the toolkit's, whose selection it would replace; it may be gone by now.
-void X11Screens::watch(xcb_window_t panel) const {
+bool X11Screens::watch(xcb_window_t panel) const {
+  if (!watched_.insert(panel).second) return false;
   constexpr std::uint32_t kMask = XCB_EVENT_MASK_PROPERTY_CHANGE;
   const auto cookie = xcb_change_window_attributes_checked(connection_.get(), panel, XCB_CW_EVENT_MASK, &kMask);
   xcb_discard_reply(connection_.get(), cookie.sequence);
-  connection_.flush();
+  return true;
 }
 
 Screen X11Screens::screen(const Monitor& monitor) const {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <set>
 #include <vector>
 
 #include "base/observable.h"
@@ -41,7 +42,8 @@ class X11Screens : public Screens {
   bool isAboutPanels(xcb_atom_t property) const;
   WorkAreas readWorkAreas() const;
   std::vector<Strut> readStruts() const;
-  void watch(xcb_window_t panel) const;
+  /// False when it is watched already.
+  bool watch(xcb_window_t panel) const;
   Screen screen(const Monitor& monitor) const;
   Rect inPoints(const PixelRect& rect) const;
 
@@ -53,6 +55,7 @@ class X11Screens : public Screens {
   std::vector<Monitor> monitors_;
   bool monitorsAreStale_ = false;
   mutable std::optional<WorkAreas> workAreas_;
+  mutable std::set<xcb_window_t> watched_;
   Signal<> changed_;
   Subscription eventHandler_;
   WeakSelf<X11Screens> weakSelf_{this};
