@@ -6,8 +6,8 @@
 
 #include "platform/file_system.h"
 
-// Changes to files that are on disk when they are reported done, and at every moment before are either not to be seen or
-// whole. Contracts: platform/file_system.h.
+// Changes to files that are on disk when they are reported done, and at every moment before are either not to be seen
+// or whole. Contracts: platform/file_system.h.
 
 namespace rondora::desktop {
 
