@@ -36,6 +36,7 @@
 #include "platform/linux/x11/x11_workspace.h"
 #include "platform/linux/x11/x_connection.h"
 #include "platform/linux/x11/xtest_key_poster.h"
+#include "storage/debounced_save.h"
 #include "storage/legacy_pie_menu_migration.h"
 #include "ui/qt/interface_language.h"
 #include "ui/qt/qt_application_shell.h"
@@ -136,6 +137,7 @@ struct CompositionLinux::Program {
     texts.settingsIntroduction = text(StringKey::onboardingWhatItIs);
     texts.documentHeading = text(StringKey::settingsConfigurationFile);
     texts.openFolder = text(StringKey::settingsOpenFolder);
+    texts.language = text(StringKey::settingsLanguage);
     texts.onboardingTitle = text(StringKey::onboardingTitle);
     texts.onboardingHeadline = text(StringKey::onboardingGreeting);
     texts.onboardingIntroduction = text(StringKey::onboardingWhatItIs);
@@ -164,6 +166,12 @@ struct CompositionLinux::Program {
     return lines;
   }
 
+  void chooseLanguage(AppLanguage language) {
+    PieConfiguration edited = config.current();
+    edited.language = language;
+    settingsEdits.edit(std::move(edited));
+  }
+
   WindowContents windowContents() {
     return {[this] { return windowTexts(); },
             [this](std::function<void()> observer) {
@@ -171,6 +179,8 @@ struct CompositionLinux::Program {
             },
             config.configURL().string(),
             [this] { workspace.openUrl("file://" + config.configURL().parent_path().string()); },
+            [this] { return localization.language(); },
+            [this](AppLanguage language) { chooseLanguage(language); },
             [this] { return statusLines(); }};
   }
 
@@ -223,6 +233,7 @@ struct CompositionLinux::Program {
 
   NotificationCenter notifications;
   ConfigManager config{{files, clock, log, random, notifications}};
+  DebouncedSave settingsEdits{config, mainQueue};
   LocalizationStore localization;
   Subscription interfaceLanguage = localization.currentLanguage().subscribe(useInterfaceLanguage);
   PermissionsMonitor permissions{permissionService, mainQueue, shell};
@@ -307,6 +318,7 @@ void CompositionLinux::start() {
 }
 
 void CompositionLinux::terminate() {
+  program_->settingsEdits.flush();
   program_->delegate.applicationWillTerminate();
   presence_->instance.release();
 }

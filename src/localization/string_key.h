@@ -20,6 +20,7 @@ enum class StringKey {
   settingsTitle,
   settingsConfigurationFile,
   settingsOpenFolder,
+  settingsLanguage,
   settingsHotkeyRefused,  // %@: the menu's name
   settingsNoTray,
   settingsHotkeysNote,

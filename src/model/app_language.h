@@ -34,6 +34,8 @@ inline constexpr std::array<AppLanguage, kAppLanguageCount> kAppLanguages = {
 /// The two-letter code.
 std::string_view rawValue(AppLanguage language);
 std::optional<AppLanguage> appLanguageFromRawValue(std::string_view code);
+/// What its speakers call it; the same in every language.
+std::string_view nativeName(AppLanguage language);
 /// Written from right to left.
 constexpr bool isRightToLeft(AppLanguage language) {
   return language == AppLanguage::arabic || language == AppLanguage::urdu;

@@ -15,6 +15,7 @@ constexpr StringTable kArabicStrings = completeTable({
     {StringKey::settingsTitle, "إعدادات Rondora"},
     {StringKey::settingsConfigurationFile, "ملف الإعدادات:"},
     {StringKey::settingsOpenFolder, "فتح المجلد"},
+    {StringKey::settingsLanguage, "اللغة:"},
     {StringKey::settingsHotkeyRefused, "اختصار القائمة «%@» مستخدَم بالفعل في برنامج آخر."},
     {StringKey::settingsNoTray, "لا يحتوي سطح المكتب هذا على منطقة إشعارات، لذلك لا تظهر أيقونة Rondora."},
     {StringKey::settingsHotkeysNote,

@@ -16,6 +16,7 @@ constexpr StringTable kBengaliStrings = completeTable({
     {StringKey::settingsTitle, "Rondora সেটিংস"},
     {StringKey::settingsConfigurationFile, "কনফিগারেশন ফাইল:"},
     {StringKey::settingsOpenFolder, "ফোল্ডার খুলুন"},
+    {StringKey::settingsLanguage, "ভাষা:"},
     {StringKey::settingsHotkeyRefused, "“%@” মেনুর হটকী অন্য একটি প্রোগ্রাম আগে থেকেই ব্যবহার করছে।"},
     {StringKey::settingsNoTray, "এই ডেস্কটপে ট্রে আইকনের জায়গা নেই, তাই Rondora-র আইকন দেখানো হচ্ছে না।"},
     {StringKey::settingsHotkeysNote,

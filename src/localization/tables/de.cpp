@@ -17,6 +17,7 @@ constexpr StringTable kGermanStrings = completeTable({
     {StringKey::settingsTitle, "Rondora-Einstellungen"},
     {StringKey::settingsConfigurationFile, "Konfigurationsdatei:"},
     {StringKey::settingsOpenFolder, "Ordner öffnen"},
+    {StringKey::settingsLanguage, "Sprache:"},
     {StringKey::settingsHotkeyRefused,
      "Das Tastenkürzel des Menüs „%@“ wird bereits von einem anderen Programm benutzt."},
     {StringKey::settingsNoTray,

@@ -16,6 +16,7 @@ constexpr StringTable kEnglishStrings = completeTable({
     {StringKey::settingsTitle, "Rondora Settings"},
     {StringKey::settingsConfigurationFile, "Configuration file:"},
     {StringKey::settingsOpenFolder, "Open Folder"},
+    {StringKey::settingsLanguage, "Language:"},
     {StringKey::settingsHotkeyRefused, "The hotkey of the menu “%@” is already taken by another program."},
     {StringKey::settingsNoTray, "This desktop has no place for tray icons, so Rondora’s icon is not shown."},
     {StringKey::settingsHotkeysNote,

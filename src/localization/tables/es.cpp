@@ -17,6 +17,7 @@ constexpr StringTable kSpanishStrings = completeTable({
     {StringKey::settingsTitle, "Ajustes de Rondora"},
     {StringKey::settingsConfigurationFile, "Archivo de configuración:"},
     {StringKey::settingsOpenFolder, "Abrir carpeta"},
+    {StringKey::settingsLanguage, "Idioma:"},
     {StringKey::settingsHotkeyRefused, "Otro programa ya usa el atajo del menú «%@»."},
     {StringKey::settingsNoTray, "Este escritorio no tiene área de notificación, por eso no se ve el icono de Rondora."},
     {StringKey::settingsHotkeysNote,

@@ -17,6 +17,7 @@ constexpr StringTable kFrenchStrings = completeTable({
     {StringKey::settingsTitle, "Réglages de Rondora"},
     {StringKey::settingsConfigurationFile, "Fichier de configuration :"},
     {StringKey::settingsOpenFolder, "Ouvrir le dossier"},
+    {StringKey::settingsLanguage, "Langue :"},
     {StringKey::settingsHotkeyRefused, "Le raccourci du menu « %@ » est déjà pris par un autre programme."},
     {StringKey::settingsNoTray,
      "Ce bureau n’a pas de zone de notification\u202F; l’icône de Rondora n’est donc pas affichée."},

@@ -15,6 +15,7 @@ constexpr StringTable kHindiStrings = completeTable({
     {StringKey::settingsTitle, "Rondora सेटिंग्स"},
     {StringKey::settingsConfigurationFile, "कॉन्फ़िगरेशन फ़ाइल:"},
     {StringKey::settingsOpenFolder, "फ़ोल्डर खोलें"},
+    {StringKey::settingsLanguage, "भाषा:"},
     {StringKey::settingsHotkeyRefused, "मेनू “%@” की हॉटकी को कोई दूसरा प्रोग्राम पहले से इस्तेमाल कर रहा है।"},
     {StringKey::settingsNoTray, "इस डेस्कटॉप पर ट्रे आइकन के लिए जगह नहीं है, इसलिए Rondora का आइकन नहीं दिखता।"},
     {StringKey::settingsHotkeysNote,

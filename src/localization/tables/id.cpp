@@ -17,6 +17,7 @@ constexpr StringTable kIndonesianStrings = completeTable({
     {StringKey::settingsTitle, "Pengaturan Rondora"},
     {StringKey::settingsConfigurationFile, "Berkas konfigurasi:"},
     {StringKey::settingsOpenFolder, "Buka Folder"},
+    {StringKey::settingsLanguage, "Bahasa:"},
     {StringKey::settingsHotkeyRefused, "Tombol pintas menu “%@” sudah dipakai program lain."},
     {StringKey::settingsNoTray, "Desktop ini tidak memiliki baki sistem, jadi ikon Rondora tidak ditampilkan."},
     {StringKey::settingsHotkeysNote,

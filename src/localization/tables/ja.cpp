@@ -17,6 +17,7 @@ constexpr StringTable kJapaneseStrings = completeTable({
     {StringKey::settingsTitle, "Rondora の設定"},
     {StringKey::settingsConfigurationFile, "設定ファイル："},
     {StringKey::settingsOpenFolder, "フォルダーを開く"},
+    {StringKey::settingsLanguage, "言語："},
     {StringKey::settingsHotkeyRefused, "メニュー「%@」のホットキーは、すでに別のプログラムが使用しています。"},
     {StringKey::settingsNoTray, "このデスクトップにはシステムトレイがないため、Rondora のアイコンは表示されません。"},
     {StringKey::settingsHotkeysNote,

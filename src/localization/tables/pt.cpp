@@ -16,6 +16,7 @@ constexpr StringTable kPortugueseStrings = completeTable({
     {StringKey::settingsTitle, "Configurações do Rondora"},
     {StringKey::settingsConfigurationFile, "Arquivo de configuração:"},
     {StringKey::settingsOpenFolder, "Abrir pasta"},
+    {StringKey::settingsLanguage, "Idioma:"},
     {StringKey::settingsHotkeyRefused, "O atalho do menu “%@” já está em uso por outro programa."},
     {StringKey::settingsNoTray,
      "Esta área de trabalho não tem bandeja do sistema, por isso o ícone do Rondora não aparece."},

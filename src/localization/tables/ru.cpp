@@ -17,6 +17,7 @@ constexpr StringTable kRussianStrings = completeTable({
     {StringKey::settingsTitle, "Настройки Rondora"},
     {StringKey::settingsConfigurationFile, "Файл конфигурации:"},
     {StringKey::settingsOpenFolder, "Открыть папку"},
+    {StringKey::settingsLanguage, "Язык:"},
     {StringKey::settingsHotkeyRefused, "Сочетание клавиш меню «%@» уже занято другой программой."},
     {StringKey::settingsNoTray, "На этом рабочем столе нет области уведомлений, поэтому значок Rondora не виден."},
     {StringKey::settingsHotkeysNote,

@@ -17,6 +17,7 @@ constexpr StringTable kUrduStrings = completeTable({
     {StringKey::settingsTitle, "\u200FRondora کی ترتیبات"},
     {StringKey::settingsConfigurationFile, "ترتیبات کی فائل:"},
     {StringKey::settingsOpenFolder, "فولڈر کھولیں"},
+    {StringKey::settingsLanguage, "زبان:"},
     {StringKey::settingsHotkeyRefused, "مینو ”%@“ کا شارٹ کٹ پہلے ہی کوئی دوسرا پروگرام استعمال کر رہا ہے۔"},
     {StringKey::settingsNoTray, "اس ڈیسک ٹاپ پر ٹرے آئیکن کی جگہ نہیں ہے، اس لیے Rondora کا آئیکن نظر نہیں آتا۔"},
     {StringKey::settingsHotkeysNote,

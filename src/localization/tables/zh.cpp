@@ -15,6 +15,7 @@ constexpr StringTable kChineseStrings = completeTable({
     {StringKey::settingsTitle, "Rondora 设置"},
     {StringKey::settingsConfigurationFile, "配置文件："},
     {StringKey::settingsOpenFolder, "打开文件夹"},
+    {StringKey::settingsLanguage, "语言："},
     {StringKey::settingsHotkeyRefused, "菜单“%@”的快捷键已被其他程序占用。"},
     {StringKey::settingsNoTray, "此桌面没有系统托盘，因此不会显示 Rondora 的图标。"},
     {StringKey::settingsHotkeysNote,

@@ -26,7 +26,14 @@ QFont withFirstInstalled(const QStringList& families, QFont font) {
   return font;
 }
 
-QFont fontFor(AppLanguage language, const QFont& systemFont) {
+bool hasArabicLetter(const QString& text) {
+  return std::any_of(text.begin(), text.end(), [](QChar c) { return c.script() == QChar::Script_Arabic; });
+}
+
+}  // namespace
+
+QFont interfaceFont(AppLanguage language) {
+  static const QFont systemFont = QApplication::font();
   switch (language) {
     case AppLanguage::chinese:
       return withFirstInstalled(kForChinese, systemFont);
@@ -40,16 +47,9 @@ QFont fontFor(AppLanguage language, const QFont& systemFont) {
   }
 }
 
-bool hasArabicLetter(const QString& text) {
-  return std::any_of(text.begin(), text.end(), [](QChar c) { return c.script() == QChar::Script_Arabic; });
-}
-
-}  // namespace
-
 void useInterfaceLanguage(AppLanguage language) {
-  static const QFont systemFont = QApplication::font();
   QApplication::setLayoutDirection(isRightToLeft(language) ? Qt::RightToLeft : Qt::LeftToRight);
-  QApplication::setFont(fontFor(language, systemFont));
+  QApplication::setFont(interfaceFont(language));
 }
 
 QFont interfaceFontFor(const QString& text) {

@@ -11,7 +11,10 @@ namespace rondora {
 /// included, and a font with the letter forms of its readers. Needs the application object; main thread.
 void useInterfaceLanguage(AppLanguage language);
 
-/// The font of the interface, changed where it would take the letters of `text` from fonts that do not join.
+/// The font that the interface has in that language.
+QFont interfaceFont(AppLanguage language);
+
+/// The font of the present interface, changed where it would take the letters of `text` from fonts that do not join.
 QFont interfaceFontFor(const QString& text);
 
 }  // namespace rondora

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/observable.h"
+#include "model/app_language.h"
 #include "platform/windows.h"
 #include "ui/qt/window_texts.h"
 
@@ -18,6 +19,8 @@ struct WindowContents {
   /// Absolute path of the configuration document.
   std::string documentPath;
   std::function<void()> openDocumentFolder;
+  std::function<AppLanguage()> language;
+  std::function<void(AppLanguage)> chooseLanguage;
   /// Present facts about the program, one a line.
   std::function<std::vector<std::string>()> statusLines;
 };

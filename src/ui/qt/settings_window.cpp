@@ -32,7 +32,8 @@ void makeWrapped(QLabel& label) {
 
 // The widgets are members and outlive the layouts, which only arrange them; each is taken out of its parent again when
 // it is destroyed, before the window.
-QtSettingsWindow::QtSettingsWindow(WindowContents contents) : contents_(std::move(contents)) {
+QtSettingsWindow::QtSettingsWindow(WindowContents contents)
+    : contents_(std::move(contents)), language_(contents_.chooseLanguage) {
   build();
   refresh_.setInterval(kRefreshMilliseconds);
   QObject::connect(&refresh_, &QTimer::timeout, &window_, [this] {
@@ -61,12 +62,19 @@ void QtSettingsWindow::build() {
   buttons->addWidget(&openFolder_);
   buttons->addStretch();
   buttons->addWidget(&close_);
+  languageLabel_.setBuddy(&language_);
+  auto* language = new QHBoxLayout;
+  language->addWidget(&languageLabel_);
+  language->addWidget(&language_);
+  language->addStretch();
   auto* column = new QVBoxLayout(&window_);
   column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
   column->addWidget(&introduction_);
   column->addSpacing(kMargin / 2);
   column->addWidget(&documentHeading_);
   column->addWidget(&documentPath_);
+  column->addSpacing(kMargin / 2);
+  column->addLayout(language);
   column->addSpacing(kMargin / 2);
   column->addWidget(&statusHeading_);
   column->addWidget(&status_);
@@ -95,6 +103,8 @@ void QtSettingsWindow::refreshTexts() {
   documentPath_.setText(toQString(contents_.documentPath));
   statusHeading_.setText(toQString(texts.statusHeading));
   openFolder_.setText(toQString(texts.openFolder));
+  languageLabel_.setText(toQString(texts.language));
+  language_.setLanguage(contents_.language());
   close_.setText(toQString(texts.close));
   close_.setVisible(!texts.close.empty());
 }

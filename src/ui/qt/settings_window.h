@@ -5,6 +5,7 @@
 #include <QTimer>
 #include <QWidget>
 
+#include "ui/qt/language_chooser.h"
 #include "ui/qt/qt_windows.h"
 
 namespace rondora {
@@ -27,6 +28,8 @@ class QtSettingsWindow : public SettingsWindow {
   QLabel introduction_;
   QLabel documentHeading_;
   QLabel documentPath_;
+  QLabel languageLabel_;
+  LanguageChooser language_;
   QLabel statusHeading_;
   QLabel status_;
   QPushButton openFolder_;

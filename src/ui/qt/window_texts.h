@@ -10,6 +10,7 @@ struct WindowTexts {
   std::string settingsIntroduction;
   std::string documentHeading;
   std::string openFolder;
+  std::string language;
   std::string statusHeading;
   std::string close;
 

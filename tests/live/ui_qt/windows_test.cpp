@@ -1,8 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QComboBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QWheelEvent>
 #include <QWidget>
 #include <memory>
 
@@ -48,12 +51,15 @@ class WindowsTest : public testing::Test {
 
   WindowTexts texts;
   int foldersOpened = 0;
+  AppLanguage language = AppLanguage::english;
+  std::vector<AppLanguage> choices;
   std::vector<std::string> lines{"Hotkeys: 2"};
   Signal<> textsChanged;
   QtWindows windows{
       WindowContents{[this] { return texts; },
                      [this](std::function<void()> observer) { return textsChanged.subscribe(std::move(observer)); },
-                     "/home/user/config.json", [this] { ++foldersOpened; }, [this] { return lines; }}};
+                     "/home/user/config.json", [this] { ++foldersOpened; }, [this] { return language; },
+                     [this](AppLanguage choice) { choices.push_back(choice); }, [this] { return lines; }}};
 };
 
 TEST_F(WindowsTest, TheSettingsWindowIsReusedAndShowsWhatIsTrueNow) {
@@ -73,6 +79,24 @@ TEST_F(WindowsTest, TheSettingsWindowIsReusedAndShowsWhatIsTrueNow) {
   EXPECT_EQ(windowsUp(), std::vector<QWidget*>{window});
   EXPECT_TRUE(shows(*window, "Hotkeys: 3"));
   EXPECT_EQ(window->windowTitle().toStdString(), texts.settingsTitle);
+}
+
+TEST_F(WindowsTest, TheUserChoosesTheLanguageAndScrollingDoesNot) {
+  const auto settings = windows.makeSettingsWindow();
+  settings->show();
+  auto* chooser = windowsUp().front()->findChild<QComboBox*>();
+  ASSERT_NE(chooser, nullptr);
+  EXPECT_EQ(chooser->count(), static_cast<int>(kAppLanguageCount));
+  EXPECT_EQ(chooser->currentText(), "English");
+  QWheelEvent scroll({5, 5}, {5, 5}, {}, {0, -120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+  QApplication::sendEvent(chooser, &scroll);
+  QKeyEvent up(QEvent::KeyPress, Qt::Key_Up, Qt::NoModifier);
+  QApplication::sendEvent(chooser, &up);
+  EXPECT_EQ(choices, std::vector{AppLanguage::russian});
+  language = AppLanguage::german;
+  textsChanged.send();
+  EXPECT_EQ(chooser->currentText(), "Deutsch");
+  EXPECT_EQ(choices.size(), 1U);
 }
 
 TEST_F(WindowsTest, WindowsThatAreUpFollowTheTexts) {

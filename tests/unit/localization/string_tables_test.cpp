@@ -17,7 +17,10 @@ namespace {
 
 /// Texts that are rightly the same in two languages: names of products and the like. A text that stands here twice has
 /// been looked at; any other is a translation that was forgotten.
-const std::set<std::pair<AppLanguage, StringKey>> kSharedOnPurpose = {};
+const std::set<std::pair<AppLanguage, StringKey>> kSharedOnPurpose = {
+    {AppLanguage::spanish, StringKey::settingsLanguage},  // "Idioma:" in both
+    {AppLanguage::portuguese, StringKey::settingsLanguage},
+};
 
 struct Letters {
   char32_t first = 0;

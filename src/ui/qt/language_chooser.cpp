@@ -1,0 +1,27 @@
+#include "ui/qt/language_chooser.h"
+
+#include <QWheelEvent>
+#include <utility>
+
+#include "ui/qt/interface_language.h"
+#include "ui/qt/qt_conversions.h"
+
+namespace rondora {
+
+LanguageChooser::LanguageChooser(std::function<void(AppLanguage)> choose) {
+  // The one font that leaves every script to the system; in another the toolkit complains of those that it lacks.
+  setFont(interfaceFont(AppLanguage::english));
+  for (const AppLanguage language : kAppLanguages) {
+    addItem(toQString(nativeName(language)));
+    setItemData(count() - 1, interfaceFont(language), Qt::FontRole);
+  }
+  QObject::connect(this, &QComboBox::activated, this, [choose = std::move(choose)](int index) {
+    if (index >= 0) choose(kAppLanguages.at(static_cast<std::size_t>(index)));
+  });
+}
+
+void LanguageChooser::wheelEvent(QWheelEvent* event) { event->ignore(); }
+
+void LanguageChooser::setLanguage(AppLanguage language) { setCurrentIndex(static_cast<int>(language)); }
+
+}  // namespace rondora
