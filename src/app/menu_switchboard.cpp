@@ -191,7 +191,8 @@ void MenuSwitchboard::appCommandsResolved(const AppCommandsRequest& request, std
   if (!holdsModifiers(request.triggerHotkey)) return previousApp_.reset();
   const AppSubMenu* subMenu = configuration().appSubMenu(request.bundleIdentifier);
   show(request.menu, request.triggerHotkey,
-       PieMenuWindowController::AppCommands{std::move(commands), subMenu ? subMenu->rotationDegrees : std::nullopt});
+       PieMenuWindowController::AppCommands{std::move(commands), subMenu ? subMenu->rotationDegrees : std::nullopt,
+                                            request.bundleIdentifier});
 }
 
 void MenuSwitchboard::prefetchAppCommands(const RunningApplication& application) {

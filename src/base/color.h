@@ -26,4 +26,13 @@ constexpr Color mix(Color from, Color to, double amount) {
           from.alpha * rest + to.alpha * amount};
 }
 
+/// `over` laid on `under`, as one colour.
+constexpr Color layered(Color under, Color over) {
+  const double below = under.alpha * (1 - over.alpha);
+  const double alpha = over.alpha + below;
+  if (alpha <= 0) return {0, 0, 0, 0};
+  return {(over.red * over.alpha + under.red * below) / alpha, (over.green * over.alpha + under.green * below) / alpha,
+          (over.blue * over.alpha + under.blue * below) / alpha, alpha};
+}
+
 }  // namespace rondora

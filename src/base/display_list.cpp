@@ -12,13 +12,28 @@ void Path::arc(Point center, double radius, double startAngle, double endAngle) 
   const double step = sweep / pieces;
   // Length of the control arms of a cubic that follows a circular arc.
   const double arm = 4.0 / 3.0 * std::tan(step / 4) * radius;
-  double angle = startAngle;
-  for (int i = 0; i < pieces; ++i, angle += step) {
-    const Point from{center.x + radius * std::cos(angle), center.y + radius * std::sin(angle)};
-    const Point to{center.x + radius * std::cos(angle + step), center.y + radius * std::sin(angle + step)};
-    cubicTo({from.x - arm * std::sin(angle), from.y + arm * std::cos(angle)},
-            {to.x + arm * std::sin(angle + step), to.y - arm * std::cos(angle + step)}, to);
+  Point from{std::cos(startAngle), std::sin(startAngle)};  // of a circle of radius 1
+  for (int i = 1; i <= pieces; ++i) {
+    const Point to{std::cos(startAngle + i * step), std::sin(startAngle + i * step)};
+    cubicTo(center + from * radius + Point{-from.y, from.x} * arm, center + to * radius + Point{to.y, -to.x} * arm,
+            center + to * radius);
+    from = to;
   }
+}
+
+Path Path::reversed() const {
+  Path path;
+  path.elements.reserve(elements.size());
+  for (std::size_t i = elements.size(); i-- > 0;) {
+    const PathElement& element = elements[i];
+    if (element.verb == PathVerb::close) continue;
+    if (path.elements.empty()) path.moveTo(element.end);
+    if (element.verb == PathVerb::move) continue;
+    const Point before = elements[i - 1].end;
+    element.verb == PathVerb::line ? path.lineTo(before) : path.cubicTo(element.control2, element.control1, before);
+  }
+  path.close();
+  return path;
 }
 
 Path Path::circle(Point center, double radius) {
@@ -44,6 +59,48 @@ Path Path::roundedRect(const Rect& rect, double cornerRadius) {
   path.arc({rect.left() + r, rect.top() + r}, r, 2 * kQuarter, 3 * kQuarter);
   path.close();
   return path;
+}
+
+namespace {
+
+struct Box {
+  double left = 1e9, top = 1e9, right = -1e9, bottom = -1e9;
+
+  void add(Point p, double margin) {
+    left = std::min(left, p.x - margin);
+    top = std::min(top, p.y - margin);
+    right = std::max(right, p.x + margin);
+    bottom = std::max(bottom, p.y + margin);
+  }
+  void add(const Path& path, double margin) {
+    for (const PathElement& element : path.elements) {
+      if (element.verb == PathVerb::close) continue;
+      add(element.end, margin);
+      if (element.verb != PathVerb::cubic) continue;
+      add(element.control1, margin);
+      add(element.control2, margin);
+    }
+  }
+  void operator()(const FillCommand& fill) { add(fill.clip.elements.empty() ? fill.path : fill.clip, 0); }
+  void operator()(const StrokeCommand& stroke) { add(stroke.path, stroke.width / 2); }
+  void operator()(const IconCommand& icon) { add(icon.rect); }
+  void operator()(const TextCommand& text) { add(text.rect); }
+  void add(const Rect& rect) {
+    add(rect.origin, 0);
+    add({rect.right(), rect.bottom()}, 0);
+  }
+};
+
+}  // namespace
+
+Rect boundsOf(const std::vector<DisplayList>& lists) {
+  Box box;
+  for (const DisplayList& list : lists) {
+    for (const DisplayCommand& command : list) std::visit([&box](const auto& drawn) { box(drawn); }, command);
+  }
+  if (box.left > box.right) return {};
+  const Point origin{std::floor(box.left), std::floor(box.top)};
+  return {origin, {std::ceil(box.right) - origin.x, std::ceil(box.bottom) - origin.y}};
 }
 
 }  // namespace rondora

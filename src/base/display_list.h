@@ -33,6 +33,9 @@ struct Path {
   /// A circular arc around `center` from `startAngle` to `endAngle` (radians, clockwise on screen), as cubics that
   /// start at the current point.
   void arc(Point center, double radius, double startAngle, double endAngle);
+  /// The same outline drawn the other way round; of one closed piece.
+  Path reversed() const;
+  void append(const Path& other) { elements.insert(elements.end(), other.elements.begin(), other.elements.end()); }
   static Path circle(Point center, double radius);
   static Path roundedRect(const Rect& rect, double cornerRadius);
   friend bool operator==(const Path&, const Path&) = default;
@@ -60,11 +63,26 @@ struct RadialGradientPaint {
   std::vector<GradientStop> stops;
   friend bool operator==(const RadialGradientPaint&, const RadialGradientPaint&) = default;
 };
-using Paint = std::variant<SolidPaint, LinearGradientPaint, RadialGradientPaint>;
+/// What lies beneath the picture, as seen through frosted glass.
+struct BackdropPaint {
+  double blurRadius = 0;  // points
+  /// 0 is grey, 1 as it is, more is more colourful.
+  double saturation = 1;
+  /// What white becomes, 0 to 1; darker shades change less, black not at all.
+  double brightest = 1;
+  /// Laid over all that.
+  Color veil{0, 0, 0, 0};
+  /// Painted instead where nobody can tell what lies beneath.
+  Color imitation;
+  friend bool operator==(const BackdropPaint&, const BackdropPaint&) = default;
+};
+using Paint = std::variant<SolidPaint, LinearGradientPaint, RadialGradientPaint, BackdropPaint>;
 
 struct FillCommand {
   Path path;
   Paint paint;
+  /// Nothing is painted outside of it; an empty one clips nothing.
+  Path clip = {};
   friend bool operator==(const FillCommand&, const FillCommand&) = default;
 };
 
@@ -108,6 +126,10 @@ struct TextCommand {
 
 using DisplayCommand = std::variant<FillCommand, StrokeCommand, IconCommand, TextCommand>;
 using DisplayList = std::vector<DisplayCommand>;
+
+/// The smallest rectangle of whole points around everything that the lists draw, strokes included. Curves count by
+/// their control points, which they never leave.
+Rect boundsOf(const std::vector<DisplayList>& lists);
 
 /// A part of a picture that can look one of several ways; nothing of it lies outside `bounds`.
 struct PictureLayer {

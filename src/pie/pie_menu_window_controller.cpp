@@ -57,12 +57,13 @@ void PieMenuWindowController::show(const PieMenu& menu, std::optional<std::vecto
   tearDown();
   const double rotation =
       appCommands && appCommands->rotationDegrees ? *appCommands->rotationDegrees : menu.rotationDegrees;
+  auto application = appCommands ? appCommands->application : std::nullopt;
   chooseSectors(menu, std::move(itemsOverride), std::move(appCommands));
-  makePanel(menu, rotation);
+  makePanel(menu, rotation, std::move(application));
   chordNavigationHotkey_ = navigationHotkeyForChordRepeat;
   chordNavigationIgnoreUntilMainKeyUp_ = true;
   installMonitors();
-  window_->open(OpeningAnimation::lasting(menu.animationDuration));
+  window_->open();
   showMouseLocation_ = ports_.pointer.location();
 }
 
@@ -86,7 +87,8 @@ void PieMenuWindowController::chooseSectors(const PieMenu& menu, std::optional<s
   displayedMenuId_ = menu.id;
 }
 
-void PieMenuWindowController::makePanel(const PieMenu& menu, double rotationDegrees) {
+void PieMenuWindowController::makePanel(const PieMenu& menu, double rotationDegrees,
+                                        std::optional<std::string> application) {
   const Point pointer = ports_.pointer.location();
   restingPlace_ = pointer;
   const std::optional<Screen> screen = screenAt(ports_.screens, pointer);
@@ -97,8 +99,9 @@ void PieMenuWindowController::makePanel(const PieMenu& menu, double rotationDegr
       PieView::Ports{ports_.overlayPanels, ports_.pointer, ports_.haptics, ports_.mainQueue, ports_.clock},
       squareAround(pointer, layout.halfSide()),
       makeRingPicture(menu, layout,
-                      {displayedItems_, displayTitles(displayedItems_), displayedShortcutLabels_.labels()}),
-      displayedItems_.size());
+                      {displayedItems_, displayTitles(displayedItems_), displayedShortcutLabels_.labels(),
+                       std::move(application)}),
+      displayedItems_.size(), OpeningAnimation::lasting(menu.animationDuration));
   visibleFrame_ = screen ? screen->visibleFrame : window_->frame();
   MouseTrackingNSView& tracking = window_->tracking();
   tracking.center = layout.center();
@@ -123,8 +126,8 @@ void PieMenuWindowController::wireView() {
   tracking.onDismiss = weakSelf_.bind([](Self& self) { self.hide(); });
   window_->onLost = weakSelf_.bind([](Self& self) { self.hide(); });
   highlightState_->observe(
-      weakSelf_.bind([](Self& self, std::optional<std::size_t> former, std::optional<std::size_t> present) {
-        if (self.window_) self.window_->showHighlight(former, present);
+      weakSelf_.bind([](Self& self, std::optional<std::size_t> /*former*/, std::optional<std::size_t> present) {
+        if (self.window_) self.window_->showHighlight(present);
       }));
 }
 

@@ -56,6 +56,8 @@ class PieMenuWindowController {
     std::vector<PieSubAction> commands;
     /// Takes the place of the menu's own rotation.
     std::optional<double> rotationDegrees;
+    /// The target application's identifier; its icon stands in the hub.
+    std::optional<std::string> application = std::nullopt;
   };
 
   PieMenuWindowController(const Ports& ports, Environment environment);
@@ -104,7 +106,7 @@ class PieMenuWindowController {
  private:
   void chooseSectors(const PieMenu& menu, std::optional<std::vector<PieMenuItem>> itemsOverride,
                      std::optional<AppCommands> appCommands);
-  void makePanel(const PieMenu& menu, double rotationDegrees);
+  void makePanel(const PieMenu& menu, double rotationDegrees, std::optional<std::string> application);
   void wireView();
   std::vector<std::string> displayTitles(const std::vector<PieMenuItem>& items) const;
   void installMonitors();

@@ -61,6 +61,7 @@ Path PieSectorShape::path() const {
   const double innerTo = endAngle - innerInset;
 
   Path path;
+  path.elements.reserve(40);
   path.moveTo(onCircle(center, outerRadius, outerFrom));
   path.arc(center, outerRadius, outerFrom, outerTo);
   path.arc(onCircle(center, outerRadius - outer, outerTo), outer, outerTo, endAngle + kPi / 2);

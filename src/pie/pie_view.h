@@ -7,6 +7,7 @@
 #include "base/display_list.h"
 #include "base/observable.h"
 #include "base/weak_self.h"
+#include "pie/highlight_fade.h"
 #include "pie/mouse_tracking_ns_view.h"
 #include "pie/opening_animation.h"
 #include "pie/pie_menu_highlight_state.h"
@@ -29,7 +30,7 @@ class PieView final : private OverlayPanelSink {
   };
 
   /// `frame` in the coordinate space of the screens, as large as the picture.
-  PieView(const Ports& ports, const Rect& frame, Picture picture, std::size_t itemCount);
+  PieView(const Ports& ports, const Rect& frame, Picture picture, std::size_t itemCount, OpeningAnimation animation);
   ~PieView() override;
 
   MouseTrackingNSView& tracking() { return tracking_; }
@@ -37,9 +38,9 @@ class PieView final : private OverlayPanelSink {
   const Rect& frame() const { return frame_; }
   Point screenPoint(Point location) const { return frame_.origin + location; }
 
-  void open(OpeningAnimation animation);
+  void open();
   bool isVisible() const { return panel_->isVisible(); }
-  void showHighlight(std::optional<std::size_t> former, std::optional<std::size_t> present);
+  void showHighlight(std::optional<std::size_t> highlighted);
 
   std::function<void()> onLost;
 
@@ -50,7 +51,8 @@ class PieView final : private OverlayPanelSink {
   void mouseDown(Point location) override;
   void panelLost() override;
 
-  void setSectorState(std::optional<std::size_t> index, std::size_t state);
+  void advanceFade(double seconds);
+  void ensureAnimating();
   void animate();
 
   Ports ports_;
@@ -58,8 +60,11 @@ class PieView final : private OverlayPanelSink {
   std::size_t itemCount_;
   MouseTrackingNSView tracking_;
   OpeningAnimation animation_;
+  HighlightFade fade_;
   double openedAt_ = 0;
+  double lastFrameAt_ = 0;
   std::unique_ptr<OverlayPanel> panel_;
+  /// Runs while something moves.
   Subscription animationTimer_;
   WeakSelf<PieView> weakSelf_{this};
 };

@@ -35,6 +35,8 @@ RingLayout RingLayout::make(const PieMenu& menu, double rotationDegrees, std::si
 
 double RingLayout::halfSide() const { return std::ceil(outerRadius + std::max(shadowWidth(), highlightGrowth() + 2)); }
 
+double RingLayout::hairline() const { return std::clamp(scale, 1.0, 1.5); }
+
 double RingLayout::sectorStart(std::size_t index) const { return startAngle(index, sectorCount, rotationDegrees); }
 
 double RingLayout::sectorEnd(std::size_t index) const { return endAngle(index, sectorCount, rotationDegrees); }

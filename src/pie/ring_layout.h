@@ -23,6 +23,8 @@ struct RingLayout {
   /// How far a highlighted sector reaches beyond the ring.
   double highlightGrowth() const { return 6 * scale; }
   double shadowWidth() const { return 26 * scale; }
+  /// The finest line; it does not grow as fast as the ring.
+  double hairline() const;
   double ringWidth() const { return outerRadius - innerRadius; }
   double hubRadius() const { return innerRadius - 5 * scale; }
   /// Half the side of the square that holds everything drawn; a whole number.

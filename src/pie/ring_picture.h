@@ -10,7 +10,7 @@
 #include "model/pie_menu_item.h"
 #include "pie/ring_layout.h"
 
-// The ring as a picture: a backdrop, one layer a sector in two states, and the title of the highlighted item.
+// The ring as a picture: the glass, one layer a sector in two states, and what the hub shows.
 
 namespace rondora {
 
@@ -19,6 +19,8 @@ struct RingContents {
   /// What the hub shows for each item; as many as there are items.
   const std::vector<std::string>& titles;
   const std::vector<std::optional<std::string>>& labels;
+  /// The application that the menu is about, whose icon stands in the hub.
+  std::optional<std::string> application = std::nullopt;
 };
 
 Picture makeRingPicture(const PieMenu& menu, const RingLayout& layout, const RingContents& contents);
@@ -26,12 +28,17 @@ Picture makeRingPicture(const PieMenu& menu, const RingLayout& layout, const Rin
 namespace ring_layers {
 inline constexpr std::size_t kBackdrop = 0;
 constexpr std::size_t sector(std::size_t index) { return index + 1; }
-constexpr std::size_t title(std::size_t itemCount) { return itemCount + 1; }
+constexpr std::size_t figure(std::size_t itemCount) { return itemCount + 1; }
+constexpr std::size_t title(std::size_t itemCount) { return itemCount + 2; }
 
-inline constexpr std::size_t kNormal = 0;
-inline constexpr std::size_t kHighlighted = 1;
+inline constexpr double kNormal = 0;
+inline constexpr double kHighlighted = 1;
+/// The hub's figure stands alone, or makes room for a title.
+constexpr double figureState(std::optional<std::size_t> highlighted) { return highlighted ? 1 : 0; }
 /// The title layer's state for the highlighted item, state 0 being empty.
-constexpr std::size_t titleState(std::optional<std::size_t> highlighted) { return highlighted ? *highlighted + 1 : 0; }
+constexpr double titleState(std::optional<std::size_t> highlighted) {
+  return highlighted ? static_cast<double>(*highlighted) + 1 : 0;
+}
 }  // namespace ring_layers
 
 }  // namespace rondora

@@ -15,6 +15,8 @@ constexpr double kRadiusPerPointSize = 0.55;  // of the disc that a single chara
 constexpr double kIconCorners = 1.16;         // a square icon reaches beyond its inscribed disc
 constexpr double kSmallestIconRadius = 3;     // points; below that nothing can be recognised
 constexpr double kSmallestLabelRadius = 3.3;
+constexpr double kSmallestPawRadius = 5;
+constexpr double kArmPerPaw = 0.7;  // half the arm's width
 
 double bounded(double value, double fallback, double lowest, double highest) {
   return std::clamp(std::isfinite(value) ? value : fallback, lowest, highest);
@@ -39,11 +41,10 @@ SectorContents::SectorContents(const PieMenu& menu, const RingLayout& layout)
       padding_(std::min(3 * layout.scale, 0.06 * layout.ringWidth())),
       halfGap_(halfGapOf(layout)),
       labelUnit_(std::min(layout.ringWidth(), 90 * layout.scale)),
-      labelRadius_(kRadiusPerPointSize * labelUnit_ * bounded(menu.shortcutDigitSizeScale, 0.23, 0.1, 0.4)),
+      labelRadius_(kRadiusPerPointSize * labelUnit_ * bounded(menu.shortcutDigitSizeScale, 0.23, 0.1, 0.6)),
       icon_(fittingIcon(menu, layout.outerRadius)),
-      left_(cornerPlace(bounded(menu.shortcutDigitInsetLeftScale, 0.29, 0.05, 0.9))),
-      right_(cornerPlace(bounded(menu.shortcutDigitInsetRightScale, 0.35, 0.05, 0.9))) {
-  if (!left_ || !right_) stack(menu);
+      paw_(pawPlace(menu)) {
+  if (!placeInCorners(menu)) stack(menu);
 }
 
 /// The radius of the largest disc with its centre there that keeps clear of the sector's edges.
@@ -72,17 +73,30 @@ SectorContents::Disc SectorContents::fittingIcon(const PieMenu& menu, double rim
   return best;
 }
 
-std::optional<SectorContents::CornerPlace> SectorContents::cornerPlace(double inset) const {
-  const double wanted = inset * labelUnit_;
-  for (const double share : {1.0, 0.85, 0.7, 0.55, 0.4, 0.2, 0.0}) {
-    const double fromRim = std::max(wanted * share, labelRadius_ + padding_);
-    const double fromEdge = std::max(wanted * share, labelRadius_ + padding_ + halfGap_);
+SectorContents::Disc SectorContents::pawPlace(const PieMenu& menu) const {
+  const PieMenu defaults;
+  const double size = bounded(menu.pawSizeScale, defaults.pawSizeScale, 0.35, 0.95);
+  const double inset = bounded(menu.pawRadialInset, defaults.pawRadialInset, 0.05, 0.95);
+  const double distance = layout_.outerRadius - inset * layout_.ringWidth();
+  const double toEdge = distance * std::sin(std::min(halfWidth_, std::numbers::pi / 2)) - halfGap_ - padding_;
+  return {distance, std::min(size * layout_.ringWidth() / 2, toEdge)};
+}
+
+/// From the corner towards the wanted place, as far as nothing is in the way.
+std::optional<SectorContents::CornerPlace> SectorContents::cornerPlace(double inset, double radius) const {
+  constexpr int kSteps = 32;
+  std::optional<CornerPlace> place;
+  for (int step = 0; step <= kSteps; ++step) {
+    const double wanted = inset * step / kSteps;
+    const double fromRim = std::max(wanted, radius + padding_);
+    const double fromEdge = std::max(wanted, radius + padding_ + halfGap_);
     const double distance = layout_.outerRadius - fromRim;
-    if (distance - labelRadius_ - padding_ < layout_.innerRadius || fromEdge >= distance) continue;
-    const CornerPlace place{{distance, labelRadius_}, std::asin(fromEdge / distance)};
-    if (leavesIconFree(place)) return place;
+    if (distance - radius - padding_ < layout_.innerRadius || fromEdge >= distance) break;
+    const CornerPlace next{{distance, radius}, std::asin(fromEdge / distance)};
+    if (!leavesIconFree(next)) break;
+    place = next;
   }
-  return std::nullopt;
+  return place;
 }
 
 bool SectorContents::leavesIconFree(const CornerPlace& place) const {
@@ -94,11 +108,33 @@ bool SectorContents::leavesIconFree(const CornerPlace& place) const {
   return apart >= kIconCorners * icon_.radius + place.disc.radius;
 }
 
+/// As large as wanted, or as there is room, but no smaller than the label of a stack.
+bool SectorContents::placeInCorners(const PieMenu& menu) {
+  constexpr double kStep = 0.95;
+  const double leftInset = bounded(menu.shortcutDigitInsetLeftScale, 0.29, 0.05, 0.9) * labelUnit_;
+  const double rightInset = bounded(menu.shortcutDigitInsetRightScale, 0.35, 0.05, 0.9) * labelUnit_;
+  constexpr double kSmallest = 1;  // points
+  const double smallest = std::max(stackedLabelRadius(), kSmallest);
+  for (double radius = labelRadius_; radius >= smallest; radius *= kStep) {
+    left_ = cornerPlace(leftInset, radius);
+    right_ = cornerPlace(rightInset, radius);
+    if (!left_ || !right_) continue;
+    labelRadius_ = radius;
+    return true;
+  }
+  return false;
+}
+
+double SectorContents::stackedLabelRadius() const {
+  const double rim = layout_.outerRadius;
+  const double room = roomAt(rim - labelRadius_ - padding_, rim + padding_);
+  return std::min({labelRadius_, std::max(room, 0.0), 0.16 * layout_.ringWidth()});
+}
+
 /// Label at the rim, icon between it and the hub.
 void SectorContents::stack(const PieMenu& menu) {
   const double rim = layout_.outerRadius;
-  const double room = roomAt(rim - labelRadius_ - padding_, rim + padding_);
-  labelRadius_ = std::min({labelRadius_, std::max(room, 0.0), 0.16 * layout_.ringWidth()});
+  labelRadius_ = stackedLabelRadius();
   const double distance = rim - labelRadius_ - padding_;
   left_ = right_ = CornerPlace{{distance, labelRadius_}, halfWidth_};
   icon_ = fittingIcon(menu, labelRadius_ >= kSmallestLabelRadius ? distance - labelRadius_ : rim);
@@ -111,6 +147,15 @@ Point SectorContents::pointAt(double distance, double angle) const {
 std::optional<Rect> SectorContents::iconRect(std::size_t index) const {
   if (icon_.radius < kSmallestIconRadius) return std::nullopt;
   return squareAround(pointAt(icon_.distance, layout_.sectorMiddle(index)), icon_.radius);
+}
+
+std::optional<SectorContents::Paw> SectorContents::paw(std::size_t index) const {
+  if (paw_.radius < kSmallestPawRadius) return std::nullopt;
+  const double armEnd = layout_.innerRadius + padding_;
+  const double roomForArm = armEnd * std::sin(std::min(halfWidth_, std::numbers::pi / 2)) - halfGap_ - padding_;
+  const bool isWhole = paw_.distance + paw_.radius < layout_.outerRadius && paw_.distance > armEnd &&
+                       kArmPerPaw * paw_.radius < roomForArm;
+  return Paw{pointAt(paw_.distance, layout_.sectorMiddle(index)), paw_.radius, isWhole};
 }
 
 std::optional<SectorContents::Label> SectorContents::label(std::size_t index, std::string_view text) const {

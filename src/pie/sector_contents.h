@@ -15,8 +15,10 @@ namespace rondora {
 /// The icon's centre lies on the sector's middle line, at `iconDistance` between hub (0) and rim (1), its side is
 /// `iconSize`; both give way where the sector is too small. The label's size is `shortcutDigitSizeScale` of the ring's
 /// width, at most of 90 points. Its centre lies in the sector's upper outer corner, from the corner's two edges as far
-/// as the inset scale of its half of the ring (left or right) says, relative to the same width, and nearer where it
-/// would touch the icon; in sectors too narrow for both side by side it lies between icon and rim.
+/// as the inset scale of its half of the ring (left or right) says, relative to the same width. It is nearer, and
+/// smaller, where it would touch the icon; in sectors too narrow for both side by side it lies between icon and rim.
+/// The paw is `pawSizeScale` of the ring's width across, less where the sector is narrower, and its centre lies
+/// `pawRadialInset` of that width inside the rim.
 class SectorContents {
  public:
   SectorContents(const PieMenu& menu, const RingLayout& layout);
@@ -28,6 +30,15 @@ class SectorContents {
     double pointSize = 0;
   };
   std::optional<Label> label(std::size_t index, std::string_view text) const;
+
+  struct Paw {
+    Point center;
+    double radius = 0;
+    /// Lies inside the sector with all of its arm.
+    bool isWhole = false;
+  };
+  /// Nothing when there is no room to recognise it.
+  std::optional<Paw> paw(std::size_t index) const;
 
   /// The space between sectors.
   static double gap(const RingLayout& layout);
@@ -43,9 +54,12 @@ class SectorContents {
   };
 
   double roomAt(double distance, double rim) const;
+  Disc pawPlace(const PieMenu& menu) const;
   Disc fittingIcon(const PieMenu& menu, double rim) const;
-  std::optional<CornerPlace> cornerPlace(double inset) const;
+  bool placeInCorners(const PieMenu& menu);
+  std::optional<CornerPlace> cornerPlace(double inset, double radius) const;
   bool leavesIconFree(const CornerPlace& place) const;
+  double stackedLabelRadius() const;
   void stack(const PieMenu& menu);
   Point pointAt(double distance, double angle) const;
 
@@ -56,6 +70,7 @@ class SectorContents {
   double labelUnit_;  // what the label's scales refer to
   double labelRadius_;
   Disc icon_;
+  Disc paw_;
   std::optional<CornerPlace> left_;
   std::optional<CornerPlace> right_;
 };

@@ -47,8 +47,9 @@ class OverlayPanel {
 
   /// Sets what the panel shows; all layers are in state 0. The picture's size is the panel's.
   virtual void setPicture(Picture picture) = 0;
-  /// `layer` and `state` are valid indices into the picture. Seen after the next `display`.
-  virtual void setLayerState(std::size_t layer, std::size_t state) = 0;
+  /// `layer` and `state` are valid indices into the picture; a state between two whole numbers is a mixture of both.
+  /// Seen after the next `display`.
+  virtual void setLayerState(std::size_t layer, double state) = 0;
   /// Scales the picture around its anchor (1 is its own size) and fades it (1 is opaque). Seen after the next
   /// `display`.
   virtual void setAppearancePhase(double scale, double opacity) = 0;

@@ -36,8 +36,13 @@ class PreparedPicture {
  public:
   virtual ~PreparedPicture() = default;
 
-  /// Clears `view.dirty` to transparent and paints every layer in its state there. `states` has one entry a layer.
-  virtual void paint(std::span<const std::size_t> states, const PictureView& view, PixelBuffer target) = 0;
+  /// What the screen shows beneath the picture: opaque, pixel by pixel. To be told before the first `paint`; without it
+  /// glass is imitated.
+  virtual void setBackdrop(const PixelBuffer& screen) = 0;
+
+  /// Clears `view.dirty` to transparent and paints every layer in its state there. `states` has one entry a layer;
+  /// between two whole numbers a layer is a mixture of both states.
+  virtual void paint(std::span<const double> states, const PictureView& view, PixelBuffer target) = 0;
 };
 
 /// Turns pictures into pixels. Main thread.

@@ -73,9 +73,10 @@ class FakePictureRasterizer final : public PictureRasterizer {
  private:
   class Prepared final : public PreparedPicture {
    public:
-    void paint(std::span<const std::size_t> states, const PictureView& /*view*/, PixelBuffer target) override {
+    void setBackdrop(const PixelBuffer& /*screen*/) override {}
+    void paint(std::span<const double> states, const PictureView& /*view*/, PixelBuffer target) override {
       std::uint32_t pixel = 0xFF000000;
-      for (const std::size_t state : states) pixel = pixel * 31 + static_cast<std::uint32_t>(state) + 1;
+      for (const double state : states) pixel = pixel * 31 + static_cast<std::uint32_t>(state * 256) + 1;
       for (int row = 0; row < target.height; ++row) {
         std::fill_n(target.pixels + static_cast<std::ptrdiff_t>(row) * target.stride, target.width, pixel);
       }

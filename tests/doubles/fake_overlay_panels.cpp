@@ -19,7 +19,7 @@ class FakeOverlayPanel final : public OverlayPanel {
     record_->layerStates.assign(picture.layers.size(), 0);
     record_->picture = std::move(picture);
   }
-  void setLayerState(std::size_t layer, std::size_t state) override { record_->layerStates.at(layer) = state; }
+  void setLayerState(std::size_t layer, double state) override { record_->layerStates.at(layer) = state; }
   void setAppearancePhase(double scale, double opacity) override {
     record_->scale = scale;
     record_->opacity = opacity;

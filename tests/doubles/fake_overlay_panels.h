@@ -16,7 +16,7 @@ struct PanelRecord {
   OverlayPanelStyle style;
   Rect frame;
   Picture picture;
-  std::vector<std::size_t> layerStates;
+  std::vector<double> layerStates;
   double scale = 1;
   double opacity = 1;
   int displayCount = 0;

@@ -41,6 +41,7 @@ struct BrushMaker {
     setStops(gradient, paint.stops);
     return {gradient};
   }
+  QBrush operator()(const BackdropPaint& paint) const { return {toQColor(layered(paint.imitation, paint.veil))}; }
 };
 
 }  // namespace

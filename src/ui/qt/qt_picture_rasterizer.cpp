@@ -3,19 +3,16 @@
 #include <QIcon>
 #include <QImage>
 #include <QPainter>
-#include <QPen>
 #include <QPixmap>
 #include <algorithm>
 #include <array>
-#include <cmath>
-#include <cstring>
 #include <memory>
 #include <utility>
-#include <variant>
 #include <vector>
 
-#include "ui/qt/prepared_text.h"
+#include "ui/qt/prepared_layer.h"
 #include "ui/qt/qt_conversions.h"
+#include "ui/qt/undivided_painting.h"
 
 namespace rondora {
 
@@ -23,69 +20,6 @@ namespace {
 
 /// No panel is larger; a picture that claims to be is cut off.
 constexpr int kLargestSide = 8192;
-
-struct PreparedFill {
-  QPainterPath path;
-  QBrush brush;
-};
-struct PreparedStroke {
-  QPainterPath path;
-  QPen pen;
-};
-struct PreparedIcon {
-  QImage image;
-  QPoint position;
-};
-using PreparedCommand = std::variant<PreparedFill, PreparedStroke, PreparedIcon, std::unique_ptr<PreparedText>>;
-
-struct CommandPreparer {
-  IconImages& icons;
-  double scale;
-
-  PreparedCommand operator()(const FillCommand& command) const {
-    return PreparedFill{toQPainterPath(command.path, scale), toQBrush(command.paint, scale)};
-  }
-  PreparedCommand operator()(const StrokeCommand& command) const {
-    const QPen pen(toQBrush(command.paint, scale), command.width * scale, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
-    return PreparedStroke{toQPainterPath(command.path, scale), pen};
-  }
-  PreparedCommand operator()(const IconCommand& command) const {
-    const QRectF rect = toQRect(command.rect, scale);
-    const auto side = static_cast<int>(std::lround(std::min({rect.width(), rect.height(), double{kLargestSide}})));
-    QImage image = icons.image(command, side);
-    const QPointF corner = rect.center() - QPointF(image.width() / 2.0, image.height() / 2.0);
-    return PreparedIcon{std::move(image), corner.toPoint()};
-  }
-  PreparedCommand operator()(const TextCommand& command) const {
-    return std::make_unique<PreparedText>(command, scale);
-  }
-};
-
-struct CommandPainter {
-  QPainter& painter;
-
-  void operator()(const PreparedFill& fill) const { painter.fillPath(fill.path, fill.brush); }
-  void operator()(const PreparedStroke& stroke) const { painter.strokePath(stroke.path, stroke.pen); }
-  void operator()(const PreparedIcon& icon) const {
-    if (!icon.image.isNull()) painter.drawImage(icon.position, icon.image);
-  }
-  void operator()(const std::unique_ptr<PreparedText>& text) const { text->paint(painter); }
-};
-
-struct PreparedLayer {
-  QRect bounds;
-  std::vector<std::vector<PreparedCommand>> states;
-};
-
-PreparedLayer prepareLayer(const PictureLayer& layer, const CommandPreparer& preparer) {
-  PreparedLayer result{toPixelRect(layer.bounds, preparer.scale), {}};
-  result.states.reserve(layer.states.size());
-  for (const DisplayList& state : layer.states) {
-    auto& commands = result.states.emplace_back();
-    for (const DisplayCommand& command : state) commands.push_back(std::visit(preparer, command));
-  }
-  return result;
-}
 
 QImage blankImage(Size size, double scale) {
   const QRect rect = toPixelRect({{0, 0}, size}, scale);
@@ -105,13 +39,38 @@ class QtPreparedPicture : public PreparedPicture {
  public:
   QtPreparedPicture(const Picture& picture, double pixelsPerPoint, IconImages& icons)
       : pixelsPerPoint_(pixelsPerPoint), anchor_(picture.anchor), composed_(blankImage(picture.size, pixelsPerPoint)) {
-    const CommandPreparer preparer{icons, pixelsPerPoint};
+    QSize largest;
     layers_.reserve(picture.layers.size());
-    for (const PictureLayer& layer : picture.layers) layers_.push_back(prepareLayer(layer, preparer));
+    for (const PictureLayer& layer : picture.layers) {
+      const PreparedLayer& prepared = layers_.emplace_back(layer, pixelsPerPoint, icons, composed_.size());
+      if (prepared.hasStates()) largest = largest.expandedTo(prepared.bounds().size());
+    }
+    scratch_ = QImage(largest, QImage::Format_ARGB32_Premultiplied);
+    shown_.reserve(layers_.size());
+    changed_.reserve(layers_.size() + 1);
   }
 
-  void paint(std::span<const std::size_t> states, const PictureView& view, PixelBuffer target) override {
-    compose(states);
+  void setBackdrop(const PixelBuffer& screen) override {
+    for (PreparedLayer& layer : layers_) layer.setBackdrop(screen, pixelsPerPoint_);
+  }
+
+  void paint(std::span<const double> states, const PictureView& view, PixelBuffer target) override {
+    const auto paint = [&] {
+      compose(states);
+      show(view, target);
+    };
+    isPlain(view) && isComposed(states) ? show(view, target) : paintUndivided(paint);
+  }
+
+ private:
+  bool isPlain(const PictureView& view) const {
+    return view.scale == 1 && view.opacity >= 1 && view.pixelsPerPoint == pixelsPerPoint_;
+  }
+  bool isComposed(std::span<const double> states) const {
+    return std::equal(shown_.begin(), shown_.end(), states.begin(), states.end());
+  }
+
+  void show(const PictureView& view, PixelBuffer target) const {
     QImage image = wrap(target);
     const QRect dirty = toPixelRect(view.dirty, view.pixelsPerPoint) & image.rect();
     if (dirty.isEmpty()) return;
@@ -123,11 +82,6 @@ class QtPreparedPicture : public PreparedPicture {
     } else {
       drawScaled(painter, view, dirty);
     }
-  }
-
- private:
-  bool isPlain(const PictureView& view) const {
-    return view.scale == 1 && view.opacity >= 1 && view.pixelsPerPoint == pixelsPerPoint_;
   }
 
   void drawPlain(QPainter& painter, QRect dirty) const {
@@ -150,29 +104,31 @@ class QtPreparedPicture : public PreparedPicture {
   }
 
   /// Brings `composed_` up to date with the states.
-  void compose(std::span<const std::size_t> states) {
+  void compose(std::span<const double> states) {
+    if (shown_.empty()) return composeFirst(states);
     changed_.clear();
-    if (shown_.empty()) changed_.push_back(composed_.rect());
-    shown_.resize(layers_.size(), 0);
     for (std::size_t i = 0; i < std::min(layers_.size(), states.size()); ++i) {
-      if (shown_[i] != states[i]) changed_.push_back(layers_[i].bounds & composed_.rect());
+      if (shown_[i] != states[i]) changed_.push_back(layers_[i].bounds());
       shown_[i] = states[i];
     }
     for (const QRect& changed : changed_) draw(changed);
   }
 
+  void composeFirst(std::span<const double> states) {
+    shown_.assign(states.begin(), states.end());
+    shown_.resize(layers_.size(), 0);
+    QPainter painter(&composed_);
+    for (std::size_t i = 0; i < layers_.size(); ++i) layers_[i].drawOnce(painter, shown_[i], scratch_);
+  }
+
   void draw(const QRect& changed) {
     if (changed.isEmpty()) return;
     QPainter painter(&composed_);
-    painter.setRenderHint(QPainter::Antialiasing);
     painter.setCompositionMode(QPainter::CompositionMode_Source);
     painter.fillRect(changed, Qt::transparent);
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     for (std::size_t i = 0; i < layers_.size(); ++i) {
-      const QRect visible = layers_[i].bounds & changed;
-      if (visible.isEmpty() || shown_[i] >= layers_[i].states.size()) continue;
-      painter.setClipRect(visible);
-      for (const PreparedCommand& command : layers_[i].states[shown_[i]]) std::visit(CommandPainter{painter}, command);
+      layers_[i].draw(painter, layers_[i].bounds() & changed, shown_[i], scratch_);
     }
   }
 
@@ -181,7 +137,8 @@ class QtPreparedPicture : public PreparedPicture {
   std::vector<PreparedLayer> layers_;
   /// The picture in the states `shown_`, at its own scale and opacity.
   QImage composed_;
-  std::vector<std::size_t> shown_;
+  QImage scratch_;
+  std::vector<double> shown_;
   std::vector<QRect> changed_;
 };
 
@@ -201,7 +158,7 @@ Picture sampler() {
 
 void QtPictureRasterizer::warmUp() {
   std::array<std::uint32_t, 48 * 48> pixels{};
-  const std::array<std::size_t, 1> states{};
+  const std::array<double, 1> states{};
   prepare(sampler(), 1)->paint(states, {1, 1, 1, {{0, 0}, {48, 48}}}, {pixels.data(), 48, 48, 48});
   QIcon::fromTheme("folder").pixmap(48);
 }

@@ -71,7 +71,7 @@ class PictureRasterizerTest : public testing::TestWithParam<double> {
 };
 
 TEST_P(PictureRasterizerTest, ChangingAStateEndsInTheSamePixelsAsPaintingItAfresh) {
-  const std::vector<std::vector<std::size_t>> steps = {{0, 0, 0, 0}, {1, 0, 0, 0}, {0, 0, 1, 0}, {0, 1, 0, 1}};
+  const std::vector<std::vector<double>> steps = {{0, 0, 0, 0}, {1, 0, 0, 0}, {0, 0, 1, 0}, {0, 1, 0, 1}};
   const auto stepwise = rasterizer.prepare(ring(), GetParam());
   for (const auto& states : steps) {
     Canvas before(GetParam());
@@ -83,7 +83,7 @@ TEST_P(PictureRasterizerTest, ChangingAStateEndsInTheSamePixelsAsPaintingItAfres
 }
 
 TEST_P(PictureRasterizerTest, ADirtyRectangleGetsTheFullPaintingAndNothingElseChanges) {
-  const std::vector<std::size_t> states = {0, 1, 0, 0};
+  const std::vector<double> states = {0, 1, 0, 0};
   const auto prepared = rasterizer.prepare(ring(), GetParam());
   Canvas full(GetParam());
   for (const auto& [scale, opacity] : {std::pair{1.0, 1.0}, std::pair{0.85, 0.5}}) {
@@ -107,7 +107,7 @@ TEST_P(PictureRasterizerTest, ADirtyRectangleGetsTheFullPaintingAndNothingElseCh
 }
 
 TEST_P(PictureRasterizerTest, ThePhaseFadesAndShrinksTowardsTheAnchor) {
-  const std::vector<std::size_t> states = {0, 0, 0, 0};
+  const std::vector<double> states = {0, 0, 0, 0};
   const auto prepared = rasterizer.prepare(ring(), GetParam());
   Canvas canvas(GetParam());
   PictureView view = whole();
@@ -121,6 +121,42 @@ TEST_P(PictureRasterizerTest, ThePhaseFadesAndShrinksTowardsTheAnchor) {
   const auto pixel = [&](double points) { return static_cast<int>(points * GetParam()); };
   EXPECT_NE(canvas.at(pixel(120), pixel(112)), 0U);
   EXPECT_EQ(canvas.at(pixel(165), pixel(120)), 0U) << "outside of half the radius";
+}
+
+TEST_P(PictureRasterizerTest, BetweenTwoStatesALayerIsAMixtureOfBoth) {
+  const auto pixels = [&](double state) {
+    Canvas canvas(GetParam());
+    const auto prepared = rasterizer.prepare(ring(), GetParam());
+    prepared->paint(std::vector<double>{0, 0, 0, 0}, whole(), canvas.buffer());
+    prepared->paint(std::vector<double>{state, 0, 0, 0}, whole(), canvas.buffer());
+    return canvas.pixels;
+  };
+  const auto from = pixels(0), middle = pixels(0.5), to = pixels(1);
+  for (std::size_t i = 0; i < from.size(); ++i) {
+    for (int shift = 0; shift < 32; shift += 8) {
+      const auto component = [shift](std::uint32_t pixel) { return static_cast<int>(pixel >> shift & 0xFF); };
+      ASSERT_NEAR(component(middle[i]), (component(from[i]) + component(to[i])) / 2, 3) << i;
+    }
+  }
+}
+
+TEST_P(PictureRasterizerTest, GlassShowsTheBackdropOrAnImitation) {
+  BackdropPaint glass;
+  glass.imitation = {0, 0, 1, 0.5};
+  glass.veil = {1, 0, 0, 0.5};
+  const Picture picture{
+      {kSide, kSide}, kCentre, {{{{0, 0}, {kSide, kSide}}, {{FillCommand{Path::circle(kCentre, 80), glass}}}}}};
+  Canvas screen(GetParam());
+  std::fill(screen.pixels.begin(), screen.pixels.end(), 0xFF00FF00U);
+  for (const bool isTold : {true, false}) {
+    const auto prepared = rasterizer.prepare(picture, GetParam());
+    if (isTold) prepared->setBackdrop(screen.buffer());
+    Canvas canvas(GetParam());
+    prepared->paint(std::vector<double>{0}, whole(), canvas.buffer());
+    const std::uint32_t wanted = isTold ? 0xFF808000U : 0xBF800040U;
+    EXPECT_LE(difference(canvas.at(canvas.side / 2, canvas.side / 2), wanted), 2);
+    EXPECT_EQ(canvas.at(1, 1), 0U);
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(Scales, PictureRasterizerTest, testing::Values(1.0, 1.25, 1.5, 2.0));
@@ -146,7 +182,7 @@ class TextTest : public testing::Test {
   Canvas draw(const TextCommand& command) {
     const Picture picture{{kSide, kSide}, {}, {{{{0, 0}, {kSide, kSide}}, {{command}}}}};
     Canvas canvas(1);
-    const std::vector<std::size_t> states = {0};
+    const std::vector<double> states = {0};
     rasterizer.prepare(picture, 1)->paint(states, {1, 1, 1, {{0, 0}, {kSide, kSide}}}, canvas.buffer());
     return canvas;
   }

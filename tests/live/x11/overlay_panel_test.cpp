@@ -61,9 +61,10 @@ class ScaledOverlayTest : public OverlayPanelTest {
 /// Two layers side by side with a transparent stripe of 20 points between them.
 Picture twoLayers(Size size) {
   const double half = size.width / 2;
-  return {size,
-          {half, size.height / 2},
-          {{{{0, 0}, {half - 10, size.height}}, {{}, {}}}, {{{half + 10, 0}, {half - 10, size.height}}, {{}, {}}}}};
+  return {
+      size,
+      {half, size.height / 2},
+      {{{{0, 0}, {half - 10, size.height}}, {{}, {}, {}}}, {{{half + 10, 0}, {half - 10, size.height}}, {{}, {}, {}}}}};
 }
 
 TEST_F(OverlayPanelTest, TakesEveryKeyAndMoveWithoutTouchingTheFocus) {
@@ -246,6 +247,45 @@ TEST_F(OverlayPanelTest, PaintsOnlyWhatChangedAndLeavesTransparentPartsOpen) {
   EXPECT_EQ(capture(kArea), desktop);
 }
 
+TEST_F(OverlayPanelTest, WithoutACompositorWhatWasBeneathShinesThrough) {
+  other_.coverArea(0, 0, 640, 480);
+  ASSERT_TRUE(eventually([&] { return user_.capture(kArea).at(200, 150) == Bystander::kColor; }));
+  auto panel = panels_.makePanel({}, kFrame, sink_);
+  panel->setPicture(twoLayers(kFrame.size));
+  panel->setLayerState(1, SolidRasterizer::kTranslucent);
+  panel->display();
+  panel->orderFrontRegardless();
+  panel->makeKey();
+  const Capture shown = capture(kArea);
+  EXPECT_EQ(shown.at(110, 150), SolidRasterizer::color(0));
+  EXPECT_EQ(shown.at(290, 150), 0x40BF40U) << "half of the window's green below half of grey";
+  ASSERT_EQ(rasterizer_.backdrops.size(), 1U);
+  EXPECT_EQ(rasterizer_.backdrops[0], std::vector<std::uint32_t>(200 * 200, 0xFF000000U | Bystander::kColor));
+}
+
+TEST_F(OverlayPanelTest, BeyondTheScreenTheBackdropGoesOnAsAtItsEdge) {
+  other_.coverArea(0, 0, 100, 100);
+  ASSERT_TRUE(eventually([&] { return user_.capture({0, 0, 2, 2}).at(1, 1) == Bystander::kColor; }));
+  const auto panel = openPanel({{-100, -100}, {200, 200}});
+  ASSERT_EQ(rasterizer_.backdrops.size(), 1U);
+  EXPECT_EQ(rasterizer_.backdrops[0], std::vector<std::uint32_t>(200 * 200, 0xFF000000U | Bystander::kColor));
+}
+
+TEST_F(OverlayWithoutSharedMemoryTest, WhereTheScreenCannotBeReadEdgesAreHard) {
+  const Capture desktop = capture(kArea);
+  auto panel = panels_.makePanel({}, kFrame, sink_);
+  panel->setPicture(twoLayers(kFrame.size));
+  panel->setLayerState(1, SolidRasterizer::kTranslucent);
+  panel->setAppearancePhase(1, 0.5);
+  panel->display();
+  panel->orderFrontRegardless();
+  panel->makeKey();
+  const Capture shown = capture(kArea);
+  EXPECT_EQ(shown.at(110, 150), SolidRasterizer::color(0)) << "seen at once, as nothing can fade";
+  EXPECT_EQ(shown.at(290, 150), desktop.at(290, 150));
+  EXPECT_TRUE(rasterizer_.backdrops.empty());
+}
+
 TEST_F(OverlayPanelTest, IsTransparentUnderACompositor) {
   ChildProcess compositor({"picom", "--config", "/dev/null", "--backend", "xrender"}, {{"DISPLAY", server_.display()}});
   ASSERT_TRUE(eventually([&] { return user_.selectionOwner("_NET_WM_CM_S0") != XCB_NONE; }));
@@ -260,6 +300,8 @@ TEST_F(OverlayPanelTest, IsTransparentUnderACompositor) {
     const Capture shown = user_.capture(kArea);
     return shown.at(110, 150) == SolidRasterizer::color(0) && shown.at(200, 150) == Bystander::kColor;
   }));
+  ASSERT_EQ(rasterizer_.backdrops.size(), 1U) << "read from what the compositor shows";
+  EXPECT_EQ(rasterizer_.backdrops[0], std::vector<std::uint32_t>(200 * 200, 0xFF000000U | Bystander::kColor));
 }
 
 TEST_F(OverlayPanelTest, StaysOpenBetweenItsPartsWhenTheCompositorComesAndGoes) {

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -10,25 +12,38 @@
 
 namespace rondora::live {
 
-/// Paints each layer's bounds in one colour that tells which state it is in: 0xFF000000 | 0x404040 × (state + 1).
+/// Paints each layer's bounds in one colour that tells which state it is in: 0xFF000000 | 0x404040 × (state + 1), but
+/// half transparent grey in state 2.
 class SolidRasterizer : public PictureRasterizer {
  public:
+  static constexpr double kTranslucent = 2;
+
+  /// What the pictures were told to lie over, the latest last; of each the pixels, row by row.
+  std::vector<std::vector<std::uint32_t>> backdrops;
+
   std::unique_ptr<PreparedPicture> prepare(Picture picture, double /*pixelsPerPoint*/) override {
-    return std::make_unique<Prepared>(std::move(picture));
+    return std::make_unique<Prepared>(*this, std::move(picture));
   }
 
-  static constexpr std::uint32_t color(std::size_t state) {
-    return 0x404040U * (static_cast<std::uint32_t>(state) + 1);
-  }
+  static constexpr std::uint32_t color(double state) { return 0x404040U * (static_cast<std::uint32_t>(state) + 1); }
 
  private:
   struct Prepared : PreparedPicture {
-    explicit Prepared(Picture source) : picture(std::move(source)) {}
+    Prepared(SolidRasterizer& rasterizer, Picture source) : owner(rasterizer), picture(std::move(source)) {}
 
-    void paint(std::span<const std::size_t> states, const PictureView& view, PixelBuffer target) override {
+    void setBackdrop(const PixelBuffer& screen) override {
+      auto& rows = owner.backdrops.emplace_back();
+      for (int y = 0; y < screen.height; ++y) {
+        const std::uint32_t* row = screen.pixels + static_cast<std::ptrdiff_t>(y) * screen.stride;
+        rows.insert(rows.end(), row, row + screen.width);
+      }
+    }
+
+    void paint(std::span<const double> states, const PictureView& view, PixelBuffer target) override {
       fill(view.dirty, view, target, 0);
       for (std::size_t i = 0; i < states.size(); ++i) {
-        fill(common(picture.layers[i].bounds, view.dirty), view, target, 0xFF000000U | color(states[i]));
+        fill(common(picture.layers[i].bounds, view.dirty), view, target,
+             states[i] == kTranslucent ? 0x80404040U : 0xFF000000U | color(states[i]));
       }
     }
 
@@ -45,6 +60,7 @@ class SolidRasterizer : public PictureRasterizer {
       }
     }
 
+    SolidRasterizer& owner;
     Picture picture;
   };
 };

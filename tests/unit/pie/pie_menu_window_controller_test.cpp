@@ -27,6 +27,7 @@ class OverlayTest : public testing::Test {
     desktop.overlay.moveTo(kOpenedAt);
     menu.id = desktop.random.uuid();
     menu.items = makeItems(6);
+    menu.animationDuration = 0;
     controller.onItemSelected = [this](const PieMenuItem& item) {
       controller.hide();
       notes.push_back("item " + item.title);
@@ -64,7 +65,7 @@ class OverlayTest : public testing::Test {
   void moveBy(double x, double y) { desktop.overlay.moveTo(kOpenedAt + Point{x, y}); }
   Index highlighted() const {
     Index found;
-    for (std::size_t i = 0; i + 2 < panel().layerStates.size(); ++i) {
+    for (std::size_t i = 0; i + 3 < panel().layerStates.size(); ++i) {
       if (panel().layerStates[ring_layers::sector(i)] == ring_layers::kHighlighted) found = i;
     }
     return found;

@@ -3,8 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdint>
 #include <limits>
+#include <string_view>
 
+#include "model/palette.h"
+#include "pie/frosted_glass.h"
 #include "pie/opening_animation.h"
 #include "pie/pie_sector_shape.h"
 #include "pie/quick_select.h"
@@ -106,14 +110,15 @@ TEST(RingPictureTest, IconsTakeTheSizeAndPlaceThatTheMenuAsksForWhereThereIsRoom
 TEST(RingPictureTest, NothingIsDrawnOutsideItsLayerNorALayerOutsideThePicture) {
   for (const std::size_t count : {0u, 1u, 2u, 6u, 36u}) {
     const Ring ring = ringOf(count);
-    ASSERT_EQ(ring.picture.layers.size(), count + 2);
+    ASSERT_EQ(ring.picture.layers.size(), count + 3);
     for (const PictureLayer& layer : ring.picture.layers) {
       ASSERT_TRUE(encloses({{0, 0}, ring.picture.size}, layer.bounds.origin));
       ASSERT_TRUE(encloses({{0, 0}, ring.picture.size}, {layer.bounds.right(), layer.bounds.bottom()}));
       for (const DisplayList& list : layer.states) {
         for (const DisplayCommand& command : list) {
           if (const auto* fill = std::get_if<FillCommand>(&command)) {
-            for (const Point p : outline(fill->path)) ASSERT_TRUE(encloses(layer.bounds, p)) << count;
+            const Path& drawn = fill->clip.elements.empty() ? fill->path : fill->clip;
+            for (const Point p : outline(drawn)) ASSERT_TRUE(encloses(layer.bounds, p)) << count;
           }
         }
       }
@@ -125,11 +130,114 @@ TEST(RingPictureTest, TheTitleFollowsTheHighlight) {
   const Ring ring = ringOf(3);
   const PictureLayer& title = ring.picture.layers[ring_layers::title(3)];
   ASSERT_EQ(title.states.size(), 4u);
-  EXPECT_TRUE(title.states[ring_layers::titleState(std::nullopt)].empty());
-  EXPECT_EQ(find<TextCommand>(title.states[ring_layers::titleState(2)])->text, "Item 2");
-  const Point center = ring.layout.center();
-  const Point corner = title.bounds.origin - center;
-  EXPECT_LT(std::hypot(corner.x, corner.y), ring.layout.hubRadius());
+  EXPECT_TRUE(title.states[0].empty());
+  EXPECT_EQ(ring_layers::titleState(std::nullopt), 0);
+  EXPECT_EQ(find<TextCommand>(title.states[3])->text, "Item 2");
+  EXPECT_EQ(ring_layers::titleState(2), 3);
+  const Rect text = find<TextCommand>(title.states[3])->rect;
+  for (const Point corner : {text.origin, Point{text.right(), text.bottom()}}) {
+    const Point offset = corner - ring.layout.center();
+    EXPECT_LT(std::hypot(offset.x, offset.y), ring.layout.hubRadius());
+  }
+}
+
+TEST(RingPictureTest, TheHubShowsTheCatOfMenusWithPawsAndTheApplicationOfMenusThatHaveOne) {
+  PieMenu menu;
+  const auto figure = [&](std::optional<std::string> application) {
+    const RingLayout layout = RingLayout::make(menu, 0, 0, 400);
+    const Picture picture = makeRingPicture(menu, layout, {{}, {}, {}, std::move(application)});
+    return picture.layers[ring_layers::figure(0)].states[0];
+  };
+  EXPECT_NE(find<FillCommand>(figure(std::nullopt)), nullptr);
+  menu.pawDecorationEnabled = false;
+  EXPECT_TRUE(figure(std::nullopt).empty());
+  menu.centerAppIconScale = 0.5;
+  const DisplayList icon = figure("org.example.Editor");
+  ASSERT_EQ(icon.size(), 1u);
+  EXPECT_EQ(find<IconCommand>(icon)->name, "org.example.Editor");
+  EXPECT_DOUBLE_EQ(find<IconCommand>(icon)->rect.size.width, RingLayout::make(menu, 0, 0, 400).hubRadius());
+}
+
+TEST(RingPictureTest, EveryAppearanceKeyChangesTheRing) {
+  const std::vector<std::pair<const char*, double PieMenu::*>> keys = {
+      {"menuRadius", &PieMenu::menuRadius},
+      {"innerRadius", &PieMenu::innerRadius},
+      {"iconDistance", &PieMenu::iconDistance},
+      {"iconSize", &PieMenu::iconSize},
+      {"appearanceScale", &PieMenu::appearanceScale},
+      {"rotationDegrees", &PieMenu::rotationDegrees},
+      {"pawSizeScale", &PieMenu::pawSizeScale},
+      {"pawRadialInset", &PieMenu::pawRadialInset},
+      {"centerCatScale", &PieMenu::centerCatScale},
+      {"shortcutDigitSizeScale", &PieMenu::shortcutDigitSizeScale},
+      {"shortcutDigitInsetLeftScale", &PieMenu::shortcutDigitInsetLeftScale},
+      {"shortcutDigitInsetRightScale", &PieMenu::shortcutDigitInsetRightScale},
+      {"shortcutDigitOpacity", &PieMenu::shortcutDigitOpacity}};
+  const Picture plain = ringOf(6).picture;
+  for (const auto& [name, key] : keys) {
+    for (const double factor : {0.85, 1.15}) {
+      PieMenu menu;
+      menu.*key = menu.*key == 0 ? 10 * factor : menu.*key * factor;
+      EXPECT_NE(ringOf(6, menu).picture, plain) << name << " times " << factor;
+    }
+  }
+  PieMenu menu;
+  menu.shortcutDigitColorHex = "#00FF00";
+  EXPECT_NE(ringOf(6, menu).picture, plain);
+  menu = {};
+  menu.liquidGlass.tintOpacity = 0.2;
+  EXPECT_NE(ringOf(6, menu).picture, plain);
+  menu = {};
+  menu.liquidGlass.variant = LiquidGlassVariant::clear;
+  EXPECT_NE(ringOf(6, menu).picture, plain);
+}
+
+double relativeLuminance(Color color) {
+  const auto linear = [](double c) { return c <= 0.04045 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4); };
+  return 0.2126 * linear(color.red) + 0.7152 * linear(color.green) + 0.0722 * linear(color.blue);
+}
+
+double contrast(Color a, Color b) {
+  const auto [dark, light] = std::minmax(relativeLuminance(a), relativeLuminance(b));
+  return (light + 0.05) / (dark + 0.05);
+}
+
+/// What a screen of that colour looks like through the glass.
+Color throughGlass(const BackdropPaint& paint, std::uint32_t screen) {
+  std::uint32_t pixel = 0xFF000000U | screen;
+  std::uint32_t seen = 0;
+  frost({&pixel, 1, 1, 1}, {0, paint.saturation, paint.brightest, paint.veil}, {&seen, 1, 1, 1});
+  return {(seen >> 16 & 0xFF) / 255.0, (seen >> 8 & 0xFF) / 255.0, (seen & 0xFF) / 255.0, 1};
+}
+
+/// The colour of a gradient half-way between hub and rim.
+Color middleOf(const RadialGradientPaint& paint) { return mix(paint.stops[1].color, paint.stops[2].color, 0.5); }
+
+TEST(RingPictureTest, IconsAndTitlesCanBeReadOverEverything) {
+  for (const auto variant : {LiquidGlassVariant::regular, LiquidGlassVariant::clear}) {
+    for (const double tint : {0.0, 0.07, 0.5, 1.0}) {
+      for (const std::string_view itemColor : kItemColorPalette) {
+        PieMenu menu;
+        menu.liquidGlass = {variant, tint};
+        menu.items.resize(1);
+        menu.items[0].icon = "star.fill";
+        menu.items[0].color = std::string(itemColor);
+        const RingLayout layout = RingLayout::make(menu, 0, 1, 400);
+        const Picture picture = makeRingPicture(menu, layout, {menu.items, {"Star"}, {std::nullopt}});
+        const auto& glass = std::get<BackdropPaint>(std::get<FillCommand>(picture.layers[0].states[0][1]).paint);
+        const auto& states = picture.layers[ring_layers::sector(0)].states;
+        for (const std::uint32_t screen : {0x000000U, 0xFFFFFFU, 0xFFFF00U, 0x00FFFFU, 0xFF0000U, 0x808080U}) {
+          const Color beneath = throughGlass(glass, screen);
+          EXPECT_GT(contrast({1, 1, 1, 1}, beneath), 4.5) << "title over " << screen;
+          for (const DisplayList& list : states) {
+            const Color body = middleOf(std::get<RadialGradientPaint>(find<FillCommand>(list)->paint));
+            EXPECT_GT(contrast(find<IconCommand>(list)->tint, layered(beneath, body)), 3)
+                << itemColor << " tinted " << tint << " over " << screen;
+          }
+        }
+      }
+    }
+  }
 }
 
 TEST(RingPictureTest, AnItemWithoutIconShowsTheFirstCharacterOfItsTitle) {
@@ -173,7 +281,8 @@ TEST(RingPictureTest, HostileSizesNeitherTrapNorEscape) {
     PieMenu menu;
     menu.menuRadius = menu.innerRadius = menu.iconSize = menu.iconDistance = menu.appearanceScale = hostile;
     menu.shortcutDigitSizeScale = menu.shortcutDigitInsetLeftScale = menu.shortcutDigitInsetRightScale = hostile;
-    menu.shortcutDigitOpacity = menu.rotationDegrees = hostile;
+    menu.shortcutDigitOpacity = menu.rotationDegrees = menu.liquidGlass.tintOpacity = hostile;
+    menu.pawSizeScale = menu.pawRadialInset = menu.centerCatScale = menu.centerAppIconScale = hostile;
     for (const std::size_t count : {0u, 1u, 6u, 36u, 500u}) {
       const Ring ring = ringOf(count, menu);
       ASSERT_LE(ring.picture.size.width, 1010);

@@ -78,7 +78,7 @@ bool PixelSurface::share() {
   }
   pixels_ = static_cast<std::uint32_t*>(memory);
   segment_ = xcb_generate_id(connection_.get());
-  xcb_shm_attach_fd(connection_.get(), segment_, descriptor, 1);
+  xcb_shm_attach_fd(connection_.get(), segment_, descriptor, 0);  // the server may write, too
   return true;
 }
 
@@ -117,10 +117,16 @@ void PixelSurface::putByRequests(xcb_drawable_t target, xcb_gcontext_t context, 
   }
 }
 
-std::vector<xcb_rectangle_t> PixelSurface::opaqueParts() const {
-  constexpr std::uint32_t kAlpha = 0xFF000000;
-  const auto isSeen = [](std::uint32_t pixel) { return (pixel & kAlpha) != 0; };
-  std::vector<xcb_rectangle_t> parts;
+xcb_shm_get_image_cookie_t PixelSurface::request(xcb_drawable_t source, const PixelRect& part) const {
+  return xcb_shm_get_image(connection_.get(), source, static_cast<std::int16_t>(part.x),
+                           static_cast<std::int16_t>(part.y), static_cast<std::uint16_t>(width_),
+                           static_cast<std::uint16_t>(height_), ~0U, XCB_IMAGE_FORMAT_Z_PIXMAP, segment_, 0);
+}
+
+void PixelSurface::findOpaqueParts(std::uint8_t leastAlpha, std::vector<xcb_rectangle_t>& parts) const {
+  const std::uint32_t least = static_cast<std::uint32_t>(leastAlpha) << 24;
+  const auto isSeen = [least](std::uint32_t pixel) { return pixel >= least; };
+  parts.clear();
   for (int y = 0; y < height_; ++y) {
     const std::uint32_t* row = pixels_ + static_cast<std::ptrdiff_t>(y) * width_;
     const std::uint32_t* end = row + width_;
@@ -131,7 +137,6 @@ std::vector<xcb_rectangle_t> PixelSurface::opaqueParts() const {
       from = std::find_if(to, end, isSeen);
     }
   }
-  return parts;
 }
 
 }  // namespace rondora::x11

@@ -18,7 +18,7 @@ enum class PixelTransport { sharedMemory, requests };
 /// How pixels get to this server fastest. Asks it once, with a shared page to try.
 PixelTransport bestTransport(const XConnection& connection);
 
-/// Pixels that we paint and the server copies into a window.
+/// Pixels that we share with the server: we paint and it copies them into a window, or the other way round.
 class PixelSurface {
  public:
   /// `width` and `height` in pixels, at least 1. Starts transparent.
@@ -30,8 +30,11 @@ class PixelSurface {
   PixelBuffer buffer() { return {pixels_, width_, height_, width_}; }
   /// Copies `rect`, which lies inside the surface, to the same place of the drawable. Not flushed.
   void put(xcb_drawable_t target, xcb_gcontext_t context, std::uint8_t depth, const PixelRect& rect);
-  /// What is not wholly transparent, as rectangles sorted by row.
-  std::vector<xcb_rectangle_t> opaqueParts() const;
+  /// Has the server fill the surface with `part`, as large as the surface, of a window; filled when the reply is there.
+  /// Works with shared memory only.
+  xcb_shm_get_image_cookie_t request(xcb_drawable_t source, const PixelRect& part) const;
+  /// What has at least that alpha (1 to 255), as rectangles sorted by row.
+  void findOpaqueParts(std::uint8_t leastAlpha, std::vector<xcb_rectangle_t>& parts) const;
 
  private:
   bool share();

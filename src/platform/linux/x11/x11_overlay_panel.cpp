@@ -18,6 +18,11 @@ constexpr int kRaises = 100;
 
 constexpr std::uint8_t kLeftButton = 1;
 
+// A shaped window without what lies beneath: pixels are seen or not, and fade into this colour instead.
+constexpr std::uint32_t kHardEdge = 0xFF15161A;
+constexpr std::uint8_t kHardEdgeAlpha = 0x90;
+constexpr std::uint8_t kSoftEdgeAlpha = 1;
+
 PixelRect pixelFrame(const Rect& frame, double pixelsPerPoint) {
   const auto side = [&](double points) {
     return static_cast<int>(std::ceil(std::clamp(points * pixelsPerPoint, 1.0, double{kLargestSide})));
@@ -30,10 +35,25 @@ PixelRect pixelFrame(const Rect& frame, double pixelsPerPoint) {
   return {origin(frame.center().x, width), origin(frame.center().y, height), width, height};
 }
 
+/// `pixel`, which is premultiplied, laid on an opaque one. Keeps its alpha, which tells later what is to be seen.
+std::uint32_t laidOn(std::uint32_t beneath, std::uint32_t pixel) {
+  constexpr std::uint32_t kEven = 0x00FF00FF;
+  const std::uint32_t rest = 255 - (pixel >> 24);
+  const auto share = [rest](std::uint32_t components) {
+    const std::uint32_t scaled = components * rest + 0x00800080;
+    return (scaled + (scaled >> 8 & kEven)) >> 8 & kEven;
+  };
+  return pixel + (share(beneath & kEven) | (share(beneath >> 8 & 0xFF) & 0xFF) << 8);
+}
+
 Rect united(const Rect& a, const Rect& b) {
   const double left = std::min(a.left(), b.left());
   const double top = std::min(a.top(), b.top());
   return {{left, top}, {std::max(a.right(), b.right()) - left, std::max(a.bottom(), b.bottom()) - top}};
+}
+
+bool sameRectangle(const xcb_rectangle_t& a, const xcb_rectangle_t& b) {
+  return a.x == b.x && a.y == b.y && a.width == b.width && a.height == b.height;
 }
 
 }  // namespace
@@ -59,6 +79,7 @@ X11OverlayPanel::X11OverlayPanel(const OverlayResources& resources, const Rect& 
       frame_(pixelFrame(frame, resources.connection.pixelsPerPoint())),
       raisesLeft_(kRaises) {
   view_.pixelsPerPoint = resources.connection.pixelsPerPoint();
+  beneath_ = resources.screenReader.read(frame_);
   createWindow();
   setProperties();
   surface_.emplace(resources.connection, resources.transport, frame_.width, frame_.height);
@@ -78,6 +99,7 @@ X11OverlayPanel::~X11OverlayPanel() {
   xcb_free_gc(xcb, context_);
   xcb_destroy_window(xcb, window_);
   resources_.connection.flush();
+  if (isMapped_) resources_.screenReader.panelWentAway();
 }
 
 // No background on a plain visual: the server would paint a black square before the picture comes.
@@ -123,7 +145,7 @@ void X11OverlayPanel::setPicture(Picture picture) {
   dirtyWhole();
 }
 
-void X11OverlayPanel::setLayerState(std::size_t layer, std::size_t state) {
+void X11OverlayPanel::setLayerState(std::size_t layer, double state) {
   if (std::exchange(layerStates_[layer], state) == state) return;
   view_.scale == 1 ? dirty_.add(layerBounds_[layer]) : dirtyWhole();
 }
@@ -151,13 +173,42 @@ void X11OverlayPanel::display() {
   dirty_.clear();
 }
 
+/// The picture was prepared while the server answered.
+void X11OverlayPanel::setBackdrop() {
+  hasBackdrop_ = true;
+  if (!beneath_) return;
+  beneathPixels_ = beneath_->pixels();
+  if (beneathPixels_) picture_->setBackdrop(*beneathPixels_);
+  if (!isTransparent()) return;
+  beneathPixels_.reset();
+  beneath_.reset();
+}
+
 void X11OverlayPanel::paintDirty() {
+  if (picture_ && !hasBackdrop_) setBackdrop();
   for (const Rect& rect : dirty_) {
     const PixelRect pixels = pixelsOf(rect);
     if (pixels.width <= 0 || pixels.height <= 0 || !picture_) continue;
     const double factor = 1 / view_.pixelsPerPoint;
-    view_.dirty = {{pixels.x * factor, pixels.y * factor}, {pixels.width * factor, pixels.height * factor}};
-    picture_->paint(layerStates_, view_, surface_->buffer());
+    PictureView view = view_;
+    view.dirty = {{pixels.x * factor, pixels.y * factor}, {pixels.width * factor, pixels.height * factor}};
+    if (!isTransparent() && !beneathPixels_) view.opacity = 1;
+    picture_->paint(layerStates_, view, surface_->buffer());
+    if (!isTransparent()) makeOpaque(pixels);
+  }
+}
+
+void X11OverlayPanel::makeOpaque(const PixelRect& rect) {
+  const PixelBuffer target = surface_->buffer();
+  for (int y = rect.y; y < rect.bottom(); ++y) {
+    std::uint32_t* row = target.pixels + static_cast<std::ptrdiff_t>(y) * target.stride;
+    if (!beneathPixels_) {
+      std::transform(row + rect.x, row + rect.right(), row + rect.x,
+                     [](std::uint32_t pixel) { return laidOn(kHardEdge, pixel); });
+      continue;
+    }
+    const std::uint32_t* beneath = beneathPixels_->pixels + static_cast<std::ptrdiff_t>(y) * beneathPixels_->stride;
+    std::transform(beneath + rect.x, beneath + rect.right(), row + rect.x, row + rect.x, laidOn);
   }
 }
 
@@ -182,22 +233,28 @@ void X11OverlayPanel::orderFrontRegardless() {
   dirty_.clear();
 }
 
-void X11OverlayPanel::updateShape() const {
+void X11OverlayPanel::updateShape() {
   if (isTransparent()) {
     xcb_shape_mask(resources_.connection.get(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, window_, 0, 0,
                    XCB_PIXMAP_NONE);
+    shape_.clear();
     return;
   }
-  const std::vector<xcb_rectangle_t> parts = surface_->opaqueParts();
+  surface_->findOpaqueParts(beneathPixels_ ? kSoftEdgeAlpha : kHardEdgeAlpha, nextShape_);
+  if (std::equal(shape_.begin(), shape_.end(), nextShape_.begin(), nextShape_.end(), sameRectangle)) return;
+  shape_.swap(nextShape_);
   xcb_shape_rectangles(resources_.connection.get(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING,
-                       XCB_CLIP_ORDERING_YX_SORTED, window_, 0, 0, static_cast<std::uint32_t>(parts.size()),
-                       parts.data());
+                       XCB_CLIP_ORDERING_YX_SORTED, window_, 0, 0, static_cast<std::uint32_t>(shape_.size()),
+                       shape_.data());
 }
 
 void X11OverlayPanel::compositorChanged() {
   if (!isMapped_) return;
+  dirtyWhole();
+  paintDirty();
   updateShape();
   put({0, 0, frame_.width, frame_.height});
+  dirty_.clear();
   resources_.connection.flush();
 }
 

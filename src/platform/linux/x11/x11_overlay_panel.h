@@ -11,6 +11,7 @@
 #include "base/observable.h"
 #include "platform/linux/x11/compositor_watch.h"
 #include "platform/linux/x11/pixel_surface.h"
+#include "platform/linux/x11/screen_reader.h"
 #include "platform/linux/x11/x11_input_grab.h"
 #include "platform/linux/x11/x_connection.h"
 #include "platform/overlay_panel.h"
@@ -24,6 +25,7 @@ struct OverlayResources {
   X11InputGrab& inputGrab;
   PictureRasterizer& rasterizer;
   CompositorWatch& compositor;
+  ScreenReader& screenReader;
   PixelTransport transport = PixelTransport::requests;
   xcb_visualid_t visual = 0;
   std::uint8_t depth = 0;
@@ -44,7 +46,9 @@ class DirtyRects {
   std::size_t count_ = 0;
 };
 
-/// A bare window that the window manager never sees, painted from an image; keyboard and pointer come by grab.
+/// A bare window that the window manager never sees, painted from an image; keyboard and pointer come by grab. Without
+/// a compositor the window has the shape of the ring, and what shines through it is what the screen showed beneath when
+/// the panel was made; where that cannot be read, the ring has a hard and dark edge.
 class X11OverlayPanel : public OverlayPanel, private InputGrabSink {
  public:
   X11OverlayPanel(const OverlayResources& resources, const Rect& frame, OverlayPanelSink& sink);
@@ -53,7 +57,7 @@ class X11OverlayPanel : public OverlayPanel, private InputGrabSink {
   X11OverlayPanel& operator=(const X11OverlayPanel&) = delete;
 
   void setPicture(Picture picture) override;
-  void setLayerState(std::size_t layer, std::size_t state) override;
+  void setLayerState(std::size_t layer, double state) override;
   void setAppearancePhase(double scale, double opacity) override;
   void display() override;
   void orderFrontRegardless() override;
@@ -67,10 +71,12 @@ class X11OverlayPanel : public OverlayPanel, private InputGrabSink {
   void createWindow();
   void setProperties() const;
   void dirtyWhole();
+  void setBackdrop();
   void paintDirty();
+  void makeOpaque(const PixelRect& rect);
   void putDirty();
   void put(const PixelRect& rect);
-  void updateShape() const;
+  void updateShape();
   void compositorChanged();
   void raise() const;
   void raiseAgain();
@@ -89,10 +95,16 @@ class X11OverlayPanel : public OverlayPanel, private InputGrabSink {
   PixelRect frame_;
   xcb_window_t window_ = XCB_WINDOW_NONE;
   xcb_gcontext_t context_ = 0;
+  /// Made before the window, which must not be seen in it; kept only where we have to compose it ourselves.
+  std::unique_ptr<ScreenPiece> beneath_;
+  std::optional<PixelBuffer> beneathPixels_;
+  bool hasBackdrop_ = false;
   std::optional<PixelSurface> surface_;
+  std::vector<xcb_rectangle_t> shape_;
+  std::vector<xcb_rectangle_t> nextShape_;
   std::unique_ptr<PreparedPicture> picture_;
   std::vector<Rect> layerBounds_;
-  std::vector<std::size_t> layerStates_;
+  std::vector<double> layerStates_;
   PictureView view_;
   DirtyRects dirty_;
   bool isMapped_ = false;
@@ -115,6 +127,7 @@ class X11OverlayPanels : public OverlayPanels {
 
  private:
   CompositorWatch compositor_;
+  ScreenReader screenReader_;
   OverlayResources resources_;
 };
 

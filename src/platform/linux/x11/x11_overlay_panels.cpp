@@ -22,9 +22,11 @@ xcb_visualid_t alphaVisual(const xcb_screen_t& screen) {
 }  // namespace
 
 X11OverlayPanels::X11OverlayPanels(XConnection& connection, X11InputGrab& inputGrab, PictureRasterizer& rasterizer)
-    : compositor_(connection), resources_{connection, inputGrab, rasterizer, compositor_} {
+    : compositor_(connection),
+      screenReader_(connection, bestTransport(connection)),
+      resources_{connection, inputGrab, rasterizer, compositor_, screenReader_} {
   const xcb_screen_t& screen = connection.screen();
-  resources_.transport = bestTransport(connection);
+  resources_.transport = screenReader_.transport();
   resources_.visual = alphaVisual(screen);
   resources_.hasAlpha = resources_.visual != 0;
   resources_.depth = resources_.hasAlpha ? kAlphaDepth : screen.root_depth;

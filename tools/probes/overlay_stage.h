@@ -1,0 +1,45 @@
+#pragma once
+
+#include <memory>
+
+#include "platform/linux/x11/x11_input_grab.h"
+#include "platform/linux/x11/x11_overlay_panel.h"
+#include "platform/linux/x11/x11_pointer.h"
+#include "platform/linux/x11/x_connection.h"
+#include "platform/linux/x11/x_keyboard.h"
+#include "platform/linux/x11/x_keymap.h"
+#include "sample_ring.h"
+#include "ui/qt/qt_main_queue.h"
+#include "ui/qt/qt_native_events.h"
+#include "ui/qt/qt_picture_rasterizer.h"
+#include "ui/qt/qt_x11_access.h"
+
+namespace rondora {
+
+/// What the program makes to show a ring, and nothing else of it. Needs the application object, on X.
+struct OverlayStage {
+  OverlayStage(const QtX11Access& access, double pixelsPerPoint)
+      : connection(access.connection, access.screenNumber, pixelsPerPoint),
+        events([this](const xcb_generic_event_t& event) { return connection.dispatch(event); }) {
+    rasterizer.warmUp();
+  }
+
+  /// Everything that was asked of the server is done when this returns.
+  void sync() const {
+    const x11::Reply<xcb_get_input_focus_reply_t> reply(
+        xcb_get_input_focus_reply(connection.get(), xcb_get_input_focus(connection.get()), nullptr));
+  }
+
+  QtMainQueue mainQueue;
+  x11::XConnection connection;
+  QtNativeEvents events;
+  x11::XKeymap keymap{connection, mainQueue};
+  x11::XKeyboard keyboard{connection, mainQueue};
+  x11::X11InputGrab inputGrab{connection, keyboard, mainQueue};
+  x11::X11Pointer pointer{connection, inputGrab};
+  ThemeIcons icons;
+  QtPictureRasterizer rasterizer{icons};
+  x11::X11OverlayPanels panels{connection, inputGrab, rasterizer};
+};
+
+}  // namespace rondora
