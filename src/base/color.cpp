@@ -1,8 +1,19 @@
 #include "base/color.h"
 
+#include <algorithm>
 #include <charconv>
+#include <cmath>
 
 namespace rondora {
+namespace {
+
+/// WCAG 2.1, "relative luminance".
+double relativeLuminance(Color color) {
+  const auto linear = [](double c) { return c <= 0.04045 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4); };
+  return 0.2126 * linear(color.red) + 0.7152 * linear(color.green) + 0.0722 * linear(color.blue);
+}
+
+}  // namespace
 
 std::optional<Color> Color::fromHex(std::string_view text) {
   if (!text.empty() && text.front() == '#') text.remove_prefix(1);
@@ -12,6 +23,11 @@ std::optional<Color> Color::fromHex(std::string_view text) {
   if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
   const auto component = [value](unsigned shift) { return static_cast<double>(value >> shift & 0xFF) / 255.0; };
   return Color{component(16), component(8), component(0), 1};
+}
+
+double contrast(Color a, Color b) {
+  const auto [dark, light] = std::minmax({relativeLuminance(a), relativeLuminance(b)});
+  return (light + 0.05) / (dark + 0.05);
 }
 
 }  // namespace rondora

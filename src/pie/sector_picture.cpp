@@ -23,7 +23,11 @@ Color itemColor(const PieMenuItem& item) {
   return Color::fromHex(item.color).value_or(Color::fromHex(kDefaultItemColor).value_or(kWhite));
 }
 
-Color inkOn(Color background) { return luminance(background) > 0.68 ? kInk : kWhite; }
+/// White as long as it can be read, for it looks lighter; WCAG 2.1 asks 3 of graphics and of large text.
+Color inkOn(Color background) {
+  constexpr double kReadable = 3.1;
+  return contrast(kWhite, background) >= kReadable ? kWhite : kInk;
+}
 
 /// Glass in that colour: deeper, light colours most, so that white stands out on all of them.
 Color stainOf(Color color) {
@@ -70,7 +74,9 @@ SectorPainter::Colors SectorPainter::colors(const PieMenuItem& item, Look look) 
   const Color color = itemColor(item);
   const double opacity = labelOpacity(menu_);
   if (look == Look::highlighted) {
-    return {mix(color, kInk, 0.10).withAlpha(0.97), mix(color, kWhite, 0.12).withAlpha(0.985), inkOn(color),
+    const Color atHub = mix(color, kInk, 0.10);
+    const Color atRim = mix(color, kWhite, 0.12);
+    return {atHub.withAlpha(0.97), atRim.withAlpha(0.985), inkOn(mix(atHub, atRim, 0.5)),
             std::clamp(opacity * 2.4, 0.6, 1.0)};
   }
   const Color stain = stainOf(color);

@@ -134,9 +134,9 @@ TEST_F(OverlayTest, SectorsFollowTheirIndexAndEqualOnesTheList) {
   for (std::size_t i = 0; i < 4; ++i) menu.items[i].sectorIndex = i % 2 == 0 ? 7 : -1;
   show();
   Notes order;
-  const PictureLayer& titles = panel().picture.layers.back();
+  const PictureLayer& titles = panel().picture.layers[ring_layers::title(4)];
   for (std::size_t i = 1; i < titles.states.size(); ++i)
-    order.push_back(std::get<TextCommand>(titles.states[i][0]).text);
+    order.push_back(std::get<TextCommand>(titles.states[i].back()).text);
   EXPECT_EQ(order, (Notes{"<" + title(1) + ">", "<" + title(3) + ">", "<" + title(0) + ">", "<" + title(2) + ">"}));
 }
 

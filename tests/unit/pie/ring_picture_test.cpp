@@ -192,16 +192,6 @@ TEST(RingPictureTest, EveryAppearanceKeyChangesTheRing) {
   EXPECT_NE(ringOf(6, menu).picture, plain);
 }
 
-double relativeLuminance(Color color) {
-  const auto linear = [](double c) { return c <= 0.04045 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4); };
-  return 0.2126 * linear(color.red) + 0.7152 * linear(color.green) + 0.0722 * linear(color.blue);
-}
-
-double contrast(Color a, Color b) {
-  const auto [dark, light] = std::minmax(relativeLuminance(a), relativeLuminance(b));
-  return (light + 0.05) / (dark + 0.05);
-}
-
 /// What a screen of that colour looks like through the glass.
 Color throughGlass(const BackdropPaint& paint, std::uint32_t screen) {
   std::uint32_t pixel = 0xFF000000U | screen;
