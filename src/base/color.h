@@ -35,8 +35,8 @@ constexpr Color layered(Color under, Color over) {
           (over.blue * over.alpha + under.blue * below) / alpha, alpha};
 }
 
-/// How strongly light and dark differ, 1 (not at all) to 21 (black and white): the contrast ratio of WCAG 2.1. Alpha does
-/// not count.
+/// How strongly light and dark differ, 1 (not at all) to 21 (black and white): the contrast ratio of WCAG 2.1. Alpha
+/// does not count.
 double contrast(Color a, Color b);
 
 }  // namespace rondora

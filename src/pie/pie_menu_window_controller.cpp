@@ -98,9 +98,9 @@ void PieMenuWindowController::makePanel(const PieMenu& menu, double rotationDegr
   window_ = std::make_unique<PieView>(
       PieView::Ports{ports_.overlayPanels, ports_.pointer, ports_.haptics, ports_.mainQueue, ports_.clock},
       squareAround(pointer, layout.halfSide()),
-      makeRingPicture(menu, layout,
-                      {displayedItems_, displayTitles(displayedItems_), displayedShortcutLabels_.labels(),
-                       std::move(application)}),
+      makeRingPicture(
+          menu, layout,
+          {displayedItems_, displayTitles(displayedItems_), displayedShortcutLabels_.labels(), std::move(application)}),
       displayedItems_.size(), OpeningAnimation::lasting(menu.animationDuration));
   visibleFrame_ = screen ? screen->visibleFrame : window_->frame();
   MouseTrackingNSView& tracking = window_->tracking();
