@@ -39,6 +39,10 @@ std::map<std::string, std::string> privateEnvironment(const std::filesystem::pat
   // Whatever else is installed on the machine, these are the user's applications.
   std::ofstream(home / "config" / "mimeapps.list") << "[Default Applications]\ntext/plain=org.xfce.mousepad.desktop\n"
                                                       "inode/directory=pcmanfm.desktop\n";
+  std::filesystem::create_directories(home / "bin");
+  std::filesystem::create_symlink("/usr/bin/xterm", home / "bin" / "x-terminal-emulator");
+  const char* path = std::getenv("PATH");
+  environment["PATH"] = (home / "bin").string() + ":" + (path != nullptr ? path : "/usr/bin:/bin");
   return environment;
 }
 

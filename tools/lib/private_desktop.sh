@@ -24,6 +24,12 @@ make_private_home() {
   export XDG_CACHE_HOME=$private_home/cache XDG_STATE_HOME=$private_home/state
   export XDG_RUNTIME_DIR=$private_home/runtime
   unset WAYLAND_DISPLAY XDG_SESSION_TYPE XDG_CURRENT_DESKTOP DESKTOP_SESSION XAUTHORITY
+  # Whatever else is installed on the machine, these are the user's applications.
+  printf '%s\n' '[Default Applications]' text/plain=org.xfce.mousepad.desktop inode/directory=pcmanfm.desktop \
+    >"$XDG_CONFIG_HOME/mimeapps.list"
+  mkdir "$private_home/bin"
+  ln -s "$(command -v xterm)" "$private_home/bin/x-terminal-emulator"
+  export PATH=$private_home/bin:$PATH
 }
 
 # start_process NAME COMMAND…: in the background; what it writes goes to the home's logs/NAME.log.

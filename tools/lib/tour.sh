@@ -36,8 +36,6 @@ start_tour_desktop() {
   mkdir -p "$XDG_CONFIG_HOME/gtk-3.0"
   # Nothing may blink while pictures are compared.
   printf '[Settings]\ngtk-cursor-blink=0\n' >"$XDG_CONFIG_HOME/gtk-3.0/settings.ini"
-  printf '[Default Applications]\ntext/plain=org.xfce.mousepad.desktop\ninode/directory=pcmanfm.desktop\n' \
-    >"$XDG_CONFIG_HOME/mimeapps.list"
   printf 'panel_items = TS\npanel_size = 100%% 28\npanel_position = bottom center\n' >"$XDG_CONFIG_HOME/tray"
   # The settings do not open by themselves after the introduction.
   mkdir -p "$XDG_CONFIG_HOME/Rondora"
