@@ -61,10 +61,8 @@ void KeystrokeSender::post(std::int64_t keyCode, std::int64_t modifiers) {
 
 std::optional<SyntheticKeyEvent> KeystrokeSender::makeEvent(std::int64_t keyCode, std::int64_t modifiers, bool isDown) {
   if (keyCode < 0 || keyCode > std::numeric_limits<std::uint16_t>::max() || modifiers < 0) return std::nullopt;
-  auto event =
-      ports_.keyEvents.makeKeyEvent(KeyEventSourceState::privateState, static_cast<std::uint16_t>(keyCode), isDown);
-  if (event) event->flags = eventFlags(keyCode, modifiers);
-  return event;
+  return ports_.keyEvents.makeKeyEvent(KeyEventSourceState::privateState, static_cast<std::uint16_t>(keyCode), isDown,
+                                       eventFlags(keyCode, modifiers));
 }
 
 }  // namespace rondora

@@ -52,10 +52,8 @@ void SpaceSwitcher::press(const KeyCombination& key) {
 }
 
 void SpaceSwitcher::post(const KeyCombination& key, bool isDown) {
-  auto event = ports_.keyEvents.makeKeyEvent(KeyEventSourceState::hidSystemState, key.keyCode, isDown);
-  if (!event) return;
-  event->flags = key.flags;
-  ports_.keyEvents.post(*event, KeyEventTap::hid);
+  const auto event = ports_.keyEvents.makeKeyEvent(KeyEventSourceState::hidSystemState, key.keyCode, isDown, key.flags);
+  if (event) ports_.keyEvents.post(*event, KeyEventTap::hid);
 }
 
 std::optional<std::int64_t> SpaceSwitcher::spaceSteps(std::uint32_t window) const {

@@ -200,7 +200,8 @@ struct CompositionLinux::Program {
   x11::XConnection connection;
   QtNativeEvents events;
   x11::XKeymap keymap{connection, mainQueue};
-  x11::XKeyboard keyboard{connection, mainQueue};
+  x11::RawKeyReleases rawKeyReleases{connection};
+  x11::XKeyboard keyboard{connection, rawKeyReleases, mainQueue};
   x11::X11HotkeyService hotkeys{connection, keymap, keyboard};
   x11::X11EventMonitors eventMonitors{keymap, keyboard};
   x11::X11InputGrab inputGrab{connection, keyboard, mainQueue};
@@ -216,7 +217,7 @@ struct CompositionLinux::Program {
   QtPictureRasterizer rasterizer{applicationIcons, [this](std::string_view site) { return favicons.picture(site); }};
   x11::X11OverlayPanels overlayPanels{connection, inputGrab, rasterizer};
   NoHaptics haptics;
-  x11::XTestKeyPoster keyPoster{connection, keymap};
+  x11::XTestKeyPoster keyPoster{connection, keymap, keyboard, rawKeyReleases};
   x11::WindowOwners windowOwners;
   x11::X11WindowServer windowServer{connection, windowList, workspace, windowOwners};
   x11::WorkerConnection workerConnection{connection.pixelsPerPoint()};

@@ -12,6 +12,7 @@
 
 #include "app/composition_linux.h"
 #include "platform/linux/desktop/journal_log.h"
+#include "platform/linux/x11/synthetic_key_guard.h"
 #include "ui/qt/qt_messages.h"
 #include "ui/qt/qt_setup.h"
 
@@ -110,6 +111,7 @@ void becomeNewInstance(char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  const rondora::x11::SyntheticKeyGuard guard;
   rondora::desktop::JournalLog log;
   CompositionLinux::runLegacyMigration(log);
   if (!canReachDisplay()) {

@@ -21,14 +21,15 @@ struct SyntheticKeyEvent {
   friend bool operator==(const SyntheticKeyEvent&, const SyntheticKeyEvent&) = default;
 };
 
-/// Types into whatever holds the keyboard focus. Any thread, one at a time.
+/// Types into whatever holds the keyboard focus. Main thread; where the system has shortcuts for spaces
+/// (platform/symbolic_hot_keys.h), also the queue that presses them, one at a time.
 class KeyEventPoster {
  public:
   virtual ~KeyEventPoster() = default;
 
-  /// An event without modifiers; nothing when the keyboard has no such key.
-  virtual std::optional<SyntheticKeyEvent> makeKeyEvent(KeyEventSourceState source, std::uint16_t keyCode,
-                                                        bool isDown) = 0;
+  /// An event with these flags; nothing when the keyboard has no such key, or no key for one of the modifiers.
+  virtual std::optional<SyntheticKeyEvent> makeKeyEvent(KeyEventSourceState source, std::uint16_t keyCode, bool isDown,
+                                                        std::uint64_t flags) = 0;
   /// Keys that the user holds stay as they are for the user: neither do they change what the receiver sees, nor are
   /// they left released or pressed by this.
   virtual void post(const SyntheticKeyEvent& event, KeyEventTap tap) = 0;

@@ -19,10 +19,10 @@ class FakeKeyEvents final : public KeyEventPoster {
 
   explicit FakeKeyEvents(const Clock& clock) : clock_(clock) {}
 
-  std::optional<SyntheticKeyEvent> makeKeyEvent(KeyEventSourceState source, std::uint16_t keyCode,
-                                                bool isDown) override {
+  std::optional<SyntheticKeyEvent> makeKeyEvent(KeyEventSourceState source, std::uint16_t keyCode, bool isDown,
+                                                std::uint64_t flags) override {
     if (missingKeys.contains(keyCode)) return std::nullopt;
-    return SyntheticKeyEvent{source, keyCode, isDown, 0};
+    return SyntheticKeyEvent{source, keyCode, isDown, flags};
   }
   void post(const SyntheticKeyEvent& event, KeyEventTap tap) override {
     posted.push_back({event, tap, clock_.uptime()});

@@ -2,11 +2,13 @@
 
 #include <xcb/res.h>
 #include <xcb/xfixes.h>
+#include <xcb/xinput.h>
 #include <xcb/xtest.h>
 
 #include <algorithm>
 #include <cstdlib>
 #include <stdexcept>
+#include <string_view>
 #include <utility>
 
 #include "support/wait.h"
@@ -44,6 +46,29 @@ XClient::XClient(const std::string& display) : connection_(xcb_connect(display.c
       xcb_xfixes_query_version_reply(connection_.get(), xcb_xfixes_query_version(connection_.get(), 5, 0), nullptr));
   xcb_xfixes_select_selection_input(connection_.get(), window_, atom("CLIPBOARD"),
                                     XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER);
+  inputEvent_ = xcb_get_extension_data(connection_.get(), &xcb_input_id)->first_event;
+  keyboard_ = findKeyboard();
+  sync();
+}
+
+// Its name is the server's, "Xvfb keyboard"; the other one is for faked events.
+std::uint8_t XClient::findKeyboard() {
+  Reply<xcb_input_xi_query_version_reply_t> version(xcb_input_xi_query_version_reply(
+      connection_.get(), xcb_input_xi_query_version(connection_.get(), 2, 2), nullptr));
+  Reply<xcb_input_xi_query_device_reply_t> devices(xcb_input_xi_query_device_reply(
+      connection_.get(), xcb_input_xi_query_device(connection_.get(), XCB_INPUT_DEVICE_ALL), nullptr));
+  for (auto it = xcb_input_xi_query_device_infos_iterator(devices.get()); it.rem > 0;
+       xcb_input_xi_device_info_next(&it)) {
+    const std::string_view name(xcb_input_xi_device_info_name(it.data), it.data->name_len);
+    const bool isKeyboard = it.data->type == XCB_INPUT_DEVICE_TYPE_SLAVE_KEYBOARD;
+    if (isKeyboard && name.find("XTEST") == std::string_view::npos) return static_cast<std::uint8_t>(it.data->deviceid);
+  }
+  throw std::runtime_error("the X server has no keyboard");
+}
+
+void XClient::userInput(std::uint8_t type, std::uint8_t keyCode) {
+  const auto event = static_cast<std::uint8_t>(inputEvent_ + type);
+  xcb_test_fake_input(connection_.get(), event, keyCode, XCB_CURRENT_TIME, XCB_NONE, 0, 0, keyboard_);
   sync();
 }
 
@@ -58,8 +83,10 @@ void XClient::fakeInput(std::uint8_t type, std::uint8_t detail, Position positio
   sync();
 }
 
-void XClient::keyDown(std::uint8_t keyCode) { fakeInput(XCB_KEY_PRESS, keyCode); }
-void XClient::keyUp(std::uint8_t keyCode) { fakeInput(XCB_KEY_RELEASE, keyCode); }
+void XClient::keyDown(std::uint8_t keyCode) { userInput(XCB_INPUT_DEVICE_KEY_PRESS, keyCode); }
+void XClient::keyUp(std::uint8_t keyCode) { userInput(XCB_INPUT_DEVICE_KEY_RELEASE, keyCode); }
+void XClient::fakeKeyDown(std::uint8_t keyCode) { fakeInput(XCB_KEY_PRESS, keyCode); }
+void XClient::fakeKeyUp(std::uint8_t keyCode) { fakeInput(XCB_KEY_RELEASE, keyCode); }
 
 void XClient::tap(std::uint8_t keyCode) {
   keyDown(keyCode);
@@ -249,6 +276,18 @@ std::size_t XClient::resourceCount(pid_t process, const std::string& type) {
     }
   }
   return count;
+}
+
+std::uint16_t XClient::keyboardState() {
+  Reply<xcb_query_pointer_reply_t> state(
+      xcb_query_pointer_reply(connection_.get(), xcb_query_pointer(connection_.get(), screen_->root), nullptr));
+  return state ? state->mask : std::uint16_t{0};
+}
+
+bool XClient::isKeyDown(std::uint8_t keyCode) {
+  Reply<xcb_query_keymap_reply_t> keys(
+      xcb_query_keymap_reply(connection_.get(), xcb_query_keymap(connection_.get()), nullptr));
+  return keys && ((keys->keys[keyCode / 8] >> (keyCode % 8)) & 1) != 0;
 }
 
 bool XClient::keyboardIsAtRest() {

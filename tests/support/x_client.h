@@ -61,6 +61,7 @@ class XClient {
   XClient(const XClient&) = delete;
   XClient& operator=(const XClient&) = delete;
 
+  /// On the server's own keyboard, as a user does; what other programs fake comes from another one.
   void keyDown(std::uint8_t keyCode);
   void keyUp(std::uint8_t keyCode);
   void tap(std::uint8_t keyCode);
@@ -91,6 +92,14 @@ class XClient {
   /// How many resources of a type ("WINDOW", "PASSIVE GRAB", …) the connections of a process hold.
   std::size_t resourceCount(pid_t process, const std::string& type);
 
+  /// As another program that fakes events.
+  void fakeKeyDown(std::uint8_t keyCode);
+  void fakeKeyUp(std::uint8_t keyCode);
+  /// Modifiers in force, locks and layout included: the state field of a key event that came now.
+  std::uint16_t keyboardState();
+  /// What the applications see of the key.
+  bool isKeyDown(std::uint8_t keyCode);
+
   /// No key is down and no modifier is in force, locks included.
   bool keyboardIsAtRest();
   /// Nobody else holds the keyboard: this client gets it for a moment.
@@ -113,6 +122,8 @@ class XClient {
   template <class T>
   using Reply = UniqueCPtr<T, std::free>;
 
+  std::uint8_t findKeyboard();
+  void userInput(std::uint8_t type, std::uint8_t keyCode);
   void fakeInput(std::uint8_t type, std::uint8_t detail, Position position = {});
   void sync();
   xcb_timestamp_t serverTime();
@@ -130,6 +141,9 @@ class XClient {
   const xcb_screen_t* screen_ = nullptr;
   xcb_window_t window_ = XCB_NONE;
   std::uint8_t xfixesEvent_ = 0;
+  /// Code of the first event of the input extension, and the keyboard that stands for the user's.
+  std::uint8_t inputEvent_ = 0;
+  std::uint8_t keyboard_ = 0;
   std::size_t clipboardChanges_ = 0;
   bool clipboardAnswered_ = false;
   xcb_timestamp_t lastTime_ = XCB_CURRENT_TIME;

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/owned.h"
+#include "platform/linux/x11/raw_key_releases.h"
 #include "platform/linux/x11/x11_event_monitors.h"
 #include "platform/linux/x11/x11_hotkey_service.h"
 #include "platform/linux/x11/x11_input_grab.h"
@@ -97,6 +98,7 @@ class X11Test : public testing::Test {
   XLoop loop_;
   x11::XConnection connection_;
   x11::XKeymap keymap_;
+  x11::RawKeyReleases rawReleases_;
   x11::XKeyboard keyboard_;
   x11::X11HotkeyService hotkeys_;
   x11::X11EventMonitors monitors_;

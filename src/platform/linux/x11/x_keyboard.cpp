@@ -1,38 +1,20 @@
 #include "platform/linux/x11/x_keyboard.h"
 
-#include <xcb/xinput.h>
-
 #include <utility>
 
 namespace rondora::x11 {
 namespace {
 
-// Raw events reach a client during another one's grab from version 2.1 on.
-constexpr std::uint16_t kInputMajor = 2;
-constexpr std::uint16_t kInputMinor = 2;
-
 constexpr double kSettleSeconds = 0.25;
-
-std::uint8_t setUpInputExtension(xcb_connection_t* connection) {
-  const xcb_query_extension_reply_t* extension = xcb_get_extension_data(connection, &xcb_input_id);
-  if (extension == nullptr || !extension->present) return 0;
-  const auto cookie = xcb_input_xi_query_version(connection, kInputMajor, kInputMinor);
-  const Reply<xcb_input_xi_query_version_reply_t> reply(xcb_input_xi_query_version_reply(connection, cookie, nullptr));
-  return extension->major_opcode;
-}
 
 }  // namespace
 
-XKeyboard::XKeyboard(XConnection& connection, MainQueue& mainQueue)
+XKeyboard::XKeyboard(XConnection& connection, RawKeyReleases& rawReleases, MainQueue& mainQueue)
     : connection_(connection),
+      rawReleases_(rawReleases),
       mainQueue_(mainQueue),
-      inputExtension_(setUpInputExtension(connection.get())),
-      heldKeys_(connection, inputExtension_) {
+      heldKeys_(connection, rawReleases.inputExtension()) {
   eventHandler_ = connection.addEventHandler([this](const xcb_generic_event_t& event) { return handleEvent(event); });
-}
-
-XKeyboard::~XKeyboard() {
-  if (isWatching_) selectRawReleases(0);
 }
 
 void XKeyboard::beginOverlay() {
@@ -65,16 +47,10 @@ bool XKeyboard::handleEvent(const xcb_generic_event_t& event) {
     type == XCB_KEY_PRESS ? handlePress(key) : handleRelease(key);
     return true;
   }
-  if (type != XCB_GE_GENERIC) return false;
-  if (const auto key = heldKeys_.coreEvent(event)) {
-    key->response_type == XCB_KEY_PRESS ? handleHeldPress(*key) : handleRelease(*key);
-    return true;
-  }
-  const auto& raw = reinterpret_cast<const xcb_input_raw_key_release_event_t&>(event);
-  if (raw.extension == inputExtension_ && raw.event_type == XCB_INPUT_RAW_KEY_RELEASE && raw.detail < down_.size()) {
-    noteUp(static_cast<xcb_keycode_t>(raw.detail));
-  }
-  return false;
+  const auto key = heldKeys_.coreEvent(event);
+  if (!key) return false;
+  key->response_type == XCB_KEY_PRESS ? handleHeldPress(*key) : handleRelease(*key);
+  return true;
 }
 
 void XKeyboard::handlePress(const xcb_key_press_event_t& event) {
@@ -98,7 +74,7 @@ void XKeyboard::handleRelease(const xcb_key_release_event_t& event) {
   lastState_ = event.state;
   noteUp(event.detail);
   // The passive grab ends here; keys pressed meanwhile are released to somebody else.
-  if (!overlayHasKeyboard_ && !isWatching_ && down_.any()) {
+  if (!overlayHasKeyboard_ && !watch_ && down_.any()) {
     watchRawReleases();
     forgetKeysThatAreUp();
   }
@@ -113,28 +89,19 @@ void XKeyboard::noteUp(xcb_keycode_t key) {
 }
 
 void XKeyboard::watchRawReleases() {
-  if (std::exchange(isWatching_, true)) return;
-  selectRawReleases(XCB_INPUT_XI_EVENT_MASK_RAW_KEY_RELEASE);
-}
-
-void XKeyboard::stopWatchingWhenNothingIsDown() {
-  if (!isWatching_ || settling_ || down_.any()) return;
-  isWatching_ = false;
-  selectRawReleases(0);
-}
-
-// Raw key events are selected nowhere else on the master devices, so the mask is ours alone.
-void XKeyboard::selectRawReleases(std::uint32_t mask) {
-  if (inputExtension_ == 0) {
+  if (watch_) return;
+  if (!rawReleases_.available()) {
     down_.reset();
     return;
   }
-  struct {
-    xcb_input_event_mask_t head{XCB_INPUT_DEVICE_ALL_MASTER, 1};
-    std::uint32_t mask;
-  } selection{.mask = mask};
-  xcb_input_xi_select_events(connection_.get(), connection_.root(), 1, &selection.head);
-  connection_.flush();
+  watch_ = rawReleases_.watch([this](xcb_keycode_t key) {
+    noteUp(key);
+    return false;
+  });
+}
+
+void XKeyboard::stopWatchingWhenNothingIsDown() {
+  if (!settling_ && down_.none()) watch_.reset();
 }
 
 void XKeyboard::forgetKeysThatAreUp() {

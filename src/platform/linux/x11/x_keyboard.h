@@ -8,6 +8,7 @@
 #include "base/observable.h"
 #include "platform/linux/x11/callback_list.h"
 #include "platform/linux/x11/held_key_grabs.h"
+#include "platform/linux/x11/raw_key_releases.h"
 #include "platform/linux/x11/x_connection.h"
 #include "platform/main_queue.h"
 
@@ -33,8 +34,8 @@ struct XKey {
 /// thread.
 class XKeyboard {
  public:
-  XKeyboard(XConnection& connection, MainQueue& mainQueue);
-  ~XKeyboard();
+  /// All outlive this.
+  XKeyboard(XConnection& connection, RawKeyReleases& rawReleases, MainQueue& mainQueue);
 
   /// Each physical press comes once without `isRepeat`, its release once. The result of the callback does not matter.
   [[nodiscard]] Subscription addKeyObserver(CallbackList<const XKey&>::Callback observer) {
@@ -45,6 +46,9 @@ class XKeyboard {
   void beginOverlay();
   /// Call it just before the request that ungrabs the keyboard.
   void endOverlay();
+  /// Call it just before a key is typed into another program: no key that is still held takes it from there. The typed
+  /// key ends the repeating of the others.
+  void freeHeldKeys() { heldKeys_.releaseAll(); }
 
  private:
   bool handleEvent(const xcb_generic_event_t& event);
@@ -55,17 +59,16 @@ class XKeyboard {
   void settled();
   void watchRawReleases();
   void stopWatchingWhenNothingIsDown();
-  void selectRawReleases(std::uint32_t mask);
   void forgetKeysThatAreUp();
 
   XConnection& connection_;
+  RawKeyReleases& rawReleases_;
   MainQueue& mainQueue_;
-  std::uint8_t inputExtension_ = 0;
   HeldKeyGrabs heldKeys_;
   std::bitset<256> down_;
   std::uint16_t lastState_ = 0;
   bool overlayHasKeyboard_ = false;
-  bool isWatching_ = false;
+  Subscription watch_;
   /// Runs while events from before the ungrab may still be on their way to us.
   Subscription settling_;
   CallbackList<const XKey&> keys_;

@@ -42,6 +42,8 @@ class XKeymap {
  public:
   XKeymap(XConnection& connection, MainQueue& mainQueue);
 
+  /// Null when the server has none.
+  xkb_keymap* keymap() const { return keymap_.get(); }
   const ModifierMasks& masks() const { return masks_; }
   /// Nothing when the mask asks for a modifier that the keyboard does not have, Fn included.
   std::optional<std::uint16_t> xModifiers(std::uint32_t carbonModifiers) const;

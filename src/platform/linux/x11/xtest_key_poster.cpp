@@ -1,59 +1,83 @@
 #include "platform/linux/x11/xtest_key_poster.h"
 
-#include <xcb/xtest.h>
-
-#include <iterator>
-
 #include "platform/linux/x11/key_codes.h"
 
 namespace rondora::x11 {
 namespace {
 
-struct ModifierKey {
-  std::uint64_t flag = 0;
-  std::uint32_t keyCode = 0;  // virtual
-};
+/// Event flag of Caps Lock.
+constexpr std::uint64_t kAlphaShift = 0x10000;
 
-constexpr ModifierKey kModifierKeys[] = {
-    {event_flags::kCommand, 55}, {event_flags::kShift, 56}, {event_flags::kOption, 58}, {event_flags::kControl, 59}};
+// By Modifier.
+constexpr std::uint64_t kFlags[] = {event_flags::kControl, event_flags::kOption, event_flags::kShift,
+                                    event_flags::kCommand};
 
-bool hasTestExtension(xcb_connection_t* connection) {
-  const xcb_query_extension_reply_t* extension = xcb_get_extension_data(connection, &xcb_test_id);
-  return extension && extension->present;
+ModifierSet modifiersOf(std::uint64_t flags) {
+  ModifierSet modifiers;
+  for (std::size_t i = 0; i < kModifierCount; ++i) modifiers[i] = (flags & kFlags[i]) != 0;
+  return modifiers;
 }
 
 }  // namespace
 
-XTestKeyPoster::XTestKeyPoster(XConnection& connection, XKeymap& keymap)
-    : connection_(connection), keymap_(keymap), available_(hasTestExtension(connection.get())) {}
+XTestKeyPoster::XTestKeyPoster(XConnection& connection, XKeymap& keymap, XKeyboard& heldKeys,
+                               RawKeyReleases& rawReleases)
+    : connection_(connection),
+      keymap_(keymap),
+      heldKeys_(heldKeys),
+      rawReleases_(rawReleases),
+      keyboard_(connection.get()) {
+  readKeymap();
+  keymapObserver_ = keymap.onChanged([this] { readKeymap(); });
+  if (available()) keyboard_.releaseAll();
+}
+
+XTestKeyPoster::~XTestKeyPoster() {
+  typing_.finish();
+  connection_.flush();
+}
+
+void XTestKeyPoster::readKeymap() {
+  modifierKeys_ = std::make_shared<const ModifierKeys>(modifierKeysOf(keymap_.keymap()));
+}
 
 std::optional<SyntheticKeyEvent> XTestKeyPoster::makeKeyEvent(KeyEventSourceState source, std::uint16_t keyCode,
-                                                              bool isDown) {
-  if (!available_ || !xKeyCodeForSending(keyCode)) return std::nullopt;
-  return SyntheticKeyEvent{source, keyCode, isDown, 0};
+                                                              bool isDown, std::uint64_t flags) {
+  const auto key = xKeyCodeForSending(keyCode);
+  if (!available() || !key || !modifierKeys_->known[*key]) return std::nullopt;
+  if (!modifierKeys_->canSet(modifiersOf(flags))) return std::nullopt;
+  return SyntheticKeyEvent{source, keyCode, isDown, flags};
 }
 
 void XTestKeyPoster::post(const SyntheticKeyEvent& event, KeyEventTap /*tap*/) {
   const auto key = xKeyCodeForSending(event.keyCode);
-  if (!key) return;
+  if (!key || !available()) return;
   if (event.isDown) {
-    for (const ModifierKey& modifier : kModifierKeys) {
-      const auto code = xKeyCode(modifier.keyCode);
-      if ((event.flags & modifier.flag) == 0 || !code) continue;
-      fake(XCB_KEY_PRESS, *code);
-      pressedModifiers_.push_back(*code);
-    }
-    fake(XCB_KEY_PRESS, *key);
+    const int locked = (event.flags & kAlphaShift) != 0 ? XCB_MOD_MASK_LOCK : 0;
+    heldKeys_.freeHeldKeys();
+    typing_.down(modifierKeys_, {*key, modifiersOf(event.flags), static_cast<std::uint8_t>(locked)});
   } else {
-    fake(XCB_KEY_RELEASE, *key);
-    for (auto it = pressedModifiers_.rbegin(); it != pressedModifiers_.rend(); ++it) fake(XCB_KEY_RELEASE, *it);
-    pressedModifiers_.clear();
+    typing_.up();
+    if (typing_.isHolding()) followUser();
   }
   connection_.flush();
 }
 
-void XTestKeyPoster::fake(std::uint8_t type, xcb_keycode_t key) {
-  xcb_test_fake_input(connection_.get(), type, key, XCB_CURRENT_TIME, XCB_WINDOW_NONE, 0, 0, 0);
+// The user may have let go before the watch began.
+void XTestKeyPoster::followUser() {
+  if (!releaseWatch_) {
+    releaseWatch_ = rawReleases_.watch([this](xcb_keycode_t) {
+      settle();
+      return false;
+    });
+  }
+  settle();
+}
+
+void XTestKeyPoster::settle() {
+  typing_.settle();
+  if (!typing_.isHolding()) releaseWatch_.reset();
+  connection_.flush();
 }
 
 }  // namespace rondora::x11

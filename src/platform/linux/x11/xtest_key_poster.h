@@ -1,33 +1,48 @@
 #pragma once
 
-#include <vector>
+#include <memory>
 
+#include "base/observable.h"
 #include "platform/key_event_poster.h"
+#include "platform/linux/x11/modifier_keys.h"
+#include "platform/linux/x11/raw_key_releases.h"
+#include "platform/linux/x11/synthetic_typing.h"
 #include "platform/linux/x11/x_connection.h"
+#include "platform/linux/x11/x_keyboard.h"
 #include "platform/linux/x11/x_keymap.h"
+#include "platform/linux/x11/xtest_keyboard.h"
 
 namespace rondora::x11 {
 
-/// Types through the XTEST extension. Main thread.
+/// Types through the XTEST extension, on the connection that also holds our grabs: what was ungrabbed before a key is
+/// posted no longer takes it. Main thread: nothing types from another one, as this desktop has no shortcuts for spaces.
 class XTestKeyPoster final : public KeyEventPoster {
  public:
-  /// Both outlive this.
-  XTestKeyPoster(XConnection& connection, XKeymap& keymap);
+  /// All outlive this. Lets go of keys that an earlier run left pressed.
+  XTestKeyPoster(XConnection& connection, XKeymap& keymap, XKeyboard& heldKeys, RawKeyReleases& rawReleases);
+  ~XTestKeyPoster() override;
 
-  /// The server has the XTEST extension.
-  bool available() const { return available_; }
+  /// The server can make fake events.
+  bool available() const { return keyboard_.available(); }
 
-  std::optional<SyntheticKeyEvent> makeKeyEvent(KeyEventSourceState source, std::uint16_t keyCode,
-                                                bool isDown) override;
+  std::optional<SyntheticKeyEvent> makeKeyEvent(KeyEventSourceState source, std::uint16_t keyCode, bool isDown,
+                                                std::uint64_t flags) override;
   void post(const SyntheticKeyEvent& event, KeyEventTap tap) override;
 
  private:
-  void fake(std::uint8_t type, xcb_keycode_t key);
+  void readKeymap();
+  void followUser();
+  void settle();
 
   XConnection& connection_;
   XKeymap& keymap_;
-  bool available_ = false;
-  std::vector<xcb_keycode_t> pressedModifiers_;
+  XKeyboard& heldKeys_;
+  RawKeyReleases& rawReleases_;
+  XTestKeyboard keyboard_;
+  SyntheticTyping typing_{keyboard_};
+  std::shared_ptr<const ModifierKeys> modifierKeys_;
+  Subscription keymapObserver_;
+  Subscription releaseWatch_;
 };
 
 }  // namespace rondora::x11

@@ -1,0 +1,259 @@
+#include <array>
+#include <atomic>
+#include <cstdlib>
+#include <random>
+#include <thread>
+
+#include "platform/linux/x11/xcb_xkb.h"
+#include "platform/linux/x11/xtest_key_poster.h"
+#include "support/key_logger.h"
+#include "support/wait.h"
+#include "x11_test.h"
+
+namespace rondora::live {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr std::uint64_t kShiftFlag = 0x20000, kControlFlag = 0x40000, kOptionFlag = 0x80000, kCommandFlag = 0x100000;
+constexpr std::uint16_t kShiftMask = 1, kLockMask = 2, kSuperMask = XCB_MOD_MASK_4;
+constexpr std::uint16_t kVirtualA = 0, kVirtualC = 8;
+constexpr std::uint8_t kAltGr = 108, kC = 54;
+
+/// How often the long tests are to try; more than a few by RONDORA_TEST_ROUNDS.
+int rounds(int byDefault) {
+  const char* wanted = std::getenv("RONDORA_TEST_ROUNDS");
+  return wanted == nullptr ? byDefault : std::atoi(wanted);
+}
+
+class KeyPosterTest : public X11Test {
+ protected:
+  KeyPosterTest() : logger_(server_.display(), "Logger") {
+    waitUntil([&] {
+      logger_.takeFocus();
+      return user_.inputFocus() == logger_.window();
+    });
+    poster_.emplace(connection_, keymap_, keyboard_, rawReleases_);
+  }
+
+  bool press(std::uint16_t keyCode, std::uint64_t flags) { return send(keyCode, flags, true); }
+  bool release(std::uint16_t keyCode, std::uint64_t flags) { return send(keyCode, flags, false); }
+  bool type(std::uint16_t keyCode, std::uint64_t flags) { return press(keyCode, flags) && release(keyCode, flags); }
+  bool send(std::uint16_t keyCode, std::uint64_t flags, bool isDown) {
+    const auto event = poster_->makeKeyEvent(KeyEventSourceState::privateState, keyCode, isDown, flags);
+    if (event) poster_->post(*event, KeyEventTap::session);
+    drain();
+    return event.has_value();
+  }
+
+  void enableStickyKeys() {
+    constexpr std::uint32_t kSticky = XCB_XKB_BOOL_CTRL_STICKY_KEYS, kEnabledControls = 1U << 31;
+    xcb_xkb_set_controls(handle_.get(), XCB_XKB_ID_USE_CORE_KBD, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, kSticky, kSticky,
+                         kEnabledControls, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0,
+                         std::array<std::uint8_t, 32>().data());
+    drain();
+  }
+
+  /// What the logger got besides modifiers since the last question: "+38:5", "-38:5" (code and state).
+  std::vector<std::string> typed() {
+    std::vector<std::string> texts;
+    for (const LoggedKey& key : logger_.take()) {
+      if (keymap_.isModifierKey(key.code) || key.code == kAltGr) continue;
+      texts.push_back((key.isPress ? '+' : '-') + std::to_string(key.code) + ':' + std::to_string(key.state));
+    }
+    return texts;
+  }
+  static testing::Matcher<std::vector<std::string>> isOne(int code, int state) {
+    const std::string rest = std::to_string(code) + ':' + std::to_string(state);
+    return ElementsAre('+' + rest, '-' + rest);
+  }
+  /// Nothing is down for the applications, and another program that fakes keys finds each of them up.
+  void expectAtRest() {
+    drain();
+    EXPECT_TRUE(user_.keyboardIsAtRest());
+    EXPECT_TRUE(x11::XTestKeyboard(handle_.get()).look().synthetic.none());
+  }
+
+  KeyLogger logger_;
+  std::optional<x11::XTestKeyPoster> poster_;
+};
+
+TEST_F(KeyPosterTest, PressesTheKeyOfThatPlaceOnEveryLayout) {
+  const std::pair<const char*, const char*> letters[] = {
+      {"us", "a"}, {"fr", "q"}, {"de", "a"}, {"ru", "ф"}, {"ara", "ش"}};
+  for (const auto& [layout, letter] : letters) {
+    SCOPED_TRACE(layout);
+    runTool({"setxkbmap", layout});
+    ASSERT_TRUE(eventually([&, text = letter] { return keymap_.characters(key::a, 0) == text; }));
+    ASSERT_TRUE(type(kVirtualA, 0));
+    EXPECT_THAT(typed(), isOne(key::a, 0));
+    ASSERT_TRUE(type(kVirtualC, kControlFlag | kShiftFlag | kOptionFlag | kCommandFlag | 0x800000));
+    EXPECT_THAT(typed(), isOne(kC, kControlMask | kShiftMask | kAltMask | kSuperMask));
+    expectAtRest();
+  }
+}
+
+TEST_F(KeyPosterTest, AModifierThatTheKeyboardLacksIsNeverReplaced) {
+  runTool({"setxkbmap", "us", "-option", "altwin:alt_win"});
+  ASSERT_TRUE(eventually([&] { return keymap_.masks().command == 0; }));
+  EXPECT_FALSE(type(kVirtualC, kCommandFlag));
+  EXPECT_THAT(logger_.take(), IsEmpty());
+  EXPECT_TRUE(type(kVirtualC, kOptionFlag));
+  EXPECT_THAT(typed(), isOne(kC, kAltMask));
+  EXPECT_FALSE(type(66, 0)) << "no key has this code";
+}
+
+TEST_F(KeyPosterTest, CapsLockDoesNotChangeWhatIsTypedAndStaysTheUsers) {
+  user_.tap(key::capsLock);
+  ASSERT_TRUE(type(kVirtualA, 0));
+  EXPECT_THAT(typed(), isOne(key::a, 0));
+  EXPECT_EQ(user_.keyboardState(), kLockMask);
+
+  press(kVirtualA, 0);
+  user_.tap(key::capsLock);
+  release(kVirtualA, 0);
+  EXPECT_EQ(user_.keyboardState(), 0) << "the user switched it off meanwhile";
+
+  user_.tap(key::numLock);
+  press(kVirtualA, 0);
+  user_.keyDown(key::capsLock);
+  release(kVirtualA, 0);
+  user_.keyUp(key::capsLock);
+  EXPECT_EQ(user_.keyboardState(), kLockMask | kNumLockMask) << "and on";
+  typed();
+  ASSERT_TRUE(type(kVirtualA, kShiftFlag));
+  EXPECT_THAT(typed(), isOne(key::a, kShiftMask | kNumLockMask));
+}
+
+TEST_F(KeyPosterTest, WhatTheUserHoldsIsNotTypedAndIsGivenBack) {
+  runTool({"setxkbmap", "de"});
+  ASSERT_TRUE(eventually([&] { return keymap_.characters(key::q, XCB_MOD_MASK_5) == "@"; }));
+  for (const std::uint8_t held : {key::control, key::shift, kAltGr}) user_.keyDown(held);
+  const std::uint16_t state = user_.keyboardState();
+  ASSERT_EQ(state, kControlMask | kShiftMask | XCB_MOD_MASK_5);
+  ASSERT_TRUE(type(kVirtualC, kShiftFlag));
+  EXPECT_THAT(typed(), isOne(kC, kShiftMask));
+  EXPECT_EQ(user_.keyboardState(), state);
+
+  for (const std::uint8_t held : {key::control, key::shift, kAltGr}) user_.keyUp(held);
+  EXPECT_EQ(user_.keyboardState(), 0);
+  ASSERT_TRUE(eventually([&] { return x11::XTestKeyboard(handle_.get()).look().synthetic.none(); }));
+  user_.fakeKeyDown(key::control);
+  EXPECT_EQ(user_.keyboardState(), kControlMask);
+  user_.fakeKeyUp(key::control);
+  expectAtRest();
+}
+
+TEST_F(KeyPosterTest, LettingGoDuringTheKeystrokeIsLettingGo) {
+  user_.keyDown(key::control);
+  user_.keyDown(key::shift);
+  press(kVirtualC, kControlFlag);
+  user_.keyUp(key::control);
+  EXPECT_EQ(user_.keyboardState(), kControlMask) << "the keystroke's own is another key";
+  user_.keyDown(key::alt);
+  release(kVirtualC, kControlFlag);
+  EXPECT_EQ(user_.keyboardState(), kShiftMask | kAltMask);
+  user_.keyUp(key::shift);
+  user_.keyUp(key::alt);
+  ASSERT_TRUE(eventually([&] { return x11::XTestKeyboard(handle_.get()).look().synthetic.none(); }));
+  expectAtRest();
+}
+
+TEST_F(KeyPosterTest, AKeyThatTheUserHoldsIsStillPressedOnceAndReleasedOnce) {
+  user_.keyDown(kC);
+  logger_.take();
+  ASSERT_TRUE(type(kVirtualC, kControlFlag));
+  EXPECT_THAT(typed(), isOne(kC, kControlMask));
+  user_.keyUp(kC);
+  EXPECT_THAT(typed(), IsEmpty());
+  expectAtRest();
+}
+
+TEST_F(KeyPosterTest, StickyModifiersNeitherLeakNorStay) {
+  enableStickyKeys();
+  user_.tap(key::shift);
+  ASSERT_EQ(user_.keyboardState(), kShiftMask);
+  user_.keyDown(key::alt);
+  ASSERT_TRUE(type(kVirtualC, kControlFlag));
+  EXPECT_THAT(typed(), isOne(kC, kControlMask));
+  user_.keyUp(key::alt);
+  EXPECT_EQ(user_.keyboardState(), 0);
+  EXPECT_TRUE(x11::XTestKeyboard(handle_.get()).look().stickyKeys) << "switched off by two keys at once";
+}
+
+TEST_F(KeyPosterTest, ModifiersThatSwitchTheLayoutTogetherAreTypedWithoutSwitching) {
+  runTool({"setxkbmap", "us,ru", "-option", "grp:ctrl_shift_toggle"});
+  ASSERT_TRUE(eventually([&] { return keymap_.characters(key::a, 1U << 13) == "ф"; }));
+  ASSERT_TRUE(type(kVirtualC, kControlFlag | kShiftFlag));
+  EXPECT_THAT(typed(), isOne(kC, kControlMask | kShiftMask));
+  expectAtRest();
+}
+
+TEST_F(KeyPosterTest, KeysLeftPressedByAnEarlierRunGoUpAtTheStartAndOursAtTheEnd) {
+  for (const std::uint8_t left : {key::control, key::super, kC}) user_.fakeKeyDown(left);
+  poster_.emplace(connection_, keymap_, keyboard_, rawReleases_);
+  expectAtRest();
+  press(kVirtualC, kCommandFlag);
+  poster_.reset();
+  expectAtRest();
+}
+
+/// A user who types on while the program does.
+class Fingers {
+ public:
+  Fingers(const std::string& display, unsigned seed) : user_(display), random_(seed) {
+    thread_ = std::thread([this] { run(); });
+  }
+  ~Fingers() { stop(); }
+
+  void stop() {
+    isDone_ = true;
+    if (thread_.joinable()) thread_.join();
+  }
+
+ private:
+  void run() {
+    constexpr std::uint8_t kKeys[] = {key::control, key::shift, key::alt, key::super, kAltGr, key::q};
+    x11::KeySet down;
+    while (!isDone_) {
+      const std::uint8_t code = kKeys[random_() % std::size(kKeys)];
+      down.flip(code);
+      down[code] ? user_.keyDown(code) : user_.keyUp(code);
+      std::this_thread::sleep_for(std::chrono::microseconds(random_() % 4000));
+    }
+    for (const std::uint8_t code : kKeys) user_.keyUp(code);
+  }
+
+  XClient user_;
+  std::mt19937 random_;
+  std::atomic<bool> isDone_ = false;
+  std::thread thread_;
+};
+
+TEST_F(KeyPosterTest, NoModifierStaysWhateverTheUserDoesMeanwhile) {
+  const unsigned seed = std::random_device{}();
+  SCOPED_TRACE("seed " + std::to_string(seed));
+  std::mt19937 random(seed);
+  for (int round = rounds(40); round > 0; --round) {
+    Fingers fingers(server_.display(), static_cast<unsigned>(random()));
+    for (int i = 0; i < 5; ++i) {
+      const std::uint64_t flags = random() % 16 << 17;
+      ASSERT_TRUE(press(kVirtualC, flags));
+      std::this_thread::sleep_for(std::chrono::microseconds(random() % 6000));
+      ASSERT_TRUE(release(kVirtualC, flags));
+    }
+    fingers.stop();
+    ASSERT_TRUE(eventually([&] { return x11::XTestKeyboard(handle_.get()).look().synthetic.none(); }));
+    ASSERT_TRUE(user_.keyboardIsAtRest());
+    int presses = 0, releases = 0;
+    for (const LoggedKey& key : logger_.take()) {
+      if (key.code == kC) ++(key.isPress ? presses : releases);
+    }
+    ASSERT_EQ(presses, 5);
+    ASSERT_EQ(releases, 5);
+  }
+}
+
+}  // namespace
+}  // namespace rondora::live

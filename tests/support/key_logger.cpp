@@ -1,0 +1,63 @@
+#include "support/key_logger.h"
+
+#include <poll.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <stdexcept>
+#include <utility>
+
+namespace rondora::live {
+
+KeyLogger::KeyLogger(const std::string& display, const std::string& title)
+    : connection_(xcb_connect(display.c_str(), nullptr)) {
+  xcb_connection_t* connection = connection_.get();
+  if (xcb_connection_has_error(connection) != 0) throw std::runtime_error("cannot connect to " + display);
+  const xcb_screen_t* screen = xcb_setup_roots_iterator(xcb_get_setup(connection)).data;
+  window_ = xcb_generate_id(connection);
+  const std::uint32_t values[] = {screen->white_pixel, XCB_EVENT_MASK_KEY_PRESS | XCB_EVENT_MASK_KEY_RELEASE};
+  xcb_create_window(connection, XCB_COPY_FROM_PARENT, window_, screen->root, 20, 20, 300, 200, 0,
+                    XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, XCB_CW_BACK_PIXEL | XCB_CW_EVENT_MASK, values);
+  xcb_change_property(connection, XCB_PROP_MODE_REPLACE, window_, XCB_ATOM_WM_NAME, XCB_ATOM_STRING, 8,
+                      static_cast<std::uint32_t>(title.size()), title.data());
+  const std::string applicationClass = title + '\0' + title + '\0';
+  xcb_change_property(connection, XCB_PROP_MODE_REPLACE, window_, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, 8,
+                      static_cast<std::uint32_t>(applicationClass.size()), applicationClass.data());
+  xcb_map_window(connection, window_);
+  take();
+}
+
+void KeyLogger::takeFocus() {
+  xcb_set_input_focus(connection_.get(), XCB_INPUT_FOCUS_POINTER_ROOT, window_, XCB_CURRENT_TIME);
+  take();
+}
+
+std::vector<LoggedKey> KeyLogger::take() {
+  const UniqueCPtr<xcb_get_input_focus_reply_t, std::free> fence(
+      xcb_get_input_focus_reply(connection_.get(), xcb_get_input_focus(connection_.get()), nullptr));
+  readEvents();
+  return std::exchange(keys_, {});
+}
+
+std::vector<LoggedKey> KeyLogger::takeUntilReleaseOf(std::uint8_t code,
+                                                     std::chrono::steady_clock::time_point deadline) {
+  const auto isThere = [&] {
+    return std::any_of(keys_.begin(), keys_.end(), [&](const auto& key) { return key.code == code && !key.isPress; });
+  };
+  for (readEvents(); !isThere() && std::chrono::steady_clock::now() < deadline; readEvents()) {
+    pollfd waiting{xcb_get_file_descriptor(connection_.get()), POLLIN, 0};
+    poll(&waiting, 1, 100);
+  }
+  return std::exchange(keys_, {});
+}
+
+void KeyLogger::readEvents() {
+  while (const UniqueCPtr<xcb_generic_event_t, std::free> event{xcb_poll_for_event(connection_.get())}) {
+    const int type = event->response_type & 0x7F;
+    if (type != XCB_KEY_PRESS && type != XCB_KEY_RELEASE) continue;
+    const auto& key = reinterpret_cast<const xcb_key_press_event_t&>(*event);
+    keys_.push_back({key.detail, type == XCB_KEY_PRESS, key.state, std::chrono::steady_clock::now()});
+  }
+}
+
+}  // namespace rondora::live

@@ -1,0 +1,65 @@
+#include "platform/linux/x11/modifier_keys.h"
+
+#include <gtest/gtest.h>
+#include <xkbcommon/xkbcommon.h>
+
+#include "base/owned.h"
+#include "unit/x11/server_model.h"
+
+namespace rondora::x11 {
+namespace {
+
+ModifierKeys keysOf(const char* layout, const char* options = "") {
+  const UniqueCPtr<xkb_context, xkb_context_unref> context(xkb_context_new(XKB_CONTEXT_NO_FLAGS));
+  const xkb_rule_names names{"evdev", "pc105", layout, "", options};
+  const UniqueCPtr<xkb_keymap, xkb_keymap_unref> keymap(
+      xkb_keymap_new_from_names(context.get(), &names, XKB_KEYMAP_COMPILE_NO_FLAGS));
+  return modifierKeysOf(keymap.get());
+}
+
+ModifierSet setOf(std::initializer_list<Modifier> modifiers) {
+  ModifierSet set;
+  for (const Modifier modifier : modifiers) set.set(static_cast<std::size_t>(modifier));
+  return set;
+}
+
+const auto kControlAndShift = setOf({Modifier::control, Modifier::shift});
+const auto kCommand = setOf({Modifier::command});
+
+}  // namespace
+
+TEST(ModifierKeysTest, TheRightKeyServesWhereTheUserHoldsTheLeftOne) {
+  const ModifierKeys keys = keysOf("us");
+  EXPECT_EQ(keys.chordFor(kControlAndShift, {}), (Chord{{kControlL, kShiftL}, 0}));
+  EXPECT_EQ(keys.chordFor(kControlAndShift, KeySet().set(kShiftL)), (Chord{{kControlL, kShiftR}, 0}));
+  EXPECT_EQ(keys.chordFor(kControlAndShift, KeySet().set(kShiftL).set(kShiftR)), (Chord{{kControlL}, 0x01}));
+  EXPECT_TRUE(keys.locking[kCapsLock] && keys.locking[kNumLock]);
+  EXPECT_EQ(keys.toggledMask, 0x02);
+  EXPECT_EQ(keys.numLockMask, 0x10);
+}
+
+TEST(ModifierKeysTest, TheKeyOfTheThirdLevelIsHeldButIsNoAlt) {
+  EXPECT_EQ(keysOf("us").setters[1].keys.front(), kAltL);
+  EXPECT_EQ(keysOf("us").setters[1].keys.at(1), kAltGr);
+  for (const char* layout : {"de", "fr", "us,de"}) {
+    const ModifierKeys keys = keysOf(layout);
+    EXPECT_TRUE(keys.holding[kAltGr]) << layout;
+    EXPECT_EQ(std::count(keys.setters[1].keys.begin(), keys.setters[1].keys.end(), kAltGr), 0) << layout;
+  }
+}
+
+TEST(ModifierKeysTest, AModifierWithoutAKeyCannotBeSet) {
+  EXPECT_TRUE(keysOf("us").canSet(kCommand));
+  EXPECT_FALSE(keysOf("us", "altwin:alt_win").canSet(setOf({Modifier::command})));
+}
+
+// Control and Shift together switch the layout here: typing them would.
+TEST(ModifierKeysTest, ModifiersThatSwitchTheLayoutTogetherAreSetWithoutTheirKeys) {
+  const ModifierKeys keys = keysOf("us,ru", "grp:ctrl_shift_toggle");
+  EXPECT_EQ(keys.chordFor(kControlAndShift, {}), (Chord{{}, 0x05}));
+  EXPECT_EQ(keys.chordFor(setOf({Modifier::control}), {}), (Chord{{kControlL}, 0}));
+  EXPECT_FALSE(keys.canBeHeldTogether(KeySet().set(kControlL).set(kShiftL)));
+  EXPECT_TRUE(keys.canBeHeldTogether(KeySet().set(kControlL).set(kAltGr)));
+}
+
+}  // namespace rondora::x11
