@@ -109,9 +109,8 @@ void PrivateDesktop::startBus() {
 
 void PrivateDesktop::startParts(const DesktopParts& parts) {
   XClient client(display());
-  if (parts.windowManager == WindowManager::openbox) startPart({"openbox"});
-  if (parts.windowManager == WindowManager::xfwm4) startPart({"xfwm4", "--compositor=off"});
   if (parts.windowManager != WindowManager::none) {
+    startWindowManager(parts.windowManager);
     require(waitUntil([&] { return client.hasWindowManager(); }), "the window manager");
   }
   if (parts.compositor == Compositor::picom) {
@@ -130,6 +129,17 @@ std::unique_ptr<ChildProcess> PrivateDesktop::startTray() const {
   XClient client(display());
   require(waitUntil([&] { return client.selectionOwner("_NET_SYSTEM_TRAY_S0") != XCB_NONE; }), "the tray");
   return tray;
+}
+
+void PrivateDesktop::startWindowManager(WindowManager manager) {
+  if (manager == WindowManager::openbox) startPart({"openbox"});
+  if (manager == WindowManager::xfwm4) startPart({"xfwm4", "--compositor=off"});
+  if (manager == WindowManager::i3) {
+    // Without a configuration it would ask for one; this one binds no keys.
+    const auto configuration = configHome() / "i3" / "config";
+    writeFile(configuration, "font pango:monospace 8\n");
+    startPart({"i3", "-c", configuration});
+  }
 }
 
 std::unique_ptr<ChildProcess> PrivateDesktop::start(const std::vector<std::string>& command) const {

@@ -13,7 +13,7 @@
 
 namespace rondora::live {
 
-enum class WindowManager { none, openbox, xfwm4 };
+enum class WindowManager { none, openbox, xfwm4, i3 };
 enum class Compositor { none, picom };
 enum class Tray { none, tint2 };
 
@@ -73,6 +73,7 @@ class PrivateDesktop {
  private:
   void startBus();
   void startParts(const DesktopParts& parts);
+  void startWindowManager(WindowManager manager);
   void startPart(const std::vector<std::string>& command) { processes_.push_back(start(command)); }
 
   TemporaryFolder folder_;

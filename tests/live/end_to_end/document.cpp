@@ -19,6 +19,10 @@ Document item(const std::string& title, Document action) {
 
 Document snippetItem(const std::string& text) { return item(text, {{"snippet", {{"text", text}}}}); }
 
+Document keystrokeItem(int keyCode, int modifiers) {
+  return item("Key " + std::to_string(keyCode), {{"keystroke", {{"keyCode", keyCode}, {"modifiers", modifiers}}}});
+}
+
 Document applicationItem(const std::string& id) { return item(id, {{"launchApp", {{"bundleIdentifier", id}}}}); }
 
 std::vector<Document> snippetItems(const std::string& name, int count) {

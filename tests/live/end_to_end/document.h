@@ -15,12 +15,15 @@ struct Hotkey {
 };
 
 inline constexpr int kControl = 0x1000, kOption = 0x800;
+inline constexpr int kShiftFlag = 0x20000, kControlFlag = 0x40000, kOptionFlag = 0x80000, kCommandFlag = 0x100000;
 inline constexpr Hotkey kControlAltSpace{49, kControl | kOption};
 inline constexpr Hotkey kControlAltB{11, kControl | kOption};
 inline constexpr Hotkey kControlAltT{17, kControl | kOption};
 inline constexpr Hotkey kF9{101, 0};
 
 Document snippetItem(const std::string& text);
+/// `modifiers` are event flags.
+Document keystrokeItem(int keyCode, int modifiers);
 Document applicationItem(const std::string& id);
 /// `count` items that put "NAME 0", "NAME 1", … on the clipboard.
 std::vector<Document> snippetItems(const std::string& name, int count);

@@ -108,7 +108,8 @@ class UnderWindowManager : public EndToEndTest, public testing::WithParamInterfa
 };
 
 inline void PrintTo(WindowManager manager, std::ostream* stream) {
-  *stream << (manager == WindowManager::openbox ? "openbox" : "xfwm4");
+  constexpr const char* kNames[] = {"none", "openbox", "xfwm4", "i3"};
+  *stream << kNames[static_cast<int>(manager)];
 }
 
 inline std::string nameOf(const testing::TestParamInfo<WindowManager>& info) {

@@ -156,7 +156,7 @@ class Encounter {
 };
 
 TEST(SyntheticTypingTest, LeavesTheKeyboardAsTheUserHasItWhateverHappensMeanwhile) {
-  constexpr unsigned kSeeds = 20000;
+  constexpr unsigned kSeeds = 10000;
   for (unsigned seed = 0; seed < kSeeds; ++seed) {
     SCOPED_TRACE("seed " + std::to_string(seed));
     constexpr int kNervousness[] = {0, 2, 10, 40};

@@ -1,0 +1,223 @@
+#include <signal.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <fstream>
+
+#include "live/end_to_end/end_to_end_test.h"
+#include "support/key_logger.h"
+
+namespace rondora::live {
+namespace {
+
+constexpr std::uint16_t kShift = 0x01, kControl = 0x04, kAlt = 0x08, kSuper = 0x40;
+constexpr int kB = 11, kS = 1;
+
+/// Where an item lies, what it types, and how that arrives.
+struct Target {
+  int right, down;
+  int keyCode, flags;
+  std::uint8_t code;
+  std::uint16_t state;
+};
+
+// An arrow carries two more bits, which no application sees.
+constexpr Target kTargets[] = {{0, -kMiddleOfRing, 8, kControlFlag, 54, kControl},
+                               {kMiddleOfRing, 0, 123, kShiftFlag, 113, kShift},
+                               {0, kMiddleOfRing, 100, 0, 74, 0},
+                               {-kMiddleOfRing, 0, 35, kShiftFlag | kControlFlag | kOptionFlag | kCommandFlag, 33,
+                                kShift | kControl | kAlt | kSuper}};
+
+bool isModifier(std::uint8_t code) {
+  constexpr std::uint8_t kModifiers[] = {key::control, 105, key::shift, 62, key::alt, 108, key::super, 134};
+  return std::find(std::begin(kModifiers), std::end(kModifiers), code) != std::end(kModifiers);
+}
+
+/// More than a few by RONDORA_TEST_ROUNDS.
+int rounds(int byDefault) {
+  const char* wanted = std::getenv("RONDORA_TEST_ROUNDS");
+  return wanted == nullptr ? byDefault : std::atoi(wanted);
+}
+
+class KeystrokeTest : public UnderWindowManager {
+ protected:
+  void SetUp() override {
+    UnderWindowManager::SetUp();
+    logger_.emplace(desktop_.display(), "Logger");
+    ASSERT_TRUE(waitForActive("Logger"));
+    std::vector<Document> items;
+    for (const Target& target : kTargets) items.push_back(keystrokeItem(target.keyCode, target.flags));
+    start(document({menu("Main", kControlAltSpace, items, -45)}));
+  }
+
+  /// Chooses the item in the way of that number: by letting go, or by a click while the chord is still held.
+  void choose(const Target& target, int way) {
+    client_.movePointer(kSomewhere);
+    ASSERT_TRUE(open());
+    pointTo(target.right, target.down);
+    way % 2 == 0 ? releaseChord() : client_.click();
+    ASSERT_TRUE(program_->waitForNoRing());
+  }
+  std::vector<LoggedKey> arrived(const Target& target) {
+    auto keys = logger_->takeUntilReleaseOf(target.code, std::chrono::steady_clock::now() + kPatience);
+    std::erase_if(keys, [](const LoggedKey& key) { return isModifier(key.code); });
+    return keys;
+  }
+
+  std::optional<KeyLogger> logger_;
+};
+
+INSTANTIATE_TEST_SUITE_P(Live, KeystrokeTest,
+                         testing::Values(WindowManager::openbox, WindowManager::xfwm4, WindowManager::i3), nameOf);
+
+TEST_P(KeystrokeTest, EachOneArrivesOnceAsItWasChosenWhereTheUserWorked) {
+  KeyLogger other(desktop_.display(), "Other");
+  ASSERT_TRUE(waitForActive("Other"));
+  client_.requestActivation(logger_->window());
+  ASSERT_TRUE(waitForActive("Logger"));
+  logger_->take();
+  for (int round = 0; round < rounds(8); ++round) {
+    SCOPED_TRACE("round " + std::to_string(round));
+    const Target& target = kTargets[round % std::size(kTargets)];
+    ASSERT_NO_FATAL_FAILURE(choose(target, round / 4));
+    const auto keys = arrived(target);
+    releaseChord();
+    ASSERT_EQ(keys.size(), 2U);
+    for (const LoggedKey& key : keys) {
+      EXPECT_EQ(key.code, target.code);
+      EXPECT_EQ(key.state, target.state);
+    }
+    EXPECT_TRUE(keys.front().isPress);
+    EXPECT_FALSE(keys.back().isPress);
+    ASSERT_TRUE(waitUntil([&] { return client_.keyboardIsAtRest(); }));
+  }
+  expectAtRest();
+  const auto late = logger_->take();
+  EXPECT_TRUE(std::all_of(late.begin(), late.end(), [](const LoggedKey& key) { return isModifier(key.code); }));
+  const auto strayed = other.take();
+  EXPECT_TRUE(std::all_of(strayed.begin(), strayed.end(), [](const LoggedKey& key) { return isModifier(key.code); }));
+}
+
+/// The program, caught while it holds a key.
+class KilledWhileTypingTest : public KeystrokeTest {
+ protected:
+  const Target& target_ = kTargets[0];
+
+  /// Stops the program between press and release.
+  void stopWhileTyping() {
+    for (bool isCaught = false; !isCaught;) {
+      logger_->take();
+      ASSERT_NO_FATAL_FAILURE(choose(target_, 0));
+      ASSERT_TRUE(waitUntil([&] { return client_.isKeyDown(target_.code); }));
+      kill(program_->pid(), SIGSTOP);
+      isCaught = client_.isKeyDown(target_.code);
+      if (!isCaught) kill(program_->pid(), SIGCONT);
+    }
+  }
+  void killProgram(int signal) {
+    kill(program_->pid(), signal);
+    kill(program_->pid(), SIGCONT);
+    ASSERT_TRUE(program_->waitForExit());
+  }
+  /// The small process that lets go of the keys of a program which crashed on this display.
+  pid_t guard() {
+    const std::string display = "DISPLAY=" + desktop_.display();
+    for (const auto& entry : std::filesystem::directory_iterator("/proc")) {
+      if (readFile(entry.path() / "comm") != "rondora-keys\n") continue;
+      const std::string environment = '\0' + readFile(entry.path() / "environ");
+      if (environment.find('\0' + display + '\0') != std::string::npos) return std::stoi(entry.path().filename());
+    }
+    return 0;
+  }
+};
+
+INSTANTIATE_TEST_SUITE_P(Live, KilledWhileTypingTest, testing::Values(WindowManager::openbox), nameOf);
+
+TEST_P(KilledWhileTypingTest, NothingStaysPressedHoweverTheProgramEnds) {
+  const Document configuration = Document::parse(readFile(RunningProgram::document(desktop_)));
+  for (const int signal : {SIGTERM, SIGSEGV, SIGABRT, SIGKILL}) {
+    SCOPED_TRACE(strsignal(signal));
+    ASSERT_NO_FATAL_FAILURE(stopWhileTyping());
+    ASSERT_NO_FATAL_FAILURE(killProgram(signal));
+    EXPECT_TRUE(waitUntil([&] { return client_.keyboardIsAtRest(); }));
+    EXPECT_TRUE(waitUntil([&] { return guard() == 0; }));
+    start(configuration);
+  }
+}
+
+TEST_P(KilledWhileTypingTest, TheNextStartLetsGoWhereTheGuardWasKilledToo) {
+  const Document configuration = Document::parse(readFile(RunningProgram::document(desktop_)));
+  ASSERT_NO_FATAL_FAILURE(stopWhileTyping());
+  const pid_t guardian = guard();
+  ASSERT_NE(guardian, 0);
+  kill(guardian, SIGKILL);
+  ASSERT_TRUE(waitUntil([&] { return guard() == 0; }));
+  ASSERT_NO_FATAL_FAILURE(killProgram(SIGKILL));
+  EXPECT_TRUE(client_.isKeyDown(target_.code)) << "the test shows nothing";
+  start(configuration);
+  EXPECT_TRUE(client_.keyboardIsAtRest());
+}
+
+/// Real applications, as an independent word on what arrives.
+class RealApplicationTest : public EndToEndTest {
+ protected:
+  void SetUp() override {
+    EndToEndTest::SetUp();
+    start(
+        document({menu("Main", kControlAltSpace,
+                       {keystrokeItem(kB, 0), keystrokeItem(kB, kShiftFlag), keystrokeItem(kS, kControlFlag)}, -60)}));
+  }
+
+  /// Chooses what lies there and waits until it is typed.
+  void choose(int right, int down) {
+    const std::size_t before = typedKeys();
+    ASSERT_NO_FATAL_FAILURE(EndToEndTest::choose(right, down));
+    ASSERT_TRUE(waitUntil([&] { return typedKeys() > before; }));
+  }
+  std::size_t typedKeys() {
+    const auto lines = program_->logLines();
+    return static_cast<std::size_t>(std::count_if(
+        lines.begin(), lines.end(), [](const auto& line) { return line.find("keystroke sent") != line.npos; }));
+  }
+  /// Types "bB", the second letter with Caps Lock on; the items lie at the top and to the lower right.
+  void typeText() {
+    ASSERT_NO_FATAL_FAILURE(choose(0, -kMiddleOfRing));
+    client_.tap(key::capsLock);
+    ASSERT_NO_FATAL_FAILURE(choose(100, 58));
+    client_.tap(key::capsLock);
+  }
+  void save() { choose(-100, 58); }
+};
+
+TEST_F(RealApplicationTest, TerminalGetsTheText) {
+  const auto file = desktop_.configHome() / "typed";
+  const auto terminal = desktop_.start({"xterm", "-T", "Terminal", "-e", "sh", "-c", "cat >" + file.string()});
+  ASSERT_TRUE(waitForActive("Terminal"));
+  ASSERT_NO_FATAL_FAILURE(typeText());
+  EXPECT_TRUE(waitUntil([&] {
+    client_.tap(key::enter);
+    return readFile(file).starts_with("bB\n");
+  })) << readFile(file);
+}
+
+TEST_F(RealApplicationTest, EntryFieldGetsTheText) {
+  const auto dialog = desktop_.start({"zenity", "--entry", "--title", "Entry"});
+  ASSERT_TRUE(waitForActive("Entry"));
+  ASSERT_NO_FATAL_FAILURE(typeText());
+  client_.tap(key::enter);
+  EXPECT_EQ(dialog->wait(), 0);
+  EXPECT_TRUE(readFile(desktop_.logFile("zenity")).ends_with("bB\n"));
+}
+
+TEST_F(RealApplicationTest, EditorGetsTheTextAndItsShortcut) {
+  const auto file = desktop_.configHome() / "letter.txt";
+  writeFile(file, "");
+  const auto editor = desktop_.start({"mousepad", "--disable-server", file});
+  ASSERT_TRUE(waitUntil([&] { return client_.title(client_.activeWindow()).find("letter.txt") != std::string::npos; }));
+  ASSERT_NO_FATAL_FAILURE(typeText());
+  ASSERT_NO_FATAL_FAILURE(save());
+  EXPECT_TRUE(waitUntil([&] { return readFile(file).starts_with("bB"); })) << readFile(file);
+}
+
+}  // namespace
+}  // namespace rondora::live
