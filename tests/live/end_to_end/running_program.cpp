@@ -33,6 +33,13 @@ std::size_t hotkeysIn(const std::string& configuration) {
   return std::max<std::size_t>(count, 1);
 }
 
+/// Whether it sleeps: on a busy machine one that has much to do may not come to do it.
+bool isWaiting(pid_t pid) {
+  const std::string status = readFile("/proc/" + std::to_string(pid) + "/stat");
+  const std::size_t nameEnd = status.rfind(')');
+  return nameEnd != std::string::npos && status.compare(nameEnd, 3, ") S") == 0;
+}
+
 }  // namespace
 
 std::filesystem::path RunningProgram::document(const PrivateDesktop& desktop) {
@@ -83,7 +90,7 @@ bool RunningProgram::waitForNoRing() {
 bool RunningProgram::staysWithoutRing() {
   int absent = 0;
   return waitUntil([&] {
-    absent = ring() ? 0 : absent + 1;
+    absent = ring() || !isWaiting(pid()) ? 0 : absent + 1;
     return absent >= kAbsences;
   });
 }
