@@ -9,9 +9,9 @@
 #include <vector>
 
 #include "base/observable.h"
-#include "platform/linux/x11/compositor_watch.h"
 #include "platform/linux/x11/pixel_surface.h"
 #include "platform/linux/x11/screen_reader.h"
+#include "platform/linux/x11/selection_owner_watch.h"
 #include "platform/linux/x11/x11_input_grab.h"
 #include "platform/linux/x11/x_connection.h"
 #include "platform/overlay_panel.h"
@@ -24,7 +24,7 @@ struct OverlayResources {
   XConnection& connection;
   X11InputGrab& inputGrab;
   PictureRasterizer& rasterizer;
-  CompositorWatch& compositor;
+  SelectionOwnerWatch& compositor;
   ScreenReader& screenReader;
   PixelTransport transport = PixelTransport::requests;
   xcb_visualid_t visual = 0;
@@ -83,7 +83,7 @@ class X11OverlayPanel : public OverlayPanel, private InputGrabSink {
   bool mayBeCoveredBy(xcb_window_t window) const;
   PixelRect pixelsOf(const Rect& rect) const;
   Point inPanel(int rootX, int rootY) const;
-  bool isTransparent() const { return resources_.hasAlpha && resources_.compositor.isComposited(); }
+  bool isTransparent() const { return resources_.hasAlpha && resources_.compositor.hasOwner(); }
   bool handleEvent(const xcb_generic_event_t& event);
 
   void grabbedPointerMoved(int x, int y) override { sink_.pointerMoved(inPanel(x, y)); }
@@ -126,7 +126,7 @@ class X11OverlayPanels : public OverlayPanels {
   void warmUp(Picture picture) override;
 
  private:
-  CompositorWatch compositor_;
+  SelectionOwnerWatch compositor_;
   ScreenReader screenReader_;
   OverlayResources resources_;
 };
