@@ -97,6 +97,8 @@ void AppDelegate::subscribeLanguage() {
 void AppDelegate::observeChanges() {
   configurationObserver_ = services_.notifications.addObserver(
       ConfigManager::configurationDidChange, weakSelf_.bind([](AppDelegate& self) { self.configurationChanged(); }));
+  modifiersObserver_ =
+      services_.hotkeyService.onModifiersMoved(weakSelf_.bind([](AppDelegate& self) { self.setupHotkeys(); }));
   didBecomeActiveObserver_ = services_.shell.onDidBecomeActive(weakSelf_.bind([](AppDelegate& self) {
     self.presentSettingsOnceIfFirstLaunchPermissionsComplete();
     self.evaluateStatusItemVisibility(HiddenStatusItem::onlyReport);

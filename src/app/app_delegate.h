@@ -83,6 +83,7 @@ class AppDelegate {
   std::unique_ptr<OnboardingWindow> permissionsOnboardingController_;
   Subscription appActivationObserver_;
   Subscription configurationObserver_;
+  Subscription modifiersObserver_;
   Subscription didBecomeActiveObserver_;
   Subscription screenParametersObserver_;
   Subscription statusItemObserver_;

@@ -11,12 +11,14 @@
 #include "actions/action_services.h"
 #include "app/app_delegate.h"
 #include "app/item_titles.h"
+#include "app/session_report.h"
 #include "app/single_instance.h"
 #include "icons/favicons.h"
 #include "input/hotkey_display.h"
 #include "permissions/permissions_monitor.h"
 #include "platform/haptics.h"
 #include "platform/linux/desktop/file_user_defaults.h"
+#include "platform/linux/desktop/input_trackpads.h"
 #include "platform/linux/desktop/installed_applications.h"
 #include "platform/linux/desktop/lock_file_channel.h"
 #include "platform/linux/desktop/posix_file_system.h"
@@ -24,6 +26,7 @@
 #include "platform/linux/desktop/serial_thread.h"
 #include "platform/linux/desktop/system_clock.h"
 #include "platform/linux/desktop/system_random.h"
+#include "platform/linux/x11/compositor_watch.h"
 #include "platform/linux/x11/selection_owner_watch.h"
 #include "platform/linux/x11/x11_accessibility.h"
 #include "platform/linux/x11/x11_application_icons.h"
@@ -114,13 +117,11 @@ struct CompositionLinux::Program {
 
   std::string text(StringKey key) const { return std::string(localization.text(key)); }
 
-  /// The hotkey of the first menu that has one, which a newcomer opens first; empty when none has.
+  /// The hotkey of the first menu that one opens, which a newcomer opens first; empty when none does.
   std::string firstHotkey() const {
-    const auto& menus = config.current().menus;
-    const auto found =
-        std::find_if(menus.begin(), menus.end(), [](const PieMenu& menu) { return menu.hasLiveHotkey(); });
-    return found == menus.end() ? std::string()
-                                : displayString(found->hotkey, localization.language(), kPcModifierNames);
+    const HotkeyManager* manager = delegate.hotkeyManager();
+    const PieMenu* menu = manager == nullptr ? nullptr : firstMenuWithWorkingHotkey(config.current().menus, *manager);
+    return menu == nullptr ? std::string() : displayString(menu->hotkey, localization.language(), kPcModifierNames);
   }
 
   /// With the keys that paste on this system.
@@ -138,6 +139,12 @@ struct CompositionLinux::Program {
     texts.documentHeading = text(StringKey::settingsConfigurationFile);
     texts.openFolder = text(StringKey::settingsOpenFolder);
     texts.language = text(StringKey::settingsLanguage);
+    texts.copy = text(StringKey::settingsCopy);
+    texts.sessionHeading = text(StringKey::settingsSession);
+    texts.works = text(StringKey::sessionWorks);
+    texts.fails = text(StringKey::sessionFails);
+    texts.quit = text(StringKey::quit);
+    texts.close = text(StringKey::settingsClose);
     texts.onboardingTitle = text(StringKey::onboardingTitle);
     texts.onboardingHeadline = text(StringKey::onboardingGreeting);
     texts.onboardingIntroduction = text(StringKey::onboardingWhatItIs);
@@ -151,19 +158,9 @@ struct CompositionLinux::Program {
     return texts;
   }
 
-  /// What the settings window says of the present session.
-  std::vector<std::string> statusLines() const {
-    std::vector<std::string> lines;
-    const auto& menus = config.current().menus;
-    if (const auto* manager = delegate.hotkeyManager()) {
-      for (const int index : manager->failedRegistrationMenuIndices()) {
-        const auto position = static_cast<std::size_t>(index);
-        if (position < menus.size())
-          lines.push_back(localization.text(StringKey::settingsHotkeyRefused, menus[position].name));
-      }
-    }
-    if (statusItemProblem) lines.push_back(text(StringKey::settingsNoTray));
-    return lines;
+  SessionFacts sessionFacts() const {
+    return {isWaylandSession(environment), !statusItemProblem, permissionService.isProcessTrusted(),
+            compositor.isComposited(), trackpads.access()};
   }
 
   void chooseLanguage(AppLanguage language) {
@@ -181,7 +178,8 @@ struct CompositionLinux::Program {
             [this] { workspace.openUrl("file://" + config.configURL().parent_path().string()); },
             [this] { return localization.language(); },
             [this](AppLanguage language) { chooseLanguage(language); },
-            [this] { return statusLines(); }};
+            [this] { delegate.quitApp(); },
+            [this] { return report.findings(sessionFacts(), config.current(), delegate.hotkeyManager()); }};
   }
 
   SessionRequests sessionRequests() {
@@ -248,6 +246,9 @@ struct CompositionLinux::Program {
   Subscription faviconPrefetch = config.configuration().subscribe(
       [this](const PieConfiguration& configuration) { favicons.prefetch(configuration); });
   std::optional<std::string> statusItemProblem;
+  desktop::InputTrackpads trackpads;
+  x11::CompositorWatch compositor{connection};
+  SessionReport report{localization, kPcModifierNames};
   QtWindows windows{windowContents()};
   AppDelegate delegate{AppServices{mainQueue,
                                    log,

@@ -24,6 +24,33 @@ enum class StringKey {
   settingsHotkeyRefused,  // %@: the menu's name
   settingsNoTray,
   settingsHotkeysNote,
+  /// On the button beside the path of the configuration file.
+  settingsCopy,
+  settingsClose,
+  settingsSession,
+  /// What screen readers say of the marks before what follows.
+  sessionWorks,
+  sessionFails,
+
+  sessionX11,
+  sessionWayland,
+  sessionWaylandRemedy,
+  sessionHotkeysWork,
+  sessionHotkeyRefusedRemedy,  // %@: the hotkey
+  sessionHotkeyUnusable,       // %@: the menu's name
+  sessionHotkeyUnusableRemedy,
+  sessionTray,
+  sessionNoTrayRemedy,
+  sessionKeystrokes,
+  sessionNoKeystrokes,
+  sessionNoKeystrokesRemedy,
+  sessionTrackpadIgnored,
+  sessionTrackpadUnreadable,
+  sessionTrackpadIgnoredRemedy,
+  sessionTrackpadUnreadableRemedy,
+  sessionNoCompositor,
+  sessionNoCompositorRemedy,
+
   /// Names the paste shortcut as "Command+V" in every language.
   snippetHint,
   importRefused,

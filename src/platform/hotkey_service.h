@@ -41,6 +41,9 @@ class HotkeyService {
   [[nodiscard]] virtual std::optional<Subscription> registerEventHotKey(std::uint32_t keyCode,
                                                                         std::uint32_t carbonModifiers,
                                                                         EventHotKeyID id) = 0;
+  /// Calls back after the keyboard has put its modifiers elsewhere: on the way a live registration may have been lost
+  /// to another program, and one that was refused may be possible now. Who registered should do it anew.
+  [[nodiscard]] virtual Subscription onModifiersMoved(std::function<void()> observer) = 0;
   /// The handler is called synchronously from the event loop.
   [[nodiscard]] virtual Subscription installEventHandler(Handler handler) = 0;
 };

@@ -9,6 +9,15 @@
 
 namespace rondora {
 
+/// One thing about the present desktop session, in the user's language.
+struct SessionFinding {
+  bool works = true;
+  std::string statement;
+  /// What the user can do about it; empty where all is well.
+  std::string remedy;
+  friend bool operator==(const SessionFinding&, const SessionFinding&) = default;
+};
+
 class SettingsWindow {
  public:
   virtual ~SettingsWindow() = default;

@@ -63,6 +63,10 @@ std::optional<Subscription> FakeKeyboard::registerEventHotKey(std::uint32_t keyC
   return add(registrations_, Registration{keyCode, carbonModifiers, id});
 }
 
+Subscription FakeKeyboard::onModifiersMoved(std::function<void()> observer) {
+  return modifiersMoved_.subscribe(std::move(observer));
+}
+
 Subscription FakeKeyboard::installEventHandler(HotkeyService::Handler handler) {
   return add(handlers_, std::move(handler));
 }

@@ -36,6 +36,7 @@ class FakeKeyboard final : public HotkeyService, public EventMonitors {
 
   [[nodiscard]] std::optional<Subscription> registerEventHotKey(std::uint32_t keyCode, std::uint32_t carbonModifiers,
                                                                 EventHotKeyID id) override;
+  [[nodiscard]] Subscription onModifiersMoved(std::function<void()> observer) override;
   [[nodiscard]] Subscription installEventHandler(HotkeyService::Handler handler) override;
   [[nodiscard]] Subscription addLocalMonitor(std::uint32_t eventMask, EventMonitors::Handler handler) override;
   std::uint64_t currentModifierFlags() const override;
@@ -57,6 +58,8 @@ class FakeKeyboard final : public HotkeyService, public EventMonitors {
   std::size_t registrationCount() const { return registrations_->size(); }
   std::size_t handlerCount() const { return handlers_->size(); }
   std::size_t monitorCount() const { return monitors_->size(); }
+  /// The user chooses another layout.
+  void moveModifiers() { modifiersMoved_.send(); }
   /// Sends a hot-key event past the keyboard, as the system would.
   int send(const HotKeyEvent* event);
 
@@ -87,6 +90,7 @@ class FakeKeyboard final : public HotkeyService, public EventMonitors {
   void deliverRelease(std::uint16_t keyCode);
 
   std::function<bool()> overlayHoldsKeyboard_;
+  Signal<> modifiersMoved_;
   std::uint64_t lastId_ = 0;
   Table<Registration> registrations_ = std::make_shared<std::map<std::uint64_t, Registration>>();
   Table<HotkeyService::Handler> handlers_ = std::make_shared<std::map<std::uint64_t, HotkeyService::Handler>>();

@@ -25,6 +25,47 @@ constexpr StringTable kGermanStrings = completeTable({
     {StringKey::settingsHotkeysNote,
      "Globale Tastenkürzel nutzen die Carbon-API des Systems. Kombinationen nur mit Fn oder der Globus-Taste lassen "
      "sich möglicherweise nicht registrieren – wählen Sie ein anderes Kürzel."},
+    {StringKey::settingsCopy, "Kopieren"},
+    {StringKey::settingsClose, "Schließen"},
+    {StringKey::settingsSession, "In dieser Sitzung:"},
+    {StringKey::sessionWorks, "Funktioniert"},
+    {StringKey::sessionFails, "Funktioniert nicht"},
+    {StringKey::sessionX11, "Dies ist eine X11-Sitzung: Der Ring öffnet sich über jedem Fenster."},
+    {StringKey::sessionWayland,
+     "Dies ist eine Wayland-Sitzung: Tastenkürzel kommen nur an, während ein X11-Fenster die Tastatur hat, und Fenster "
+     "von Wayland-Programmen lassen sich nicht nach vorn holen."},
+    {StringKey::sessionWaylandRemedy,
+     "Wählen Sie bei der Anmeldung eine X11-Sitzung („Xorg“), oder lassen Sie ein Tastenkürzel Ihres Desktops die "
+     "D-Bus-Methode „Trigger“ aufrufen; wie das geht, steht in der README."},
+    {StringKey::sessionHotkeysWork, "Jedes Menü mit einem Tastenkürzel lässt sich damit öffnen."},
+    {StringKey::sessionHotkeyRefusedRemedy,
+     "Geben Sie %@ in dem anderen Programm oder in den Tastatureinstellungen Ihres Desktops frei und starten Sie "
+     "Rondora neu, oder geben Sie dem Menü in der Konfigurationsdatei ein anderes Tastenkürzel."},
+    {StringKey::sessionHotkeyUnusable, "Rondora kann das Tastenkürzel des Menüs „%@“ hier nicht verwenden."},
+    {StringKey::sessionHotkeyUnusableRemedy,
+     "Beenden Sie Rondora, geben Sie dem Menü in der Konfigurationsdatei ein anderes Tastenkürzel und starten Sie "
+     "Rondora wieder."},
+    {StringKey::sessionTray, "Das Symbol von Rondora ist im Infobereich."},
+    {StringKey::sessionNoTrayRemedy,
+     "Fügen Sie Ihrer Leiste einen Infobereich hinzu; GNOME braucht dafür die Erweiterung „AppIndicator“. Auch ohne "
+     "das Symbol gilt: Wird Rondora noch einmal gestartet, öffnen sich diese Einstellungen."},
+    {StringKey::sessionKeystrokes, "Tastendrücke erreichen die anderen Programme."},
+    {StringKey::sessionNoKeystrokes,
+     "Der X-Server nimmt keine Tastendrücke von Programmen an; Einträge, die Tasten drücken, bewirken daher nichts."},
+    {StringKey::sessionNoKeystrokesRemedy, "Schalten Sie die XTEST-Erweiterung des X-Servers ein."},
+    {StringKey::sessionTrackpadIgnored,
+     "Diese Version reagiert noch nicht auf Tippen auf das Touchpad; es öffnet daher kein Menü."},
+    {StringKey::sessionTrackpadUnreadable,
+     "Rondora darf das Touchpad nicht lesen; Tippen darauf öffnet daher kein Menü."},
+    {StringKey::sessionTrackpadIgnoredRemedy,
+     "Öffnen Sie diese Menüs stattdessen mit einem Tastenkürzel; in der Konfigurationsdatei können Sie ihnen eines "
+     "geben."},
+    {StringKey::sessionTrackpadUnreadableRemedy,
+     "Öffnen Sie diese Menüs stattdessen mit einem Tastenkürzel. Eine spätere Version wird auf Tippen reagieren, wenn "
+     "Ihr Benutzer zur Gruppe „input“ gehört."},
+    {StringKey::sessionNoCompositor, "Es läuft kein Compositor, daher hat der Ring harte Kanten."},
+    {StringKey::sessionNoCompositorRemedy,
+     "Schalten Sie in den Einstellungen Ihres Desktops die Fenstereffekte (Compositing) ein."},
     {StringKey::snippetHint, "Der Text wurde in die Zwischenablage kopiert. Fügen Sie ihn mit Command+V selbst ein."},
     {StringKey::importRefused,
      "Diese Datei konnte nicht gelesen werden. Bitte wählen Sie eine gültige Sicherung der Einstellungen."},

@@ -22,6 +22,43 @@ constexpr StringTable kEnglishStrings = completeTable({
     {StringKey::settingsHotkeysNote,
      "Global hotkeys use the system Carbon API. Fn-only or Globe combinations may not register — pick another "
      "shortcut."},
+    {StringKey::settingsCopy, "Copy"},
+    {StringKey::settingsClose, "Close"},
+    {StringKey::settingsSession, "In this session:"},
+    {StringKey::sessionWorks, "Works"},
+    {StringKey::sessionFails, "Does not work"},
+    {StringKey::sessionX11, "This is an X11 session: the ring opens over every window."},
+    {StringKey::sessionWayland,
+     "This is a Wayland session: hotkeys are heard only while an X11 window has the keyboard, and windows of Wayland "
+     "applications cannot be brought to the front."},
+    {StringKey::sessionWaylandRemedy,
+     "Choose an X11 session (“Xorg”) when you log in, or let a keyboard shortcut of your desktop call the D-Bus method "
+     "“Trigger”; the README says how."},
+    {StringKey::sessionHotkeysWork, "Every menu that has a hotkey opens with it."},
+    {StringKey::sessionHotkeyRefusedRemedy,
+     "Free %@ in the other program or in the keyboard settings of your desktop and start Rondora again, or give the "
+     "menu another hotkey in the configuration file."},
+    {StringKey::sessionHotkeyUnusable, "Rondora cannot use the hotkey of the menu “%@” here."},
+    {StringKey::sessionHotkeyUnusableRemedy,
+     "Quit Rondora, give the menu another hotkey in the configuration file, and start Rondora again."},
+    {StringKey::sessionTray, "Rondora’s icon is in the system tray."},
+    {StringKey::sessionNoTrayRemedy,
+     "Add a system tray to your panel; GNOME needs the extension “AppIndicator” for it. Without the icon, starting "
+     "Rondora once more opens these settings."},
+    {StringKey::sessionKeystrokes, "Keystrokes reach the other applications."},
+    {StringKey::sessionNoKeystrokes,
+     "The X server takes no keystrokes from programs, so items that press keys do nothing."},
+    {StringKey::sessionNoKeystrokesRemedy, "Turn on the X server’s XTEST extension."},
+    {StringKey::sessionTrackpadIgnored,
+     "This version does not react to taps on the trackpad yet, so they open no menu."},
+    {StringKey::sessionTrackpadUnreadable, "Rondora may not read the trackpad, so taps on it open no menu."},
+    {StringKey::sessionTrackpadIgnoredRemedy,
+     "Open these menus by hotkey instead; you can give them one in the configuration file."},
+    {StringKey::sessionTrackpadUnreadableRemedy,
+     "Open these menus by hotkey instead. A later version will react to taps if your user belongs to the group "
+     "“input”."},
+    {StringKey::sessionNoCompositor, "No compositor is running, so the ring has hard edges."},
+    {StringKey::sessionNoCompositorRemedy, "Turn on compositing (desktop effects) in the settings of your desktop."},
     {StringKey::snippetHint, "Text is copied to the clipboard. Paste it manually with Command+V."},
     {StringKey::importRefused, "Couldn't read this file. Please choose a valid settings backup."},
 });

@@ -24,6 +24,47 @@ constexpr StringTable kFrenchStrings = completeTable({
     {StringKey::settingsHotkeysNote,
      "Les raccourcis globaux utilisent l’API Carbon du système. Les combinaisons avec Fn ou Globe seuls peuvent ne pas "
      "être enregistrées : choisissez un autre raccourci."},
+    {StringKey::settingsCopy, "Copier"},
+    {StringKey::settingsClose, "Fermer"},
+    {StringKey::settingsSession, "Dans cette session :"},
+    {StringKey::sessionWorks, "Fonctionne"},
+    {StringKey::sessionFails, "Ne fonctionne pas"},
+    {StringKey::sessionX11, "Cette session utilise X11 : l’anneau s’ouvre par-dessus toutes les fenêtres."},
+    {StringKey::sessionWayland,
+     "Cette session utilise Wayland : les raccourcis ne sont reçus que lorsqu’une fenêtre X11 a le clavier, et les "
+     "fenêtres des applications Wayland ne peuvent pas être mises au premier plan."},
+    {StringKey::sessionWaylandRemedy,
+     "Choisissez une session X11 (« Xorg ») à l’ouverture de session, ou faites appeler la méthode D-Bus « Trigger » "
+     "par un raccourci clavier de votre bureau\u202F; le fichier README explique comment."},
+    {StringKey::sessionHotkeysWork, "Chaque menu qui a un raccourci s’ouvre avec celui-ci."},
+    {StringKey::sessionHotkeyRefusedRemedy,
+     "Libérez %@ dans l’autre programme ou dans les réglages du clavier de votre bureau et relancez Rondora, ou donnez "
+     "un autre raccourci au menu dans le fichier de configuration."},
+    {StringKey::sessionHotkeyUnusable, "Rondora ne peut pas utiliser ici le raccourci du menu « %@ »."},
+    {StringKey::sessionHotkeyUnusableRemedy,
+     "Quittez Rondora, donnez un autre raccourci au menu dans le fichier de configuration, puis relancez Rondora."},
+    {StringKey::sessionTray, "L’icône de Rondora se trouve dans la zone de notification."},
+    {StringKey::sessionNoTrayRemedy,
+     "Ajoutez une zone de notification à votre panneau\u202F; GNOME a besoin pour cela de l’extension "
+     "« AppIndicator ». Sans l’icône, lancez Rondora une nouvelle fois pour ouvrir ces réglages."},
+    {StringKey::sessionKeystrokes, "Les frappes parviennent aux autres applications."},
+    {StringKey::sessionNoKeystrokes,
+     "Le serveur X n’accepte pas les frappes des programmes\u202F; les éléments qui appuient sur des touches sont donc "
+     "sans effet."},
+    {StringKey::sessionNoKeystrokesRemedy, "Activez l’extension XTEST du serveur X."},
+    {StringKey::sessionTrackpadIgnored,
+     "Cette version ne réagit pas encore aux appuis sur le pavé tactile : ils n’ouvrent aucun menu."},
+    {StringKey::sessionTrackpadUnreadable,
+     "Rondora n’a pas le droit de lire le pavé tactile : les appuis n’ouvrent aucun menu."},
+    {StringKey::sessionTrackpadIgnoredRemedy,
+     "Ouvrez plutôt ces menus avec un raccourci\u202F; vous pouvez leur en donner un dans le fichier de "
+     "configuration."},
+    {StringKey::sessionTrackpadUnreadableRemedy,
+     "Ouvrez plutôt ces menus avec un raccourci. Une version ultérieure réagira aux appuis si votre compte appartient "
+     "au groupe « input »."},
+    {StringKey::sessionNoCompositor, "Aucun compositeur n’est actif : l’anneau a donc des bords durs."},
+    {StringKey::sessionNoCompositorRemedy,
+     "Activez la composition (les effets de bureau) dans les réglages de votre bureau."},
     {StringKey::snippetHint, "Le texte est copié dans le presse-papiers. Collez-le manuellement avec Command+V."},
     {StringKey::importRefused, "Impossible de lire ce fichier. Veuillez choisir une sauvegarde de réglages valide."},
 });

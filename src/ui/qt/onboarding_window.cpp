@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "ui/qt/findings_view.h"
 #include "ui/qt/onboarding_art.h"
 #include "ui/qt/qt_conversions.h"
 #include "ui/qt/status_bar_icon.h"
@@ -16,6 +17,7 @@ namespace {
 
 constexpr int kMargin = 32;
 constexpr int kTextWidth = 400;
+constexpr int kHighestFindings = 180;
 constexpr double kHeadlineScale = 1.6;
 
 QLabel* centredText(const std::string& text) {
@@ -104,12 +106,24 @@ QWidget* QtOnboardingWindow::makePage(const WindowTexts& texts) {
   }
   column->addWidget(centredText(texts.onboardingHowToChoose));
   column->addWidget(centredText(texts.onboardingWhereItLives));
+  addFindings(*column, texts);
   column->addSpacing(6);
   auto* done = new QPushButton(toQString(texts.onboardingDone));
   done->setDefault(true);
   column->addWidget(done, 0, Qt::AlignCenter);
   QObject::connect(done, &QPushButton::clicked, dialog_.get(), &QDialog::accept);
   return page;
+}
+
+/// What a newcomer would otherwise wonder about: a hotkey that opens nothing, an icon that is not there.
+void QtOnboardingWindow::addFindings(QVBoxLayout& column, const WindowTexts& texts) {
+  auto* findings = new FindingsView(contents_.findings, FindingsView::Shows::whatFails);
+  findings->setMarkNames(texts.works, texts.fails);
+  findings->setFixedWidth(kTextWidth);
+  findings->setMaximumHeight(kHighestFindings);
+  findings->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+  findings->refresh();
+  column.addWidget(findings, 0, Qt::AlignHCenter);
 }
 
 /// The completion may destroy this object: nothing of it is touched afterwards.

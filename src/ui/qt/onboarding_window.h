@@ -5,6 +5,8 @@
 
 #include "ui/qt/qt_windows.h"
 
+class QVBoxLayout;
+
 namespace rondora {
 
 class QtOnboardingWindow : public OnboardingWindow {
@@ -21,6 +23,7 @@ class QtOnboardingWindow : public OnboardingWindow {
   /// Replaces all that the window shows by the present texts.
   void fill();
   QWidget* makePage(const WindowTexts& texts);
+  void addFindings(QVBoxLayout& column, const WindowTexts& texts);
   void finish();
 
   WindowContents contents_;

@@ -21,8 +21,9 @@ struct WindowContents {
   std::function<void()> openDocumentFolder;
   std::function<AppLanguage()> language;
   std::function<void(AppLanguage)> chooseLanguage;
-  /// Present facts about the program, one a line.
-  std::function<std::vector<std::string>()> statusLines;
+  std::function<void()> quit;
+  /// What is true of the session at the moment; asked for again and again while a window shows it.
+  std::function<std::vector<SessionFinding>()> findings;
 };
 
 class QtWindows : public Windows {

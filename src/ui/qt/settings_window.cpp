@@ -1,7 +1,9 @@
 #include "ui/qt/settings_window.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QHBoxLayout>
-#include <QStringList>
+#include <QShortcut>
 #include <QVBoxLayout>
 #include <utility>
 
@@ -12,9 +14,8 @@ namespace rondora {
 
 namespace {
 
-constexpr int kRefreshMilliseconds = 1000;
 constexpr int kMargin = 24;
-constexpr QSize kInitialSize(520, 360);
+constexpr QSize kInitialSize(600, 520);
 
 void makeHeading(QLabel& label) {
   QFont font = label.font();
@@ -22,73 +23,85 @@ void makeHeading(QLabel& label) {
   label.setFont(font);
 }
 
-void makeWrapped(QLabel& label) {
-  label.setWordWrap(true);
-  label.setTextFormat(Qt::PlainText);
-  label.setTextInteractionFlags(Qt::TextSelectableByMouse);
-}
-
 }  // namespace
 
 // The widgets are members and outlive the layouts, which only arrange them; each is taken out of its parent again when
 // it is destroyed, before the window.
 QtSettingsWindow::QtSettingsWindow(WindowContents contents)
-    : contents_(std::move(contents)), language_(contents_.chooseLanguage) {
+    : contents_(std::move(contents)),
+      language_(contents_.chooseLanguage),
+      findings_(contents_.findings, FindingsView::Shows::everything) {
   build();
-  refresh_.setInterval(kRefreshMilliseconds);
-  QObject::connect(&refresh_, &QTimer::timeout, &window_, [this] {
-    if (window_.isVisible()) {
-      refreshStatus();
-    } else {
-      refresh_.stop();
-    }
-  });
-  if (contents_.onTextsChanged) {
-    textsChanged_ = contents_.onTextsChanged([this] {
-      refreshTexts();
-      refreshStatus();
-    });
-  }
-  QObject::connect(&close_, &QPushButton::clicked, &window_, &QWidget::close);
-  QObject::connect(&openFolder_, &QPushButton::clicked, &window_, [this] {
-    if (contents_.openDocumentFolder) contents_.openDocumentFolder();
-  });
+  arrange();
+  connectButtons();
+  if (contents_.onTextsChanged) textsChanged_ = contents_.onTextsChanged([this] { refreshTexts(); });
 }
 
 void QtSettingsWindow::build() {
-  for (QLabel* heading : {&documentHeading_, &statusHeading_}) makeHeading(*heading);
-  for (QLabel* text : {&introduction_, &documentPath_, &status_}) makeWrapped(*text);
-  auto* buttons = new QHBoxLayout;
-  buttons->addWidget(&openFolder_);
-  buttons->addStretch();
-  buttons->addWidget(&close_);
+  // A window of its own, not one that belongs to another.
+  window_.setWindowFlags(Qt::Window);
+  window_.setWindowIcon(StatusBarIcon::make());
+  window_.resize(kInitialSize);
+  for (QLabel* heading : {&documentHeading_, &sessionHeading_}) makeHeading(*heading);
+  introduction_.setWordWrap(true);
+  introduction_.setTextFormat(Qt::PlainText);
+  documentPath_.setReadOnly(true);
+  documentPath_.setLayoutDirection(Qt::LeftToRight);
+  documentPath_.setContextMenuPolicy(Qt::ActionsContextMenu);
+  documentPath_.addAction(&copyAction_);
+  documentHeading_.setBuddy(&documentPath_);
   languageLabel_.setBuddy(&language_);
-  auto* language = new QHBoxLayout;
-  language->addWidget(&languageLabel_);
-  language->addWidget(&language_);
-  language->addStretch();
+  findings_.follow(language_);
+  for (QPushButton* button : {&copy_, &openFolder_, &quit_}) button->setAutoDefault(false);
+  close_.setDefault(true);
+}
+
+// In the order in which Tab goes through them.
+void QtSettingsWindow::arrange() {
   auto* column = new QVBoxLayout(&window_);
   column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  const auto addRow = [column](std::initializer_list<QWidget*> widgets) {
+    auto* row = new QHBoxLayout;
+    for (QWidget* widget : widgets) row->addWidget(widget);
+    column->addLayout(row);
+    return row;
+  };
   column->addWidget(&introduction_);
   column->addSpacing(kMargin / 2);
   column->addWidget(&documentHeading_);
-  column->addWidget(&documentPath_);
+  addRow({&documentPath_, &copy_, &openFolder_});
   column->addSpacing(kMargin / 2);
-  column->addLayout(language);
+  addRow({&languageLabel_, &language_})->addStretch();
   column->addSpacing(kMargin / 2);
-  column->addWidget(&statusHeading_);
-  column->addWidget(&status_);
-  column->addStretch();
-  column->addLayout(buttons);
-  window_.resize(kInitialSize);
-  window_.setWindowIcon(StatusBarIcon::make());
-  close_.setDefault(true);
+  column->addWidget(&sessionHeading_);
+  column->addWidget(&findings_, 1);
+  column->addSpacing(kMargin / 2);
+  addRow({&quit_, &close_})->insertStretch(1);
+}
+
+void QtSettingsWindow::connectButtons() {
+  QObject::connect(&close_, &QPushButton::clicked, &window_, &QWidget::close);
+  QObject::connect(&copy_, &QPushButton::clicked, &window_, [this] { copyPath(); });
+  QObject::connect(&copyAction_, &QAction::triggered, &window_, [this] { copyPath(); });
+  QObject::connect(&openFolder_, &QPushButton::clicked, &window_, [this] {
+    if (contents_.openDocumentFolder) contents_.openDocumentFolder();
+  });
+  QObject::connect(&quit_, &QPushButton::clicked, &window_, [this] {
+    if (contents_.quit) contents_.quit();
+  });
+  // Escape closes every dialog.
+  new QShortcut(QKeySequence::Close, &window_, &window_, &QWidget::close);
+  new QShortcut(QKeySequence(QStringLiteral("Ctrl+Q")), &window_, &quit_, &QPushButton::click);
+}
+
+void QtSettingsWindow::copyPath() {
+  documentPath_.selectAll();
+  QGuiApplication::clipboard()->setText(documentPath_.text());
 }
 
 void QtSettingsWindow::show() {
   refreshTexts();
-  refreshStatus();
-  refresh_.start();
+  if (!window_.isVisible()) close_.setFocus();
   window_.setWindowState(window_.windowState() & ~Qt::WindowMinimized);
   window_.show();
   window_.raise();
@@ -100,22 +113,23 @@ void QtSettingsWindow::refreshTexts() {
   window_.setWindowTitle(toQString(texts.settingsTitle));
   introduction_.setText(toQString(texts.settingsIntroduction));
   documentHeading_.setText(toQString(texts.documentHeading));
-  documentPath_.setText(toQString(contents_.documentPath));
-  statusHeading_.setText(toQString(texts.statusHeading));
+  if (documentPath_.text() != toQString(contents_.documentPath)) {
+    documentPath_.setText(toQString(contents_.documentPath));
+    documentPath_.setCursorPosition(0);
+  }
+  documentPath_.setAccessibleName(toQString(texts.documentHeading));
+  copyAction_.setText(toQString(texts.copy));
+  copy_.setText(toQString(texts.copy));
   openFolder_.setText(toQString(texts.openFolder));
   languageLabel_.setText(toQString(texts.language));
+  language_.setAccessibleName(toQString(texts.language));
   language_.setLanguage(contents_.language());
+  sessionHeading_.setText(toQString(texts.sessionHeading));
+  findings_.setMarkNames(texts.works, texts.fails);
+  findings_.setAccessibleName(toQString(texts.sessionHeading));
+  findings_.refresh();
+  quit_.setText(toQString(texts.quit));
   close_.setText(toQString(texts.close));
-  close_.setVisible(!texts.close.empty());
-}
-
-void QtSettingsWindow::refreshStatus() {
-  QStringList lines;
-  if (contents_.statusLines) {
-    for (const std::string& line : contents_.statusLines()) lines << toQString(line);
-  }
-  statusHeading_.setVisible(!lines.isEmpty());
-  status_.setText(lines.join('\n'));
 }
 
 }  // namespace rondora

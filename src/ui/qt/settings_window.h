@@ -1,10 +1,11 @@
 #pragma once
 
+#include <QDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
-#include <QTimer>
-#include <QWidget>
 
+#include "ui/qt/findings_view.h"
 #include "ui/qt/language_chooser.h"
 #include "ui/qt/qt_windows.h"
 
@@ -19,22 +20,26 @@ class QtSettingsWindow : public SettingsWindow {
 
  private:
   void build();
+  void arrange();
+  void connectButtons();
+  void copyPath();
   void refreshTexts();
-  void refreshStatus();
 
   WindowContents contents_;
   Subscription textsChanged_;
-  QWidget window_;
+  QDialog window_;
   QLabel introduction_;
   QLabel documentHeading_;
-  QLabel documentPath_;
+  QLineEdit documentPath_;
+  QAction copyAction_;
+  QPushButton copy_;
+  QPushButton openFolder_;
   QLabel languageLabel_;
   LanguageChooser language_;
-  QLabel statusHeading_;
-  QLabel status_;
-  QPushButton openFolder_;
+  QLabel sessionHeading_;
+  FindingsView findings_;
+  QPushButton quit_;
   QPushButton close_;
-  QTimer refresh_;
 };
 
 }  // namespace rondora

@@ -13,8 +13,8 @@ endif()
 set(symbol_names
   airplane app arrows-angle-expand bar-chart-fill bell-fill bicycle binoculars-fill book-fill bookmark-fill
   box-arrow-right box-fill browser-safari brush-fill calendar3 camera-fill camera-video-fill car-front-fill cart-fill
-  chat-fill check-lg clock-fill cloud-fill command cpu-fill credit-card-fill cup-hot-fill dash-lg dice-5-fill display
-  droplet-fill envelope-fill eye-slash-fill file-earmark-fill file-earmark-text film fire flag-fill folder-fill
+  chat-fill check-circle-fill check-lg clock-fill cloud-fill command cpu-fill credit-card-fill cup-hot-fill dash-lg dice-5-fill display
+  droplet-fill envelope-fill exclamation-triangle-fill eye-slash-fill file-earmark-fill file-earmark-text film fire flag-fill folder-fill
   gear-fill gift-fill globe grid-fill hammer headphones heart-fill house-fill image-fill info-circle-fill key-fill
   keyboard-fill laptop lightbulb-fill lightning-fill link-45deg list-ul lock-fill magic map-fill mic-fill moon-fill
   mortarboard-fill music-note option palette-fill paperclip pause-fill pencil pencil-square person-fill play-fill

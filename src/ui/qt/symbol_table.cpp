@@ -107,6 +107,8 @@ constexpr auto kSymbols = std::to_array<SymbolEntry>({
     {"pause.fill", "pause-fill"},
     {"plus", "plus-lg"},
     {"checkmark", "check-lg"},
+    {"checkmark.circle.fill", "check-circle-fill"},
+    {"exclamationmark.triangle.fill", "exclamation-triangle-fill"},
     {"questionmark", "question-lg"},
     {"info.circle.fill", "info-circle-fill"},
     {"paperclip", "paperclip"},

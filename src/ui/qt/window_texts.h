@@ -11,7 +11,12 @@ struct WindowTexts {
   std::string documentHeading;
   std::string openFolder;
   std::string language;
-  std::string statusHeading;
+  std::string copy;
+  std::string sessionHeading;
+  /// What screen readers say of the marks before findings.
+  std::string works;
+  std::string fails;
+  std::string quit;
   std::string close;
 
   std::string onboardingTitle;

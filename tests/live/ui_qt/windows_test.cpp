@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QTest>
 #include <QWheelEvent>
 #include <QWidget>
 #include <memory>
@@ -43,6 +44,10 @@ class WindowsTest : public testing::Test {
   WindowsTest() {
     texts.settingsTitle = "Settings";
     texts.openFolder = "Open folder";
+    texts.copy = "Copy";
+    texts.language = "Language:";
+    texts.works = "Works";
+    texts.quit = "Quit";
     texts.close = "Close";
     texts.onboardingHeadline = "Hello";
     texts.onboardingHotkey = "Ctrl+Alt+Space";
@@ -53,32 +58,68 @@ class WindowsTest : public testing::Test {
   int foldersOpened = 0;
   AppLanguage language = AppLanguage::english;
   std::vector<AppLanguage> choices;
-  std::vector<std::string> lines{"Hotkeys: 2"};
+  std::vector<SessionFinding> findings{{true, "Hotkeys: 2", ""}};
+  int quits = 0;
   Signal<> textsChanged;
-  QtWindows windows{
-      WindowContents{[this] { return texts; },
-                     [this](std::function<void()> observer) { return textsChanged.subscribe(std::move(observer)); },
-                     "/home/user/config.json", [this] { ++foldersOpened; }, [this] { return language; },
-                     [this](AppLanguage choice) { choices.push_back(choice); }, [this] { return lines; }}};
+  QtWindows windows{WindowContents{
+      [this] { return texts; },
+      [this](std::function<void()> observer) { return textsChanged.subscribe(std::move(observer)); },
+      "/home/user/config.json", [this] { ++foldersOpened; }, [this] { return language; },
+      [this](AppLanguage choice) { choices.push_back(choice); }, [this] { ++quits; }, [this] { return findings; }}};
 };
+
+void press(QWidget& window, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+  QTest::keyClick(&window, static_cast<Qt::Key>(key), modifiers);
+}
 
 TEST_F(WindowsTest, TheSettingsWindowIsReusedAndShowsWhatIsTrueNow) {
   const auto settings = windows.makeSettingsWindow();
   settings->show();
   ASSERT_EQ(windowsUp().size(), 1U);
   QWidget* window = windowsUp().front();
-  EXPECT_TRUE(shows(*window, "/home/user/config.json"));
-  click(*window, "Open folder");
-  EXPECT_EQ(foldersOpened, 1);
+  EXPECT_TRUE(shows(*window, "Hotkeys: 2"));
+  findings = {{false, "Taken: Main", "Choose another"}};
+  EXPECT_TRUE(QTest::qWaitFor([&] { return shows(*window, "Taken: Main") && shows(*window, "Choose another"); }));
+  EXPECT_FALSE(shows(*window, "Hotkeys: 2"));
   click(*window, "Close");
   EXPECT_TRUE(windowsUp().empty());
 
-  lines = {"Hotkeys: 3"};
+  findings = {{true, "Hotkeys: 3", ""}};
   texts.settingsTitle = "الإعدادات";
   settings->show();
   EXPECT_EQ(windowsUp(), std::vector<QWidget*>{window});
   EXPECT_TRUE(shows(*window, "Hotkeys: 3"));
   EXPECT_EQ(window->windowTitle().toStdString(), texts.settingsTitle);
+}
+
+TEST_F(WindowsTest, TheSettingsWindowCanBeUsedByKeyboardAlone) {
+  texts.documentHeading = "File:";
+  const auto settings = windows.makeSettingsWindow();
+  for (const auto& [key, modifiers] : std::vector<std::pair<Qt::Key, Qt::KeyboardModifier>>{
+           {Qt::Key_Escape, Qt::NoModifier}, {Qt::Key_W, Qt::ControlModifier}, {Qt::Key_Return, Qt::NoModifier}}) {
+    settings->show();
+    ASSERT_EQ(windowsUp().size(), 1U);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(windowsUp().front()));
+    press(*windowsUp().front(), key, modifiers);
+    EXPECT_TRUE(windowsUp().empty()) << key;
+  }
+  settings->show();
+  QWidget& window = *windowsUp().front();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  std::vector<std::string> names;
+  for (int tabs = 0; tabs < 7; ++tabs) {
+    press(*window.focusWidget(), Qt::Key_Tab);
+    const auto* button = qobject_cast<QPushButton*>(window.focusWidget());
+    names.push_back((button != nullptr ? button->text() : window.focusWidget()->accessibleName()).toStdString());
+  }
+  EXPECT_EQ(names, (std::vector<std::string>{"File:", "Copy", "Open folder", "Language:", "Works: Hotkeys: 2", "Quit",
+                                             "Close"}));
+  click(window, "Open folder");
+  EXPECT_EQ(foldersOpened, 1);
+  click(window, "Copy");
+  EXPECT_EQ(QtPasteboard().data("text/plain"), "/home/user/config.json");
+  press(window, Qt::Key_Q, Qt::ControlModifier);
+  EXPECT_EQ(quits, 1);
 }
 
 TEST_F(WindowsTest, TheUserChoosesTheLanguageAndScrollingDoesNot) {
@@ -109,12 +150,13 @@ TEST_F(WindowsTest, WindowsThatAreUpFollowTheTexts) {
   texts.onboardingTitle = "Willkommen";
   texts.onboardingHeadline = "Alles Wichtige";
   texts.onboardingDone = "Los";
-  lines = {"Kein Infobereich"};
+  findings = {{false, "Kein Infobereich", "Fügen Sie einen hinzu"}};
   textsChanged.send();
   EXPECT_EQ(windowsUp().size(), 2U);
   for (QWidget* window : windowsUp()) {
     if (window->windowTitle() == "Einstellungen") {
       EXPECT_TRUE(shows(*window, "Kein Infobereich"));
+      EXPECT_TRUE(shows(*window, "Fügen Sie einen hinzu"));
       continue;
     }
     EXPECT_EQ(window->windowTitle(), "Willkommen");

@@ -163,6 +163,21 @@ TEST_F(HotkeyServiceTest, FollowsModifiersThatMove) {
   EXPECT_THAT(reports(), IsEmpty()) << "without an Alt key the combination is another one";
 }
 
+TEST_F(HotkeyServiceTest, TellsWhenModifiersMoveToWhereAnotherProgramIs) {
+  ASSERT_TRUE(registerHotkey(kSpace, kControlOption));
+  XClient other(server_.display());
+  ASSERT_TRUE(other.grabKey(key::space, kControlMask | XCB_MOD_MASK_3));
+  std::optional<bool> isRegisteredAnew;
+  const auto observer = hotkeys_.onModifiersMoved([&] {
+    if (keymap_.masks().option != XCB_MOD_MASK_3) return;
+    registrations_.clear();
+    isRegisteredAnew = registerHotkey(kSpace, kControlOption);
+  });
+  runTool({"xmodmap", "-e", "clear mod1", "-e", "clear mod3", "-e", "add mod3 = Alt_L"});
+  ASSERT_TRUE(eventually([&] { return isRegisteredAnew.has_value(); }));
+  EXPECT_FALSE(*isRegisteredAnew);
+}
+
 TEST_F(RepeatingKeysTest, ReportsAHeldKeyOnce) {
   ASSERT_TRUE(registerHotkey(kSpace, kControlOption));
   pressChord();

@@ -20,6 +20,8 @@ namespace {
 const std::set<std::pair<AppLanguage, StringKey>> kSharedOnPurpose = {
     {AppLanguage::spanish, StringKey::settingsLanguage},  // "Idioma:" in both
     {AppLanguage::portuguese, StringKey::settingsLanguage},
+    {AppLanguage::spanish, StringKey::settingsCopy},  // "Copiar" in both
+    {AppLanguage::portuguese, StringKey::settingsCopy},
 };
 
 struct Letters {

@@ -44,6 +44,10 @@ std::optional<Subscription> X11HotkeyService::registerEventHotKey(std::uint32_t 
   return Subscription(weakSelf_.bind([number = lastNumber_](X11HotkeyService& self) { self.unregister(number); }));
 }
 
+Subscription X11HotkeyService::onModifiersMoved(std::function<void()> observer) {
+  return modifiersMoved_.subscribe(std::move(observer));
+}
+
 Subscription X11HotkeyService::installEventHandler(Handler handler) {
   return handlers_.add([handler = std::move(handler)](const HotKeyEvent* event) {
     handler(event);
@@ -153,8 +157,9 @@ void X11HotkeyService::followKeymap() {
   grabbedMasks_ = keymap_.masks();
   for (Registration& registration : registrations_) {
     registration.xModifiers = keymap_.xModifiers(registration.carbonModifiers);
-    if (registration.xModifiers) grab({registration.key, *registration.xModifiers});
+    if (registration.xModifiers && !grab({registration.key, *registration.xModifiers})) registration.xModifiers.reset();
   }
+  modifiersMoved_.send();
 }
 
 }  // namespace rondora::x11

@@ -26,6 +26,7 @@ class X11HotkeyService : public HotkeyService {
 
   std::optional<Subscription> registerEventHotKey(std::uint32_t keyCode, std::uint32_t carbonModifiers,
                                                   EventHotKeyID id) override;
+  Subscription onModifiersMoved(std::function<void()> observer) override;
   Subscription installEventHandler(Handler handler) override;
 
  private:
@@ -34,7 +35,7 @@ class X11HotkeyService : public HotkeyService {
     xcb_keycode_t key = 0;
     std::uint32_t carbonModifiers = 0;
     EventHotKeyID id;
-    /// Nothing while the keyboard has no such modifier.
+    /// Nothing while the keyboard has no such modifier, or since another program has the combination.
     std::optional<std::uint16_t> xModifiers;
   };
   struct Combination {
@@ -65,6 +66,7 @@ class X11HotkeyService : public HotkeyService {
   /// made anew meanwhile.
   std::array<std::optional<std::uint32_t>, 256> pressedWith_;
   CallbackList<const HotKeyEvent*> handlers_;
+  Signal<> modifiersMoved_;
   Subscription keyObserver_;
   Subscription keymapObserver_;
   WeakSelf<X11HotkeyService> weakSelf_{this};

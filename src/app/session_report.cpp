@@ -1,0 +1,82 @@
+#include "app/session_report.h"
+
+#include <algorithm>
+#include <string>
+
+namespace rondora {
+namespace {
+
+bool opens(const PieMenu& menu, const HotkeyManager& hotkeys) {
+  if (!menu.hasLiveHotkey()) return false;
+  if (hotkeys.liveRegistration(menu.hotkey.keyCode, menu.hotkey.carbonModifiers) != nullptr) return true;
+  const HotkeyHIDTap* tap = hotkeys.hidTap();
+  return tap != nullptr && tap->deliversKeyEvents() && HotkeyHIDTap::serves(menu.hotkey);
+}
+
+}  // namespace
+
+bool isWaylandSession(const ProcessEnvironment& environment) {
+  return !environment.variable("WAYLAND_DISPLAY").value_or("").empty() ||
+         environment.variable("XDG_SESSION_TYPE") == "wayland";
+}
+
+const PieMenu* firstMenuWithWorkingHotkey(const std::vector<PieMenu>& menus, const HotkeyManager& hotkeys) {
+  const auto found =
+      std::find_if(menus.begin(), menus.end(), [&](const PieMenu& menu) { return opens(menu, hotkeys); });
+  return found == menus.end() ? nullptr : &*found;
+}
+
+std::vector<SessionFinding> SessionReport::findings(const SessionFacts& facts, const PieConfiguration& configuration,
+                                                    const HotkeyManager* hotkeys) const {
+  std::vector<SessionFinding> result;
+  result.push_back(facts.isWayland ? fails(StringKey::sessionWayland, StringKey::sessionWaylandRemedy)
+                                   : works(StringKey::sessionX11));
+  if (hotkeys != nullptr) addHotkeys(result, facts, configuration.menus, *hotkeys);
+  result.push_back(facts.showsStatusItem ? works(StringKey::sessionTray)
+                                         : fails(StringKey::settingsNoTray, StringKey::sessionNoTrayRemedy));
+  result.push_back(facts.canPressKeys ? works(StringKey::sessionKeystrokes)
+                                      : fails(StringKey::sessionNoKeystrokes, StringKey::sessionNoKeystrokesRemedy));
+  if (!configuration.trackpadGestureTargets().empty()) {
+    result.push_back(facts.trackpads == TrackpadAccess::unreadable
+                         ? fails(StringKey::sessionTrackpadUnreadable, StringKey::sessionTrackpadUnreadableRemedy)
+                         : fails(StringKey::sessionTrackpadIgnored, StringKey::sessionTrackpadIgnoredRemedy));
+  }
+  if (!facts.isComposited) {
+    result.push_back(fails(StringKey::sessionNoCompositor, StringKey::sessionNoCompositorRemedy));
+  }
+  return result;
+}
+
+void SessionReport::addHotkeys(std::vector<SessionFinding>& findings, const SessionFacts& facts,
+                               const std::vector<PieMenu>& menus, const HotkeyManager& hotkeys) const {
+  bool anyOpens = false;
+  bool anyFails = false;
+  for (const PieMenu& menu : menus) {
+    if (!menu.hasLiveHotkey()) continue;
+    const bool menuOpens = opens(menu, hotkeys);
+    if (!menuOpens) findings.push_back(hotkeyFails(menu));
+    (menuOpens ? anyOpens : anyFails) = true;
+  }
+  // On Wayland they are heard at times only, which is said already.
+  if (anyOpens && !anyFails && !facts.isWayland) findings.push_back(works(StringKey::sessionHotkeysWork));
+}
+
+SessionFinding SessionReport::hotkeyFails(const PieMenu& menu) const {
+  if (menu.hotkey.isStandaloneFn() || menu.hotkey.hasFunctionModifier()) {
+    return {false, localization_.text(StringKey::sessionHotkeyUnusable, menu.name),
+            std::string(localization_.text(StringKey::sessionHotkeyUnusableRemedy))};
+  }
+  return {false, localization_.text(StringKey::settingsHotkeyRefused, menu.name),
+          localization_.text(StringKey::sessionHotkeyRefusedRemedy,
+                             displayString(menu.hotkey, localization_.language(), modifierNames_))};
+}
+
+SessionFinding SessionReport::works(StringKey statement) const {
+  return {true, std::string(localization_.text(statement)), {}};
+}
+
+SessionFinding SessionReport::fails(StringKey statement, StringKey remedy) const {
+  return {false, std::string(localization_.text(statement)), std::string(localization_.text(remedy))};
+}
+
+}  // namespace rondora

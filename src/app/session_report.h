@@ -1,0 +1,50 @@
+#pragma once
+
+#include <vector>
+
+#include "input/hotkey_display.h"
+#include "input/hotkey_manager.h"
+#include "localization/localization_store.h"
+#include "model/pie_configuration.h"
+#include "platform/process_environment.h"
+#include "platform/trackpads.h"
+#include "platform/windows.h"
+
+namespace rondora {
+
+/// What the report depends on, as it is at the moment.
+struct SessionFacts {
+  bool isWayland = false;
+  bool showsStatusItem = true;
+  bool canPressKeys = true;
+  bool isComposited = true;
+  TrackpadAccess trackpads = TrackpadAccess::none;
+};
+
+bool isWaylandSession(const ProcessEnvironment& environment);
+
+/// Says in the user's language what works in this desktop session and what does not. Main thread.
+class SessionReport {
+ public:
+  SessionReport(const LocalizationStore& localization, const ModifierNames& modifierNames)
+      : localization_(localization), modifierNames_(modifierNames) {}
+
+  /// `hotkeys` is what the menus of `configuration` were registered with; null before that.
+  std::vector<SessionFinding> findings(const SessionFacts& facts, const PieConfiguration& configuration,
+                                       const HotkeyManager* hotkeys) const;
+
+ private:
+  SessionFinding works(StringKey statement) const;
+  SessionFinding fails(StringKey statement, StringKey remedy) const;
+  SessionFinding hotkeyFails(const PieMenu& menu) const;
+  void addHotkeys(std::vector<SessionFinding>& findings, const SessionFacts& facts, const std::vector<PieMenu>& menus,
+                  const HotkeyManager& hotkeys) const;
+
+  const LocalizationStore& localization_;
+  ModifierNames modifierNames_;
+};
+
+/// The first menu that its hotkey opens, or null.
+const PieMenu* firstMenuWithWorkingHotkey(const std::vector<PieMenu>& menus, const HotkeyManager& hotkeys);
+
+}  // namespace rondora
