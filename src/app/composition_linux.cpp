@@ -26,7 +26,6 @@
 #include "platform/linux/desktop/serial_thread.h"
 #include "platform/linux/desktop/system_clock.h"
 #include "platform/linux/desktop/system_random.h"
-#include "platform/linux/x11/compositor_watch.h"
 #include "platform/linux/x11/selection_owner_watch.h"
 #include "platform/linux/x11/x11_accessibility.h"
 #include "platform/linux/x11/x11_application_icons.h"
@@ -160,7 +159,7 @@ struct CompositionLinux::Program {
 
   SessionFacts sessionFacts() const {
     return {isWaylandSession(environment), !statusItemProblem, permissionService.isProcessTrusted(),
-            compositor.isComposited(), trackpads.access()};
+            compositor.hasOwner(), trackpads.access()};
   }
 
   void chooseLanguage(AppLanguage language) {
@@ -247,7 +246,7 @@ struct CompositionLinux::Program {
       [this](const PieConfiguration& configuration) { favicons.prefetch(configuration); });
   std::optional<std::string> statusItemProblem;
   desktop::InputTrackpads trackpads;
-  x11::CompositorWatch compositor{connection};
+  x11::SelectionOwnerWatch compositor{connection, "_NET_WM_CM"};
   SessionReport report{localization, kPcModifierNames};
   QtWindows windows{windowContents()};
   AppDelegate delegate{AppServices{mainQueue,
