@@ -1,0 +1,118 @@
+// From the press of the hotkey to the ring on screen, beside a peer under the same server, window manager and
+// compositor.
+
+#include <algorithm>
+#include <iostream>
+#include <string>
+#include <thread>
+
+#include "support/contenders.h"
+#include "support/stage.h"
+#include "support/statistics.h"
+
+namespace rondora::bench {
+namespace {
+
+using live::Compositor;
+using std::chrono::seconds;
+
+void warmUp(Stage& stage, std::initializer_list<std::uint8_t> keys) {
+  for (int i = 0; i < 5; ++i) {
+    for (const std::uint8_t key : keys) stage.openAndClose(key);
+  }
+}
+
+/// The programs take turns, so that whatever else the machine does falls on both.
+void warmBesideThePeer(int openings, int runs) {
+  Stage stage("warm", Compositor::picom);
+  const auto own = startRondora(stage.desktop, stage.client, 8);
+  const auto peer = startPeer(stage.desktop, stage.client);
+  warmUp(stage, {kOwnKey, kOwnAnimatedKey, kPeerKey});
+  const auto count = static_cast<std::size_t>(runs);
+  std::vector<Samples> first(count), complete(count), animated(count), peerFirst(count);
+  for (std::size_t run = 0; run < count; ++run) {
+    for (int i = 0; i < openings; ++i) {
+      const Opening opening = stage.openAndClose(kOwnKey);
+      first[run].add(opening.firstChange);
+      complete[run].add(opening.complete);
+      peerFirst[run].add(stage.openAndClose(kPeerKey).firstChange);
+      animated[run].add(stage.openAndClose(kOwnAnimatedKey).firstChange);
+    }
+  }
+  report("open.warm.picom", "ms", first);
+  report("open.warm.picom.complete", "ms", complete);
+  report("open.warm.picom.animated", "ms", animated);
+  report("open.warm.picom.peer", "ms", peerFirst);
+}
+
+void warmAlone(const std::string& name, int items, Compositor compositor, int openings) {
+  Stage stage(name, compositor);
+  const auto own = startRondora(stage.desktop, stage.client, items);
+  warmUp(stage, {kOwnKey});
+  Samples first, complete;
+  for (int i = 0; i < openings; ++i) {
+    const Opening opening = stage.openAndClose(kOwnKey);
+    first.add(opening.firstChange);
+    complete.add(opening.complete);
+  }
+  report(name, "ms", first);
+  report(name + ".complete", "ms", complete);
+}
+
+/// A user does not press the hotkey in the very moment in which it is bound.
+void firstAfterStart(int starts) {
+  constexpr seconds kSettling{2};
+  Stage stage("first", Compositor::picom);
+  const auto timeFirst = [&](std::uint8_t key) {
+    std::this_thread::sleep_for(kSettling);
+    return stage.openAndClose(key).firstChange;
+  };
+  Samples own, peer;
+  for (int i = 0; i < starts; ++i) {
+    {
+      const auto process = startRondora(stage.desktop, stage.client, 8);
+      own.add(timeFirst(kOwnKey));
+    }
+    const auto process = startPeer(stage.desktop, stage.client);
+    peer.add(timeFirst(kPeerKey));
+  }
+  report("open.first.picom", "ms", own);
+  report("open.first.picom.peer", "ms", peer);
+}
+
+void afterIdling(int openings) {
+  constexpr seconds kIdle{60};
+  Stage stage("idle", Compositor::picom);
+  const auto own = startRondora(stage.desktop, stage.client, 8);
+  warmUp(stage, {kOwnKey});
+  Samples idle;
+  for (int i = 0; i < openings; ++i) {
+    std::this_thread::sleep_for(kIdle);
+    idle.add(stage.openAndClose(kOwnKey).firstChange);
+  }
+  report("open.idle60s.picom", "ms", idle);
+}
+
+void measure() {
+  const int openings = numberFromEnvironment("RONDORA_BENCH_OPENINGS", 500);
+  const int few = std::max(openings / 5, 10);
+  warmBesideThePeer(openings, numberFromEnvironment("RONDORA_BENCH_RUNS", 3));
+  firstAfterStart(std::max(openings / 25, 3));
+  warmAlone("open.warm.plain", 8, Compositor::none, few);
+  warmAlone("open.warm.picom.12items", 12, Compositor::picom, few);
+  warmAlone("open.warm.picom.36items", 36, Compositor::picom, few);
+  afterIdling(numberFromEnvironment("RONDORA_BENCH_IDLE_OPENINGS", 10));
+}
+
+}  // namespace
+}  // namespace rondora::bench
+
+int main() {
+  try {
+    rondora::bench::measure();
+    return 0;
+  } catch (const std::exception& failure) {
+    std::cerr << "open_latency: " << failure.what() << '\n';
+    return 1;
+  }
+}

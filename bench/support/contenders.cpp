@@ -1,0 +1,71 @@
+#include "support/contenders.h"
+
+#include <array>
+#include <stdexcept>
+
+#include "live/end_to_end/document.h"
+#include "live/end_to_end/running_program.h"
+#include "support/wait.h"
+
+namespace rondora::bench {
+namespace {
+
+using namespace live;
+
+constexpr std::array<const char*, 8> kOwnIcons = {"safari",    "terminal",   "folder",   "gearshape",
+                                                  "note.text", "music.note", "envelope", "star"};
+constexpr std::array<const char*, 8> kPeerIcons = {
+    "web-browser",       "utilities-terminal", "folder", "preferences-system", "text-editor",
+    "audio-volume-high", "mail-send-receive",  "starred"};
+
+std::string peerRings() {
+  std::string text =
+      "<?xml version=\"1.0\"?>\n<pies>\n <pie name=\"Bench\" id=\"100\" icon=\"starred\" "
+      "hotkey=\"&lt;Control&gt;&lt;Alt&gt;q\">\n";
+  for (std::size_t i = 0; i < kPeerIcons.size(); ++i) {
+    text += "  <slice type=\"key\" name=\"Item " + std::to_string(i) + "\" icon=\"" + kPeerIcons[i] +
+            "\" command=\"F12\" quickAction=\"false\"/>\n";
+  }
+  return text + " </pie>\n</pies>\n";
+}
+
+/// Each hotkey is grabbed with and without Caps Lock and Num Lock.
+void waitForHotkeys(XClient& client, ChildProcess& process, std::size_t hotkeys, const char* who) {
+  constexpr std::size_t kGrabsPerHotkey = 4;
+  const bool ready = waitUntil([&] {
+    return !process.isRunning() || client.resourceCount(process.pid(), "PASSIVE GRAB") >= hotkeys * kGrabsPerHotkey;
+  });
+  if (!ready || !process.isRunning()) throw std::runtime_error(std::string(who) + " bound no hotkey");
+}
+
+Document ownRing(const std::string& name, Hotkey hotkey, int items, double animationDuration) {
+  auto entries = snippetItems("Item", items);
+  for (std::size_t i = 0; i < entries.size(); ++i) entries[i]["icon"] = kOwnIcons[i % kOwnIcons.size()];
+  Document ring = menu(name, hotkey, std::move(entries));
+  ring["animationDuration"] = animationDuration;
+  return ring;
+}
+
+}  // namespace
+
+std::unique_ptr<ChildProcess> startRondora(const PrivateDesktop& desktop, XClient& client, int items) {
+  constexpr double kUsualAnimation = 0.2;  // seconds
+  const std::vector rings = {ownRing("plain", kControlAltSpace, items, 0),
+                             ownRing("animated", kControlAltB, items, kUsualAnimation)};
+  writeFile(RunningProgram::document(desktop), document(rings).dump(2));
+  writeFile(RunningProgram::defaults(desktop),
+            "pie.hasSeenPermissionIntro=true\npie.hasAutoOpenedSettingsAfterPermissions=true\n"
+            "pie.settingsAutoOpenAfterPermissionsMigrationDone=true\n");
+  auto process = desktop.start({RONDORA_PROGRAM});
+  waitForHotkeys(client, *process, rings.size(), "the program");
+  return process;
+}
+
+std::unique_ptr<ChildProcess> startPeer(const PrivateDesktop& desktop, XClient& client) {
+  writeFile(desktop.configHome() / "gnome-pie" / "pies.conf", peerRings());
+  auto process = desktop.start({"gnome-pie"});
+  waitForHotkeys(client, *process, 1, "the peer");
+  return process;
+}
+
+}  // namespace rondora::bench

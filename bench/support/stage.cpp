@@ -1,0 +1,85 @@
+#include "support/stage.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <stdexcept>
+#include <utility>
+
+#include "support/wait.h"
+
+namespace rondora::bench {
+namespace {
+
+using namespace live;
+using std::chrono::milliseconds;
+
+// In pixels; both rings lie in between.
+constexpr int kInnerRadius = 40;
+constexpr int kOuterRadius = 220;
+constexpr std::size_t kVisible = 50;  // changed pixels
+constexpr milliseconds kLimit{5000};
+constexpr milliseconds kStillness{60};
+
+void require(bool condition, const std::string& failure) {
+  if (!condition) throw std::runtime_error(failure);
+}
+
+}  // namespace
+
+// With a tray: without one the program would show its settings window.
+Stage::Stage(std::string name, Compositor compositor)
+    : desktop({WindowManager::openbox, compositor, Tray::tint2}), client(desktop.display()), name_(std::move(name)) {
+  showBackground();
+  client.movePointer(kCenter);
+  watcher.emplace(desktop.display(), kCenter, kInnerRadius, kOuterRadius);
+  watcher->lastChange(milliseconds(300), kLimit);
+  watcher->keepAsBaseline();
+}
+
+/// Something that fills the screen, so that a capture has something to change from, and that holds the focus.
+void Stage::showBackground() {
+  background_ = desktop.start({"xterm", "-fullscreen", "-T", "Background", "-e", "cat"});
+  require(waitUntil([this] { return client.title(client.activeWindow()) == "Background"; }), "no background");
+}
+
+Opening Stage::open(std::uint8_t key) {
+  // The peer holds the keyboard longer than its ring is to be seen.
+  require(waitUntil([this] { return client.nothingIsGrabbed(); }), "the keyboard stays taken");
+  client.keyDown(key::control);
+  client.keyDown(key::alt);
+  const Moment pressed = watcher->press(key);
+  const auto first = watcher->firstChange(kVisible, kLimit);
+  require(first.has_value(), "no ring on key " + std::to_string(key));
+  savePicture("first");
+  const auto complete = watcher->lastChange(kStillness, kLimit);
+  require(complete.has_value(), "the ring never stands still");
+  savePicture("complete");
+  return {millisecondsBetween(pressed, *first), millisecondsBetween(pressed, *complete)};
+}
+
+void Stage::close(std::uint8_t key) {
+  client.keyUp(key);
+  client.tap(key::escape);
+  client.keyUp(key::alt);
+  client.keyUp(key::control);
+  require(watcher->waitForBaseline(kStillness, kLimit), "the ring does not go away");
+}
+
+Opening Stage::openAndClose(std::uint8_t key) {
+  const Opening opening = open(key);
+  close(key);
+  return opening;
+}
+
+void Stage::savePicture(const std::string& what) {
+  static const char* folder = std::getenv("RONDORA_BENCH_PICTURES");
+  if (folder == nullptr) return;
+  watcher->save(std::filesystem::path(folder) / (name_ + '-' + std::to_string(picture_++) + '-' + what + ".ppm"));
+}
+
+int numberFromEnvironment(const char* variable, int fallback) {
+  const char* text = std::getenv(variable);
+  return text ? std::atoi(text) : fallback;
+}
+
+}  // namespace rondora::bench
