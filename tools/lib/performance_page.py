@@ -1,0 +1,121 @@
+#!/usr/bin/env python3
+"""Writes the performance page from the figures of the programs in bench/.
+
+usage: performance_page.py FOLDER
+
+FOLDER holds files NAME.jsonl with one JSON object a line. The page goes to standard output.
+"""
+
+import json
+import os
+import platform
+import re
+import subprocess
+import sys
+from pathlib import Path
+
+# A heading, what is measured how, and the names it covers. Names that no section covers come last.
+SECTIONS = [
+    ("Opening the ring",
+     "From the press of the hotkey (XTest) to the first capture of the screen in which at least 50 pixels of the ring's "
+     "annulus have changed. `complete`: to the first capture that equals the final picture. Eight items with icons and "
+     "no opening animation unless the name says otherwise; `animated` has the usual one. The peer is gnome-pie with "
+     "eight icons under the same X server, openbox and picom (xrender), opened in turns with ours; its first change is "
+     "the beginning of its fade, ours the whole ring. `first`: two seconds after the hotkey was bound.",
+     r"^open\."),
+    ("What an opening is made of", "", r"^stage\."),
+    ("Moving", "From a pointer motion (XTest) to the highlight on screen, and how often the opening animation paints.",
+     r"^(move|animation)\."),
+    ("Choosing", "From letting go of the trigger to the key event in the target, and to the target window being active. "
+     "The key path contains two fixed times: 150 ms until the restored application takes keys, and 12 ms between press "
+     "and release.", r"^(select|switch)"),
+    ("Footprint", "At rest after start-up, beside the peer; wake-ups are voluntary context switches.", r"^footprint\."),
+    ("The core", "Google Benchmark; CPU time of one call.", r"^core\."),
+    ("What costs grow with", "", r"^law\."),
+]
+
+
+def command_output(*command):
+    try:
+        return subprocess.run(command, capture_output=True, text=True, timeout=20, check=False).stdout.strip()
+    except (OSError, subprocess.TimeoutExpired):
+        return ""
+
+
+def package_version(name):
+    return command_output("dpkg-query", "-W", "-f=${Version}", name)
+
+
+def machine():
+    model = re.search(r"^model name\s*:\s*(.*)$", Path("/proc/cpuinfo").read_text(encoding="utf-8"), re.MULTILINE)
+    memory = re.search(r"^MemTotal:\s*(\d+)", Path("/proc/meminfo").read_text(encoding="utf-8"), re.MULTILINE)
+    packages = ", ".join(f"{name} {package_version(name)}" for name in ("xvfb", "openbox", "picom", "gnome-pie"))
+    return (f"{model.group(1) if model else platform.machine()}, {os.cpu_count()} cores, "
+            f"{int(memory.group(1)) // 1048576 if memory else '?'} GiB, Linux {platform.release()}; {packages}; "
+            f"{command_output('c++', '--version').splitlines()[0]}. Xvfb has no GPU and no vertical sync.")
+
+
+def read_lines(folder):
+    """Figures, and the circumstances of each program's run."""
+    figures, runs = [], []
+    for file in sorted(Path(folder).glob("*.jsonl")):
+        for line in file.read_text(encoding="utf-8").splitlines():
+            if line.strip():
+                entry = json.loads(line)
+                (runs if "run" in entry else figures).append(entry)
+    return figures, runs
+
+
+def row(figure):
+    count = f"{figure['n']} × {figure['runs']}" if "runs" in figure else figure.get("n", "")
+    if "value" in figure:
+        return f"| {figure['name']} | {figure['unit']} | {count} | {figure['value']:g} | | |"
+    return (f"| {figure['name']} | {figure['unit']} | {count} | {figure['p50']:g} | {figure['p95']:g} | "
+            f"{figure['p99']:g} |")
+
+
+def table(figures):
+    lines = ["| what | unit | n | p50 or value | p95 | p99 |", "|---|---|---|---|---|---|"]
+    return "\n".join(lines + [row(figure) for figure in figures])
+
+
+def circumstances(runs):
+    lines = ["| program | ended | load average before | after |", "|---|---|---|---|"]
+    lines += [f"| {run['run']} | {run['date']} | {run['load_before']} | {run['load_after']} |" for run in runs]
+    return "\n".join(lines)
+
+
+def notes(heading):
+    """What people wrote about a section: the part of the notes under the same heading."""
+    file = Path(__file__).resolve().parents[2] / "docs" / "performance-notes.md"
+    if not file.exists():
+        return ""
+    found = re.search(rf"^## {re.escape(heading)}\n(.*?)(?=^## |\Z)", file.read_text(encoding="utf-8"),
+                      re.MULTILINE | re.DOTALL)
+    return found.group(1).strip() if found else ""
+
+
+def main():
+    if len(sys.argv) != 2:
+        print(__doc__, file=sys.stderr)
+        return 2
+    figures, runs = read_lines(sys.argv[1])
+    print("# Performance\n")
+    print("Made by `tools/bench` from what the programs in `bench/` print and from `performance-notes.md`; do not edit.\n")
+    print(f"Measured on: {machine()}\n")
+    print("`n` of the form 500 × 3: three runs of 500, of each figure the median.\n")
+    for heading, text, pattern in SECTIONS:
+        covered = [figure for figure in figures if re.search(pattern, figure["name"])]
+        figures = [figure for figure in figures if figure not in covered]
+        parts = [text, table(covered) if covered else "", notes(heading)]
+        if covered or parts[2]:
+            print("\n\n".join([f"## {heading}"] + [part for part in parts if part]) + "\n")
+    if figures:
+        print(f"## More\n\n{table(figures)}\n")
+    print("## When this was measured\n\nThe load average counts what else the machine did; the bench itself adds about "
+          f"one.\n\n{circumstances(runs)}")
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
