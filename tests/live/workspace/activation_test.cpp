@@ -52,7 +52,11 @@ class ActivationTest : public WorkspaceTest {
   }
 
   void makeActive(xcb_window_t window) {
-    client_.requestActivation(window);
+    // On a busy machine the window before may answer WM_TAKE_FOCUS so late that it takes the focus back.
+    ASSERT_TRUE(waitUntil([&] {
+      client_.requestActivation(window);
+      return waitUntil([&] { return isActive(window); }, std::chrono::seconds(3));
+    }));
     ASSERT_TRUE(becomesActive(window));
   }
 
