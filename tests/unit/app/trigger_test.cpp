@@ -143,15 +143,6 @@ TEST_F(TriggerTest, ATriggerWhoseKeyIsALabelChoosesInsteadOfStepping) {
   EXPECT_EQ(desktop.pasteboard.string, "hello");
 }
 
-TEST_F(TriggerTest, QuickSelectKeyChoosesWhileTheChordIsHeld) {
-  openChordMenu();
-  press({kOneKey});
-  EXPECT_FALSE(isMenuUp());
-  desktop.time.advance(0.15);
-  EXPECT_EQ(desktop.pasteboard.string, "hello");
-  EXPECT_THAT(desktop.keyboard.seenByApplications, IsEmpty());
-}
-
 TEST_F(TriggerTest, EscapeChoosesNothingAndAnotherPressOpensAgain) {
   openChordMenu();
   pointAtSector(0);
@@ -190,24 +181,6 @@ TEST_F(TriggerTest, AMenuThatGetsNoKeyboardGoesAwayAndTheNextOneComes) {
   EXPECT_EQ(shownMenu(), "plain");
 }
 
-TEST_F(TriggerTest, ManyOpeningsLeaveNothingBehind) {
-  desktop.time.advance(2);
-  const std::size_t pending = desktop.time.pendingCount();
-  for (int opening = 0; opening < 200; ++opening) {
-    openChordMenu();
-    ASSERT_TRUE(isMenuUp());
-    release({Key::kSpaceKey, Key::kOptionKey, Key::kControlKey});
-    desktop.time.advance(0.5);
-  }
-  EXPECT_FALSE(isMenuUp());
-  EXPECT_EQ(desktop.keyboard.monitorCount(), 1U);
-  EXPECT_EQ(desktop.keyboard.currentModifierFlags(), 0U);
-  EXPECT_EQ(desktop.time.pendingCount(), pending);
-  EXPECT_TRUE(std::all_of(desktop.overlay.panels.begin(), desktop.overlay.panels.end(),
-                          [](const auto& panel) { return panel->isGone; }));
-  EXPECT_EQ(frontApplication(), "org.example.editor");
-}
-
 class SharedTriggerTest : public ProgramTest {};
 
 TEST_F(SharedTriggerTest, FirstMenuOpensAndTheOneOnScreenKeepsTheKey) {
@@ -244,16 +217,6 @@ TEST_F(SharedTriggerTest, ATapOpensAndASecondTapCloses) {
   ASSERT_EQ(shownMenu(), "chord");
   trackpad.onTap(3);
   EXPECT_FALSE(isMenuUp());
-}
-
-TEST_F(SharedTriggerTest, ADisabledSpecialMenusKeyIsLeftToTheApplication) {
-  PieMenu disabled = runningAppsMenu({kKKey, 0});
-  disabled.runningAppsMenuEnabled = false;
-  useMenus({disabled});
-  launch();
-  press({kKKey});
-  EXPECT_FALSE(isMenuUp());
-  EXPECT_THAT(desktop.keyboard.seenByApplications, ElementsAre(kKKey));
 }
 
 TEST_F(SharedTriggerTest, ARequestOpensAnyMenuAndASecondOneClosesIt) {
@@ -323,16 +286,6 @@ TEST_F(SharedTriggerTest, FnAloneIsHeldAndLetGoToChooseAndNeverSteps) {
   switchboard.handleHotkeyPressed({0});
   EXPECT_FALSE(isMenuUp());
   EXPECT_EQ(desktop.overlay.panels.size(), 2U);
-}
-
-TEST_F(SharedTriggerTest, ATakenHotkeyIsReportedAndNowhereElse) {
-  desktop.keyboard.foreignOwners.insert({49, 0x1800});
-  useMenus({menu("taken", {49, kControlOption}), menu("plain", {kKKey, 0})});
-  launch();
-  EXPECT_THAT(program.delegate.hotkeyManager()->failedRegistrationMenuIndices(), ElementsAre(0));
-  EXPECT_THAT(desktop.log.lines, IsEmpty());
-  press({kKKey});
-  EXPECT_EQ(shownMenu(), "plain");
 }
 
 /// The hot-key service serves the switcher's key while the tap is silent.

@@ -2,7 +2,6 @@
 
 #include <gmock/gmock.h>
 
-#include "base/notification_center.h"
 #include "base/weak_self.h"
 
 namespace rondora {
@@ -63,18 +62,6 @@ TEST(CurrentValueTest, GivesThePresentValueAtOnceAndEveryLaterOne) {
   for (const int next : {1, 2, 2, 1}) value.send(next);
   EXPECT_THAT(all, ElementsAre(1, 1, 2, 2, 1));
   EXPECT_THAT(distinct, ElementsAre(1, 2, 1));
-}
-
-TEST(NotificationCenterTest, ReachesOnlyTheObserversOfTheName) {
-  NotificationCenter center;
-  std::vector<std::string> seen;
-  const Subscription one = center.addObserver("one", [&] { seen.emplace_back("one"); });
-  Subscription two = center.addObserver("two", [&] { seen.emplace_back("two"); });
-  center.post("two");
-  center.post("three");
-  two.reset();
-  center.post("two");
-  EXPECT_THAT(seen, ElementsAre("two"));
 }
 
 struct Owner {

@@ -3,51 +3,61 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <string>
+#include <map>
+#include <sstream>
 
 #include "doubles/fake_platform.h"
 
 namespace rondora {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
-using Key = FakeKeyboard::Key;
+/// What happens, word by word: "+K" a key goes down, "-K" up, "?K" up unseen, "*K" it repeats, "show1" the overlay of
+/// menu 1 takes the keyboard, "anew" the same hotkeys are registered once more, "none" no longer. What comes of it:
+/// "p1" and "r1", press and release of menu 1's hotkey are reported; "+K" and "-K" are passed on to the overlay. Menu 0
+/// opens with K, menu 1 with Control, Alt and Space, menu 2 with Control and 1, which is a quick-select label.
+struct Row {
+  const char* name;
+  const char* events;
+  const char* outcome;
+};
 
-constexpr std::uint16_t kKKey = 40;
-constexpr std::uint16_t kOneKey = 18;
-
-/// Menu 0 opens with K, menu 1 with Ctrl+Alt+Space, menu 2 with Ctrl+1; "1" is a quick-select label.
-class GrabbedKeyRouterTest : public testing::Test {
+class GrabbedKeyRouterTest : public testing::TestWithParam<Row> {
  protected:
   GrabbedKeyRouterTest() {
-    manager.onHotkeyPressed = [this](HotkeyManager::MenuIndices indices) {
-      reports.push_back("press " + std::to_string(indices.front()));
-    };
-    manager.onHotkeyReleased = [this](HotkeyManager::MenuIndices indices) {
-      reports.push_back("release " + std::to_string(indices.front()));
-    };
-    registerMenus();
+    manager.onHotkeyPressed = [this](HotkeyManager::MenuIndices menus) { note("p" + std::to_string(menus.front())); };
+    manager.onHotkeyReleased = [this](HotkeyManager::MenuIndices menus) { note("r" + std::to_string(menus.front())); };
     monitors.push_back(desktop.keyboard.addLocalMonitor(kKeyDownAndKeyUpMask,
                                                         [this](const KeyEvent& event) { return router.offer(event); }));
     monitors.push_back(desktop.keyboard.addLocalMonitor(kKeyDownAndKeyUpMask, [this](const KeyEvent& event) {
-      passedOn.push_back(event.type == KeyEventType::keyDown ? event.keyCode : -event.keyCode);
+      for (const auto& [name, code] : kKeys) {
+        if (code == event.keyCode) note(std::string(event.type == KeyEventType::keyDown ? "+" : "-") + name);
+      }
       return true;
     }));
   }
 
+  void note(const std::string& what) { outcome += (outcome.empty() ? "" : " ") + what; }
   void registerMenus() {
     std::vector<PieMenu> menus(3);
-    menus[0].hotkey = {kKKey, 0};
-    menus[1].hotkey = {49, carbon::kControl | carbon::kOption};
-    menus[2].hotkey = {kOneKey, carbon::kControl};
+    menus[0].hotkey = {kKeys.at('K'), 0};
+    menus[1].hotkey = {kKeys.at('S'), carbon::kControl | carbon::kOption};
+    menus[2].hotkey = {kKeys.at('1'), carbon::kControl};
     manager.registerAll(menus);
   }
-  void showOverlay(std::uint32_t menu) {
-    shownMenu = menu;
-    panel = desktop.overlay.makePanel({}, {{0, 0}, {100, 100}}, sink);
-    panel->orderFrontRegardless();
-    panel->makeKey();
+  void happen(const std::string& event) {
+    if (event == "anew") return registerMenus();
+    if (event == "none") return manager.registerAll({});
+    if (event.starts_with("show")) {
+      shownMenu = static_cast<std::uint32_t>(event.back() - '0');
+      panel = desktop.overlay.makePanel({}, {{0, 0}, {100, 100}}, sink);
+      panel->orderFrontRegardless();
+      return panel->makeKey();
+    }
+    const std::uint16_t key = kKeys.at(event.back());
+    if (event.front() == '+') desktop.keyboard.press(key);
+    if (event.front() == '-') desktop.keyboard.release(key);
+    if (event.front() == '*') desktop.keyboard.repeat(key);
+    if (event.front() == '?') desktop.keyboard.releaseUnseen(key);
   }
 
   struct NoSink final : OverlayPanelSink {
@@ -58,111 +68,40 @@ class GrabbedKeyRouterTest : public testing::Test {
     void panelLost() override {}
   };
 
+  const std::map<char, std::uint16_t> kKeys = {{'K', 40}, {'S', 49}, {'1', 18}, {'C', 59}, {'A', 58}};
   FakePlatform desktop;
   NoSink sink;
   std::unique_ptr<OverlayPanel> panel;
   std::uint32_t shownMenu = 0;
-  std::vector<std::string> reports;
-  std::vector<int> passedOn;
+  std::string outcome;
   HotkeyManager manager{desktop.keyboard, desktop.log};
   GrabbedKeyRouter router{manager,
-                          {[this](HotkeyManager::MenuIndices indices) {
-                             return std::find(indices.begin(), indices.end(), shownMenu) != indices.end();
+                          {[this](HotkeyManager::MenuIndices menus) {
+                             return std::find(menus.begin(), menus.end(), shownMenu) != menus.end();
                            },
                            [](const KeyEvent& event) { return event.charactersIgnoringModifiers == "1"; }}};
   std::vector<Subscription> monitors;
 };
 
-TEST_F(GrabbedKeyRouterTest, ReportsTheReleaseOfThePressThatOpenedTheMenu) {
-  desktop.keyboard.press(kKKey);
-  showOverlay(0);
-  desktop.keyboard.repeat(kKKey);
-  desktop.keyboard.repeat(kKKey);
-  desktop.keyboard.release(kKKey);
-  EXPECT_THAT(reports, ElementsAre("press 0", "release 0"));
-  EXPECT_THAT(passedOn, IsEmpty());
-}
-
-TEST_F(GrabbedKeyRouterTest, ReportsEachPhysicalPressOnce) {
-  desktop.keyboard.pressAll({Key::kControlKey, Key::kOptionKey, Key::kSpaceKey});
-  showOverlay(1);
-  desktop.keyboard.release(Key::kSpaceKey);
-  desktop.keyboard.press(Key::kSpaceKey);
-  desktop.keyboard.repeat(Key::kSpaceKey);
-  desktop.keyboard.releaseAll({Key::kControlKey, Key::kSpaceKey});
-  EXPECT_THAT(reports, ElementsAre("press 1", "release 1", "press 1", "release 1"));
-  EXPECT_THAT(passedOn, IsEmpty());
-}
-
-TEST_F(GrabbedKeyRouterTest, PassesOnWhatIsNoHotkeyWithItsReleaseAndItsRepeats) {
-  showOverlay(1);
-  desktop.keyboard.press(Key::kSpaceKey);
-  desktop.keyboard.repeat(Key::kSpaceKey);
-  desktop.keyboard.release(Key::kSpaceKey);
-  EXPECT_THAT(reports, IsEmpty());
-  EXPECT_THAT(passedOn, ElementsAre(49, 49, -49));
-}
-
-TEST_F(GrabbedKeyRouterTest, LetsTheShownMenusTriggerSelectWhenItsKeyIsALabel) {
-  desktop.keyboard.pressAll({Key::kControlKey, kOneKey});
-  showOverlay(2);
-  desktop.keyboard.repeat(kOneKey);
-  EXPECT_THAT(passedOn, IsEmpty());
-  desktop.keyboard.release(kOneKey);
-  desktop.keyboard.press(kOneKey);
-  EXPECT_THAT(passedOn, ElementsAre(kOneKey));
-  EXPECT_THAT(reports, ElementsAre("press 2", "release 2"));
-}
-
-TEST_F(GrabbedKeyRouterTest, TakesAnotherMenusTriggerEvenWhenItsKeyIsALabel) {
-  showOverlay(1);
-  desktop.keyboard.pressAll({Key::kControlKey, kOneKey});
-  EXPECT_THAT(reports, ElementsAre("press 2"));
-  EXPECT_THAT(passedOn, IsEmpty());
-}
-
-TEST_F(GrabbedKeyRouterTest, KeepsTheRepeatsOfAHeldHotkeyAfterItsModifiersWentUp) {
-  desktop.keyboard.pressAll({Key::kControlKey, kOneKey});
-  showOverlay(2);
-  desktop.keyboard.release(Key::kControlKey);
-  desktop.keyboard.repeat(kOneKey);
-  EXPECT_THAT(passedOn, IsEmpty());
-}
-
-TEST_F(GrabbedKeyRouterTest, NoticesThatAKeyWentUpUnseen) {
-  desktop.keyboard.pressAll({Key::kControlKey, kOneKey});
-  desktop.keyboard.releaseUnseen(kOneKey);
-  desktop.keyboard.release(Key::kControlKey);
-  showOverlay(1);
-  desktop.keyboard.tap(kOneKey);
-  EXPECT_THAT(reports, ElementsAre("press 2"));
-  EXPECT_THAT(passedOn, ElementsAre(kOneKey, -kOneKey));
-}
-
-TEST_F(GrabbedKeyRouterTest, OwesTheReleaseAcrossANewRegistration) {
-  desktop.keyboard.press(kKKey);
-  showOverlay(0);
+TEST_P(GrabbedKeyRouterTest, ReportsHotkeysOnceAPressAndPassesOnTheRest) {
   registerMenus();
-  desktop.keyboard.repeat(kKKey);
-  desktop.keyboard.release(kKKey);
-  EXPECT_THAT(reports, ElementsAre("press 0", "release 0"));
+  std::istringstream events(GetParam().events);
+  for (std::string event; events >> event;) happen(event);
+  EXPECT_EQ(outcome, GetParam().outcome);
 }
 
-TEST_F(GrabbedKeyRouterTest, LeavesTheOverlayTheReleaseOfAHotkeyThatIsGone) {
-  desktop.keyboard.press(kKKey);
-  showOverlay(0);
-  manager.registerAll({});
-  desktop.keyboard.repeat(kKKey);
-  desktop.keyboard.release(kKKey);
-  EXPECT_THAT(reports, ElementsAre("press 0"));
-  EXPECT_THAT(passedOn, ElementsAre(-kKKey));
-}
-
-TEST_F(GrabbedKeyRouterTest, IgnoresKeysWithoutACode) {
-  KeyEvent event;
-  event.keyCode = KeyEvent::kNoKeyCode;
-  EXPECT_FALSE(router.offer(event));
-}
+INSTANTIATE_TEST_SUITE_P(Stories, GrabbedKeyRouterTest,
+                         testing::Values(Row{"ReleaseOfTheOpeningPress", "+K show0 *K *K -K", "p0 r0"},
+                                         Row{"EachPhysicalPress", "+C +A +S show1 -S +S *S -C -S", "p1 r1 p1 r1"},
+                                         Row{"WhatIsNoHotkey", "show1 +S *S -S", "+S +S -S"},
+                                         Row{"TriggerThatIsALabel", "+C +1 show2 *1 -1 +1", "p2 r2 +1"},
+                                         Row{"AnotherMenusTriggerThatIsALabel", "show1 +C +1", "p2"},
+                                         Row{"RepeatsAfterTheModifiersWentUp", "+C +1 show2 -C *1", "p2"},
+                                         Row{"KeyThatWentUpUnseen", "+C +1 ?1 -C show1 +1 -1", "p2 +1 -1"},
+                                         Row{"NewRegistrationMeanwhile", "+K show0 anew *K -K", "p0 r0"},
+                                         Row{"KeyThatIsDownAlready", "none +K anew show0 *K", ""},
+                                         Row{"HotkeyThatIsGone", "+K show0 none *K -K", "p0 -K"}),
+                         [](const auto& row) { return row.param.name; });
 
 }  // namespace
 }  // namespace rondora

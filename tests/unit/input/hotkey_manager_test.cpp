@@ -55,12 +55,6 @@ TEST_F(HotkeyManagerTest, ReportsPressAndReleaseOfASharedHotkeyWithAllItsMenus) 
   EXPECT_THAT(desktop.keyboard.seenByApplications, IsEmpty());
 }
 
-TEST_F(HotkeyManagerTest, MatchesModifiersExactly) {
-  manager.registerAll({menuWith(49, kControlOption)});
-  desktop.keyboard.pressAll({FakeKeyboard::kControlKey, FakeKeyboard::kSpaceKey});
-  EXPECT_THAT(pressed, IsEmpty());
-}
-
 TEST_F(HotkeyManagerTest, LeavesFnToTheTapAndDisabledMenusAlone) {
   PieMenu disabled = menuWith(40, 0);
   disabled.kind = PieMenuKind::appCommands;
@@ -126,14 +120,6 @@ TEST_F(HotkeyManagerTest, HandlesEventsThatItDoesNotKnow) {
 
   manager.onHotkeyPressed = nullptr;
   EXPECT_EQ(send(kEventHotKeyPressed, 0), 0);
-}
-
-TEST_F(HotkeyManagerTest, TakesItsRegistrationsWithIt) {
-  auto shortLived = std::make_unique<HotkeyManager>(desktop.keyboard, desktop.log);
-  shortLived->registerAll({menuWith(3, 0)});
-  shortLived.reset();
-  EXPECT_EQ(desktop.keyboard.registrationCount(), 0U);
-  EXPECT_EQ(desktop.keyboard.handlerCount(), 0U);
 }
 
 }  // namespace

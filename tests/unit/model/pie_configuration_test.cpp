@@ -86,12 +86,6 @@ TEST_F(PieConfigurationTest, BuiltInsHaveAFixedOrderAndFreshIds) {
   }
 }
 
-TEST_F(PieConfigurationTest, DocumentsThatDifferInTheirStampOnlyAreUnequal) {
-  PieConfiguration later = document;
-  later.lastModified += 1;
-  EXPECT_NE(document, later);
-}
-
 TEST(RawValueTest, EveryTextLeadsBackToItsCase) {
   for (const AppLanguage language : kAppLanguages) EXPECT_EQ(appLanguageFromRawValue(rawValue(language)), language);
   EXPECT_EQ(rawValue(AppLanguage::russian), "ru");

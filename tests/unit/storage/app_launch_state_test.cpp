@@ -15,13 +15,6 @@ class AppLaunchStateTest : public testing::Test {
   AppLaunchState state{defaults, environment};
 };
 
-TEST_F(AppLaunchStateTest, AnExistingInstallIsNotShownTheSettingsByItself) {
-  defaults.setBoolean("pie.hasSeenPermissionIntro", true);
-  state.applySettingsAutoOpenMigrationForExistingInstallsIfNeeded();
-  EXPECT_TRUE(state.hasAutoOpenedSettingsAfterPermissions());
-  EXPECT_TRUE(defaults.boolean("pie.settingsAutoOpenAfterPermissionsMigrationDone"));
-}
-
 TEST_F(AppLaunchStateTest, ANewInstallIsEvenAfterItHasSeenTheIntroduction) {
   state.applySettingsAutoOpenMigrationForExistingInstallsIfNeeded();
   EXPECT_TRUE(defaults.boolean("pie.settingsAutoOpenAfterPermissionsMigrationDone"));
