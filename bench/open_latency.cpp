@@ -2,11 +2,11 @@
 // compositor.
 
 #include <algorithm>
-#include <iostream>
 #include <string>
 #include <thread>
 
 #include "support/contenders.h"
+#include "support/measurement.h"
 #include "support/stage.h"
 #include "support/statistics.h"
 
@@ -107,12 +107,4 @@ void measure() {
 }  // namespace
 }  // namespace rondora::bench
 
-int main() {
-  try {
-    rondora::bench::measure();
-    return 0;
-  } catch (const std::exception& failure) {
-    std::cerr << "open_latency: " << failure.what() << '\n';
-    return 1;
-  }
-}
+int main() { return rondora::bench::runMeasurement("open_latency", rondora::bench::measure); }

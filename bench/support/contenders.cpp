@@ -2,9 +2,11 @@
 
 #include <array>
 #include <stdexcept>
+#include <utility>
 
 #include "live/end_to_end/document.h"
 #include "live/end_to_end/running_program.h"
+#include "support/frame_watcher.h"
 #include "support/wait.h"
 
 namespace rondora::bench {
@@ -30,12 +32,16 @@ std::string peerRings() {
 }
 
 /// Each hotkey is grabbed with and without Caps Lock and Num Lock.
-void waitForHotkeys(XClient& client, ChildProcess& process, std::size_t hotkeys, const char* who) {
+Contender startAndWait(const PrivateDesktop& desktop, XClient& client, const std::string& program,
+                       std::size_t hotkeys) {
   constexpr std::size_t kGrabsPerHotkey = 4;
+  const Moment start = std::chrono::steady_clock::now();
+  auto process = desktop.start({program});
   const bool ready = waitUntil([&] {
-    return !process.isRunning() || client.resourceCount(process.pid(), "PASSIVE GRAB") >= hotkeys * kGrabsPerHotkey;
+    return !process->isRunning() || client.resourceCount(process->pid(), "PASSIVE GRAB") >= hotkeys * kGrabsPerHotkey;
   });
-  if (!ready || !process.isRunning()) throw std::runtime_error(std::string(who) + " bound no hotkey");
+  if (!ready || !process->isRunning()) throw std::runtime_error(program + " bound no hotkey");
+  return {std::move(process), millisecondsBetween(start, std::chrono::steady_clock::now())};
 }
 
 Document ownRing(const std::string& name, Hotkey hotkey, int items, double animationDuration) {
@@ -48,7 +54,7 @@ Document ownRing(const std::string& name, Hotkey hotkey, int items, double anima
 
 }  // namespace
 
-std::unique_ptr<ChildProcess> startRondora(const PrivateDesktop& desktop, XClient& client, int items) {
+Contender startRondora(const PrivateDesktop& desktop, XClient& client, int items) {
   constexpr double kUsualAnimation = 0.2;  // seconds
   const std::vector rings = {ownRing("plain", kControlAltSpace, items, 0),
                              ownRing("animated", kControlAltB, items, kUsualAnimation)};
@@ -56,16 +62,12 @@ std::unique_ptr<ChildProcess> startRondora(const PrivateDesktop& desktop, XClien
   writeFile(RunningProgram::defaults(desktop),
             "pie.hasSeenPermissionIntro=true\npie.hasAutoOpenedSettingsAfterPermissions=true\n"
             "pie.settingsAutoOpenAfterPermissionsMigrationDone=true\n");
-  auto process = desktop.start({RONDORA_PROGRAM});
-  waitForHotkeys(client, *process, rings.size(), "the program");
-  return process;
+  return startAndWait(desktop, client, RONDORA_PROGRAM, rings.size());
 }
 
-std::unique_ptr<ChildProcess> startPeer(const PrivateDesktop& desktop, XClient& client) {
+Contender startPeer(const PrivateDesktop& desktop, XClient& client) {
   writeFile(desktop.configHome() / "gnome-pie" / "pies.conf", peerRings());
-  auto process = desktop.start({"gnome-pie"});
-  waitForHotkeys(client, *process, 1, "the peer");
-  return process;
+  return startAndWait(desktop, client, "gnome-pie", 1);
 }
 
 }  // namespace rondora::bench

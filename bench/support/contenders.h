@@ -12,11 +12,17 @@ inline constexpr std::uint8_t kOwnKey = live::key::space;      // no opening ani
 inline constexpr std::uint8_t kOwnAnimatedKey = live::key::b;  // the animation that a new menu has
 inline constexpr std::uint8_t kPeerKey = live::key::q;
 
-/// This program with two rings of `items`, which differ in their opening animation only. Its hotkeys are bound when
-/// this returns; throws std::runtime_error when they never are.
-std::unique_ptr<live::ChildProcess> startRondora(const live::PrivateDesktop& desktop, live::XClient& client, int items);
+/// A program whose hotkeys are bound.
+struct Contender {
+  std::unique_ptr<live::ChildProcess> process;
+  double startUp = 0;  // milliseconds from the start of the process until its hotkeys were bound
+};
+
+/// This program with two rings of `items`, which differ in their opening animation only. Throws
+/// std::runtime_error when its hotkeys are never bound.
+Contender startRondora(const live::PrivateDesktop& desktop, live::XClient& client, int items);
 
 /// The peer with a ring of eight items, likewise. It is seen only from outside.
-std::unique_ptr<live::ChildProcess> startPeer(const live::PrivateDesktop& desktop, live::XClient& client);
+Contender startPeer(const live::PrivateDesktop& desktop, live::XClient& client);
 
 }  // namespace rondora::bench

@@ -42,12 +42,23 @@ void Stage::showBackground() {
   require(waitUntil([this] { return client.title(client.activeWindow()) == "Background"; }), "no background");
 }
 
-Opening Stage::open(std::uint8_t key) {
+Moment Stage::press(std::uint8_t key) {
   // The peer holds the keyboard longer than its ring is to be seen.
   require(waitUntil([this] { return client.nothingIsGrabbed(); }), "the keyboard stays taken");
   client.keyDown(key::control);
   client.keyDown(key::alt);
-  const Moment pressed = watcher->press(key);
+  return watcher->press(key);
+}
+
+void Stage::release(std::uint8_t key) {
+  client.keyUp(key);
+  client.tap(key::escape);
+  client.keyUp(key::alt);
+  client.keyUp(key::control);
+}
+
+Opening Stage::open(std::uint8_t key) {
+  const Moment pressed = press(key);
   const auto first = watcher->firstChange(kVisible, kLimit);
   require(first.has_value(), "no ring on key " + std::to_string(key));
   savePicture("first");
@@ -58,10 +69,7 @@ Opening Stage::open(std::uint8_t key) {
 }
 
 void Stage::close(std::uint8_t key) {
-  client.keyUp(key);
-  client.tap(key::escape);
-  client.keyUp(key::alt);
-  client.keyUp(key::control);
+  release(key);
   require(watcher->waitForBaseline(kStillness, kLimit), "the ring does not go away");
 }
 
@@ -71,15 +79,22 @@ Opening Stage::openAndClose(std::uint8_t key) {
   return opening;
 }
 
+void Stage::openAndCloseQuickly(std::uint8_t key) {
+  press(key);
+  require(watcher->firstChange(kVisible, kLimit).has_value(), "no ring on key " + std::to_string(key));
+  release(key);
+  require(watcher->waitForBaseline(milliseconds(2), kLimit), "the ring does not go away");
+}
+
+std::vector<Moment> Stage::changesWhileOpening(std::uint8_t key, milliseconds duration) {
+  press(key);
+  return watcher->changesDuring(duration);
+}
+
 void Stage::savePicture(const std::string& what) {
   static const char* folder = std::getenv("RONDORA_BENCH_PICTURES");
   if (folder == nullptr) return;
   watcher->save(std::filesystem::path(folder) / (name_ + '-' + std::to_string(picture_++) + '-' + what + ".ppm"));
-}
-
-int numberFromEnvironment(const char* variable, int fallback) {
-  const char* text = std::getenv(variable);
-  return text ? std::atoi(text) : fallback;
 }
 
 }  // namespace rondora::bench

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <chrono>
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "support/frame_watcher.h"
 #include "support/private_desktop.h"
@@ -31,6 +33,11 @@ class Stage {
   /// Takes the ring away again, with nothing chosen, and waits until the screen and the keyboard are as before.
   void close(std::uint8_t key);
   Opening openAndClose(std::uint8_t key);
+  /// Without waiting for anything to stand still.
+  void openAndCloseQuickly(std::uint8_t key);
+  /// Opens and returns when the captures of the next `duration` differed from the ones before them.
+  std::vector<Moment> changesWhileOpening(std::uint8_t key, std::chrono::milliseconds duration);
+  void savePicture(const std::string& what);
 
   live::PrivateDesktop desktop;
   live::XClient client;
@@ -38,14 +45,12 @@ class Stage {
 
  private:
   void showBackground();
-  void savePicture(const std::string& what);
+  Moment press(std::uint8_t key);
+  void release(std::uint8_t key);
 
   std::unique_ptr<live::ChildProcess> background_;
   const std::string name_;
   int picture_ = 0;
 };
-
-/// A number from the environment, such as RONDORA_BENCH_OPENINGS.
-int numberFromEnvironment(const char* variable, int fallback);
 
 }  // namespace rondora::bench

@@ -14,6 +14,7 @@
 #include "pie/quick_select.h"
 #include "pie/ring_layout.h"
 #include "pie/ring_picture.h"
+#include "support/google_benchmark.h"
 #include "ui/qt/qt_picture_rasterizer.h"
 #include "ui/qt/qt_setup.h"
 
@@ -79,7 +80,7 @@ QtPictureRasterizer& warmRasterizer() {
 double pixelsPerPoint(const benchmark::State& state) { return static_cast<double>(state.range(0)) / 100; }
 
 void scales(benchmark::internal::Benchmark* benchmark) {
-  benchmark->Arg(100)->Arg(200)->Unit(benchmark::kMicrosecond)->MeasureProcessCPUTime();
+  benchmark->Arg(100)->Arg(200)->Arg(300)->Unit(benchmark::kMicrosecond)->MeasureProcessCPUTime();
 }
 
 void makePicture(benchmark::State& state) {
@@ -157,6 +158,5 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   configureQt(application, "rondora");
   warmRasterizer().warmUp();
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
+  return bench::runBenchmarks(argc, argv, "drawing.");
 }

@@ -1,0 +1,155 @@
+// What the core's hot paths and the document cost.
+
+#include <benchmark/benchmark.h>
+
+#include <cmath>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <vector>
+
+#include "model/carbon_modifiers.h"
+#include "model/palette.h"
+#include "pie/mouse_tracking_ns_view.h"
+#include "pie/quick_select.h"
+#include "pie/ring_layout.h"
+#include "pie/ring_picture.h"
+#include "storage/configuration_json.h"
+#include "support/google_benchmark.h"
+
+namespace {
+
+using namespace rondora;
+
+/// Any sequence will do, as long as it is the same in every run.
+class CountingRandom : public RandomSource {
+ public:
+  std::uint64_t next() override { return value_ += 0x9E3779B97F4A7C15U; }
+
+ private:
+  std::uint64_t value_ = 0;
+};
+
+class NoPointer : public Pointer {
+ public:
+  Point location() const override { return {}; }
+  void setCursor(CursorShape) override {}
+};
+
+class NoHaptics : public Haptics {
+ public:
+  void perform(HapticPattern) override {}
+};
+
+PieMenuItem item(std::size_t index, RandomSource& random) {
+  PieMenuItem item;
+  item.id = random.uuid();
+  item.title = "Item number " + std::to_string(index);
+  item.icon = "star.fill";
+  item.color = std::string(kItemColorPalette[index % kItemColorPalette.size()]);
+  item.action = LaunchApp{"org.example.Application" + std::to_string(index)};
+  item.sectorIndex = static_cast<std::int64_t>(index);
+  return item;
+}
+
+PieMenu menuOf(std::size_t items, RandomSource& random) {
+  PieMenu menu;
+  menu.id = random.uuid();
+  menu.name = "Menu";
+  for (std::size_t i = 0; i < items; ++i) menu.items.push_back(item(i, random));
+  return menu;
+}
+
+std::size_t size(const benchmark::State& state) { return static_cast<std::size_t>(state.range(0)); }
+
+void ringSizes(benchmark::internal::Benchmark* benchmark) { benchmark->Arg(8)->Arg(18)->Arg(36); }
+
+void hitTest(benchmark::State& state) {
+  NoHaptics haptics;
+  NoPointer pointer;
+  MouseTrackingNSView view(haptics, pointer);
+  view.innerRadius = 60;
+  view.sectorCount = size(state);
+  std::vector<Point> places;
+  for (int i = 0; i < 256; ++i) places.push_back({150 * std::cos(i), 150 * std::sin(i)});
+  std::size_t next = 0;
+  for (auto _ : state) benchmark::DoNotOptimize(view.hoverSectorIndex(places[next++ & 255]));
+}
+BENCHMARK(hitTest)->Apply(ringSizes);
+
+void resolveLabels(benchmark::State& state) {
+  CountingRandom random;
+  const PieMenu menu = menuOf(size(state), random);
+  for (auto _ : state) benchmark::DoNotOptimize(ShortcutLabels(resolvedShortcutLabels(menu.items)));
+}
+BENCHMARK(resolveLabels)->Apply(ringSizes);
+
+/// The key of the last sector, which is found last.
+void matchKey(benchmark::State& state) {
+  CountingRandom random;
+  const ShortcutLabels labels(resolvedShortcutLabels(menuOf(size(state), random).items));
+  std::string key = *labels.labels().back();
+  for (char& character : key) character = static_cast<char>(std::tolower(static_cast<unsigned char>(character)));
+  for (auto _ : state) benchmark::DoNotOptimize(labels.indexForPressedKey(key));
+}
+BENCHMARK(matchKey)->Apply(ringSizes);
+
+void matchNoKey(benchmark::State& state) {
+  CountingRandom random;
+  const ShortcutLabels labels(resolvedShortcutLabels(menuOf(size(state), random).items));
+  for (auto _ : state) benchmark::DoNotOptimize(labels.indexForPressedKey("é"));
+}
+BENCHMARK(matchNoKey)->Apply(ringSizes);
+
+void buildDisplayList(benchmark::State& state) {
+  CountingRandom random;
+  const PieMenu menu = menuOf(size(state), random);
+  const RingLayout layout = RingLayout::make(menu, 0, menu.items.size(), 2000);
+  const std::vector<std::string> titles(menu.items.size(), "Some title");
+  const auto labels = resolvedShortcutLabels(menu.items);
+  for (auto _ : state) benchmark::DoNotOptimize(makeRingPicture(menu, layout, {menu.items, titles, labels}));
+}
+BENCHMARK(buildDisplayList)->Apply(ringSizes)->Unit(benchmark::kMicrosecond);
+
+/// Argument 0 stands for the document of a first run, others for that many menus of 36 items.
+std::string documentOf(std::size_t menus) {
+  CountingRandom random;
+  PieConfiguration configuration = PieConfiguration::defaultConfig(random);
+  if (menus > 0) configuration.menus.clear();
+  for (std::size_t i = 0; i < menus; ++i) configuration.menus.push_back(menuOf(36, random));
+  return std::get<std::string>(encodeConfiguration(configuration));
+}
+
+void documentSizes(benchmark::internal::Benchmark* benchmark) {
+  benchmark->Arg(0)->Arg(10)->Arg(100)->Arg(1000)->Unit(benchmark::kMicrosecond);
+}
+
+void decode(benchmark::State& state) {
+  const std::string text = documentOf(size(state));
+  CountingRandom random;
+  for (auto _ : state) {
+    const auto result = decodeConfiguration(text, random);
+    if (const auto* error = std::get_if<CodingError>(&result)) {
+      state.SkipWithError(error->description.c_str());
+      break;
+    }
+  }
+}
+BENCHMARK(decode)->Apply(documentSizes);
+
+/// What the JSON library takes for the same text, into its own values.
+void bareParse(benchmark::State& state) {
+  const std::string text = documentOf(size(state));
+  for (auto _ : state) benchmark::DoNotOptimize(nlohmann::ordered_json::parse(text));
+}
+BENCHMARK(bareParse)->Apply(documentSizes);
+
+void encode(benchmark::State& state) {
+  CountingRandom random;
+  const auto configuration = std::get<PieConfiguration>(decodeConfiguration(documentOf(size(state)), random));
+  for (auto _ : state) benchmark::DoNotOptimize(encodeConfiguration(configuration));
+}
+BENCHMARK(encode)->Arg(0)->Arg(10)->Arg(100)->Unit(benchmark::kMicrosecond);
+
+}  // namespace
+
+int main(int argc, char** argv) { return bench::runBenchmarks(argc, argv, "core."); }
