@@ -1,14 +1,12 @@
 #include "pie/mouse_tracking_ns_view.h"
 
-#include <cmath>
-
 #include "pie/sector_geometry.h"
 
 namespace rondora {
 
 MouseTrackingNSView::SectorIndex MouseTrackingNSView::hoverSectorIndex(Point at) const {
   const Point offset = at - center;
-  if (std::hypot(offset.x, offset.y) < innerRadius) {
+  if (offset.x * offset.x + offset.y * offset.y < innerRadius * innerRadius) {
     return innerCircleHighlightsFirstSector ? SectorIndex(0) : std::nullopt;
   }
   return sectorIndexAt(angleFromFirstEdge(offset, rotationDegrees), sectorCount);

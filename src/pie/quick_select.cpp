@@ -39,15 +39,6 @@ std::vector<std::optional<std::string>> upperCasedLabels(const std::vector<std::
   return result;
 }
 
-std::optional<std::size_t> firstMatch(std::string_view typed, const std::vector<std::optional<std::string>>& upper) {
-  const std::string text = upperCased(trimmed(typed));
-  if (text.empty()) return std::nullopt;
-  for (std::size_t i = 0; i < upper.size(); ++i) {
-    if (upper[i] == text) return i;
-  }
-  return std::nullopt;
-}
-
 }  // namespace
 
 std::optional<std::string_view> defaultShortcutLabel(std::size_t position) {
@@ -73,7 +64,7 @@ std::vector<std::optional<std::string>> resolvedShortcutLabels(const std::vector
 
 std::optional<std::size_t> itemIndex(std::string_view forPressedKey,
                                      const std::vector<std::optional<std::string>>& resolvedLabels) {
-  return firstMatch(forPressedKey, upperCasedLabels(resolvedLabels));
+  return ShortcutLabels(resolvedLabels).indexForPressedKey(forPressedKey);
 }
 
 std::optional<std::size_t> quickSelectIndexByKeyCode(std::uint16_t keyCode) {
@@ -82,10 +73,18 @@ std::optional<std::size_t> quickSelectIndexByKeyCode(std::uint16_t keyCode) {
 }
 
 ShortcutLabels::ShortcutLabels(std::vector<std::optional<std::string>> resolvedLabels)
-    : labels_(std::move(resolvedLabels)), upperCased_(upperCasedLabels(labels_)) {}
+    : labels_(std::move(resolvedLabels)), upperCased_(upperCasedLabels(labels_)) {
+  for (const auto& label : upperCased_) firstBytes_ += label && !label->empty() ? label->front() : '\0';
+}
 
 std::optional<std::size_t> ShortcutLabels::indexForPressedKey(std::string_view text) const {
-  return firstMatch(text, upperCased_);
+  const std::string typed = upperCased(trimmed(text));
+  if (typed.empty()) return std::nullopt;
+  const auto next = [&](std::size_t from) { return firstBytes_.find(typed.front(), from); };
+  for (std::size_t at = next(0); at != std::string::npos; at = next(at + 1)) {
+    if (upperCased_[at] == typed) return at;
+  }
+  return std::nullopt;
 }
 
 std::optional<std::size_t> ShortcutLabels::indexForKeyCode(std::uint16_t keyCode) const {

@@ -39,6 +39,8 @@ class ShortcutLabels {
  private:
   std::vector<std::optional<std::string>> labels_;
   std::vector<std::optional<std::string>> upperCased_;
+  /// Of each upper-cased label, so that most labels are passed over without a look at them.
+  std::string firstBytes_;
 };
 
 }  // namespace rondora

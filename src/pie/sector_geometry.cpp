@@ -16,11 +16,14 @@ double reducedDegrees(double degrees) {
   return reduced + 0.0;  // never the negative zero
 }
 
+/// `std::fmod`, which is slow, only for what lies outside.
+double reducedTo(double value, double period) { return std::abs(value) < period ? value : std::fmod(value, period); }
+
 }  // namespace
 
 double reducedToFullTurn(double angle) {
   if (!std::isfinite(angle)) return 0;
-  double reduced = std::fmod(angle, kFullTurn);
+  double reduced = reducedTo(angle, kFullTurn);
   if (reduced < 0) reduced += kFullTurn;
   return std::min(reduced, std::nextafter(kFullTurn, 0));
 }
@@ -31,7 +34,7 @@ double reducedToHalfTurns(double angle) {
 }
 
 double radiansFromRotation(double rotationDegrees) {
-  return std::isfinite(rotationDegrees) ? std::fmod(rotationDegrees, 360) * std::numbers::pi / 180 : 0;
+  return std::isfinite(rotationDegrees) ? reducedTo(rotationDegrees, 360) * std::numbers::pi / 180 : 0;
 }
 
 double sectorWidth(std::size_t sectorCount) {
@@ -52,7 +55,7 @@ double angleFromFirstEdge(Point offset, double rotationDegrees) {
 
 std::size_t sectorIndexAt(double angleFromFirstEdge, std::size_t sectorCount) {
   if (sectorCount < 2) return 0;
-  const double sectors = std::max(0.0, std::floor(angleFromFirstEdge / sectorWidth(sectorCount)));
+  const double sectors = std::max(0.0, angleFromFirstEdge / sectorWidth(sectorCount));
   return std::min(static_cast<std::size_t>(sectors), sectorCount - 1);
 }
 
