@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDBusConnection>
 #include <QSocketNotifier>
+#include <QUrl>
 #include <algorithm>
 #include <string>
 #include <utility>
@@ -157,6 +158,11 @@ struct CompositionLinux::Program {
     return texts;
   }
 
+  void openDocumentFolder() {
+    const QString folder = QString::fromStdString(config.configURL().parent_path().string());
+    workspace.openUrl(QUrl::fromLocalFile(folder).toEncoded().toStdString());
+  }
+
   SessionFacts sessionFacts() const {
     return {isWaylandSession(environment), !statusItemProblem, permissionService.isProcessTrusted(),
             compositor.hasOwner(), trackpads.access()};
@@ -174,7 +180,7 @@ struct CompositionLinux::Program {
               return notifications.addObserver(ConfigManager::configurationDidChange, std::move(observer));
             },
             config.configURL().string(),
-            [this] { workspace.openUrl("file://" + config.configURL().parent_path().string()); },
+            [this] { openDocumentFolder(); },
             [this] { return localization.language(); },
             [this](AppLanguage language) { chooseLanguage(language); },
             [this] { delegate.quitApp(); },
