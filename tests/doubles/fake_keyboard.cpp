@@ -81,19 +81,13 @@ std::uint64_t FakeKeyboard::currentModifierFlags() const {
   return flags;
 }
 
-void FakeKeyboard::setCharacters(std::uint16_t keyCode, const std::string& plain, const std::string& shifted) {
-  characters_[keyCode] = {plain, shifted};
-}
-
 KeyEvent FakeKeyboard::event(KeyEventType type, std::uint16_t keyCode) const {
   KeyEvent result;
   result.type = type;
   result.keyCode = keyCode;
   result.modifierFlags = currentModifierFlags();
   const bool isShifted = (result.modifierFlags & event_flags::kShift) != 0;
-  if (const auto found = characters_.find(keyCode); found != characters_.end()) {
-    result.charactersIgnoringModifiers = isShifted ? found->second.second : found->second.first;
-  } else if (keyCode < kUsLayout.size()) {
+  if (keyCode < kUsLayout.size()) {
     result.charactersIgnoringModifiers = isShifted ? kUsLayout[keyCode].shifted : kUsLayout[keyCode].plain;
   }
   if ((result.modifierFlags & ~event_flags::kShift) == 0) result.characters = result.charactersIgnoringModifiers;

@@ -16,7 +16,7 @@
 namespace rondora {
 
 /// The physical keyboard together with who gets its events: the overlay while it holds the keyboard, else the hot keys
-/// that match, else the application in front. The layout is US until told otherwise.
+/// that match, else the application in front. The layout is US.
 class FakeKeyboard final : public HotkeyService, public EventMonitors {
  public:
   enum Key : std::uint16_t {
@@ -51,7 +51,6 @@ class FakeKeyboard final : public HotkeyService, public EventMonitors {
   void pressAll(std::initializer_list<std::uint16_t> keyCodes);
   void releaseAll(std::initializer_list<std::uint16_t> keyCodes);
 
-  void setCharacters(std::uint16_t keyCode, const std::string& plain, const std::string& shifted);
   bool isRegistered(std::uint32_t keyCode, std::uint32_t carbonModifiers) const {
     return registered(keyCode, carbonModifiers).has_value();
   }
@@ -98,7 +97,6 @@ class FakeKeyboard final : public HotkeyService, public EventMonitors {
   std::set<std::uint16_t> held_;
   /// The Carbon modifiers of the hot keys that are down, by key code.
   std::map<std::uint16_t, std::uint32_t> owedReleases_;
-  std::map<std::uint16_t, std::pair<std::string, std::string>> characters_;
 };
 
 }  // namespace rondora

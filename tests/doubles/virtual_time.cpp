@@ -28,7 +28,9 @@ Subscription VirtualTime::workItem(double seconds, Work work) {
   return cancelling(schedule(seconds, std::move(work), 0));
 }
 
-Subscription VirtualTime::timer(double interval, double /*tolerance*/, Work work) {
+Subscription VirtualTime::timer(double interval, double tolerance, Work work) {
+  lastTimerInterval_ = interval;
+  lastTimerTolerance_ = tolerance;
   return cancelling(schedule(interval, std::move(work), interval));
 }
 

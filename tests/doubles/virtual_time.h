@@ -32,6 +32,9 @@ class VirtualTime final : public MainQueue, public Clock {
   void runUntilIdle();
   /// Lets time pass and runs what becomes due on the way, each at its own moment.
   void advance(double seconds);
+  /// Of the timer that was asked for last, in seconds.
+  double lastTimerInterval() const { return lastTimerInterval_; }
+  double lastTimerTolerance() const { return lastTimerTolerance_; }
   /// Work that waits, due or not.
   std::size_t pendingCount() const;
 
@@ -51,6 +54,8 @@ class VirtualTime final : public MainQueue, public Clock {
   bool runOneDueBefore(double limit);
 
   double elapsed_ = 0;
+  double lastTimerInterval_ = 0;
+  double lastTimerTolerance_ = 0;
   mutable std::mutex mutex_;
   std::uint64_t lastSequence_ = 0;
   std::map<Key, std::shared_ptr<Scheduled>> schedule_;

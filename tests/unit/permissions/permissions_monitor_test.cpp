@@ -12,27 +12,6 @@ namespace {
 
 using ::testing::ElementsAre;
 
-/// Passes everything on and remembers how the last timer was asked for.
-class TimerWatch final : public MainQueue {
- public:
-  explicit TimerWatch(MainQueue& queue) : queue_(queue) {}
-
-  void async(Work work) override { queue_.async(std::move(work)); }
-  void after(double seconds, Work work) override { queue_.after(seconds, std::move(work)); }
-  Subscription workItem(double seconds, Work work) override { return queue_.workItem(seconds, std::move(work)); }
-  Subscription timer(double timerInterval, double timerTolerance, Work work) override {
-    interval = timerInterval;
-    tolerance = timerTolerance;
-    return queue_.timer(timerInterval, timerTolerance, std::move(work));
-  }
-
-  double interval = 0;
-  double tolerance = 0;
-
- private:
-  MainQueue& queue_;
-};
-
 class PermissionsMonitorTest : public ::testing::Test {
  protected:
   PermissionsMonitorTest() {
@@ -40,12 +19,11 @@ class PermissionsMonitorTest : public ::testing::Test {
     desktop_.permissions.mayListen = false;
   }
   void create() {
-    monitor_ = std::make_unique<PermissionsMonitor>(desktop_.permissions, queue_, desktop_.shell);
+    monitor_ = std::make_unique<PermissionsMonitor>(desktop_.permissions, desktop_.time, desktop_.shell);
     subscription_ = monitor_->snapshot().subscribe([this](const auto& snapshot) { published_.push_back(snapshot); });
   }
 
   FakePlatform desktop_;
-  TimerWatch queue_{desktop_.time};
   std::unique_ptr<PermissionsMonitor> monitor_;
   std::vector<PermissionsSnapshot> published_;
   Subscription subscription_;
@@ -65,22 +43,22 @@ TEST_F(PermissionsMonitorTest, PublishesChangesAndNothingElse) {
 
 TEST_F(PermissionsMonitorTest, LooksEverySecondUntilAllIsGrantedAndThenEveryFive) {
   create();
-  EXPECT_DOUBLE_EQ(queue_.interval, 1.0);
-  EXPECT_DOUBLE_EQ(queue_.tolerance, 0.2);
+  EXPECT_DOUBLE_EQ(desktop_.time.lastTimerInterval(), 1.0);
+  EXPECT_DOUBLE_EQ(desktop_.time.lastTimerTolerance(), 0.2);
   desktop_.time.advance(0.9);
   desktop_.permissions = FakePermissionService();
   EXPECT_EQ(published_.size(), 1U);
   desktop_.time.advance(0.2);
   EXPECT_EQ(published_.size(), 2U);
-  EXPECT_DOUBLE_EQ(queue_.interval, 5.0);
-  EXPECT_DOUBLE_EQ(queue_.tolerance, 1.0);
+  EXPECT_DOUBLE_EQ(desktop_.time.lastTimerInterval(), 5.0);
+  EXPECT_DOUBLE_EQ(desktop_.time.lastTimerTolerance(), 1.0);
 
   desktop_.permissions.mayListen = false;
   desktop_.time.advance(4.8);
   EXPECT_EQ(published_.size(), 2U);
   desktop_.time.advance(0.2);
   EXPECT_EQ(published_.size(), 3U);
-  EXPECT_DOUBLE_EQ(queue_.interval, 1.0);
+  EXPECT_DOUBLE_EQ(desktop_.time.lastTimerInterval(), 1.0);
 }
 
 TEST_F(PermissionsMonitorTest, KeepsOneTimerHoweverOftenItLooksAndNoneAfterItsEnd) {
