@@ -21,7 +21,7 @@ using std::chrono::seconds;
 
 using Start = Contender (*)(Stage&);
 
-Contender own(Stage& stage) { return startRondora(stage.desktop, stage.client, 8); }
+Contender own(Stage& stage) { return startRondora(stage.desktop, stage.client); }
 Contender peer(Stage& stage) { return startPeer(stage.desktop, stage.client); }
 
 /// A number after `key` in a file of /proc.

@@ -33,7 +33,7 @@ Position inSector(int index) {
 /// Round the ring, by three sectors a move, so that both sectors of a change lie apart.
 void timeMoves(const std::string& name, Compositor compositor, int moves) {
   Stage stage(name, compositor);
-  const auto own = startRondora(stage.desktop, stage.client, kSectors);
+  const auto own = startRondora(stage.desktop, stage.client);
   stage.openAndClose(kOwnKey);
   stage.open(kOwnKey);
   Samples first, complete;
@@ -56,7 +56,7 @@ void timeMoves(const std::string& name, Compositor compositor, int moves) {
 /// Captures that differ from the one before, from the first to the last change of an opening.
 void countFrames(int openings) {
   Stage stage("animation", Compositor::picom);
-  const auto own = startRondora(stage.desktop, stage.client, kSectors);
+  const auto own = startRondora(stage.desktop, stage.client);
   stage.openAndClose(kOwnAnimatedKey);
   Samples rates, gaps;
   for (int i = 0; i < openings; ++i) {

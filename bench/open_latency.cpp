@@ -25,7 +25,7 @@ void warmUp(Stage& stage, std::initializer_list<std::uint8_t> keys) {
 /// The programs take turns, so that whatever else the machine does falls on both.
 void warmBesideThePeer(int openings, int runs) {
   Stage stage("warm", Compositor::picom);
-  const auto own = startRondora(stage.desktop, stage.client, 8);
+  const auto own = startRondora(stage.desktop, stage.client);
   const auto peer = startPeer(stage.desktop, stage.client);
   warmUp(stage, {kOwnKey, kOwnAnimatedKey, kPeerKey});
   const auto count = static_cast<std::size_t>(runs);
@@ -47,7 +47,7 @@ void warmBesideThePeer(int openings, int runs) {
 
 void warmAlone(const std::string& name, int items, Compositor compositor, int openings) {
   Stage stage(name, compositor);
-  const auto own = startRondora(stage.desktop, stage.client, items);
+  const auto own = startRondora(stage.desktop, stage.client, {.items = items});
   warmUp(stage, {kOwnKey});
   Samples first, complete;
   for (int i = 0; i < openings; ++i) {
@@ -70,7 +70,7 @@ void firstAfterStart(int starts) {
   Samples own, peer;
   for (int i = 0; i < starts; ++i) {
     {
-      const auto process = startRondora(stage.desktop, stage.client, 8);
+      const auto process = startRondora(stage.desktop, stage.client);
       own.add(timeFirst(kOwnKey));
     }
     const auto process = startPeer(stage.desktop, stage.client);
@@ -83,7 +83,7 @@ void firstAfterStart(int starts) {
 void afterIdling(int openings) {
   constexpr seconds kIdle{60};
   Stage stage("idle", Compositor::picom);
-  const auto own = startRondora(stage.desktop, stage.client, 8);
+  const auto own = startRondora(stage.desktop, stage.client);
   warmUp(stage, {kOwnKey});
   Samples idle;
   for (int i = 0; i < openings; ++i) {

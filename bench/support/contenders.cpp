@@ -3,6 +3,7 @@
 #include <array>
 #include <stdexcept>
 #include <utility>
+#include <vector>
 
 #include "live/end_to_end/document.h"
 #include "live/end_to_end/running_program.h"
@@ -32,15 +33,15 @@ std::string peerRings() {
 }
 
 /// Each hotkey is grabbed with and without Caps Lock and Num Lock.
-Contender startAndWait(const PrivateDesktop& desktop, XClient& client, const std::string& program,
+Contender startAndWait(const PrivateDesktop& desktop, XClient& client, const std::vector<std::string>& command,
                        std::size_t hotkeys) {
   constexpr std::size_t kGrabsPerHotkey = 4;
   const Moment start = std::chrono::steady_clock::now();
-  auto process = desktop.start({program});
+  auto process = desktop.start(command);
   const bool ready = waitUntil([&] {
     return !process->isRunning() || client.resourceCount(process->pid(), "PASSIVE GRAB") >= hotkeys * kGrabsPerHotkey;
   });
-  if (!ready || !process->isRunning()) throw std::runtime_error(program + " bound no hotkey");
+  if (!ready || !process->isRunning()) throw std::runtime_error(command.back() + " bound no hotkey");
   return {std::move(process), millisecondsBetween(start, std::chrono::steady_clock::now())};
 }
 
@@ -54,20 +55,24 @@ Document ownRing(const std::string& name, Hotkey hotkey, int items, double anima
 
 }  // namespace
 
-Contender startRondora(const PrivateDesktop& desktop, XClient& client, int items) {
+Contender startRondora(const PrivateDesktop& desktop, XClient& client, const OwnSetting& setting) {
   constexpr double kUsualAnimation = 0.2;  // seconds
-  const std::vector rings = {ownRing("plain", kControlAltSpace, items, 0),
-                             ownRing("animated", kControlAltB, items, kUsualAnimation)};
-  writeFile(RunningProgram::document(desktop), document(rings).dump(2));
+  constexpr std::size_t kHotkeys = 2;
+  std::vector<Document> menus;
+  for (int i = 0; i < setting.otherMenus; ++i) menus.push_back(ownRing("other " + std::to_string(i), {}, 8, 0));
+  menus.push_back(ownRing("plain", kControlAltSpace, setting.items, 0));
+  menus.push_back(ownRing("animated", kControlAltB, setting.items, kUsualAnimation));
+  writeFile(RunningProgram::document(desktop), document(menus).dump(2));
   writeFile(RunningProgram::defaults(desktop),
             "pie.hasSeenPermissionIntro=true\npie.hasAutoOpenedSettingsAfterPermissions=true\n"
             "pie.settingsAutoOpenAfterPermissionsMigrationDone=true\n");
-  return startAndWait(desktop, client, RONDORA_PROGRAM, rings.size());
+  return startAndWait(desktop, client, {"env", "QT_SCALE_FACTOR=" + std::to_string(setting.scale), RONDORA_PROGRAM},
+                      kHotkeys);
 }
 
 Contender startPeer(const PrivateDesktop& desktop, XClient& client) {
   writeFile(desktop.configHome() / "gnome-pie" / "pies.conf", peerRings());
-  return startAndWait(desktop, client, "gnome-pie", 1);
+  return startAndWait(desktop, client, {"gnome-pie"}, 1);
 }
 
 }  // namespace rondora::bench

@@ -18,9 +18,15 @@ struct Contender {
   double startUp = 0;  // milliseconds from the start of the process until its hotkeys were bound
 };
 
-/// This program with two rings of `items`, which differ in their opening animation only. Throws
-/// std::runtime_error when its hotkeys are never bound.
-Contender startRondora(const live::PrivateDesktop& desktop, live::XClient& client, int items);
+struct OwnSetting {
+  int items = 8;       // in each ring
+  int otherMenus = 0;  // in the document before the rings, of eight items each and without a hotkey
+  double scale = 1;    // pixels a point
+};
+
+/// This program with two rings, which differ in their opening animation only. Throws std::runtime_error when its
+/// hotkeys are never bound.
+Contender startRondora(const live::PrivateDesktop& desktop, live::XClient& client, const OwnSetting& setting = {});
 
 /// The peer with a ring of eight items, likewise. It is seen only from outside.
 Contender startPeer(const live::PrivateDesktop& desktop, live::XClient& client);

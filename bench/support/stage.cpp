@@ -32,8 +32,17 @@ Stage::Stage(std::string name, Compositor compositor)
   showBackground();
   client.movePointer(kCenter);
   watcher.emplace(desktop.display(), kCenter, kInnerRadius, kOuterRadius);
+  rememberBackground();
+}
+
+void Stage::rememberBackground() {
   watcher->lastChange(milliseconds(300), kLimit);
   watcher->keepAsBaseline();
+}
+
+void Stage::setMonitors(const std::vector<Area>& monitors) {
+  desktop.setMonitors(monitors);
+  rememberBackground();
 }
 
 /// Something that fills the screen, so that a capture has something to change from, and that holds the focus.

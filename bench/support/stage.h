@@ -28,6 +28,8 @@ class Stage {
   /// time was taken by goes there.
   Stage(std::string name, live::Compositor compositor);
 
+  /// Replaces the monitors of the screen.
+  void setMonitors(const std::vector<live::Area>& monitors);
   /// Control, Alt and `key`; the ring is open and stands still when this returns.
   Opening open(std::uint8_t key);
   /// Takes the ring away again, with nothing chosen, and waits until the screen and the keyboard are as before.
@@ -45,6 +47,7 @@ class Stage {
 
  private:
   void showBackground();
+  void rememberBackground();
   Moment press(std::uint8_t key);
   void release(std::uint8_t key);
 
