@@ -91,7 +91,16 @@ class EndToEndTest : public testing::Test {
   void expectAtRest() {
     EXPECT_TRUE(program_->waitForNoRing());
     EXPECT_TRUE(waitUntil([&] { return client_.nothingIsGrabbed(); }));
-    EXPECT_TRUE(client_.keyboardIsAtRest());
+    EXPECT_TRUE(waitForRest());
+  }
+  /// No key is down, and the program has nothing more to do that could change this.
+  bool waitForRest() {
+    constexpr int kLookedAt = 5;
+    int quiet = 0;
+    return waitUntil([&] {
+      quiet = client_.keyboardIsAtRest() && program_->isWaiting() ? quiet + 1 : 0;
+      return quiet >= kLookedAt;
+    });
   }
 
   PrivateDesktop desktop_;

@@ -82,14 +82,14 @@ TEST_P(KeystrokeTest, EachOneArrivesOnceAsItWasChosenWhereTheUserWorked) {
     ASSERT_NO_FATAL_FAILURE(choose(target, round / 4));
     const auto keys = arrived(target);
     releaseChord();
-    ASSERT_EQ(keys.size(), 2U);
+    ASSERT_EQ(keys.size(), 2U) << testing::PrintToString(program_->logLines());
     for (const LoggedKey& key : keys) {
       EXPECT_EQ(key.code, target.code);
       EXPECT_EQ(key.state, target.state);
     }
     EXPECT_TRUE(keys.front().isPress);
     EXPECT_FALSE(keys.back().isPress);
-    ASSERT_TRUE(waitUntil([&] { return client_.keyboardIsAtRest(); }));
+    ASSERT_TRUE(waitForRest());
   }
   expectAtRest();
   const auto late = logger_->take();

@@ -33,13 +33,6 @@ std::size_t hotkeysIn(const std::string& configuration) {
   return std::max<std::size_t>(count, 1);
 }
 
-/// Whether it sleeps: on a busy machine one that has much to do may not come to do it.
-bool isWaiting(pid_t pid) {
-  const std::string status = readFile("/proc/" + std::to_string(pid) + "/stat");
-  const std::size_t nameEnd = status.rfind(')');
-  return nameEnd != std::string::npos && status.compare(nameEnd, 3, ") S") == 0;
-}
-
 }  // namespace
 
 std::filesystem::path RunningProgram::document(const PrivateDesktop& desktop) {
@@ -90,9 +83,15 @@ bool RunningProgram::waitForNoRing() {
 bool RunningProgram::staysWithoutRing() {
   int absent = 0;
   return waitUntil([&] {
-    absent = ring() || !isWaiting(pid()) ? 0 : absent + 1;
+    absent = ring() || !isWaiting() ? 0 : absent + 1;
     return absent >= kAbsences;
   });
+}
+
+bool RunningProgram::isWaiting() const {
+  const std::string status = readFile("/proc/" + std::to_string(pid()) + "/stat");
+  const std::size_t nameEnd = status.rfind(')');
+  return nameEnd != std::string::npos && status.compare(nameEnd, 3, ") S") == 0;
 }
 
 Capture RunningProgram::settledPicture() { return client_.settledCapture(ring().value().area); }
