@@ -89,9 +89,15 @@ bool RunningProgram::staysWithoutRing() {
 }
 
 bool RunningProgram::isWaiting() const {
-  const std::string status = readFile("/proc/" + std::to_string(pid()) + "/stat");
-  const std::size_t nameEnd = status.rfind(')');
-  return nameEnd != std::string::npos && status.compare(nameEnd, 3, ") S") == 0;
+  // Another thread than the main one reads what the X server sends.
+  const std::filesystem::path threads = "/proc/" + std::to_string(pid()) + "/task";
+  std::error_code error;
+  for (const auto& thread : std::filesystem::directory_iterator(threads, error)) {
+    const std::string status = readFile(thread.path() / "stat");
+    const std::size_t nameEnd = status.rfind(')');
+    if (nameEnd == std::string::npos || status.compare(nameEnd, 3, ") S") != 0) return false;
+  }
+  return !error;
 }
 
 Capture RunningProgram::settledPicture() { return client_.settledCapture(ring().value().area); }

@@ -22,7 +22,7 @@ class RunningProgram {
 
   pid_t pid() const { return process_->pid(); }
   bool isRunning() const { return process_->isRunning(); }
-  /// It sleeps: on a busy machine a program that has much to do may not come to do it.
+  /// All its threads sleep: on a busy machine a program that has much to do may not come to do it.
   bool isWaiting() const;
   /// The open ring; nothing while there is none.
   std::optional<TopLevel> ring();
