@@ -4,9 +4,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include <atomic>
 #include <cerrno>
-#include <thread>
 
 #include "doubles/fake_session.h"
 #include "live/desktop/system_call_spy.h"
@@ -89,24 +87,6 @@ TEST_F(PosixFileSystemTest, NewContentCountsWhereFoldersCannotBeFlushed) {
   EXPECT_EQ(files_.replaceDurably(in("config.json"), "new"), std::nullopt);
   spy.error = EIO;
   EXPECT_THAT(files_.replaceDurably(in("config.json"), "newer").value_or(""), HasSubstr("Input/output error"));
-}
-
-TEST_F(PosixFileSystemTest, AReaderSeesTheOldOrTheNewContentAndNothingElse) {
-  const std::string small(10, 'a');
-  const std::string large(300'000, 'b');
-  ASSERT_EQ(files_.replaceDurably(in("config.json"), small), std::nullopt);
-  std::atomic<bool> done = false;
-  std::thread writer([&] {
-    for (int i = 0; i < 200; ++i) files_.replaceDurably(in("config.json"), i % 2 == 0 ? large : small);
-    done = true;
-  });
-  int others = 0;
-  while (!done) {
-    const auto seen = files_.read(in("config.json"));
-    if (seen != small && seen != large) ++others;
-  }
-  writer.join();
-  EXPECT_EQ(others, 0);
 }
 
 TEST_F(PosixFileSystemTest, OnlyTheUserMayReadTheFileWhateverTheUmask) {

@@ -152,15 +152,5 @@ TEST_F(AppCommandsTest, NothingIsReadAheadForAMenuThatCannotOpen) {
   EXPECT_THAT(program.subActions.prefetched, ElementsAre(browser.processIdentifier));
 }
 
-TEST_F(AppCommandsTest, AnAnswerAfterTheEndOfTheProgramDoesNothing) {
-  useChord();
-  auto second = std::make_unique<AppDelegate>(program.services());
-  second->applicationDidFinishLaunching();
-  program.delegate.applicationWillTerminate();
-  second.reset();
-  desktop.time.advance(2);
-  EXPECT_FALSE(isMenuUp());
-}
-
 }  // namespace
 }  // namespace rondora

@@ -9,17 +9,6 @@ using testing::ElementsAre;
 
 class ConfigurationChangeTest : public ProgramTest {};
 
-TEST_F(ConfigurationChangeTest, RegistersTheNewHotkeysAndDropsTheOld) {
-  useMenus({menu("main", {49, kControlOption})});
-  launch();
-  useMenus({menu("main", {kKKey, 0})});
-  EXPECT_FALSE(desktop.keyboard.isRegistered(49, 0x1800));
-  EXPECT_EQ(desktop.keyboard.registrationCount(), 1U);
-  EXPECT_EQ(desktop.keyboard.handlerCount(), 1U);
-  press({kKKey});
-  EXPECT_EQ(shownMenu(), "main");
-}
-
 TEST_F(ConfigurationChangeTest, ClosesASpecialMenuThatWasSwitchedOff) {
   PieMenu special = runningAppsMenu({kKKey, 0});
   useMenus({special});

@@ -48,18 +48,6 @@ TEST_F(TriggerTest, ChordIsHeldTappedToStepAndLetGoToChoose) {
   EXPECT_THAT(desktop.keyboard.seenByApplications, IsEmpty());
 }
 
-TEST_F(TriggerTest, HoldingASecondTapDownStepsOnce) {
-  openChordMenu();
-  release({Key::kSpaceKey});
-  press({Key::kSpaceKey});
-  for (int repeat = 0; repeat < 5; ++repeat) {
-    desktop.time.advance(0.03);
-    desktop.keyboard.repeat(Key::kSpaceKey);
-  }
-  desktop.time.runUntilIdle();
-  EXPECT_EQ(highlightedItem(), "browser");
-}
-
 TEST_F(TriggerTest, LettingAChordGoWithoutAChoiceGoesBackOnce) {
   openChordMenu();
   release({Key::kSpaceKey, Key::kControlKey});
@@ -88,13 +76,6 @@ TEST_F(TriggerTest, PlainKeyIsHeldPointedAndLetGo) {
   release({kKKey});
   EXPECT_FALSE(isMenuUp());
   EXPECT_EQ(frontApplication(), "org.example.browser");
-}
-
-TEST_F(TriggerTest, PlainKeyLetGoWithoutPointingChoosesNothing) {
-  press({kKKey});
-  release({kKKey});
-  EXPECT_FALSE(isMenuUp());
-  EXPECT_EQ(frontApplication(), "org.example.editor");
 }
 
 TEST_F(TriggerTest, PlainKeyTappedFasterThanTheMenuOpensStillClosesIt) {
