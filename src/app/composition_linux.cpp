@@ -108,7 +108,10 @@ struct CompositionLinux::Program {
   Program(const QtX11Access& access, Log& programLog)
       : log(programLog),
         connection(access.connection, access.screenNumber, qtPixelsPerPoint()),
-        events([this](const xcb_generic_event_t& event) { return connection.dispatch(event); }) {}
+        events([this](const xcb_generic_event_t& event) {
+          mainQueue.runWaiting();
+          return connection.dispatch(event);
+        }) {}
 
   PieMenuWindowController::Environment ringEnvironment() {
     return {[this] { return config.current().hapticFeedbackEnabled; },

@@ -1,5 +1,7 @@
 #include "ui/qt/qt_main_queue.h"
 
+#include <QCoreApplication>
+#include <QEvent>
 #include <QMetaObject>
 #include <QPointer>
 #include <algorithm>
@@ -29,6 +31,8 @@ void retire(QTimer* timer) {
 }  // namespace
 
 void QtMainQueue::async(Work work) { QMetaObject::invokeMethod(&context_, std::move(work), Qt::QueuedConnection); }
+
+void QtMainQueue::runWaiting() { QCoreApplication::sendPostedEvents(&context_, QEvent::MetaCall); }
 
 void QtMainQueue::after(double seconds, Work work) {
   QTimer::singleShot(milliseconds(seconds), Qt::PreciseTimer, &context_, std::move(work));

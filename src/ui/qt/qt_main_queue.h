@@ -12,6 +12,9 @@ namespace rondora {
 class QtMainQueue : public MainQueue {
  public:
   void async(Work work) override;
+  /// Runs what waits by `async`. Call it before each event where the toolkit hands over several in one turn: what one
+  /// event leaves for later comes before the next event, as it would on a loop that takes them one at a time.
+  void runWaiting();
   void after(double seconds, Work work) override;
   Subscription workItem(double seconds, Work work) override;
   Subscription timer(double interval, double tolerance, Work work) override;

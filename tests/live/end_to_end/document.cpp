@@ -1,5 +1,6 @@
 #include "live/end_to_end/document.h"
 
+#include <algorithm>
 #include <cstdio>
 
 namespace rondora::live {
@@ -48,8 +49,11 @@ Document menu(const std::string& name, Hotkey hotkey, std::vector<Document> item
 }
 
 Document document(std::vector<Document> menus) {
-  // The special menus are there and switched off, so that the program has nothing to add.
+  // The other special menus are there and switched off, so that the program has nothing to add.
   for (const char* kind : {"runningApps", "appCommands"}) {
+    const bool isThere = std::any_of(menus.begin(), menus.end(),
+                                     [kind](const Document& given) { return given.value("kind", "") == kind; });
+    if (isThere) continue;
     Document special = menu(kind, {}, {});
     special["kind"] = kind;
     special["runningAppsMenuEnabled"] = false;

@@ -45,6 +45,14 @@ TEST_F(QtMainQueueTest, AsynchronousWorkRunsLaterAndInOrder) {
   EXPECT_TRUE(waitUntil([&] { return story == "abc"; }));
 }
 
+TEST_F(QtMainQueueTest, WaitingWorkCanBeMadeToRunNow) {
+  queue->async([&] { story += 'a'; });
+  queue->after(0.001, [&] { story += 'z'; });
+  queue->async([&] { story += 'b'; });
+  queue->runWaiting();
+  EXPECT_EQ(story, "ab");
+}
+
 TEST_F(QtMainQueueTest, WorkFromOtherThreadsRunsOnTheMainThread) {
   const QThread* where = nullptr;
   std::thread([&] { queue->async([&] { where = QThread::currentThread(); }); }).join();
