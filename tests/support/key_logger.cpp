@@ -9,22 +9,50 @@
 
 namespace rondora::live {
 
-KeyLogger::KeyLogger(const std::string& display, const std::string& title)
+KeyLogger::KeyLogger(const std::string& display, const WindowLook& look)
     : connection_(xcb_connect(display.c_str(), nullptr)) {
   xcb_connection_t* connection = connection_.get();
   if (xcb_connection_has_error(connection) != 0) throw std::runtime_error("cannot connect to " + display);
   const xcb_screen_t* screen = xcb_setup_roots_iterator(xcb_get_setup(connection)).data;
   window_ = xcb_generate_id(connection);
   const std::uint32_t values[] = {screen->white_pixel, XCB_EVENT_MASK_KEY_PRESS | XCB_EVENT_MASK_KEY_RELEASE};
-  xcb_create_window(connection, XCB_COPY_FROM_PARENT, window_, screen->root, 20, 20, 300, 200, 0,
+  xcb_create_window(connection, XCB_COPY_FROM_PARENT, window_, screen->root, 20, 20,
+                    static_cast<std::uint16_t>(look.width), static_cast<std::uint16_t>(look.height), 0,
                     XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, XCB_CW_BACK_PIXEL | XCB_CW_EVENT_MASK, values);
-  xcb_change_property(connection, XCB_PROP_MODE_REPLACE, window_, XCB_ATOM_WM_NAME, XCB_ATOM_STRING, 8,
-                      static_cast<std::uint32_t>(title.size()), title.data());
-  const std::string applicationClass = title + '\0' + title + '\0';
-  xcb_change_property(connection, XCB_PROP_MODE_REPLACE, window_, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, 8,
-                      static_cast<std::uint32_t>(applicationClass.size()), applicationClass.data());
+  describe(look);
   xcb_map_window(connection, window_);
   take();
+}
+
+void KeyLogger::describe(const WindowLook& look) const {
+  const auto setText = [this](xcb_atom_t name, const std::string& text) {
+    xcb_change_property(connection_.get(), XCB_PROP_MODE_REPLACE, window_, name, XCB_ATOM_STRING, 8,
+                        static_cast<std::uint32_t>(text.size()), text.data());
+  };
+  const std::string& applicationClass = look.applicationClass.empty() ? look.title : look.applicationClass;
+  setText(XCB_ATOM_WM_NAME, look.title);
+  setText(XCB_ATOM_WM_CLASS, applicationClass + '\0' + applicationClass + '\0');
+  if (look.isFixed) {
+    constexpr std::uint32_t kMinimumAndMaximumSize = 16 | 32;  // ICCCM 4.1.2.3
+    const auto width = static_cast<std::uint32_t>(look.width), height = static_cast<std::uint32_t>(look.height);
+    std::vector<std::uint32_t> hints{kMinimumAndMaximumSize, 0, 0, 0, 0, width, height, width, height};
+    hints.resize(18);
+    setValues(XCB_ATOM_WM_NORMAL_HINTS, XCB_ATOM_WM_SIZE_HINTS, hints);
+  }
+  if (look.isTransparent) setValues(atom("_NET_WM_WINDOW_OPACITY"), XCB_ATOM_CARDINAL, {0});
+  if (!look.type.empty()) setValues(atom("_NET_WM_WINDOW_TYPE"), XCB_ATOM_ATOM, {atom(look.type)});
+}
+
+void KeyLogger::setValues(xcb_atom_t name, xcb_atom_t type, const std::vector<std::uint32_t>& values) const {
+  xcb_change_property(connection_.get(), XCB_PROP_MODE_REPLACE, window_, name, type, 32,
+                      static_cast<std::uint32_t>(values.size()), values.data());
+}
+
+xcb_atom_t KeyLogger::atom(const std::string& name) const {
+  const auto length = static_cast<std::uint16_t>(name.size());
+  const UniqueCPtr<xcb_intern_atom_reply_t, std::free> reply(
+      xcb_intern_atom_reply(connection_.get(), xcb_intern_atom(connection_.get(), 0, length, name.data()), nullptr));
+  return reply->atom;
 }
 
 void KeyLogger::takeFocus() {

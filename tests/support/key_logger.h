@@ -20,11 +20,25 @@ struct LoggedKey {
   std::chrono::steady_clock::time_point received;
 };
 
+/// What a window tells of itself.
+struct WindowLook {
+  std::string title;
+  /// WM_CLASS; the title where it is empty.
+  std::string applicationClass = {};
+  int width = 300, height = 200;
+  /// The user cannot change the size, so that tiling window managers leave it alone.
+  bool isFixed = false;
+  bool isTransparent = false;
+  /// _NET_WM_WINDOW_TYPE; an ordinary window where it is empty.
+  std::string type = {};
+};
+
 /// An application with one window that writes down the keys which it gets.
 class KeyLogger {
  public:
   /// The window is mapped; whether it has the focus is for the window manager to say.
-  KeyLogger(const std::string& display, const std::string& title);
+  KeyLogger(const std::string& display, const WindowLook& look);
+  KeyLogger(const std::string& display, const std::string& title) : KeyLogger(display, WindowLook{title}) {}
 
   xcb_window_t window() const { return window_; }
   /// Gives its window the input focus; for a desktop without a window manager.
@@ -35,6 +49,9 @@ class KeyLogger {
   std::vector<LoggedKey> takeUntilReleaseOf(std::uint8_t code, std::chrono::steady_clock::time_point deadline);
 
  private:
+  void describe(const WindowLook& look) const;
+  void setValues(xcb_atom_t name, xcb_atom_t type, const std::vector<std::uint32_t>& values) const;
+  xcb_atom_t atom(const std::string& name) const;
   void readEvents();
 
   UniqueCPtr<xcb_connection_t, xcb_disconnect> connection_;

@@ -1,10 +1,17 @@
 #include "platform/linux/x11/x11_accessibility.h"
 
+#include <chrono>
 #include <memory>
 #include <numeric>
+#include <thread>
 
 namespace rondora::x11 {
 namespace {
+
+/// The window manager may still be busy with the request of the main thread; a second one that comes after it would
+/// take the user back from wherever he went meanwhile.
+constexpr int kLooks = 20;
+constexpr std::chrono::milliseconds kPause{5};
 
 /// A window of an application.
 class WindowElement final : public AXElement {
@@ -33,8 +40,13 @@ class WindowElement final : public AXElement {
     const auto info = describe();
     if (!info || action != "AXRaise") return false;
     X11WindowList& windows = *worker_.windows();
-    const xcb_window_t active = windows.activeWindow();
-    if (active != window_) windows.activate(*info, active);
+    const xcb_window_t before = windows.activeWindow();
+    xcb_window_t active = before;
+    for (int look = 0; look < kLooks && active == before && active != window_; ++look) {
+      std::this_thread::sleep_for(kPause);
+      active = windows.activeWindow();
+    }
+    if (active == before && active != window_) windows.activate(*info, active);
     return true;
   }
 

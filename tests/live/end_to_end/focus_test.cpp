@@ -1,0 +1,129 @@
+#include <algorithm>
+
+#include "live/end_to_end/end_to_end_test.h"
+#include "support/key_logger.h"
+
+namespace rondora::live {
+namespace {
+
+/// An application with several windows, behind the bystander's, and a ring that brings it forward. Where it is not
+/// running, or is not found, a terminal of its name opens.
+class FocusTest : public UnderWindowManager {
+ protected:
+  void SetUp() override {
+    UnderWindowManager::SetUp();
+    desktop_.addApplication("letters", "Letters");
+    start(document({menu("Main", kControlAltSpace, {applicationItem("letters")})}));
+  }
+
+  KeyLogger show(WindowLook look) {
+    look.applicationClass = "Letters";
+    KeyLogger window(desktop_.display(), look);
+    const bool isManaged =
+        waitUntil([&] { return std::ranges::count(client_.clientList(), window.window()) != 0 || !look.type.empty(); });
+    EXPECT_TRUE(isManaged) << look.title;
+    return window;
+  }
+  void makeActive(const std::string& title) {
+    ASSERT_TRUE(waitUntil([&] { return client_.windowsTitled(title).size() == 1; })) << title;
+    client_.requestActivation(client_.windowsTitled(title).front());
+    ASSERT_TRUE(waitForActive(title)) << title;
+    letProgramSee();
+  }
+  /// Events come in order: when it has opened and closed a ring, it knows of all that happened before. (Of two
+  /// windows that become active one right after the other it only sees the second.)
+  void letProgramSee() {
+    holdChord(key::space);
+    ASSERT_TRUE(program_->waitForRing());
+    client_.tap(key::escape);
+    releaseChord();
+    ASSERT_TRUE(program_->waitForNoRing());
+  }
+  /// Chooses the application from the bystander's window.
+  void chooseIt() {
+    makeActive("Bystander");
+    choose(0, -kMiddleOfRing);
+  }
+  /// The window is active, and a key that the user presses now reaches it.
+  void expectKeyboardAt(KeyLogger& window, const std::string& title) {
+    EXPECT_TRUE(waitForActive(title));
+    EXPECT_TRUE(waitUntil([&] { return client_.inputFocus() == window.window(); })) << title;
+    window.take();
+    client_.tap(key::a);
+    const auto keys = window.takeUntilReleaseOf(key::a, std::chrono::steady_clock::now() + kPatience);
+    EXPECT_EQ(keys.size(), 2U) << title;
+  }
+
+  void run(const std::vector<std::string>& command) { EXPECT_TRUE(desktop_.outputOf(command)) << command.front(); }
+  bool isTiling() const { return GetParam() == WindowManager::i3; }
+  static std::string named(const std::string& title) { return "[title=\"^" + title + "$\"]"; }
+  void moveToSecondDesktop(const std::string& title) {
+    if (isTiling()) return run({"i3-msg", named(title), "move", "container", "to", "workspace", "2"});
+    run({"wmctrl", "-n", "2"});
+    run({"wmctrl", "-F", "-r", title, "-t", "1"});
+  }
+  /// Takes the window off the screen; tiling window managers call it a scratchpad.
+  void minimize(const std::string& title) {
+    if (isTiling()) return run({"i3-msg", named(title), "move", "scratchpad"});
+    run({"xdotool", "windowminimize", std::to_string(client_.windowsTitled(title).front())});
+  }
+};
+
+INSTANTIATE_TEST_SUITE_P(Live, FocusTest,
+                         testing::Values(WindowManager::openbox, WindowManager::xfwm4, WindowManager::i3), nameOf);
+
+TEST_P(FocusTest, TheWindowUsedLastComesForwardAlsoFromAnotherDesktop) {
+  KeyLogger older = show({"Older"});
+  KeyLogger newer = show({"Newer"});
+  makeActive("Newer");
+  makeActive("Older");
+  chooseIt();
+  expectKeyboardAt(older, "Older");
+  makeActive("Newer");
+  chooseIt();
+  expectKeyboardAt(newer, "Newer");
+
+  moveToSecondDesktop("Newer");
+  chooseIt();
+  expectKeyboardAt(newer, "Newer");
+  EXPECT_NE(desktop_.outputOf({"wmctrl", "-d"})->find("\n1  *"), std::string::npos) << "not the second desktop";
+}
+
+TEST_P(FocusTest, AMinimizedWindowComesBackWhenNoneIsOpen) {
+  KeyLogger one = show({"One"});
+  KeyLogger two = show({"Two"});
+  makeActive("One");
+  makeActive("Two");
+  minimize("Two");
+  chooseIt();
+  expectKeyboardAt(one, "One");
+  minimize("One");
+  chooseIt();
+  ASSERT_TRUE(waitForActive("One"));
+  expectKeyboardAt(one, "One");
+}
+
+TEST_P(FocusTest, PalettesAndWindowsThatNobodySeesAreNoPlaceToGo) {
+  KeyLogger usual = show({.title = "Usual"});
+  makeActive("Usual");
+  KeyLogger clear = show({.title = "Clear", .isFixed = true, .isTransparent = true});
+  makeActive("Clear");
+  KeyLogger palette = show({.title = "Palette", .width = 60, .height = 60, .isFixed = true});
+  makeActive("Palette");
+  KeyLogger dock = show({.title = "Dock", .type = "_NET_WM_WINDOW_TYPE_DOCK"});
+  chooseIt();
+  expectKeyboardAt(usual, "Usual");
+}
+
+TEST_P(FocusTest, AnApplicationWithNothingButAPaletteIsStillBroughtForwardAndNotOpenedAgain) {
+  KeyLogger palette = show({.title = "Palette", .width = 60, .height = 60, .isFixed = true});
+  chooseIt();
+  expectKeyboardAt(palette, "Palette");
+  const auto lines = program_->logLines();
+  EXPECT_TRUE(
+      std::ranges::any_of(lines, [](const auto& line) { return line.ends_with("focus letters: no eligible window"); }));
+  EXPECT_TRUE(client_.windowsTitled("Letters").empty());
+}
+
+}  // namespace
+}  // namespace rondora::live
