@@ -168,7 +168,7 @@ struct CompositionLinux::Program {
 
   SessionFacts sessionFacts() const {
     return {isWaylandSession(environment), !statusItemProblem, permissionService.isProcessTrusted(),
-            compositor.hasOwner(), trackpads.access()};
+            trackpads.access()};
   }
 
   void chooseLanguage(AppLanguage language) {
@@ -255,7 +255,6 @@ struct CompositionLinux::Program {
       [this](const PieConfiguration& configuration) { favicons.prefetch(configuration); });
   std::optional<std::string> statusItemProblem;
   desktop::InputTrackpads trackpads;
-  x11::SelectionOwnerWatch compositor{connection, "_NET_WM_CM"};
   SessionReport report{localization, kPcModifierNames};
   QtWindows windows{windowContents()};
   AppDelegate delegate{AppServices{mainQueue,

@@ -41,9 +41,6 @@ std::vector<SessionFinding> SessionReport::findings(const SessionFacts& facts, c
                          ? fails(StringKey::sessionTrackpadUnreadable, StringKey::sessionTrackpadUnreadableRemedy)
                          : fails(StringKey::sessionTrackpadIgnored, StringKey::sessionTrackpadIgnoredRemedy));
   }
-  if (!facts.isComposited) {
-    result.push_back(fails(StringKey::sessionNoCompositor, StringKey::sessionNoCompositorRemedy));
-  }
   return result;
 }
 

@@ -17,7 +17,6 @@ struct SessionFacts {
   bool isWayland = false;
   bool showsStatusItem = true;
   bool canPressKeys = true;
-  bool isComposited = true;
   TrackpadAccess trackpads = TrackpadAccess::none;
 };
 

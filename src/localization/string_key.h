@@ -48,8 +48,6 @@ enum class StringKey {
   sessionTrackpadUnreadable,
   sessionTrackpadIgnoredRemedy,
   sessionTrackpadUnreadableRemedy,
-  sessionNoCompositor,
-  sessionNoCompositorRemedy,
 
   /// Names the paste shortcut as "Command+V" in every language.
   snippetHint,

@@ -53,8 +53,6 @@ constexpr StringTable kArabicStrings = completeTable({
     {StringKey::sessionTrackpadIgnoredRemedy, "افتح هذه القوائم باختصار بدلًا من ذلك؛ يمكنك تعيينه في ملف الإعدادات."},
     {StringKey::sessionTrackpadUnreadableRemedy,
      "افتح هذه القوائم باختصار بدلًا من ذلك. سيستجيب إصدار لاحق للنقر إذا كان حسابك ضمن المجموعة «input»."},
-    {StringKey::sessionNoCompositor, "لا يعمل أي مُركِّب للنوافذ، لذلك تظهر حواف الحلقة حادة."},
-    {StringKey::sessionNoCompositorRemedy, "فعّل تركيب النوافذ (تأثيرات سطح المكتب) في إعدادات سطح المكتب."},
     {StringKey::snippetHint, "نُسخ النص إلى الحافظة. الصقه يدويًا باستخدام Command+V."},
     {StringKey::importRefused, "تعذرت قراءة هذا الملف. يُرجى اختيار نسخة احتياطية صالحة من الإعدادات."},
 });

@@ -54,8 +54,6 @@ constexpr StringTable kBengaliStrings = completeTable({
     {StringKey::sessionTrackpadIgnoredRemedy, "এই মেনুগুলো হটকী দিয়ে খুলুন; কনফিগারেশন ফাইলে সেগুলোকে হটকী দিতে পারেন।"},
     {StringKey::sessionTrackpadUnreadableRemedy,
      "এই মেনুগুলো হটকী দিয়ে খুলুন। আপনার ব্যবহারকারী “input” গ্রুপে থাকলে পরের কোনো সংস্করণ ট্যাপে সাড়া দেবে।"},
-    {StringKey::sessionNoCompositor, "কোনো কম্পোজিটর চলছে না, তাই বলয়ের কিনারা খসখসে দেখায়।"},
-    {StringKey::sessionNoCompositorRemedy, "ডেস্কটপের সেটিংসে কম্পোজিটিং (ডেস্কটপ ইফেক্ট) চালু করুন।"},
     {StringKey::snippetHint, "লেখাটি ক্লিপবোর্ডে কপি হয়েছে। Command+V দিয়ে নিজে পেস্ট করুন।"},
     {StringKey::importRefused, "এই ফাইলটি পড়া গেল না। অনুগ্রহ করে সেটিংসের একটি সঠিক ব্যাকআপ বেছে নিন।"},
 });

@@ -63,9 +63,6 @@ constexpr StringTable kGermanStrings = completeTable({
     {StringKey::sessionTrackpadUnreadableRemedy,
      "Öffnen Sie diese Menüs stattdessen mit einem Tastenkürzel. Eine spätere Version wird auf Tippen reagieren, wenn "
      "Ihr Benutzer zur Gruppe „input“ gehört."},
-    {StringKey::sessionNoCompositor, "Es läuft kein Compositor, daher hat der Ring harte Kanten."},
-    {StringKey::sessionNoCompositorRemedy,
-     "Schalten Sie in den Einstellungen Ihres Desktops die Fenstereffekte (Compositing) ein."},
     {StringKey::snippetHint, "Der Text wurde in die Zwischenablage kopiert. Fügen Sie ihn mit Command+V selbst ein."},
     {StringKey::importRefused,
      "Diese Datei konnte nicht gelesen werden. Bitte wählen Sie eine gültige Sicherung der Einstellungen."},

@@ -57,8 +57,6 @@ constexpr StringTable kEnglishStrings = completeTable({
     {StringKey::sessionTrackpadUnreadableRemedy,
      "Open these menus by hotkey instead. A later version will react to taps if your user belongs to the group "
      "“input”."},
-    {StringKey::sessionNoCompositor, "No compositor is running, so the ring has hard edges."},
-    {StringKey::sessionNoCompositorRemedy, "Turn on compositing (desktop effects) in the settings of your desktop."},
     {StringKey::snippetHint, "Text is copied to the clipboard. Paste it manually with Command+V."},
     {StringKey::importRefused, "Couldn't read this file. Please choose a valid settings backup."},
 });

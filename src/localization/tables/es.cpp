@@ -59,9 +59,6 @@ constexpr StringTable kSpanishStrings = completeTable({
     {StringKey::sessionTrackpadUnreadableRemedy,
      "Abra estos menús con un atajo. Una versión posterior reaccionará a los toques si su usuario pertenece al grupo "
      "«input»."},
-    {StringKey::sessionNoCompositor, "No hay ningún compositor en marcha, por eso el anillo tiene los bordes duros."},
-    {StringKey::sessionNoCompositorRemedy,
-     "Active la composición (efectos de escritorio) en los ajustes de su escritorio."},
     {StringKey::snippetHint, "El texto se ha copiado al portapapeles. Péguelo manualmente con Command+V."},
     {StringKey::importRefused,
      "No se ha podido leer este archivo. Elija una copia de seguridad de los ajustes que sea válida."},

@@ -62,9 +62,6 @@ constexpr StringTable kFrenchStrings = completeTable({
     {StringKey::sessionTrackpadUnreadableRemedy,
      "Ouvrez plutôt ces menus avec un raccourci. Une version ultérieure réagira aux appuis si votre compte appartient "
      "au groupe « input »."},
-    {StringKey::sessionNoCompositor, "Aucun compositeur n’est actif : l’anneau a donc des bords durs."},
-    {StringKey::sessionNoCompositorRemedy,
-     "Activez la composition (les effets de bureau) dans les réglages de votre bureau."},
     {StringKey::snippetHint, "Le texte est copié dans le presse-papiers. Collez-le manuellement avec Command+V."},
     {StringKey::importRefused, "Impossible de lire ce fichier. Veuillez choisir une sauvegarde de réglages valide."},
 });

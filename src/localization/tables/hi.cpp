@@ -53,8 +53,6 @@ constexpr StringTable kHindiStrings = completeTable({
     {StringKey::sessionTrackpadIgnoredRemedy, "इन मेनू को हॉटकी से खोलें; कॉन्फ़िगरेशन फ़ाइल में आप उन्हें हॉटकी दे सकते हैं।"},
     {StringKey::sessionTrackpadUnreadableRemedy,
      "इन मेनू को हॉटकी से खोलें। आगे का कोई संस्करण टैप पहचानेगा, बशर्ते आपका उपयोगकर्ता “input” समूह में हो।"},
-    {StringKey::sessionNoCompositor, "कोई कंपोज़िटर नहीं चल रहा है, इसलिए घेरे के किनारे खुरदरे दिखते हैं।"},
-    {StringKey::sessionNoCompositorRemedy, "डेस्कटॉप की सेटिंग्स में कंपोज़िटिंग (डेस्कटॉप प्रभाव) चालू करें।"},
     {StringKey::snippetHint, "टेक्स्ट क्लिपबोर्ड पर कॉपी हो गया है। इसे Command+V से ख़ुद पेस्ट करें।"},
     {StringKey::importRefused, "यह फ़ाइल पढ़ी नहीं जा सकी। कृपया सेटिंग्स का सही बैकअप चुनें।"},
 });

@@ -59,8 +59,6 @@ constexpr StringTable kIndonesianStrings = completeTable({
     {StringKey::sessionTrackpadUnreadableRemedy,
      "Buka menu-menu ini dengan tombol pintas. Versi mendatang akan menanggapi ketukan bila pengguna Anda termasuk "
      "dalam grup “input”."},
-    {StringKey::sessionNoCompositor, "Tidak ada kompositor yang berjalan, jadi tepi cincin tampak kasar."},
-    {StringKey::sessionNoCompositorRemedy, "Aktifkan komposisi (efek desktop) di pengaturan desktop Anda."},
     {StringKey::snippetHint, "Teks disalin ke papan klip. Tempelkan sendiri dengan Command+V."},
     {StringKey::importRefused, "Berkas ini tidak dapat dibaca. Pilih cadangan pengaturan yang valid."},
 });

@@ -59,9 +59,6 @@ constexpr StringTable kJapaneseStrings = completeTable({
     {StringKey::sessionTrackpadUnreadableRemedy,
      "代わりにホットキーで開いてください。ユーザーが「input」グループに属していれば、今後のバージョンでタップに対応しま"
      "す。"},
-    {StringKey::sessionNoCompositor, "コンポジターが動作していないため、リングの縁が粗く表示されます。"},
-    {StringKey::sessionNoCompositorRemedy,
-     "デスクトップの設定でコンポジット（デスクトップ効果）を有効にしてください。"},
     {StringKey::snippetHint, "テキストをクリップボードにコピーしました。Command+V で貼り付けてください。"},
     {StringKey::importRefused, "このファイルを読み込めませんでした。有効な設定のバックアップを選んでください。"},
 });

@@ -59,9 +59,6 @@ constexpr StringTable kPortugueseStrings = completeTable({
     {StringKey::sessionTrackpadUnreadableRemedy,
      "Abra esses menus com um atalho. Uma versão futura vai reagir a toques se o seu usuário pertencer ao grupo "
      "“input”."},
-    {StringKey::sessionNoCompositor, "Nenhum compositor está em execução, por isso o anel tem bordas duras."},
-    {StringKey::sessionNoCompositorRemedy,
-     "Ative a composição (efeitos da área de trabalho) nas configurações da sua área de trabalho."},
     {StringKey::snippetHint, "O texto foi copiado para a área de transferência. Cole-o manualmente com Command+V."},
     {StringKey::importRefused, "Não foi possível ler este arquivo. Escolha um backup de configurações válido."},
 });

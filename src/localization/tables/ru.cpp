@@ -58,9 +58,6 @@ constexpr StringTable kRussianStrings = completeTable({
     {StringKey::sessionTrackpadUnreadableRemedy,
      "Открывайте эти меню сочетанием клавиш. Одна из следующих версий будет реагировать на касания, если ваш "
      "пользователь состоит в группе «input»."},
-    {StringKey::sessionNoCompositor, "Композитор не запущен, поэтому у кольца резкие края."},
-    {StringKey::sessionNoCompositorRemedy,
-     "Включите композитинг (эффекты рабочего стола) в настройках рабочего стола."},
     {StringKey::snippetHint, "Текст скопирован в буфер обмена. Вставьте его вручную с помощью Command+V."},
     {StringKey::importRefused, "Не удалось прочитать этот файл. Выберите корректную резервную копию настроек."},
 });

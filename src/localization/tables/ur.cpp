@@ -58,8 +58,6 @@ constexpr StringTable kUrduStrings = completeTable({
      "یہ مینو شارٹ کٹ سے کھولیں؛ ترتیبات کی فائل میں آپ انہیں شارٹ کٹ دے سکتے ہیں۔"},
     {StringKey::sessionTrackpadUnreadableRemedy,
      "یہ مینو شارٹ کٹ سے کھولیں۔ اگر آپ کا صارف گروپ ”input“ میں ہو تو آئندہ کوئی ورژن ٹیپ پہچانے گا۔"},
-    {StringKey::sessionNoCompositor, "کوئی کمپوزیٹر نہیں چل رہا، اس لیے دائرے کے کنارے کھردرے ہیں۔"},
-    {StringKey::sessionNoCompositorRemedy, "ڈیسک ٹاپ کی ترتیبات میں کمپوزیٹنگ (ڈیسک ٹاپ اثرات) فعال کریں۔"},
     {StringKey::snippetHint, "متن کلپ بورڈ پر کاپی ہو گیا ہے۔ اسے Command+V سے خود پیسٹ کریں۔"},
     {StringKey::importRefused, "یہ فائل پڑھی نہیں جا سکی۔ براہِ کرم ترتیبات کا درست بیک اپ منتخب کریں۔"},
 });

@@ -47,8 +47,6 @@ constexpr StringTable kChineseStrings = completeTable({
     {StringKey::sessionTrackpadIgnoredRemedy, "请改用快捷键打开这些菜单；可以在配置文件中为它们设置快捷键。"},
     {StringKey::sessionTrackpadUnreadableRemedy,
      "请改用快捷键打开这些菜单。如果您的用户属于“input”组，以后的版本将支持轻点。"},
-    {StringKey::sessionNoCompositor, "没有运行混成器，因此圆环的边缘不平滑。"},
-    {StringKey::sessionNoCompositorRemedy, "请在桌面设置中启用混成（桌面特效）。"},
     {StringKey::snippetHint, "文本已复制到剪贴板。请按 Command+V 手动粘贴。"},
     {StringKey::importRefused, "无法读取此文件。请选择有效的设置备份。"},
 });

@@ -48,7 +48,7 @@ TEST_F(SessionReportTest, SaysWhatWorksAndWhatToDoAboutWhatDoesNot) {
   const HotkeyConfig superTab{48, carbon::kCommand};
   desktop.keyboard.foreignOwners = {{49, carbon::kControl}};
   launch();
-  SessionFacts wayland{.isWayland = true}, bare{.showsStatusItem = false, .canPressKeys = false, .isComposited = false};
+  SessionFacts wayland{.isWayland = true}, bare{.showsStatusItem = false, .canPressKeys = false};
   SessionFacts locked{.trackpads = TrackpadAccess::unreadable};
   const Outline tail{"+Rondora’s icon is ", "+Keystrokes reach the"};
   const auto with = [&](Outline head) { return head.insert(head.end(), tail.begin(), tail.end()), head; };
@@ -57,8 +57,8 @@ TEST_F(SessionReportTest, SaysWhatWorksAndWhatToDoAboutWhatDoesNot) {
   EXPECT_EQ(outline(report({{}, {{49, 0}, controlSpace, {63, 0}}})),
             with({"+This is an X11 sessi", "-The hotkey of the me", "-Rondora cannot use t"}));
   EXPECT_EQ(outline(report({wayland, {{49, 0}}})), with({"-This is a Wayland se"}));
-  EXPECT_EQ(outline(report({bare, {}})), (Outline{"+This is an X11 sessi", "-This desktop has no ",
-                                                  "-The X server takes n", "-No compositor is run"}));
+  EXPECT_EQ(outline(report({bare, {}})),
+            (Outline{"+This is an X11 sessi", "-This desktop has no ", "-The X server takes n"}));
   EXPECT_EQ(report({{}, {}, true}).back().statement.substr(0, 30), "This version does not react to");
   EXPECT_EQ(report({locked, {}, true}).back().statement.substr(0, 30), "Rondora may not read the track");
 }
