@@ -51,19 +51,22 @@ void Stage::showBackground() {
   require(waitUntil([this] { return client.title(client.activeWindow()) == "Background"; }), "no background");
 }
 
+// All keys on one device: with each change of the device the server announces a new keyboard map, which the window
+// manager reads before anything else.
 Moment Stage::press(std::uint8_t key) {
   // The peer holds the keyboard longer than its ring is to be seen.
   require(waitUntil([this] { return client.nothingIsGrabbed(); }), "the keyboard stays taken");
-  client.keyDown(key::control);
-  client.keyDown(key::alt);
+  client.fakeKeyDown(key::control);
+  client.fakeKeyDown(key::alt);
   return watcher->press(key);
 }
 
 void Stage::release(std::uint8_t key) {
-  client.keyUp(key);
-  client.tap(key::escape);
-  client.keyUp(key::alt);
-  client.keyUp(key::control);
+  client.fakeKeyUp(key);
+  client.fakeKeyDown(key::escape);
+  client.fakeKeyUp(key::escape);
+  client.fakeKeyUp(key::alt);
+  client.fakeKeyUp(key::control);
 }
 
 Opening Stage::open(std::uint8_t key) {
