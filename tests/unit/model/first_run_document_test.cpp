@@ -59,6 +59,7 @@ TEST_F(FirstRunDocumentTest, EveryIdIsItsOwn) {
     count += menu.appCommandsDefaultEntries.size();
   }
   EXPECT_EQ(ids.size(), count);
+  EXPECT_FALSE(ids.contains(Uuid()));
   EXPECT_NE(document, PieConfiguration::defaultConfig(random));
 }
 

@@ -18,12 +18,6 @@ TEST(PieMenuTest, TheHubLeavesRoomForTheRing) {
   }
 }
 
-TEST(PieMenuTest, IconsSitWhereTheyDidBeforeTheDistanceCouldBeChosen) {
-  EXPECT_NEAR(PieMenu::defaultIconDistance(76, 150), -0.2838, 1e-4);
-  EXPECT_EQ(PieMenu::defaultIconDistance(12, 12), 1);
-  EXPECT_EQ(PieMenu::defaultIconDistance(12, 5), 1);
-}
-
 TEST(PieMenuTest, ExcludedApplicationsAreComparedWithoutRegardToCase) {
   EXPECT_THAT(PieMenu::deduplicatedRunningAppsExcludedBundleIds({"com.A", "com.a", "com.b", "COM.B", "é", "É"}),
               ElementsAre("com.A", "com.b", "é"));

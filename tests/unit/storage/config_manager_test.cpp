@@ -59,21 +59,6 @@ TEST_F(ConfigManagerTest, FirstStartWritesTheFirstRunDocument) {
   EXPECT_EQ(manager->current().lastModified, kDistantPast);
 }
 
-TEST_F(ConfigManagerTest, SecondStartLeavesTheDocumentAsItIs) {
-  start().save(manager->current());
-  const std::string first = document();
-  start();
-  EXPECT_EQ(document(), first);
-}
-
-TEST_F(ConfigManagerTest, OlderDocumentIsRepairedOnDiskAtOnce) {
-  files.put(url, R"({"schemaVersion": 1, "menus": []})");
-  start();
-  EXPECT_EQ(json()["schemaVersion"], 3);
-  EXPECT_EQ(json()["menus"].size(), 2U);
-  EXPECT_THAT(errors(), IsEmpty());
-}
-
 TEST_F(ConfigManagerTest, UndecodableFileIsKeptAside) {
   files.put(url, "{");
   start();

@@ -34,9 +34,9 @@ class PieConfigurationMigratorTest : public testing::Test {
 
 TEST_F(PieConfigurationMigratorTest, EmptyItemsOfAMenuGetDifferentSymbolsThatItDoesNotUse) {
   menus.resize(1);
-  for (int i = 0; i < 3; ++i) menus[0].items.push_back(item("cat.fill"));
-  // All but four symbols are in use already, by items before and after.
-  for (std::size_t i = 4; i < PieMenuItem::kUnassignedSymbols.size(); ++i) {
+  for (int i = 0; i < 8; ++i) menus[0].items.push_back(item("cat.fill"));
+  // All but eight symbols are in use already, by items before and after.
+  for (std::size_t i = 8; i < PieMenuItem::kUnassignedSymbols.size(); ++i) {
     menus[0].items.push_back(item(std::string(PieMenuItem::kUnassignedSymbols[i]), Snippet{"x"}));
   }
   migrator.replaceLegacyUnassignedIcons(menus);
