@@ -86,7 +86,9 @@ TEST_P(FocusTest, TheWindowUsedLastComesForwardAlsoFromAnotherDesktop) {
   moveToSecondDesktop("Newer");
   chooseIt();
   expectKeyboardAt(newer, "Newer");
-  EXPECT_NE(desktop_.outputOf({"wmctrl", "-d"})->find("\n1  *"), std::string::npos) << "not the second desktop";
+  EXPECT_TRUE(waitUntil([&] {
+    return desktop_.outputOf({"wmctrl", "-d"})->find("\n1  *") != std::string::npos;
+  })) << "not the second desktop";
 }
 
 TEST_P(FocusTest, AMinimizedWindowComesBackWhenNoneIsOpen) {
