@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
+#include <iostream>
 #include <optional>
 #include <ostream>
 #include <string>
@@ -38,6 +39,14 @@ class EndToEndTest : public testing::Test {
         {"xterm", "-class", "Bystander", "-T", "Bystander", "-e", "sh", "-c", "exec cat >\"$0\"", typedFile()});
     ASSERT_TRUE(waitForActive("Bystander"));
     client_.movePointer(kSomewhere);
+  }
+
+  /// What the desktop was like, for whoever reads of the failure.
+  void TearDown() override {
+    if (!HasFailure() || !program_) return;
+    for (const std::string& line : program_->logLines()) std::cerr << "program: " << line << '\n';
+    std::cerr << "active: " << client_.title(client_.activeWindow()) << '\n';
+    for (const xcb_window_t window : client_.clientList()) std::cerr << "window: " << client_.title(window) << '\n';
   }
 
   void start(const Document& document) { program_.emplace(desktop_, client_, document.dump(2)); }
