@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include <map>
 #include <thread>
 
 #include "live/workspace/workspace_test.h"
@@ -68,6 +69,31 @@ TEST_F(IdentityTest, FindsTheDesktopEntriesOfRealApplications) {
   EXPECT_EQ(running("com.apple.finder"), running("pcmanfm"));
   EXPECT_EQ(workspace().frontmostApplication()->bundleIdentifier, "pcmanfm");
   EXPECT_EQ(workspace().frontmostApplication()->window, windowTitled("usr"));
+}
+
+/// By the id of their toolkit, the instance or the class of their windows, or their program file.
+TEST_F(IdentityTest, KnowsADozenApplicationsByWhateverTheyTell) {
+  const std::map<std::string, std::string> commands = {{"debian-xterm", "xterm"},
+                                                       {"galculator", "galculator"},
+                                                       {"gpicview", "gpicview"},
+                                                       {"l3afpad", "l3afpad"},
+                                                       {"lxtask", "lxtask"},
+                                                       {"mtpaint", "mtpaint"},
+                                                       {"org.pwmt.zathura", "zathura"},
+                                                       {"org.xfce.mousepad", "mousepad"},
+                                                       {"pcmanfm", "pcmanfm"},
+                                                       {"rxvt-unicode", "urxvt"},
+                                                       {"st", "st"},
+                                                       {"xarchiver", "xarchiver"},
+                                                       {"xfce4-taskmanager", "xfce4-taskmanager"}};
+  std::vector<std::unique_ptr<ChildProcess>> processes;
+  std::vector<std::string> ids;
+  for (const auto& [id, command] : commands) {
+    processes.push_back(desktop().start({command}));
+    ids.push_back(id);
+  }
+  eventually([&] { return idsOf(workspace().runningApplications()).size() == ids.size(); });
+  EXPECT_THAT(idsOf(workspace().runningApplications()), testing::UnorderedElementsAreArray(ids));
 }
 
 TEST_F(IdentityTest, WindowsOfOneProcessAreOneApplicationAndProcessesAreTwo) {
