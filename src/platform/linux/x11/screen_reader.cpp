@@ -84,19 +84,32 @@ void ScreenPiece::takeOver() {
   received_.reset();
 }
 
-ScreenReader::ScreenReader(const XConnection& connection, PixelTransport transport)
+ScreenReader::ScreenReader(XConnection& connection, PixelTransport transport)
     : connection_(connection),
       transport_(transport),
       isReadable_(transport == PixelTransport::sharedMemory && hasFamiliarPixels(connection) &&
-                  !showsAnotherSystem(connection)) {}
+                  !showsAnotherSystem(connection)) {
+  connection.selectRootEvents(XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+  rootObserver_ = connection.addEventHandler([this](const xcb_generic_event_t& event) {
+    const auto& configured = reinterpret_cast<const xcb_configure_notify_event_t&>(event);
+    if ((event.response_type & 0x7F) == XCB_CONFIGURE_NOTIFY && configured.window == connection_.root()) {
+      root_ = {0, 0, configured.width, configured.height};
+    }
+    return false;
+  });
+  root_ = readRoot();
+}
 
+PixelRect ScreenReader::readRoot() const {
+  const Reply<xcb_get_geometry_reply_t> root(
+      xcb_get_geometry_reply(connection_.get(), xcb_get_geometry(connection_.get(), connection_.root()), nullptr));
+  return root ? PixelRect{0, 0, root->width, root->height} : PixelRect{};
+}
+
+// Where the screen has just become smaller, the server refuses.
 std::unique_ptr<ScreenPiece> ScreenReader::read(const PixelRect& area) const {
   if (!isReadable_ || std::chrono::steady_clock::now() - lastPanel_ < kUntilRepainted) return nullptr;
-  xcb_connection_t* xcb = connection_.get();
-  const Reply<xcb_get_geometry_reply_t> root(
-      xcb_get_geometry_reply(xcb, xcb_get_geometry(xcb, connection_.root()), nullptr));
-  if (!root) return nullptr;
-  const PixelRect part = common(area, {0, 0, root->width, root->height});
+  const PixelRect part = common(area, root_);
   if (part.width <= 0 || part.height <= 0) return nullptr;
   return std::make_unique<ScreenPiece>(connection_, area, part);
 }

@@ -9,6 +9,7 @@
 #include <optional>
 #include <vector>
 
+#include "base/observable.h"
 #include "platform/linux/x11/monitor_layout.h"
 #include "platform/linux/x11/pixel_surface.h"
 #include "platform/linux/x11/x_connection.h"
@@ -44,7 +45,7 @@ class ScreenPiece {
 /// one whose root window is empty because another system shows its windows.
 class ScreenReader {
  public:
-  ScreenReader(const XConnection& connection, PixelTransport transport);
+  ScreenReader(XConnection& connection, PixelTransport transport);
 
   PixelTransport transport() const { return transport_; }
   /// Nothing where the screen cannot be read, or would still show a panel of ours.
@@ -53,9 +54,14 @@ class ScreenReader {
   void panelWentAway() { lastPanel_ = std::chrono::steady_clock::now(); }
 
  private:
+  PixelRect readRoot() const;
+
   const XConnection& connection_;
   PixelTransport transport_;
   bool isReadable_;
+  /// Kept up to date by events, so that reading does not begin with a question.
+  PixelRect root_;
+  Subscription rootObserver_;
   std::chrono::steady_clock::time_point lastPanel_{};
 };
 
