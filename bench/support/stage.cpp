@@ -93,6 +93,13 @@ Opening Stage::openAndClose(std::uint8_t key) {
   return opening;
 }
 
+void Stage::recover() {
+  for (const std::uint8_t key : {key::space, key::b, key::q}) client.fakeKeyUp(key);
+  release(key::escape);
+  release(key::escape);
+  require(watcher->waitForBaseline(kPause, 3 * kLimit), "the screen does not come back");
+}
+
 void Stage::openAndCloseQuickly(std::uint8_t key) {
   press(key);
   require(watcher->firstChange(kVisible, kLimit).has_value(), "no ring on key " + std::to_string(key));

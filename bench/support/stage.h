@@ -35,6 +35,8 @@ class Stage {
   /// Takes the ring away again, with nothing chosen, and waits until the screen and the keyboard are as before.
   void close(std::uint8_t key);
   Opening openAndClose(std::uint8_t key);
+  /// After a failure: all keys up, and whatever ring there is gone.
+  void recover();
   /// Without waiting for anything to stand still.
   void openAndCloseQuickly(std::uint8_t key);
   /// Opens and returns when the captures of the next `duration` differed from the ones before them.
