@@ -5,6 +5,7 @@
 #include <QSocketNotifier>
 #include <QUrl>
 #include <algorithm>
+#include <chrono>
 #include <string>
 #include <utility>
 #include <vector>
@@ -27,6 +28,7 @@
 #include "platform/linux/desktop/serial_thread.h"
 #include "platform/linux/desktop/system_clock.h"
 #include "platform/linux/desktop/system_random.h"
+#include "platform/linux/x11/clipboard_handover.h"
 #include "platform/linux/x11/selection_owner_watch.h"
 #include "platform/linux/x11/x11_accessibility.h"
 #include "platform/linux/x11/x11_application_icons.h"
@@ -41,6 +43,7 @@
 #include "platform/linux/x11/xtest_key_poster.h"
 #include "storage/debounced_save.h"
 #include "storage/legacy_pie_menu_migration.h"
+#include "ui/qt/event_turns.h"
 #include "ui/qt/interface_language.h"
 #include "ui/qt/qt_application_shell.h"
 #include "ui/qt/qt_main_queue.h"
@@ -57,6 +60,9 @@
 
 namespace rondora {
 namespace {
+
+/// A clipboard manager that hangs must not keep the program.
+constexpr std::chrono::seconds kLongestHandover{1};
 
 /// No pointing device of this desktop can be felt.
 class NoHaptics final : public Haptics {
@@ -164,6 +170,12 @@ struct CompositionLinux::Program {
   void openDocumentFolder() {
     const QString folder = QString::fromStdString(config.configURL().parent_path().string());
     workspace.openUrl(QUrl::fromLocalFile(folder).toEncoded().toStdString());
+  }
+
+  /// A snippet outlives the program where a clipboard manager takes it.
+  void handOverClipboard() {
+    x11::ClipboardHandover handover(connection);
+    if (handover.begin()) handleEventsUntil([&handover] { return handover.hasEnded(); }, kLongestHandover);
   }
 
   SessionFacts sessionFacts() const {
@@ -329,6 +341,7 @@ void CompositionLinux::start() {
 void CompositionLinux::terminate() {
   program_->settingsEdits.flush();
   program_->delegate.applicationWillTerminate();
+  program_->handOverClipboard();
   presence_->instance.release();
 }
 

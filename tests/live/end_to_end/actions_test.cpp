@@ -59,5 +59,15 @@ TEST_P(ActionsTest, AddressOpensInItsHandler) {
   EXPECT_TRUE(waitForActive("rondora-test:somewhere"));
 }
 
+TEST_F(EndToEndTest, SnippetOutlivesTheProgramWhereAClipboardManagerRuns) {
+  start(document({menu("Main", kControlAltSpace, {snippetItem(kText)})}));
+  const auto manager = desktop_.start({"xfsettingsd", "--no-daemon", "--disable-wm-check"});
+  ASSERT_TRUE(waitUntil([&] { return client_.selectionOwner("CLIPBOARD_MANAGER") != XCB_NONE; }));
+  choose(0, -kMiddleOfRing);
+  ASSERT_TRUE(waitForClipboard(kText));
+  EXPECT_EQ(program_->terminate(), 0);
+  EXPECT_TRUE(waitForClipboard(kText));
+}
+
 }  // namespace
 }  // namespace rondora::live
