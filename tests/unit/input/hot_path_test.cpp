@@ -13,7 +13,9 @@ class PlainHotkeyService final : public HotkeyService {
   std::optional<Subscription> registerEventHotKey(std::uint32_t, std::uint32_t, EventHotKeyID) override {
     return Subscription([] {});
   }
-  Subscription onModifiersMoved(std::function<void()>) override { return Subscription([] {}); }
+  Subscription onModifiersMoved(std::function<void()>) override {
+    return Subscription([] {});
+  }
   Subscription installEventHandler(Handler newHandler) override {
     handler = std::move(newHandler);
     return Subscription([] {});
