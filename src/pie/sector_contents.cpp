@@ -115,12 +115,15 @@ bool SectorContents::placeInCorners(const PieMenu& menu) {
   const double rightInset = bounded(menu.shortcutDigitInsetRightScale, 0.35, 0.05, 0.9) * labelUnit_;
   constexpr double kSmallest = 1;  // points
   const double smallest = std::max(stackedLabelRadius(), kSmallest);
-  for (double radius = labelRadius_; radius >= smallest; radius *= kStep) {
+  double radius = labelRadius_;
+  while (radius >= smallest) {
     left_ = cornerPlace(leftInset, radius);
     right_ = cornerPlace(rightInset, radius);
-    if (!left_ || !right_) continue;
-    labelRadius_ = radius;
-    return true;
+    if (left_ && right_) {
+      labelRadius_ = radius;
+      return true;
+    }
+    radius *= kStep;
   }
   return false;
 }
