@@ -111,7 +111,7 @@ void PrivateDesktop::startParts(const DesktopParts& parts) {
   XClient client(display());
   if (parts.windowManager != WindowManager::none) {
     startWindowManager(parts.windowManager);
-    require(waitUntil([&] { return client.hasWindowManager(); }), "the window manager");
+    require(waitUntil([&] { return client.windowManagerAnswers(); }), "the window manager");
   }
   if (parts.compositor == Compositor::picom) {
     startPart({"picom", "--config", "/dev/null", "--backend", "xrender"});

@@ -156,9 +156,11 @@ void XClient::sendToRoot(xcb_window_t window, const std::string& type, const std
   sync();
 }
 
-bool XClient::hasWindowManager() {
-  const auto check = property32(screen_->root, "_NET_SUPPORTING_WM_CHECK");
-  return !check.empty() && property32(check.front(), "_NET_SUPPORTING_WM_CHECK") == check;
+// The answer shows that it looks at its events. Openbox 3.6 says long before that it is there, and what it does not
+// look at by then, windows that ask to be mapped among it, is lost.
+bool XClient::windowManagerAnswers() {
+  sendToRoot(window_, "_NET_REQUEST_FRAME_EXTENTS", {});
+  return !property32(window_, "_NET_FRAME_EXTENTS").empty();
 }
 
 xcb_window_t XClient::selectionOwner(const std::string& name) {

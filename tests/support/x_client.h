@@ -72,7 +72,8 @@ class XClient {
   /// itself (repeated held keys) all that was due.
   void letServerRun(std::chrono::milliseconds time);
 
-  bool hasWindowManager();
+  /// Asks the window manager for something that costs nothing; true once one has answered.
+  bool windowManagerAnswers();
   xcb_window_t selectionOwner(const std::string& name);
   xcb_window_t activeWindow();
   xcb_window_t inputFocus();
