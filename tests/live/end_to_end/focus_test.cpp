@@ -13,11 +13,11 @@ class FocusTest : public UnderWindowManager {
   void SetUp() override {
     UnderWindowManager::SetUp();
     desktop_.addApplication("letters", "Letters");
-    start(document({menu("Main", kControlAltSpace, {applicationItem("letters")})}));
+    start(document({menu("Main", kControlAltSpace, {applicationItem("letters"), applicationItem("Stranger")}, -90)}));
   }
 
   KeyLogger show(WindowLook look) {
-    look.applicationClass = "Letters";
+    if (look.applicationClass.empty()) look.applicationClass = "Letters";
     KeyLogger window(desktop_.display(), look);
     const bool isManaged =
         waitUntil([&] { return std::ranges::count(client_.clientList(), window.window()) != 0 || !look.type.empty(); });
@@ -40,9 +40,12 @@ class FocusTest : public UnderWindowManager {
     ASSERT_TRUE(program_->waitForNoRing());
   }
   /// Chooses the application from the bystander's window.
-  void chooseIt() {
+  void chooseIt() { chooseAt(-kMiddleOfRing); }
+  /// An application of that class which is running, but is not installed.
+  void chooseStranger() { chooseAt(kMiddleOfRing); }
+  void chooseAt(int down) {
     makeActive("Bystander");
-    choose(0, -kMiddleOfRing);
+    choose(0, down);
   }
   /// The window is active, and a key that the user presses now reaches it.
   void expectKeyboardAt(KeyLogger& window, const std::string& title) {
@@ -89,6 +92,29 @@ TEST_P(FocusTest, TheWindowUsedLastComesForwardAlsoFromAnotherDesktop) {
   EXPECT_TRUE(waitUntil([&] {
     return desktop_.outputOf({"wmctrl", "-d"})->find("\n1  *") != std::string::npos;
   })) << "not the second desktop";
+
+  if (!isTiling()) return;
+  run({"i3-msg", named("Older"), "layout", "tabbed"});
+  makeActive("Older");
+  chooseIt();  // from another tab, which hides the window
+  expectKeyboardAt(older, "Older");
+}
+
+TEST_P(FocusTest, OfSeveralProcessesTheOneUsedLastComesForward) {
+  std::vector<std::unique_ptr<ChildProcess>> processes;
+  for (const char* title : {"First", "Second"}) {
+    processes.push_back(desktop_.start({"xterm", "-name", "Letters", "-class", "Letters", "-T", title, "-e", "cat"}));
+    ASSERT_TRUE(waitForActive(title));
+  }
+  for (const char* title : {"First", "Second", "First"}) {
+    makeActive(title);
+    chooseIt();
+    EXPECT_TRUE(waitForActive(title));
+  }
+  if (isTiling()) return;
+  minimize("First");
+  chooseIt();
+  EXPECT_TRUE(waitForActive("Second")) << "an open window comes before a minimized one";
 }
 
 TEST_P(FocusTest, AMinimizedWindowComesBackWhenNoneIsOpen) {
@@ -125,6 +151,11 @@ TEST_P(FocusTest, AnApplicationWithNothingButAPaletteIsStillBroughtForwardAndNot
   EXPECT_TRUE(
       std::ranges::any_of(lines, [](const auto& line) { return line.ends_with("focus letters: no eligible window"); }));
   EXPECT_TRUE(client_.windowsTitled("Letters").empty());
+
+  KeyLogger strange =
+      show({.title = "Strange", .applicationClass = "Stranger", .width = 60, .height = 60, .isFixed = true});
+  chooseStranger();
+  expectKeyboardAt(strange, "Strange");
 }
 
 }  // namespace

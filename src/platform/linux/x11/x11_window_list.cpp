@@ -13,7 +13,9 @@ namespace {
 
 constexpr std::uint32_t kSourcePager = 2;
 constexpr std::uint32_t kAllDesktops = 0xFFFFFFFF;
-constexpr std::uint32_t kIconicState = 3;  // WM_STATE (ICCCM 4.1.3.1)
+// WM_STATE (ICCCM 4.1.3.1)
+constexpr std::uint32_t kNormalState = 1;
+constexpr std::uint32_t kIconicState = 3;
 constexpr std::uint32_t kLongestText = 1024;
 constexpr std::uint32_t kLongestList = 64;
 
@@ -123,11 +125,13 @@ bool isOrdinary(const XConnection& connection, const Answers& answers) {
                                        [&](const char* name) { return types.front() == connection.atom(name); });
 }
 
-/// Some window managers put windows of other desktops into the iconic state too (openbox 3.6), hence the EWMH state
-/// counts where there is one.
+/// Some window managers put windows of other desktops into the iconic state too (openbox 3.6), some call a window
+/// hidden that lies behind another tab (i3 4.22): where there are both states, both have to say so.
 bool isIconified(const XConnection& connection, const Answers& answers) {
   const auto states = listOf(answers[netWmState]);
-  if (std::find(states.begin(), states.end(), connection.atom("_NET_WM_STATE_HIDDEN")) != states.end()) return true;
+  if (std::find(states.begin(), states.end(), connection.atom("_NET_WM_STATE_HIDDEN")) != states.end()) {
+    return firstOf(answers[wmState], kIconicState) != kNormalState;
+  }
   const bool knowsStates = answers[netWmDesktop] && answers[netWmDesktop]->type != XCB_ATOM_NONE;
   return !knowsStates && firstOf(answers[wmState], 0) == kIconicState;
 }

@@ -127,6 +127,10 @@ std::vector<RunningApplication> X11Workspace::runningApplications(std::string_vi
   auto applications = runningApplications();
   std::erase_if(applications,
                 [&id](const RunningApplication& application) { return application.bundleIdentifier != id; });
+  const auto preference = [this](const RunningApplication& application) {
+    return std::tuple(application.isHidden, activationRank(static_cast<xcb_window_t>(application.window)));
+  };
+  std::ranges::stable_sort(applications, {}, preference);
   return applications;
 }
 
@@ -167,7 +171,7 @@ void X11Workspace::unhide(const RunningApplication& application) {
 
 std::optional<ApplicationLocation> X11Workspace::urlForApplication(std::string_view bundleIdentifier) const {
   const std::string id = catalogue_.resolve(bundleIdentifier);
-  if (!catalogue_.isInstalled(id)) return std::nullopt;
+  if (!catalogue_.isInstalled(id) && runningApplications(id).empty()) return std::nullopt;
   return ApplicationLocation{id};
 }
 

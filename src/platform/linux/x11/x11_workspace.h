@@ -22,9 +22,12 @@ class X11Workspace final : public Workspace {
   std::optional<RunningApplication> frontmostApplication() const override;
   /// Topmost first.
   std::vector<RunningApplication> runningApplications() const override;
+  /// Of several processes the one that was active last first, those without an open window at the end: stacking says
+  /// little where windows lie side by side.
   std::vector<RunningApplication> runningApplications(std::string_view bundleIdentifier) const override;
   bool activate(const RunningApplication& application) override;
   void unhide(const RunningApplication& application) override;
+  /// What runs is found too, installed or not.
   std::optional<ApplicationLocation> urlForApplication(std::string_view bundleIdentifier) const override;
   void openApplication(const ApplicationLocation& location) override;
   std::optional<ApplicationLocation> applicationAtPath(std::string_view path) const override;
