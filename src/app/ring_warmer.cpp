@@ -1,6 +1,5 @@
 #include "app/ring_warmer.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace rondora {
@@ -35,7 +34,6 @@ void RingWarmer::begin() {
     const bool isDue = isDocumentDue_ || menu.kind == PieMenuKind::runningApps;
     if (isDue && menu.isEnabled() && waiting_.size() < kMostMenus) waiting_.push_back(menu);
   }
-  std::reverse(waiting_.begin(), waiting_.end());
   takeTurn();
 }
 

@@ -51,6 +51,8 @@ class PictureRasterizer {
   virtual ~PictureRasterizer() = default;
 
   virtual std::unique_ptr<PreparedPicture> prepare(Picture picture, double pixelsPerPoint) = 0;
+  /// Does now what `prepare` and the first `paint` of the same picture would take time for.
+  virtual void prepareAhead(Picture picture, double pixelsPerPoint) = 0;
 };
 
 }  // namespace rondora

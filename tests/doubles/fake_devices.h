@@ -67,6 +67,7 @@ class FakePictureRasterizer final : public PictureRasterizer {
     prepared.push_back(std::move(picture));
     return std::make_unique<Prepared>();
   }
+  void prepareAhead(Picture /*picture*/, double /*pixelsPerPoint*/) override {}
 
   std::vector<Picture> prepared;
 

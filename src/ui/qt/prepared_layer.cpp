@@ -4,7 +4,6 @@
 #include <cmath>
 #include <utility>
 
-#include "pie/frosted_glass.h"
 #include "ui/qt/qt_conversions.h"
 
 namespace rondora {
@@ -12,6 +11,11 @@ namespace rondora {
 namespace {
 
 constexpr double kLargestIconSide = 8192;
+
+QImage iconImage(const IconCommand& command, double scale, IconImages& icons) {
+  const QRectF rect = toQRect(command.rect, scale);
+  return icons.image(command, static_cast<int>(std::lround(std::min({rect.width(), rect.height(), kLargestIconSide}))));
+}
 
 struct CommandPreparer {
   IconImages& icons;
@@ -28,10 +32,8 @@ struct CommandPreparer {
     return PreparedStroke{toQPainterPath(command.path, scale), pen};
   }
   PreparedCommand operator()(const IconCommand& command) const {
-    const QRectF rect = toQRect(command.rect, scale);
-    const auto side = static_cast<int>(std::lround(std::min({rect.width(), rect.height(), kLargestIconSide})));
-    QImage image = icons.image(command, side);
-    const QPointF corner = rect.center() - QPointF(image.width() / 2.0, image.height() / 2.0);
+    QImage image = iconImage(command, scale, icons);
+    const QPointF corner = toQRect(command.rect, scale).center() - QPointF(image.width() / 2.0, image.height() / 2.0);
     return PreparedIcon{std::move(image), corner.toPoint()};
   }
   PreparedCommand operator()(const TextCommand& command) const {
@@ -59,14 +61,6 @@ struct CommandPainter {
   void operator()(const std::unique_ptr<PreparedText>& text) const { text->paint(painter); }
 };
 
-QBrush frosted(const PixelBuffer& screen, const BackdropPaint& paint, double pixelsPerPoint) {
-  QImage image(screen.width, screen.height, QImage::Format_RGB32);
-  frost(screen, {paint.blurRadius * pixelsPerPoint, paint.saturation, paint.brightest, paint.veil},
-        {reinterpret_cast<std::uint32_t*>(image.bits()), image.width(), image.height(),
-         static_cast<int>(image.bytesPerLine() / 4)});
-  return {image};
-}
-
 void paint(QPainter& painter, const std::vector<PreparedCommand>& commands) {
   painter.setRenderHint(QPainter::Antialiasing);
   for (const PreparedCommand& command : commands) std::visit(CommandPainter{painter}, command);
@@ -83,17 +77,31 @@ PreparedLayer::PreparedLayer(const PictureLayer& layer, double pixelsPerPoint, I
     commands.reserve(state.size());
     for (const DisplayCommand& command : state) commands.push_back(std::visit(preparer, command));
   }
-  for (std::size_t i = 0; i < std::min(kept_.size(), states_.size()); ++i) {
-    kept_[i].image = QImage(bounds_.size(), QImage::Format_ARGB32_Premultiplied);
-  }
 }
 
-void PreparedLayer::setBackdrop(const PixelBuffer& screen, double pixelsPerPoint) {
+bool PreparedLayer::hasIconsOf(const PictureLayer& layer, double pixelsPerPoint, IconImages& icons) const {
+  for (std::size_t state = 0; state < states_.size(); ++state) {
+    for (std::size_t i = 0; i < states_[state].size(); ++i) {
+      const auto* wanted = std::get_if<IconCommand>(&layer.states[state][i]);
+      const auto* icon = std::get_if<PreparedIcon>(&states_[state][i]);
+      if (wanted != nullptr && icon->image != iconImage(*wanted, pixelsPerPoint, icons)) return false;
+    }
+  }
+  return true;
+}
+
+void PreparedLayer::setBackdrop(const std::function<QBrush(const BackdropPaint&)>& backdropFor) {
   for (auto& commands : states_) {
     for (PreparedCommand& command : commands) {
       auto* fill = std::get_if<PreparedFill>(&command);
-      if (fill != nullptr && fill->backdrop) fill->brush = frosted(screen, *fill->backdrop, pixelsPerPoint);
+      if (fill != nullptr && fill->backdrop) fill->brush = backdropFor(*fill->backdrop);
     }
+  }
+}
+
+void PreparedLayer::makeRoom() {
+  for (std::size_t i = 0; i < std::min(kept_.size(), states_.size()); ++i) {
+    kept_[i].image = QImage(bounds_.size(), QImage::Format_ARGB32_Premultiplied);
   }
 }
 

@@ -9,6 +9,7 @@
 #include <QRect>
 #include <array>
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <variant>
@@ -45,8 +46,13 @@ class PreparedLayer {
 
   QRect bounds() const { return bounds_; }
   bool hasStates() const { return states_.size() > 1; }
-  /// Glass shows `screen`, which outlives the call only.
-  void setBackdrop(const PixelBuffer& screen, double pixelsPerPoint);
+  /// Glass shows what `backdropFor` says.
+  void setBackdrop(const std::function<QBrush(const BackdropPaint&)>& backdropFor);
+  /// Whether preparing the same layer now would find the same icons.
+  bool hasIconsOf(const PictureLayer& layer, double pixelsPerPoint, IconImages& icons) const;
+  /// Has room for the pixels that `draw` keeps, or gives it back with them.
+  void makeRoom();
+  void giveRoomBack() { kept_ = {}; }
   /// Paints all of it without keeping pixels.
   void drawOnce(QPainter& painter, double state, QImage& scratch);
   /// Paints the part inside `area`, which lies in the bounds, over what is there. Between two whole numbers the two

@@ -1,5 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <QDateTime>
+#include <QFile>
+#include <QImage>
+#include <QTemporaryDir>
 #include <algorithm>
 #include <climits>
 #include <cmath>
@@ -159,6 +163,64 @@ TEST_P(PictureRasterizerTest, GlassShowsTheBackdropOrAnImitation) {
     const std::uint32_t wanted = isTold ? 0xFF808000U : 0xBF800040U;
     EXPECT_LE(difference(canvas.at(canvas.side / 2, canvas.side / 2), wanted), 2);
     EXPECT_EQ(canvas.at(1, 1), 0U);
+  }
+}
+
+TEST_P(PictureRasterizerTest, APictureThatIsKeptLooksLikeANewOneOnEveryBackdropAndTwiceAtATime) {
+  Picture picture = ring();
+  BackdropPaint glass;
+  glass.imitation = {0.2, 0.2, 0.2, 0.7};
+  glass.veil = {0, 0, 0, 0.3};
+  FillCommand shadow{Path::circle(kCentre, 98), SolidPaint{{0, 0, 0, 0.3}}};
+  FillCommand pane{Path::circle(kCentre, 88.5), glass};
+  picture.layers.insert(picture.layers.begin(), {{{0, 0}, {kSide, kSide}}, {{shadow, pane}}});
+
+  rasterizer.prepareAhead(picture, GetParam());
+  for (const std::uint32_t beneath : {0xFFFFFFFFU, 0U, 0xFF20C040U, 0xFF000000U}) {
+    QtPictureRasterizer other(applications);
+    const auto kept = rasterizer.prepare(picture, GetParam());
+    const auto second = rasterizer.prepare(picture, GetParam());
+    const auto fresh = other.prepare(picture, GetParam());
+    Canvas screen(GetParam());
+    std::fill(screen.pixels.begin(), screen.pixels.end(), beneath);
+    for (const auto* prepared : {&kept, &fresh, &second}) {
+      if (beneath != 0) (*prepared)->setBackdrop(screen.buffer());
+    }
+    for (const std::vector<double>& states : {std::vector<double>{0, 0, 0, 0, 0}, {0, 0, 1, 0, 0}, {0, 1, 0, 0, 1}}) {
+      Canvas wanted(GetParam());
+      fresh->paint(states, whole(), wanted.buffer());
+      for (const auto* prepared : {&kept, &second}) {
+        Canvas canvas(GetParam());
+        (*prepared)->paint(states, whole(), canvas.buffer());
+        for (std::size_t i = 0; i < canvas.pixels.size(); ++i) {
+          ASSERT_LE(difference(canvas.pixels[i], wanted.pixels[i]), 2) << "pixel " << i << " on " << beneath;
+        }
+      }
+    }
+  }
+}
+
+TEST_P(PictureRasterizerTest, APictureThatIsKeptShowsTheIconOfNow) {
+  const QTemporaryDir folder;
+  const QString file = folder.filePath("icon.png");
+  const auto colourOfIcon = [&] {
+    const IconCommand icon{IconKind::imageFile, file.toStdString(), {{0, 0}, {kSide, kSide}}, {}};
+    const Picture picture{{kSide, kSide}, kCentre, {{{{0, 0}, {kSide, kSide}}, {{icon}}}}};
+    rasterizer.prepareAhead(picture, GetParam());
+    Canvas canvas(GetParam());
+    rasterizer.prepare(picture, GetParam())->paint(std::vector<double>{0}, whole(), canvas.buffer());
+    return canvas.at(canvas.side / 2, canvas.side / 2);
+  };
+  QImage image(8, 8, QImage::Format_RGB32);
+  qint64 second = 1'000'000;
+  for (const QRgb colour : {0xFFFF0000U, 0xFF00FF00U}) {
+    image.fill(colour);
+    ASSERT_TRUE(image.save(file));
+    QFile written(file);
+    ASSERT_TRUE(written.open(QIODevice::ReadWrite));
+    ASSERT_TRUE(written.setFileTime(QDateTime::fromSecsSinceEpoch(++second), QFileDevice::FileModificationTime));
+    written.close();
+    EXPECT_EQ(colourOfIcon(), colour);
   }
 }
 

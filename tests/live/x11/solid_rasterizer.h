@@ -24,6 +24,7 @@ class SolidRasterizer : public PictureRasterizer {
   std::unique_ptr<PreparedPicture> prepare(Picture picture, double /*pixelsPerPoint*/) override {
     return std::make_unique<Prepared>(*this, std::move(picture));
   }
+  void prepareAhead(Picture /*picture*/, double /*pixelsPerPoint*/) override {}
 
   static constexpr std::uint32_t color(double state) { return 0x404040U * (static_cast<std::uint32_t>(state) + 1); }
 

@@ -72,13 +72,17 @@ void ScreenPiece::takeOver() {
   if (reply) {
     const PixelBuffer part = received_->buffer();
     pixels_.resize(static_cast<std::size_t>(area_.width) * static_cast<std::size_t>(area_.height));
-    std::uint32_t* target = pixels_.data();
-    for (int y = area_.y; y < area_.bottom(); ++y) {
-      const int row = std::clamp(y - part_.y, 0, part.height - 1);
+    const int first = std::max(area_.x, part_.x);
+    const int last = std::min(area_.right(), part_.right()) - 1;
+    for (int y = 0; y < area_.height; ++y) {
+      std::uint32_t* target = pixels_.data() + static_cast<std::ptrdiff_t>(y) * area_.width;
+      const int row = std::clamp(area_.y + y - part_.y, 0, part.height - 1);
       const std::uint32_t* source = part.pixels + static_cast<std::ptrdiff_t>(row) * part.stride;
-      for (int x = area_.x; x < area_.right(); ++x) {
-        *target++ = source[std::clamp(x - part_.x, 0, part.width - 1)] | kOpaque;
-      }
+      std::uint32_t* const from = target + (first - area_.x);
+      std::uint32_t* const to = std::transform(source + (first - part_.x), source + (last + 1 - part_.x), from,
+                                               [](std::uint32_t pixel) { return pixel | kOpaque; });
+      std::fill(target, from, *from);
+      std::fill(to, target + area_.width, *(to - 1));
     }
   }
   received_.reset();

@@ -47,7 +47,7 @@ std::unique_ptr<OverlayPanel> X11OverlayPanels::makePanel(const OverlayPanelStyl
 }
 
 void X11OverlayPanels::warmUp(Picture picture) {
-  resources_.rasterizer.prepare(std::move(picture), resources_.connection.pixelsPerPoint());
+  resources_.rasterizer.prepareAhead(std::move(picture), resources_.connection.pixelsPerPoint());
 }
 
 }  // namespace rondora::x11

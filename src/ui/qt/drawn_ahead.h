@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QImage>
+#include <cstdint>
+#include <vector>
+
+namespace rondora {
+
+/// The pixels of a picture but for what shines through its glass, which comes in with one pass over them.
+class DrawnAhead {
+ public:
+  /// The same picture with glass in front of black and of white; both premultiplied and of one size. How much light
+  /// comes through a pixel is how much they differ.
+  DrawnAhead(QImage inFrontOfBlack, const QImage& inFrontOfWhite);
+
+  /// The picture in front of `backdrop`, which is opaque. Both images are of the picture's size; false, and `target` as
+  /// it was, where they are not.
+  bool compose(const QImage& backdrop, QImage& target) const;
+
+  std::size_t byteCount() const { return static_cast<std::size_t>(inFrontOfBlack_.sizeInBytes()) + light_.size(); }
+
+ private:
+  QImage inFrontOfBlack_;
+  std::vector<std::uint8_t> light_;
+};
+
+}  // namespace rondora
