@@ -52,7 +52,8 @@ X11Workspace::X11Workspace(XConnection& connection, X11WindowList& windows, Appl
     return false;
   });
   connection_.flush();
-  if (const xcb_window_t active = windows_.activeWindow()) rememberActive(active);
+  const xcb_window_t focused = readActiveWindow() ? xcb_window_t{XCB_WINDOW_NONE} : windows_.activeWindow();
+  if (focused != XCB_WINDOW_NONE) rememberActive(focused);
   lastActivated_ = frontmostApplication();
 }
 
@@ -90,6 +91,7 @@ std::size_t X11Workspace::activationRank(xcb_window_t window) const {
 }
 
 std::optional<RunningApplication> X11Workspace::frontmostApplication() const {
+  if (frontmost_) return frontmost_;
   const xcb_window_t active = windows_.activeWindow();
   if (active == XCB_WINDOW_NONE) return std::nullopt;
   const auto window = windows_.describe(active);
@@ -199,18 +201,25 @@ Subscription X11Workspace::onDidActivateApplication(std::function<void(const Run
   return didActivate_.subscribe(std::move(observer));
 }
 
-/// Between two windows the property often names none for a moment, and it is often set to what it was already.
-void X11Workspace::activeWindowChanged() {
+/// Whether the window manager names a window.
+bool X11Workspace::readActiveWindow() {
+  frontmost_.reset();
   const auto active =
       connection_.property32(connection_.root(), connection_.atom("_NET_ACTIVE_WINDOW"), XCB_ATOM_WINDOW);
-  if (active.empty() || active.front() == XCB_WINDOW_NONE) return;
+  if (active.empty() || active.front() == XCB_WINDOW_NONE) return false;
   const auto window = windows_.describe(active.front());
-  if (!window) return;
+  if (!window) return false;
   rememberActive(window->window);
-  const RunningApplication application = applicationOf(*window);
-  const bool isNew = !lastActivated_ || !lastActivated_->isSameProcess(application);
-  lastActivated_ = application;
-  if (isNew) didActivate_.send(application);
+  frontmost_ = applicationOf(*window);
+  return true;
+}
+
+/// Between two windows the property often names none for a moment, and it is often set to what it was already.
+void X11Workspace::activeWindowChanged() {
+  if (!readActiveWindow()) return;
+  const bool isNew = !lastActivated_ || !lastActivated_->isSameProcess(*frontmost_);
+  lastActivated_ = frontmost_;
+  if (isNew) didActivate_.send(*lastActivated_);
 }
 
 void X11Workspace::rememberActive(xcb_window_t window) {

@@ -47,6 +47,7 @@ class X11Workspace final : public Workspace {
   std::int32_t processIdentifier(std::int32_t process, const std::string& id) const;
   const WindowInfo* windowToActivate(const RunningApplication& application,
                                      const std::vector<WindowInfo>& windows) const;
+  bool readActiveWindow();
   void activeWindowChanged();
   void rememberActive(xcb_window_t window);
 
@@ -61,6 +62,8 @@ class X11Workspace final : public Workspace {
   /// Last active first.
   std::vector<xcb_window_t> activations_;
   std::optional<RunningApplication> lastActivated_;
+  /// Of the window that the window manager named last; nothing while it names none.
+  std::optional<RunningApplication> frontmost_;
   Signal<const RunningApplication&> didActivate_;
   Subscription rootEvents_;
 };
