@@ -97,11 +97,11 @@ void PieMenuWindowController::makePanel(const PieMenu& menu, double rotationDegr
   highlightState_ = std::make_unique<PieMenuHighlightState>(ports_.haptics);
   window_ = std::make_unique<PieView>(
       PieView::Ports{ports_.overlayPanels, ports_.pointer, ports_.haptics, ports_.mainQueue, ports_.clock},
-      squareAround(pointer, layout.halfSide()),
-      makeRingPicture(
-          menu, layout,
-          {displayedItems_, displayTitles(displayedItems_), displayedShortcutLabels_.labels(), std::move(application)}),
-      displayedItems_.size(), OpeningAnimation::lasting(menu.animationDuration));
+      squareAround(pointer, layout.halfSide()), displayedItems_.size(),
+      OpeningAnimation::lasting(menu.animationDuration));
+  window_->setPicture(makeRingPicture(
+      menu, layout,
+      {displayedItems_, displayTitles(displayedItems_), displayedShortcutLabels_.labels(), std::move(application)}));
   visibleFrame_ = screen ? screen->visibleFrame : window_->frame();
   MouseTrackingNSView& tracking = window_->tracking();
   tracking.center = layout.center();

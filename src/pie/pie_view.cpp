@@ -17,8 +17,7 @@ constexpr double kLongestFade = 0.12;
 
 }  // namespace
 
-PieView::PieView(const Ports& ports, const Rect& frame, Picture picture, std::size_t itemCount,
-                 OpeningAnimation animation)
+PieView::PieView(const Ports& ports, const Rect& frame, std::size_t itemCount, OpeningAnimation animation)
     : ports_(ports),
       frame_(frame),
       itemCount_(itemCount),
@@ -26,10 +25,11 @@ PieView::PieView(const Ports& ports, const Rect& frame, Picture picture, std::si
       animation_(animation),
       fade_(itemCount, std::min(kFadeShare * animation.duration, kLongestFade)) {
   panel_ = ports_.overlayPanels.makePanel(OverlayPanelStyle{}, frame_, *this);
-  panel_->setPicture(std::move(picture));
 }
 
 PieView::~PieView() = default;
+
+void PieView::setPicture(Picture picture) { panel_->setPicture(std::move(picture)); }
 
 void PieView::open() {
   openedAt_ = ports_.clock.uptime();

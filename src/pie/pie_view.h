@@ -29,9 +29,13 @@ class PieView final : private OverlayPanelSink {
     Clock& clock;
   };
 
-  /// `frame` in the coordinate space of the screens, as large as the picture.
-  PieView(const Ports& ports, const Rect& frame, Picture picture, std::size_t itemCount, OpeningAnimation animation);
+  /// `frame` in the coordinate space of the screens, as large as the picture will be.
+  PieView(const Ports& ports, const Rect& frame, std::size_t itemCount, OpeningAnimation animation);
   ~PieView() override;
+
+  /// Once, before `open`. Apart from the constructor, because the panel can find out what lies beneath it while the
+  /// picture is made.
+  void setPicture(Picture picture);
 
   MouseTrackingNSView& tracking() { return tracking_; }
   /// In the coordinate space of the screens.
