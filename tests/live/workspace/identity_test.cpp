@@ -90,9 +90,9 @@ TEST_F(IdentityTest, KnowsADozenApplicationsByWhateverTheyTell) {
   std::vector<std::string> ids;
   for (const auto& [id, command] : commands) {
     processes.push_back(desktop().start({command}));
+    EXPECT_TRUE(eventually([&, wanted = id] { return running(wanted).has_value(); })) << id;
     ids.push_back(id);
   }
-  eventually([&] { return idsOf(workspace().runningApplications()).size() == ids.size(); });
   EXPECT_THAT(idsOf(workspace().runningApplications()), testing::UnorderedElementsAreArray(ids));
 }
 
