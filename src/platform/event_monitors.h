@@ -21,7 +21,7 @@ class EventMonitors {
 
   /// `eventMask` is one of the masks above. Handlers are asked in the order in which they were added.
   [[nodiscard]] virtual Subscription addLocalMonitor(std::uint32_t eventMask, Handler handler) = 0;
-  /// The modifiers physically held now, as event flags; locks are left out.
+  /// The modifiers physically held after the events handled so far, as event flags; locks are left out.
   virtual std::uint64_t currentModifierFlags() const = 0;
 };
 

@@ -45,6 +45,7 @@ XKeymap::XKeymap(XConnection& connection, MainQueue& mainQueue)
   deviceId_ = xkb_x11_get_core_keyboard_device_id(connection.get());
   setClientFlags();
   selectEvents();
+  readHeldModifiers();
   refresh();
   eventHandler_ = connection.addEventHandler([this](const xcb_generic_event_t& event) { return handleEvent(event); });
 }
@@ -74,6 +75,13 @@ void XKeymap::selectEvents() const {
       kMapParts, kMapParts, &details);
 }
 
+// Once: from then on the events tell.
+void XKeymap::readHeldModifiers() {
+  const auto cookie = xcb_xkb_get_state(connection_.get(), XCB_XKB_ID_USE_CORE_KBD);
+  const Reply<xcb_xkb_get_state_reply_t> reply(xcb_xkb_get_state_reply(connection_.get(), cookie, nullptr));
+  heldModifiers_ = reply ? reply->baseMods : std::uint8_t{0};
+}
+
 // Never consumes: the toolkit follows the keyboard too.
 bool XKeymap::handleEvent(const xcb_generic_event_t& event) {
   if (event.response_type == XCB_MAPPING_NOTIFY) {
@@ -88,7 +96,9 @@ bool XKeymap::handleEvent(const xcb_generic_event_t& event) {
       break;
     case XCB_XKB_STATE_NOTIFY: {
       const auto& state = reinterpret_cast<const xcb_xkb_state_notify_event_t&>(event);
-      if (state.changed & XCB_XKB_STATE_PART_MODIFIER_BASE) heldModifiersChanged_.offer(state.baseMods, state.keycode);
+      if ((state.changed & XCB_XKB_STATE_PART_MODIFIER_BASE) == 0) break;
+      heldModifiers_ = state.baseMods;
+      heldModifiersChanged_.offer(state.baseMods, state.keycode);
       break;
     }
     default:
@@ -176,12 +186,6 @@ std::uint64_t XKeymap::eventFlags(std::uint32_t xModifiers) const {
   const auto flag = [&](std::uint16_t mask, std::uint64_t bit) { return (xModifiers & mask) != 0 ? bit : 0; };
   return flag(masks_.shift, event_flags::kShift) | flag(masks_.control, event_flags::kControl) |
          flag(masks_.option, event_flags::kOption) | flag(masks_.command, event_flags::kCommand);
-}
-
-std::uint64_t XKeymap::heldEventFlags() const {
-  const auto cookie = xcb_xkb_get_state(connection_.get(), XCB_XKB_ID_USE_CORE_KBD);
-  const Reply<xcb_xkb_get_state_reply_t> reply(xcb_xkb_get_state_reply(connection_.get(), cookie, nullptr));
-  return reply ? eventFlags(reply->baseMods) : 0;
 }
 
 std::string XKeymap::characters(xcb_keycode_t key, std::uint16_t state) {

@@ -49,8 +49,9 @@ class XKeymap {
   std::optional<std::uint16_t> xModifiers(std::uint32_t carbonModifiers) const;
   /// Event flags of an X modifier mask; locks are left out.
   std::uint64_t eventFlags(std::uint32_t xModifiers) const;
-  /// The modifiers physically held now, as event flags. Asks the server.
-  std::uint64_t heldEventFlags() const;
+  /// The modifiers physically held after the events handled so far, as event flags. The server would answer for events
+  /// that still wait, too: a release would then overtake the motion before it.
+  std::uint64_t heldEventFlags() const { return eventFlags(heldModifiers_); }
   bool isModifierKey(xcb_keycode_t key) const { return modifierKeys_[key]; }
 
   /// The texts that the key types in `state`, the state field of a core event.
@@ -72,6 +73,7 @@ class XKeymap {
  private:
   void setClientFlags() const;
   void selectEvents() const;
+  void readHeldModifiers();
   bool handleEvent(const xcb_generic_event_t& event);
   void markStale();
   void refresh();
@@ -89,6 +91,7 @@ class XKeymap {
   UniqueCPtr<xkb_keymap, xkb_keymap_unref> keymap_;
   UniqueCPtr<xkb_state, xkb_state_unref> state_;
   ModifierMasks masks_;
+  std::uint8_t heldModifiers_ = 0;
   std::bitset<256> modifierKeys_;
   bool isStale_ = false;
   Signal<> changed_;
