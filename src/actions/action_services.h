@@ -31,8 +31,8 @@ struct ActionServices {
   /// `accessibilityQueue` carries the label RunningAppFocus::kQueueLabel.
   ActionServices(const Ports& ports, std::unique_ptr<SerialQueue> accessibilityQueue)
       : frontmostAppWaiter(ports.workspace, ports.mainQueue, ports.clock, ports.log),
-        keystrokeSender(
-            {ports.permissions, frontmostAppWaiter, ports.keyEvents, ports.workspace, ports.clock, ports.log}),
+        keystrokeSender({ports.permissions, frontmostAppWaiter, ports.keyEvents, ports.workspace, ports.mainQueue,
+                         ports.clock, ports.log}),
         spaceSwitcher({ports.spaces, ports.symbolicHotKeys, ports.keyEvents, ports.clock, ports.log}),
         runningAppFocus({ports.workspace, ports.windowList, ports.frontProcess, ports.permissions, ports.accessibility,
                          spaceSwitcher, ports.log},

@@ -10,6 +10,7 @@ namespace {
 
 constexpr double kLongestWait = 0.5;  // seconds
 constexpr double kKeyHold = 0.012;    // seconds
+constexpr double kNextLook = 0.02;    // seconds
 
 constexpr std::uint64_t kNumericPadFlag = 0x200000;
 constexpr std::uint64_t kSecondaryFunctionFlag = 0x800000;
@@ -40,8 +41,16 @@ void KeystrokeSender::perform(std::int64_t keyCode, std::int64_t modifiers, std:
     return;
   }
   const WallTime deadline = ports_.clock.now() + kLongestWait;
-  ports_.frontmostAppWaiter.poll(
-      targetPID, deadline, weak_.bind([keyCode, modifiers](KeystrokeSender& self) { self.post(keyCode, modifiers); }));
+  ports_.frontmostAppWaiter.poll(targetPID, deadline, weak_.bind([keyCode, modifiers](KeystrokeSender& self) {
+    self.postWhenApplicationsAreReached(keyCode, modifiers);
+  }));
+}
+
+void KeystrokeSender::postWhenApplicationsAreReached(std::int64_t keyCode, std::int64_t modifiers) {
+  if (ports_.keyEvents.reachesApplications()) return post(keyCode, modifiers);
+  ports_.mainQueue.after(kNextLook, weak_.bind([keyCode, modifiers](KeystrokeSender& self) {
+    self.postWhenApplicationsAreReached(keyCode, modifiers);
+  }));
 }
 
 void KeystrokeSender::post(std::int64_t keyCode, std::int64_t modifiers) {

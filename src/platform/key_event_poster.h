@@ -30,6 +30,8 @@ class KeyEventPoster {
   /// An event with these flags; nothing when the keyboard has no such key, or no key for one of the modifiers.
   virtual std::optional<SyntheticKeyEvent> makeKeyEvent(KeyEventSourceState source, std::uint16_t keyCode, bool isDown,
                                                         std::uint64_t flags) = 0;
+  /// False while our own overlay would take what is typed.
+  virtual bool reachesApplications() const = 0;
   /// Keys that the user holds stay as they are for the user: neither do they change what the receiver sees, nor are
   /// they left released or pressed by this.
   virtual void post(const SyntheticKeyEvent& event, KeyEventTap tap) = 0;

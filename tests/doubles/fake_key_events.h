@@ -24,11 +24,13 @@ class FakeKeyEvents final : public KeyEventPoster {
     if (missingKeys.contains(keyCode)) return std::nullopt;
     return SyntheticKeyEvent{source, keyCode, isDown, flags};
   }
+  bool reachesApplications() const override { return !isTakenByOverlay; }
   void post(const SyntheticKeyEvent& event, KeyEventTap tap) override {
     posted.push_back({event, tap, clock_.uptime()});
   }
 
   std::set<std::uint16_t> missingKeys;
+  bool isTakenByOverlay = false;
   std::vector<Posted> posted;
 
  private:

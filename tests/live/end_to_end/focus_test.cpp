@@ -100,6 +100,19 @@ TEST_P(FocusTest, TheWindowUsedLastComesForwardAlsoFromAnotherDesktop) {
   expectKeyboardAt(older, "Older");
 }
 
+TEST_P(FocusTest, TheUserIsNotTakenBackFromWhereHeGoesNext) {
+  KeyLogger letters = show({"Letters"});
+  KeyLogger next = show({.title = "Next", .applicationClass = "Next"});
+  for (int round = 0; round < 10; ++round) {
+    chooseIt();
+    ASSERT_TRUE(waitForActive("Letters"));
+    client_.requestActivation(next.window());
+    ASSERT_TRUE(waitForActive("Next"));
+    client_.letServerRun(std::chrono::milliseconds(200));
+    ASSERT_EQ(client_.title(client_.activeWindow()), "Next") << "round " << round;
+  }
+}
+
 TEST_P(FocusTest, OfSeveralProcessesTheOneUsedLastComesForward) {
   std::vector<std::unique_ptr<ChildProcess>> processes;
   for (const char* title : {"First", "Second"}) {

@@ -98,6 +98,20 @@ TEST_P(KeystrokeTest, EachOneArrivesOnceAsItWasChosenWhereTheUserWorked) {
   EXPECT_TRUE(std::all_of(strayed.begin(), strayed.end(), [](const LoggedKey& key) { return isModifier(key.code); }));
 }
 
+/// The key of the first choice comes due while the ring of the next one is open.
+TEST_P(KeystrokeTest, NoneIsLostToARingThatIsOpenedAgainAtOnce) {
+  logger_->take();
+  ASSERT_NO_FATAL_FAILURE(choose(kTargets[0], 0));
+  ASSERT_TRUE(open());
+  client_.letServerRun(std::chrono::milliseconds(400));
+  ASSERT_TRUE(program_->ring()) << "the typed key has closed it";
+  pointTo(kTargets[1].right, kTargets[1].down);
+  releaseChord();
+  EXPECT_EQ(arrived(kTargets[0]).size(), 2U);
+  EXPECT_EQ(arrived(kTargets[1]).size(), 2U);
+  expectAtRest();
+}
+
 /// The program, caught while it holds a key.
 class KilledWhileTypingTest : public KeystrokeTest {
  protected:

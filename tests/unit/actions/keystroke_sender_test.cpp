@@ -19,8 +19,8 @@ class KeystrokeSenderTest : public ::testing::Test {
  protected:
   FakePlatform desktop_;
   FrontmostAppWaiter waiter_{desktop_.workspace, desktop_.time, desktop_.time, desktop_.log};
-  KeystrokeSender sender_{
-      {desktop_.permissions, waiter_, desktop_.keyEvents, desktop_.workspace, desktop_.time, desktop_.log}};
+  KeystrokeSender sender_{{desktop_.permissions, waiter_, desktop_.keyEvents, desktop_.workspace, desktop_.time,
+                           desktop_.time, desktop_.log}};
 };
 
 TEST_F(KeystrokeSenderTest, PressesHoldsAndReleasesOneKey) {
@@ -72,6 +72,16 @@ TEST_F(KeystrokeSenderTest, TypesAnywayWhenTheTargetStaysBehind) {
   desktop_.time.advance(0.04);
   EXPECT_EQ(desktop_.keyEvents.posted.size(), 2U);
   EXPECT_EQ(desktop_.log.lines.front().text, "target pid 4711 not frontmost in time, acting anyway");
+}
+
+TEST_F(KeystrokeSenderTest, AnOverlayThatWouldTakeTheKeyIsWaitedFor) {
+  desktop_.keyEvents.isTakenByOverlay = true;
+  sender_.perform(8, kCommand, std::nullopt);
+  desktop_.time.advance(10);
+  EXPECT_THAT(desktop_.keyEvents.posted, IsEmpty());
+  desktop_.keyEvents.isTakenByOverlay = false;
+  desktop_.time.advance(0.021);
+  EXPECT_EQ(desktop_.keyEvents.posted.size(), 2U);
 }
 
 TEST_F(KeystrokeSenderTest, AKeyThatCannotBeMadeIsLoggedAndTypesNothing) {

@@ -9,7 +9,8 @@
 
 namespace rondora::x11 {
 
-/// Which window belonged to which process when the windows were last listed, front to back. Any thread.
+/// Which window belonged to which process when the windows were last listed, front to back, and which one was active
+/// when an application was last asked to come forward. Any thread.
 class WindowOwners {
  public:
   struct Owned {
@@ -20,6 +21,16 @@ class WindowOwners {
   void replace(std::vector<Owned> windows) {
     const std::lock_guard lock(mutex_);
     windows_ = std::move(windows);
+  }
+
+  void setActiveBefore(xcb_window_t window) {
+    const std::lock_guard lock(mutex_);
+    activeBefore_ = window;
+  }
+
+  xcb_window_t activeBefore() const {
+    const std::lock_guard lock(mutex_);
+    return activeBefore_;
   }
 
   std::vector<xcb_window_t> windowsOf(std::int32_t processIdentifier) const {
@@ -34,6 +45,7 @@ class WindowOwners {
  private:
   mutable std::mutex mutex_;
   std::vector<Owned> windows_;
+  xcb_window_t activeBefore_ = XCB_WINDOW_NONE;
 };
 
 }  // namespace rondora::x11

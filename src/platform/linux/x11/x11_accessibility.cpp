@@ -9,14 +9,16 @@ namespace rondora::x11 {
 namespace {
 
 /// The window manager may still be busy with the request of the main thread; a second one that comes after it would
-/// take the user back from wherever he went meanwhile.
+/// take the user back from wherever he went meanwhile. Nor is one due when the active window is another than before
+/// the first: it has been granted, and the user may have gone on.
 constexpr int kLooks = 20;
 constexpr std::chrono::milliseconds kPause{5};
 
 /// A window of an application.
 class WindowElement final : public AXElement {
  public:
-  WindowElement(WorkerConnection& worker, xcb_window_t window) : worker_(worker), window_(window) {}
+  WindowElement(WorkerConnection& worker, const WindowOwners& owners, xcb_window_t window)
+      : worker_(worker), owners_(owners), window_(window) {}
 
   /// The window manager answers, not the application.
   void setMessagingTimeout(double /*seconds*/) override {}
@@ -40,8 +42,8 @@ class WindowElement final : public AXElement {
     const auto info = describe();
     if (!info || action != "AXRaise") return false;
     X11WindowList& windows = *worker_.windows();
-    const xcb_window_t before = windows.activeWindow();
-    xcb_window_t active = before;
+    const xcb_window_t before = owners_.activeBefore();
+    xcb_window_t active = windows.activeWindow();
     for (int look = 0; look < kLooks && active == before && active != window_; ++look) {
       std::this_thread::sleep_for(kPause);
       active = windows.activeWindow();
@@ -59,6 +61,7 @@ class WindowElement final : public AXElement {
   }
 
   WorkerConnection& worker_;
+  const WindowOwners& owners_;
   xcb_window_t window_;
 };
 
@@ -111,7 +114,7 @@ X11WindowList* WorkerConnection::windows() {
 AXElementRef X11Accessibility::application(std::int32_t processIdentifier) {
   std::vector<AXElementRef> windows;
   for (const xcb_window_t window : owners_.windowsOf(processIdentifier)) {
-    windows.push_back(std::make_shared<WindowElement>(worker_, window));
+    windows.push_back(std::make_shared<WindowElement>(worker_, owners_, window));
   }
   return std::make_shared<ApplicationElement>(std::move(windows));
 }

@@ -98,6 +98,7 @@ std::int32_t X11WindowServer::setFrontProcess(ProcessSerialNumber process, std::
   const auto target = windows_.describe(window);
   if (!target) return kIllegalArgument;
   const xcb_window_t active = windows_.activeWindow();
+  owners_.setActiveBefore(active);
   const auto frontmost = workspace_.frontmostApplication();
   const bool isInFront = frontmost && static_cast<std::uint32_t>(frontmost->processIdentifier) == process.low;
   if (!isInFront) windows_.activate(*target, active);

@@ -46,6 +46,7 @@ class XKeyboard {
   void beginOverlay();
   /// Call it just before the request that ungrabs the keyboard.
   void endOverlay();
+  bool overlayHasKeyboard() const { return overlayHasKeyboard_; }
   /// Call it just before a key is typed into another program: no key that is still held takes it from there. The typed
   /// key ends the repeating of the others.
   void freeHeldKeys() { heldKeys_.releaseAll(); }

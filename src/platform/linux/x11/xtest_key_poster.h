@@ -27,6 +27,7 @@ class XTestKeyPoster final : public KeyEventPoster {
 
   std::optional<SyntheticKeyEvent> makeKeyEvent(KeyEventSourceState source, std::uint16_t keyCode, bool isDown,
                                                 std::uint64_t flags) override;
+  bool reachesApplications() const override { return !heldKeys_.overlayHasKeyboard(); }
   void post(const SyntheticKeyEvent& event, KeyEventTap tap) override;
 
  private:
