@@ -39,7 +39,10 @@ void prepareQt() {
   QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
 }
 
+// Compressing drops a motion when another one waits, even where a release lies between: the choice would be judged by
+// an older place. The platform plugin switches it on, hence after the application object was made.
 void configureQt(QApplication& application, const char* identifier) {
+  QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
   application.setApplicationName("Rondora");
   QGuiApplication::setDesktopFileName(identifier);
   application.setQuitOnLastWindowClosed(false);

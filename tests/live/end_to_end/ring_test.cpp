@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <csignal>
 #include <cstdlib>
 
 #include "live/end_to_end/end_to_end_test.h"
@@ -81,6 +82,18 @@ TEST_P(RingTest, ReleaseChoosesAndTheActiveWindowNeverChanges) {
   expectAtRest();
   EXPECT_EQ(client_.activeWindow(), active);
   EXPECT_EQ(client_.inputFocus(), focus);
+}
+
+/// The hand goes on after letting go, and the program, which was kept from running, learns of all of it at once.
+TEST_P(RingTest, ReleaseChoosesByWhereThePointerWasThen) {
+  ASSERT_TRUE(open());
+  kill(program_->pid(), SIGSTOP);
+  pointTo(0, -kMiddleOfRing);
+  releaseChord();
+  pointTo(0, kMiddleOfRing);
+  kill(program_->pid(), SIGCONT);
+  EXPECT_TRUE(waitForClipboard("Clock 0"));
+  expectAtRest();
 }
 
 TEST_P(RingTest, ClickFarOutsideTheRingChoosesByDirection) {

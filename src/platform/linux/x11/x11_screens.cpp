@@ -57,9 +57,7 @@ bool X11Screens::handleEvent(const xcb_generic_event_t& event) {
   if (type == XCB_PROPERTY_NOTIFY) {
     if (isAboutPanels(reinterpret_cast<const xcb_property_notify_event_t&>(event).atom)) workAreas_.reset();
   } else if (type == XCB_CONFIGURE_NOTIFY) {
-    // Reported to the root window, but perhaps of a child: the toolkit drops such an event when a later one waits, so
-    // that the last of several may stand for the root's own.
-    if (reinterpret_cast<const xcb_configure_notify_event_t&>(event).event == connection_.root()) markMonitorsStale();
+    if (reinterpret_cast<const xcb_configure_notify_event_t&>(event).window == connection_.root()) markMonitorsStale();
   } else if (firstRandrEvent_ != 0 && (type == firstRandrEvent_ + XCB_RANDR_SCREEN_CHANGE_NOTIFY ||
                                        type == firstRandrEvent_ + XCB_RANDR_NOTIFY)) {
     markMonitorsStale();
