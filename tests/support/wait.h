@@ -6,7 +6,7 @@
 namespace rondora::live {
 
 /// Long enough for a loaded machine; only a failing test ever waits that long.
-inline constexpr std::chrono::seconds kPatience{15};
+inline constexpr std::chrono::seconds kPatience{30};
 
 /// Asks again and again until the condition holds; false when the time is up.
 template <class Condition>

@@ -23,7 +23,10 @@ class DefaultApplicationsTest : public testing::Test {
     ++generation_;
     const std::string mark = "application/x-mark-" + std::to_string(generation_);
     applicationsFolder().setDefaults(lines + mark + "=player.desktop\n");
-    ASSERT_TRUE(live::waitUntil([&] { return defaults_.handlerOfType(mark.c_str()).has_value(); }));
+    ASSERT_TRUE(live::waitUntil([&] {
+      g_main_context_iteration(nullptr, FALSE);
+      return defaults_.handlerOfType(mark.c_str()).has_value();
+    }));
   }
 
   static inline int generation_ = 0;

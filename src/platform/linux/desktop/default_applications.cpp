@@ -138,6 +138,14 @@ std::optional<std::string> DefaultApplications::resolve(std::string_view bundleI
 }
 
 std::optional<std::string> DefaultApplications::handlerOfType(const char* mimeType) const {
+  if (version_ != entries_.version()) handlers_.clear();
+  version_ = entries_.version();
+  const auto known = handlers_.find(std::string_view(mimeType));
+  if (known != handlers_.end()) return known->second;
+  return handlers_[mimeType] = readHandlerOfType(mimeType);
+}
+
+std::optional<std::string> DefaultApplications::readHandlerOfType(const char* mimeType) const {
   const GOwned<GAppInfo> application(g_app_info_get_default_for_type(mimeType, FALSE));
   auto id = idOf(application.get());
   if (id && !entries_.contains(*id)) return std::nullopt;

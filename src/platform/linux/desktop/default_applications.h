@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -24,12 +26,16 @@ class DefaultApplications {
   std::optional<std::string> handlerOfType(const char* mimeType) const;
 
  private:
+  std::optional<std::string> readHandlerOfType(const char* mimeType) const;
   std::optional<std::string> terminal() const;
   std::optional<std::string> terminalAlternative() const;
   std::optional<std::string> settings() const;
 
   const DesktopEntries& entries_;
   const ProcessEnvironment& environment_;
+  /// By MIME type, of that version of the entries: asking reads files, and every opening of a ring asks.
+  mutable std::map<std::string, std::optional<std::string>, std::less<>> handlers_;
+  mutable unsigned version_ = 0;
 };
 
 }  // namespace rondora::desktop

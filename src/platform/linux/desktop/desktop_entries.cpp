@@ -114,16 +114,16 @@ struct DesktopEntries::Monitor {
   GOwned<GAppInfoMonitor> monitor{g_app_info_monitor_get()};
   gulong handler = 0;
 
-  explicit Monitor(std::unique_ptr<Index>& index) {
-    const auto forget = +[](GAppInfoMonitor*, gpointer data) { static_cast<std::unique_ptr<Index>*>(data)->reset(); };
-    handler = g_signal_connect(monitor.get(), "changed", G_CALLBACK(forget), &index);
+  explicit Monitor(DesktopEntries& entries) {
+    const auto forget = +[](GAppInfoMonitor*, gpointer data) { static_cast<DesktopEntries*>(data)->forget(); };
+    handler = g_signal_connect(monitor.get(), "changed", G_CALLBACK(forget), &entries);
   }
   ~Monitor() { g_signal_handler_disconnect(monitor.get(), handler); }
   Monitor(const Monitor&) = delete;
   Monitor& operator=(const Monitor&) = delete;
 };
 
-DesktopEntries::DesktopEntries() : monitor_(std::make_unique<Monitor>(index_)) {}
+DesktopEntries::DesktopEntries() : monitor_(std::make_unique<Monitor>(*this)) {}
 
 DesktopEntries::~DesktopEntries() = default;
 
@@ -132,6 +132,11 @@ void DesktopEntries::warm() const { index(); }
 const DesktopEntries::Index& DesktopEntries::index() const {
   if (!index_) index_ = std::make_unique<Index>();
   return *index_;
+}
+
+void DesktopEntries::forget() {
+  index_.reset();
+  ++version_;
 }
 
 GDesktopAppInfo* DesktopEntries::find(std::string_view id) const {

@@ -26,6 +26,9 @@ class DesktopEntries {
   /// Reads the entries now (some tens of milliseconds), so that no later question has to.
   void warm() const;
 
+  /// Another one after the entries, or what opens which kind of file, changed.
+  unsigned version() const { return version_; }
+
   bool contains(std::string_view id) const { return find(id) != nullptr; }
   /// Valid until the entries are read again; null when there is none.
   GDesktopAppInfo* find(std::string_view id) const;
@@ -43,9 +46,11 @@ class DesktopEntries {
   struct Monitor;
 
   const Index& index() const;
+  void forget();
 
-  std::unique_ptr<Monitor> monitor_;
   mutable std::unique_ptr<Index> index_;
+  unsigned version_ = 0;
+  std::unique_ptr<Monitor> monitor_;
 };
 
 }  // namespace rondora::desktop
