@@ -38,6 +38,10 @@ class FaviconsTest : public testing::Test {
     favicons->prefetch(configuration);
   }
   void pass(double seconds) { time.advance(seconds); }
+  void useForAMoment(std::vector<PieMenuItem> items) {
+    use(std::move(items));
+    pass(kMoment);
+  }
   /// What the file of the site's picture holds; empty for none.
   std::string picture(std::string_view site) const {
     const auto file = favicons->picture(site);
@@ -91,8 +95,7 @@ TEST_F(FaviconsTest, ASiteWithoutUsableLinksIsAskedForItsUsualPicture) {
   web.pages["https://www.a.org/start/broken.png"] = page("<html>not here</html>");
   web.pages["https://www.a.org/start/huge.png"] = page("picture " + std::string(2 << 20, 'x'));
   web.pages["https://www.a.org/favicon.ico"] = page("picture usual");
-  use({item("favicon:a.org")});
-  pass(kMoment);
+  useForAMoment({item("favicon:a.org")});
   EXPECT_THAT(web.asked, ElementsAre("https://a.org/", "https://www.a.org/start/", "https://www.a.org/start/broken.png",
                                      "https://www.a.org/start/huge.png", "https://www.a.org/favicon.ico"));
   EXPECT_EQ(picture("https://a.org"), "png usual");
@@ -103,15 +106,13 @@ TEST_F(FaviconsTest, RedirectionsEnd) {
   web.pages["https://a.org/again"] = redirection("/again");
   web.pages["https://a.org/favicon.ico"] = redirection("http://a.org/favicon.ico");
   web.pages["http://a.org/favicon.ico"] = page("picture insecure");
-  use({item("favicon:a.org")});
-  pass(kMoment);
+  useForAMoment({item("favicon:a.org")});
   EXPECT_EQ(web.asked.size(), 7u);
   EXPECT_EQ(picture("https://a.org"), "");
 }
 
 TEST_F(FaviconsTest, ASiteWithoutAPictureIsLeftAloneForAWeekAlsoAfterARestart) {
-  use({item("favicon:a.org")});
-  pass(kMoment);
+  useForAMoment({item("favicon:a.org")});
   EXPECT_THAT(web.takeAsked(), ElementsAre("https://a.org/", "https://a.org/favicon.ico"));
   pass(6 * kDay);
   restart();
@@ -125,8 +126,7 @@ TEST_F(FaviconsTest, ASiteWithoutAPictureIsLeftAloneForAWeekAlsoAfterARestart) {
 
 TEST_F(FaviconsTest, AnUnreachableSiteIsTriedMoreAndMoreRarelyAndKeepsItsOldPicture) {
   web.pages["https://a.org/favicon.ico"] = page("picture old");
-  use({item("favicon:a.org")});
-  pass(kMoment);
+  useForAMoment({item("favicon:a.org")});
   web.silent = {"https://a.org/", "https://a.org/favicon.ico"};
   pass(30 * kDay);
   web.takeAsked();
@@ -179,21 +179,18 @@ TEST_F(FaviconsTest, AFewSitesAreAskedAtATimeAndNoneHoldsTheOthersUpForLong) {
 
 TEST_F(FaviconsTest, TheCacheMayBeDeletedDamagedOrBeyondReach) {
   web.pages["https://a.org/favicon.ico"] = page("picture a");
-  use({item("favicon:a.org")});
-  pass(kMoment);
+  useForAMoment({item("favicon:a.org")});
   const auto file = *favicons->picture("https://a.org");
   files.remove(file);
   EXPECT_EQ(favicons->picture("https://a.org"), std::nullopt);
-  use({item("favicon:a.org")});
-  pass(kMoment);
+  useForAMoment({item("favicon:a.org")});
   EXPECT_EQ(picture("https://a.org"), "png a");
 
   files.remove(file);
   files.put(file.parent_path() / "index", "\xFF f\n" + file.filename().string() + " f x y\n\n f f f\n");
   files.failures[FakeFileSystem::Operation::replaceDurably] = "disk full";
   restart();
-  use({item("favicon:a.org")});
-  pass(kMoment);
+  useForAMoment({item("favicon:a.org")});
   EXPECT_EQ(picture("https://a.org"), "");
   files.failures.clear();
   pass(11 * kMinute);
@@ -205,9 +202,9 @@ TEST_F(FaviconsTest, FilesOfTheCacheThatItemsNameAreFilledAgain) {
   const std::string lost = (folder / "site.png").string();
   files.put(folder / "kept.png", "kept");
   web.pages["https://a.org/favicon.ico"] = page("picture a");
-  use({item(lost, "https://a.org/x?y"), item((folder / "kept.png").string(), "https://b.org/"),
-       item((folder / "index").string(), "https://c.org/"), item((folder / "../../x.png").string(), "https://d.org/")});
-  pass(kMoment);
+  useForAMoment({item(lost, "https://a.org/x?y"), item((folder / "kept.png").string(), "https://b.org/"),
+                 item((folder / "index").string(), "https://c.org/"),
+                 item((folder / "../../x.png").string(), "https://d.org/")});
   EXPECT_THAT(web.asked, ElementsAre("https://a.org/", "https://a.org/favicon.ico"));
   EXPECT_EQ(files.read(lost), "png a");
 }

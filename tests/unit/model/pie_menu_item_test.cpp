@@ -14,26 +14,13 @@ using Symbols = std::set<std::string, std::less<>>;
 Symbols allSymbols() { return {PieMenuItem::kUnassignedSymbols.begin(), PieMenuItem::kUnassignedSymbols.end()}; }
 
 TEST(CustomShortcutTest, KeepsOneAsciiLetterOrDigitInUpperCase) {
-  const std::pair<std::optional<std::string>, std::optional<std::string>> cases[] = {{std::nullopt, std::nullopt},
-                                                                                     {"q", "Q"},
-                                                                                     {" q\n", "Q"},
-                                                                                     {"\u00A07\u3000", "7"},
-                                                                                     {"Q", "Q"},
-                                                                                     {"", std::nullopt},
-                                                                                     {" ", std::nullopt},
-                                                                                     {"ab", std::nullopt},
-                                                                                     {"a b", std::nullopt},
-                                                                                     {"é", std::nullopt},
-                                                                                     {"e\u0301", std::nullopt},
-                                                                                     {"ß", std::nullopt},
-                                                                                     {"ж", std::nullopt},
-                                                                                     {"٣", std::nullopt},
-                                                                                     {"-", std::nullopt},
-                                                                                     {"\xFF", std::nullopt},
-                                                                                     {"ſ", "S"}};
-  for (const auto& [text, expected] : cases) {
-    EXPECT_EQ(PieMenuItem::normalizedCustomShortcut(text), expected) << text.value_or("none");
+  const std::pair<const char*, const char*> kept[] = {
+      {"q", "Q"}, {" q\n", "Q"}, {"\u00A07\u3000", "7"}, {"Q", "Q"}, {"ſ", "S"}};
+  for (const auto& [text, label] : kept) EXPECT_EQ(PieMenuItem::normalizedCustomShortcut(text), label) << text;
+  for (const char* text : {"", " ", "ab", "a b", "é", "e\u0301", "ß", "ж", "٣", "-", "\xFF"}) {
+    EXPECT_EQ(PieMenuItem::normalizedCustomShortcut(text), std::nullopt) << text;
   }
+  EXPECT_EQ(PieMenuItem::normalizedCustomShortcut(std::nullopt), std::nullopt);
 }
 
 TEST(RandomUnassignedSymbolTest, TakesTheOnlyOneThatIsLeft) {

@@ -36,43 +36,32 @@ TEST(PieMenuTest, OnlySpecialMenusCanBeSwitchedOff) {
   EXPECT_FALSE(menu.hasLiveHotkey());
 }
 
-/// Every field differs from the default.
-PieMenu unusualMenu(RandomSource& random) {
-  PieMenu menu;
-  menu.id = random.uuid();
-  menu.name = "Source";
-  menu.hotkey = {1, 2};
-  menu.items.resize(3);
-  menu.kind = PieMenuKind::appCommands;
-  menu.runningAppsExcludedBundleIds = {"a"};
-  menu.runningAppsMenuEnabled = false;
-  menu.trackpadFingerCount = 4;
-  menu.menuRadius = 90;
-  menu.innerRadius = 80;
-  menu.iconDistance = 0.6;
-  menu.iconSize = 30;
-  menu.appearanceScale = 1.5;
-  menu.rotationDegrees = 10;
-  menu.liquidGlass = {LiquidGlassVariant::clear, 0.5};
-  menu.animationDuration = 0.4;
-  menu.pawDecorationEnabled = false;
-  menu.pawSizeScale = 0.4;
-  menu.pawRadialInset = 0.1;
-  menu.centerCatScale = 1;
-  menu.centerAppIconScale = 0.6;
-  menu.appCommandsDefaultEntries = AppSubMenuEntry::automaticBuiltIns(random);
-  menu.shortcutDigitSizeScale = 0.3;
-  menu.shortcutDigitInsetLeftScale = 0.4;
-  menu.shortcutDigitInsetRightScale = 0.5;
-  menu.shortcutDigitOpacity = 0.9;
-  menu.shortcutDigitColorHex = "#000000";
-  menu.globalSidebarIconColorHex = "#111111";
-  return menu;
-}
-
 TEST(PieMenuTest, SharedLooksLeaveTheMenuItself) {
   SeededRandom random;
-  const PieMenu source = unusualMenu(random);
+  PieMenu source;  // every field differs from the default
+  source.id = random.uuid();
+  source.name = "Source";
+  source.hotkey = {1, 2};
+  source.items.resize(3);
+  source.kind = PieMenuKind::appCommands;
+  source.runningAppsExcludedBundleIds = {"a"};
+  source.runningAppsMenuEnabled = source.pawDecorationEnabled = false;
+  source.trackpadFingerCount = 4;
+  source.menuRadius = 90;
+  source.innerRadius = 80;
+  double change = 0;
+  for (double PieMenu::*const number :
+       {&PieMenu::iconDistance, &PieMenu::iconSize, &PieMenu::appearanceScale, &PieMenu::rotationDegrees,
+        &PieMenu::animationDuration, &PieMenu::pawSizeScale, &PieMenu::pawRadialInset, &PieMenu::centerCatScale,
+        &PieMenu::centerAppIconScale, &PieMenu::shortcutDigitSizeScale, &PieMenu::shortcutDigitInsetLeftScale,
+        &PieMenu::shortcutDigitInsetRightScale, &PieMenu::shortcutDigitOpacity}) {
+    source.*number += change += 0.01;
+  }
+  source.liquidGlass = {LiquidGlassVariant::clear, 0.5};
+  source.appCommandsDefaultEntries = AppSubMenuEntry::automaticBuiltIns(random);
+  source.shortcutDigitColorHex = "#000000";
+  source.globalSidebarIconColorHex = "#111111";
+
   PieMenu expected = source;
   PieMenu target;
   expected.id = target.id;

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <set>
+#include <algorithm>
 
 namespace rondora {
 namespace {
@@ -49,18 +49,13 @@ TEST(QuickSelectKeyTest, EachPhysicalKeyStandsForItsPosition) {
       {29, 18, 19, 20, 21, 23, 22, 26, 28, 25, 12, 13, 14, 15, 17, 16, 32, 34,
        31, 35, 0,  1,  2,  3,  5,  4,  38, 40, 37, 6,  7,  8,  9,  11, 45, 46},
       {82, 83, 84, 85, 86, 87, 88, 89, 91, 92}};
-  std::set<std::uint16_t> known;
-  for (const auto& row : rows) {
-    for (std::size_t position = 0; position < row.size(); ++position) {
-      EXPECT_EQ(quickSelectIndexByKeyCode(row[position]), Index(position)) << row[position];
-      known.insert(row[position]);
-    }
-  }
-  EXPECT_EQ(known.size(), 46u);
   for (unsigned code = 0; code <= 0xFFFF; ++code) {
-    const auto keyCode = static_cast<std::uint16_t>(code);
-    if (known.contains(keyCode)) continue;
-    ASSERT_EQ(quickSelectIndexByKeyCode(keyCode), std::nullopt) << code;
+    Index position;
+    for (const auto& row : rows) {
+      const auto found = std::ranges::find(row, code);
+      if (found != row.end()) position = static_cast<std::size_t>(found - row.begin());
+    }
+    ASSERT_EQ(quickSelectIndexByKeyCode(static_cast<std::uint16_t>(code)), position) << code;
   }
 }
 

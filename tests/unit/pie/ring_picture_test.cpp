@@ -53,6 +53,14 @@ bool encloses(const Rect& outer, Point p) {
          p.y <= outer.bottom() + 1e-6;
 }
 
+void expectLayersInside(const Picture& picture) {
+  const Rect whole{{0, 0}, picture.size};
+  for (const PictureLayer& layer : picture.layers) {
+    ASSERT_TRUE(encloses(whole, layer.bounds.origin));
+    ASSERT_TRUE(encloses(whole, {layer.bounds.right(), layer.bounds.bottom()}));
+  }
+}
+
 template <class Command>
 const Command* find(const DisplayList& list) {
   for (const DisplayCommand& command : list) {
@@ -111,9 +119,8 @@ TEST(RingPictureTest, NothingIsDrawnOutsideItsLayerNorALayerOutsideThePicture) {
   for (const std::size_t count : {0u, 1u, 2u, 6u, 36u}) {
     const Ring ring = ringOf(count);
     ASSERT_EQ(ring.picture.layers.size(), count + 3);
+    expectLayersInside(ring.picture);
     for (const PictureLayer& layer : ring.picture.layers) {
-      ASSERT_TRUE(encloses({{0, 0}, ring.picture.size}, layer.bounds.origin));
-      ASSERT_TRUE(encloses({{0, 0}, ring.picture.size}, {layer.bounds.right(), layer.bounds.bottom()}));
       for (const DisplayList& list : layer.states) {
         for (const DisplayCommand& command : list) {
           if (const auto* fill = std::get_if<FillCommand>(&command)) {
@@ -232,12 +239,9 @@ TEST(RingPictureTest, IconsAndTitlesCanBeReadOverEverything) {
 
 TEST(RingPictureTest, AnItemWithoutIconShowsTheFirstCharacterOfItsTitle) {
   PieMenu menu;
-  PieMenuItem item;
-  item.title = "Über";
-  menu.items = {item};
-  const std::vector<std::string> titles = {"Über"};
-  const RingLayout layout = RingLayout::make(menu, 0, 1, 400);
-  const Picture picture = makeRingPicture(menu, layout, {menu.items, titles, {std::nullopt}});
+  menu.items.resize(1);
+  const Picture picture =
+      makeRingPicture(menu, RingLayout::make(menu, 0, 1, 400), {menu.items, {"Über"}, {std::nullopt}});
   const auto* text = find<TextCommand>(picture.layers[ring_layers::sector(0)].states[0]);
   ASSERT_NE(text, nullptr);
   EXPECT_EQ(text->text, "Ü");
@@ -276,10 +280,7 @@ TEST(RingPictureTest, HostileSizesNeitherTrapNorEscape) {
     for (const std::size_t count : {0u, 1u, 6u, 36u, 500u}) {
       const Ring ring = ringOf(count, menu);
       ASSERT_LE(ring.picture.size.width, 1010);
-      for (const PictureLayer& layer : ring.picture.layers) {
-        ASSERT_TRUE(encloses({{0, 0}, ring.picture.size}, layer.bounds.origin));
-        ASSERT_TRUE(encloses({{0, 0}, ring.picture.size}, {layer.bounds.right(), layer.bounds.bottom()}));
-      }
+      expectLayersInside(ring.picture);
     }
   }
 }

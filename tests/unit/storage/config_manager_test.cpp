@@ -28,9 +28,9 @@ constexpr std::string_view kBackup = "/home/user/.config/Rondora/config.broken-2
 
 class ConfigManagerTest : public testing::Test {
  protected:
-  ConfigManager& start() {
+  void start() {
     manager = std::make_unique<ConfigManager>(ConfigManager::Services{files, time, log, random, notifications});
-    return *manager;
+    observer = notifications.addObserver(ConfigManager::configurationDidChange, [this] { ++posts; });
   }
   std::string document() { return files.files[url]; }
   nlohmann::json json() { return nlohmann::json::parse(document(), nullptr, false); }
@@ -46,6 +46,8 @@ class ConfigManagerTest : public testing::Test {
   SeededRandom random;
   NotificationCenter notifications;
   std::unique_ptr<ConfigManager> manager;
+  Subscription observer;
+  int posts = 0;
   const std::string url = std::string(kFolder) + "/config.json";
 };
 
@@ -120,7 +122,7 @@ TEST_F(ConfigManagerTest, SaveStampsPublishesWritesAndNotifiesInThisOrder) {
     const bool written = json()["menus"][0]["name"] == each.menus[0].name;
     steps.push_back(each.menus[0].name + (written ? " on disk" : " in memory"));
   });
-  const Subscription posts = notifications.addObserver("Rondora.configurationDidChange", [&] {
+  const Subscription notices = notifications.addObserver("Rondora.configurationDidChange", [&] {
     steps.push_back("changed to " + json()["menus"][0]["name"].get<std::string>());
   });
   time.advance(5);
@@ -134,8 +136,6 @@ TEST_F(ConfigManagerTest, SaveStampsPublishesWritesAndNotifiesInThisOrder) {
 
 TEST_F(ConfigManagerTest, EveryLaterSaveCountsAsAChangeAndAnEqualOneDoesNot) {
   start();
-  int posts = 0;
-  const Subscription observer = notifications.addObserver(ConfigManager::configurationDidChange, [&] { ++posts; });
   manager->save(manager->current());
   manager->save(manager->current());
   EXPECT_EQ(posts, 1);
@@ -161,8 +161,6 @@ TEST_F(ConfigManagerTest, SaveKeepsOneMenuOfEachSpecialKind) {
 
 TEST_F(ConfigManagerTest, ASaveThatCannotBeWrittenStillHolds) {
   start();
-  int posts = 0;
-  const Subscription observer = notifications.addObserver(ConfigManager::configurationDidChange, [&] { ++posts; });
   const std::string before = document();
   files.failures = {{Operation::replaceDurably, "disk full"}};
   PieConfiguration edited = manager->current();
@@ -218,8 +216,6 @@ TEST_F(ConfigManagerTest, AFileThatIsNoDocumentIsRefused) {
 TEST_F(ConfigManagerTest, ABurstOfEditsIsSavedOnceAndAsItWasLast) {
   start();
   DebouncedSave debounced(*manager, time);
-  int posts = 0;
-  const Subscription observer = notifications.addObserver(ConfigManager::configurationDidChange, [&] { ++posts; });
   PieConfiguration edited = manager->current();
   for (const char* name : {"E", "Ed", "Edi"}) {
     edited.menus[0].name = name;
