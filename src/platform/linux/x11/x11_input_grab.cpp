@@ -15,6 +15,13 @@ constexpr std::uint16_t kPointerEvents =
 
 constexpr int kButtonsInMask = 5;
 
+bool isFocusOfGrab(const xcb_generic_event_t& event) {
+  const int type = event.response_type & 0x7F;
+  if (type != XCB_FOCUS_IN && type != XCB_FOCUS_OUT) return false;
+  const auto& focus = reinterpret_cast<const xcb_focus_in_event_t&>(event);
+  return focus.mode == XCB_NOTIFY_MODE_GRAB || focus.mode == XCB_NOTIFY_MODE_UNGRAB;
+}
+
 }  // namespace
 
 X11InputGrab::X11InputGrab(XConnection& connection, XKeyboard& keyboard, MainQueue& mainQueue)
@@ -108,7 +115,10 @@ void X11InputGrab::setCursor(xcb_cursor_t cursor) {
   connection_.flush();
 }
 
+// While a grab lasts the focus stays where it is. The toolkit would take its windows for inactive, and for activated
+// again at the end.
 bool X11InputGrab::handleEvent(const xcb_generic_event_t& event) {
+  if (isFocusOfGrab(event)) return true;
   const int type = event.response_type & 0x7F;
   if (type != XCB_MOTION_NOTIFY && type != XCB_BUTTON_PRESS && type != XCB_BUTTON_RELEASE) return false;
   const auto& pointer = reinterpret_cast<const xcb_button_press_event_t&>(event);
