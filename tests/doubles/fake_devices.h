@@ -1,14 +1,11 @@
 #pragma once
 
-#include <algorithm>
 #include <map>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "platform/application_icons.h"
 #include "platform/haptics.h"
-#include "platform/picture_rasterizer.h"
 #include "platform/random_source.h"
 
 // Small ports without a state of their own.
@@ -58,31 +55,6 @@ class FakeApplicationIcons final : public ApplicationIcons {
     if (found == in.end()) return std::nullopt;
     return found->second;
   }
-};
-
-/// Paints the whole buffer with one value for each different combination of layer states.
-class FakePictureRasterizer final : public PictureRasterizer {
- public:
-  std::unique_ptr<PreparedPicture> prepare(Picture picture, double /*pixelsPerPoint*/) override {
-    prepared.push_back(std::move(picture));
-    return std::make_unique<Prepared>();
-  }
-  void prepareAhead(Picture /*picture*/, double /*pixelsPerPoint*/) override {}
-
-  std::vector<Picture> prepared;
-
- private:
-  class Prepared final : public PreparedPicture {
-   public:
-    void setBackdrop(const PixelBuffer& /*screen*/) override {}
-    void paint(std::span<const double> states, const PictureView& /*view*/, PixelBuffer target) override {
-      std::uint32_t pixel = 0xFF000000;
-      for (const double state : states) pixel = pixel * 31 + static_cast<std::uint32_t>(state * 256) + 1;
-      for (int row = 0; row < target.height; ++row) {
-        std::fill_n(target.pixels + static_cast<std::ptrdiff_t>(row) * target.stride, target.width, pixel);
-      }
-    }
-  };
 };
 
 }  // namespace rondora

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <algorithm>
-#include <mutex>
 #include <string>
 #include <vector>
 
@@ -17,19 +16,13 @@ class FakeLog final : public Log {
     friend bool operator==(const Line&, const Line&) = default;
   };
 
-  void write(LogLevel level, std::string_view line) override {
-    const std::lock_guard lock(mutex_);
-    lines.push_back({level, std::string(line)});
-  }
+  void write(LogLevel level, std::string_view line) override { lines.push_back({level, std::string(line)}); }
   bool contains(LogLevel level, std::string_view text) const {
     return std::any_of(lines.begin(), lines.end(),
                        [&](const Line& line) { return line.level == level && line.text == text; });
   }
 
   std::vector<Line> lines;
-
- private:
-  std::mutex mutex_;
 };
 
 }  // namespace rondora

@@ -45,8 +45,6 @@ struct FakePlatform {
   FakeWindows windows;
   FakeApplicationShell shell;
   FakePermissionService permissions;
-  FakeApplicationIcons icons;
-  FakePictureRasterizer rasterizer;
 
   /// The ports of ActionServices.
   template <class Ports>

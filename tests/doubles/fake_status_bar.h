@@ -14,7 +14,6 @@ class FakeStatusBar final : public StatusBar {
  public:
   struct Record {
     StatusItemDescription description;
-    bool isGone = false;
   };
 
   std::unique_ptr<StatusItem> makeStatusItem(const StatusItemDescription& description) override {
@@ -38,7 +37,6 @@ class FakeStatusBar final : public StatusBar {
   class Item final : public StatusItem {
    public:
     Item(FakeStatusBar& bar, std::shared_ptr<Record> record) : bar_(bar), record_(std::move(record)) {}
-    ~Item() override { record_->isGone = true; }
     void setMenuTitle(std::size_t index, const std::string& title) override {
       record_->description.menu.at(index).title = title;
     }

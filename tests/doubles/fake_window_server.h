@@ -45,9 +45,7 @@ class FakeWindowServer final : public WindowList, public FrontProcess, public Sp
   std::int32_t setFrontProcess(ProcessSerialNumber process, std::uint32_t number, std::uint32_t options) override {
     const auto processIdentifier = static_cast<std::int32_t>(process.low);
     frontRequests.push_back({processIdentifier, number, options});
-    if (frontStatus == 0 && !workspace_.deafProcesses.contains(processIdentifier)) {
-      workspace_.bringForward(processIdentifier);
-    }
+    if (frontStatus == 0) workspace_.bringForward(processIdentifier);
     return frontStatus;
   }
   bool postsEventRecords() const override { return takesEventRecords; }

@@ -50,13 +50,6 @@ void FakeWorkspace::unhide(const RunningApplication& application) {
   if (RunningApplication* found = find(application.processIdentifier)) found->isHidden = false;
 }
 
-std::uint64_t FakeWorkspace::openWindow(std::int32_t processIdentifier) {
-  RunningApplication* application = find(processIdentifier);
-  if (application == nullptr) return 0;
-  application->window = ++lastWindow_;
-  return application->window;
-}
-
 void FakeWorkspace::closeWindows(std::int32_t processIdentifier) {
   if (RunningApplication* application = find(processIdentifier)) application->window = 0;
 }
@@ -87,7 +80,7 @@ bool FakeWorkspace::activate(const RunningApplication& application) {
   activationRequests.push_back(application.processIdentifier);
   const RunningApplication* found = find(application.processIdentifier);
   if (found == nullptr || found->window == 0) return false;
-  if (!deafProcesses.contains(application.processIdentifier)) bringForward(application.processIdentifier);
+  bringForward(application.processIdentifier);
   return true;
 }
 
@@ -111,11 +104,6 @@ void FakeWorkspace::openApplication(const ApplicationLocation& location) {
 std::optional<ApplicationLocation> FakeWorkspace::applicationAtPath(std::string_view path) const {
   if (!systemPaths.contains(path)) return std::nullopt;
   return ApplicationLocation{std::string(path)};
-}
-
-bool FakeWorkspace::openUrl(std::string_view url) {
-  openedUrls.emplace_back(url);
-  return !refusesUrls;
 }
 
 std::optional<std::string> FakeWorkspace::applicationName(std::string_view bundleIdentifier) const {

@@ -24,8 +24,6 @@ class FakeWorkspace final : public Workspace {
   void bringForward(std::int32_t processIdentifier);
   void leaveAll() { frontmost_ = 0; }
   void hide(std::int32_t processIdentifier);
-  /// Opens one more window, which becomes the application's last active one.
-  std::uint64_t openWindow(std::int32_t processIdentifier);
   void closeWindows(std::int32_t processIdentifier);
   void quit(std::int32_t processIdentifier);
 
@@ -37,7 +35,10 @@ class FakeWorkspace final : public Workspace {
   std::optional<ApplicationLocation> urlForApplication(std::string_view bundleIdentifier) const override;
   void openApplication(const ApplicationLocation& location) override;
   std::optional<ApplicationLocation> applicationAtPath(std::string_view path) const override;
-  bool openUrl(std::string_view url) override;
+  bool openUrl(std::string_view url) override {
+    openedUrls.emplace_back(url);
+    return true;
+  }
   std::optional<std::string> applicationName(std::string_view bundleIdentifier) const override;
   [[nodiscard]] Subscription onDidActivateApplication(
       std::function<void(const RunningApplication&)> observer) override {
@@ -47,11 +48,8 @@ class FakeWorkspace final : public Workspace {
   std::vector<std::int32_t> activationRequests;
   std::vector<std::string> openedApplications;
   std::vector<std::string> openedUrls;
-  /// Applications that stay behind whatever is asked.
-  std::set<std::int32_t> deafProcesses;
   /// Paths at which the system has an application.
   std::set<std::string, std::less<>> systemPaths;
-  bool refusesUrls = false;
 
  private:
   struct Installed {

@@ -9,7 +9,6 @@ std::shared_ptr<VirtualTime::Scheduled> VirtualTime::schedule(double seconds, Wo
   auto scheduled = std::make_shared<Scheduled>();
   scheduled->work = std::move(work);
   scheduled->interval = interval;
-  const std::lock_guard lock(mutex_);
   schedule_.emplace(Key(elapsed_ + seconds, ++lastSequence_), scheduled);
   return scheduled;
 }
@@ -20,14 +19,6 @@ Subscription VirtualTime::cancelling(const std::shared_ptr<Scheduled>& scheduled
   });
 }
 
-void VirtualTime::async(Work work) { schedule(0, std::move(work), 0); }
-
-void VirtualTime::after(double seconds, Work work) { schedule(seconds, std::move(work), 0); }
-
-Subscription VirtualTime::workItem(double seconds, Work work) {
-  return cancelling(schedule(seconds, std::move(work), 0));
-}
-
 Subscription VirtualTime::timer(double interval, double tolerance, Work work) {
   lastTimerInterval_ = interval;
   lastTimerTolerance_ = tolerance;
@@ -35,26 +26,20 @@ Subscription VirtualTime::timer(double interval, double tolerance, Work work) {
 }
 
 bool VirtualTime::runOneDueBefore(double limit) {
-  std::shared_ptr<Scheduled> next;
-  {
-    const std::lock_guard lock(mutex_);
-    std::erase_if(schedule_, [](const auto& entry) { return entry.second->isCancelled; });
-    if (schedule_.empty() || schedule_.begin()->first.first > limit + kRoundingSlack) return false;
-    const auto first = schedule_.begin();
-    elapsed_ = std::max(elapsed_, first->first.first);
-    next = first->second;
-    schedule_.erase(first);
-    if (next->interval > 0) schedule_.emplace(Key(elapsed_ + next->interval, ++lastSequence_), next);
-  }
+  std::erase_if(schedule_, [](const auto& entry) { return entry.second->isCancelled; });
+  if (schedule_.empty() || schedule_.begin()->first.first > limit + kRoundingSlack) return false;
+  const auto first = schedule_.begin();
+  elapsed_ = std::max(elapsed_, first->first.first);
+  const std::shared_ptr<Scheduled> next = first->second;
+  schedule_.erase(first);
+  if (next->interval > 0) schedule_.emplace(Key(elapsed_ + next->interval, ++lastSequence_), next);
   next->work();
   return true;
 }
 
-bool VirtualTime::runOneTurn() { return runOneDueBefore(elapsed_); }
-
 void VirtualTime::runUntilIdle() {
   constexpr int kTooManyTurns = 100000;
-  for (int turn = 0; runOneTurn(); ++turn) {
+  for (int turn = 0; runOneDueBefore(elapsed_); ++turn) {
     if (turn == kTooManyTurns) throw std::runtime_error("the main queue never becomes idle");
   }
 }
@@ -67,7 +52,6 @@ void VirtualTime::advance(double seconds) {
 }
 
 std::size_t VirtualTime::pendingCount() const {
-  const std::lock_guard lock(mutex_);
   return static_cast<std::size_t>(
       std::count_if(schedule_.begin(), schedule_.end(), [](const auto& entry) { return !entry.second->isCancelled; }));
 }

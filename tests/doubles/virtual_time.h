@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <map>
 #include <memory>
-#include <mutex>
 #include <utility>
 
 #include "platform/clock.h"
@@ -16,9 +15,11 @@ class VirtualTime final : public MainQueue, public Clock {
  public:
   static constexpr WallTime kStart = 700000000;
 
-  void async(Work work) override;
-  void after(double seconds, Work work) override;
-  [[nodiscard]] Subscription workItem(double seconds, Work work) override;
+  void async(Work work) override { schedule(0, std::move(work)); }
+  void after(double seconds, Work work) override { schedule(seconds, std::move(work)); }
+  [[nodiscard]] Subscription workItem(double seconds, Work work) override {
+    return cancelling(schedule(seconds, std::move(work)));
+  }
   [[nodiscard]] Subscription timer(double interval, double tolerance, Work work) override;
 
   WallTime now() const override { return kStart + elapsed_; }
@@ -26,8 +27,6 @@ class VirtualTime final : public MainQueue, public Clock {
   /// Time passes, but nothing that is due meanwhile runs: the main thread is blocked.
   void sleep(double seconds) override { elapsed_ += seconds; }
 
-  /// Runs the next work that is due, if any.
-  bool runOneTurn();
   /// Runs all that is due now, including what that work enqueues.
   void runUntilIdle();
   /// Lets time pass and runs what becomes due on the way, each at its own moment.
@@ -49,14 +48,13 @@ class VirtualTime final : public MainQueue, public Clock {
     bool isCancelled = false;
   };
 
-  std::shared_ptr<Scheduled> schedule(double seconds, Work work, double interval);
+  std::shared_ptr<Scheduled> schedule(double seconds, Work work, double interval = 0);
   [[nodiscard]] Subscription cancelling(const std::shared_ptr<Scheduled>& scheduled);
   bool runOneDueBefore(double limit);
 
   double elapsed_ = 0;
   double lastTimerInterval_ = 0;
   double lastTimerTolerance_ = 0;
-  mutable std::mutex mutex_;
   std::uint64_t lastSequence_ = 0;
   std::map<Key, std::shared_ptr<Scheduled>> schedule_;
 };

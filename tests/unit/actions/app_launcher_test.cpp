@@ -9,17 +9,14 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-
-PieMenuItem itemWith(MenuAction action) {
-  PieMenuItem item;
-  item.action = std::move(action);
-  return item;
-}
+using ::testing::SizeIs;
 
 class AppLauncherTest : public ::testing::Test {
  protected:
-  void execute(MenuAction action, std::optional<std::int32_t> targetPID = std::nullopt) {
-    launcher_.execute(itemWith(std::move(action)), targetPID);
+  void execute(MenuAction action) {
+    PieMenuItem item;
+    item.action = std::move(action);
+    launcher_.execute(item, std::nullopt);
   }
 
   FakePlatform desktop_;
@@ -27,29 +24,21 @@ class AppLauncherTest : public ::testing::Test {
   AppLauncher& launcher_ = actions_.appLauncher;
 };
 
-TEST_F(AppLauncherTest, StartsAnApplicationThatDoesNotRun) {
+TEST_F(AppLauncherTest, StartsAnApplicationBringsItForwardOrOpensWhatCannotBeBroughtForward) {
   desktop_.workspace.install("editor", "Editor");
   execute(LaunchApp{"editor"});
   EXPECT_THAT(desktop_.workspace.openedApplications, ElementsAre("/apps/editor"));
-  EXPECT_EQ(desktop_.workspace.frontmostApplication()->bundleIdentifier, "editor");
-}
-
-TEST_F(AppLauncherTest, BringsARunningApplicationForwardAndStartsNoSecondOne) {
-  desktop_.workspace.install("editor", "Editor");
-  const auto editor = desktop_.workspace.start("editor");
+  const auto editor = desktop_.workspace.frontmostApplication().value();
+  EXPECT_EQ(editor.bundleIdentifier, "editor");
   desktop_.workspace.start("browser");
   execute(LaunchApp{"editor"});
-  EXPECT_EQ(desktop_.workspace.frontmostApplication()->processIdentifier, editor.processIdentifier);
-  EXPECT_THAT(desktop_.workspace.openedApplications, IsEmpty());
-}
-
-TEST_F(AppLauncherTest, OpensWhatCannotBeBroughtForward) {
-  desktop_.workspace.install("editor", "Editor");
-  const auto editor = desktop_.workspace.start("editor");
+  EXPECT_EQ(desktop_.workspace.frontmostApplication(), editor);
+  EXPECT_THAT(desktop_.windowServer.frontRequests, SizeIs(1));
+  EXPECT_THAT(desktop_.workspace.openedApplications, SizeIs(1)) << "it runs already";
   desktop_.workspace.closeWindows(editor.processIdentifier);
   execute(LaunchApp{"editor"});
-  EXPECT_THAT(desktop_.windowServer.frontRequests, IsEmpty());
-  EXPECT_THAT(desktop_.workspace.openedApplications, ElementsAre("/apps/editor"));
+  EXPECT_THAT(desktop_.windowServer.frontRequests, SizeIs(1));
+  EXPECT_THAT(desktop_.workspace.openedApplications, SizeIs(2));
 }
 
 TEST_F(AppLauncherTest, TakesTheFirstLiveOrdinaryInstance) {
@@ -69,17 +58,13 @@ TEST_F(AppLauncherTest, TakesTheFirstLiveOrdinaryInstance) {
   EXPECT_EQ(launcher_.runningApplication("editor")->processIdentifier, third.processIdentifier);
 }
 
-TEST_F(AppLauncherTest, DoesNothingForAnApplicationThatIsNotInstalled) {
+TEST_F(AppLauncherTest, OpensAnAddressExactlyAsItIsStoredAndNothingThatIsNotInstalled) {
+  execute(OpenURL{"example.org/a b"});
+  execute(OpenURL{""});
+  EXPECT_THAT(desktop_.workspace.openedUrls, ElementsAre("example.org/a b", ""));
   execute(LaunchApp{"missing"});
   EXPECT_THAT(desktop_.workspace.openedApplications, IsEmpty());
   EXPECT_THAT(desktop_.log.lines, IsEmpty());
-}
-
-TEST_F(AppLauncherTest, OpensAnAddressExactlyAsItIsStored) {
-  execute(OpenURL{"example.org/a b"});
-  desktop_.workspace.refusesUrls = true;
-  execute(OpenURL{""});
-  EXPECT_THAT(desktop_.workspace.openedUrls, ElementsAre("example.org/a b", ""));
 }
 
 TEST_F(AppLauncherTest, CopiesASnippetInPlaceOfWhatWasOnThePasteboard) {
@@ -104,17 +89,6 @@ TEST_F(AppLauncherTest, OpensTheApplicationsBehindTwoSystemActionsWhereTheyExist
     execute(SystemShortcut{kind});
   }
   EXPECT_THAT(desktop_.workspace.openedApplications, ElementsAre(overview, screenSaver));
-}
-
-TEST_F(AppLauncherTest, TypesAKeystrokeOnceItsTargetIsInFront) {
-  const auto editor = desktop_.workspace.start("editor");
-  desktop_.workspace.start("browser");
-  execute(Keystroke{8, 0x100000}, editor.processIdentifier);
-  execute(Unassigned{}, editor.processIdentifier);
-  EXPECT_THAT(desktop_.keyEvents.posted, IsEmpty());
-  desktop_.workspace.bringForward(editor.processIdentifier);
-  desktop_.time.advance(0.021);
-  EXPECT_EQ(desktop_.keyEvents.posted.size(), 2U);
 }
 
 }  // namespace

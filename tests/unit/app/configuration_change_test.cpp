@@ -11,8 +11,7 @@ class ConfigurationChangeTest : public ProgramTest {};
 
 TEST_F(ConfigurationChangeTest, ClosesASpecialMenuThatWasSwitchedOff) {
   PieMenu special = runningAppsMenu({kKKey, 0});
-  useMenus({special});
-  launch();
+  launchWith({special});
   press({kKKey});
   ASSERT_EQ(shownMenu(), "running");
   special.runningAppsMenuEnabled = false;
@@ -23,8 +22,7 @@ TEST_F(ConfigurationChangeTest, ClosesASpecialMenuThatWasSwitchedOff) {
 
 TEST_F(ConfigurationChangeTest, LeavesAnOpenStandardMenuOpenAndStillOwesItsRelease) {
   PieMenu standard = menu("main", {kKKey, 0});
-  useMenus({standard});
-  launch();
+  launchWith({standard});
   press({kKKey});
   standard.name = "renamed";
   useMenus({standard});
@@ -34,8 +32,7 @@ TEST_F(ConfigurationChangeTest, LeavesAnOpenStandardMenuOpenAndStillOwesItsRelea
 }
 
 TEST_F(ConfigurationChangeTest, OwesTheReleaseOfAKeyThatWentUpBeforeTheMenuWasUp) {
-  useMenus({menu("main", {kKKey, 0})});
-  launch();
+  launchWith({menu("main", {kKKey, 0})});
   desktop.keyboard.press(kKKey);
   PieConfiguration configuration = program.configManager.current();
   configuration.menus.front().name = "renamed";
@@ -48,8 +45,7 @@ TEST_F(ConfigurationChangeTest, OwesTheReleaseOfAKeyThatWentUpBeforeTheMenuWasUp
 
 TEST_F(ConfigurationChangeTest, StepsWithTheHotkeyThatOpenedTheMenuWhenTheDocumentHasAnother) {
   PieMenu standard = menu("main", {49, kControlOption});
-  useMenus({standard});
-  launch();
+  launchWith({standard});
   press({Key::kControlKey, Key::kOptionKey, Key::kSpaceKey});
   standard.hotkey = {kKKey, 0};
   useMenus({standard});
@@ -64,8 +60,7 @@ TEST_F(ConfigurationChangeTest, FollowsTheFingerCountsAndLeavesAnUnchangedSetAlo
   auto& trackpad = program.delegate.trackpadGestureMonitor();
   PieMenu tapped = menu("tapped", {});
   tapped.trackpadFingerCount = 4;
-  useMenus({tapped});
-  launch();
+  launchWith({tapped});
   EXPECT_THAT(trackpad.fingerCounts(), ElementsAre(4));
 
   trackpad.stop();

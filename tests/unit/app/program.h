@@ -80,6 +80,10 @@ class ProgramTest : public testing::Test {
   /// Saves a document with these menus; special ones that are missing are added without a trigger.
   void useMenus(std::vector<PieMenu> menus);
   void launch();
+  void launchWith(std::vector<PieMenu> menus) {
+    useMenus(std::move(menus));
+    launch();
+  }
 
   /// Presses and releases go through the main queue, as everything else.
   void press(std::initializer_list<std::uint16_t> keys);

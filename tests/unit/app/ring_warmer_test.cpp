@@ -12,10 +12,7 @@ using testing::SizeIs;
 
 class RingWarmerTest : public ProgramTest {
  protected:
-  RingWarmerTest() {
-    useMenus({menu("first", {49, kControlOption}), runningAppsMenu({kKKey, 0})});
-    launch();
-  }
+  RingWarmerTest() { launchWith({menu("first", {49, kControlOption}), runningAppsMenu({kKKey, 0})}); }
 
   const std::vector<Picture>& prepared() const { return desktop.overlay.warmedUp; }
   bool isPrepared(const Picture& picture) const {
