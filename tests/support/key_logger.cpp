@@ -7,6 +7,8 @@
 #include <stdexcept>
 #include <utility>
 
+#include "support/x_reply.h"
+
 namespace rondora::live {
 
 KeyLogger::KeyLogger(const std::string& display, const WindowLook& look)
@@ -49,9 +51,7 @@ void KeyLogger::setValues(xcb_atom_t name, xcb_atom_t type, const std::vector<st
 }
 
 xcb_atom_t KeyLogger::atom(const std::string& name) const {
-  const auto length = static_cast<std::uint16_t>(name.size());
-  const UniqueCPtr<xcb_intern_atom_reply_t, std::free> reply(
-      xcb_intern_atom_reply(connection_.get(), xcb_intern_atom(connection_.get(), 0, length, name.data()), nullptr));
+  const auto reply = ask(connection_.get(), xcb_intern_atom, xcb_intern_atom_reply, 0, name.size(), name.data());
   return reply->atom;
 }
 
@@ -61,8 +61,7 @@ void KeyLogger::takeFocus() {
 }
 
 std::vector<LoggedKey> KeyLogger::take() {
-  const UniqueCPtr<xcb_get_input_focus_reply_t, std::free> fence(
-      xcb_get_input_focus_reply(connection_.get(), xcb_get_input_focus(connection_.get()), nullptr));
+  ask(connection_.get(), xcb_get_input_focus, xcb_get_input_focus_reply);
   readEvents();
   return std::exchange(keys_, {});
 }

@@ -1,11 +1,9 @@
 #include "support/private_desktop.h"
 
 #include <fcntl.h>
-#include <stdlib.h>
 #include <unistd.h>
 
-#include <fstream>
-#include <sstream>
+#include <cstdlib>
 #include <stdexcept>
 
 #include "support/wait.h"
@@ -13,12 +11,6 @@
 
 namespace rondora::live {
 namespace {
-
-std::filesystem::path makeTemporaryFolder() {
-  std::string pattern = (std::filesystem::temp_directory_path() / "rondora-live.XXXXXX").string();
-  if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("cannot make a temporary folder");
-  return pattern;
-}
 
 // The session that runs the tests must not shine through.
 constexpr const char* kForeignVariables =
@@ -37,8 +29,8 @@ std::map<std::string, std::string> privateEnvironment(const std::filesystem::pat
     environment[name] = (home / folder).string();
   }
   // Whatever else is installed on the machine, these are the user's applications.
-  std::ofstream(home / "config" / "mimeapps.list") << "[Default Applications]\ntext/plain=org.xfce.mousepad.desktop\n"
-                                                      "inode/directory=pcmanfm.desktop\n";
+  writeFile(home / "config" / "mimeapps.list",
+            "[Default Applications]\ntext/plain=org.xfce.mousepad.desktop\ninode/directory=pcmanfm.desktop\n");
   std::filesystem::create_directories(home / "bin");
   std::filesystem::create_symlink("/usr/bin/xterm", home / "bin" / "x-terminal-emulator");
   const char* path = std::getenv("PATH");
@@ -64,19 +56,6 @@ std::vector<std::string> withOutputIn(const std::filesystem::path& file, const s
 }
 
 }  // namespace
-
-TemporaryFolder::TemporaryFolder() : path_(makeTemporaryFolder()) {}
-
-// Programs that lost their display may still be writing something while they end.
-TemporaryFolder::~TemporaryFolder() {
-  waitUntil(
-      [this] {
-        std::error_code error;
-        std::filesystem::remove_all(path_, error);
-        return !error;
-      },
-      std::chrono::seconds(5));
-}
 
 PrivateDesktop::PrivateDesktop(DesktopParts parts) : environment_(privateEnvironment(folder_.path())) {
   unsetenv("SESSION_MANAGER");  // of the session that runs the tests
@@ -195,17 +174,6 @@ void PrivateDesktop::setMonitors(const std::vector<Area>& monitors) {
                     isFirst ? "screen" : "none"});
   }
   require(outputOf(removal) && outputOf(command), "the monitors");
-}
-
-std::string readFile(const std::filesystem::path& path) {
-  std::ostringstream text;
-  text << std::ifstream(path, std::ios::binary).rdbuf();
-  return text.str();
-}
-
-void writeFile(const std::filesystem::path& path, const std::string& text) {
-  std::filesystem::create_directories(path.parent_path());
-  std::ofstream(path, std::ios::binary) << text;
 }
 
 }  // namespace rondora::live

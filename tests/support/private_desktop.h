@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "support/child_process.h"
+#include "support/temporary_folder.h"
 #include "support/x_client.h"
 #include "support/x_server.h"
 
@@ -21,19 +22,6 @@ struct DesktopParts {
   WindowManager windowManager = WindowManager::openbox;
   Compositor compositor = Compositor::picom;
   Tray tray = Tray::tint2;
-};
-
-/// A folder that goes with all it holds.
-class TemporaryFolder {
- public:
-  TemporaryFolder();
-  ~TemporaryFolder();
-  TemporaryFolder(const TemporaryFolder&) = delete;
-  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-  const std::filesystem::path& path() const { return path_; }
-
- private:
-  std::filesystem::path path_;
 };
 
 /// A desktop that belongs to one test: X server, session bus, the asked-for parts and XDG folders, all ready when the
@@ -83,9 +71,5 @@ class PrivateDesktop {
   std::unique_ptr<ChildProcess> sessionManager_;
   std::size_t monitorCount_ = 0;  // that we made
 };
-
-std::string readFile(const std::filesystem::path& path);
-/// Makes missing folders.
-void writeFile(const std::filesystem::path& path, const std::string& text);
 
 }  // namespace rondora::live

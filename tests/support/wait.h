@@ -1,12 +1,19 @@
 #pragma once
 
 #include <chrono>
+#include <cstdlib>
 #include <thread>
 
 namespace rondora::live {
 
 /// Long enough for a loaded machine; only a failing test ever waits that long.
 inline constexpr std::chrono::seconds kPatience{30};
+
+/// How often a long test is to try; more than a few by RONDORA_TEST_ROUNDS.
+inline int rounds(int byDefault) {
+  const char* wanted = std::getenv("RONDORA_TEST_ROUNDS");
+  return wanted == nullptr ? byDefault : std::atoi(wanted);
+}
 
 /// Asks again and again until the condition holds; false when the time is up.
 template <class Condition>

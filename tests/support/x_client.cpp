@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "support/wait.h"
+#include "support/x_reply.h"
 
 namespace rondora::live {
 namespace {
@@ -35,28 +36,25 @@ bool looksSame(const Capture& left, const Capture& right) {
 }
 
 XClient::XClient(const std::string& display) : connection_(xcb_connect(display.c_str(), nullptr)) {
-  if (xcb_connection_has_error(connection_.get()) != 0) throw std::runtime_error("cannot connect to " + display);
-  screen_ = xcb_setup_roots_iterator(xcb_get_setup(connection_.get())).data;
-  window_ = xcb_generate_id(connection_.get());
+  if (xcb_connection_has_error(get()) != 0) throw std::runtime_error("cannot connect to " + display);
+  screen_ = xcb_setup_roots_iterator(xcb_get_setup(get())).data;
+  window_ = xcb_generate_id(get());
   const std::uint32_t wantedEvents = XCB_EVENT_MASK_PROPERTY_CHANGE;
-  xcb_create_window(connection_.get(), XCB_COPY_FROM_PARENT, window_, screen_->root, -1, -1, 1, 1, 0,
-                    XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK, &wantedEvents);
-  xfixesEvent_ = xcb_get_extension_data(connection_.get(), &xcb_xfixes_id)->first_event;
-  Reply<xcb_xfixes_query_version_reply_t> version(
-      xcb_xfixes_query_version_reply(connection_.get(), xcb_xfixes_query_version(connection_.get(), 5, 0), nullptr));
-  xcb_xfixes_select_selection_input(connection_.get(), window_, atom("CLIPBOARD"),
+  xcb_create_window(get(), XCB_COPY_FROM_PARENT, window_, root(), -1, -1, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_ONLY,
+                    XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK, &wantedEvents);
+  xfixesEvent_ = xcb_get_extension_data(get(), &xcb_xfixes_id)->first_event;
+  ask(get(), xcb_xfixes_query_version, xcb_xfixes_query_version_reply, 5, 0);
+  xcb_xfixes_select_selection_input(get(), window_, atom("CLIPBOARD"),
                                     XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER);
-  inputEvent_ = xcb_get_extension_data(connection_.get(), &xcb_input_id)->first_event;
+  inputEvent_ = xcb_get_extension_data(get(), &xcb_input_id)->first_event;
   keyboard_ = findKeyboard();
   sync();
 }
 
 // Its name is the server's, "Xvfb keyboard"; the other one is for faked events.
 std::uint8_t XClient::findKeyboard() {
-  Reply<xcb_input_xi_query_version_reply_t> version(xcb_input_xi_query_version_reply(
-      connection_.get(), xcb_input_xi_query_version(connection_.get(), 2, 2), nullptr));
-  Reply<xcb_input_xi_query_device_reply_t> devices(xcb_input_xi_query_device_reply(
-      connection_.get(), xcb_input_xi_query_device(connection_.get(), XCB_INPUT_DEVICE_ALL), nullptr));
+  ask(get(), xcb_input_xi_query_version, xcb_input_xi_query_version_reply, 2, 2);
+  const auto devices = ask(get(), xcb_input_xi_query_device, xcb_input_xi_query_device_reply, XCB_INPUT_DEVICE_ALL);
   for (auto it = xcb_input_xi_query_device_infos_iterator(devices.get()); it.rem > 0;
        xcb_input_xi_device_info_next(&it)) {
     const std::string_view name(xcb_input_xi_device_info_name(it.data), it.data->name_len);
@@ -68,18 +66,15 @@ std::uint8_t XClient::findKeyboard() {
 
 void XClient::userInput(std::uint8_t type, std::uint8_t keyCode) {
   const auto event = static_cast<std::uint8_t>(inputEvent_ + type);
-  xcb_test_fake_input(connection_.get(), event, keyCode, XCB_CURRENT_TIME, XCB_NONE, 0, 0, keyboard_);
+  xcb_test_fake_input(get(), event, keyCode, XCB_CURRENT_TIME, XCB_NONE, 0, 0, keyboard_);
   sync();
 }
 
-void XClient::sync() {
-  Reply<xcb_get_input_focus_reply_t> reply(
-      xcb_get_input_focus_reply(connection_.get(), xcb_get_input_focus(connection_.get()), nullptr));
-}
+void XClient::sync() { ask(get(), xcb_get_input_focus, xcb_get_input_focus_reply); }
 
 void XClient::fakeInput(std::uint8_t type, std::uint8_t detail, Position position) {
-  xcb_test_fake_input(connection_.get(), type, detail, XCB_CURRENT_TIME, screen_->root,
-                      static_cast<std::int16_t>(position.x), static_cast<std::int16_t>(position.y), 0);
+  xcb_test_fake_input(get(), type, detail, XCB_CURRENT_TIME, root(), static_cast<std::int16_t>(position.x),
+                      static_cast<std::int16_t>(position.y), 0);
   sync();
 }
 
@@ -101,14 +96,13 @@ void XClient::click(std::uint8_t button) {
 }
 
 Position XClient::pointer() {
-  Reply<xcb_query_pointer_reply_t> reply(
-      xcb_query_pointer_reply(connection_.get(), xcb_query_pointer(connection_.get(), screen_->root), nullptr));
+  const auto reply = ask(get(), xcb_query_pointer, xcb_query_pointer_reply, root());
   return reply ? Position{reply->root_x, reply->root_y} : Position{-1, -1};
 }
 
 /// The server stamps a change of a property with its time.
 xcb_timestamp_t XClient::serverTime() {
-  xcb_change_property(connection_.get(), XCB_PROP_MODE_APPEND, window_, XCB_ATOM_WM_NAME, XCB_ATOM_STRING, 8, 0, "");
+  xcb_change_property(get(), XCB_PROP_MODE_APPEND, window_, XCB_ATOM_WM_NAME, XCB_ATOM_STRING, 8, 0, "");
   sync();
   drainEvents();
   return lastTime_;
@@ -120,25 +114,22 @@ void XClient::letServerRun(std::chrono::milliseconds time) {
 }
 
 xcb_atom_t XClient::atom(const std::string& name) {
-  Reply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(
-      connection_.get(), xcb_intern_atom(connection_.get(), 0, static_cast<std::uint16_t>(name.size()), name.c_str()),
-      nullptr));
+  const auto reply =
+      ask(get(), xcb_intern_atom, xcb_intern_atom_reply, 0, static_cast<std::uint16_t>(name.size()), name.c_str());
   return reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
 }
 
 std::vector<std::uint32_t> XClient::property32(xcb_window_t window, const std::string& name) {
-  Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(
-      connection_.get(), xcb_get_property(connection_.get(), 0, window, atom(name), XCB_ATOM_ANY, 0, kWholeProperty),
-      nullptr));
+  const auto reply =
+      ask(get(), xcb_get_property, xcb_get_property_reply, 0, window, atom(name), XCB_ATOM_ANY, 0, kWholeProperty);
   if (!reply || reply->format != 32) return {};
   const auto* values = static_cast<const std::uint32_t*>(xcb_get_property_value(reply.get()));
   return {values, values + reply->value_len};
 }
 
 std::string XClient::propertyText(xcb_window_t window, xcb_atom_t name) {
-  Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(
-      connection_.get(), xcb_get_property(connection_.get(), 0, window, name, XCB_ATOM_ANY, 0, kWholeProperty),
-      nullptr));
+  const auto reply =
+      ask(get(), xcb_get_property, xcb_get_property_reply, 0, window, name, XCB_ATOM_ANY, 0, kWholeProperty);
   if (!reply || reply->format != 8) return {};
   return {static_cast<const char*>(xcb_get_property_value(reply.get())), reply->value_len};
 }
@@ -150,8 +141,7 @@ void XClient::sendToRoot(xcb_window_t window, const std::string& type, const std
   event.window = window;
   event.type = atom(type);
   std::copy(std::begin(data), std::end(data), event.data.data32);
-  xcb_send_event(connection_.get(), 0, screen_->root,
-                 XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+  xcb_send_event(get(), 0, root(), XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
                  reinterpret_cast<const char*>(&event));
   sync();
 }
@@ -164,23 +154,21 @@ bool XClient::windowManagerAnswers() {
 }
 
 xcb_window_t XClient::selectionOwner(const std::string& name) {
-  Reply<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(
-      connection_.get(), xcb_get_selection_owner(connection_.get(), atom(name)), nullptr));
+  const auto reply = ask(get(), xcb_get_selection_owner, xcb_get_selection_owner_reply, atom(name));
   return reply ? reply->owner : static_cast<xcb_window_t>(XCB_NONE);
 }
 
 xcb_window_t XClient::activeWindow() {
-  const auto active = property32(screen_->root, "_NET_ACTIVE_WINDOW");
+  const auto active = property32(root(), "_NET_ACTIVE_WINDOW");
   return active.empty() ? static_cast<xcb_window_t>(XCB_NONE) : active.front();
 }
 
 xcb_window_t XClient::inputFocus() {
-  Reply<xcb_get_input_focus_reply_t> reply(
-      xcb_get_input_focus_reply(connection_.get(), xcb_get_input_focus(connection_.get()), nullptr));
+  const auto reply = ask(get(), xcb_get_input_focus, xcb_get_input_focus_reply);
   return reply ? reply->focus : static_cast<xcb_window_t>(XCB_NONE);
 }
 
-std::vector<xcb_window_t> XClient::clientList() { return property32(screen_->root, "_NET_CLIENT_LIST"); }
+std::vector<xcb_window_t> XClient::clientList() { return property32(root(), "_NET_CLIENT_LIST"); }
 
 std::vector<xcb_window_t> XClient::windowsTitled(const std::string& wanted) {
   std::vector<xcb_window_t> found = clientList();
@@ -202,10 +190,8 @@ void XClient::requestActivation(xcb_window_t window) {
 }
 
 std::optional<TopLevel> XClient::describe(xcb_window_t window) {
-  Reply<xcb_get_window_attributes_reply_t> attributes(xcb_get_window_attributes_reply(
-      connection_.get(), xcb_get_window_attributes(connection_.get(), window), nullptr));
-  Reply<xcb_get_geometry_reply_t> geometry(
-      xcb_get_geometry_reply(connection_.get(), xcb_get_geometry(connection_.get(), window), nullptr));
+  const auto attributes = ask(get(), xcb_get_window_attributes, xcb_get_window_attributes_reply, window);
+  const auto geometry = ask(get(), xcb_get_geometry, xcb_get_geometry_reply, window);
   if (!attributes || !geometry || attributes->_class == XCB_WINDOW_CLASS_INPUT_ONLY) return std::nullopt;
   return TopLevel{window,
                   {geometry->x, geometry->y, geometry->width, geometry->height},
@@ -214,8 +200,7 @@ std::optional<TopLevel> XClient::describe(xcb_window_t window) {
 }
 
 std::vector<xcb_window_t> XClient::childrenOf(xcb_window_t window) {
-  Reply<xcb_query_tree_reply_t> tree(
-      xcb_query_tree_reply(connection_.get(), xcb_query_tree(connection_.get(), window), nullptr));
+  const auto tree = ask(get(), xcb_query_tree, xcb_query_tree_reply, window);
   if (!tree) return {};
   const xcb_window_t* windows = xcb_query_tree_children(tree.get());
   return {windows, windows + xcb_query_tree_children_length(tree.get())};
@@ -223,7 +208,7 @@ std::vector<xcb_window_t> XClient::childrenOf(xcb_window_t window) {
 
 std::vector<TopLevel> XClient::topLevels() {
   std::vector<TopLevel> found;
-  for (const xcb_window_t window : childrenOf(screen_->root)) {
+  for (const xcb_window_t window : childrenOf(root())) {
     if (const auto description = describe(window)) found.push_back(*description);
   }
   return found;
@@ -231,7 +216,7 @@ std::vector<TopLevel> XClient::topLevels() {
 
 std::optional<Area> XClient::trayIconOf(pid_t process) {
   const pid_t tray = ownerOf(selectionOwner("_NET_SYSTEM_TRAY_S0"));
-  return tray == 0 ? std::nullopt : windowInside(tray, process, screen_->root, {0, 0});
+  return tray == 0 ? std::nullopt : windowInside(tray, process, root(), {0, 0});
 }
 
 std::optional<Area> XClient::windowInside(pid_t outer, pid_t inner, xcb_window_t window, Position corner) {
@@ -250,8 +235,7 @@ std::optional<Area> XClient::windowInside(pid_t outer, pid_t inner, xcb_window_t
 
 pid_t XClient::ownerOf(std::uint32_t resource) {
   const xcb_res_client_id_spec_t wanted{resource, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
-  Reply<xcb_res_query_client_ids_reply_t> reply(xcb_res_query_client_ids_reply(
-      connection_.get(), xcb_res_query_client_ids(connection_.get(), 1, &wanted), nullptr));
+  const auto reply = ask(get(), xcb_res_query_client_ids, xcb_res_query_client_ids_reply, 1, &wanted);
   if (!reply) return 0;
   for (auto id = xcb_res_query_client_ids_ids_iterator(reply.get()); id.rem > 0; xcb_res_client_id_value_next(&id)) {
     if (xcb_res_client_id_value_value_length(id.data) > 0) {
@@ -262,15 +246,13 @@ pid_t XClient::ownerOf(std::uint32_t resource) {
 }
 
 std::size_t XClient::resourceCount(pid_t process, const std::string& type) {
-  Reply<xcb_res_query_clients_reply_t> clients(
-      xcb_res_query_clients_reply(connection_.get(), xcb_res_query_clients(connection_.get()), nullptr));
+  const auto clients = ask(get(), xcb_res_query_clients, xcb_res_query_clients_reply);
   const xcb_atom_t wanted = atom(type);
   std::size_t count = 0;
   for (int i = 0; i < xcb_res_query_clients_clients_length(clients.get()); ++i) {
     const std::uint32_t base = xcb_res_query_clients_clients(clients.get())[i].resource_base;
     if (ownerOf(base) != process) continue;
-    Reply<xcb_res_query_client_resources_reply_t> held(xcb_res_query_client_resources_reply(
-        connection_.get(), xcb_res_query_client_resources(connection_.get(), base), nullptr));
+    const auto held = ask(get(), xcb_res_query_client_resources, xcb_res_query_client_resources_reply, base);
     if (!held) continue;
     const xcb_res_type_t* types = xcb_res_query_client_resources_types(held.get());
     for (int j = 0; j < xcb_res_query_client_resources_types_length(held.get()); ++j) {
@@ -281,56 +263,45 @@ std::size_t XClient::resourceCount(pid_t process, const std::string& type) {
 }
 
 std::uint16_t XClient::keyboardState() {
-  Reply<xcb_query_pointer_reply_t> state(
-      xcb_query_pointer_reply(connection_.get(), xcb_query_pointer(connection_.get(), screen_->root), nullptr));
+  const auto state = ask(get(), xcb_query_pointer, xcb_query_pointer_reply, root());
   return state ? state->mask : std::uint16_t{0};
 }
 
 bool XClient::isKeyDown(std::uint8_t keyCode) {
-  Reply<xcb_query_keymap_reply_t> keys(
-      xcb_query_keymap_reply(connection_.get(), xcb_query_keymap(connection_.get()), nullptr));
+  const auto keys = ask(get(), xcb_query_keymap, xcb_query_keymap_reply);
   return keys && ((keys->keys[keyCode / 8] >> (keyCode % 8)) & 1) != 0;
 }
 
 bool XClient::keyboardIsAtRest() {
-  Reply<xcb_query_keymap_reply_t> keys(
-      xcb_query_keymap_reply(connection_.get(), xcb_query_keymap(connection_.get()), nullptr));
-  Reply<xcb_query_pointer_reply_t> state(
-      xcb_query_pointer_reply(connection_.get(), xcb_query_pointer(connection_.get(), screen_->root), nullptr));
-  return keys && state && state->mask == 0 &&
+  const auto keys = ask(get(), xcb_query_keymap, xcb_query_keymap_reply);
+  return keys && keyboardState() == 0 &&
          std::all_of(std::begin(keys->keys), std::end(keys->keys), [](std::uint8_t bits) { return bits == 0; });
 }
 
 bool XClient::keyboardIsFree() {
-  Reply<xcb_grab_keyboard_reply_t> reply(
-      xcb_grab_keyboard_reply(connection_.get(),
-                              xcb_grab_keyboard(connection_.get(), 0, screen_->root, XCB_CURRENT_TIME,
-                                                XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC),
-                              nullptr));
-  xcb_ungrab_keyboard(connection_.get(), XCB_CURRENT_TIME);
+  const auto reply = ask(get(), xcb_grab_keyboard, xcb_grab_keyboard_reply, 0, root(), XCB_CURRENT_TIME,
+                         XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+  xcb_ungrab_keyboard(get(), XCB_CURRENT_TIME);
   sync();
   return reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
 }
 
 bool XClient::nothingIsGrabbed() {
-  Reply<xcb_grab_pointer_reply_t> pointer(
-      xcb_grab_pointer_reply(connection_.get(),
-                             xcb_grab_pointer(connection_.get(), 0, screen_->root, 0, XCB_GRAB_MODE_ASYNC,
-                                              XCB_GRAB_MODE_ASYNC, XCB_NONE, XCB_NONE, XCB_CURRENT_TIME),
-                             nullptr));
-  xcb_ungrab_pointer(connection_.get(), XCB_CURRENT_TIME);
+  const auto pointer = ask(get(), xcb_grab_pointer, xcb_grab_pointer_reply, 0, root(), 0, XCB_GRAB_MODE_ASYNC,
+                           XCB_GRAB_MODE_ASYNC, XCB_NONE, XCB_NONE, XCB_CURRENT_TIME);
+  xcb_ungrab_pointer(get(), XCB_CURRENT_TIME);
   return keyboardIsFree() && pointer && pointer->status == XCB_GRAB_STATUS_SUCCESS;
 }
 
 bool XClient::grabKey(std::uint8_t keyCode, std::uint16_t modifiers) {
-  const auto cookie = xcb_grab_key_checked(connection_.get(), 0, screen_->root, modifiers, keyCode, XCB_GRAB_MODE_ASYNC,
-                                           XCB_GRAB_MODE_ASYNC);
-  Reply<xcb_generic_error_t> error(xcb_request_check(connection_.get(), cookie));
+  const auto cookie =
+      xcb_grab_key_checked(get(), 0, root(), modifiers, keyCode, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+  const UniqueCPtr<xcb_generic_error_t, std::free> error(xcb_request_check(get(), cookie));
   return !error;
 }
 
 void XClient::drainEvents() {
-  while (Reply<xcb_generic_event_t> event{xcb_poll_for_event(connection_.get())}) {
+  while (const UniqueCPtr<xcb_generic_event_t, std::free> event{xcb_poll_for_event(get())}) {
     const int type = event->response_type & 0x7F;
     if (type == xfixesEvent_ + XCB_XFIXES_SELECTION_NOTIFY) ++clipboardChanges_;
     if (type == XCB_SELECTION_NOTIFY) clipboardAnswered_ = true;
@@ -341,8 +312,8 @@ void XClient::drainEvents() {
 std::optional<std::string> XClient::clipboardText() {
   const xcb_atom_t target = atom("RONDORA_TEST_CLIPBOARD");
   clipboardAnswered_ = false;
-  xcb_delete_property(connection_.get(), window_, target);
-  xcb_convert_selection(connection_.get(), window_, atom("CLIPBOARD"), atom("UTF8_STRING"), target, XCB_CURRENT_TIME);
+  xcb_delete_property(get(), window_, target);
+  xcb_convert_selection(get(), window_, atom("CLIPBOARD"), atom("UTF8_STRING"), target, XCB_CURRENT_TIME);
   sync();
   const bool answered = waitUntil(
       [this] {
@@ -368,12 +339,8 @@ Capture XClient::capture(Area area) {
   area.y = std::max(area.y, 0);
   area.width = right - area.x;
   area.height = bottom - area.y;
-  Reply<xcb_get_image_reply_t> image(xcb_get_image_reply(
-      connection_.get(),
-      xcb_get_image(connection_.get(), XCB_IMAGE_FORMAT_Z_PIXMAP, screen_->root, static_cast<std::int16_t>(area.x),
-                    static_cast<std::int16_t>(area.y), static_cast<std::uint16_t>(area.width),
-                    static_cast<std::uint16_t>(area.height), ~0U),
-      nullptr));
+  const auto image = ask(get(), xcb_get_image, xcb_get_image_reply, XCB_IMAGE_FORMAT_Z_PIXMAP, root(), area.x, area.y,
+                         area.width, area.height, ~0U);
   if (!image) throw std::runtime_error("cannot capture the screen");
   const auto* first = reinterpret_cast<const std::uint32_t*>(xcb_get_image_data(image.get()));
   return {area, {first, first + area.width * area.height}};

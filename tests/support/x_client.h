@@ -61,6 +61,12 @@ class XClient {
   XClient(const XClient&) = delete;
   XClient& operator=(const XClient&) = delete;
 
+  /// For what this class does not do.
+  xcb_connection_t* get() const { return connection_.get(); }
+  xcb_window_t root() const { return screen_->root; }
+  /// Returns once the server has done all that was asked of it.
+  void sync();
+
   /// On the server's own keyboard, as a user does; what other programs fake comes from another one.
   void keyDown(std::uint8_t keyCode);
   void keyUp(std::uint8_t keyCode);
@@ -120,13 +126,9 @@ class XClient {
   Capture settledCapture(Area area);
 
  private:
-  template <class T>
-  using Reply = UniqueCPtr<T, std::free>;
-
   std::uint8_t findKeyboard();
   void userInput(std::uint8_t type, std::uint8_t keyCode);
   void fakeInput(std::uint8_t type, std::uint8_t detail, Position position = {});
-  void sync();
   xcb_timestamp_t serverTime();
   void drainEvents();
   xcb_atom_t atom(const std::string& name);

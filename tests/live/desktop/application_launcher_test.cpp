@@ -32,7 +32,7 @@ class ApplicationLauncherTest : public testing::Test {
   std::vector<std::string> report() const {
     const auto file = applicationsFolder().path() / "report";
     if (!live::waitUntil([&] { return std::filesystem::exists(file); })) return std::vector<std::string>(5);
-    std::istringstream text(contentOf(file));
+    std::istringstream text(readFile(file));
     std::vector<std::string> lines;
     for (std::string line; std::getline(text, line);) lines.push_back(line);
     std::filesystem::remove(file);

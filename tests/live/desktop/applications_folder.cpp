@@ -58,17 +58,17 @@ ApplicationsFolder::ApplicationsFolder() {
 }
 
 void ApplicationsFolder::addEntry(const std::string& id, const std::string& keys) const {
-  writeText(path() / "system" / "applications" / (id + ".desktop"),
+  writeFile(path() / "system" / "applications" / (id + ".desktop"),
             "[Desktop Entry]\nType=Application\nName=" + id + "\n" + keys);
 }
 
 void ApplicationsFolder::addProgram(const std::string& name, const std::string& script) const {
-  writeText(programs() / name, "#!/bin/sh\n" + script + "\n");
+  writeFile(programs() / name, "#!/bin/sh\n" + script + "\n");
   std::filesystem::permissions(programs() / name, std::filesystem::perms::owner_all);
 }
 
 void ApplicationsFolder::setDefaults(const std::string& lines) const {
-  writeText(path() / "config" / "mimeapps.list", "[Default Applications]\n" + lines);
+  writeFile(path() / "config" / "mimeapps.list", "[Default Applications]\n" + lines);
 }
 
 }  // namespace rondora::desktop

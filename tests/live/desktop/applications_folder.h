@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <string>
 
-#include "live/desktop/temporary_folder.h"
+#include "support/temporary_folder.h"
 
 namespace rondora::desktop {
 

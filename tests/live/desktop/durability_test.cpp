@@ -8,11 +8,11 @@
 #include "doubles/fake_session.h"
 #include "doubles/virtual_time.h"
 #include "live/desktop/cut_process.h"
-#include "live/desktop/temporary_folder.h"
 #include "platform/linux/desktop/file_user_defaults.h"
 #include "platform/linux/desktop/posix_file_system.h"
 #include "storage/config_manager.h"
 #include "storage/legacy_pie_menu_migration.h"
+#include "support/temporary_folder.h"
 
 // What is on disk when the program is killed at any point of its writing.
 
@@ -58,7 +58,7 @@ enum class Form { file, link };
 /// Puts the document there as a file, or as a link to one in another folder.
 void putDocument(const User& user, Form form, const std::string& text) {
   const fs::path elsewhere = user.folder.path() / "elsewhere" / "rings.json";
-  writeText(form == Form::link ? elsewhere : user.document(), text);
+  writeFile(form == Form::link ? elsewhere : user.document(), text);
   if (form == Form::file) return;
   fs::create_directories(user.document().parent_path());
   if (!fs::is_symlink(user.document())) fs::create_symlink("../../elsewhere/rings.json", user.document());
@@ -73,14 +73,14 @@ TEST_P(CutWriting, SaveLeavesTheOldOrTheNewDocument) {
   User user;
   putDocument(user, GetParam(), R"({"schemaVersion": 3, "menus": []})");
   user.start();
-  const std::string before = contentOf(user.document());
+  const std::string before = readFile(user.document());
   const auto save = [&] {
     PieConfiguration edited = user.manager->current();
     edited.menus[0].name = std::string(100'000, 'E');
     user.manager->save(std::move(edited));
   };
   ASSERT_EQ(runUntilStop(kNever, save), Ending::completed);
-  const std::string after = contentOf(user.document());
+  const std::string after = readFile(user.document());
   ASSERT_NE(after, before);
 
   Ending ending = Ending::cut;
@@ -89,7 +89,7 @@ TEST_P(CutWriting, SaveLeavesTheOldOrTheNewDocument) {
     SCOPED_TRACE(stop);
     putDocument(user, GetParam(), before);
     ending = runUntilStop(stop, save);
-    const std::string found = contentOf(user.document());
+    const std::string found = readFile(user.document());
     ASSERT_TRUE(found == after || (found == before && !wasThere)) << found.substr(0, 200);
     wasThere = found == after;
     struct stat status {};
@@ -104,7 +104,7 @@ TEST_P(CutWriting, SaveLeavesTheOldOrTheNewDocument) {
 std::vector<std::string> documentAndBackups(const User& user) {
   std::vector<std::string> texts;
   for (const auto& entry : fs::directory_iterator(user.document().parent_path())) {
-    if (entry.path().extension() == ".json") texts.push_back(contentOf(entry.path()));
+    if (entry.path().extension() == ".json") texts.push_back(readFile(entry.path()));
   }
   return texts;
 }
@@ -131,7 +131,7 @@ std::string carriedOverDocument(const std::string& text) {
 
 /// A text that is missing altogether counts as whole.
 void expectWholeOrMissing(const fs::path& path, const std::string& whole) {
-  EXPECT_TRUE(!fs::exists(path) || contentOf(path) == whole) << path;
+  EXPECT_TRUE(!fs::exists(path) || readFile(path) == whole) << path;
 }
 
 TEST(CutMigration, CarriesEachThingOverAsAWholeAndGoesOnAtTheNextStart) {
@@ -141,20 +141,20 @@ TEST(CutMigration, CarriesEachThingOverAsAWholeAndGoesOnAtTheNextStart) {
     User user;
     const std::string defaults = "pie.hasSeenPermissionIntro=true\n";
     const fs::path favicons = user.cacheHome() / "Rondora" / "favicons";
-    writeText(user.configHome() / "PieMenu" / "config.json", carriedOverDocument("PieMenu"));
-    writeText(user.configHome() / "PieMenu" / "defaults", defaults);
-    writeText(user.cacheHome() / "PieMenu" / "favicons" / "a.png", "first");
-    writeText(user.cacheHome() / "PieMenu" / "favicons" / "b" / "c.png", "second");
+    writeFile(user.configHome() / "PieMenu" / "config.json", carriedOverDocument("PieMenu"));
+    writeFile(user.configHome() / "PieMenu" / "defaults", defaults);
+    writeFile(user.cacheHome() / "PieMenu" / "favicons" / "a.png", "first");
+    writeFile(user.cacheHome() / "PieMenu" / "favicons" / "b" / "c.png", "second");
 
     ending = runUntilStop(stop, [&] { user.migrate(); });
     expectWholeOrMissing(user.document(), carriedOverDocument("Rondora"));
     expectWholeOrMissing(user.configHome() / "Rondora" / "defaults", defaults);
-    EXPECT_EQ(contentOf(user.configHome() / "PieMenu" / "config.json"), carriedOverDocument("PieMenu"));
+    EXPECT_EQ(readFile(user.configHome() / "PieMenu" / "config.json"), carriedOverDocument("PieMenu"));
 
     user.migrate();
-    EXPECT_EQ(contentOf(user.document()), carriedOverDocument("Rondora"));
-    EXPECT_EQ(contentOf(user.configHome() / "Rondora" / "defaults"), defaults);
-    EXPECT_EQ(contentOf(favicons / "a.png") + contentOf(favicons / "b" / "c.png"), "firstsecond");
+    EXPECT_EQ(readFile(user.document()), carriedOverDocument("Rondora"));
+    EXPECT_EQ(readFile(user.configHome() / "Rondora" / "defaults"), defaults);
+    EXPECT_EQ(readFile(favicons / "a.png") + readFile(favicons / "b" / "c.png"), "firstsecond");
   }
 }
 

@@ -5,8 +5,8 @@
 
 #include "doubles/fake_log.h"
 #include "doubles/fake_session.h"
-#include "live/desktop/temporary_folder.h"
 #include "platform/linux/desktop/posix_file_system.h"
+#include "support/temporary_folder.h"
 
 namespace rondora::desktop {
 namespace {
@@ -39,35 +39,35 @@ TEST_F(FileUserDefaultsTest, AnotherStartFindsWhatWasSet) {
   EXPECT_TRUE(defaults.hasValue("NSInitialToolTipDelay"));
   EXPECT_FALSE(defaults.boolean("NSInitialToolTipDelay"));
   EXPECT_FALSE(defaults.hasValue("pie"));
-  EXPECT_EQ(contentOf(file("Rondora")), "NSInitialToolTipDelay=-120\nother=false\npie.hasSeenPermissionIntro=true\n");
+  EXPECT_EQ(readFile(file("Rondora")), "NSInitialToolTipDelay=-120\nother=false\npie.hasSeenPermissionIntro=true\n");
 }
 
 TEST_F(FileUserDefaultsTest, ReadsAFileThatSomebodyElseWrote) {
-  writeText(file("Rondora"), "\n=nothing\nno sign\nstrange=a=b\nseen=true");
+  writeFile(file("Rondora"), "\n=nothing\nno sign\nstrange=a=b\nseen=true");
   PosixFileSystem files(environment_);
   FileUserDefaults defaults(files, log_);
   EXPECT_TRUE(defaults.boolean("seen"));
   EXPECT_FALSE(defaults.boolean("strange"));
   defaults.setBoolean("seen", false);
-  EXPECT_EQ(contentOf(file("Rondora")), "seen=false\nstrange=a=b\n");
+  EXPECT_EQ(readFile(file("Rondora")), "seen=false\nstrange=a=b\n");
 }
 
 TEST_F(FileUserDefaultsTest, TakesOverThePredecessorsValuesOnlyWhereThereAreAny) {
   PosixFileSystem files(environment_);
   FileUserDefaults defaults(files, log_);
   EXPECT_FALSE(defaults.importPredecessorDomain());
-  writeText(file("PieMenu"), "\n");
+  writeFile(file("PieMenu"), "\n");
   EXPECT_FALSE(defaults.importPredecessorDomain());
   EXPECT_FALSE(std::filesystem::exists(file("Rondora")));
 
-  writeText(file("PieMenu"), "pie.hasSeenPermissionIntro=true\n");
+  writeFile(file("PieMenu"), "pie.hasSeenPermissionIntro=true\n");
   EXPECT_TRUE(defaults.importPredecessorDomain());
   EXPECT_TRUE(defaults.boolean("pie.hasSeenPermissionIntro"));
-  EXPECT_EQ(contentOf(file("Rondora")), "pie.hasSeenPermissionIntro=true\n");
+  EXPECT_EQ(readFile(file("Rondora")), "pie.hasSeenPermissionIntro=true\n");
 }
 
 TEST_F(FileUserDefaultsTest, AFileThatCannotBeWrittenIsLoggedAndTheValueHoldsForThisRun) {
-  writeText(folder_.path() / "Rondora", "a file where the folder should be");
+  writeFile(folder_.path() / "Rondora", "a file where the folder should be");
   PosixFileSystem files(environment_);
   FileUserDefaults defaults(files, log_);
   defaults.setBoolean("seen", true);

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "live/desktop/temporary_folder.h"
+#include "support/temporary_folder.h"
 
 namespace rondora::desktop {
 namespace {
@@ -22,10 +22,10 @@ class InputTrackpadsTest : public testing::Test {
  protected:
   void plugIn(const std::string& name, const Device& device, bool isReadable = true) {
     const auto folder = home.path() / "class" / name / "device";
-    writeText(folder / "capabilities" / "key", device.keys + "\n");
-    writeText(folder / "capabilities" / "abs", device.absolute + "\n");
-    writeText(folder / "properties", device.properties + "\n");
-    if (isReadable) writeText(home.path() / "nodes" / name, "");
+    writeFile(folder / "capabilities" / "key", device.keys + "\n");
+    writeFile(folder / "capabilities" / "abs", device.absolute + "\n");
+    writeFile(folder / "properties", device.properties + "\n");
+    if (isReadable) writeFile(home.path() / "nodes" / name, "");
   }
 
   TemporaryFolder home;

@@ -9,7 +9,7 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "live/desktop/temporary_folder.h"
+#include "support/temporary_folder.h"
 
 namespace rondora::desktop {
 namespace {

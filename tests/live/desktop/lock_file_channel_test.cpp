@@ -10,7 +10,7 @@
 #include <memory>
 
 #include "doubles/fake_session.h"
-#include "live/desktop/temporary_folder.h"
+#include "support/temporary_folder.h"
 
 namespace rondora::desktop {
 namespace {

@@ -8,7 +8,7 @@
 
 #include "doubles/fake_session.h"
 #include "live/desktop/system_call_spy.h"
-#include "live/desktop/temporary_folder.h"
+#include "support/temporary_folder.h"
 
 namespace rondora::desktop {
 namespace {
@@ -63,27 +63,21 @@ TEST_F(PosixFileSystemTest, WritesAllBytesThroughInterruptionsAndShortWrites) {
 TEST_F(PosixFileSystemTest, KeepsTheOldContentAndLeavesNothingBehindWhenACallFails) {
   ASSERT_EQ(files_.replaceDurably(in("config.json"), "old"), std::nullopt);
   for (const char* call : {"create", "write", "fsync file", "close", "rename"}) {
-    SystemCallSpy spy;
-    spy.failingCall = call;
-    spy.error = ENOSPC;
+    SystemCallSpy spy(call, ENOSPC);
     EXPECT_THAT(files_.replaceDurably(in("config.json"), "new").value_or(""), HasSubstr("No space left on device"))
         << call;
-    EXPECT_EQ(contentOf(in("config.json")), "old") << call;
+    EXPECT_EQ(readFile(in("config.json")), "old") << call;
     EXPECT_THAT(namesInFolder(), ElementsAre("config.json")) << call;
   }
 }
 
 TEST_F(PosixFileSystemTest, WritesWhereTheMediumKnowsNoModes) {
-  SystemCallSpy spy;
-  spy.failingCall = "fchmod";
-  spy.error = EPERM;
+  SystemCallSpy spy("fchmod", EPERM);
   EXPECT_EQ(files_.replaceDurably(in("export.json"), "new"), std::nullopt);
 }
 
 TEST_F(PosixFileSystemTest, NewContentCountsWhereFoldersCannotBeFlushed) {
-  SystemCallSpy spy;
-  spy.failingCall = "fsync folder";
-  spy.error = EINVAL;
+  SystemCallSpy spy("fsync folder", EINVAL);
   EXPECT_EQ(files_.replaceDurably(in("config.json"), "new"), std::nullopt);
   spy.error = EIO;
   EXPECT_THAT(files_.replaceDurably(in("config.json"), "newer").value_or(""), HasSubstr("Input/output error"));
@@ -102,18 +96,18 @@ TEST_F(PosixFileSystemTest, OnlyTheUserMayReadTheFileWhateverTheUmask) {
 
 TEST_F(PosixFileSystemTest, ReplacesTheTargetOfLinksAndKeepsTheLinks) {
   fs::create_directory(in("elsewhere"));
-  writeText(in("elsewhere") / "real.json", "old");
+  writeFile(in("elsewhere") / "real.json", "old");
   fs::create_symlink("elsewhere/second", in("config.json"));
   fs::create_symlink("real.json", in("elsewhere") / "second");
   EXPECT_EQ(files_.replaceDurably(in("config.json"), "new"), std::nullopt);
   EXPECT_EQ(fs::read_symlink(in("config.json")), "elsewhere/second");
   EXPECT_EQ(fs::read_symlink(in("elsewhere") / "second"), "real.json");
-  EXPECT_EQ(contentOf(in("elsewhere") / "real.json"), "new");
+  EXPECT_EQ(readFile(in("elsewhere") / "real.json"), "new");
 
   fs::create_symlink("elsewhere/not-yet.json", in("dangling"));
   EXPECT_EQ(files_.replaceDurably(in("dangling"), "first"), std::nullopt);
   EXPECT_TRUE(fs::is_symlink(in("dangling")));
-  EXPECT_EQ(contentOf(in("elsewhere") / "not-yet.json"), "first");
+  EXPECT_EQ(readFile(in("elsewhere") / "not-yet.json"), "first");
 
   fs::create_symlink("loop", in("loop"));
   EXPECT_THAT(files_.replaceDurably(in("loop"), "x").value_or(""), HasSubstr("Too many levels of symbolic links"));
@@ -134,7 +128,7 @@ TEST_F(PosixFileSystemTest, ReadsWholeRegularFilesOnly) {
       "a\0\xFF"
       "b",
       4);
-  writeText(in("file"), bytes);
+  writeFile(in("file"), bytes);
   EXPECT_EQ(files_.read(in("file")), bytes);
 
   ASSERT_EQ(mkfifo(in("pipe").c_str(), 0600), 0);
@@ -143,7 +137,7 @@ TEST_F(PosixFileSystemTest, ReadsWholeRegularFilesOnly) {
   EXPECT_EQ(files_.read(in("missing")), std::nullopt);
   EXPECT_EQ(files_.read("/dev/zero"), std::nullopt);
 
-  writeText(in("huge"), "");
+  writeFile(in("huge"), "");
   fs::resize_file(in("huge"), PosixFileSystem::kLongestFile + 1);
   EXPECT_EQ(files_.read(in("huge")), std::nullopt);
   EXPECT_TRUE(files_.isTooLong(in("huge")));
@@ -161,42 +155,40 @@ TEST_F(PosixFileSystemTest, CreatesFoldersWithTheirParents) {
   EXPECT_EQ(files_.createFolder(in("link")), std::nullopt);
   EXPECT_EQ(files_.createFolder(in("link") / "b"), std::nullopt);
 
-  writeText(in("file"), "x");
+  writeFile(in("file"), "x");
   EXPECT_THAT(files_.createFolder(in("file")).value_or(""), HasSubstr("Not a directory"));
   EXPECT_THAT(files_.createFolder(in("file") / "below").value_or(""), HasSubstr("Not a directory"));
 }
 
 TEST_F(PosixFileSystemTest, CopiesFilesAndFoldersButNeverOverSomething) {
-  writeText(in("from") / "deep" / "icon.png", "png");
+  writeFile(in("from") / "deep" / "icon.png", "png");
   EXPECT_EQ(files_.copy(in("from"), in("to")), std::nullopt);
-  EXPECT_EQ(contentOf(in("to") / "deep" / "icon.png"), "png");
-  EXPECT_EQ(contentOf(in("from") / "deep" / "icon.png"), "png");
+  EXPECT_EQ(readFile(in("to") / "deep" / "icon.png"), "png");
+  EXPECT_EQ(readFile(in("from") / "deep" / "icon.png"), "png");
 
-  writeText(in("config.json"), "{");
+  writeFile(in("config.json"), "{");
   EXPECT_EQ(files_.copy(in("config.json"), in("backup.json")), std::nullopt);
-  EXPECT_EQ(contentOf(in("backup.json")), "{");
-  writeText(in("config.json"), "other");
+  EXPECT_EQ(readFile(in("backup.json")), "{");
+  writeFile(in("config.json"), "other");
   EXPECT_THAT(files_.copy(in("config.json"), in("backup.json")).value_or(""), HasSubstr("File exists"));
-  EXPECT_EQ(contentOf(in("backup.json")), "{");
+  EXPECT_EQ(readFile(in("backup.json")), "{");
   EXPECT_THAT(files_.copy(in("missing"), in("x")).value_or(""), HasSubstr("No such file or directory"));
 }
 
 TEST_F(PosixFileSystemTest, ACopyIsOnDiskAndIndependentOfALinkThatItWasMadeFrom) {
-  writeText(in("real.json"), "{");
+  writeFile(in("real.json"), "{");
   fs::create_symlink("real.json", in("config.json"));
   SystemCallSpy spy;
   EXPECT_EQ(files_.copy(in("config.json"), in("backup.json")), std::nullopt);
   EXPECT_THAT(spy.calls, ElementsAre("fsync file", "rename", "fsync folder"));
   EXPECT_EQ(files_.replaceDurably(in("config.json"), "new"), std::nullopt);
-  EXPECT_EQ(contentOf(in("backup.json")), "{");
+  EXPECT_EQ(readFile(in("backup.json")), "{");
 }
 
 TEST_F(PosixFileSystemTest, ACopyThatFailsLeavesNothingBehind) {
-  writeText(in("config.json"), "{");
+  writeFile(in("config.json"), "{");
   for (const char* call : {"fsync file", "rename"}) {
-    SystemCallSpy spy;
-    spy.failingCall = call;
-    spy.error = EIO;
+    SystemCallSpy spy(call, EIO);
     EXPECT_THAT(files_.copy(in("config.json"), in("backup.json")).value_or(""), HasSubstr("Input/output error"));
     EXPECT_THAT(namesInFolder(), ElementsAre("config.json")) << call;
   }

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdarg>
+#include <utility>
 
 namespace rondora::desktop {
 namespace {
@@ -26,7 +27,9 @@ void note(const std::string& call) {
 
 }  // namespace
 
-SystemCallSpy::SystemCallSpy() { current = this; }
+SystemCallSpy::SystemCallSpy(std::string failing, int withError) : failingCall(std::move(failing)), error(withError) {
+  current = this;
+}
 
 SystemCallSpy::~SystemCallSpy() { current = nullptr; }
 

@@ -9,7 +9,8 @@ namespace rondora::desktop {
 /// of these calls stand before those of the C library. One at a time, one thread.
 class SystemCallSpy {
  public:
-  SystemCallSpy();
+  /// The call of that name, or "create", "fchmod", "close", fails with that error; none where it is empty.
+  explicit SystemCallSpy(std::string failing = {}, int withError = 0);
   ~SystemCallSpy();
   SystemCallSpy(const SystemCallSpy&) = delete;
   SystemCallSpy& operator=(const SystemCallSpy&) = delete;
@@ -18,11 +19,9 @@ class SystemCallSpy {
   std::vector<std::string> calls;
   /// Every other write is interrupted, and none takes more than three bytes.
   bool writesAreTroubled = false;
-  /// The call of that name, or "create", "fchmod", "close", fails with that error.
+  int writesSoFar = 0;
   std::string failingCall;
   int error = 0;
-
-  int writesSoFar = 0;
 };
 
 }  // namespace rondora::desktop

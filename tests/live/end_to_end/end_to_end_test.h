@@ -93,6 +93,15 @@ class EndToEndTest : public testing::Test {
   bool waitForActive(const std::string& title) {
     return waitUntil([&] { return client_.title(client_.activeWindow()) == title; });
   }
+  bool waitForSettings() { return waitForActive("Rondora Settings"); }
+  /// Any window of the program but the ring.
+  bool waitForWindow() {
+    return waitUntil([&] { return !program_->managedWindows().empty(); });
+  }
+  void closeWindows() {
+    for (const xcb_window_t window : program_->managedWindows()) client_.requestClose(window);
+    ASSERT_TRUE(waitUntil([&] { return program_->managedWindows().empty(); }));
+  }
   bool waitForClipboard(const std::string& text) {
     return waitUntil([&] { return client_.clipboardText() == text; });
   }

@@ -11,35 +11,12 @@ Document mainMenu() { return menu("Main", kControlAltSpace, snippetItems("Main",
 
 class LifecycleTest : public EndToEndTest {
  protected:
-  using EndToEndTest::EndToEndTest;
-
   void expectRingWorks() {
     choose(kMiddleOfRing, 0);
     EXPECT_TRUE(waitForClipboard("Main 1"));
     expectAtRest();
   }
 };
-
-class WithoutCompositorTest : public LifecycleTest {
- protected:
-  WithoutCompositorTest() : LifecycleTest({WindowManager::openbox, Compositor::none, Tray::tint2}) {}
-};
-
-class WithoutTrayTest : public LifecycleTest {
- protected:
-  WithoutTrayTest() : LifecycleTest({WindowManager::openbox, Compositor::picom, Tray::none}) {}
-};
-
-TEST_F(WithoutCompositorTest, RingWorks) {
-  start(document({mainMenu()}));
-  expectRingWorks();
-}
-
-TEST_F(WithoutTrayTest, SettingsOpenByThemselvesAndTheRingWorks) {
-  start(document({mainMenu()}));
-  EXPECT_TRUE(waitUntil([&] { return !program_->managedWindows().empty(); }));
-  expectRingWorks();
-}
 
 TEST_F(LifecycleTest, HotkeyOfAnotherProgramIsLeftAloneAndTheOthersWork) {
   ASSERT_TRUE(client_.grabKey(key::t, kControlAlt));
@@ -65,7 +42,7 @@ class EndTest : public LifecycleTest {
  protected:
   void startWithIntroduction() {
     program_.emplace(desktop_, client_, document({mainMenu()}).dump(), Introduction::due);
-    ASSERT_TRUE(waitUntil([&] { return !program_->managedWindows().empty(); }));
+    ASSERT_TRUE(waitForWindow());
   }
   bool introductionIsDue() const {
     const std::string defaults = readFile(RunningProgram::defaults(desktop_));
@@ -120,16 +97,6 @@ TEST_F(LifecycleTest, BrokenDocumentIsKeptAsideAndReplaced) {
   client_.tap(key::escape);
   releaseChord();
   expectAtRest();
-}
-
-TEST_F(LifecycleTest, IntroductionIsShownOnceAndEndsWhenClosed) {
-  program_.emplace(desktop_, client_, document({mainMenu()}).dump(), Introduction::due);
-  ASSERT_TRUE(waitUntil([&] { return !program_->managedWindows().empty(); }));
-  client_.requestClose(program_->managedWindows().front());
-  EXPECT_TRUE(waitUntil([&] {
-    return readFile(RunningProgram::defaults(desktop_)).find("pie.hasSeenPermissionIntro=true") != std::string::npos;
-  }));
-  EXPECT_EQ(program_->terminate(), 0);
 }
 
 }  // namespace

@@ -1,3 +1,4 @@
+#include <iterator>
 #include <random>
 
 #include "live/end_to_end/end_to_end_test.h"
@@ -10,6 +11,7 @@ constexpr Area kLeft{0, 0, 500, 800};
 constexpr Area kRight{500, 150, 780, 500};
 constexpr Position kOnLeft{250, 400};
 constexpr Position kOnRight{900, 400};
+constexpr Position kCorners[] = {{0, 0}, {1279, 0}, {2, 799}, {1279, 799}};
 constexpr int kDockHeight = 60;
 
 /// Two or three monitors beside each other, of unlike size and offset, with dead areas between and around them.
@@ -62,11 +64,13 @@ TEST_P(MonitorsTest, CentreIsAtThePointerOnEveryLayout) {
   for (int layout = 0; layout < kLayouts; ++layout) {
     desktop_.setMonitors(randomLayout(random));
     for (int opening = 0; opening < kOpenings; ++opening) {
-      const Position position{anyX(random), anyY(random)};
+      const bool isCorner = layout == 0 && opening < std::ssize(kCorners);
+      const Position position = isCorner ? kCorners[opening] : Position{anyX(random), anyY(random)};
       client_.movePointer(position);
       holdChord(key::space);
       ASSERT_TRUE(program_->waitForRing()) << "layout " << layout << ", opening " << opening;
       EXPECT_LE(offCentre(program_->ring()->area, position), 1) << "layout " << layout << ", opening " << opening;
+      EXPECT_EQ(client_.pointer(), position);
       ASSERT_NO_FATAL_FAILURE(leave());
     }
   }

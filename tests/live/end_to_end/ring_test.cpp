@@ -60,17 +60,6 @@ TEST_P(RingTest, CentreIsAtThePointerToThePixel) {
   }
 }
 
-TEST_P(RingTest, CentreStaysAtThePointerInTheCornersOfTheScreen) {
-  for (const Position position : {Position{0, 0}, Position{1279, 0}, Position{2, 799}, Position{1279, 799}}) {
-    client_.movePointer(position);
-    ASSERT_TRUE(open());
-    EXPECT_LE(offCentre(program_->ring()->area, position), 1);
-    EXPECT_EQ(client_.pointer(), position);
-    releaseChord();
-    expectAtRest();
-  }
-}
-
 TEST_P(RingTest, ReleaseChoosesAndTheActiveWindowNeverChanges) {
   const xcb_window_t active = client_.activeWindow(), focus = client_.inputFocus();
   ASSERT_TRUE(open());
@@ -223,23 +212,6 @@ TEST_P(RingTest, PlainKeyIsHeldWhilePointing) {
   pointTo(-kMiddleOfRing, 0);
   client_.keyUp(key::f9);
   EXPECT_TRUE(waitForClipboard("Plain 3"));
-  expectAtRest();
-}
-
-TEST_P(RingTest, LocksDoNotMatterAndOtherModifiersDo) {
-  client_.tap(key::capsLock);
-  client_.tap(key::numLock);
-  choose(0, -kMiddleOfRing);
-  EXPECT_TRUE(waitForClipboard("Clock 0"));
-  client_.tap(key::capsLock);
-  client_.tap(key::numLock);
-
-  client_.keyDown(key::shift);
-  holdChord(key::space);
-  releaseChord();
-  client_.keyUp(key::shift);
-  choose(kMiddleOfRing, 0, key::b);  // would only have closed a ring that was open
-  EXPECT_TRUE(waitForClipboard("Four 1"));
   expectAtRest();
 }
 

@@ -16,13 +16,6 @@ class SessionTest : public EndToEndTest {
     if (!waitUntil([&] { return !second->isRunning(); })) return std::nullopt;
     return second->wait();
   }
-  bool waitForSettings() {
-    return waitUntil([&] { return client_.title(client_.activeWindow()) == "Rondora Settings"; });
-  }
-  void closeSettings() {
-    for (const xcb_window_t window : program_->managedWindows()) client_.requestClose(window);
-    ASSERT_TRUE(waitUntil([&] { return program_->managedWindows().empty(); }));
-  }
   /// What another program of the session is told.
   std::optional<std::string> trigger(const std::string& menuId) {
     return desktop_.outputOf({"gdbus", "call", "--session", "--dest", "io.github.rondora.Rondora", "--object-path",
@@ -34,7 +27,7 @@ TEST_F(SessionTest, ASecondStartOpensTheSettingsOfTheFirst) {
   start(document({menu("Main", kControlAltSpace, snippetItems("Main", 4))}));
   EXPECT_EQ(startAgain(), 0);
   EXPECT_TRUE(waitForSettings());
-  closeSettings();
+  closeWindows();
   EXPECT_EQ(startAgain(kNoBus), 0) << "found by the lock file";
   EXPECT_TRUE(waitForSettings());
   EXPECT_EQ(program_->boundKeys(), 4U);

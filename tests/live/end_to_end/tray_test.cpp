@@ -46,13 +46,6 @@ class TrayTest : public EndToEndTest {
     client_.click();
     ASSERT_TRUE(waitUntil([&] { return !program_->isRunning() || !menuOnScreen(); }));
   }
-  bool waitForSettings(const std::string& title = "Rondora Settings") {
-    return waitUntil([&] { return client_.title(client_.activeWindow()) == title; });
-  }
-  void closeWindows() {
-    for (const xcb_window_t window : program_->managedWindows()) client_.requestClose(window);
-    ASSERT_TRUE(waitUntil([&] { return program_->managedWindows().empty(); }));
-  }
   std::size_t linesAboutTheItem() {
     const auto lines = program_->logLines();
     return static_cast<std::size_t>(std::count_if(lines.begin(), lines.end(), [](const std::string& line) {
@@ -99,7 +92,7 @@ TEST_F(TrayTest, IsAnnouncedOnTheBusWhereAPanelListensThere) {
   ASSERT_TRUE(waitUntil([&] { return panel->itemCount() == 1; }));
   EXPECT_THAT(panel->menuLabels(), ElementsAre("Einstellungen", "", "Beenden"));
   ASSERT_TRUE(panel->choose("Einstellungen"));
-  EXPECT_TRUE(waitUntil([&] { return !program_->managedWindows().empty(); }));
+  EXPECT_TRUE(waitForWindow());
   EXPECT_FALSE(client_.trayIconOf(program_->pid())) << "one icon is enough";
 
   panel.reset();
@@ -111,7 +104,7 @@ TEST_F(TrayTest, IsAnnouncedOnTheBusWhereAPanelListensThere) {
 
 TEST_F(TrayTest, IsAnnouncedToAPanelThatComesLater) {
   startIn("ar");
-  ASSERT_TRUE(waitUntil([&] { return !program_->managedWindows().empty(); }));
+  ASSERT_TRUE(waitForWindow());
   StatusNotifierHost panel(busAddress());
   ASSERT_TRUE(waitUntil([&] { return panel.itemCount() == 1; }));
   EXPECT_THAT(panel.menuLabels(), ElementsAre("الإعدادات", "", "إنهاء"));

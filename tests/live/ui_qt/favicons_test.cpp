@@ -1,35 +1,19 @@
-#include "icons/favicons.h"
-
 #include <gtest/gtest.h>
 
 #include <QBuffer>
-#include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QFile>
 #include <QImage>
 #include <QTemporaryDir>
-#include <functional>
 
-#include "doubles/fake_devices.h"
-#include "doubles/fake_session.h"
-#include "doubles/virtual_time.h"
+#include "live/ui_qt/event_loop.h"
 #include "live/ui_qt/web_server.h"
-#include "platform/linux/desktop/posix_file_system.h"
-#include "ui/qt/icon_images.h"
 #include "ui/qt/qt_network_fetch.h"
 #include "ui/qt/qt_picture_codec.h"
 
 namespace rondora {
 namespace {
 
-constexpr int kPatienceMilliseconds = 15000;
 constexpr double kLongTime = 60;
-
-bool waitUntil(const std::function<bool()>& condition) {
-  QDeadlineTimer deadline(kPatienceMilliseconds);
-  while (!condition() && !deadline.hasExpired()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
-  return condition();
-}
 
 QImage filled(int side, Qt::GlobalColor color) {
   QImage image(side, side, QImage::Format_ARGB32);
@@ -166,31 +150,6 @@ TEST(PictureCodecTest, MakesASmallPngOfPixelPicturesOnly) {
   EXPECT_TRUE(read("<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>").isNull());
   EXPECT_TRUE(read("<html>").isNull());
   EXPECT_TRUE(read({}).isNull());
-}
-
-TEST_F(WebTest, ASitesPictureComesOverTheNetworkIntoTheCacheAndOntoARing) {
-  server.pages["/"] = WebServer::answering("<html><head><link rel=icon href=/icon.ico></head></html>");
-  server.pages["/icon.ico"] = WebServer::answering(encoded(filled(32, Qt::red), "ico"));
-  QTemporaryDir home;
-  FakeProcessEnvironment environment;
-  environment.variables["XDG_CACHE_HOME"] = home.path().toStdString();
-  desktop::PosixFileSystem files(environment);
-  VirtualTime time;
-  QtPictureCodec codec;
-  Favicons favicons({network, codec, files, time, time});
-  const FakeApplicationIcons applications;
-  IconImages images(applications, [&favicons](std::string_view site) { return favicons.picture(site); });
-  PieConfiguration configuration;
-  configuration.menus.emplace_back().items.emplace_back().icon = "favicon:" + server.address("/any");
-  const std::string site = server.address("");
-  const auto middle = [&] { return images.image({IconKind::favicon, site, {}, {0, 0, 1, 1}}, 48).pixelColor(24, 24); };
-
-  EXPECT_EQ(middle(), QColor(Qt::blue));  // a globe in the tint
-  favicons.prefetch(configuration);
-  time.advance(10);
-  ASSERT_TRUE(waitUntil([&] { return favicons.picture(site).has_value(); }));
-  EXPECT_EQ(middle(), QColor(Qt::red));
-  EXPECT_TRUE(favicons.picture(site)->string().starts_with(home.path().toStdString() + "/Rondora/favicons/127.0.0.1-"));
 }
 
 }  // namespace

@@ -40,6 +40,12 @@ int difference(std::uint32_t a, std::uint32_t b) {
   return result;
 }
 
+void expectSame(const Canvas& one, const Canvas& other, int tolerance) {
+  for (std::size_t i = 0; i < one.pixels.size(); ++i) {
+    ASSERT_LE(difference(one.pixels[i], other.pixels[i]), tolerance) << "pixel " << i;
+  }
+}
+
 /// Quarter rings that overlap their neighbours' rectangles; in state 1 larger and in another colour.
 PictureLayer quarter(int index) {
   const double start = index * std::numbers::pi / 2;
@@ -83,9 +89,7 @@ TEST_P(PictureRasterizerTest, ChangingAStateLooksLikePaintingItAfresh) {
     Canvas afresh(GetParam());
     rasterizer.prepare(ring(), GetParam())->paint(states, whole(), afresh.buffer());
     constexpr int kRounding = 2;  // layers kept are blended once more than what is painted directly
-    for (std::size_t i = 0; i < before.pixels.size(); ++i) {
-      ASSERT_LE(difference(before.pixels[i], afresh.pixels[i]), kRounding) << "pixel " << i;
-    }
+    ASSERT_NO_FATAL_FAILURE(expectSame(before, afresh, kRounding));
   }
 }
 
@@ -192,9 +196,7 @@ TEST_P(PictureRasterizerTest, APictureThatIsKeptLooksLikeANewOneOnEveryBackdropA
       for (const auto* prepared : {&kept, &second}) {
         Canvas canvas(GetParam());
         (*prepared)->paint(states, whole(), canvas.buffer());
-        for (std::size_t i = 0; i < canvas.pixels.size(); ++i) {
-          ASSERT_LE(difference(canvas.pixels[i], wanted.pixels[i]), 2) << "pixel " << i << " on " << beneath;
-        }
+        ASSERT_NO_FATAL_FAILURE(expectSame(canvas, wanted, 2)) << "on " << beneath;
       }
     }
   }

@@ -71,7 +71,7 @@ TEST_F(ActivationTest, UsesTheWindowThatWasActiveLastEvenWhenAnotherOneLiesAbove
   startEditorAndTerminal();
   makeActive(firstWindow_);
   makeActive(terminalWindow_);
-  run({"wmctrl", "-i", "-r", hexadecimal(secondWindow_), "-b", "add,above"});
+  run({"wmctrl", "-i", "-r", std::to_string(secondWindow_), "-b", "add,above"});
   ASSERT_TRUE(eventually([this] {
     for (const auto& window : underTest_.windows.windows()) {
       if (window.window == firstWindow_ || window.window == secondWindow_) return window.window == secondWindow_;
@@ -113,23 +113,6 @@ TEST_F(ActivationTest, RestoresAnIconifiedWindowButOnlyWhenNoneIsOpen) {
   EXPECT_TRUE(workspaceForUser().activate(*running("org.xfce.mousepad")));
   EXPECT_TRUE(becomesActive(secondWindow_));
   EXPECT_FALSE(running("org.xfce.mousepad")->isHidden);
-}
-
-TEST_F(ActivationTest, GoesToTheDesktopOfTheWindow) {
-  startEditorAndTerminal();
-  run({"wmctrl", "-n", "3"});
-  run({"wmctrl", "-i", "-r", hexadecimal(terminalWindow_), "-t", "2"});
-  ASSERT_TRUE(eventually([this] { return underTest_.windows.describe(terminalWindow_)->desktop == 2U; }));
-  makeActive(secondWindow_);
-  ASSERT_EQ(currentDesktop(), 0U);
-  EXPECT_FALSE(running("debian-xterm")->isHidden);
-  EXPECT_TRUE(workspaceForUser().activate(*running("debian-xterm")));
-  EXPECT_TRUE(becomesActive(terminalWindow_));
-  EXPECT_EQ(currentDesktop(), 2U);
-
-  EXPECT_TRUE(workspaceForUser().activate(*running("org.xfce.mousepad")));
-  EXPECT_TRUE(becomesActive(secondWindow_));
-  EXPECT_EQ(currentDesktop(), 0U);
 }
 
 TEST_F(ActivationTest, AWindowThatIsGoneIsReplacedAndAnApplicationThatIsGoneIsNot) {

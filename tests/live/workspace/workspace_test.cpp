@@ -1,6 +1,5 @@
 #include "live/workspace/workspace_test.h"
 
-#include <cstdio>
 #include <cstdlib>
 
 #include "support/wait.h"
@@ -103,25 +102,13 @@ std::optional<RunningApplication> WorkspaceTest::running(const std::string& bund
 
 bool WorkspaceTest::becomesActive(xcb_window_t window) {
   const bool became = eventually([&] { return isActive(window); });
-  currentDesktop();  // its answer comes after the events of the change
+  const auto& connection = underTest_.connection;  // its answer comes after the events of the change
+  connection.property32(connection.root(), connection.atom("_NET_ACTIVE_WINDOW"), XCB_ATOM_WINDOW);
   return became && underTest_.handleEvents();
-}
-
-std::uint32_t WorkspaceTest::currentDesktop() {
-  const auto& connection = underTest_.connection;
-  const auto values =
-      connection.property32(connection.root(), connection.atom("_NET_CURRENT_DESKTOP"), XCB_ATOM_CARDINAL);
-  return values.empty() ? 0 : values.front();
 }
 
 void WorkspaceTest::run(const std::vector<std::string>& command) {
   EXPECT_TRUE(desktop_->outputOf(command)) << command.front();
-}
-
-std::string hexadecimal(xcb_window_t window) {
-  char text[16];
-  std::snprintf(text, sizeof text, "0x%08x", window);
-  return text;
 }
 
 }  // namespace rondora::live

@@ -60,7 +60,6 @@ class WorkspaceTest : public testing::Test {
   std::optional<RunningApplication> running(const std::string& bundleIdentifier);
   bool isActive(xcb_window_t window) { return client_.activeWindow() == window; }
   bool becomesActive(xcb_window_t window);
-  std::uint32_t currentDesktop();
   void run(const std::vector<std::string>& command);
 
  private:
@@ -73,7 +72,5 @@ class WorkspaceTest : public testing::Test {
   WorkspaceUnderTest underTest_;
   XClient client_;
 };
-
-std::string hexadecimal(xcb_window_t window);
 
 }  // namespace rondora::live

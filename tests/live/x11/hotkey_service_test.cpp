@@ -11,10 +11,16 @@ using testing::Not;
 
 class HotkeyServiceTest : public X11Test {};
 
-/// A server whose keys repeat fast.
-class RepeatingKeysTest : public X11Test {
+class ChordTest : public X11Test {
  protected:
-  RepeatingKeysTest() : X11Test({"-ardelay", "50", "-arinterval", "10"}) {
+  using X11Test::X11Test;
+  void SetUp() override { ASSERT_TRUE(registerHotkey(kSpace, kControlOption)); }
+};
+
+/// A server whose keys repeat fast.
+class RepeatingKeysTest : public ChordTest {
+ protected:
+  RepeatingKeysTest() : ChordTest({"-ardelay", "50", "-arinterval", "10"}) {
     repeatObserver_ = keyboard_.addKeyObserver([this](const x11::XKey& key) {
       repeats_ += key.isRepeat;
       return false;
@@ -51,8 +57,7 @@ TEST(KeyCodesTest, MenuKeyStandsInForFnAndIsSentAsItself) {
   EXPECT_EQ(x11::virtualKeyCode(8), KeyEvent::kNoKeyCode);
 }
 
-TEST_F(HotkeyServiceTest, MatchesModifiersExactlyWhateverTheLocksDo) {
-  ASSERT_TRUE(registerHotkey(kSpace, kControlOption));
+TEST_F(ChordTest, MatchesModifiersExactlyWhateverTheLocksDo) {
   for (const auto& locks :
        std::vector<std::vector<std::uint8_t>>{{}, {key::capsLock}, {key::numLock}, {key::capsLock, key::numLock}}) {
     for (const std::uint8_t lock : locks) user_.tap(lock);
@@ -69,8 +74,7 @@ TEST_F(HotkeyServiceTest, MatchesModifiersExactlyWhateverTheLocksDo) {
   }
 }
 
-TEST_F(HotkeyServiceTest, MatchesTheReleaseByItsKeyAlone) {
-  ASSERT_TRUE(registerHotkey(kSpace, kControlOption));
+TEST_F(ChordTest, MatchesTheReleaseByItsKeyAlone) {
   pressChord();
   user_.keyUp(key::alt);
   user_.keyUp(key::control);
@@ -98,8 +102,7 @@ TEST_F(HotkeyServiceTest, RefusesWhatNoKeyboardHas) {
   EXPECT_TRUE(registerHotkey(kSpace, 0x100 | 0x200 | 0x800 | 0x1000));
 }
 
-TEST_F(HotkeyServiceTest, EndsARegistrationAndKeepsItsTwin) {
-  ASSERT_TRUE(registerHotkey(kSpace, kControlOption, 1));
+TEST_F(ChordTest, EndsARegistrationAndKeepsItsTwin) {
   ASSERT_TRUE(registerHotkey(kSpace, kControlOption, 2));
   registrations_.erase(registrations_.begin());
   tapChord();
@@ -110,8 +113,7 @@ TEST_F(HotkeyServiceTest, EndsARegistrationAndKeepsItsTwin) {
   EXPECT_TRUE(user_.grabKey(key::space, kControlMask | kAltMask));
 }
 
-TEST_F(HotkeyServiceTest, AHandlerMayRegisterEverythingAnew) {
-  ASSERT_TRUE(registerHotkey(kSpace, kControlOption));
+TEST_F(ChordTest, AHandlerMayRegisterEverythingAnew) {
   const auto handler = hotkeys_.installEventHandler([this](const HotKeyEvent*) {
     registrations_.clear();
     EXPECT_TRUE(registerHotkey(kSpace, kControlOption, 7));
@@ -149,8 +151,7 @@ TEST_F(HotkeyServiceTest, StaysWhereItIsOnAnotherLayout) {
   EXPECT_EQ(keymap_.charactersIgnoringModifiers(key::digit1, XCB_MOD_MASK_SHIFT | XCB_MOD_MASK_CONTROL), "1");
 }
 
-TEST_F(HotkeyServiceTest, FollowsModifiersThatMove) {
-  ASSERT_TRUE(registerHotkey(kSpace, kControlOption));
+TEST_F(ChordTest, FollowsModifiersThatMove) {
   runTool({"xmodmap", "-e", "clear mod2", "-e", "clear mod3", "-e", "add mod3 = Num_Lock"});
   ASSERT_TRUE(eventually([&] { return keymap_.masks().numLock == XCB_MOD_MASK_3; }));
   user_.tap(key::numLock);
@@ -163,8 +164,7 @@ TEST_F(HotkeyServiceTest, FollowsModifiersThatMove) {
   EXPECT_THAT(reports(), IsEmpty()) << "without an Alt key the combination is another one";
 }
 
-TEST_F(HotkeyServiceTest, TellsWhenModifiersMoveToWhereAnotherProgramIs) {
-  ASSERT_TRUE(registerHotkey(kSpace, kControlOption));
+TEST_F(ChordTest, TellsWhenModifiersMoveToWhereAnotherProgramIs) {
   XClient other(server_.display());
   ASSERT_TRUE(other.grabKey(key::space, kControlMask | XCB_MOD_MASK_3));
   std::optional<bool> isRegisteredAnew;
@@ -179,7 +179,6 @@ TEST_F(HotkeyServiceTest, TellsWhenModifiersMoveToWhereAnotherProgramIs) {
 }
 
 TEST_F(RepeatingKeysTest, ReportsAHeldKeyOnce) {
-  ASSERT_TRUE(registerHotkey(kSpace, kControlOption));
   pressChord();
   ASSERT_TRUE(keyRepeats());
   EXPECT_THAT(reports(), ElementsAre("+1"));
@@ -188,7 +187,6 @@ TEST_F(RepeatingKeysTest, ReportsAHeldKeyOnce) {
 }
 
 TEST_F(RepeatingKeysTest, KnowsAHeldKeyFromBeforeTheOverlay) {
-  ASSERT_TRUE(registerHotkey(kSpace, kControlOption));
   pressChord();
   EXPECT_THAT(reports(), ElementsAre("+1"));
   auto panel = openPanel();
@@ -202,7 +200,6 @@ TEST_F(RepeatingKeysTest, KnowsAHeldKeyFromBeforeTheOverlay) {
 }
 
 TEST_F(RepeatingKeysTest, AKeyHeldBeyondTheOverlayIsNoNewPress) {
-  ASSERT_TRUE(registerHotkey(kSpace, kControlOption));
   pressChord();
   reports();
   openPanel().reset();
@@ -217,7 +214,6 @@ TEST_F(RepeatingKeysTest, AKeyHeldBeyondTheOverlayIsNoNewPress) {
 
 /// Letting go of Control first leaves Alt and the key, which window managers like to bind.
 TEST_F(RepeatingKeysTest, AKeyHeldBeyondTheOverlayReachesNobodyElse) {
-  ASSERT_TRUE(registerHotkey(kSpace, kControlOption, 1));
   ASSERT_TRUE(registerHotkey(kEscape, 0, 2));
   pressChord();
   reports();
@@ -255,8 +251,7 @@ TEST_F(HotkeyServiceTest, APressAfterAReleaseThatNobodySawIsNotLost) {
   EXPECT_THAT(reports(), ElementsAre("+1", "-1"));
 }
 
-TEST_F(HotkeyServiceTest, AKeyPressedBesideAHeldHotkeyIsNotLostLater) {
-  ASSERT_TRUE(registerHotkey(kSpace, kControlOption, 1));
+TEST_F(ChordTest, AKeyPressedBesideAHeldHotkeyIsNotLostLater) {
   ASSERT_TRUE(registerHotkey(kEscape, kControlOption, 2));
   pressChord();
   user_.keyDown(key::escape);
@@ -267,8 +262,7 @@ TEST_F(HotkeyServiceTest, AKeyPressedBesideAHeldHotkeyIsNotLostLater) {
   EXPECT_THAT(reports(), ElementsAre("+2", "-2"));
 }
 
-TEST_F(HotkeyServiceTest, WatchesNobodysKeysOnceEverythingIsUp) {
-  ASSERT_TRUE(registerHotkey(kSpace, kControlOption));
+TEST_F(ChordTest, WatchesNobodysKeysOnceEverythingIsUp) {
   pressChord();
   reports();
   openPanel().reset();

@@ -1,6 +1,5 @@
 #include <array>
 #include <atomic>
-#include <cstdlib>
 #include <random>
 #include <thread>
 
@@ -20,12 +19,6 @@ constexpr std::uint64_t kShiftFlag = 0x20000, kControlFlag = 0x40000, kOptionFla
 constexpr std::uint16_t kShiftMask = 1, kLockMask = 2, kSuperMask = XCB_MOD_MASK_4;
 constexpr std::uint16_t kVirtualA = 0, kVirtualC = 8;
 constexpr std::uint8_t kAltGr = 108, kC = 54;
-
-/// How often the long tests are to try; more than a few by RONDORA_TEST_ROUNDS.
-int rounds(int byDefault) {
-  const char* wanted = std::getenv("RONDORA_TEST_ROUNDS");
-  return wanted == nullptr ? byDefault : std::atoi(wanted);
-}
 
 class KeyPosterTest : public X11Test {
  protected:
@@ -142,21 +135,6 @@ TEST_F(KeyPosterTest, WhatTheUserHoldsIsNotTypedAndIsGivenBack) {
   user_.fakeKeyDown(key::control);
   EXPECT_EQ(user_.keyboardState(), kControlMask);
   user_.fakeKeyUp(key::control);
-  expectAtRest();
-}
-
-TEST_F(KeyPosterTest, LettingGoDuringTheKeystrokeIsLettingGo) {
-  user_.keyDown(key::control);
-  user_.keyDown(key::shift);
-  press(kVirtualC, kControlFlag);
-  user_.keyUp(key::control);
-  EXPECT_EQ(user_.keyboardState(), kControlMask) << "the keystroke's own is another key";
-  user_.keyDown(key::alt);
-  release(kVirtualC, kControlFlag);
-  EXPECT_EQ(user_.keyboardState(), kShiftMask | kAltMask);
-  user_.keyUp(key::shift);
-  user_.keyUp(key::alt);
-  ASSERT_TRUE(eventually([&] { return x11::XTestKeyboard(handle_.get()).look().synthetic.none(); }));
   expectAtRest();
 }
 

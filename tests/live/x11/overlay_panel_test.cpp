@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "doubles/allocation_counter.h"
+#include "support/x_reply.h"
 #include "x11_test.h"
 
 namespace rondora::live {
@@ -29,21 +30,57 @@ class OverlayPanelTest : public X11Test {
     panel.reset();
     drain();
   }
-  std::size_t windowCount() { return user_.topLevels().size(); }
   bool somebodyElseGetsTheKeyboard() {
     const bool isFree = other_.grabKeyboard();
     other_.ungrabKeyboard();
     return isFree;
   }
 
+  /// A panel of two layers side by side with a transparent stripe of 20 points between them; `prepare` is called before
+  /// it is on the screen.
+  std::unique_ptr<OverlayPanel> openTwoLayers(
+      const std::function<void(OverlayPanel&)>& prepare = [](OverlayPanel&) {}, const Rect& frame = kFrame) {
+    const Size size = frame.size;
+    const double half = size.width / 2;
+    auto panel = panels_.makePanel({}, frame, sink_);
+    panel->setPicture({size,
+                       {half, size.height / 2},
+                       {{{{0, 0}, {half - 10, size.height}}, {{}, {}, {}}},
+                        {{{half + 10, 0}, {half - 10, size.height}}, {{}, {}, {}}}}});
+    prepare(*panel);
+    panel->orderFrontRegardless();
+    panel->makeKey();
+    return panel;
+  }
+  /// The area is in the bystander's colour, wherever nothing lies above.
+  void cover(const Area& area) {
+    other_.coverArea(static_cast<std::int16_t>(area.x), static_cast<std::int16_t>(area.y),
+                     static_cast<std::uint16_t>(area.width), static_cast<std::uint16_t>(area.height));
+    ASSERT_TRUE(eventually([&] { return user_.capture(area).at(area.x + 1, area.y + 1) == Bystander::kColor; }));
+  }
+  /// The one backdrop that was read is all in the bystander's colour.
+  void expectCoveredBackdrop() {
+    ASSERT_EQ(rasterizer_.backdrops.size(), 1U);
+    EXPECT_EQ(rasterizer_.backdrops[0], std::vector<std::uint32_t>(200 * 200, 0xFF000000U | Bystander::kColor));
+  }
+  void waitForCompositor() {
+    ASSERT_TRUE(eventually([&] { return user_.selectionOwner("_NET_WM_CM_S0") != XCB_NONE; }));
+    drain();
+  }
+  /// Layers and what lies between them.
+  bool looksOpenBetweenItsParts() {
+    const Capture shown = capture(kArea);
+    return shown.at(110, 150) == SolidRasterizer::color(0) && shown.at(200, 150) == Bystander::kColor;
+  }
+
   /// The overlay's window is not the whole rectangle.
   bool isShaped() {
-    const auto cookie = xcb_shape_query_extents(other_.get(), user_.topLevels().back().window);
-    const x11::Reply<xcb_shape_query_extents_reply_t> reply(
-        xcb_shape_query_extents_reply(other_.get(), cookie, nullptr));
+    const auto reply =
+        ask(other_.get(), xcb_shape_query_extents, xcb_shape_query_extents_reply, user_.topLevels().back().window);
     return reply && reply->bounding_shaped != 0;
   }
 
+  const std::vector<std::string> compositor_{"picom", "--config", "/dev/null", "--backend", "xrender"};
   Bystander other_{server_.display()};
 };
 
@@ -57,15 +94,6 @@ class ScaledOverlayTest : public OverlayPanelTest {
  protected:
   ScaledOverlayTest() : OverlayPanelTest({"-r"}, 1.5) {}
 };
-
-/// Two layers side by side with a transparent stripe of 20 points between them.
-Picture twoLayers(Size size) {
-  const double half = size.width / 2;
-  return {
-      size,
-      {half, size.height / 2},
-      {{{{0, 0}, {half - 10, size.height}}, {{}, {}, {}}}, {{{half + 10, 0}, {half - 10, size.height}}, {{}, {}, {}}}}};
-}
 
 TEST_F(OverlayPanelTest, TakesEveryKeyAndMoveWithoutTouchingTheFocus) {
   const xcb_window_t focus = user_.inputFocus();
@@ -229,11 +257,7 @@ TEST_F(OverlayPanelTest, TheWindowBeneathSeesNoHalfClick) {
 
 TEST_F(OverlayPanelTest, PaintsOnlyWhatChangedAndLeavesTransparentPartsOpen) {
   const Capture desktop = capture(kArea);
-  auto panel = panels_.makePanel({}, kFrame, sink_);
-  panel->setPicture(twoLayers(kFrame.size));
-  panel->display();
-  panel->orderFrontRegardless();
-  panel->makeKey();
+  auto panel = openTwoLayers([](OverlayPanel& made) { made.display(); });
   Capture shown = capture(kArea);
   EXPECT_EQ(shown.at(110, 150), SolidRasterizer::color(0));
   EXPECT_EQ(shown.at(200, 150), desktop.at(200, 150)) << "between the layers";
@@ -248,38 +272,30 @@ TEST_F(OverlayPanelTest, PaintsOnlyWhatChangedAndLeavesTransparentPartsOpen) {
 }
 
 TEST_F(OverlayPanelTest, WithoutACompositorWhatWasBeneathShinesThrough) {
-  other_.coverArea(0, 0, 640, 480);
-  ASSERT_TRUE(eventually([&] { return user_.capture(kArea).at(200, 150) == Bystander::kColor; }));
-  auto panel = panels_.makePanel({}, kFrame, sink_);
-  panel->setPicture(twoLayers(kFrame.size));
-  panel->setLayerState(1, SolidRasterizer::kTranslucent);
-  panel->display();
-  panel->orderFrontRegardless();
-  panel->makeKey();
+  cover({0, 0, 640, 480});
+  const auto panel = openTwoLayers([](OverlayPanel& made) {
+    made.setLayerState(1, SolidRasterizer::kTranslucent);
+    made.display();
+  });
   const Capture shown = capture(kArea);
   EXPECT_EQ(shown.at(110, 150), SolidRasterizer::color(0));
   EXPECT_EQ(shown.at(290, 150), 0x40BF40U) << "half of the window's green below half of grey";
-  ASSERT_EQ(rasterizer_.backdrops.size(), 1U);
-  EXPECT_EQ(rasterizer_.backdrops[0], std::vector<std::uint32_t>(200 * 200, 0xFF000000U | Bystander::kColor));
+  expectCoveredBackdrop();
 }
 
 TEST_F(OverlayPanelTest, BeyondTheScreenTheBackdropGoesOnAsAtItsEdge) {
-  other_.coverArea(0, 0, 100, 100);
-  ASSERT_TRUE(eventually([&] { return user_.capture({0, 0, 2, 2}).at(1, 1) == Bystander::kColor; }));
+  cover({0, 0, 100, 100});
   const auto panel = openPanel({{-100, -100}, {200, 200}});
-  ASSERT_EQ(rasterizer_.backdrops.size(), 1U);
-  EXPECT_EQ(rasterizer_.backdrops[0], std::vector<std::uint32_t>(200 * 200, 0xFF000000U | Bystander::kColor));
+  expectCoveredBackdrop();
 }
 
 TEST_F(OverlayWithoutSharedMemoryTest, WhereTheScreenCannotBeReadEdgesAreHard) {
   const Capture desktop = capture(kArea);
-  auto panel = panels_.makePanel({}, kFrame, sink_);
-  panel->setPicture(twoLayers(kFrame.size));
-  panel->setLayerState(1, SolidRasterizer::kTranslucent);
-  panel->setAppearancePhase(1, 0.5);
-  panel->display();
-  panel->orderFrontRegardless();
-  panel->makeKey();
+  const auto panel = openTwoLayers([](OverlayPanel& made) {
+    made.setLayerState(1, SolidRasterizer::kTranslucent);
+    made.setAppearancePhase(1, 0.5);
+    made.display();
+  });
   const Capture shown = capture(kArea);
   EXPECT_EQ(shown.at(110, 150), SolidRasterizer::color(0)) << "seen at once, as nothing can fade";
   EXPECT_EQ(shown.at(290, 150), desktop.at(290, 150));
@@ -287,38 +303,22 @@ TEST_F(OverlayWithoutSharedMemoryTest, WhereTheScreenCannotBeReadEdgesAreHard) {
 }
 
 TEST_F(OverlayPanelTest, IsTransparentUnderACompositor) {
-  ChildProcess compositor({"picom", "--config", "/dev/null", "--backend", "xrender"}, {{"DISPLAY", server_.display()}});
-  ASSERT_TRUE(eventually([&] { return user_.selectionOwner("_NET_WM_CM_S0") != XCB_NONE; }));
-  drain();
-  other_.coverArea(0, 0, 640, 480);
-  ASSERT_TRUE(eventually([&] { return user_.capture(kArea).at(200, 150) == Bystander::kColor; }));
-  auto panel = panels_.makePanel({}, kFrame, sink_);
-  panel->setPicture(twoLayers(kFrame.size));
-  panel->orderFrontRegardless();
-  panel->makeKey();
-  EXPECT_TRUE(eventually([&] {
-    const Capture shown = user_.capture(kArea);
-    return shown.at(110, 150) == SolidRasterizer::color(0) && shown.at(200, 150) == Bystander::kColor;
-  }));
-  ASSERT_EQ(rasterizer_.backdrops.size(), 1U) << "read from what the compositor shows";
-  EXPECT_EQ(rasterizer_.backdrops[0], std::vector<std::uint32_t>(200 * 200, 0xFF000000U | Bystander::kColor));
+  const ChildProcess compositor(compositor_, {{"DISPLAY", server_.display()}});
+  waitForCompositor();
+  cover({0, 0, 640, 480});
+  const auto panel = openTwoLayers();
+  EXPECT_TRUE(eventually([&] { return looksOpenBetweenItsParts(); }));
+  expectCoveredBackdrop();  // read from what the compositor shows
 }
 
 TEST_F(OverlayPanelTest, StaysOpenBetweenItsPartsWhenTheCompositorComesAndGoes) {
-  other_.coverArea(0, 0, 640, 480);
-  auto panel = panels_.makePanel({}, kFrame, sink_);
-  panel->setPicture(twoLayers(kFrame.size));
-  panel->orderFrontRegardless();
-  panel->makeKey();
-  const auto looksRight = [&] {
-    const Capture shown = capture(kArea);
-    return shown.at(110, 150) == SolidRasterizer::color(0) && shown.at(200, 150) == Bystander::kColor;
-  };
+  cover({0, 0, 640, 480});
+  const auto panel = openTwoLayers();
+  const auto looksRight = [this] { return looksOpenBetweenItsParts(); };
   EXPECT_TRUE(eventually(looksRight));
-  std::optional<ChildProcess> compositor(
-      std::in_place, std::vector<std::string>{"picom", "--config", "/dev/null", "--backend", "xrender"},
-      std::map<std::string, std::string>{{"DISPLAY", server_.display()}});
-  ASSERT_TRUE(eventually([&] { return user_.selectionOwner("_NET_WM_CM_S0") != XCB_NONE; }));
+  std::optional<ChildProcess> compositor;
+  compositor.emplace(compositor_, std::map<std::string, std::string>{{"DISPLAY", server_.display()}});
+  waitForCompositor();
   EXPECT_TRUE(eventually(looksRight));
   EXPECT_TRUE(eventually([&] { return !isShaped(); })) << "the compositor may paint all of it";
   compositor.reset();
@@ -328,10 +328,7 @@ TEST_F(OverlayPanelTest, StaysOpenBetweenItsPartsWhenTheCompositorComesAndGoes) 
 
 TEST_F(OverlayWithoutSharedMemoryTest, PutsALargePictureInSeveralRequests) {
   const Rect frame{{100, 0}, {800, 800}};
-  auto panel = panels_.makePanel({}, frame, sink_);
-  panel->setPicture(twoLayers(frame.size));
-  panel->orderFrontRegardless();
-  panel->makeKey();
+  const auto panel = openTwoLayers([](OverlayPanel&) {}, frame);
   panel->setLayerState(1, 1);
   panel->display();
   const Capture shown = capture({100, 0, 800, 800});
@@ -368,20 +365,6 @@ TEST_F(ScaledOverlayTest, CentresOnThePointersPixel) {
   const Point inside = panel->mouseLocationOutsideOfEventStream();
   EXPECT_NEAR(inside.x, 100, 0.4);
   EXPECT_NEAR(inside.y, 100, 0.4);
-}
-
-TEST_F(OverlayPanelTest, OpeningOftenLeavesNothingBehind) {
-  openPanel().reset();
-  drain();
-  const std::size_t windows = windowCount();
-  for (int i = 0; i < 50; ++i) {
-    auto panel = openPanel();
-    user_.tap(key::q);
-    drain();
-  }
-  EXPECT_EQ(windowCount(), windows);
-  EXPECT_TRUE(user_.nothingIsGrabbed());
-  EXPECT_TRUE(user_.keyboardIsAtRest());
 }
 
 TEST_F(OverlayPanelTest, ShowsAHandOnlyWhileThePointerIsOurs) {

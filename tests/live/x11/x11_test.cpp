@@ -4,6 +4,8 @@
 #include <map>
 #include <utility>
 
+#include "support/x_reply.h"
+
 namespace rondora::live {
 namespace {
 
@@ -14,13 +16,9 @@ std::string describe(const KeyEvent& event) {
 
 }  // namespace
 
-Bystander::Bystander(const std::string& display) : connection_(xcb_connect(display.c_str(), nullptr)) {}
-
-xcb_window_t Bystander::root() const { return xcb_setup_roots_iterator(xcb_get_setup(get())).data->root; }
-
 bool Bystander::grabKeyboard() {
-  const auto cookie = xcb_grab_keyboard(get(), 0, root(), XCB_CURRENT_TIME, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
-  const x11::Reply<xcb_grab_keyboard_reply_t> reply(xcb_grab_keyboard_reply(get(), cookie, nullptr));
+  const auto reply = ask(get(), xcb_grab_keyboard, xcb_grab_keyboard_reply, 0, root(), XCB_CURRENT_TIME,
+                         XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
   return reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
 }
 
@@ -30,22 +28,14 @@ void Bystander::ungrabKeyboard() {
 }
 
 bool Bystander::grabPointer() {
-  const auto cookie = xcb_grab_pointer(get(), 0, root(), 0, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC, XCB_NONE,
-                                       XCB_NONE, XCB_CURRENT_TIME);
-  const x11::Reply<xcb_grab_pointer_reply_t> reply(xcb_grab_pointer_reply(get(), cookie, nullptr));
+  const auto reply = ask(get(), xcb_grab_pointer, xcb_grab_pointer_reply, 0, root(), 0, XCB_GRAB_MODE_ASYNC,
+                         XCB_GRAB_MODE_ASYNC, XCB_NONE, XCB_NONE, XCB_CURRENT_TIME);
   return reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
 }
 
 void Bystander::ungrabPointer() {
   xcb_ungrab_pointer(get(), XCB_CURRENT_TIME);
   sync();
-}
-
-bool Bystander::grabKey(std::uint8_t keyCode, std::uint16_t modifiers) {
-  const auto cookie =
-      xcb_grab_key_checked(get(), 0, root(), modifiers, keyCode, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
-  const x11::Reply<xcb_generic_error_t> error(xcb_request_check(get(), cookie));
-  return !error;
 }
 
 void Bystander::takeFocus() {
@@ -71,11 +61,6 @@ std::vector<int> Bystander::eventTypes() {
   std::vector<int> types;
   while (const x11::Reply<xcb_generic_event_t> event{xcb_poll_for_event(get())}) types.push_back(event->response_type);
   return types;
-}
-
-void Bystander::sync() {
-  const x11::Reply<xcb_get_input_focus_reply_t> fence(
-      xcb_get_input_focus_reply(get(), xcb_get_input_focus(get()), nullptr));
 }
 
 X11Test::X11Test(std::vector<std::string> serverArguments, double pixelsPerPoint)

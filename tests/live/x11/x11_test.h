@@ -32,31 +32,24 @@ inline constexpr std::uint16_t kControlMask = XCB_MOD_MASK_CONTROL;
 inline constexpr std::uint16_t kAltMask = XCB_MOD_MASK_1;
 inline constexpr std::uint16_t kNumLockMask = XCB_MOD_MASK_2;
 
-/// A plain client, for what an XClient does not do.
-class Bystander {
+/// Another program, which grabs and covers.
+class Bystander : public XClient {
  public:
   /// What its windows are filled with.
   static constexpr std::uint32_t kColor = 0x00FF00;
 
-  explicit Bystander(const std::string& display);
+  using XClient::XClient;
 
-  xcb_connection_t* get() const { return connection_.get(); }
-  xcb_window_t root() const;
   bool grabKeyboard();
   void ungrabKeyboard();
   bool grabPointer();
   void ungrabPointer();
-  bool grabKey(std::uint8_t keyCode, std::uint16_t modifiers);
   /// Gives the input focus to a window of its own that is told of keys.
   void takeFocus();
   /// An override-redirect window over the area that is told of buttons.
   xcb_window_t coverArea(std::int16_t x, std::int16_t y, std::uint16_t width, std::uint16_t height);
   /// What came for this client so far, by event type.
   std::vector<int> eventTypes();
-  void sync();
-
- private:
-  UniqueCPtr<xcb_connection_t, xcb_disconnect> connection_;
 };
 
 struct RecordingSink : OverlayPanelSink {

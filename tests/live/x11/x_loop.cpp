@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "support/wait.h"
+#include "support/x_reply.h"
 
 namespace rondora::live {
 
@@ -46,8 +47,7 @@ bool XLoop::until(x11::XConnection& events, const std::function<bool()>& conditi
 void XLoop::drain(x11::XConnection& events) {
   bool isBusy = true;
   while (isBusy) {
-    const x11::Reply<xcb_get_input_focus_reply_t> fence(
-        xcb_get_input_focus_reply(connection_, xcb_get_input_focus(connection_), nullptr));
+    ask(connection_, xcb_get_input_focus, xcb_get_input_focus_reply);
     const bool hadEvents = handleEvents(events);
     isBusy = runDueWork() || hadEvents;
   }

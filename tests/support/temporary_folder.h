@@ -1,23 +1,33 @@
 #pragma once
 
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <stdexcept>
 #include <string>
 
-namespace rondora::desktop {
+#include "support/wait.h"
+
+namespace rondora {
 
 /// A folder that goes with all it holds.
 class TemporaryFolder {
  public:
   explicit TemporaryFolder(const std::filesystem::path& parent = std::filesystem::temp_directory_path()) {
     std::string pattern = (parent / "rondora-test.XXXXXX").string();
-    path_ = mkdtemp(pattern.data());
+    if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("cannot make a temporary folder");
+    path_ = pattern;
   }
+  // Programs that lost their display may still be writing something while they end.
   ~TemporaryFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
+    const auto isGone = [this] {
+      std::error_code error;
+      std::filesystem::remove_all(path_, error);
+      return !error;
+    };
+    live::waitUntil(isGone, std::chrono::seconds(5));
   }
   TemporaryFolder(const TemporaryFolder&) = delete;
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
@@ -28,14 +38,15 @@ class TemporaryFolder {
   std::filesystem::path path_;
 };
 
-inline std::string contentOf(const std::filesystem::path& path) {
+inline std::string readFile(const std::filesystem::path& path) {
   std::ifstream file(path, std::ios::binary);
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-inline void writeText(const std::filesystem::path& path, const std::string& text) {
+/// Makes missing folders.
+inline void writeFile(const std::filesystem::path& path, const std::string& text) {
   std::filesystem::create_directories(path.parent_path());
   std::ofstream(path, std::ios::binary) << text;
 }
 
-}  // namespace rondora::desktop
+}  // namespace rondora
