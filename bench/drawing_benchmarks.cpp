@@ -119,29 +119,29 @@ Canvas noise(const Picture& picture, double pixelsPerPoint) {
   return screen;
 }
 
-void prepareAndPaintFirstGlass(benchmark::State& state) {
-  Ring ring;
-  Canvas canvas(ring.makePicture(), pixelsPerPoint(state));
-  Canvas screen = noise(ring.makePicture(), pixelsPerPoint(state));
+/// Prepares each of the pictures that `next` makes and paints it over a screen.
+template <class Next>
+void paintOverScreen(benchmark::State& state, const Picture& any, Next next) {
+  Canvas canvas(any, pixelsPerPoint(state));
+  Canvas screen = noise(any, pixelsPerPoint(state));
   for (auto _ : state) {
-    const auto prepared = warmRasterizer().prepare(ring.makeNewPicture(), pixelsPerPoint(state));
+    const auto prepared = warmRasterizer().prepare(next(), pixelsPerPoint(state));
     prepared->setBackdrop({screen.pixels.data(), screen.side, screen.side, screen.side});
     canvas.paint(*prepared);
   }
+}
+
+void prepareAndPaintFirstGlass(benchmark::State& state) {
+  Ring ring;
+  paintOverScreen(state, ring.makePicture(), [&] { return ring.makeNewPicture(); });
 }
 BENCHMARK(prepareAndPaintFirstGlass)->Apply(scales);
 
 /// As above, of a ring that was prepared at idle: what an opening usually is.
 void prepareAndPaintKeptGlass(benchmark::State& state) {
   const Ring ring;
-  Canvas canvas(ring.makePicture(), pixelsPerPoint(state));
-  Canvas screen = noise(ring.makePicture(), pixelsPerPoint(state));
   warmRasterizer().prepareAhead(ring.makePicture(), pixelsPerPoint(state));
-  for (auto _ : state) {
-    const auto prepared = warmRasterizer().prepare(ring.makePicture(), pixelsPerPoint(state));
-    prepared->setBackdrop({screen.pixels.data(), screen.side, screen.side, screen.side});
-    canvas.paint(*prepared);
-  }
+  paintOverScreen(state, ring.makePicture(), [&] { return ring.makePicture(); });
 }
 BENCHMARK(prepareAndPaintKeptGlass)->Apply(scales);
 

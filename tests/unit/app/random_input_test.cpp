@@ -16,7 +16,7 @@ class RandomInputTest : public ProgramTest {
 
   RandomInputTest() { useMenus(allMenus()); }
 
-  /// Hotkeys that share a key, menus that share a hotkey, a label as a trigger, and the special menus.
+  /// Hotkeys that share a key, menus that share a hotkey, a label as a trigger, and the menus that fill themselves.
   std::vector<PieMenu> allMenus() {
     return {menu("chord", {49, kControlOption}),
             menu("shared key", {49, carbon::kControl}),

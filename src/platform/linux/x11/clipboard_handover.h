@@ -7,8 +7,8 @@
 
 namespace rondora::x11 {
 
-/// Asks the clipboard manager to keep what this program has on the clipboard when the program is gone: SAVE_TARGETS of
-/// freedesktop.org's ClipboardManager specification. The manager fetches the text from the toolkit meanwhile, and takes
+/// Asks the clipboard manager to keep what this program has on the clipboard when the program is gone: SAVE_TARGETS, as
+/// freedesktop.org describes it (ClipboardManager). The manager fetches the text from the toolkit meanwhile, and takes
 /// the clipboard over when the window that asked is gone. Main thread.
 class ClipboardHandover {
  public:
