@@ -108,17 +108,20 @@ void firstAfterStart(int starts) {
   report("open.first.picom.peer", "ms", peer);
 }
 
+/// Beside each opening after a rest the next one, for what the rest costs.
 void afterIdling(int openings) {
   constexpr seconds kIdle{60};
   Stage stage("idle", Compositor::picom);
   const auto own = startRondora(stage.desktop, stage.client);
   warmUp(stage, {kOwnKey});
-  Samples idle;
+  Samples idle, next;
   for (int i = 0; i < openings; ++i) {
     std::this_thread::sleep_for(kIdle);
     idle.add(stage.openAndClose(kOwnKey).firstChange);
+    next.add(stage.openAndClose(kOwnKey).firstChange);
   }
   report("open.idle60s.picom", "ms", idle);
+  report("open.idle60s.picom.next", "ms", next);
 }
 
 void measure() {
