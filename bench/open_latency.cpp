@@ -108,22 +108,6 @@ void firstAfterStart(int starts) {
   report("open.first.picom.peer", "ms", peer);
 }
 
-/// Beside each opening after a rest the next one, for what the rest costs.
-void afterIdling(int openings) {
-  constexpr seconds kIdle{60};
-  Stage stage("idle", Compositor::picom);
-  const auto own = startRondora(stage.desktop, stage.client);
-  warmUp(stage, {kOwnKey});
-  Samples idle, next;
-  for (int i = 0; i < openings; ++i) {
-    std::this_thread::sleep_for(kIdle);
-    idle.add(stage.openAndClose(kOwnKey).firstChange);
-    next.add(stage.openAndClose(kOwnKey).firstChange);
-  }
-  report("open.idle60s.picom", "ms", idle);
-  report("open.idle60s.picom.next", "ms", next);
-}
-
 void measure() {
   const int openings = numberFromEnvironment("RONDORA_BENCH_OPENINGS", 500);
   const int few = std::max(openings / 5, 10);
@@ -132,7 +116,6 @@ void measure() {
   warmAlone("open.warm.plain", 8, Compositor::none, few);
   warmAlone("open.warm.picom.12items", 12, Compositor::picom, few);
   warmAlone("open.warm.picom.36items", 36, Compositor::picom, few);
-  afterIdling(numberFromEnvironment("RONDORA_BENCH_IDLE_OPENINGS", 10));
 }
 
 }  // namespace
