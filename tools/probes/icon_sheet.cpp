@@ -1,8 +1,6 @@
 // Shows every icon that the program draws itself, each with its name: writes a PNG for a scale. Further arguments are
 // shown instead: icon texts as an item holds them.
 
-#include <QApplication>
-#include <QCommandLineParser>
 #include <QImage>
 #include <QPainter>
 #include <optional>
@@ -10,8 +8,8 @@
 #include <vector>
 
 #include "icons/icon_reference.h"
+#include "probe_application.h"
 #include "ui/qt/icon_images.h"
-#include "ui/qt/qt_setup.h"
 #include "ui/qt/symbol_table.h"
 
 namespace {
@@ -70,16 +68,12 @@ QImage draw(const std::vector<std::string>& texts, double scale) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  prepareQt();
-  QApplication application(argc, argv);
-  configureQt(application, "rondora");
-  QCommandLineParser parser;
-  parser.addHelpOption();
+  ProbeApplication application(argc, argv, "offscreen");
+  QCommandLineParser& parser = application.parser;
   parser.addPositionalArgument("file", "The PNG to write.");
   parser.addPositionalArgument("icons", "Icon texts to show instead of the symbols.", "[icon ...]");
   parser.addOption({"scale", "Pixels a point.", "factor", "1"});
-  parser.process(application);
+  application.parse();
   const QStringList arguments = parser.positionalArguments();
   if (arguments.isEmpty()) parser.showHelp(2);
   std::vector<std::string> texts;

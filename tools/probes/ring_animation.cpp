@@ -1,8 +1,6 @@
 // How smoothly the ring moves on the X server of DISPLAY: opens it and sweeps over its sectors, and prints frames a
 // second, and how long it was from frame to frame and how long each frame took until the server had it.
 
-#include <QApplication>
-#include <QCommandLineParser>
 #include <QTextStream>
 #include <QTimer>
 #include <algorithm>
@@ -15,7 +13,7 @@
 #include "overlay_stage.h"
 #include "pie/pie_view.h"
 #include "platform/linux/desktop/system_clock.h"
-#include "ui/qt/qt_setup.h"
+#include "probe_application.h"
 
 namespace {
 
@@ -169,14 +167,10 @@ class Show {
 }  // namespace
 
 int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "xcb");
-  prepareQt();
-  QApplication application(argc, argv);
-  configureQt(application, "rondora");
-  QCommandLineParser parser;
-  parser.addHelpOption();
+  ProbeApplication application(argc, argv, "xcb");
+  QCommandLineParser& parser = application.parser;
   parser.addOptions({{"scale", "Pixels a point.", "factor", "1"}, {"openings", "How often.", "count", "10"}});
-  parser.process(application);
+  application.parse();
   const auto access = qtX11Access();
   if (!access) return 1;
   Show(*access, parser.value("scale").toDouble()).run(parser.value("openings").toInt());

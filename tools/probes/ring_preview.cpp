@@ -1,17 +1,15 @@
 // Shows what the ring looks like without opening it: writes a PNG for a number of items, a highlighted item, a scale, a
 // background, a writing direction and any appearance key.
 
-#include <QApplication>
-#include <QCommandLineParser>
 #include <QImage>
 #include <QPainter>
 #include <QTextStream>
 #include <algorithm>
 #include <optional>
 
+#include "probe_application.h"
 #include "sample_ring.h"
 #include "ui/qt/qt_picture_rasterizer.h"
-#include "ui/qt/qt_setup.h"
 
 namespace {
 
@@ -37,12 +35,8 @@ QImage draw(const SampleRing& ring, std::optional<std::size_t> highlighted, doub
 }  // namespace
 
 int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  prepareQt();
-  QApplication application(argc, argv);
-  configureQt(application, "rondora");
-  QCommandLineParser parser;
-  parser.addHelpOption();
+  ProbeApplication application(argc, argv, "offscreen");
+  QCommandLineParser& parser = application.parser;
   parser.addPositionalArgument("file", "The PNG to write.");
   parser.addOptions({{"items", "Number of items.", "count", "6"},
                      {"highlight", "Index of the highlighted item, -1 for none.", "index", "-1"},
@@ -52,7 +46,7 @@ int main(int argc, char** argv) {
                      {"application", "The application whose icon stands in the hub.", "id"},
                      {"set", "An appearance key, such as menuRadius=180; may be repeated.", "key=value"},
                      {"arabic", "Right-to-left titles."}});
-  parser.process(application);
+  application.parse();
   if (parser.positionalArguments().size() != 1) parser.showHelp(2);
   PieMenu menu = sampleMenu(parser.value("items").toUInt(), parser.isSet("arabic"));
   for (const QString& setting : parser.values("set")) {

@@ -1,8 +1,6 @@
 // Opens the ring for real, on the X server of DISPLAY, over several backgrounds, in every variant and direction, and
 // saves what the screen shows: FOLDER/VARIANT-BACKGROUND-DIRECTION.png. Settles by looking at the screen, not by time.
 
-#include <QApplication>
-#include <QCommandLineParser>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QGuiApplication>
@@ -18,7 +16,7 @@
 #include <optional>
 
 #include "overlay_stage.h"
-#include "ui/qt/qt_setup.h"
+#include "probe_application.h"
 
 namespace {
 
@@ -139,15 +137,11 @@ class Stage {
 }  // namespace
 
 int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "xcb");
-  prepareQt();
-  QApplication application(argc, argv);
-  configureQt(application, "rondora");
-  QCommandLineParser parser;
-  parser.addHelpOption();
+  ProbeApplication application(argc, argv, "xcb");
+  QCommandLineParser& parser = application.parser;
   parser.addPositionalArgument("folder", "Where the pictures go.");
   parser.addOption({"scale", "Pixels a point.", "factor", "1"});
-  parser.process(application);
+  application.parse();
   const auto access = qtX11Access();
   if (parser.positionalArguments().size() != 1 || !access) parser.showHelp(2);
   const QDir folder(parser.positionalArguments().front());
