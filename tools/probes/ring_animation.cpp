@@ -135,7 +135,8 @@ class Show {
     count_ = ring.menu.items.size();
     const PieView::Ports ports{panels_, stage_.pointer, haptics_, stage_.mainQueue, clock_};
     auto view = std::make_unique<PieView>(ports, squareAround({600 / scale_, 450 / scale_}, ring.layout.halfSide()),
-                                          ring.picture, count_, OpeningAnimation::lasting(kOpening));
+                                          count_, OpeningAnimation::lasting(kOpening));
+    view->setPicture(ring.picture);
     view->open();
     return view;
   }
