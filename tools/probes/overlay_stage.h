@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "platform/linux/x11/raw_key_releases.h"
 #include "platform/linux/x11/x11_input_grab.h"
 #include "platform/linux/x11/x11_overlay_panel.h"
 #include "platform/linux/x11/x11_pointer.h"
@@ -34,7 +35,8 @@ struct OverlayStage {
   x11::XConnection connection;
   QtNativeEvents events;
   x11::XKeymap keymap{connection, mainQueue};
-  x11::XKeyboard keyboard{connection, mainQueue};
+  x11::RawKeyReleases rawKeyReleases{connection};
+  x11::XKeyboard keyboard{connection, rawKeyReleases, mainQueue};
   x11::X11InputGrab inputGrab{connection, keyboard, mainQueue};
   x11::X11Pointer pointer{connection, inputGrab};
   ThemeIcons icons;
