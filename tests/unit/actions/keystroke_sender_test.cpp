@@ -1,9 +1,9 @@
 #include "actions/keystroke_sender.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <limits>
+#include <memory>
 
 #include "doubles/fake_platform.h"
 
@@ -12,7 +12,6 @@ namespace {
 
 using ::testing::IsEmpty;
 
-constexpr std::int64_t kShift = 0x20000;
 constexpr std::int64_t kCommand = 0x100000;
 
 class KeystrokeSenderTest : public ::testing::Test {
@@ -24,14 +23,13 @@ class KeystrokeSenderTest : public ::testing::Test {
 };
 
 TEST_F(KeystrokeSenderTest, PressesHoldsAndReleasesOneKey) {
-  desktop_.workspace.start("org.example.editor");
-  sender_.perform(8, kCommand, std::nullopt);
+  sender_.perform(8, kCommand, desktop_.workspace.start("org.example.editor").processIdentifier);
   const auto& posted = desktop_.keyEvents.posted;
   ASSERT_EQ(posted.size(), 2U);
-  EXPECT_EQ(posted[0].event, (SyntheticKeyEvent{KeyEventSourceState::privateState, 8, true, 0x100000}));
-  EXPECT_EQ(posted[1].event, (SyntheticKeyEvent{KeyEventSourceState::privateState, 8, false, 0x100000}));
-  EXPECT_EQ(posted[0].tap, KeyEventTap::session);
-  EXPECT_EQ(posted[1].tap, KeyEventTap::session);
+  for (const std::size_t i : {0, 1}) {
+    EXPECT_EQ(posted[i].event, (SyntheticKeyEvent{KeyEventSourceState::privateState, 8, i == 0, 0x100000}));
+    EXPECT_EQ(posted[i].tap, KeyEventTap::session);
+  }
   EXPECT_NEAR(posted[1].uptime - posted[0].uptime, 0.012, 1e-9);
   EXPECT_TRUE(
       desktop_.log.contains(LogLevel::standard, "keystroke sent: key=8 flags=1048576 front=org.example.editor"));
@@ -39,20 +37,18 @@ TEST_F(KeystrokeSenderTest, PressesHoldsAndReleasesOneKey) {
 
 TEST_F(KeystrokeSenderTest, AnEmptyRecordingTypesNothingButKeyZeroWithAModifierDoes) {
   sender_.perform(0, 0, std::nullopt);
-  EXPECT_THAT(desktop_.keyEvents.posted, IsEmpty());
   EXPECT_THAT(desktop_.log.lines, IsEmpty());
   sender_.perform(0, kCommand, std::nullopt);
-  ASSERT_EQ(desktop_.keyEvents.posted.size(), 2U);
+  EXPECT_EQ(desktop_.keyEvents.posted.size(), 2U);
   EXPECT_TRUE(desktop_.log.contains(LogLevel::standard, "keystroke sent: key=0 flags=1048576 front=?"));
 }
 
 TEST_F(KeystrokeSenderTest, ArrowsAndNavigationKeysCarryTheBitsOfTheirKind) {
-  for (const std::int64_t arrow : {123, 124, 125, 126}) EXPECT_EQ(KeystrokeSender::eventFlags(arrow, 0), 0xA00000U);
-  for (const std::int64_t key : {115, 116, 117, 119, 121}) {
-    EXPECT_EQ(KeystrokeSender::eventFlags(key, kShift), 0x820000U);
+  const std::pair<std::vector<std::int64_t>, std::uint64_t> kinds[] = {
+      {{123, 124, 125, 126}, 0xA20000}, {{115, 116, 117, 119, 121}, 0x820000}, {{114, 118, 120, 122, 127}, 0x20000}};
+  for (const auto& [keys, flags] : kinds) {
+    for (const std::int64_t key : keys) EXPECT_EQ(KeystrokeSender::eventFlags(key, 0x20000), flags) << key;
   }
-  for (const std::int64_t key : {114, 118, 120, 122, 127})
-    EXPECT_EQ(KeystrokeSender::eventFlags(key, kShift), 0x20000U);
 }
 
 TEST_F(KeystrokeSenderTest, WithoutThePermissionItNeitherWaitsNorTypes) {
@@ -64,14 +60,24 @@ TEST_F(KeystrokeSenderTest, WithoutThePermissionItNeitherWaitsNorTypes) {
   EXPECT_TRUE(desktop_.log.contains(LogLevel::error, "keystroke skipped: Accessibility permission not granted"));
 }
 
-TEST_F(KeystrokeSenderTest, TypesAnywayWhenTheTargetStaysBehind) {
-  desktop_.workspace.start("browser");
+TEST_F(KeystrokeSenderTest, WaitsForTheTargetWhoeverElseIsWaitedForAndTypesAnywayWhenItStaysBehind) {
+  const auto& posted = desktop_.keyEvents.posted;
+  const auto editor = desktop_.workspace.start("editor");
+  desktop_.workspace.leaveAll();
   sender_.perform(8, kCommand, 4711);
-  desktop_.time.advance(0.49);
-  EXPECT_THAT(desktop_.keyEvents.posted, IsEmpty());
-  desktop_.time.advance(0.04);
-  EXPECT_EQ(desktop_.keyEvents.posted.size(), 2U);
-  EXPECT_EQ(desktop_.log.lines.front().text, "target pid 4711 not frontmost in time, acting anyway");
+  sender_.perform(9, kCommand, editor.processIdentifier);
+  desktop_.time.advance(0.21);
+  desktop_.workspace.bringForward(editor.processIdentifier);
+  EXPECT_THAT(posted, IsEmpty());
+  desktop_.time.advance(0.03);
+  ASSERT_EQ(posted.size(), 2U);
+  EXPECT_EQ(posted[0].event.keyCode, 9);
+  desktop_.time.advance(0.23);
+  EXPECT_EQ(posted.size(), 2U) << "half a second has not passed";
+  desktop_.time.advance(0.06);
+  EXPECT_EQ(desktop_.log.lines.at(1).text, "target pid 4711 not frontmost in time, acting anyway");
+  desktop_.time.advance(2);
+  EXPECT_EQ(posted.size(), 4U);
 }
 
 TEST_F(KeystrokeSenderTest, AnOverlayThatWouldTakeTheKeyIsWaitedFor) {
@@ -94,6 +100,15 @@ TEST_F(KeystrokeSenderTest, AKeyThatCannotBeMadeIsLoggedAndTypesNothing) {
               (FakeLog::Line{LogLevel::error, "keystroke: failed to create CGEvent for key " + std::to_string(key)}));
   }
   EXPECT_THAT(desktop_.keyEvents.posted, IsEmpty());
+}
+
+TEST(FrontmostAppWaiter, LeavesNothingBehindThatCouldCallItAfterItsEnd) {
+  FakePlatform desktop;
+  auto waiter = std::make_unique<FrontmostAppWaiter>(desktop.workspace, desktop.time, desktop.time, desktop.log);
+  waiter->poll(4711, desktop.time.now() + 0.5, [] { FAIL(); });
+  waiter.reset();
+  desktop.time.advance(1);
+  EXPECT_THAT(desktop.log.lines, IsEmpty());
 }
 
 }  // namespace

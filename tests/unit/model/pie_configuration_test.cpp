@@ -8,7 +8,6 @@ namespace rondora {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 using testing::Pair;
 using testing::SizeIs;
 
@@ -32,13 +31,10 @@ class PieConfigurationTest : public testing::Test {
   PieConfiguration document;
 };
 
-TEST_F(PieConfigurationTest, TheLaterMenuOfAFingerCountWins) {
+TEST_F(PieConfigurationTest, TheLaterMenuOfAFingerCountWinsAndTakesItAlongWhenSwitchedOff) {
   document.menus = {menu(PieMenuKind::standard, 4), menu(PieMenuKind::standard, 4), menu(PieMenuKind::standard, 3),
                     menu(PieMenuKind::standard, 0), menu(PieMenuKind::standard, 6), menu(PieMenuKind::standard, 2)};
   EXPECT_THAT(document.trackpadGestureTargets(), ElementsAre(Pair(3, 2), Pair(4, 1)));
-}
-
-TEST_F(PieConfigurationTest, AMenuThatIsSwitchedOffTakesItsFingerCountAlong) {
   document.menus = {menu(PieMenuKind::standard, 5, false), menu(PieMenuKind::runningApps, 3),
                     menu(PieMenuKind::standard, 4), menu(PieMenuKind::appCommands, 4, false)};
   EXPECT_THAT(document.trackpadGestureTargets(), ElementsAre(Pair(3, 1), Pair(5, 0)));
@@ -55,46 +51,23 @@ TEST_F(PieConfigurationTest, AssigningAFingerCountTakesItFromTheOthers) {
   EXPECT_THAT(fingerCounts(), ElementsAre(3, 0, 0));
 }
 
-TEST_F(PieConfigurationTest, FindsTheFirstCommandSetOfAnApplication) {
+TEST_F(PieConfigurationTest, AnApplicationHasItsFirstCommandSetOrTheDefaultCommands) {
   document.appSubMenus = {{"org.a", {}, 1.0}, {"org.b", {}, 2.0}, {"org.b", {}, 3.0}};
-  ASSERT_NE(document.appSubMenu("org.b"), nullptr);
-  EXPECT_EQ(document.appSubMenu("org.b")->rotationDegrees, 2.0);
+  EXPECT_EQ(document.appSubMenu("org.b"), &document.appSubMenus[1]);
   EXPECT_EQ(document.appSubMenu("org.B"), nullptr);
-}
-
-TEST_F(PieConfigurationTest, DefaultCommandsAreTheMenusOrTheBuiltIns) {
-  EXPECT_THAT(document.defaultAppCommands(random), SizeIs(8));
-  document.menus = {menu(PieMenuKind::appCommands, 0)};
-  EXPECT_THAT(document.defaultAppCommands(random), SizeIs(8));
-  AppSubMenuEntry entry;
-  entry.kind = AppSubMenuEntry::Kind::hideApp;
-  document.menus[0].appCommandsDefaultEntries = {entry};
-  EXPECT_THAT(document.defaultAppCommands(random), ElementsAre(entry));
-}
-
-TEST_F(PieConfigurationTest, BuiltInsHaveAFixedOrderAndFreshIds) {
-  using Kind = AppSubMenuEntry::Kind;
-  const auto first = AppSubMenuEntry::automaticBuiltIns(random);
-  const auto second = AppSubMenuEntry::automaticBuiltIns(random);
-  std::vector<Kind> kinds;
-  for (const auto& entry : first) kinds.push_back(entry.kind);
-  EXPECT_THAT(kinds, ElementsAre(Kind::tileTop, Kind::toggleFullScreen, Kind::tileRight, Kind::fillScreen,
-                                 Kind::tileBottom, Kind::quitApp, Kind::tileLeft, Kind::centerWindow));
-  for (std::size_t i = 0; i < first.size(); ++i) {
-    EXPECT_EQ(first[i].kind, second[i].kind);
-    EXPECT_NE(first[i].id, second[i].id);
-  }
+  EXPECT_THAT(document.defaultAppCommands(random), SizeIs(8)) << "the built-in ones";
+  document.menus = {menu(PieMenuKind::standard, 0), menu(PieMenuKind::appCommands, 0)};
+  document.menus[1].appCommandsDefaultEntries.resize(1);
+  EXPECT_EQ(document.defaultAppCommands(random), document.menus[1].appCommandsDefaultEntries);
 }
 
 TEST(RawValueTest, EveryTextLeadsBackToItsCase) {
   for (const AppLanguage language : kAppLanguages) EXPECT_EQ(appLanguageFromRawValue(rawValue(language)), language);
   EXPECT_EQ(rawValue(AppLanguage::russian), "ru");
   EXPECT_EQ(rawValue(AppLanguage::japanese), "ja");
-  EXPECT_EQ(pieMenuKindFromRawValue("appCommands"), PieMenuKind::appCommands);
+  EXPECT_EQ(rawValue(AppSubMenuEntry::Kind::closeWindow), "closeWindow");
   EXPECT_EQ(systemActionFromRawValue("lockScreen"), MacOSSystemActionKind::lockScreen);
   EXPECT_EQ(systemActionFromRawValue("LockScreen"), std::nullopt);
-  EXPECT_EQ(appSubMenuEntryKindFromRawValue("quitApp"), AppSubMenuEntry::Kind::quitApp);
-  EXPECT_EQ(liquidGlassVariantFromRawValue(""), std::nullopt);
 }
 
 }  // namespace

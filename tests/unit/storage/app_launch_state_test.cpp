@@ -23,22 +23,16 @@ TEST_F(AppLaunchStateTest, ANewInstallIsEvenAfterItHasSeenTheIntroduction) {
   EXPECT_FALSE(defaults.hasValue("pie.hasAutoOpenedSettingsAfterPermissions"));
 }
 
-TEST_F(AppLaunchStateTest, OnboardingIsShownOnceAndWhenAccessibilityIsMissed) {
+TEST_F(AppLaunchStateTest, OnboardingIsShownOnceAndWhereAccessibilityIsMissedOrTheEnvironmentAsks) {
   EXPECT_TRUE(state.shouldShowPermissionsOnboarding(true, false));
   state.markPermissionIntroSeen();
   EXPECT_FALSE(state.shouldShowPermissionsOnboarding(true, true));
   EXPECT_FALSE(state.shouldShowPermissionsOnboarding(false, false));
   EXPECT_TRUE(state.shouldShowPermissionsOnboarding(false, true));
-}
-
-TEST_F(AppLaunchStateTest, TheEnvironmentCanAskForOnboardingAtEveryLaunch) {
-  state.markPermissionIntroSeen();
-  for (const std::string value : {"", "0", "true", "11"}) {
+  for (const std::string value : {"", "11", "1"}) {
     environment.variables["RONDORA_FIRST_LAUNCH"] = value;
-    EXPECT_FALSE(state.shouldShowPermissionsOnboarding(true, true)) << value;
+    EXPECT_EQ(state.shouldShowPermissionsOnboarding(true, true), value == "1") << value;
   }
-  environment.variables["RONDORA_FIRST_LAUNCH"] = "1";
-  EXPECT_TRUE(state.shouldShowPermissionsOnboarding(true, true));
 }
 
 }  // namespace

@@ -1,34 +1,35 @@
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <array>
 #include <fstream>
+#include <limits>
 #include <nlohmann/json.hpp>
+#include <set>
 #include <sstream>
 
 #include "doubles/fake_devices.h"
 #include "storage/configuration_json.h"
 
-// Documents in fixtures/config, one test each:
-// - broken.txt: documents that do not decode, each followed by the description of the error;
-// - repaired.txt: documents that decode, each followed by what its re-encoding has at JSON pointers, as
-//   "POINTER = VALUE", "POINTER size COUNT" or "POINTER absent";
-// - good-NAME.json comes out as it went in.
-// A line "# NAME" begins a document. What it leaves out of itself, its menus and their items is filled in (`completed`)
-// but where "<absent>" stands; after "raw" it is taken as it is.
+// Documents in fixtures/config:
+// - broken.txt: documents that do not decode, each with the description of the error;
+// - repaired.txt: documents that decode, each with what its re-encoding has at JSON pointers, as "POINTER = VALUE",
+//   "POINTER size COUNT" or "POINTER absent";
+// - good-NAME.json comes out as it went in;
+// - first-run.json: the first-run document without the ids of its menus, items and entries.
+// A line "# NAME" begins a document, and "=> " what is expected of it. What it leaves out of itself, its menus and
+// their items is filled in (`completed`) but where "<absent>" stands; after "raw" it is taken as it is.
 
 namespace rondora {
 namespace {
 
 using nlohmann::ordered_json;
-using namespace std::string_literals;
+using namespace std::string_view_literals;
 
 struct Document {
   std::string name;
   std::string bytes;
   std::vector<std::string> expected;
 };
-
-void PrintTo(const Document& document, std::ostream* stream) { *stream << document.name; }
 
 void complete(ordered_json& object, const ordered_json& defaults) {
   if (!object.is_object()) return;
@@ -38,55 +39,37 @@ void complete(ordered_json& object, const ordered_json& defaults) {
   }
 }
 
-std::string idEndingIn(std::size_t number) { return "7F2C1D90-4A6B-4E0E-9B63-0C5A8D3E1F0" + std::to_string(number); }
-
-void completeItem(ordered_json& item, std::size_t index) {
-  constexpr std::array kColors{"#FF0000", "#00FF00", "#0000FF"};
-  complete(item, {{"id", idEndingIn(index)},
-                  {"title", "T" + std::to_string(index)},
-                  {"icon", "star.fill"},
-                  {"action", {{"unassigned", ordered_json::object()}}},
-                  {"color", kColors.at(index % kColors.size())},
-                  {"sectorIndex", index}});
-}
-
-void completeMenu(ordered_json& menu, std::size_t index) {
-  complete(menu, {{"id", idEndingIn(9 - index)},
-                  {"name", "Main"},
-                  {"hotkey", {{"keyCode", 49}, {"carbonModifiers", 6144}}},
-                  {"items", ordered_json::array()},
-                  {"menuRadius", 150},
-                  {"animationDuration", 0.2}});
-  if (!menu.is_object() || !menu.contains("items")) return;
-  std::size_t item = 0;
-  for (ordered_json& each : menu["items"]) completeItem(each, item++);
-}
-
 std::string completed(const std::string& text) {
   if (text.starts_with("raw ")) return text.substr(4);
   ordered_json document = ordered_json::parse(text);
   complete(document, {{"schemaVersion", 3}});
-  std::size_t index = 0;
-  if (document.contains("menus") && document["menus"].is_array()) {
-    for (ordered_json& menu : document["menus"]) completeMenu(menu, index++);
+  char lastDigit = '9';
+  if (!document.contains("menus")) return document.dump();
+  for (ordered_json& menu : document["menus"]) {
+    complete(menu, {{"id", std::string("7F2C1D90-4A6B-4E0E-9B63-0C5A8D3E1F0") + lastDigit--},
+                    {"name", "Main"},
+                    {"hotkey", {{"keyCode", 49}, {"carbonModifiers", 6144}}},
+                    {"items", ordered_json::array()},
+                    {"menuRadius", 150},
+                    {"animationDuration", 0.2}});
   }
   return document.dump();
 }
 
-std::ifstream openFixture(const std::string& name) {
-  std::ifstream file(RONDORA_FIXTURES "/config/" + name, std::ios::binary);
-  EXPECT_TRUE(file) << name;
-  return file;
+std::string fixture(const std::string& name) {
+  std::ifstream stream(RONDORA_FIXTURES "/config/" + name, std::ios::binary);
+  EXPECT_TRUE(stream) << name;
+  return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-std::vector<Document> documents(const std::string& file, bool (*isExpectation)(const std::string& line)) {
+std::vector<Document> documents(const std::string& file) {
   std::vector<Document> result;
-  std::ifstream stream = openFixture(file);
+  std::istringstream stream(fixture(file));
   for (std::string line; std::getline(stream, line);) {
     if (line.starts_with("# ")) {
       result.push_back({line.substr(2), {}, {}});
-    } else if (isExpectation(line)) {
-      result.back().expected.push_back(line);
+    } else if (line.starts_with("=> ")) {
+      result.back().expected.push_back(line.substr(3));
     } else {
       result.back().bytes += line;
     }
@@ -95,94 +78,108 @@ std::vector<Document> documents(const std::string& file, bool (*isExpectation)(c
   return result;
 }
 
-std::vector<Document> brokenDocuments() {
-  auto result = documents("broken.txt", [](const std::string& line) {
-    return !line.starts_with("raw ") && std::string_view("{ ").find(line.front()) == std::string_view::npos;
-  });
-  const std::vector<Document> unwritable{
-      {"empty",
-       "",
-       {"not JSON: parse error at line 1, column 1: syntax error while parsing value - unexpected end of input; "
-        "expected "
-        "'[', '{', or a literal"}},
-      {"not-utf8",
-       "{\"menus\": [], \"language\": \"\xFF\xFE\"}",
-       {"not JSON: parse error at line 1, column 28: syntax error while parsing value - invalid string: ill-formed "
-        "UTF-8 "
-        "byte"}},
-      {"nul-byte-after-document", "{\"menus\": []}\0{"s, {"not JSON: contains a NUL byte"}}};
-  result.insert(result.end(), unwritable.begin(), unwritable.end());
-  return result;
-}
-
-std::vector<Document> repairedDocuments() {
-  auto result = documents("repaired.txt", [](const std::string& line) { return line.starts_with("/"); });
-  result.push_back({"byte-order-mark", "\xEF\xBB\xBF" + completed(R"({"menus": [{}]})"), {"/menus/0/name = \"Main\""}});
-  return result;
-}
-
-std::string testName(const testing::TestParamInfo<Document>& info) {
-  std::string name = info.param.name;
-  std::replace(name.begin(), name.end(), '-', '_');
-  return name;
+std::string encoded(const PieConfiguration& configuration) {
+  return std::get<std::string>(encodeConfiguration(configuration));
 }
 
 std::string reencoded(std::string_view bytes) {
   SeededRandom random;
   const auto decoded = decodeConfiguration(bytes, random);
   if (const auto* error = std::get_if<CodingError>(&decoded)) return "error: " + error->description;
-  return std::get<std::string>(encodeConfiguration(std::get<PieConfiguration>(decoded)));
+  return encoded(std::get<PieConfiguration>(decoded));
 }
 
-class BrokenDocument : public testing::TestWithParam<Document> {};
-
-TEST_P(BrokenDocument, IsRefusedWithThePlaceOfTheFault) {
-  ASSERT_EQ(GetParam().expected.size(), 1U);
-  EXPECT_EQ(reencoded(GetParam().bytes), "error: " + GetParam().expected.front());
-}
-
-INSTANTIATE_TEST_SUITE_P(Fixtures, BrokenDocument, testing::ValuesIn(brokenDocuments()), testName);
-
-class RepairedDocument : public testing::TestWithParam<Document> {};
-
-void expectLine(const ordered_json& document, const std::string& line) {
+void expectAtPointer(const ordered_json& document, const std::string& line) {
   std::istringstream words(line);
   std::string place;
   std::string relation;
   words >> place >> relation;
   const ordered_json::json_pointer pointer(place);
-  if (relation == "absent") {
-    EXPECT_FALSE(document.contains(pointer)) << line;
-    return;
-  }
-  ASSERT_TRUE(document.contains(pointer)) << line;
+  ASSERT_EQ(document.contains(pointer), relation != "absent");
+  if (relation == "absent") return;
   const ordered_json expected = ordered_json::parse(words, nullptr, false);
-  if (relation == "size") {
-    EXPECT_EQ(ordered_json(document.at(pointer).size()), expected) << line;
-  } else {
-    EXPECT_EQ(document.at(pointer), expected) << line;
+  EXPECT_EQ(relation == "size" ? ordered_json(document.at(pointer).size()) : document.at(pointer), expected);
+}
+
+TEST(ConfigurationFixtures, BrokenDocumentsAreRefusedWithThePlaceOfTheFault) {
+  for (const Document& document : documents("broken.txt")) {
+    ASSERT_EQ(document.expected.size(), 1U) << document.name;
+    EXPECT_EQ(reencoded(document.bytes), "error: " + document.expected.front()) << document.name;
   }
 }
 
-TEST_P(RepairedDocument, ReadsAsExpected) {
-  const ordered_json document = ordered_json::parse(reencoded(GetParam().bytes), nullptr, false);
-  ASSERT_TRUE(document.is_object()) << reencoded(GetParam().bytes);
-  EXPECT_FALSE(GetParam().expected.empty());
-  for (const std::string& line : GetParam().expected) expectLine(document, line);
+TEST(ConfigurationFixtures, OthersAreRepaired) {
+  for (const Document& document : documents("repaired.txt")) {
+    const ordered_json result = ordered_json::parse(reencoded(document.bytes), nullptr, false);
+    ASSERT_TRUE(result.is_object()) << document.name << ": " << reencoded(document.bytes);
+    ASSERT_FALSE(document.expected.empty()) << document.name;
+    for (const std::string& line : document.expected) {
+      SCOPED_TRACE(document.name + ": " + line);
+      expectAtPointer(result, line);
+    }
+  }
 }
 
-INSTANTIATE_TEST_SUITE_P(Fixtures, RepairedDocument, testing::ValuesIn(repairedDocuments()), testName);
-
-std::string contents(const std::string& name) {
-  std::ifstream stream = openFixture(name);
-  return {std::istreambuf_iterator<char>(stream), {}};
-}
-
-TEST(GoodDocument, ComesOutAsItWentIn) {
-  const std::string smallest = contents("good-smallest.json");
+TEST(ConfigurationFixtures, GoodOnesComeOutAsTheyWentIn) {
+  const std::string smallest = fixture("good-smallest.json");
   EXPECT_EQ(reencoded(smallest) + "\n", smallest);
-  const std::string full = contents("good-every-field.json");
+  const std::string full = fixture("good-every-field.json");
   EXPECT_EQ(ordered_json::parse(reencoded(full)).dump(1), ordered_json::parse(full).dump(1));
+}
+
+TEST(ConfigurationFixtures, TheFirstRunDocumentIsTheSameEveryTimeButForItsIds) {
+  const ordered_json expected = ordered_json::parse(fixture("first-run.json")).flatten();
+  SeededRandom random;
+  std::set<std::string> ids;
+  for (int i = 0; i < 2; ++i) {
+    const ordered_json all = ordered_json::parse(encoded(PieConfiguration::defaultConfig(random))).flatten();
+    ordered_json others;
+    for (const auto& [place, value] : all.items()) {
+      if (!place.ends_with("/id")) {
+        others[place] = value;
+      } else {
+        EXPECT_TRUE(ids.insert(value.get<std::string>()).second) << place;
+      }
+    }
+    EXPECT_EQ(others.dump(1), expected.dump(1));
+  }
+}
+
+ordered_json awkward(const ordered_json& value, RandomSource& random) {
+  static constexpr std::array kTexts{""sv, " "sv, "\"\\/"sv, "\n\x01\x7F"sv, "\u0301é\u202E🐈"sv, "{}"sv, "a\0b"sv};
+  static constexpr std::array kDoubles{0.1, -0.0, 5e-324, 1e300, -1 / 3.0, 4e15 + 0.5};
+  using Integers = std::numeric_limits<std::int64_t>;
+  static constexpr std::array kIntegers{std::int64_t{-1}, std::int64_t{3}, Integers::min(), Integers::max()};
+  if (value.is_string()) return kTexts.at(random.below(kTexts.size()));
+  if (value.is_number_integer()) return kIntegers.at(random.below(kIntegers.size()));
+  if (value.is_number()) return kDoubles.at(random.below(kDoubles.size()));
+  return value.is_boolean() ? ordered_json(!value.get<bool>()) : value;
+}
+
+/// The document that has every field, here and there with a value that is awkward and may well stand there.
+std::string awkwardDocument(RandomSource& random) {
+  static const std::set<std::string> kNotFree = {"id", "kind", "variant", "language", "_0", "keyCode", "sectorIndex"};
+  ordered_json document = ordered_json::parse(fixture("good-every-field.json"));
+  const ordered_json leaves = document.flatten();
+  for (const auto& [place, value] : leaves.items()) {
+    const ordered_json::json_pointer pointer(place);
+    if (random.below(4) == 0 && !kNotFree.contains(pointer.back())) document[pointer] = awkward(value, random);
+  }
+  return document.dump();
+}
+
+TEST(ConfigurationRoundTrip, WhateverIsReadIsWrittenAndReadBackEqual) {
+  for (std::uint64_t seed = 0; seed < 300; ++seed) {
+    SCOPED_TRACE(seed);
+    SeededRandom random(seed);
+    const auto first = decodeConfiguration(awkwardDocument(random), random);
+    ASSERT_TRUE(std::holds_alternative<PieConfiguration>(first)) << std::get<CodingError>(first).description;
+    const std::string written = encoded(std::get<PieConfiguration>(first));
+    const auto second = decodeConfiguration(written, random);
+    ASSERT_TRUE(std::holds_alternative<PieConfiguration>(second)) << std::get<CodingError>(second).description;
+    ASSERT_EQ(std::get<PieConfiguration>(second), std::get<PieConfiguration>(first));
+    ASSERT_EQ(encoded(std::get<PieConfiguration>(second)), written);
+  }
 }
 
 }  // namespace

@@ -16,7 +16,6 @@ using testing::IsEmpty;
 class LegacyPieMenuMigrationTest : public testing::Test {
  protected:
   void run() { LegacyPieMenuMigration({files, defaults, environment, log}).run(); }
-  std::string failure() const { return log.lines.empty() ? "" : log.lines.at(0).text; }
 
   FakeFileSystem files;
   FakeUserDefaults defaults;
@@ -29,30 +28,28 @@ class LegacyPieMenuMigrationTest : public testing::Test {
 };
 
 TEST_F(LegacyPieMenuMigrationTest, CarriesEverythingOverOnce) {
+  run();
+  EXPECT_THAT(files.changes, IsEmpty()) << "there is no predecessor";
   defaults.predecessor = {{"pie.hasSeenPermissionIntro", true}};
   files.put(oldFavicon, "png");
-  files.put(oldConfig,
-            R"({"a":"/Caches/PieMenu/favicons/1","b":"Caches\/PieMenu\/favicons\/2","c":"PieMenu/favicons"} no JSON)");
+  files.put(oldConfig, R"({"a":"/Caches/PieMenu/favicons/1","b":"Caches\/PieMenu\/favicons\/2","c":"PieMenu/favicons",)"
+                       R"("d":"/home/user/.cache/PieMenu/favicons/a.png",)"
+                       R"("e":"\/home\/user\/.cache\/PieMenu\/favicons\/b"} no JSON)");
   run();
   EXPECT_TRUE(defaults.boolean("pie.hasSeenPermissionIntro"));
   EXPECT_EQ(files.files[newFavicon], "png");
-  EXPECT_EQ(files.files[newConfig],
-            R"({"a":"/Caches/Rondora/favicons/1","b":"Caches\/Rondora\/favicons\/2","c":"PieMenu/favicons"} no JSON)");
-  EXPECT_THAT(log.lines, IsEmpty());
+  const std::string carriedOver = files.files[newConfig];
+  EXPECT_EQ(carriedOver,
+            R"({"a":"/Caches/Rondora/favicons/1","b":"Caches\/Rondora\/favicons\/2","c":"PieMenu/favicons",)"
+            R"("d":"/home/user/.cache/Rondora/favicons/a.png",)"
+            R"("e":"\/home\/user\/.cache\/Rondora\/favicons\/b"} no JSON)");
 
-  const auto afterFirst = files.files;
   files.files[oldConfig] = "changed";
   files.changes.clear();
   run();
-  EXPECT_EQ(files.files[newConfig], afterFirst.at(newConfig));
+  EXPECT_EQ(files.files[newConfig], carriedOver);
   EXPECT_THAT(files.changes, IsEmpty());
-}
-
-TEST_F(LegacyPieMenuMigrationTest, IconsInThisSystemsCachesFolderLeadToTheCopies) {
-  files.put(oldConfig, R"({"icon":")" + oldFavicon + R"(","other":"\/home\/user\/.cache\/PieMenu\/favicons\/b.png"})");
-  run();
-  EXPECT_EQ(files.files[newConfig],
-            R"({"icon":")" + newFavicon + R"(","other":"\/home\/user\/.cache\/Rondora\/favicons\/b.png"})");
+  EXPECT_THAT(log.lines, IsEmpty());
 }
 
 TEST_F(LegacyPieMenuMigrationTest, LeavesWhatIsThereAlready) {
@@ -66,19 +63,18 @@ TEST_F(LegacyPieMenuMigrationTest, LeavesWhatIsThereAlready) {
   EXPECT_FALSE(defaults.hasValue("pie.hasSeenPermissionIntro"));
   EXPECT_FALSE(files.exists(newFavicon));
   EXPECT_EQ(files.files[newConfig], "new");
-}
 
-TEST_F(LegacyPieMenuMigrationTest, DoesNothingWithoutAPredecessor) {
+  defaults.values.clear();
+  environment.identifier = "io.github.rondora.PieMenu";
   run();
-  EXPECT_THAT(files.changes, IsEmpty());
-  EXPECT_THAT(log.lines, IsEmpty());
+  EXPECT_TRUE(defaults.isEmpty()) << "the predecessor itself is running";
 }
 
 TEST_F(LegacyPieMenuMigrationTest, LogsWhyTheDocumentCouldNotBeCarriedOver) {
   using Operation = FakeFileSystem::Operation;
   files.put(oldConfig, "{\"\xFF\"}");
   run();
-  EXPECT_EQ(failure(), "legacy config migration failed: " + oldConfig + " is not UTF-8 text");
+  EXPECT_EQ(log.lines.at(0).text, "legacy config migration failed: " + oldConfig + " is not UTF-8 text");
   files.files[oldConfig] = "{}";
   const std::pair<Operation, std::string> failures[] = {{Operation::read, "cannot read " + oldConfig},
                                                         {Operation::createFolder, "no room"},
