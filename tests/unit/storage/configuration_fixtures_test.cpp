@@ -16,8 +16,8 @@
 //   "POINTER size COUNT" or "POINTER absent";
 // - good-NAME.json comes out as it went in;
 // - first-run.json: the first-run document without the ids of its menus, items and entries.
-// A line "# NAME" begins a document, and "=> " what is expected of it. What it leaves out of itself, its menus and
-// their items is filled in (`completed`) but where "<absent>" stands; after "raw" it is taken as it is.
+// A line "# NAME" begins a document, and "=> " what is expected of it. What the document and its menus
+// have to have and leave out is filled in (`completed`) but where "<absent>" stands; after "raw" it is taken as it is.
 
 namespace rondora {
 namespace {
