@@ -153,7 +153,7 @@ ordered_json awkward(const ordered_json& value, RandomSource& random) {
   if (value.is_string()) return kTexts.at(random.below(kTexts.size()));
   if (value.is_number_integer()) return kIntegers.at(random.below(kIntegers.size()));
   if (value.is_number()) return kDoubles.at(random.below(kDoubles.size()));
-  return value.is_boolean() ? ordered_json(!value.get<bool>()) : value;
+  return !value.get<bool>();
 }
 
 /// The document that has every field, here and there with a value that is awkward and may well stand there.
@@ -163,7 +163,9 @@ std::string awkwardDocument(RandomSource& random) {
   const ordered_json leaves = document.flatten();
   for (const auto& [place, value] : leaves.items()) {
     const ordered_json::json_pointer pointer(place);
-    if (random.below(4) == 0 && !kNotFree.contains(pointer.back())) document[pointer] = awkward(value, random);
+    const bool isEmptyContainer = value.is_null();
+    if (isEmptyContainer || kNotFree.contains(pointer.back())) continue;
+    if (random.below(4) == 0) document[pointer] = awkward(value, random);
   }
   return document.dump();
 }
