@@ -1,17 +1,15 @@
 #pragma once
 
-#include <QCoreApplication>
-#include <QDeadlineTimer>
+#include <chrono>
+#include <functional>
+
+#include "ui/qt/event_turns.h"
 
 namespace rondora {
 
 /// Turns the toolkit's event loop until the condition holds; false when the time is up.
-template <class Condition>
-bool waitUntil(Condition condition) {
-  constexpr int kPatienceMilliseconds = 15000;
-  QDeadlineTimer deadline(kPatienceMilliseconds);
-  while (!condition() && !deadline.hasExpired()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
-  return condition();
+inline bool waitUntil(const std::function<bool()>& condition) {
+  return handleEventsUntil(condition, std::chrono::seconds(15));
 }
 
 }  // namespace rondora

@@ -5,7 +5,6 @@
 #include <QApplication>
 #include <QGlyphRun>
 #include <QMenu>
-#include <QPushButton>
 #include <QRawFont>
 #include <QTextLayout>
 #include <set>
@@ -68,17 +67,13 @@ TEST_F(InterfaceLanguageTest, AnUrduTitleJoinsItsLettersInEveryLanguage) {
   }
 }
 
-TEST_F(InterfaceLanguageTest, WindowsAndMenusThatAreUpTurnRound) {
+TEST_F(InterfaceLanguageTest, AMenuThatIsUpTurnsRound) {
   QMenu menu;
   menu.addAction("Quit");
-  QPushButton window("Quit");
   menu.popup({0, 0});
-  window.show();
   for (const AppLanguage language : {AppLanguage::arabic, AppLanguage::german, AppLanguage::urdu}) {
     useInterfaceLanguage(language);
-    const auto expected = isRightToLeft(language) ? Qt::RightToLeft : Qt::LeftToRight;
-    EXPECT_EQ(menu.layoutDirection(), expected);
-    EXPECT_EQ(window.layoutDirection(), expected);
+    EXPECT_EQ(menu.layoutDirection(), isRightToLeft(language) ? Qt::RightToLeft : Qt::LeftToRight);
   }
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -33,32 +32,25 @@ class SolidRasterizer : public PictureRasterizer {
     Prepared(SolidRasterizer& rasterizer, Picture source) : owner(rasterizer), picture(std::move(source)) {}
 
     void setBackdrop(const PixelBuffer& screen) override {
-      auto& rows = owner.backdrops.emplace_back();
-      for (int y = 0; y < screen.height; ++y) {
-        const std::uint32_t* row = screen.pixels + static_cast<std::ptrdiff_t>(y) * screen.stride;
-        rows.insert(rows.end(), row, row + screen.width);
-      }
+      owner.backdrops.emplace_back(screen.pixels, screen.pixels + std::ptrdiff_t{screen.stride} * screen.height);
     }
 
     void paint(std::span<const double> states, const PictureView& view, PixelBuffer target) override {
-      fill(view.dirty, view, target, 0);
-      for (std::size_t i = 0; i < states.size(); ++i) {
-        fill(common(picture.layers[i].bounds, view.dirty), view, target,
-             states[i] == kTranslucent ? 0x80404040U : 0xFF000000U | color(states[i]));
-      }
-    }
-
-    static Rect common(const Rect& a, const Rect& b) {
-      const double left = std::max(a.left(), b.left());
-      const double top = std::max(a.top(), b.top());
-      return {{left, top}, {std::min(a.right(), b.right()) - left, std::min(a.bottom(), b.bottom()) - top}};
-    }
-
-    static void fill(const Rect& rect, const PictureView& view, PixelBuffer target, std::uint32_t pixel) {
       const auto at = [&](double value) { return static_cast<int>(std::lround(value * view.pixelsPerPoint)); };
-      for (int y = at(rect.top()); y < at(rect.bottom()); ++y) {
-        for (int x = at(rect.left()); x < at(rect.right()); ++x) target.pixels[y * target.stride + x] = pixel;
+      for (int y = at(view.dirty.top()); y < at(view.dirty.bottom()); ++y) {
+        for (int x = at(view.dirty.left()); x < at(view.dirty.right()); ++x) {
+          target.pixels[y * target.stride + x] = pixel(Point{x + 0.5, y + 0.5} * (1 / view.pixelsPerPoint), states);
+        }
       }
+    }
+
+    std::uint32_t pixel(Point point, std::span<const double> states) const {
+      std::uint32_t result = 0;
+      for (std::size_t i = 0; i < states.size(); ++i) {
+        if (!picture.layers[i].bounds.contains(point)) continue;
+        result = states[i] == kTranslucent ? 0x80404040U : 0xFF000000U | color(states[i]);
+      }
+      return result;
     }
 
     SolidRasterizer& owner;

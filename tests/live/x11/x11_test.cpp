@@ -1,9 +1,11 @@
 #include "x11_test.h"
 
-#include <array>
-#include <map>
+#include <poll.h>
+
+#include <chrono>
 #include <utility>
 
+#include "support/wait.h"
 #include "support/x_reply.h"
 
 namespace rondora::live {
@@ -16,15 +18,24 @@ std::string describe(const KeyEvent& event) {
 
 }  // namespace
 
+xcb_window_t coverArea(xcb_connection_t* connection, const Area& area) {
+  const xcb_window_t window = xcb_generate_id(connection);
+  const std::uint32_t values[] = {kCoverColor, 1,
+                                  XCB_EVENT_MASK_BUTTON_PRESS | XCB_EVENT_MASK_BUTTON_RELEASE |
+                                      XCB_EVENT_MASK_KEY_PRESS | XCB_EVENT_MASK_KEY_RELEASE};
+  xcb_create_window(connection, XCB_COPY_FROM_PARENT, window,
+                    xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root, static_cast<std::int16_t>(area.x),
+                    static_cast<std::int16_t>(area.y), static_cast<std::uint16_t>(area.width),
+                    static_cast<std::uint16_t>(area.height), 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT,
+                    XCB_CW_BACK_PIXEL | XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK, values);
+  xcb_map_window(connection, window);
+  return window;
+}
+
 bool Bystander::grabKeyboard() {
   const auto reply = ask(get(), xcb_grab_keyboard, xcb_grab_keyboard_reply, 0, root(), XCB_CURRENT_TIME,
                          XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
   return reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
-}
-
-void Bystander::ungrabKeyboard() {
-  xcb_ungrab_keyboard(get(), XCB_CURRENT_TIME);
-  sync();
 }
 
 bool Bystander::grabPointer() {
@@ -33,25 +44,19 @@ bool Bystander::grabPointer() {
   return reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
 }
 
-void Bystander::ungrabPointer() {
+void Bystander::letGo() {
+  xcb_ungrab_keyboard(get(), XCB_CURRENT_TIME);
   xcb_ungrab_pointer(get(), XCB_CURRENT_TIME);
   sync();
 }
 
 void Bystander::takeFocus() {
-  const xcb_window_t window = coverArea(0, 0, 10, 10);
-  const std::uint32_t keys = XCB_EVENT_MASK_KEY_PRESS | XCB_EVENT_MASK_KEY_RELEASE;
-  xcb_change_window_attributes(get(), window, XCB_CW_EVENT_MASK, &keys);
-  xcb_set_input_focus(get(), XCB_INPUT_FOCUS_POINTER_ROOT, window, XCB_CURRENT_TIME);
+  xcb_set_input_focus(get(), XCB_INPUT_FOCUS_POINTER_ROOT, cover({0, 0, 10, 10}), XCB_CURRENT_TIME);
   sync();
 }
 
-xcb_window_t Bystander::coverArea(std::int16_t x, std::int16_t y, std::uint16_t width, std::uint16_t height) {
-  const xcb_window_t window = xcb_generate_id(get());
-  const std::uint32_t values[] = {kColor, 1, XCB_EVENT_MASK_BUTTON_PRESS | XCB_EVENT_MASK_BUTTON_RELEASE};
-  xcb_create_window(get(), XCB_COPY_FROM_PARENT, window, root(), x, y, width, height, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT,
-                    XCB_COPY_FROM_PARENT, XCB_CW_BACK_PIXEL | XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK, values);
-  xcb_map_window(get(), window);
+xcb_window_t Bystander::cover(const Area& area) {
+  const xcb_window_t window = coverArea(get(), area);
   sync();
   return window;
 }
@@ -67,14 +72,13 @@ X11Test::X11Test(std::vector<std::string> serverArguments, double pixelsPerPoint
     : server_("1280x800x24", serverArguments),
       user_(server_.display()),
       handle_(xcb_connect(server_.display().c_str(), nullptr)),
-      loop_(handle_.get()),
       connection_(handle_.get(), 0, pixelsPerPoint),
-      keymap_(connection_, loop_),
+      keymap_(connection_, time_),
       rawReleases_(connection_),
-      keyboard_(connection_, rawReleases_, loop_),
+      keyboard_(connection_, rawReleases_, time_),
       hotkeys_(connection_, keymap_, keyboard_),
       monitors_(keymap_, keyboard_),
-      inputGrab_(connection_, keyboard_, loop_),
+      inputGrab_(connection_, keyboard_, time_),
       pointer_(connection_, inputGrab_),
       panels_(connection_, inputGrab_, rasterizer_) {
   reportHandler_ = hotkeys_.installEventHandler([this](const HotKeyEvent* event) {
@@ -89,7 +93,36 @@ X11Test::X11Test(std::vector<std::string> serverArguments, double pixelsPerPoint
 
 X11Test::~X11Test() {
   drain();
-  EXPECT_EQ(loop_.errorCount(), 0) << "the server refused a request";
+  EXPECT_EQ(errorCount_, 0) << "the server refused a request";
+}
+
+bool X11Test::handleEvents() {
+  bool any = false;
+  while (const x11::Reply<xcb_generic_event_t> event{xcb_poll_for_event(handle_.get())}) {
+    any = true;
+    if (event->response_type == 0) ++errorCount_;
+    connection_.dispatch(*event);
+  }
+  time_.runUntilIdle();
+  return any;
+}
+
+bool X11Test::eventually(const std::function<bool()>& condition) {
+  const auto deadline = std::chrono::steady_clock::now() + kPatience;
+  while (!condition()) {
+    if (std::chrono::steady_clock::now() > deadline) return false;
+    connection_.flush();
+    handleEvents();
+    pollfd waiting{xcb_get_file_descriptor(handle_.get()), POLLIN, 0};
+    if (poll(&waiting, 1, 1) == 0) time_.advance(0.001);
+  }
+  return true;
+}
+
+void X11Test::drain() {
+  do {
+    ask(handle_.get(), xcb_get_input_focus, xcb_get_input_focus_reply);
+  } while (handleEvents());
 }
 
 bool X11Test::registerHotkey(std::uint32_t keyCode, std::uint32_t carbonModifiers, std::uint32_t id) {

@@ -3,11 +3,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "base/owned.h"
+#include "doubles/virtual_time.h"
 #include "platform/linux/x11/raw_key_releases.h"
 #include "platform/linux/x11/x11_event_monitors.h"
 #include "platform/linux/x11/x11_hotkey_service.h"
@@ -20,7 +22,6 @@
 #include "solid_rasterizer.h"
 #include "support/x_client.h"
 #include "support/x_server.h"
-#include "x_loop.h"
 
 namespace rondora::live {
 
@@ -32,22 +33,22 @@ inline constexpr std::uint16_t kControlMask = XCB_MOD_MASK_CONTROL;
 inline constexpr std::uint16_t kAltMask = XCB_MOD_MASK_1;
 inline constexpr std::uint16_t kNumLockMask = XCB_MOD_MASK_2;
 
+/// An override-redirect window of that client over the area, in one colour, that is told of buttons and keys.
+xcb_window_t coverArea(xcb_connection_t* connection, const Area& area);
+inline constexpr std::uint32_t kCoverColor = 0x00FF00;
+
 /// Another program, which grabs and covers.
 class Bystander : public XClient {
  public:
-  /// What its windows are filled with.
-  static constexpr std::uint32_t kColor = 0x00FF00;
-
   using XClient::XClient;
 
   bool grabKeyboard();
-  void ungrabKeyboard();
   bool grabPointer();
-  void ungrabPointer();
-  /// Gives the input focus to a window of its own that is told of keys.
+  /// Gives back what it grabbed.
+  void letGo();
+  /// Gives the input focus to a window of its own.
   void takeFocus();
-  /// An override-redirect window over the area that is told of buttons.
-  xcb_window_t coverArea(std::int16_t x, std::int16_t y, std::uint16_t width, std::uint16_t height);
+  xcb_window_t cover(const Area& area);
   /// What came for this client so far, by event type.
   std::vector<int> eventTypes();
 };
@@ -63,14 +64,17 @@ struct RecordingSink : OverlayPanelSink {
   void panelLost() override { ++lost; }
 };
 
-/// The input side of the program on a private X server. Keys do not repeat unless a test says so.
+/// The input side of the program on a private X server. Keys do not repeat unless a test says so. The main queue's time
+/// passes in `eventually` only, and never faster than the real one.
 class X11Test : public testing::Test {
  protected:
   explicit X11Test(std::vector<std::string> serverArguments = {"-r"}, double pixelsPerPoint = 1);
   ~X11Test() override;
 
-  bool eventually(const std::function<bool()>& condition) { return loop_.until(connection_, condition); }
-  void drain() { loop_.drain(connection_); }
+  /// Handles events and what becomes due until the condition holds; false when it takes too long.
+  bool eventually(const std::function<bool()>& condition);
+  /// Handles everything that the server has said so far.
+  void drain();
 
   /// Registers the combination under the number and writes down what comes of it.
   bool registerHotkey(std::uint32_t keyCode, std::uint32_t carbonModifiers, std::uint32_t id = 1);
@@ -88,7 +92,7 @@ class X11Test : public testing::Test {
   XServer server_;
   XClient user_;
   UniqueCPtr<xcb_connection_t, xcb_disconnect> handle_;
-  XLoop loop_;
+  VirtualTime time_;
   x11::XConnection connection_;
   x11::XKeymap keymap_;
   x11::RawKeyReleases rawReleases_;
@@ -105,6 +109,11 @@ class X11Test : public testing::Test {
   std::vector<KeyEvent> keyEvents_;
   Subscription reportHandler_;
   Subscription keyMonitor_;
+
+ private:
+  bool handleEvents();
+
+  int errorCount_ = 0;
 };
 
 }  // namespace rondora::live
