@@ -5,8 +5,9 @@
 #include <QImage>
 #include <QTemporaryDir>
 
-#include "live/ui_qt/event_loop.h"
 #include "live/ui_qt/web_server.h"
+#include "support/wait.h"
+#include "ui/qt/event_turns.h"
 #include "ui/qt/qt_network_fetch.h"
 #include "ui/qt/qt_picture_codec.h"
 
@@ -39,7 +40,7 @@ class WebTest : public testing::Test {
           result = std::move(response);
         });
     EXPECT_EQ(endings, 0);
-    EXPECT_TRUE(waitUntil([&] { return endings > 0; })) << address;
+    EXPECT_TRUE(handleEventsUntil([&] { return endings > 0; }, live::kPatience)) << address;
     EXPECT_EQ(endings, 1);
     return result;
   }
@@ -87,7 +88,7 @@ TEST_F(WebTest, NoBodyIsLongerThanAskedFor) {
   ASSERT_TRUE(endless);
   EXPECT_EQ(endless->body.size(), 300000u);
   EXPECT_FALSE(endless->isComplete);
-  EXPECT_TRUE(waitUntil([this] { return server.openConnections == 0; }));
+  EXPECT_TRUE(handleEventsUntil([this] { return server.openConnections == 0; }, live::kPatience));
 
   // 64 MiB of nothing, packed.
   QFile packed(RONDORA_FIXTURES "/web/zeros.gz");
@@ -114,9 +115,10 @@ TEST_F(WebTest, ARequestCanBeGivenUp) {
   server.pages["/page"] = [](QTcpSocket&) {};
   bool hasEnded = false;
   Subscription request = network.fetch({server.address("/page"), 10, kLongTime}, [&](auto) { hasEnded = true; });
-  ASSERT_TRUE(waitUntil([this] { return server.openConnections == 1 && !server.requests.isEmpty(); }));
+  ASSERT_TRUE(
+      handleEventsUntil([this] { return server.openConnections == 1 && !server.requests.isEmpty(); }, live::kPatience));
   request.reset();
-  EXPECT_TRUE(waitUntil([this] { return server.openConnections == 0; }));
+  EXPECT_TRUE(handleEventsUntil([this] { return server.openConnections == 0; }, live::kPatience));
   EXPECT_FALSE(hasEnded);
   EXPECT_TRUE(network.canReach("127.0.0.1"));
   EXPECT_TRUE(network.canReach("[::1]"));

@@ -9,7 +9,8 @@
 #include <string>
 #include <thread>
 
-#include "live/ui_qt/event_loop.h"
+#include "support/wait.h"
+#include "ui/qt/event_turns.h"
 
 namespace rondora {
 namespace {
@@ -20,7 +21,7 @@ class QtMainQueueTest : public testing::Test {
   void settle(double seconds) {
     bool reached = false;
     queue->after(seconds, [&] { reached = true; });
-    ASSERT_TRUE(waitUntil([&] { return reached; }));
+    ASSERT_TRUE(handleEventsUntil([&] { return reached; }, live::kPatience));
   }
 
   std::optional<QtMainQueue> queue{std::in_place};
@@ -34,13 +35,13 @@ TEST_F(QtMainQueueTest, AsynchronousWorkRunsLaterInOrderAndCanBeMadeToRunNow) {
   EXPECT_EQ(story, "");
   queue->runWaiting();
   EXPECT_EQ(story, "ab");
-  EXPECT_TRUE(waitUntil([&] { return story == "abz"; }));
+  EXPECT_TRUE(handleEventsUntil([&] { return story == "abz"; }, live::kPatience));
 }
 
 TEST_F(QtMainQueueTest, WorkFromOtherThreadsRunsOnTheMainThread) {
   const QThread* where = nullptr;
   std::thread([&] { queue->async([&] { where = QThread::currentThread(); }); }).join();
-  EXPECT_TRUE(waitUntil([&] { return where != nullptr; }));
+  EXPECT_TRUE(handleEventsUntil([&] { return where != nullptr; }, live::kPatience));
   EXPECT_EQ(where, QCoreApplication::instance()->thread());
 }
 
@@ -63,7 +64,7 @@ TEST_F(QtMainQueueTest, ATimerTicksUntilItEndsAndNeverEarly) {
   Subscription timer = queue->timer(0.016, 0.001, [&] {
     if (++ticks == 5) timer.reset();
   });
-  EXPECT_TRUE(waitUntil([&] { return ticks == 5; }));
+  EXPECT_TRUE(handleEventsUntil([&] { return ticks == 5; }, live::kPatience));
   EXPECT_GE(clock.elapsed(), 5 * 16 - 5);
   settle(0.05);
   EXPECT_EQ(ticks, 5);
