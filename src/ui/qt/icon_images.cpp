@@ -3,6 +3,7 @@
 #include <QColor>
 #include <QDateTime>
 #include <QFileInfo>
+#include <QIcon>
 
 #include "ui/qt/application_icon_images.h"
 #include "ui/qt/emoji_images.h"
@@ -18,19 +19,39 @@ constexpr qsizetype kLargestCache = 1024;
 constexpr std::string_view kNeutralApplication = "window";
 constexpr std::string_view kSiteWithoutPicture = "globe";
 
-bool isTinted(IconKind kind) { return kind == IconKind::symbol; }
+/// The file as it is now.
+QString versionOf(const QString& file) {
+  return QStringLiteral("%1|%2").arg(file).arg(QFileInfo(file).lastModified().toMSecsSinceEpoch());
+}
 
-QString cacheKey(const IconCommand& icon, int side) {
-  QString key = toQString(icon.name);
-  key += QStringLiteral("|%1|%2").arg(static_cast<int>(icon.kind)).arg(side);
-  if (isTinted(icon.kind)) key += toQColor(icon.tint).name(QColor::HexArgb);
-  if (icon.kind == IconKind::imageFile || icon.kind == IconKind::favicon) {
-    key += QString::number(QFileInfo(toQString(icon.name)).lastModified().toMSecsSinceEpoch());
-  }
-  return key;
+/// What the application is installed with as it is now; another application may answer to the same name later on.
+QString versionOf(const ApplicationIconSource& source) {
+  const QString themeName = toQString(source.themeName);
+  if (themeName.startsWith('/')) return versionOf(themeName);
+  if (!themeName.isEmpty()) return QStringLiteral("%1|%2").arg(QIcon::themeName(), themeName);
+  return versionOf(toQString(source.filePath));
 }
 
 }  // namespace
+
+QString IconImages::cacheKey(const IconCommand& icon, int side) const {
+  QString key = QStringLiteral("%1|%2|").arg(static_cast<int>(icon.kind)).arg(side);
+  switch (icon.kind) {
+    case IconKind::imageFile:
+    case IconKind::favicon:
+      return key + versionOf(toQString(icon.name));
+    case IconKind::application: {
+      const auto source = applicationIcons_.iconSource(icon.name);
+      return key + toQString(icon.name) + '|' + (source ? versionOf(*source) : QString());
+    }
+    case IconKind::symbol:
+      return key + toQColor(icon.tint).name(QColor::HexArgb) + toQString(icon.name);
+    case IconKind::none:
+    case IconKind::emoji:
+      break;
+  }
+  return key + toQString(icon.name);
+}
 
 /// A site's picture is found by the file that holds it.
 IconCommand IconImages::withFile(const IconCommand& icon) const {

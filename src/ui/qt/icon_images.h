@@ -17,8 +17,8 @@ namespace rondora {
 /// The file with the picture of a web site, by its origin; nothing while there is none.
 using SitePicture = std::function<std::optional<std::filesystem::path>(std::string_view site)>;
 
-/// The icons of display lists as pixels, made once for each kind, name, size and tint. What has no picture gets a
-/// neutral one. Main thread.
+/// The icons of display lists as pixels, made once for each kind, name, size and tint, and again when the file or the
+/// application behind the name is another one. What has no picture gets a neutral one. Main thread.
 class IconImages {
  public:
   /// `applicationIcons` outlives this object.
@@ -34,6 +34,7 @@ class IconImages {
     bool keep = true;
   };
   IconCommand withFile(const IconCommand& icon) const;
+  QString cacheKey(const IconCommand& icon, int side) const;
   Found make(const IconCommand& icon, int side) const;
   Found makeApplication(const IconCommand& icon, int side) const;
 

@@ -142,6 +142,15 @@ TEST_F(IconImagesTest, AnApplicationShowsItsOwnPictureElseThatOfItsWindowAsSoonA
   EXPECT_EQ(after.pixel(kSide / 2, kSide / 2), 0xFF00FF00);
 }
 
+TEST_F(IconImagesTest, AnApplicationsOwnPictureIsThatOfWhoAnswersToItsNameNow) {
+  const auto colourFrom = [&](const QString& file) {
+    applications.sources["org.example.Blue"].themeName = file.toStdString();
+    return icon(IconKind::application, "org.example.Blue").pixel(5, 5);
+  };
+  EXPECT_EQ(colourFrom(paint("blue.png", {20, 20}, Qt::blue)), qRgb(0, 0, 255));
+  EXPECT_EQ(colourFrom(paint("green.png", {20, 20}, Qt::green)), qRgb(0, 255, 0));
+}
+
 TEST_F(IconImagesTest, PicturesOfEveryCommonFormatAreRead) {
   const QString svg = write("drawn.svg",
                             "<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 4 4'>"
