@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QImage>
+#include <QSize>
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -17,7 +19,12 @@ class DrawnAhead {
   /// it was, where they are not.
   bool compose(const QImage& backdrop, QImage& target) const;
 
-  std::size_t byteCount() const { return static_cast<std::size_t>(inFrontOfBlack_.sizeInBytes()) + light_.size(); }
+  std::size_t byteCount() const { return byteCount(inFrontOfBlack_.size()); }
+  /// Of a picture of that many pixels.
+  static std::size_t byteCount(QSize size) {
+    return (sizeof(std::uint32_t) + sizeof(std::uint8_t)) * static_cast<std::size_t>(size.width()) *
+           static_cast<std::size_t>(size.height());
+  }
 
  private:
   QImage inFrontOfBlack_;

@@ -90,6 +90,7 @@ std::vector<const BackdropPaint*> DrawnPicture::backdrops() const {
 void DrawnPicture::drawAhead() {
   if (ahead_ || isShown_ || backdrops().size() != 1) return;
   paintUndivided([this] { ahead_.emplace(drawnOnGlass(Qt::black), drawnOnGlass(Qt::white)); });
+  forgetBackdrop();
 }
 
 QImage DrawnPicture::drawnOnGlass(const QBrush& backdrop) {
@@ -107,7 +108,6 @@ void DrawnPicture::begin() {
   QSize largest;
   for (PreparedLayer& layer : layers_) {
     layer.makeRoom();
-    layer.setBackdrop([this](const BackdropPaint& paint) { return toQBrush(paint, pixelsPerPoint_); });
     if (layer.hasStates()) largest = largest.expandedTo(layer.bounds().size());
   }
   composed_ = blankImage(size_);
@@ -116,9 +116,18 @@ void DrawnPicture::begin() {
 
 void DrawnPicture::end() {
   for (PreparedLayer& layer : layers_) layer.giveRoomBack();
-  backdrop_ = composed_ = scratch_ = {};
+  forgetBackdrop();
+  composed_ = scratch_ = {};
   shown_.clear();
   isShown_ = false;
+}
+
+/// Glass is imitated from here on; no pixels of the screen are held.
+void DrawnPicture::forgetBackdrop() {
+  backdrop_ = {};
+  for (PreparedLayer& layer : layers_) {
+    layer.setBackdrop([this](const BackdropPaint& paint) { return toQBrush(paint, pixelsPerPoint_); });
+  }
 }
 
 void DrawnPicture::setBackdrop(const PixelBuffer& screen) {

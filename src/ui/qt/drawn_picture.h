@@ -27,6 +27,8 @@ class DrawnPicture {
   bool isOf(const Picture& picture, double pixelsPerPoint, IconImages& icons) const;
   /// What it takes between two showings, about.
   std::size_t byteCount() const;
+  /// What `drawAhead` would add to that.
+  std::size_t byteCountAhead() const { return DrawnAhead::byteCount(size_); }
 
   /// Draws what a first frame needs but for the backdrop. Not while shown.
   void drawAhead();
@@ -39,6 +41,7 @@ class DrawnPicture {
   void paint(std::span<const double> states, const PictureView& view, PixelBuffer target);
 
  private:
+  void forgetBackdrop();
   std::vector<const BackdropPaint*> backdrops() const;
   QImage drawnOnGlass(const QBrush& backdrop);
   bool isPlain(const PictureView& view) const;

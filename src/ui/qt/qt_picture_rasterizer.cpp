@@ -12,9 +12,11 @@ namespace rondora {
 
 namespace {
 
-/// A dozen usual rings at one pixel a point, three or four at two.
+/// Some twenty usual rings at one pixel a point, six at two.
 constexpr std::size_t kMostKeptBytes = 16 << 20;
 constexpr std::ptrdiff_t kMostKept = 32;
+/// A larger one is not worth all others.
+constexpr std::size_t kMostDrawnAheadBytes = kMostKeptBytes / 2;
 
 /// One showing of a picture.
 class QtPreparedPicture : public PreparedPicture {
@@ -61,7 +63,9 @@ std::unique_ptr<PreparedPicture> QtPictureRasterizer::prepare(Picture picture, d
 }
 
 void QtPictureRasterizer::prepareAhead(Picture picture, double pixelsPerPoint) {
-  pictureOf(std::move(picture), pixelsPerPoint)->drawAhead();
+  const auto kept = pictureOf(std::move(picture), pixelsPerPoint);
+  if (kept->byteCountAhead() > kMostDrawnAheadBytes) return;
+  kept->drawAhead();
   keepFew();
 }
 

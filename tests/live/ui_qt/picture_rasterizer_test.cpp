@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <malloc.h>
 
 #include <algorithm>
 #include <climits>
@@ -186,6 +187,26 @@ TEST_P(PictureRasterizerTest, APictureThatIsKeptAndChangesLooksLikeANewOneOnEver
     second.reset();
     ASSERT_NO_FATAL_FAILURE(expectLikeNew(*kept, {0, 0, 0, 0, 0}));
   }
+}
+
+TEST_P(PictureRasterizerTest, NothingOfTheScreenIsHeldAfterAShowing) {
+  const auto bytesInUse = [] {
+    const auto heap = mallinfo2();
+    return heap.uordblks + heap.hblkhd;
+  };
+  Canvas screen(GetParam());
+  Canvas canvas(GetParam());
+  const auto show = [&](double radius) {
+    const FillCommand pane{Path::circle(kCentre, radius), BackdropPaint{}};
+    const auto prepared =
+        rasterizer.prepare({{kSide, kSide}, kCentre, {{{{0, 0}, {kSide, kSide}}, {{pane}}}}}, GetParam());
+    prepared->setBackdrop(screen.buffer());
+    prepared->paint(std::vector<double>{0}, whole(), canvas.buffer());
+  };
+  show(10);
+  const std::size_t before = bytesInUse();
+  for (int picture = 1; picture <= 8; ++picture) show(10 + picture);
+  EXPECT_LT(bytesInUse(), before + 2 * canvas.pixels.size() * sizeof(std::uint32_t));
 }
 
 INSTANTIATE_TEST_SUITE_P(Scales, PictureRasterizerTest, testing::Values(1.0, 1.25, 1.5, 2.0));
