@@ -30,9 +30,12 @@ void RingWarmer::waitForQuiet() {
 
 void RingWarmer::begin() {
   waiting_.clear();
-  for (const PieMenu& menu : services_.config.current().menus) {
-    const bool isDue = isDocumentDue_ || menu.kind == PieMenuKind::runningApps;
-    if (isDue && menu.isEnabled() && waiting_.size() < kMostMenus) waiting_.push_back(menu);
+  for (const bool hasHotkey : {true, false}) {
+    for (const PieMenu& menu : services_.config.current().menus) {
+      const bool isDue = isDocumentDue_ || menu.kind == PieMenuKind::runningApps;
+      if (!isDue || !menu.isEnabled() || menu.hasLiveHotkey() != hasHotkey) continue;
+      if (waiting_.size() < kMostMenus) waiting_.push_back(menu);
+    }
   }
   takeTurn();
 }

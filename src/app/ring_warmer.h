@@ -43,7 +43,8 @@ class RingWarmer {
   Services services_;
   /// The document's rings have not all been prepared since it changed.
   bool isDocumentDue_ = false;
-  /// The next one last, so that the first menus are prepared last: who keeps few keeps those.
+  /// The next one last, so that the first menus are prepared last, and those that a key opens after all others: who
+  /// keeps few keeps those.
   std::vector<PieMenu> waiting_;
   Subscription next_;
   Subscription configuration_;

@@ -63,6 +63,17 @@ TEST_F(RingWarmerTest, StartsOverWhenARingWouldDifferAndLosesNothingThatWasDue) 
   EXPECT_EQ(preparedMeanwhile(), 2U);
 }
 
+TEST_F(RingWarmerTest, AMenuThatAKeyOpensIsPreparedHoweverManyOthersStandBeforeIt) {
+  std::vector<PieMenu> menus;
+  for (int i = 0; i < 40; ++i) menus.push_back(menu("other", {}));
+  menus.push_back(menu("plain", {kKKey, 0}));
+  menus.back().menuRadius += 10;
+  useMenus(std::move(menus));
+  desktop.time.advance(10);
+  press({kKKey});
+  EXPECT_TRUE(isPrepared(desktop.overlay.keyPanel()->picture));
+}
+
 TEST_F(RingWarmerTest, ChangesThatFollowEachOtherArePreparedOnceAndADisabledMenuNever) {
   preparedMeanwhile();
   PieMenu disabled = runningAppsMenu({kKKey, 0});
