@@ -40,7 +40,7 @@ class AppDelegate {
   /// Another program asks for a menu: it opens (or closes what is open) as by a hotkey that can neither be held nor
   /// repeated. False when no menu has this id.
   bool trigger(std::string_view menuId);
-  /// Pictures of items are there that were not when rings were prepared.
+  /// Items may look different from when rings were prepared: a picture came, or applications changed.
   void iconsChanged();
 
   TrackpadGestureMonitor& trackpadGestureMonitor() { return trackpadGestureMonitor_; }

@@ -330,6 +330,7 @@ CompositionLinux::~CompositionLinux() = default;
 
 void CompositionLinux::start() {
   program_->favicons.onPicture = [this] { program_->delegate.iconsChanged(); };
+  program_->installed.onChanged = [this] { program_->delegate.iconsChanged(); };
   program_->delegate.applicationDidFinishLaunching();
   presence_->instance.serve(program_->sessionRequests());
   program_->mainQueue.async([this] {

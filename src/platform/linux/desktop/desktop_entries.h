@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -28,6 +29,9 @@ class DesktopEntries {
 
   /// Another one after the entries, or what opens which kind of file, changed.
   unsigned version() const { return version_; }
+  /// Called after such a change; may be empty. GLib takes any change right in ~/.config for one, and is silent from
+  /// then on until somebody asks for entries.
+  std::function<void()> onChanged;
 
   bool contains(std::string_view id) const { return find(id) != nullptr; }
   /// Valid until the entries are read again; null when there is none.

@@ -20,7 +20,11 @@ ApplicationIconSource iconSourceOf(GIcon* icon) {
 }  // namespace
 
 InstalledApplications::InstalledApplications(const ProcessEnvironment& environment)
-    : defaults_(entries_, environment), urlHandlers_(defaults_) {}
+    : defaults_(entries_, environment), urlHandlers_(defaults_) {
+  entries_.onChanged = [this] {
+    if (onChanged) onChanged();
+  };
+}
 
 void InstalledApplications::warm() const {
   entries_.warm();

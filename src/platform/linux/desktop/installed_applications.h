@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "platform/linux/application_catalogue.h"
 #include "platform/linux/desktop/application_launcher.h"
 #include "platform/linux/desktop/default_applications.h"
@@ -17,6 +19,8 @@ class InstalledApplications final : public ApplicationCatalogue {
 
   /// Reads everything that the first question would have to wait for; for an idle moment after the start.
   void warm() const;
+  /// Applications, or what they open, may have changed: the next question waits for them to be read. May be empty.
+  std::function<void()> onChanged;
 
   std::optional<std::string> identify(const WindowIdentity& window) const override;
   std::string resolve(std::string_view bundleIdentifier) const override;
