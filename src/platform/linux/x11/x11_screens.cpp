@@ -12,6 +12,9 @@ namespace {
 constexpr std::uint16_t kRandrEvents = XCB_RANDR_NOTIFY_MASK_SCREEN_CHANGE | XCB_RANDR_NOTIFY_MASK_CRTC_CHANGE |
                                        XCB_RANDR_NOTIFY_MASK_OUTPUT_CHANGE | XCB_RANDR_NOTIFY_MASK_OUTPUT_PROPERTY;
 
+/// A window that comes or goes changes several properties.
+constexpr double kSettlingSeconds = 0.2;
+
 /// One rectangle a monitor, set by window managers of one family; there is one such property a desktop.
 constexpr const char* kWorkAreasOfDesktop0 = "_GTK_WORKAREAS_D0";
 
@@ -55,7 +58,7 @@ std::optional<Screen> X11Screens::main() const {
 bool X11Screens::handleEvent(const xcb_generic_event_t& event) {
   const int type = event.response_type & 0x7F;
   if (type == XCB_PROPERTY_NOTIFY) {
-    if (isAboutPanels(reinterpret_cast<const xcb_property_notify_event_t&>(event).atom)) workAreas_.reset();
+    if (isAboutPanels(reinterpret_cast<const xcb_property_notify_event_t&>(event).atom)) forgetWorkAreas();
   } else if (type == XCB_CONFIGURE_NOTIFY) {
     if (reinterpret_cast<const xcb_configure_notify_event_t&>(event).window == connection_.root()) markMonitorsStale();
   } else if (firstRandrEvent_ != 0 && (type == firstRandrEvent_ + XCB_RANDR_SCREEN_CHANGE_NOTIFY ||
@@ -71,6 +74,14 @@ bool X11Screens::isAboutPanels(xcb_atom_t property) const {
                                            "_NET_WM_STRUT_PARTIAL", "_NET_WM_STRUT", kWorkAreasOfDesktop0};
   return std::any_of(std::begin(kNames), std::end(kNames),
                      [&](const char* name) { return property == connection_.atom(name); });
+}
+
+// Windows come and go all the time, and the next who asks for the work areas is somebody who opens a ring.
+void X11Screens::forgetWorkAreas() {
+  workAreas_.reset();
+  reading_ = mainQueue_.workItem(kSettlingSeconds, weakSelf_.bind([](X11Screens& self) {
+    if (!self.workAreas_) self.workAreas_ = self.readWorkAreas();
+  }));
 }
 
 // One change of the monitors comes as several events.

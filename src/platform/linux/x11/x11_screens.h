@@ -35,6 +35,7 @@ class X11Screens : public Screens {
   };
 
   bool handleEvent(const xcb_generic_event_t& event);
+  void forgetWorkAreas();
   void markMonitorsStale();
   void compareMonitors();
   std::vector<Monitor> readMonitors() const;
@@ -56,6 +57,7 @@ class X11Screens : public Screens {
   bool monitorsAreStale_ = false;
   mutable std::optional<WorkAreas> workAreas_;
   mutable std::set<xcb_window_t> watched_;
+  Subscription reading_;
   Signal<> changed_;
   Subscription eventHandler_;
   WeakSelf<X11Screens> weakSelf_{this};
