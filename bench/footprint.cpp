@@ -5,7 +5,9 @@
 #include <map>
 #include <stdexcept>
 #include <string>
+#include <system_error>
 #include <thread>
+#include <vector>
 
 #include "support/contenders.h"
 #include "support/measurement.h"
@@ -33,19 +35,38 @@ double numberIn(const std::filesystem::path& file, const std::string& key) {
   throw std::runtime_error("no " + key + " in " + file.string());
 }
 
-std::filesystem::path folderOf(const ChildProcess& process) {
-  return std::filesystem::path("/proc") / std::to_string(process.pid());
+/// Empty for a process that is gone, or none at all.
+std::filesystem::path programOf(const std::filesystem::path& folder) {
+  std::error_code error;
+  return std::filesystem::read_symlink(folder / "exe", error);
+}
+
+/// In /proc, of the process and of all others of the same program: what it started to help it counts, whose child that
+/// may be.
+std::vector<std::filesystem::path> foldersOf(const ChildProcess& process) {
+  const std::filesystem::path all = "/proc";
+  const auto program = programOf(all / std::to_string(process.pid()));
+  if (program.empty()) throw std::runtime_error("the program has ended");
+  std::vector<std::filesystem::path> folders;
+  for (const auto& entry : std::filesystem::directory_iterator(all)) {
+    if (programOf(entry.path()) == program) folders.push_back(entry.path());
+  }
+  return folders;
 }
 
 double megabytes(const ChildProcess& process, const std::string& key) {
-  return numberIn(folderOf(process) / "smaps_rollup", key) / 1024;
+  double sum = 0;
+  for (const auto& folder : foldersOf(process)) sum += numberIn(folder / "smaps_rollup", key) / 1024;
+  return sum;
 }
 
 /// Voluntary context switches so far, by thread.
 std::map<std::string, double> voluntarySwitches(const ChildProcess& process) {
   std::map<std::string, double> switches;
-  for (const auto& task : std::filesystem::directory_iterator(folderOf(process) / "task")) {
-    switches[task.path().filename()] = numberIn(task.path() / "status", "voluntary_ctxt_switches:");
+  for (const auto& folder : foldersOf(process)) {
+    for (const auto& task : std::filesystem::directory_iterator(folder / "task")) {
+      switches[task.path().filename()] = numberIn(task.path() / "status", "voluntary_ctxt_switches:");
+    }
   }
   return switches;
 }

@@ -58,21 +58,27 @@ void countFrames(int openings) {
   Stage stage("animation", Compositor::picom);
   const auto own = startRondora(stage.desktop, stage.client);
   stage.openAndClose(kOwnAnimatedKey);
-  Samples rates, gaps;
+  Samples intervals, gaps;
+  int lost = 0;
   for (int i = 0; i < openings; ++i) {
     const auto changes = stage.changesWhileOpening(kOwnAnimatedKey, milliseconds(350));
     stage.close(kOwnAnimatedKey);
-    if (changes.size() < 2) continue;  // something else kept the machine busy all the while
+    if (changes.size() < 2) {  // something else kept the machine busy all the while
+      ++lost;
+      continue;
+    }
     const double lasted = millisecondsBetween(changes.front(), changes.back());
-    rates.add(static_cast<double>(changes.size() - 1) * 1000 / lasted);
+    intervals.add(lasted / static_cast<double>(changes.size() - 1));
     double longest = 0;
     for (std::size_t frame = 1; frame < changes.size(); ++frame) {
       longest = std::max(longest, millisecondsBetween(changes[frame - 1], changes[frame]));
     }
     gaps.add(longest);
   }
-  report("animation.rate", "frames/s", rates);
+  report("animation.interval", "ms", intervals);
+  if (!intervals.isEmpty()) reportValue("animation.rate", "frames/s", 1000 / intervals.percentile(50));
   report("animation.longest_gap", "ms", gaps);
+  reportValue("animation.left_out", "openings", lost);
 }
 
 void measure() {

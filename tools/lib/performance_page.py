@@ -27,12 +27,14 @@ SECTIONS = [
      "The stages inside the unchanged program, by the kernel's probes at the entry and the return of its functions "
      "(`tools/lib/profile_opening.py`), warm, under picom. Small steps between the stages are in `all` only.",
      r"^stage\."),
-    ("Moving", "From a pointer motion (XTest) to the highlight on screen, and how often the opening animation paints.",
+    ("Moving", "From a pointer motion (XTest) to the highlight on screen, in the ring without animation, and how often "
+     "the opening animation of the other ring paints: the mean time between two frames of an opening, and the longest.",
      r"^(move|animation)\."),
     ("Choosing", "From letting go of the trigger to the key event in the target, and to the target window being active. "
      "The key path contains two fixed times: 150 ms until the restored application takes keys, and 12 ms between press "
      "and release.", r"^(select|switch)"),
-    ("Footprint", "At rest after start-up, beside the peer; wake-ups are voluntary context switches.", r"^footprint\."),
+    ("Footprint", "At rest after start-up, beside the peer; wake-ups are voluntary context switches. Memory and wake-ups "
+     "are those of all processes of a program, ours having a small one beside it.", r"^footprint\."),
     ("The core",
      "Google Benchmark, CPU time of one call, median of three repetitions. The number behind a name is that of the "
      "sectors; of `decode`, `bareParse` and `encode` that of menus of 36 items, 0 being the first-run document.",
