@@ -72,5 +72,20 @@ TEST(InstalledApplicationsTest, TellsNamesAndIcons) {
   EXPECT_EQ(installed.resolve("com.apple.Music"), "player");
 }
 
+TEST(InstalledApplicationsTest, TellsOfAChangeBeforeAnybodyAsks) {
+  FakeProcessEnvironment environment;
+  InstalledApplications installed(environment);
+  installed.warm();
+  bool isTold = false;
+  installed.onChanged = [&isTold] { isTold = true; };
+  applicationsFolder().addEntry("latecomer", "Exec=player --late\n");
+  EXPECT_TRUE(live::waitUntil([&isTold] {
+    g_main_context_iteration(nullptr, FALSE);
+    return isTold;
+  }));
+  EXPECT_TRUE(installed.isInstalled("latecomer"));
+  std::filesystem::remove(applicationsFolder().path() / "system" / "applications" / "latecomer.desktop");
+}
+
 }  // namespace
 }  // namespace rondora::desktop
