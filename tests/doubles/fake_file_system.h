@@ -3,6 +3,7 @@
 #include <map>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/file_system.h"
@@ -12,32 +13,68 @@ namespace rondora {
 /// Files in memory. An operation named in `failures` fails with its text until it is taken out again.
 class FakeFileSystem final : public FileSystem {
  public:
+  using Path = std::filesystem::path;
   enum class Operation { read, createFolder, replaceDurably, copy };
 
-  std::filesystem::path applicationSupportFolder() const override { return "/home/user/.config"; }
-  std::filesystem::path cachesFolder() const override { return "/home/user/.cache"; }
+  Path applicationSupportFolder() const override { return "/home/user/.config"; }
+  Path cachesFolder() const override { return "/home/user/.cache"; }
 
-  bool exists(const std::filesystem::path& path) const override;
-  std::optional<std::string> read(const std::filesystem::path& path) const override;
-  bool isTooLong(const std::filesystem::path& path) const override { return tooLong.contains(path); }
-  FileError createFolder(const std::filesystem::path& path) override;
-  FileError replaceDurably(const std::filesystem::path& path, std::string_view bytes) override;
-  FileError copy(const std::filesystem::path& from, const std::filesystem::path& to) override;
+  bool exists(const Path& path) const override { return files.contains(path) || folders.contains(path); }
+  std::optional<std::string> read(const Path& path) const override {
+    const auto found = files.find(path);
+    if (found == files.end() || isTooLong(path) || injectedFailure(Operation::read)) return std::nullopt;
+    return found->second;
+  }
+  bool isTooLong(const Path& path) const override { return tooLong.contains(path); }
+  FileError createFolder(const Path& path) override {
+    if (auto failure = injectedFailure(Operation::createFolder)) return failure;
+    if (!folders.contains(path)) changes.push_back("create " + path.string());
+    makeFolders(path);
+    return std::nullopt;
+  }
+  FileError replaceDurably(const Path& path, std::string_view bytes) override {
+    if (auto failure = injectedFailure(Operation::replaceDurably)) return failure;
+    if (!folders.contains(path.parent_path())) return "No such file or directory";
+    changes.push_back("replace " + path.string());
+    files[path] = bytes;
+    return std::nullopt;
+  }
+  FileError copy(const Path& from, const Path& to) override {
+    if (auto failure = injectedFailure(Operation::copy)) return failure;
+    if (!exists(from) || !folders.contains(to.parent_path())) return "No such file or directory";
+    if (exists(to)) return "File exists";
+    changes.push_back("copy " + from.string() + " " + to.string());
+    const auto before = files;
+    for (const auto& [path, bytes] : before) {
+      if (path == from) put(to, bytes);
+      if (path.string().starts_with(from.string() + "/")) put(to / path.lexically_relative(from), bytes);
+    }
+    return std::nullopt;
+  }
 
   /// Puts a file there, with the folders it needs.
-  void put(const std::filesystem::path& path, std::string bytes);
-  void remove(const std::filesystem::path& path);
+  void put(const Path& path, std::string bytes) {
+    makeFolders(path.parent_path());
+    files[path] = std::move(bytes);
+  }
+  void remove(const Path& file) { files.erase(file); }
 
   std::map<Operation, std::string> failures;
   /// Files that are there, but too long to be read.
-  std::set<std::filesystem::path> tooLong;
+  std::set<Path> tooLong;
   /// What was changed, in order, such as "replace /home/user/.config/Rondora/config.json".
   std::vector<std::string> changes;
-  std::map<std::filesystem::path, std::string> files;
-  std::set<std::filesystem::path> folders;
+  std::map<Path, std::string> files;
+  std::set<Path> folders;
 
  private:
-  FileError injectedFailure(Operation operation) const;
+  FileError injectedFailure(Operation operation) const {
+    const auto found = failures.find(operation);
+    return found == failures.end() ? FileError() : FileError(found->second);
+  }
+  void makeFolders(Path path) {
+    for (; path.has_relative_path(); path = path.parent_path()) folders.insert(path);
+  }
 };
 
 }  // namespace rondora

@@ -1,50 +1,22 @@
 #include "doubles/fake_keyboard.h"
 
-#include <algorithm>
-#include <array>
+#include <string_view>
 
 #include "model/carbon_modifiers.h"
 
 namespace rondora {
 namespace {
 
-struct UsKey {
-  std::string_view plain;
-  std::string_view shifted;
-};
-
 // By virtual key code, 0 to 50.
-constexpr std::array<UsKey, 51> kUsLayout = {{
-    {"a", "A"},   {"s", "S"}, {"d", "D"}, {"f", "F"},   {"h", "H"}, {"g", "G"}, {"z", "Z"},  {"x", "X"}, {"c", "C"},
-    {"v", "V"},   {"<", ">"}, {"b", "B"}, {"q", "Q"},   {"w", "W"}, {"e", "E"}, {"r", "R"},  {"y", "Y"}, {"t", "T"},
-    {"1", "!"},   {"2", "@"}, {"3", "#"}, {"4", "$"},   {"6", "^"}, {"5", "%"}, {"=", "+"},  {"9", "("}, {"7", "&"},
-    {"-", "_"},   {"8", "*"}, {"0", ")"}, {"]", "}"},   {"o", "O"}, {"u", "U"}, {"[", "{"},  {"i", "I"}, {"p", "P"},
-    {"\r", "\r"}, {"l", "L"}, {"j", "J"}, {"'", "\""},  {"k", "K"}, {";", ":"}, {"\\", "|"}, {",", "<"}, {"/", "?"},
-    {"n", "N"},   {"m", "M"}, {".", ">"}, {"\t", "\t"}, {" ", " "}, {"`", "~"},
-}};
+constexpr std::string_view kUsLayout = "asdfhgzxcv<bqweryt123465=97-80]ou[ip\rlj'k;\\,/nm.\t `";
+static_assert(kUsLayout.size() == 51);
 
 std::uint64_t modifierFlag(std::uint16_t keyCode) {
-  switch (keyCode) {
-    case 54:
-    case 55:
-      return event_flags::kCommand;
-    case 56:
-    case 60:
-      return event_flags::kShift;
-    case 58:
-    case 61:
-      return event_flags::kOption;
-    case 59:
-    case 62:
-      return event_flags::kControl;
-    case 63:
-      return event_flags::kFunction;
-    default:
-      return 0;
-  }
+  if (keyCode == FakeKeyboard::kCommandKey) return event_flags::kCommand;
+  if (keyCode == FakeKeyboard::kShiftKey) return event_flags::kShift;
+  if (keyCode == FakeKeyboard::kOptionKey) return event_flags::kOption;
+  return keyCode == FakeKeyboard::kControlKey ? event_flags::kControl : 0;
 }
-
-bool contains(const auto& table, std::uint64_t id) { return table.find(id) != table.end(); }
 
 }  // namespace
 
@@ -86,10 +58,7 @@ KeyEvent FakeKeyboard::event(KeyEventType type, std::uint16_t keyCode) const {
   result.type = type;
   result.keyCode = keyCode;
   result.modifierFlags = currentModifierFlags();
-  const bool isShifted = (result.modifierFlags & event_flags::kShift) != 0;
-  if (keyCode < kUsLayout.size()) {
-    result.charactersIgnoringModifiers = isShifted ? kUsLayout[keyCode].shifted : kUsLayout[keyCode].plain;
-  }
+  if (keyCode < kUsLayout.size()) result.charactersIgnoringModifiers = kUsLayout.substr(keyCode, 1);
   if ((result.modifierFlags & ~event_flags::kShift) == 0) result.characters = result.charactersIgnoringModifiers;
   return result;
 }
@@ -98,16 +67,13 @@ void FakeKeyboard::deliverToMonitors(const KeyEvent& event) const {
   const std::uint32_t mask = event.type == KeyEventType::flagsChanged ? kFlagsChangedMask : kKeyDownAndKeyUpMask;
   const auto monitors = *monitors_;
   for (const auto& [id, monitor] : monitors) {
-    if ((monitor.mask & mask) != 0 && contains(*monitors_, id) && monitor.handler(event)) return;
+    if ((monitor.mask & mask) != 0 && monitors_->contains(id) && monitor.handler(event)) return;
   }
 }
 
-int FakeKeyboard::send(const HotKeyEvent* event) {
+int FakeKeyboard::send(const HotKeyEvent* event) const {
   int status = -1;
-  const auto handlers = *handlers_;
-  for (const auto& [id, handler] : handlers) {
-    if (contains(*handlers_, id)) status = handler(event);
-  }
+  for (const auto& [id, handler] : *handlers_) status = handler(event);
   return status;
 }
 
@@ -118,57 +84,37 @@ std::optional<EventHotKeyID> FakeKeyboard::registered(std::uint32_t keyCode, std
   return std::nullopt;
 }
 
-void FakeKeyboard::deliverPress(std::uint16_t keyCode) {
-  const auto found = owedReleases_.find(keyCode);
-  if (found == owedReleases_.end()) return seenByApplications.push_back(keyCode);
-  const HotKeyEvent pressed{kEventHotKeyPressed, *registered(keyCode, found->second)};
-  send(&pressed);
-}
-
-void FakeKeyboard::deliverRelease(std::uint16_t keyCode) {
-  const auto owed = owedReleases_.find(keyCode);
-  if (owed == owedReleases_.end()) {
-    seenByApplications.push_back(-keyCode - 1);
-    return;
-  }
-  const auto hotKey = registered(keyCode, owed->second);
-  owedReleases_.erase(owed);
-  if (!hotKey) return;
-  const HotKeyEvent released{kEventHotKeyReleased, *hotKey};
-  send(&released);
-}
-
 void FakeKeyboard::press(std::uint16_t keyCode) {
   const KeyEvent before = event(KeyEventType::keyDown, keyCode);
   held_.insert(keyCode);
-  const bool isModifier = modifierFlag(keyCode) != 0;
-  const auto modifiers = static_cast<std::uint32_t>(CarbonModifiers::carbon(before.modifierFlags));
   owedReleases_.erase(keyCode);
-  if (!isModifier && registered(keyCode, modifiers)) owedReleases_[keyCode] = modifiers;
-  if (overlayHoldsKeyboard_())
-    return deliverToMonitors(isModifier ? event(KeyEventType::flagsChanged, keyCode) : before);
-  if (!isModifier) deliverPress(keyCode);
+  if (modifierFlag(keyCode) != 0) {
+    if (overlayHoldsKeyboard_()) deliverToMonitors(event(KeyEventType::flagsChanged, keyCode));
+    return;
+  }
+  const auto modifiers = static_cast<std::uint32_t>(CarbonModifiers::carbon(before.modifierFlags));
+  const auto hotKey = registered(keyCode, modifiers);
+  if (hotKey) owedReleases_[keyCode] = modifiers;
+  if (overlayHoldsKeyboard_()) return deliverToMonitors(before);
+  if (hotKey) sendHotKey(kEventHotKeyPressed, *hotKey);
 }
 
 void FakeKeyboard::release(std::uint16_t keyCode) {
   if (held_.erase(keyCode) == 0) return;
+  const auto owed = owedReleases_.extract(keyCode);
   const bool isModifier = modifierFlag(keyCode) != 0;
   if (overlayHoldsKeyboard_()) {
-    owedReleases_.erase(keyCode);
     return deliverToMonitors(event(isModifier ? KeyEventType::flagsChanged : KeyEventType::keyUp, keyCode));
   }
-  if (!isModifier) deliverRelease(keyCode);
+  const auto hotKey = owed ? registered(keyCode, owed.mapped()) : std::nullopt;
+  if (hotKey) sendHotKey(kEventHotKeyReleased, *hotKey);
 }
 
 void FakeKeyboard::repeat(std::uint16_t keyCode) {
-  if (!held_.contains(keyCode)) return;
+  if (!held_.contains(keyCode) || !overlayHoldsKeyboard_()) return;
   KeyEvent repeated = event(KeyEventType::keyDown, keyCode);
   repeated.isRepeat = true;
-  if (overlayHoldsKeyboard_()) {
-    deliverToMonitors(repeated);
-  } else if (!owedReleases_.contains(keyCode)) {
-    seenByApplications.push_back(keyCode);
-  }
+  deliverToMonitors(repeated);
 }
 
 void FakeKeyboard::tap(std::uint16_t keyCode) {

@@ -5,18 +5,15 @@
 #include <map>
 #include <memory>
 #include <set>
-#include <string>
 #include <utility>
-#include <vector>
 
 #include "platform/event_monitors.h"
 #include "platform/hotkey_service.h"
-#include "platform/main_queue.h"
 
 namespace rondora {
 
 /// The physical keyboard together with who gets its events: the overlay while it holds the keyboard, else the hot keys
-/// that match, else the application in front. The layout is US.
+/// that match, else nobody whom a test could ask. The layout is US; Shift does not change what a key types.
 class FakeKeyboard final : public HotkeyService, public EventMonitors {
  public:
   enum Key : std::uint16_t {
@@ -24,7 +21,6 @@ class FakeKeyboard final : public HotkeyService, public EventMonitors {
     kShiftKey = 56,
     kOptionKey = 58,
     kControlKey = 59,
-    kFunctionKey = 63,
     kSpaceKey = 49,
     kTabKey = 48,
     kEscapeKey = 53,
@@ -60,12 +56,10 @@ class FakeKeyboard final : public HotkeyService, public EventMonitors {
   /// The user chooses another layout.
   void moveModifiers() { modifiersMoved_.send(); }
   /// Sends a hot-key event past the keyboard, as the system would.
-  int send(const HotKeyEvent* event);
+  int send(const HotKeyEvent* event) const;
 
   /// Combinations (key code, Carbon mask) that another program has taken.
   std::set<std::pair<std::uint32_t, std::uint32_t>> foreignOwners;
-  /// Key codes whose press or release reached the application in front; a release is negative, less one.
-  std::vector<int> seenByApplications;
 
  private:
   struct Registration {
@@ -85,8 +79,10 @@ class FakeKeyboard final : public HotkeyService, public EventMonitors {
   KeyEvent event(KeyEventType type, std::uint16_t keyCode) const;
   void deliverToMonitors(const KeyEvent& event) const;
   std::optional<EventHotKeyID> registered(std::uint32_t keyCode, std::uint32_t carbonModifiers) const;
-  void deliverPress(std::uint16_t keyCode);
-  void deliverRelease(std::uint16_t keyCode);
+  void sendHotKey(std::uint32_t kind, const EventHotKeyID& id) const {
+    const HotKeyEvent event{kind, id};
+    send(&event);
+  }
 
   std::function<bool()> overlayHoldsKeyboard_;
   Signal<> modifiersMoved_;

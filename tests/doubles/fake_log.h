@@ -18,8 +18,7 @@ class FakeLog final : public Log {
 
   void write(LogLevel level, std::string_view line) override { lines.push_back({level, std::string(line)}); }
   bool contains(LogLevel level, std::string_view text) const {
-    return std::any_of(lines.begin(), lines.end(),
-                       [&](const Line& line) { return line.level == level && line.text == text; });
+    return std::ranges::find(lines, Line{level, std::string(text)}) != lines.end();
   }
 
   std::vector<Line> lines;

@@ -1,8 +1,9 @@
 #pragma once
 
-#include <functional>
+#include <algorithm>
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "platform/main_queue.h"
@@ -13,10 +14,10 @@ namespace rondora {
 
 /// One overlay panel as the user would have seen it.
 struct PanelRecord {
-  OverlayPanelStyle style;
+  OverlayPanelSink& sink;
   Rect frame;
-  Picture picture;
-  std::vector<double> layerStates;
+  Picture picture = {};
+  std::vector<double> layerStates = {};
   double scale = 1;
   double opacity = 1;
   int displayCount = 0;
@@ -30,46 +31,86 @@ class FakeOverlayPanels final : public OverlayPanels, public Pointer {
  public:
   explicit FakeOverlayPanels(MainQueue& queue) : queue_(queue) {}
 
-  std::unique_ptr<OverlayPanel> makePanel(const OverlayPanelStyle& style, const Rect& frame,
-                                          OverlayPanelSink& sink) override;
+  std::unique_ptr<OverlayPanel> makePanel(const OverlayPanelStyle& /*style*/, const Rect& frame,
+                                          OverlayPanelSink& sink) override {
+    panels.push_back(std::make_shared<PanelRecord>(PanelRecord{sink, frame}));
+    return std::make_unique<Panel>(*this, panels.back());
+  }
   void warmUp(Picture picture) override { warmedUp.push_back(std::move(picture)); }
 
   Point location() const override { return location_; }
   void setCursor(CursorShape shape) override { cursors.push_back(shape); }
 
   /// The user moves the pointer; `location` is in the coordinate space of the screens.
-  void moveTo(Point location);
+  void moveTo(Point location) {
+    location_ = location;
+    if (const PanelRecord* panel = keyPanel()) panel->sink.pointerMoved(location - panel->frame.origin);
+  }
   /// The user presses the mouse button where the pointer is.
-  void click();
+  void click() const {
+    if (const PanelRecord* panel = keyPanel()) panel->sink.mouseDown(location_ - panel->frame.origin);
+  }
 
   /// The panel that holds keyboard and pointer now, or null.
-  const PanelRecord* keyPanel() const;
+  const PanelRecord* keyPanel() const {
+    const auto found = std::ranges::find(panels, true, &PanelRecord::isKey);
+    return found == panels.end() ? nullptr : found->get();
+  }
   bool holdsKeyboard() const { return keyPanel() != nullptr; }
 
   /// Pictures that were asked to be made ready.
   std::vector<Picture> warmedUp;
-  /// Every panel ever made, oldest first.
+  /// Every panel ever made, oldest first; a test may forget those that are gone.
   std::vector<std::shared_ptr<PanelRecord>> panels;
   std::vector<CursorShape> cursors;
-  /// Clicks that reached what lies beneath.
-  int clicksOnDesktop = 0;
   /// Another program holds the keyboard: the panel reports on a later turn that it is lost.
   bool refusesGrab = false;
   /// Where the user moves the pointer after a panel is on screen and before it has the pointer.
   std::optional<Point> flick;
 
  private:
-  friend class FakeOverlayPanel;
-  struct Owner {
-    std::shared_ptr<PanelRecord> record;
-    OverlayPanelSink* sink = nullptr;
-  };
+  class Panel final : public OverlayPanel {
+   public:
+    Panel(FakeOverlayPanels& owner, std::shared_ptr<PanelRecord> record) : owner_(owner), record_(std::move(record)) {}
+    ~Panel() override {
+      record_->isVisible = record_->isKey = false;
+      record_->isGone = true;
+    }
+    Panel(const Panel&) = delete;
+    Panel& operator=(const Panel&) = delete;
 
-  Owner* keyOwner();
+    void setPicture(Picture picture) override {
+      record_->layerStates.assign(picture.layers.size(), 0);
+      record_->picture = std::move(picture);
+    }
+    void setLayerState(std::size_t layer, double state) override { record_->layerStates.at(layer) = state; }
+    void setAppearancePhase(double scale, double opacity) override {
+      record_->scale = scale;
+      record_->opacity = opacity;
+    }
+    void display() override { ++record_->displayCount; }
+    void orderFrontRegardless() override { record_->isVisible = true; }
+    void makeKey() override {
+      if (owner_.refusesGrab) {
+        return owner_.queue_.async([record = record_] {
+          if (!record->isGone) record->sink.panelLost();
+        });
+      }
+      for (const auto& other : owner_.panels) other->isKey = false;
+      record_->isKey = true;
+      if (owner_.flick) owner_.location_ = *std::exchange(owner_.flick, std::nullopt);
+      record_->sink.pointerMoved(mouseLocationOutsideOfEventStream());
+    }
+    bool isVisible() const override { return record_->isVisible; }
+    Point mouseLocationOutsideOfEventStream() const override { return owner_.location() - record_->frame.origin; }
+
+   private:
+    FakeOverlayPanels& owner_;
+    std::shared_ptr<PanelRecord> record_;
+  };
 
   MainQueue& queue_;
   Point location_;
-  std::vector<Owner> living_;
 };
 
 }  // namespace rondora

@@ -23,6 +23,8 @@ namespace rondora {
 /// A deterministic little desktop in virtual time: it answers every port and remembers what was asked of it. Tests act
 /// as the user would (press keys, move the pointer, turn to a window) and look at what the user would see.
 struct FakePlatform {
+  /// Before the queue, whose work may hold a window until the end.
+  FakeWindows windows;
   VirtualTime time;
   FakeLog log;
   SeededRandom random;
@@ -42,7 +44,6 @@ struct FakePlatform {
   FakeKeyboard keyboard{[this] { return overlay.holdsKeyboard(); }};
   FakeHaptics haptics;
   FakeStatusBar statusBar;
-  FakeWindows windows;
   FakeApplicationShell shell;
   FakePermissionService permissions;
 

@@ -8,34 +8,34 @@
 
 namespace rondora {
 
-/// Serial queues whose work waits until the test runs it.
+/// Serial queues whose work waits until the test runs it; they live no longer than this.
 class FakeSerialQueues {
  public:
   std::unique_ptr<SerialQueue> make() { return std::make_unique<Queue>(work_); }
   void run() {
-    while (!work_->empty()) {
-      const auto next = std::move(work_->front());
-      work_->pop_front();
+    while (!work_.empty()) {
+      const auto next = std::move(work_.front());
+      work_.pop_front();
       next();
     }
   }
 
  private:
-  using Waiting = std::shared_ptr<std::deque<SerialQueue::Work>>;
+  using Waiting = std::deque<SerialQueue::Work>;
 
   class Queue final : public SerialQueue {
    public:
-    explicit Queue(Waiting work) : work_(std::move(work)) {}
-    ~Queue() override { work_->clear(); }
+    explicit Queue(Waiting& work) : work_(work) {}
+    ~Queue() override { work_.clear(); }
     Queue(const Queue&) = delete;
     Queue& operator=(const Queue&) = delete;
-    void async(Work work) override { work_->push_back(std::move(work)); }
+    void async(Work work) override { work_.push_back(std::move(work)); }
 
    private:
-    Waiting work_;
+    Waiting& work_;
   };
 
-  Waiting work_ = std::make_shared<std::deque<SerialQueue::Work>>();
+  Waiting work_;
 };
 
 }  // namespace rondora

@@ -19,7 +19,7 @@ class FakeApplicationShell final : public ApplicationShell {
   void setMainMenu(std::vector<MenuEntry> entries) override { mainMenu = std::move(entries); }
   void activateIgnoringOtherApps() override { ++activations; }
   void terminate() override { ++terminations; }
-  void relaunch() override { ++relaunches; }
+  void relaunch() override {}
   [[nodiscard]] Subscription onDidBecomeActive(std::function<void()> observer) override {
     return becameActive_.subscribe(std::move(observer));
   }
@@ -29,7 +29,6 @@ class FakeApplicationShell final : public ApplicationShell {
   std::vector<MenuEntry> mainMenu;
   int activations = 0;
   int terminations = 0;
-  int relaunches = 0;
 
  private:
   Signal<> becameActive_;

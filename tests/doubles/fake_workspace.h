@@ -1,6 +1,8 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
+#include <iterator>
 #include <map>
 #include <set>
 #include <string>
@@ -15,31 +17,92 @@ class FakeWorkspace final : public Workspace {
  public:
   /// Makes an application known; its location is "/apps/<identifier>".
   void install(const std::string& bundleIdentifier, const std::string& name,
-               ActivationPolicy policy = ActivationPolicy::regular);
+               ActivationPolicy policy = ActivationPolicy::regular) {
+    installed_[bundleIdentifier] = {name, policy};
+  }
   /// Starts an application with one window, in front of all others unless it is no regular one.
-  RunningApplication start(const std::string& bundleIdentifier);
+  RunningApplication start(const std::string& bundleIdentifier) {
+    const auto known = installed_.find(bundleIdentifier);
+    const auto [name, policy] =
+        known == installed_.end() ? Installed{bundleIdentifier, ActivationPolicy::regular} : known->second;
+    addRunning({++lastProcess_, bundleIdentifier, name, policy, false, false, ++lastWindow_});
+    const RunningApplication application = running_.back();
+    if (policy == ActivationPolicy::regular) bringForward(application.processIdentifier);
+    return application;
+  }
   /// Adds a running application as it is given, behind the others.
   void addRunning(const RunningApplication& application) { running_.push_back(application); }
   /// The user turns to the application; nobody turns to nobody.
-  void bringForward(std::int32_t processIdentifier);
+  void bringForward(std::int32_t processIdentifier) {
+    const RunningApplication* application = find(processIdentifier);
+    if (application == nullptr || frontmost_ == processIdentifier) return;
+    frontmost_ = processIdentifier;
+    const RunningApplication copy = *application;
+    activated_.send(copy);
+  }
   void leaveAll() { frontmost_ = 0; }
-  void hide(std::int32_t processIdentifier);
-  void closeWindows(std::int32_t processIdentifier);
-  void quit(std::int32_t processIdentifier);
+  void hide(std::int32_t processIdentifier) {
+    if (RunningApplication* application = find(processIdentifier)) application->isHidden = true;
+    if (frontmost_ == processIdentifier) leaveAll();
+  }
+  void closeWindows(std::int32_t processIdentifier) {
+    if (RunningApplication* application = find(processIdentifier)) application->window = 0;
+  }
+  void quit(std::int32_t processIdentifier) {
+    std::erase_if(running_,
+                  [&](const auto& application) { return application.processIdentifier == processIdentifier; });
+    if (frontmost_ == processIdentifier) leaveAll();
+  }
 
-  std::optional<RunningApplication> frontmostApplication() const override;
+  std::optional<RunningApplication> frontmostApplication() const override {
+    const auto found = std::ranges::find(running_, frontmost_, &RunningApplication::processIdentifier);
+    return found == running_.end() ? std::nullopt : std::optional(*found);
+  }
   std::vector<RunningApplication> runningApplications() const override { return running_; }
-  std::vector<RunningApplication> runningApplications(std::string_view bundleIdentifier) const override;
-  bool activate(const RunningApplication& application) override;
-  void unhide(const RunningApplication& application) override;
-  std::optional<ApplicationLocation> urlForApplication(std::string_view bundleIdentifier) const override;
-  void openApplication(const ApplicationLocation& location) override;
-  std::optional<ApplicationLocation> applicationAtPath(std::string_view path) const override;
+  std::vector<RunningApplication> runningApplications(std::string_view bundleIdentifier) const override {
+    std::vector<RunningApplication> found;
+    std::copy_if(running_.begin(), running_.end(), std::back_inserter(found),
+                 [&](const auto& application) { return application.bundleIdentifier == bundleIdentifier; });
+    return found;
+  }
+  bool activate(const RunningApplication& application) override {
+    activationRequests.push_back(application.processIdentifier);
+    const RunningApplication* found = find(application.processIdentifier);
+    if (found == nullptr || found->window == 0) return false;
+    bringForward(application.processIdentifier);
+    return true;
+  }
+  void unhide(const RunningApplication& application) override {
+    if (RunningApplication* found = find(application.processIdentifier)) found->isHidden = false;
+  }
+  std::optional<ApplicationLocation> urlForApplication(std::string_view bundleIdentifier) const override {
+    if (!installed_.contains(bundleIdentifier)) return std::nullopt;
+    return ApplicationLocation{std::string(kApplicationsFolder).append(bundleIdentifier)};
+  }
+  void openApplication(const ApplicationLocation& location) override {
+    openedApplications.push_back(location.value);
+    if (!location.value.starts_with(kApplicationsFolder)) return;
+    const std::string bundleIdentifier = location.value.substr(kApplicationsFolder.size());
+    const auto instances = runningApplications(bundleIdentifier);
+    if (instances.empty()) {
+      start(bundleIdentifier);
+    } else {
+      bringForward(instances.front().processIdentifier);
+    }
+  }
+  std::optional<ApplicationLocation> applicationAtPath(std::string_view path) const override {
+    if (!systemPaths.contains(path)) return std::nullopt;
+    return ApplicationLocation{std::string(path)};
+  }
   bool openUrl(std::string_view url) override {
     openedUrls.emplace_back(url);
     return true;
   }
-  std::optional<std::string> applicationName(std::string_view bundleIdentifier) const override;
+  std::optional<std::string> applicationName(std::string_view bundleIdentifier) const override {
+    const auto found = installed_.find(bundleIdentifier);
+    if (found == installed_.end()) return std::nullopt;
+    return found->second.name;
+  }
   [[nodiscard]] Subscription onDidActivateApplication(
       std::function<void(const RunningApplication&)> observer) override {
     return activated_.subscribe(std::move(observer));
@@ -52,12 +115,17 @@ class FakeWorkspace final : public Workspace {
   std::set<std::string, std::less<>> systemPaths;
 
  private:
+  static constexpr std::string_view kApplicationsFolder = "/apps/";
+
   struct Installed {
     std::string name;
     ActivationPolicy policy = ActivationPolicy::regular;
   };
 
-  RunningApplication* find(std::int32_t processIdentifier);
+  RunningApplication* find(std::int32_t processIdentifier) {
+    const auto found = std::ranges::find(running_, processIdentifier, &RunningApplication::processIdentifier);
+    return found == running_.end() ? nullptr : &*found;
+  }
 
   std::map<std::string, Installed, std::less<>> installed_;
   std::vector<RunningApplication> running_;

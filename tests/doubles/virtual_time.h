@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <map>
 #include <memory>
@@ -20,7 +21,9 @@ class VirtualTime final : public MainQueue, public Clock {
   [[nodiscard]] Subscription workItem(double seconds, Work work) override {
     return cancelling(schedule(seconds, std::move(work)));
   }
-  [[nodiscard]] Subscription timer(double interval, double tolerance, Work work) override;
+  [[nodiscard]] Subscription timer(double interval, double /*tolerance*/, Work work) override {
+    return cancelling(schedule(interval, std::move(work), interval));
+  }
 
   WallTime now() const override { return kStart + elapsed_; }
   double uptime() const override { return kUptimeAtStart + elapsed_; }
@@ -28,35 +31,66 @@ class VirtualTime final : public MainQueue, public Clock {
   void sleep(double seconds) override { elapsed_ += seconds; }
 
   /// Runs all that is due now, including what that work enqueues.
-  void runUntilIdle();
+  void runUntilIdle() {
+    while (runOneDueBefore(elapsed_)) {
+    }
+  }
   /// Lets time pass and runs what becomes due on the way, each at its own moment.
-  void advance(double seconds);
-  /// Of the timer that was asked for last, in seconds.
-  double lastTimerInterval() const { return lastTimerInterval_; }
-  double lastTimerTolerance() const { return lastTimerTolerance_; }
+  void advance(double seconds) {
+    const double target = elapsed_ + seconds;
+    while (runOneDueBefore(target)) {
+    }
+    elapsed_ = std::max(elapsed_, target);
+  }
   /// Work that waits, due or not.
-  std::size_t pendingCount() const;
+  std::size_t pendingCount() {
+    dropCancelled();
+    return schedule_.size();
+  }
 
  private:
   static constexpr double kUptimeAtStart = 1000;
   static constexpr double kRoundingSlack = 1e-9;
-  using Key = std::pair<double, std::uint64_t>;
 
   struct Scheduled {
     Work work;
     double interval = 0;
     bool isCancelled = false;
   };
+  using Ref = std::shared_ptr<Scheduled>;
 
-  std::shared_ptr<Scheduled> schedule(double seconds, Work work, double interval = 0);
-  [[nodiscard]] Subscription cancelling(const std::shared_ptr<Scheduled>& scheduled);
-  bool runOneDueBefore(double limit);
+  void enqueue(double seconds, const Ref& scheduled) {
+    schedule_.emplace(std::pair(elapsed_ + seconds, ++lastSequence_), scheduled);
+  }
+  Ref schedule(double seconds, Work work, double interval = 0) {
+    const auto scheduled = std::make_shared<Scheduled>(Scheduled{std::move(work), interval});
+    enqueue(seconds, scheduled);
+    return scheduled;
+  }
+  [[nodiscard]] static Subscription cancelling(const Ref& scheduled) {
+    return Subscription([weak = std::weak_ptr(scheduled)] {
+      if (const auto found = weak.lock()) found->isCancelled = true;
+    });
+  }
+  void dropCancelled() {
+    std::erase_if(schedule_, [](const auto& entry) { return entry.second->isCancelled; });
+  }
+  bool runOneDueBefore(double limit) {
+    dropCancelled();
+    const auto first = schedule_.begin();
+    if (first == schedule_.end() || first->first.first > limit + kRoundingSlack) return false;
+    elapsed_ = std::max(elapsed_, first->first.first);
+    const Ref next = first->second;
+    schedule_.erase(first);
+    if (next->interval > 0) enqueue(next->interval, next);
+    next->work();
+    return true;
+  }
 
   double elapsed_ = 0;
-  double lastTimerInterval_ = 0;
-  double lastTimerTolerance_ = 0;
   std::uint64_t lastSequence_ = 0;
-  std::map<Key, std::shared_ptr<Scheduled>> schedule_;
+  /// By the moment at which it is due and the order in which it came.
+  std::map<std::pair<double, std::uint64_t>, Ref> schedule_;
 };
 
 }  // namespace rondora

@@ -13,7 +13,6 @@ class AppCommandsTest : public ProgramTest {
  protected:
   void useTrigger(HotkeyConfig hotkey) { launchWith({appCommandsMenu(hotkey)}); }
   void useChord() { useTrigger({49, kControlOption}); }
-  void pressChord() { press({Key::kControlKey, Key::kOptionKey, Key::kSpaceKey}); }
   void answer(std::size_t request, const std::vector<std::string>& titles) {
     std::vector<PieSubAction> commands(titles.size());
     for (std::size_t i = 0; i < titles.size(); ++i) commands[i].title = titles[i];
@@ -33,18 +32,15 @@ TEST_F(AppCommandsTest, ChosenCommandRunsAgainstThePreviousApplication) {
   EXPECT_EQ(highlightedItem(), "Save");
   release({Key::kSpaceKey, Key::kControlKey});
   EXPECT_FALSE(isMenuUp());
-  EXPECT_THAT(program.subActions.performed, ElementsAre(Pair("Save", editor.processIdentifier)));
-  EXPECT_THAT(desktop.workspace.activationRequests, IsEmpty());
-}
+  release({Key::kOptionKey});
 
-TEST_F(AppCommandsTest, AClickedCommandRunsToo) {
-  useTrigger({kKKey, 0});
-  press({kKKey});
-  answer(0, {"a", "b", "c", "d"});
+  pressChord();
+  answer(1, {"a", "b", "c", "d"});
   pointAtSector(2);
   desktop.overlay.click();
-  release({kKKey});
-  EXPECT_THAT(program.subActions.performed, ElementsAre(Pair("c", editor.processIdentifier)));
+  EXPECT_THAT(program.subActions.performed,
+              ElementsAre(Pair("Save", editor.processIdentifier), Pair("c", editor.processIdentifier)));
+  EXPECT_THAT(desktop.workspace.activationRequests, IsEmpty());
 }
 
 TEST_F(AppCommandsTest, ATriggerLetGoTooEarlyShowsNothing) {
@@ -107,25 +103,14 @@ TEST_F(AppCommandsTest, AMenuOpenedMeanwhileStays) {
 TEST_F(AppCommandsTest, APendingChordRequestDoesNotSwallowAnotherMenusRelease) {
   launchWith({appCommandsMenu({49, kControlOption}), menu("plain", {kKKey, 0})});
   pressChord();
-  release({Key::kSpaceKey, Key::kOptionKey, Key::kControlKey});
+  releaseChord();
   press({kKKey});
   ASSERT_EQ(shownMenu(), "plain");
   release({kKKey});
   EXPECT_FALSE(isMenuUp());
 }
 
-TEST_F(AppCommandsTest, CommandsOfAnActivatedApplicationAreReadAhead) {
-  useChord();
-  desktop.workspace.bringForward(browser.processIdentifier);
-  EXPECT_THAT(program.subActions.prefetched, ElementsAre(browser.processIdentifier));
-
-  desktop.workspace.install("org.example.agent", "Agent", ActivationPolicy::accessory);
-  desktop.workspace.bringForward(desktop.workspace.start("org.example.agent").processIdentifier);
-  desktop.workspace.start(desktop.environment.identifier);
-  EXPECT_EQ(program.subActions.prefetched.size(), 1U);
-}
-
-TEST_F(AppCommandsTest, NothingIsReadAheadForAMenuThatCannotOpen) {
+TEST_F(AppCommandsTest, CommandsOfAnActivatedApplicationAreReadAheadForAMenuThatCanOpen) {
   useTrigger({});
   desktop.workspace.bringForward(browser.processIdentifier);
   PieMenu disabled = appCommandsMenu({49, kControlOption});
@@ -138,7 +123,12 @@ TEST_F(AppCommandsTest, NothingIsReadAheadForAMenuThatCannotOpen) {
   tapped.trackpadFingerCount = 3;
   useMenus({tapped});
   desktop.workspace.bringForward(browser.processIdentifier);
-  EXPECT_THAT(program.subActions.prefetched, ElementsAre(browser.processIdentifier));
+  useMenus({appCommandsMenu({49, kControlOption})});
+  desktop.workspace.bringForward(editor.processIdentifier);
+  desktop.workspace.install("org.example.agent", "Agent", ActivationPolicy::accessory);
+  desktop.workspace.bringForward(desktop.workspace.start("org.example.agent").processIdentifier);
+  desktop.workspace.start(desktop.environment.identifier);
+  EXPECT_THAT(program.subActions.prefetched, ElementsAre(browser.processIdentifier, editor.processIdentifier));
 }
 
 }  // namespace

@@ -46,7 +46,7 @@ TEST_F(ConfigurationChangeTest, OwesTheReleaseOfAKeyThatWentUpBeforeTheMenuWasUp
 TEST_F(ConfigurationChangeTest, StepsWithTheHotkeyThatOpenedTheMenuWhenTheDocumentHasAnother) {
   PieMenu standard = menu("main", {49, kControlOption});
   launchWith({standard});
-  press({Key::kControlKey, Key::kOptionKey, Key::kSpaceKey});
+  pressChord();
   standard.hotkey = {kKKey, 0};
   useMenus({standard});
   release({Key::kSpaceKey});

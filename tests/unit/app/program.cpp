@@ -63,46 +63,29 @@ ProgramTest::ProgramTest() {
   program.subActions.target = editor;
 }
 
-PieMenuItem ProgramTest::item(const std::string& title, MenuAction action, std::int64_t sector) {
-  PieMenuItem made;
-  made.title = title;
-  made.action = std::move(action);
-  made.sectorIndex = sector;
-  return made;
-}
-
-PieMenu ProgramTest::menu(const std::string& name, HotkeyConfig hotkey) {
+PieMenu ProgramTest::menu(const std::string& name, HotkeyConfig hotkey, PieMenuKind kind) {
   PieMenu made;
   made.id = desktop.random.uuid();
   made.name = name;
   made.hotkey = hotkey;
-  made.items = {item("browser", LaunchApp{"org.example.browser"}, 0), item("snippet", Snippet{"hello"}, 1),
-                item("keystroke", Keystroke{7, 0}, 2), item("nothing", Unassigned{}, 3)};
-  return made;
-}
-
-PieMenu ProgramTest::runningAppsMenu(HotkeyConfig hotkey) {
-  PieMenu made = menu("running", hotkey);
-  made.kind = PieMenuKind::runningApps;
-  made.items.clear();
-  return made;
-}
-
-PieMenu ProgramTest::appCommandsMenu(HotkeyConfig hotkey) {
-  PieMenu made = menu("commands", hotkey);
-  made.kind = PieMenuKind::appCommands;
-  made.items.clear();
+  made.kind = kind;
+  if (kind != PieMenuKind::standard) return made;
+  using Entry = std::pair<const char*, MenuAction>;
+  const Entry items[] = {Entry("browser", LaunchApp{"org.example.browser"}), Entry("snippet", Snippet{"hello"}),
+                         Entry("keystroke", Keystroke{7, 0}), Entry("nothing", Unassigned{})};
+  for (const auto& [title, action] : items) {
+    PieMenuItem& item = made.items.emplace_back();
+    item.title = title;
+    item.action = action;
+    item.sectorIndex = std::ssize(made.items) - 1;
+  }
   return made;
 }
 
 void ProgramTest::useMenus(std::vector<PieMenu> menus) {
-  const auto addIfMissing = [&menus](PieMenu special) {
-    const bool isThere =
-        std::any_of(menus.begin(), menus.end(), [&](const PieMenu& known) { return known.kind == special.kind; });
-    if (!isThere) menus.push_back(std::move(special));
-  };
-  addIfMissing(runningAppsMenu({}));
-  addIfMissing(appCommandsMenu({}));
+  for (PieMenu& special : std::vector{runningAppsMenu({}), appCommandsMenu({})}) {
+    if (std::ranges::find(menus, special.kind, &PieMenu::kind) == menus.end()) menus.push_back(std::move(special));
+  }
   PieConfiguration configuration = program.configManager.current();
   configuration.menus = std::move(menus);
   program.configManager.save(std::move(configuration));
@@ -134,10 +117,8 @@ void ProgramTest::pointAtSector(std::size_t index) {
 std::string ProgramTest::shownMenu() const {
   const auto& id = program.overlay->displayedMenuId();
   if (!isMenuUp() || !id) return "";
-  for (const PieMenu& known : program.configManager.current().menus) {
-    if (known.id == *id) return known.name;
-  }
-  return "unknown";
+  const PieMenu* menu = program.configManager.current().menu(*id);
+  return menu == nullptr ? "unknown" : menu->name;
 }
 
 std::string ProgramTest::highlightedItem() const {

@@ -72,11 +72,10 @@ class ProgramTest : public testing::Test {
 
   ProgramTest();
 
-  static PieMenuItem item(const std::string& title, MenuAction action, std::int64_t sector);
-  /// A standard menu whose items, in order, open a browser, copy "hello", send key 7, do nothing.
-  PieMenu menu(const std::string& name, HotkeyConfig hotkey);
-  PieMenu runningAppsMenu(HotkeyConfig hotkey);
-  PieMenu appCommandsMenu(HotkeyConfig hotkey);
+  /// A standard menu's items, in order, open a browser, copy "hello", send key 7, do nothing; others have none.
+  PieMenu menu(const std::string& name, HotkeyConfig hotkey, PieMenuKind kind = PieMenuKind::standard);
+  PieMenu runningAppsMenu(HotkeyConfig hotkey) { return menu("running", hotkey, PieMenuKind::runningApps); }
+  PieMenu appCommandsMenu(HotkeyConfig hotkey) { return menu("commands", hotkey, PieMenuKind::appCommands); }
   /// Saves a document with these menus; special ones that are missing are added without a trigger.
   void useMenus(std::vector<PieMenu> menus);
   void launch();
@@ -87,7 +86,9 @@ class ProgramTest : public testing::Test {
 
   /// Presses and releases go through the main queue, as everything else.
   void press(std::initializer_list<std::uint16_t> keys);
+  void pressChord() { press({Key::kControlKey, Key::kOptionKey, Key::kSpaceKey}); }
   void release(std::initializer_list<std::uint16_t> keys);
+  void releaseChord() { release({Key::kSpaceKey, Key::kOptionKey, Key::kControlKey}); }
   void pointAtSector(std::size_t index);
   bool isMenuUp() const { return desktop.overlay.holdsKeyboard(); }
   std::string shownMenu() const;

@@ -84,12 +84,11 @@ class RandomInputTest : public ProgramTest {
     for (int i = 0; i < 60; ++i) {
       doSomething(document);
       if (below(2) == 0) desktop.time.runUntilIdle();
-      const auto living = std::count_if(desktop.overlay.panels.begin(), desktop.overlay.panels.end(),
-                                        [](const auto& panel) { return !panel->isGone; });
+      const auto living = std::ranges::count(desktop.overlay.panels, false, &PanelRecord::isGone);
       ASSERT_EQ(living, isMenuUp() ? 1 : 0);
     }
     letEverythingGo();
-    desktop.overlay.panels.clear();
+    std::erase_if(desktop.overlay.panels, [](const auto& panel) { return panel->isGone; });
   }
   void expectAtRest() {
     EXPECT_EQ(desktop.keyboard.monitorCount(), 1U);

@@ -3,33 +3,24 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
-#include <functional>
 
 #include "unit/app/program.h"
 
 namespace rondora {
 namespace {
 
-struct Situation {
-  SessionFacts facts;
-  std::vector<HotkeyConfig> hotkeys;
-  bool hasTrackpadMenu = false;
-};
-
 class SessionReportTest : public ProgramTest {
  protected:
-  std::vector<SessionFinding> report(const Situation& situation) {
+  using Hotkeys = std::vector<HotkeyConfig>;
+  std::vector<SessionFinding> report(const SessionFacts& facts, const Hotkeys& hotkeys, bool isTapped = false) {
     std::vector<PieMenu> menus;
-    for (const HotkeyConfig& hotkey : situation.hotkeys) {
+    for (const HotkeyConfig& hotkey : hotkeys) {
       menus.push_back(menu("Menu " + std::to_string(menus.size()), hotkey));
-    }
-    if (situation.hasTrackpadMenu) {
-      menus.push_back(menu("Tapped", {}));
-      menus.back().trackpadFingerCount = 3;
+      if (isTapped) menus.back().trackpadFingerCount = 3;
     }
     useMenus(menus);
     return SessionReport(program.localization, kPcModifierNames)
-        .findings(situation.facts, program.configManager.current(), program.delegate.hotkeyManager());
+        .findings(facts, program.configManager.current(), program.delegate.hotkeyManager());
   }
   /// The statements of what works ("+") or fails ("-") that begin so.
   static std::vector<std::string> outline(const std::vector<SessionFinding>& findings) {
@@ -53,20 +44,21 @@ TEST_F(SessionReportTest, SaysWhatWorksAndWhatToDoAboutWhatDoesNot) {
   const Outline tail{"+Rondora’s icon is ", "+Keystrokes reach the"};
   const auto with = [&](Outline head) { return head.insert(head.end(), tail.begin(), tail.end()), head; };
 
-  EXPECT_EQ(outline(report({{}, {{49, 0}, superTab}})), with({"+This is an X11 sessi", "+Every menu that has "}));
-  EXPECT_EQ(outline(report({{}, {{49, 0}, controlSpace, {63, 0}}})),
+  EXPECT_EQ(outline(report({}, {{49, 0}, superTab})), with({"+This is an X11 sessi", "+Every menu that has "}));
+  EXPECT_EQ(outline(report({}, {{49, 0}, controlSpace, {63, 0}})),
             with({"+This is an X11 sessi", "-The hotkey of the me", "-Rondora cannot use t"}));
-  EXPECT_EQ(outline(report({wayland, {{49, 0}}})), with({"-This is a Wayland se"}));
-  EXPECT_EQ(outline(report({bare, {}})),
+  EXPECT_EQ(outline(report(wayland, Hotkeys{{49, 0}})), with({"-This is a Wayland se"}));
+  EXPECT_EQ(outline(report(bare, {})),
             (Outline{"+This is an X11 sessi", "-This desktop has no ", "-The X server takes n"}));
-  EXPECT_EQ(report({{}, {}, true}).back().statement.substr(0, 30), "This version does not react to");
-  EXPECT_EQ(report({locked, {}, true}).back().statement.substr(0, 30), "Rondora may not read the track");
+  EXPECT_EQ(report({}, Hotkeys{HotkeyConfig{}}, true).back().statement.substr(0, 30), "This version does not react to");
+  EXPECT_EQ(report(locked, Hotkeys{HotkeyConfig{}}, true).back().statement.substr(0, 30),
+            "Rondora may not read the track");
 }
 
 TEST_F(SessionReportTest, NamesMenuAndKeysOfARefusedHotkey) {
   desktop.keyboard.foreignOwners = {{48, carbon::kCommand}};
   launch();
-  const auto findings = report({{}, {{49, 0}, {48, carbon::kCommand}}});
+  const auto findings = report({}, {{49, 0}, {48, carbon::kCommand}});
   const auto refused = std::ranges::find(findings, false, &SessionFinding::works);
   ASSERT_NE(refused, findings.end());
   EXPECT_EQ(refused->statement, "The hotkey of the menu “Menu 1” is already taken by another program.");
@@ -75,10 +67,8 @@ TEST_F(SessionReportTest, NamesMenuAndKeysOfARefusedHotkey) {
   EXPECT_EQ(firstMenuWithWorkingHotkey(menus, *program.delegate.hotkeyManager()), &menus.front());
 }
 
-TEST_F(SessionReportTest, FollowsWhatTheKeyboardsModifiersDoToHotkeys) {
-  launch();
-  const Situation situation{{}, {{49, 0}}};
-  EXPECT_TRUE(report(situation)[1].works);
+TEST_F(SessionReportTest, HotkeysFollowWhereTheKeyboardPutsItsModifiers) {
+  launchWith({menu("main", {49, 0})});
   desktop.keyboard.foreignOwners = {{49, 0}};
   desktop.keyboard.moveModifiers();
   EXPECT_EQ(program.delegate.hotkeyManager()->failedRegistrationMenuIndices(), std::vector{0});

@@ -14,7 +14,7 @@ using Claim = InstanceChannel::Claim;
 class FakeChannel final : public InstanceChannel {
  public:
   Claim claim() override {
-    const Claim answer = claims.size() > 1 ? claims.front() : claims.back();
+    const Claim answer = claims.front();
     if (claims.size() > 1) claims.erase(claims.begin());
     isHeld = answer == Claim::first;
     return answer;
@@ -45,11 +45,8 @@ class SingleInstanceTest : public testing::Test {
 TEST_F(SingleInstanceTest, TheFirstStartIsFoundOnEveryChannel) {
   ASSERT_EQ(instance.claim(), SingleInstance::Start::first);
   EXPECT_TRUE(bus.isHeld && lock.isHeld);
-  int shown = 0;
-  instance.serve({[&] { ++shown; }, [](std::string_view) { return false; }});
-  bus.served.showSettings();
-  lock.served.showSettings();
-  EXPECT_EQ(shown, 2);
+  instance.serve({[] {}, [](std::string_view) { return false; }});
+  EXPECT_TRUE(bus.served.showSettings && lock.served.showSettings);
   instance.release();
   EXPECT_FALSE(bus.isHeld || lock.isHeld);
 }

@@ -1,7 +1,5 @@
 #include <gmock/gmock.h>
 
-#include <algorithm>
-
 #include "unit/app/program.h"
 
 namespace rondora {
@@ -16,7 +14,6 @@ class TriggerTest : public ProgramTest {
     launchWith(
         {menu("chord", {49, kControlOption}), menu("plain", {kKKey, 0}), menu("digit", {kOneKey, carbon::kControl})});
   }
-  void openChordMenu() { press({Key::kControlKey, Key::kOptionKey, Key::kSpaceKey}); }
   /// Two steps of one chord lie a human moment apart.
   void tapAgain(std::uint16_t key) {
     press({key});
@@ -26,10 +23,8 @@ class TriggerTest : public ProgramTest {
 };
 
 TEST_F(TriggerTest, ChordIsHeldTappedToStepAndLetGoToChoose) {
-  openChordMenu();
+  pressChord();
   ASSERT_EQ(shownMenu(), "chord");
-  EXPECT_EQ(desktop.overlay.keyPanel()->frame.center(), kPointer);
-
   desktop.keyboard.repeat(Key::kSpaceKey);
   desktop.time.runUntilIdle();
   EXPECT_EQ(highlightedItem(), "");
@@ -44,11 +39,13 @@ TEST_F(TriggerTest, ChordIsHeldTappedToStepAndLetGoToChoose) {
   release({Key::kOptionKey});
   EXPECT_FALSE(isMenuUp());
   EXPECT_EQ(frontApplication(), "org.example.browser");
-  EXPECT_THAT(desktop.keyboard.seenByApplications, IsEmpty());
 }
 
 TEST_F(TriggerTest, LettingAChordGoWithoutAChoiceGoesBackOnce) {
-  openChordMenu();
+  pressChord();
+  press({Key::kShiftKey});
+  release({Key::kShiftKey});
+  EXPECT_TRUE(isMenuUp());
   release({Key::kSpaceKey, Key::kControlKey});
   EXPECT_FALSE(isMenuUp());
   EXPECT_THAT(desktop.workspace.activationRequests, ElementsAre(editor.processIdentifier));
@@ -57,19 +54,15 @@ TEST_F(TriggerTest, LettingAChordGoWithoutAChoiceGoesBackOnce) {
   EXPECT_EQ(frontApplication(), "org.example.editor");
 }
 
-TEST_F(TriggerTest, ModifiersLetGoBeforeTheMenuIsUpCloseItAtOnce) {
+TEST_F(TriggerTest, TriggersLetGoBeforeTheMenuIsUpCloseItAtOnce) {
   desktop.keyboard.pressAll({Key::kControlKey, Key::kOptionKey, Key::kSpaceKey});
-  desktop.keyboard.releaseAll({Key::kSpaceKey, Key::kOptionKey, Key::kControlKey});
-  desktop.time.runUntilIdle();
+  releaseChord();
   EXPECT_EQ(desktop.overlay.panels.size(), 1U);
   EXPECT_FALSE(isMenuUp());
   EXPECT_THAT(desktop.workspace.activationRequests, ElementsAre(editor.processIdentifier));
-}
-
-TEST_F(TriggerTest, PlainKeyTappedFasterThanTheMenuOpensStillClosesIt) {
-  desktop.keyboard.tap(kKKey);
-  desktop.time.runUntilIdle();
-  EXPECT_EQ(desktop.overlay.panels.size(), 1U);
+  desktop.keyboard.press(kKKey);
+  release({kKKey});
+  EXPECT_EQ(desktop.overlay.panels.size(), 2U);
   EXPECT_FALSE(isMenuUp());
 }
 
@@ -89,7 +82,7 @@ TEST_F(TriggerTest, PlainKeyIsHeldWhilePointingAndAKeyUpThatGotLostIsMadeUpForBy
 }
 
 TEST_F(TriggerTest, AnotherMenusKeyClosesAndOpensNothing) {
-  openChordMenu();
+  pressChord();
   release({Key::kSpaceKey});
   desktop.keyboard.releaseUnseen(Key::kOptionKey);
   press({kOneKey});
@@ -115,38 +108,13 @@ TEST_F(TriggerTest, ATriggerWhoseKeyIsALabelChoosesInsteadOfStepping) {
   EXPECT_EQ(desktop.pasteboard.string, "hello");
 }
 
-TEST_F(TriggerTest, AClickChoosesAndOneInTheHubDismisses) {
-  openChordMenu();
-  desktop.overlay.click();
-  EXPECT_FALSE(isMenuUp());
-  EXPECT_EQ(frontApplication(), "org.example.editor");
-
-  release({Key::kSpaceKey});
-  press({Key::kSpaceKey});
-  pointAtSector(0);
-  desktop.overlay.click();
-  EXPECT_FALSE(isMenuUp());
-  EXPECT_EQ(frontApplication(), "org.example.browser");
-  EXPECT_EQ(desktop.overlay.clicksOnDesktop, 0);
-}
-
-TEST_F(TriggerTest, AMenuThatGetsNoKeyboardGoesAwayAndTheNextOneComes) {
-  desktop.overlay.refusesGrab = true;
-  press({kKKey});
-  EXPECT_FALSE(program.overlay->isVisible());
-  release({kKKey});
-  desktop.overlay.refusesGrab = false;
-  press({kKKey});
-  EXPECT_EQ(shownMenu(), "plain");
-}
-
 class SharedTriggerTest : public ProgramTest {};
 
 TEST_F(SharedTriggerTest, FirstMenuOpensAndTheOneOnScreenKeepsTheKey) {
   PieMenu second = menu("second", {49, kControlOption});
   second.trackpadFingerCount = 4;
   launchWith({menu("other", {kKKey, 0}), menu("first", {49, kControlOption}), second});
-  press({Key::kControlKey, Key::kOptionKey, Key::kSpaceKey});
+  pressChord();
   EXPECT_EQ(shownMenu(), "first");
   release({Key::kSpaceKey, Key::kControlKey});
 
@@ -157,49 +125,38 @@ TEST_F(SharedTriggerTest, FirstMenuOpensAndTheOneOnScreenKeepsTheKey) {
   EXPECT_EQ(highlightedItem(), "browser");
 }
 
-TEST_F(SharedTriggerTest, ATapOpensAndASecondTapCloses) {
-  PieMenu tapped = menu("tapped", {});
-  tapped.trackpadFingerCount = 3;
-  launchWith({tapped, menu("chord", {49, kControlOption})});
-  auto& trackpad = program.delegate.trackpadGestureMonitor();
-  trackpad.onTap(5);
-  EXPECT_FALSE(isMenuUp());
-  trackpad.onTap(3);
-  EXPECT_EQ(shownMenu(), "tapped");
-  trackpad.onTap(3);
-  EXPECT_FALSE(isMenuUp());
-  EXPECT_THAT(desktop.workspace.activationRequests, ElementsAre(editor.processIdentifier));
-
-  press({Key::kControlKey, Key::kOptionKey, Key::kSpaceKey});
-  ASSERT_EQ(shownMenu(), "chord");
-  trackpad.onTap(3);
-  EXPECT_FALSE(isMenuUp());
-}
-
-TEST_F(SharedTriggerTest, ARequestOpensAnyMenuAndASecondOneClosesIt) {
-  const PieMenu keyless = menu("keyless", {});
+TEST_F(SharedTriggerTest, ATapOrARequestOpensAMenuAndASecondOneCloses) {
+  PieMenu keyless = menu("keyless", {});
+  keyless.trackpadFingerCount = 3;
   launchWith({menu("chord", {49, kControlOption}), keyless});
-  const auto request = [&] {
-    EXPECT_TRUE(program.delegate.trigger(keyless.id.string()));
-    EXPECT_EQ(isMenuUp(), shownMenu() != "") << "as of a hotkey, on a later turn";
-    desktop.time.runUntilIdle();
-  };
-  request();
-  ASSERT_EQ(shownMenu(), "keyless");
-  press({Key::kControlKey});
-  release({Key::kControlKey});
-  EXPECT_EQ(shownMenu(), "keyless") << "nothing is held, so nothing is let go";
-  request();
+  const auto tap = [&](int fingers) { program.delegate.trackpadGestureMonitor().onTap(fingers); };
+  const auto request = [&] { EXPECT_TRUE(program.delegate.trigger(keyless.id.string())); };
+  tap(5);
   EXPECT_FALSE(isMenuUp());
-  EXPECT_THAT(desktop.workspace.activationRequests, ElementsAre(editor.processIdentifier));
+  for (const bool isTap : {true, false}) {
+    const auto trigger = [&] {
+      isTap ? tap(3) : request();
+      desktop.time.runUntilIdle();
+    };
+    desktop.workspace.activationRequests.clear();
+    trigger();
+    ASSERT_EQ(shownMenu(), "keyless");
+    press({Key::kControlKey});
+    release({Key::kControlKey});
+    EXPECT_EQ(shownMenu(), "keyless") << "nothing is held, so nothing is let go";
+    trigger();
+    EXPECT_FALSE(isMenuUp());
+    EXPECT_THAT(desktop.workspace.activationRequests, ElementsAre(editor.processIdentifier));
 
-  press({Key::kControlKey, Key::kOptionKey, Key::kSpaceKey});
-  ASSERT_EQ(shownMenu(), "chord");
-  request();
-  EXPECT_FALSE(isMenuUp());
+    pressChord();
+    ASSERT_EQ(shownMenu(), "chord");
+    trigger();
+    EXPECT_FALSE(isMenuUp());
+    releaseChord();
+  }
 }
 
-TEST_F(SharedTriggerTest, ARequestForASpecialMenuFollowsItsSwitch) {
+TEST_F(SharedTriggerTest, ARequestForASpecialMenuFollowsItsSwitchAndOneForNoMenuIsRefusedWithOneLine) {
   PieMenu disabled = runningAppsMenu({});
   disabled.runningAppsMenuEnabled = false;
   const PieMenu commands = appCommandsMenu({});
@@ -211,11 +168,8 @@ TEST_F(SharedTriggerTest, ARequestForASpecialMenuFollowsItsSwitch) {
   ASSERT_EQ(program.subActions.requests.size(), 1U);
   program.subActions.requests.front()({PieSubAction{}});
   EXPECT_EQ(shownMenu(), "commands");
-  EXPECT_THAT(desktop.log.lines, IsEmpty());
-}
 
-TEST_F(SharedTriggerTest, ARequestForNoMenuIsRefusedWithOneLine) {
-  launchWith({});
+  EXPECT_THAT(desktop.log.lines, IsEmpty());
   const Uuid unknown = desktop.random.uuid();
   EXPECT_FALSE(program.delegate.trigger(unknown.string()));
   EXPECT_FALSE(program.delegate.trigger("chord\nerror: forged"));

@@ -16,18 +16,14 @@ PreviewSurroundings around(Point ringCenter, double radius, double angle) {
   return {squareAround(ringCenter, radius), ringCenter + Point{std::cos(angle), std::sin(angle)} * radius, kScreen};
 }
 
-TEST(PreviewPlace, LiesBesideTheRingOnTheSectorsSideAndLevelWithIt) {
+TEST(PreviewPlace, LiesBesideTheRingOnTheSectorsSideElseOnTheOtherElseBelowOrAbove) {
   const Point center = kScreen.center();
   const Point right = previewCorner(around(center, 150, 0.3), {300, 100});
   EXPECT_EQ(right.x, center.x + 170);
-  EXPECT_DOUBLE_EQ(right.y + 50, center.y + 150 * std::sin(0.3));
+  EXPECT_DOUBLE_EQ(right.y + 50, center.y + 150 * std::sin(0.3)) << "level with the sector";
   EXPECT_EQ(previewCorner(around(center, 150, 2.5), {300, 100}).x, center.x - 170 - 300);
-}
-
-TEST(PreviewPlace, TakesTheOtherSideOrGoesBelowOrAboveWhereThereIsNoRoom) {
-  const Point nearRightEdge{kScreen.right() - 200, kScreen.center().y};
+  const Point nearRightEdge{kScreen.right() - 200, center.y};
   EXPECT_EQ(previewCorner(around(nearRightEdge, 150, 0), {300, 100}).x, nearRightEdge.x - 470);
-  const Point center = kScreen.center();
   EXPECT_EQ(previewCorner(around(center, 150, 1), {600, 100}).y, center.y + 170);
   EXPECT_EQ(previewCorner(around(center, 150, -1), {600, 100}).y, center.y - 270);
 }

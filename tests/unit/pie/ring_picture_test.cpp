@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <random>
 #include <string_view>
 
 #include "model/palette.h"
@@ -17,6 +18,24 @@
 namespace rondora {
 namespace {
 
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+
+using Key = double PieMenu::*;
+constexpr Key kKeys[] = {&PieMenu::menuRadius,
+                         &PieMenu::innerRadius,
+                         &PieMenu::iconDistance,
+                         &PieMenu::iconSize,
+                         &PieMenu::appearanceScale,
+                         &PieMenu::rotationDegrees,
+                         &PieMenu::pawSizeScale,
+                         &PieMenu::pawRadialInset,
+                         &PieMenu::centerCatScale,
+                         &PieMenu::shortcutDigitSizeScale,
+                         &PieMenu::shortcutDigitInsetLeftScale,
+                         &PieMenu::shortcutDigitInsetRightScale,
+                         &PieMenu::shortcutDigitOpacity};
+
 struct Ring {
   PieMenu menu;
   std::vector<std::string> titles;
@@ -24,15 +43,15 @@ struct Ring {
   Picture picture;
 };
 
+/// Items that the menu lacks are filled in.
 Ring ringOf(std::size_t count, PieMenu menu = {}) {
-  Ring ring;
-  for (std::size_t i = 0; i < count; ++i) {
-    PieMenuItem item;
+  for (std::size_t i = menu.items.size(); i < count; ++i) {
+    PieMenuItem& item = menu.items.emplace_back();
     item.title = "Item " + std::to_string(i);
     item.icon = "star.fill";
-    menu.items.push_back(item);
-    ring.titles.push_back(item.title);
   }
+  Ring ring;
+  for (const PieMenuItem& item : menu.items) ring.titles.push_back(item.title);
   ring.menu = std::move(menu);
   ring.layout = RingLayout::make(ring.menu, ring.menu.rotationDegrees, count, 400);
   const auto labels = resolvedShortcutLabels(ring.menu.items);
@@ -104,15 +123,18 @@ TEST(RingPictureTest, ContentsStayInsideTheirSectorsAndApart) {
   }
 }
 
-TEST(RingPictureTest, IconsTakeTheSizeAndPlaceThatTheMenuAsksForWhereThereIsRoom) {
+TEST(RingPictureTest, IconsTakeTheSizeAndPlaceThatTheMenuAsksForAndTheTitlesFirstCharacterWhereThereIsNone) {
   PieMenu menu;
   menu.iconSize = 30;
   menu.iconDistance = 0.4;
+  menu.items.resize(1);
+  menu.items[0].title = "Über";
   const Ring ring = ringOf(6, menu);
   const auto* icon = find<IconCommand>(ring.picture.layers[ring_layers::sector(1)].states[0]);
   ASSERT_NE(icon, nullptr);
   EXPECT_DOUBLE_EQ(icon->rect.size.width, 30);
   EXPECT_NEAR(icon->rect.center().x - ring.layout.center().x, 76 + 0.4 * 74, 1e-6);
+  EXPECT_EQ(std::get<TextCommand>(ring.picture.layers[ring_layers::sector(0)].states[0].back()).text, "Ü");
 }
 
 TEST(RingPictureTest, NothingIsDrawnOutsideItsLayerNorALayerOutsideThePicture) {
@@ -123,26 +145,23 @@ TEST(RingPictureTest, NothingIsDrawnOutsideItsLayerNorALayerOutsideThePicture) {
     for (const PictureLayer& layer : ring.picture.layers) {
       for (const DisplayList& list : layer.states) {
         for (const DisplayCommand& command : list) {
-          if (const auto* fill = std::get_if<FillCommand>(&command)) {
-            const Path& drawn = fill->clip.elements.empty() ? fill->path : fill->clip;
-            for (const Point p : outline(drawn)) ASSERT_TRUE(encloses(layer.bounds, p)) << count;
-          }
+          const auto* fill = std::get_if<FillCommand>(&command);
+          if (fill == nullptr) continue;
+          const Path& drawn = fill->clip.elements.empty() ? fill->path : fill->clip;
+          for (const Point p : outline(drawn)) ASSERT_TRUE(encloses(layer.bounds, p)) << count;
         }
       }
     }
   }
 }
 
-TEST(RingPictureTest, TheTitleFollowsTheHighlight) {
+TEST(RingPictureTest, TheTitleOfTheHighlightedItemFitsIntoTheHub) {
   const Ring ring = ringOf(3);
   const PictureLayer& title = ring.picture.layers[ring_layers::title(3)];
-  ASSERT_EQ(title.states.size(), 4u);
-  EXPECT_TRUE(title.states[0].empty());
-  EXPECT_EQ(ring_layers::titleState(std::nullopt), 0);
-  EXPECT_EQ(find<TextCommand>(title.states[3])->text, "Item 2");
-  EXPECT_EQ(ring_layers::titleState(2), 3);
-  const Rect text = find<TextCommand>(title.states[3])->rect;
-  for (const Point corner : {text.origin, Point{text.right(), text.bottom()}}) {
+  EXPECT_TRUE(title.states.at(static_cast<std::size_t>(ring_layers::titleState(std::nullopt))).empty());
+  const auto* text = find<TextCommand>(title.states.at(static_cast<std::size_t>(ring_layers::titleState(2))));
+  EXPECT_EQ(text->text, "Item 2");
+  for (const Point corner : {text->rect.origin, Point{text->rect.right(), text->rect.bottom()}}) {
     const Point offset = corner - ring.layout.center();
     EXPECT_LT(std::hypot(offset.x, offset.y), ring.layout.hubRadius());
   }
@@ -166,26 +185,12 @@ TEST(RingPictureTest, TheHubShowsTheCatOfMenusWithPawsAndTheApplicationOfMenusTh
 }
 
 TEST(RingPictureTest, EveryAppearanceKeyChangesTheRing) {
-  const std::vector<std::pair<const char*, double PieMenu::*>> keys = {
-      {"menuRadius", &PieMenu::menuRadius},
-      {"innerRadius", &PieMenu::innerRadius},
-      {"iconDistance", &PieMenu::iconDistance},
-      {"iconSize", &PieMenu::iconSize},
-      {"appearanceScale", &PieMenu::appearanceScale},
-      {"rotationDegrees", &PieMenu::rotationDegrees},
-      {"pawSizeScale", &PieMenu::pawSizeScale},
-      {"pawRadialInset", &PieMenu::pawRadialInset},
-      {"centerCatScale", &PieMenu::centerCatScale},
-      {"shortcutDigitSizeScale", &PieMenu::shortcutDigitSizeScale},
-      {"shortcutDigitInsetLeftScale", &PieMenu::shortcutDigitInsetLeftScale},
-      {"shortcutDigitInsetRightScale", &PieMenu::shortcutDigitInsetRightScale},
-      {"shortcutDigitOpacity", &PieMenu::shortcutDigitOpacity}};
   const Picture plain = ringOf(6).picture;
-  for (const auto& [name, key] : keys) {
+  for (std::size_t i = 0; i < std::size(kKeys); ++i) {
     for (const double factor : {0.85, 1.15}) {
       PieMenu menu;
-      menu.*key = menu.*key == 0 ? 10 * factor : menu.*key * factor;
-      EXPECT_NE(ringOf(6, menu).picture, plain) << name << " times " << factor;
+      menu.*kKeys[i] = menu.*kKeys[i] == 0 ? 10 * factor : menu.*kKeys[i] * factor;
+      EXPECT_NE(ringOf(6, menu).picture, plain) << "key " << i << " times " << factor;
     }
   }
   PieMenu menu;
@@ -219,8 +224,7 @@ TEST(RingPictureTest, IconsAndTitlesCanBeReadOverEverything) {
         menu.items.resize(1);
         menu.items[0].icon = "star.fill";
         menu.items[0].color = std::string(itemColor);
-        const RingLayout layout = RingLayout::make(menu, 0, 1, 400);
-        const Picture picture = makeRingPicture(menu, layout, {menu.items, {"Star"}, {std::nullopt}});
+        const Picture picture = ringOf(1, menu).picture;
         const auto& glass = std::get<BackdropPaint>(std::get<FillCommand>(picture.layers[0].states[0][1]).paint);
         const auto& states = picture.layers[ring_layers::sector(0)].states;
         for (const std::uint32_t screen : {0x000000U, 0xFFFFFFU, 0xFFFF00U, 0x00FFFFU, 0xFF0000U, 0x808080U}) {
@@ -235,16 +239,6 @@ TEST(RingPictureTest, IconsAndTitlesCanBeReadOverEverything) {
       }
     }
   }
-}
-
-TEST(RingPictureTest, AnItemWithoutIconShowsTheFirstCharacterOfItsTitle) {
-  PieMenu menu;
-  menu.items.resize(1);
-  const Picture picture =
-      makeRingPicture(menu, RingLayout::make(menu, 0, 1, 400), {menu.items, {"Über"}, {std::nullopt}});
-  const auto* text = find<TextCommand>(picture.layers[ring_layers::sector(0)].states[0]);
-  ASSERT_NE(text, nullptr);
-  EXPECT_EQ(text->text, "Ü");
 }
 
 TEST(PieSectorShapeTest, GapsAreEquallyWideFromHubToRim) {
@@ -270,36 +264,28 @@ TEST(PieSectorShapeTest, GapsAreEquallyWideFromHubToRim) {
 }
 
 TEST(RingPictureTest, HostileSizesNeitherTrapNorEscape) {
-  const double nan = std::numeric_limits<double>::quiet_NaN();
-  for (const double hostile : {-1e300, -1.0, 0.0, 1e-300, 1e300, std::numeric_limits<double>::infinity(), nan}) {
+  constexpr double kHostile[] = {-1e300, -5, 0, 1e-300, 1, 76, 1e300, kInfinity, kNaN};
+  std::mt19937 random(5);
+  for (int round = 0; round < 500; ++round) {
+    const auto number = [&] { return kHostile[random() % std::size(kHostile)]; };
     PieMenu menu;
-    menu.menuRadius = menu.innerRadius = menu.iconSize = menu.iconDistance = menu.appearanceScale = hostile;
-    menu.shortcutDigitSizeScale = menu.shortcutDigitInsetLeftScale = menu.shortcutDigitInsetRightScale = hostile;
-    menu.shortcutDigitOpacity = menu.rotationDegrees = menu.liquidGlass.tintOpacity = hostile;
-    menu.pawSizeScale = menu.pawRadialInset = menu.centerCatScale = menu.centerAppIconScale = hostile;
-    for (const std::size_t count : {0u, 1u, 6u, 36u, 500u}) {
-      const Ring ring = ringOf(count, menu);
-      ASSERT_LE(ring.picture.size.width, 1010);
-      expectLayersInside(ring.picture);
-    }
+    for (const Key key : kKeys) menu.*key = number();
+    menu.liquidGlass.tintOpacity = number();
+    menu.centerAppIconScale = number();
+    constexpr std::size_t kCounts[] = {0, 1, 6, 36, 500};
+    const Ring ring = ringOf(kCounts[random() % std::size(kCounts)], menu);
+    ASSERT_GT(ring.layout.innerRadius, 0) << round;
+    ASSERT_GT(ring.layout.ringWidth(), 0) << round;
+    ASSERT_LE(ring.layout.outerRadius, 400 + 1e-9) << round;
+    ASSERT_LE(ring.picture.size.width, 1010) << round;
+    ASSERT_NO_FATAL_FAILURE(expectLayersInside(ring.picture)) << round;
   }
 }
 
-TEST(OpeningAnimationTest, GrowsFromAVisibleStartAndEnds) {
-  const OpeningAnimation animation = OpeningAnimation::lasting(0.2);
-  AppearancePhase last = animation.phase(0);
-  EXPECT_GE(last.opacity, 0.4);
-  for (double elapsed = 0.01; elapsed < 0.2; elapsed += 0.01) {
-    const AppearancePhase phase = animation.phase(elapsed);
-    EXPECT_GT(phase.scale, last.scale);
-    EXPECT_GT(phase.opacity, last.opacity);
-    last = phase;
-  }
-  EXPECT_EQ(animation.phase(0.2), AppearancePhase{});
-  const double nan = std::numeric_limits<double>::quiet_NaN();
-  for (const double none : {0.0, -1.0, nan}) EXPECT_TRUE(OpeningAnimation::lasting(none).isOver(0)) << none;
+TEST(OpeningAnimationTest, EndsHoweverLongTheDocumentWantsIt) {
+  for (const double none : {0.0, -1.0, kNaN}) EXPECT_TRUE(OpeningAnimation::lasting(none).isOver(0)) << none;
   EXPECT_TRUE(OpeningAnimation::lasting(1e300).isOver(2));
-  EXPECT_TRUE(animation.isOver(nan));
+  EXPECT_TRUE(OpeningAnimation::lasting(0.2).isOver(kNaN));
 }
 
 }  // namespace
