@@ -1,4 +1,5 @@
 #include <array>
+#include <optional>
 #include <random>
 #include <stop_token>
 #include <thread>
@@ -33,8 +34,8 @@ class KeyPosterTest : public X11Test {
   bool release(std::uint16_t keyCode, std::uint64_t flags) { return send(keyCode, flags, false); }
   bool type(std::uint16_t keyCode, std::uint64_t flags) { return press(keyCode, flags) && release(keyCode, flags); }
   bool send(std::uint16_t keyCode, std::uint64_t flags, bool isDown) {
-    const auto event = poster_.makeKeyEvent(KeyEventSourceState::privateState, keyCode, isDown, flags);
-    if (event) poster_.post(*event, KeyEventTap::session);
+    const auto event = poster_->makeKeyEvent(KeyEventSourceState::privateState, keyCode, isDown, flags);
+    if (event) poster_->post(*event, KeyEventTap::session);
     drain();
     return event.has_value();
   }
@@ -68,7 +69,7 @@ class KeyPosterTest : public X11Test {
   }
 
   KeyLogger logger_;
-  x11::XTestKeyPoster poster_{connection_, keymap_, keyboard_, rawReleases_};
+  std::optional<x11::XTestKeyPoster> poster_{std::in_place, connection_, keymap_, keyboard_, rawReleases_};
 };
 
 TEST_F(KeyPosterTest, PressesTheKeyOfThatPlaceOnEveryLayout) {
@@ -147,6 +148,12 @@ TEST_F(KeyPosterTest, ModifiersThatSwitchTheLayoutTogetherAreTypedWithoutSwitchi
   ASSERT_TRUE(eventually([&] { return keymap_.characters(key::a, 1U << 13) == "ф"; }));
   ASSERT_TRUE(type(kVirtualC, kControlFlag | kShiftFlag));
   EXPECT_THAT(typed(), isOne(kC, kControlMask | kShiftMask));
+  expectAtRest();
+}
+
+TEST_F(KeyPosterTest, WhatIsPressedGoesUpAtTheEndOfTheProgram) {
+  press(kVirtualC, kCommandFlag);
+  poster_.reset();
   expectAtRest();
 }
 
