@@ -66,7 +66,7 @@ TEST_F(RingWarmerTest, AMenuThatAKeyOpensIsPreparedHoweverManyOthersStandBeforeI
   useMenus(std::move(menus));
   desktop.time.advance(10);
   press({kKKey});
-  EXPECT_TRUE(isPrepared(desktop.overlay.keyPanel()->picture));
+  EXPECT_THAT(prepared(), Contains(desktop.overlay.keyPanel()->picture));
 }
 
 TEST_F(RingWarmerTest, ChangesThatFollowEachOtherArePreparedOnceAndADisabledMenuNever) {
