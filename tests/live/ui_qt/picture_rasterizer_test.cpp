@@ -201,7 +201,7 @@ TEST_P(PictureRasterizerTest, NothingOfTheScreenIsHeldAfterAShowing) {
     const auto prepared =
         rasterizer.prepare({{kSide, kSide}, kCentre, {{{{0, 0}, {kSide, kSide}}, {{pane}}}}}, GetParam());
     prepared->setBackdrop(screen.buffer());
-    prepared->paint(std::vector<double>{0}, whole(), canvas.buffer());
+    prepared->paint(std::vector<double>{0}, wholeView(GetParam()), canvas.buffer());
   };
   show(10);
   const std::size_t before = bytesInUse();
