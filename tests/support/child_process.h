@@ -26,6 +26,8 @@ class ChildProcess {
   void terminate();
 
  private:
+  void reap(int options);
+
   pid_t pid_ = -1;
   int status_ = 0;
 };

@@ -4,31 +4,25 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <stdexcept>
 #include <utility>
-
-#include "support/x_reply.h"
 
 namespace rondora::live {
 
 KeyLogger::KeyLogger(const std::string& display, const WindowLook& look)
-    : connection_(xcb_connect(display.c_str(), nullptr)) {
-  xcb_connection_t* connection = connection_.get();
-  if (xcb_connection_has_error(connection) != 0) throw std::runtime_error("cannot connect to " + display);
-  const xcb_screen_t* screen = xcb_setup_roots_iterator(xcb_get_setup(connection)).data;
-  window_ = xcb_generate_id(connection);
-  const std::uint32_t values[] = {screen->white_pixel, XCB_EVENT_MASK_KEY_PRESS | XCB_EVENT_MASK_KEY_RELEASE};
-  xcb_create_window(connection, XCB_COPY_FROM_PARENT, window_, screen->root, 20, 20,
+    : client_(display), window_(xcb_generate_id(client_.get())) {
+  constexpr std::uint32_t kWhiteWithKeys[] = {0xFFFFFF, XCB_EVENT_MASK_KEY_PRESS | XCB_EVENT_MASK_KEY_RELEASE};
+  xcb_create_window(client_.get(), XCB_COPY_FROM_PARENT, window_, client_.root(), 20, 20,
                     static_cast<std::uint16_t>(look.width), static_cast<std::uint16_t>(look.height), 0,
-                    XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, XCB_CW_BACK_PIXEL | XCB_CW_EVENT_MASK, values);
+                    XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, XCB_CW_BACK_PIXEL | XCB_CW_EVENT_MASK,
+                    kWhiteWithKeys);
   describe(look);
-  xcb_map_window(connection, window_);
+  xcb_map_window(client_.get(), window_);
   take();
 }
 
-void KeyLogger::describe(const WindowLook& look) const {
+void KeyLogger::describe(const WindowLook& look) {
   const auto setText = [this](xcb_atom_t name, const std::string& text) {
-    xcb_change_property(connection_.get(), XCB_PROP_MODE_REPLACE, window_, name, XCB_ATOM_STRING, 8,
+    xcb_change_property(client_.get(), XCB_PROP_MODE_REPLACE, window_, name, XCB_ATOM_STRING, 8,
                         static_cast<std::uint32_t>(text.size()), text.data());
   };
   const std::string& applicationClass = look.applicationClass.empty() ? look.title : look.applicationClass;
@@ -41,27 +35,23 @@ void KeyLogger::describe(const WindowLook& look) const {
     hints.resize(18);
     setValues(XCB_ATOM_WM_NORMAL_HINTS, XCB_ATOM_WM_SIZE_HINTS, hints);
   }
-  if (look.isTransparent) setValues(atom("_NET_WM_WINDOW_OPACITY"), XCB_ATOM_CARDINAL, {0});
-  if (!look.type.empty()) setValues(atom("_NET_WM_WINDOW_TYPE"), XCB_ATOM_ATOM, {atom(look.type)});
+  if (look.isTransparent) setValues(client_.atom("_NET_WM_WINDOW_OPACITY"), XCB_ATOM_CARDINAL, {0});
+  if (!look.icon.empty()) setValues(client_.atom("_NET_WM_ICON"), XCB_ATOM_CARDINAL, look.icon);
+  if (!look.type.empty()) setValues(client_.atom("_NET_WM_WINDOW_TYPE"), XCB_ATOM_ATOM, {client_.atom(look.type)});
 }
 
 void KeyLogger::setValues(xcb_atom_t name, xcb_atom_t type, const std::vector<std::uint32_t>& values) const {
-  xcb_change_property(connection_.get(), XCB_PROP_MODE_REPLACE, window_, name, type, 32,
+  xcb_change_property(client_.get(), XCB_PROP_MODE_REPLACE, window_, name, type, 32,
                       static_cast<std::uint32_t>(values.size()), values.data());
 }
 
-xcb_atom_t KeyLogger::atom(const std::string& name) const {
-  const auto reply = ask(connection_.get(), xcb_intern_atom, xcb_intern_atom_reply, 0, name.size(), name.data());
-  return reply->atom;
-}
-
 void KeyLogger::takeFocus() {
-  xcb_set_input_focus(connection_.get(), XCB_INPUT_FOCUS_POINTER_ROOT, window_, XCB_CURRENT_TIME);
+  xcb_set_input_focus(client_.get(), XCB_INPUT_FOCUS_POINTER_ROOT, window_, XCB_CURRENT_TIME);
   take();
 }
 
 std::vector<LoggedKey> KeyLogger::take() {
-  ask(connection_.get(), xcb_get_input_focus, xcb_get_input_focus_reply);
+  client_.sync();
   readEvents();
   return std::exchange(keys_, {});
 }
@@ -72,14 +62,14 @@ std::vector<LoggedKey> KeyLogger::takeUntilReleaseOf(std::uint8_t code,
     return std::any_of(keys_.begin(), keys_.end(), [&](const auto& key) { return key.code == code && !key.isPress; });
   };
   for (readEvents(); !isThere() && std::chrono::steady_clock::now() < deadline; readEvents()) {
-    pollfd waiting{xcb_get_file_descriptor(connection_.get()), POLLIN, 0};
+    pollfd waiting{xcb_get_file_descriptor(client_.get()), POLLIN, 0};
     poll(&waiting, 1, 100);
   }
   return std::exchange(keys_, {});
 }
 
 void KeyLogger::readEvents() {
-  while (const UniqueCPtr<xcb_generic_event_t, std::free> event{xcb_poll_for_event(connection_.get())}) {
+  while (const UniqueCPtr<xcb_generic_event_t, std::free> event{xcb_poll_for_event(client_.get())}) {
     const int type = event->response_type & 0x7F;
     if (type != XCB_KEY_PRESS && type != XCB_KEY_RELEASE) continue;
     const auto& key = reinterpret_cast<const xcb_key_press_event_t&>(*event);

@@ -7,7 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "base/owned.h"
+#include "support/wait.h"
+#include "support/x_client.h"
 
 namespace rondora::live {
 
@@ -31,6 +32,8 @@ struct WindowLook {
   bool isTransparent = false;
   /// _NET_WM_WINDOW_TYPE; an ordinary window where it is empty.
   std::string type = {};
+  /// _NET_WM_ICON; none where it is empty.
+  std::vector<std::uint32_t> icon = {};
 };
 
 /// An application with one window that writes down the keys which it gets.
@@ -46,16 +49,16 @@ class KeyLogger {
   /// What came since the last question, once the server has sent everything so far.
   std::vector<LoggedKey> take();
   /// Waits for a release of the key, at most until `deadline`; all that came by then.
-  std::vector<LoggedKey> takeUntilReleaseOf(std::uint8_t code, std::chrono::steady_clock::time_point deadline);
+  std::vector<LoggedKey> takeUntilReleaseOf(
+      std::uint8_t code, std::chrono::steady_clock::time_point deadline = std::chrono::steady_clock::now() + kPatience);
 
  private:
-  void describe(const WindowLook& look) const;
+  void describe(const WindowLook& look);
   void setValues(xcb_atom_t name, xcb_atom_t type, const std::vector<std::uint32_t>& values) const;
-  xcb_atom_t atom(const std::string& name) const;
   void readEvents();
 
-  UniqueCPtr<xcb_connection_t, xcb_disconnect> connection_;
-  xcb_window_t window_ = XCB_NONE;
+  XClient client_;
+  xcb_window_t window_;
   std::vector<LoggedKey> keys_;
 };
 

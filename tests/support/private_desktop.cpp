@@ -1,8 +1,5 @@
 #include "support/private_desktop.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <cstdlib>
 #include <stdexcept>
 
@@ -69,21 +66,11 @@ PrivateDesktop::~PrivateDesktop() {
 }
 
 void PrivateDesktop::startBus() {
-  const auto address = folder_.path() / "bus-address";
-  const int descriptor = open(address.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
-  const std::vector<std::string> command{"dbus-daemon",
-                                         "--session",
-                                         "--nofork",
-                                         "--nopidfile",
-                                         "--address=unix:dir=" + environment_["XDG_RUNTIME_DIR"],
-                                         "--print-address=" + std::to_string(descriptor)};
-  processes_.push_back(
-      std::make_unique<ChildProcess>(withOutputIn(logFile("dbus-daemon"), command), environment_, descriptor));
-  close(descriptor);
-  require(waitUntil([&] { return readFile(address).ends_with('\n'); }), "the session bus");
-  std::string text = readFile(address);
-  text.pop_back();
-  environment_["DBUS_SESSION_BUS_ADDRESS"] = text;
+  const std::string address = "unix:path=" + (folder_.path() / "runtime" / "session-bus").string();
+  startPart({"dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address", "--address=" + address});
+  const auto isThere = [&] { return readFile(logFile("dbus-daemon")).find(address) != std::string::npos; };
+  require(waitUntil(isThere), "the session bus");
+  environment_["DBUS_SESSION_BUS_ADDRESS"] = address;
 }
 
 void PrivateDesktop::startParts(const DesktopParts& parts) {
@@ -138,10 +125,6 @@ void PrivateDesktop::addApplication(const std::string& id, const std::string& ti
   writeFile(
       dataHome() / "applications" / (id + ".desktop"),
       "[Desktop Entry]\nType=Application\nName=" + title + "\nStartupWMClass=" + title + "\nExec=" + command + "\n");
-}
-
-void PrivateDesktop::setKeyboardLayout(const std::string& layout) const {
-  require(outputOf({"setxkbmap", layout}).has_value(), "the keyboard layout");
 }
 
 // It tells its address to the programs that it starts itself.

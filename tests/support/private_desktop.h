@@ -47,7 +47,6 @@ class PrivateDesktop {
 
   /// Makes `id` an application that opens one terminal window with that title and window class.
   void addApplication(const std::string& id, const std::string& title) const;
-  void setKeyboardLayout(const std::string& layout) const;
   /// Programs started from here on belong to a session, which `endSession` shuts down.
   void startSessionManager();
   void endSession() { sessionManager_->terminate(); }

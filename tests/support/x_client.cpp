@@ -18,22 +18,11 @@ namespace rondora::live {
 namespace {
 
 constexpr std::uint32_t kWholeProperty = 1U << 20;  // in units of four bytes
-constexpr int kRounding = 8;                        // of 255
 constexpr int kSettledCaptures = 8;
 
-bool pixelLooksSame(std::uint32_t left, std::uint32_t right) {
-  for (const int shift : {0, 8, 16}) {
-    const int difference = static_cast<int>(left >> shift & 0xFF) - static_cast<int>(right >> shift & 0xFF);
-    if (std::abs(difference) > kRounding) return false;
-  }
-  return true;
-}
+using Numbers = std::vector<std::uint32_t>;
 
 }  // namespace
-
-bool looksSame(const Capture& left, const Capture& right) {
-  return std::ranges::equal(left.pixels, right.pixels, pixelLooksSame);
-}
 
 XClient::XClient(const std::string& display) : connection_(xcb_connect(display.c_str(), nullptr)) {
   if (xcb_connection_has_error(get()) != 0) throw std::runtime_error("cannot connect to " + display);
@@ -119,19 +108,14 @@ xcb_atom_t XClient::atom(const std::string& name) {
   return reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
 }
 
-std::vector<std::uint32_t> XClient::property32(xcb_window_t window, const std::string& name) {
-  const auto reply =
-      ask(get(), xcb_get_property, xcb_get_property_reply, 0, window, atom(name), XCB_ATOM_ANY, 0, kWholeProperty);
-  if (!reply || reply->format != 32) return {};
-  const auto* values = static_cast<const std::uint32_t*>(xcb_get_property_value(reply.get()));
-  return {values, values + reply->value_len};
-}
-
-std::string XClient::propertyText(xcb_window_t window, xcb_atom_t name) {
+template <class Values>
+Values XClient::property(xcb_window_t window, xcb_atom_t name) {
+  using Value = typename Values::value_type;
   const auto reply =
       ask(get(), xcb_get_property, xcb_get_property_reply, 0, window, name, XCB_ATOM_ANY, 0, kWholeProperty);
-  if (!reply || reply->format != 8) return {};
-  return {static_cast<const char*>(xcb_get_property_value(reply.get())), reply->value_len};
+  if (!reply || reply->format != 8 * sizeof(Value)) return {};
+  const auto* values = static_cast<const Value*>(xcb_get_property_value(reply.get()));
+  return {values, values + reply->value_len};
 }
 
 void XClient::sendToRoot(xcb_window_t window, const std::string& type, const std::uint32_t (&data)[5]) {
@@ -150,7 +134,7 @@ void XClient::sendToRoot(xcb_window_t window, const std::string& type, const std
 // look at by then, windows that ask to be mapped among it, is lost.
 bool XClient::windowManagerAnswers() {
   sendToRoot(window_, "_NET_REQUEST_FRAME_EXTENTS", {});
-  return !property32(window_, "_NET_FRAME_EXTENTS").empty();
+  return !property<Numbers>(window_, atom("_NET_FRAME_EXTENTS")).empty();
 }
 
 xcb_window_t XClient::selectionOwner(const std::string& name) {
@@ -159,7 +143,7 @@ xcb_window_t XClient::selectionOwner(const std::string& name) {
 }
 
 xcb_window_t XClient::activeWindow() {
-  const auto active = property32(root(), "_NET_ACTIVE_WINDOW");
+  const auto active = property<Numbers>(root(), atom("_NET_ACTIVE_WINDOW"));
   return active.empty() ? static_cast<xcb_window_t>(XCB_NONE) : active.front();
 }
 
@@ -168,7 +152,7 @@ xcb_window_t XClient::inputFocus() {
   return reply ? reply->focus : static_cast<xcb_window_t>(XCB_NONE);
 }
 
-std::vector<xcb_window_t> XClient::clientList() { return property32(root(), "_NET_CLIENT_LIST"); }
+std::vector<xcb_window_t> XClient::clientList() { return property<Numbers>(root(), atom("_NET_CLIENT_LIST")); }
 
 std::vector<xcb_window_t> XClient::windowsTitled(const std::string& wanted) {
   std::vector<xcb_window_t> found = clientList();
@@ -177,8 +161,8 @@ std::vector<xcb_window_t> XClient::windowsTitled(const std::string& wanted) {
 }
 
 std::string XClient::title(xcb_window_t window) {
-  const std::string name = propertyText(window, atom("_NET_WM_NAME"));
-  return name.empty() ? propertyText(window, XCB_ATOM_WM_NAME) : name;
+  const auto name = property<std::string>(window, atom("_NET_WM_NAME"));
+  return name.empty() ? property<std::string>(window, XCB_ATOM_WM_NAME) : name;
 }
 
 void XClient::requestClose(xcb_window_t window) {
@@ -237,12 +221,9 @@ pid_t XClient::ownerOf(std::uint32_t resource) {
   const xcb_res_client_id_spec_t wanted{resource, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
   const auto reply = ask(get(), xcb_res_query_client_ids, xcb_res_query_client_ids_reply, 1, &wanted);
   if (!reply) return 0;
-  for (auto id = xcb_res_query_client_ids_ids_iterator(reply.get()); id.rem > 0; xcb_res_client_id_value_next(&id)) {
-    if (xcb_res_client_id_value_value_length(id.data) > 0) {
-      return static_cast<pid_t>(*xcb_res_client_id_value_value(id.data));
-    }
-  }
-  return 0;
+  const auto id = xcb_res_query_client_ids_ids_iterator(reply.get());
+  if (id.rem == 0 || xcb_res_client_id_value_value_length(id.data) == 0) return 0;
+  return static_cast<pid_t>(*xcb_res_client_id_value_value(id.data));
 }
 
 std::size_t XClient::resourceCount(pid_t process, const std::string& type) {
@@ -322,7 +303,7 @@ std::optional<std::string> XClient::clipboardText() {
       },
       std::chrono::seconds(5));
   if (!answered) return std::nullopt;
-  const std::string text = propertyText(window_, target);
+  const auto text = property<std::string>(window_, target);
   return text.empty() ? std::nullopt : std::optional(text);
 }
 

@@ -50,20 +50,16 @@ struct Capture {
   friend bool operator==(const Capture& left, const Capture& right) { return left.pixels == right.pixels; }
 };
 
-/// The same to the eye: no channel of any pixel differs by more than rounding.
-bool looksSame(const Capture& left, const Capture& right);
-
 /// An independent client of the X server: presses keys, moves the pointer and looks at what came of it. Requests are
 /// answered by the server before the call returns.
 class XClient {
  public:
   explicit XClient(const std::string& display);
-  XClient(const XClient&) = delete;
-  XClient& operator=(const XClient&) = delete;
 
   /// For what this class does not do.
   xcb_connection_t* get() const { return connection_.get(); }
   xcb_window_t root() const { return screen_->root; }
+  xcb_atom_t atom(const std::string& name);
   /// Returns once the server has done all that was asked of it.
   void sync();
 
@@ -131,9 +127,9 @@ class XClient {
   void fakeInput(std::uint8_t type, std::uint8_t detail, Position position = {});
   xcb_timestamp_t serverTime();
   void drainEvents();
-  xcb_atom_t atom(const std::string& name);
-  std::vector<std::uint32_t> property32(xcb_window_t window, const std::string& name);
-  std::string propertyText(xcb_window_t window, xcb_atom_t name);
+  /// A text or a vector of 32-bit values; empty where there is none of that kind.
+  template <class Values>
+  Values property(xcb_window_t window, xcb_atom_t name);
   void sendToRoot(xcb_window_t window, const std::string& type, const std::uint32_t (&data)[5]);
   std::optional<TopLevel> describe(xcb_window_t window);
   std::vector<xcb_window_t> childrenOf(xcb_window_t window);

@@ -1,48 +1,30 @@
 #include "support/x_server.h"
 
-#include <fcntl.h>
-#include <poll.h>
+#include <sys/mman.h>
 #include <unistd.h>
 
+#include <cstdlib>
+#include <cstring>
 #include <stdexcept>
 
+#include "support/wait.h"
+
 namespace rondora::live {
-namespace {
-
-constexpr int kStartMilliseconds = 30000;
-
-/// The line that the server writes once it accepts clients.
-std::string readDisplayNumber(int descriptor) {
-  std::string number;
-  pollfd waiting{descriptor, POLLIN, 0};
-  while (poll(&waiting, 1, kStartMilliseconds) > 0) {
-    char byte = 0;
-    if (read(descriptor, &byte, 1) != 1) break;
-    if (byte == '\n') return number;
-    number += byte;
-  }
-  throw std::runtime_error("the X server did not come up");
-}
-
-}  // namespace
 
 XServer::XServer(const std::string& screen, const std::vector<std::string>& extraArguments) {
-  int ends[2];
-  if (pipe2(ends, O_CLOEXEC) != 0) throw std::runtime_error("cannot make a pipe");
+  const int number = memfd_create("display", MFD_CLOEXEC);
   // Without -noreset the server forgets its monitors when the last client leaves.
   std::vector<std::string> arguments = {
-      "Xvfb",       "-displayfd", std::to_string(ends[1]), "-noreset", "-screen", "0", screen, "-nolisten", "tcp",
-      "+extension", "RANDR"};
+      "Xvfb",      "-displayfd", std::to_string(number), "-noreset", "-screen", "0", screen,
+      "-nolisten", "tcp",        "+extension",           "RANDR"};
   arguments.insert(arguments.end(), extraArguments.begin(), extraArguments.end());
-  process_.emplace(arguments, std::map<std::string, std::string>{}, ends[1]);
-  close(ends[1]);
-  try {
-    display_ = ":" + readDisplayNumber(ends[0]);
-  } catch (...) {
-    close(ends[0]);
-    throw;
-  }
-  close(ends[0]);
+  process_.emplace(arguments, std::map<std::string, std::string>{}, number);
+  char line[16] = {};  // written once the server accepts clients
+  const bool isUp =
+      waitUntil([&] { return pread(number, line, sizeof line - 1, 0) > 0 && std::strchr(line, '\n') != nullptr; });
+  close(number);
+  if (!isUp) throw std::runtime_error("the X server did not come up");
+  display_ = ":" + std::to_string(std::atoi(line));
 }
 
 }  // namespace rondora::live

@@ -60,16 +60,13 @@ TEST_F(ApplicationLauncherTest, StartsApplicationsOnTheirOwnWithTheMomentOfTheUs
   EXPECT_EQ(lines[4], "arguments:");
 }
 
-TEST_F(ApplicationLauncherTest, ApplicationsThatAskForNoStartupIdGetNone) {
+TEST_F(ApplicationLauncherTest, WhereNoneIsWantedOrTheMomentIsUnknownThereIsNoStartupId) {
   setenv("DESKTOP_STARTUP_ID", "ours_TIME1", 1);
   ASSERT_TRUE(installed_.launch("quiet-reporter", 4711));
   unsetenv("DESKTOP_STARTUP_ID");
   const auto lines = report();
   EXPECT_EQ(lines[1], "/usr");
   EXPECT_EQ(lines[2], "id:");
-}
-
-TEST_F(ApplicationLauncherTest, AnUnknownMomentIsLeftOutRatherThanMadeUp) {
   ASSERT_TRUE(installed_.launch("reporter", 0));
   EXPECT_EQ(report()[2], "id:");
 }

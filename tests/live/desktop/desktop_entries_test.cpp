@@ -68,8 +68,6 @@ TEST(InstalledApplicationsTest, TellsNamesAndIcons) {
   EXPECT_EQ(installed.iconSource("plain-viewer")->filePath, "/opt/viewer/icon.png");
   EXPECT_FALSE(installed.iconSource("player"));
   EXPECT_FALSE(installed.name("gone"));
-  EXPECT_EQ(installed.resolve("player"), "player");
-  EXPECT_EQ(installed.resolve("com.apple.Music"), "player");
 }
 
 TEST(InstalledApplicationsTest, TellsOfAChangeBeforeAnybodyAsks) {

@@ -35,45 +35,33 @@ class PosixFileSystemTest : public testing::Test {
 
 TEST_F(PosixFileSystemTest, FollowsTheUsersFoldersAndIgnoresRelativeOnes) {
   environment_.variables = {{"HOME", "/home/ada"}, {"XDG_CONFIG_HOME", "/data/settings"}};
-  const PosixFileSystem moved(environment_);
-  EXPECT_EQ(moved.applicationSupportFolder(), "/data/settings");
-  EXPECT_EQ(moved.cachesFolder(), "/home/ada/.cache");
-
-  environment_.variables = {{"HOME", "/home/ada"}, {"XDG_CONFIG_HOME", "settings"}, {"XDG_CACHE_HOME", ""}};
-  const PosixFileSystem relative(environment_);
-  EXPECT_EQ(relative.applicationSupportFolder(), "/home/ada/.config");
-  EXPECT_EQ(relative.cachesFolder(), "/home/ada/.cache");
+  EXPECT_EQ(PosixFileSystem(environment_).applicationSupportFolder(), "/data/settings");
+  EXPECT_EQ(PosixFileSystem(environment_).cachesFolder(), "/home/ada/.cache");
+  environment_.variables["XDG_CONFIG_HOME"] = "settings";
+  environment_.variables["XDG_CACHE_HOME"] = "";
+  EXPECT_EQ(PosixFileSystem(environment_).applicationSupportFolder(), "/home/ada/.config");
+  EXPECT_EQ(PosixFileSystem(environment_).cachesFolder(), "/home/ada/.cache");
 }
 
-TEST_F(PosixFileSystemTest, FlushesTheFileBeforeAndTheFolderAfterTheRename) {
-  SystemCallSpy spy;
-  EXPECT_EQ(files_.replaceDurably(in("config.json"), "new"), std::nullopt);
-  EXPECT_THAT(spy.calls, ElementsAre("write", "fsync file", "rename", "fsync folder"));
-}
-
-TEST_F(PosixFileSystemTest, WritesAllBytesThroughInterruptionsAndShortWrites) {
+TEST_F(PosixFileSystemTest, WritesAllBytesFlushesThemRenamesAndFlushesTheFolder) {
   std::string bytes;
   for (int i = 0; i < 1000; ++i) bytes += static_cast<char>(i);
   SystemCallSpy spy;
   spy.writesAreTroubled = true;
   EXPECT_EQ(files_.replaceDurably(in("config.json"), bytes), std::nullopt);
+  EXPECT_THAT(spy.calls, ElementsAre("write", "fsync file", "rename", "fsync folder"));
   EXPECT_EQ(files_.read(in("config.json")), bytes);
 }
 
 TEST_F(PosixFileSystemTest, KeepsTheOldContentAndLeavesNothingBehindWhenACallFails) {
   ASSERT_EQ(files_.replaceDurably(in("config.json"), "old"), std::nullopt);
-  for (const char* call : {"create", "write", "fsync file", "close", "rename"}) {
+  for (const char* call : {"create", "write", "fsync file", "rename"}) {
     SystemCallSpy spy(call, ENOSPC);
     EXPECT_THAT(files_.replaceDurably(in("config.json"), "new").value_or(""), HasSubstr("No space left on device"))
         << call;
     EXPECT_EQ(readFile(in("config.json")), "old") << call;
     EXPECT_THAT(namesInFolder(), ElementsAre("config.json")) << call;
   }
-}
-
-TEST_F(PosixFileSystemTest, WritesWhereTheMediumKnowsNoModes) {
-  SystemCallSpy spy("fchmod", EPERM);
-  EXPECT_EQ(files_.replaceDurably(in("export.json"), "new"), std::nullopt);
 }
 
 TEST_F(PosixFileSystemTest, NewContentCountsWhereFoldersCannotBeFlushed) {
@@ -83,32 +71,16 @@ TEST_F(PosixFileSystemTest, NewContentCountsWhereFoldersCannotBeFlushed) {
   EXPECT_THAT(files_.replaceDurably(in("config.json"), "newer").value_or(""), HasSubstr("Input/output error"));
 }
 
-TEST_F(PosixFileSystemTest, OnlyTheUserMayReadTheFileWhateverTheUmask) {
-  for (const mode_t mask : {0000U, 0077U, 0277U}) {
-    const mode_t before = umask(mask);
-    EXPECT_EQ(files_.replaceDurably(in("config.json"), "x"), std::nullopt);
-    umask(before);
-    struct stat status {};
-    ASSERT_EQ(stat(in("config.json").c_str(), &status), 0);
-    EXPECT_EQ(status.st_mode & 07777, 0600U) << mask;
-  }
-}
-
 TEST_F(PosixFileSystemTest, ReplacesTheTargetOfLinksAndKeepsTheLinks) {
   fs::create_directory(in("elsewhere"));
-  writeFile(in("elsewhere") / "real.json", "old");
   fs::create_symlink("elsewhere/second", in("config.json"));
   fs::create_symlink("real.json", in("elsewhere") / "second");
-  EXPECT_EQ(files_.replaceDurably(in("config.json"), "new"), std::nullopt);
-  EXPECT_EQ(fs::read_symlink(in("config.json")), "elsewhere/second");
-  EXPECT_EQ(fs::read_symlink(in("elsewhere") / "second"), "real.json");
-  EXPECT_EQ(readFile(in("elsewhere") / "real.json"), "new");
-
-  fs::create_symlink("elsewhere/not-yet.json", in("dangling"));
-  EXPECT_EQ(files_.replaceDurably(in("dangling"), "first"), std::nullopt);
-  EXPECT_TRUE(fs::is_symlink(in("dangling")));
-  EXPECT_EQ(readFile(in("elsewhere") / "not-yet.json"), "first");
-
+  for (const char* text : {"first", "new"}) {  // the last one leads to nothing yet, and then to a file
+    EXPECT_EQ(files_.replaceDurably(in("config.json"), text), std::nullopt);
+    EXPECT_EQ(fs::read_symlink(in("config.json")), "elsewhere/second");
+    EXPECT_EQ(fs::read_symlink(in("elsewhere") / "second"), "real.json");
+    EXPECT_EQ(readFile(in("elsewhere") / "real.json"), text);
+  }
   fs::create_symlink("loop", in("loop"));
   EXPECT_THAT(files_.replaceDurably(in("loop"), "x").value_or(""), HasSubstr("Too many levels of symbolic links"));
 }
@@ -124,13 +96,6 @@ TEST_F(PosixFileSystemTest, RefusesToReplaceWhatIsNoFileAndSaysWhyAFolderIsMissi
 }
 
 TEST_F(PosixFileSystemTest, ReadsWholeRegularFilesOnly) {
-  const std::string bytes(
-      "a\0\xFF"
-      "b",
-      4);
-  writeFile(in("file"), bytes);
-  EXPECT_EQ(files_.read(in("file")), bytes);
-
   ASSERT_EQ(mkfifo(in("pipe").c_str(), 0600), 0);
   EXPECT_EQ(files_.read(in("pipe")), std::nullopt);  // and does not wait for somebody to write into it
   EXPECT_EQ(files_.read(folder_.path()), std::nullopt);
@@ -141,7 +106,6 @@ TEST_F(PosixFileSystemTest, ReadsWholeRegularFilesOnly) {
   fs::resize_file(in("huge"), PosixFileSystem::kLongestFile + 1);
   EXPECT_EQ(files_.read(in("huge")), std::nullopt);
   EXPECT_TRUE(files_.isTooLong(in("huge")));
-  EXPECT_FALSE(files_.isTooLong(in("file")));
   EXPECT_FALSE(files_.isTooLong(in("pipe")));
 }
 
@@ -150,39 +114,28 @@ TEST_F(PosixFileSystemTest, CreatesFoldersWithTheirParents) {
   EXPECT_EQ(files_.createFolder(in("a") / "b" / "c"), std::nullopt);
   EXPECT_THAT(spy.calls, ElementsAre("fsync folder"));
   EXPECT_EQ(fs::status(in("a") / "b").permissions(), fs::perms::owner_all);
-  EXPECT_EQ(files_.createFolder(in("a") / "b" / "c"), std::nullopt);
   fs::create_directory_symlink("a", in("link"));
-  EXPECT_EQ(files_.createFolder(in("link")), std::nullopt);
-  EXPECT_EQ(files_.createFolder(in("link") / "b"), std::nullopt);
-
+  EXPECT_EQ(files_.createFolder(in("link") / "b"), std::nullopt) << "it is there";
   writeFile(in("file"), "x");
   EXPECT_THAT(files_.createFolder(in("file")).value_or(""), HasSubstr("Not a directory"));
   EXPECT_THAT(files_.createFolder(in("file") / "below").value_or(""), HasSubstr("Not a directory"));
 }
 
-TEST_F(PosixFileSystemTest, CopiesFilesAndFoldersButNeverOverSomething) {
+TEST_F(PosixFileSystemTest, CopiesFilesFoldersAndWhatLinksLeadToButNeverOverSomething) {
   writeFile(in("from") / "deep" / "icon.png", "png");
   EXPECT_EQ(files_.copy(in("from"), in("to")), std::nullopt);
   EXPECT_EQ(readFile(in("to") / "deep" / "icon.png"), "png");
   EXPECT_EQ(readFile(in("from") / "deep" / "icon.png"), "png");
 
-  writeFile(in("config.json"), "{");
-  EXPECT_EQ(files_.copy(in("config.json"), in("backup.json")), std::nullopt);
-  EXPECT_EQ(readFile(in("backup.json")), "{");
-  writeFile(in("config.json"), "other");
-  EXPECT_THAT(files_.copy(in("config.json"), in("backup.json")).value_or(""), HasSubstr("File exists"));
-  EXPECT_EQ(readFile(in("backup.json")), "{");
-  EXPECT_THAT(files_.copy(in("missing"), in("x")).value_or(""), HasSubstr("No such file or directory"));
-}
-
-TEST_F(PosixFileSystemTest, ACopyIsOnDiskAndIndependentOfALinkThatItWasMadeFrom) {
   writeFile(in("real.json"), "{");
   fs::create_symlink("real.json", in("config.json"));
   SystemCallSpy spy;
   EXPECT_EQ(files_.copy(in("config.json"), in("backup.json")), std::nullopt);
   EXPECT_THAT(spy.calls, ElementsAre("fsync file", "rename", "fsync folder"));
-  EXPECT_EQ(files_.replaceDurably(in("config.json"), "new"), std::nullopt);
+  writeFile(in("config.json"), "other");
+  EXPECT_THAT(files_.copy(in("config.json"), in("backup.json")).value_or(""), HasSubstr("File exists"));
   EXPECT_EQ(readFile(in("backup.json")), "{");
+  EXPECT_THAT(files_.copy(in("missing"), in("x")).value_or(""), HasSubstr("No such file or directory"));
 }
 
 TEST_F(PosixFileSystemTest, ACopyThatFailsLeavesNothingBehind) {

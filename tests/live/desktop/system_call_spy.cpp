@@ -46,19 +46,6 @@ extern "C" int open(const char* path, int flags, ...) {
   return static_cast<int>(syscall(SYS_openat, AT_FDCWD, path, flags, mode));
 }
 
-extern "C" int fchmod(int descriptor, mode_t mode) noexcept {
-  if (mustFail("fchmod")) return -1;
-  return static_cast<int>(syscall(SYS_fchmod, descriptor, mode));
-}
-
-extern "C" int close(int descriptor) {
-  const bool fails = mustFail("close");
-  const int error = errno;
-  const auto result = static_cast<int>(syscall(SYS_close, descriptor));
-  if (fails) errno = error;
-  return fails ? -1 : result;
-}
-
 extern "C" ssize_t write(int descriptor, const void* bytes, size_t count) {
   if (current && descriptor > STDERR_FILENO) {
     if (mustFail("write")) return -1;

@@ -9,7 +9,7 @@ namespace rondora::desktop {
 /// of these calls stand before those of the C library. One at a time, one thread.
 class SystemCallSpy {
  public:
-  /// The call of that name, or "create", "fchmod", "close", fails with that error; none where it is empty.
+  /// The call of that name, or "create", fails with that error; none where it is empty.
   explicit SystemCallSpy(std::string failing = {}, int withError = 0);
   ~SystemCallSpy();
   SystemCallSpy(const SystemCallSpy&) = delete;

@@ -1,15 +1,15 @@
 #include "live/end_to_end/document.h"
 
 #include <algorithm>
-#include <cstdio>
+#include <cstdint>
 
 namespace rondora::live {
 namespace {
 
-std::string menuId(std::size_t hash) {
-  char text[37];
-  std::snprintf(text, sizeof text, "00000000-0000-4000-8000-%012zX", hash & 0xFFFFFFFFFFFFU);
-  return text;
+/// Another one every time.
+std::string menuId() {
+  static std::int64_t number = 100'000'000'000;  // twelve digits
+  return "00000000-0000-4000-8000-" + std::to_string(++number);
 }
 
 Document item(const std::string& title, Document action) {
@@ -37,7 +37,7 @@ Document menu(const std::string& name, Hotkey hotkey, std::vector<Document> item
     items[i]["sectorIndex"] = i;
     items[i]["color"] = i % 2 == 0 ? "#FF2D55" : "#FF2D54";  // items of one colour would be given others
   }
-  return {{"id", menuId(std::hash<std::string>()(name))},
+  return {{"id", menuId()},
           {"name", name},
           {"hotkey", {{"keyCode", hotkey.keyCode}, {"carbonModifiers", hotkey.carbonModifiers}}},
           {"items", std::move(items)},

@@ -18,7 +18,6 @@ inline constexpr int kControl = 0x1000, kOption = 0x800;
 inline constexpr int kShiftFlag = 0x20000, kControlFlag = 0x40000, kOptionFlag = 0x80000, kCommandFlag = 0x100000;
 inline constexpr Hotkey kControlAltSpace{49, kControl | kOption};
 inline constexpr Hotkey kControlAltB{11, kControl | kOption};
-inline constexpr Hotkey kControlAltT{17, kControl | kOption};
 inline constexpr Hotkey kF9{101, 0};
 
 Document snippetItem(const std::string& text);

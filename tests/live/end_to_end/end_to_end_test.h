@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 #include <iostream>
 #include <optional>
@@ -21,12 +20,6 @@ namespace rondora::live {
 inline constexpr Position kSomewhere{500, 380};
 /// Between the hub and the rim of the rings that `menu` makes.
 inline constexpr int kMiddleOfRing = 115;
-
-/// How far the middle of the area is from the position: twice the distance, so that half pixels count.
-inline int offCentre(const Area& area, Position position) {
-  return std::max(std::abs(2 * area.x + area.width - 2 * position.x),
-                  std::abs(2 * area.y + area.height - 2 * position.y));
-}
 
 /// A desktop with one terminal window that is active, an independent client, and (after `start`) the program.
 class EndToEndTest : public testing::Test {

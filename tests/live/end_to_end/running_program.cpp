@@ -12,8 +12,7 @@
 namespace rondora::live {
 namespace {
 
-constexpr int kSmallestRing = 200;  // pixels; smaller override-redirect windows are tool tips and the like
-constexpr int kAbsences = 100;
+constexpr int kSmallestRing = 200;          // pixels; smaller override-redirect windows are tool tips and the like
 constexpr std::size_t kGrabsPerHotkey = 4;  // with and without Caps Lock and Num Lock
 
 // The user has been through the introduction, and no window opens by itself.
@@ -25,12 +24,10 @@ constexpr const char* kDefaults =
 /// At least one: without a readable document the program makes its first-run one.
 std::size_t hotkeysIn(const std::string& configuration) {
   const Document parsed = Document::parse(configuration, nullptr, false);
-  if (!parsed.is_object() || !parsed.contains("menus")) return 1;
-  std::size_t count = 0;
-  for (const auto& menu : parsed["menus"]) {
-    if (menu.is_object() && menu.contains("hotkey") && menu["hotkey"].value("keyCode", -1) >= 0) ++count;
-  }
-  return std::max<std::size_t>(count, 1);
+  if (!parsed.is_object()) return 1;
+  const auto count =
+      std::ranges::count_if(parsed["menus"], [](const Document& menu) { return menu["hotkey"]["keyCode"] >= 0; });
+  return std::max<std::size_t>(static_cast<std::size_t>(count), 1);
 }
 
 }  // namespace
@@ -62,12 +59,17 @@ RunningProgram::~RunningProgram() {
   if (process_->isRunning() && !terminate()) kill(pid(), SIGKILL);
 }
 
+std::vector<TopLevel> RunningProgram::popups() {
+  std::vector<TopLevel> windows = client_.topLevels();
+  std::erase_if(windows, [this](const TopLevel& window) {
+    return !window.isViewable || !window.isOverrideRedirect || client_.ownerOf(window.window) != pid();
+  });
+  return windows;
+}
+
 std::optional<TopLevel> RunningProgram::ring() {
-  for (const TopLevel& window : client_.topLevels()) {
-    if (window.isViewable && window.isOverrideRedirect && window.area.width >= kSmallestRing &&
-        window.area.height >= kSmallestRing && client_.ownerOf(window.window) == pid()) {
-      return window;
-    }
+  for (const TopLevel& window : popups()) {
+    if (window.area.width >= kSmallestRing && window.area.height >= kSmallestRing) return window;
   }
   return std::nullopt;
 }
@@ -78,14 +80,6 @@ bool RunningProgram::waitForRing() {
 
 bool RunningProgram::waitForNoRing() {
   return waitUntil([this] { return !ring().has_value(); });
-}
-
-bool RunningProgram::staysWithoutRing() {
-  int absent = 0;
-  return waitUntil([&] {
-    absent = ring() || !isWaiting() ? 0 : absent + 1;
-    return absent >= kAbsences;
-  });
 }
 
 bool RunningProgram::isWaiting() const {

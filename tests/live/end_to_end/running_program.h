@@ -24,12 +24,12 @@ class RunningProgram {
   bool isRunning() const { return process_->isRunning(); }
   /// All its threads sleep: on a busy machine a program that has much to do may not come to do it.
   bool isWaiting() const;
+  /// What it shows beside the window manager, the topmost last: the ring, menus and notes.
+  std::vector<TopLevel> popups();
   /// The open ring; nothing while there is none.
   std::optional<TopLevel> ring();
   bool waitForRing();
   bool waitForNoRing();
-  /// There is none, and none comes for a while.
-  bool staysWithoutRing();
   /// What the screen shows where the ring is, once it has stopped changing.
   Capture settledPicture();
   /// Waits until the screen there differs from `before`, and returns what it settled to; nothing when it stays.
