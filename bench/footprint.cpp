@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <map>
 #include <stdexcept>
 #include <string>
@@ -35,21 +36,23 @@ double numberIn(const std::filesystem::path& file, const std::string& key) {
   throw std::runtime_error("no " + key + " in " + file.string());
 }
 
-/// Empty for a process that is gone, or none at all.
-std::filesystem::path programOf(const std::filesystem::path& folder) {
+/// Which program a process runs, and in which environment; nothing for a process that is gone, or none at all.
+std::string startOf(const std::filesystem::path& folder) {
   std::error_code error;
-  return std::filesystem::read_symlink(folder / "exe", error);
+  const auto program = std::filesystem::read_symlink(folder / "exe", error);
+  std::ifstream environment(folder / "environ");
+  if (error || !environment) return {};
+  return program.string() + '\n' + std::string(std::istreambuf_iterator<char>(environment), {});
 }
 
-/// In /proc, of the process and of all others of the same program: what it started to help it counts, whose child that
-/// may be.
+/// In /proc, of the process and of those that it made to help it, which need not be its children.
 std::vector<std::filesystem::path> foldersOf(const ChildProcess& process) {
   const std::filesystem::path all = "/proc";
-  const auto program = programOf(all / std::to_string(process.pid()));
-  if (program.empty()) throw std::runtime_error("the program has ended");
+  const std::string start = startOf(all / std::to_string(process.pid()));
+  if (start.empty()) throw std::runtime_error("the program has ended");
   std::vector<std::filesystem::path> folders;
   for (const auto& entry : std::filesystem::directory_iterator(all)) {
-    if (programOf(entry.path()) == program) folders.push_back(entry.path());
+    if (startOf(entry.path()) == start) folders.push_back(entry.path());
   }
   return folders;
 }
