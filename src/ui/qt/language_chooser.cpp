@@ -1,5 +1,6 @@
 #include "ui/qt/language_chooser.h"
 
+#include <QKeyEvent>
 #include <QWheelEvent>
 #include <utility>
 
@@ -18,6 +19,11 @@ LanguageChooser::LanguageChooser(std::function<void(AppLanguage)> choose) {
   QObject::connect(this, &QComboBox::activated, this, [choose = std::move(choose)](int index) {
     if (index >= 0) choose(kAppLanguages.at(static_cast<std::size_t>(index)));
   });
+}
+
+// The Return that chooses from the open list comes here once more, and would go on to the window's default button.
+void LanguageChooser::keyPressEvent(QKeyEvent* event) {
+  if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) QComboBox::keyPressEvent(event);
 }
 
 void LanguageChooser::wheelEvent(QWheelEvent* event) { event->ignore(); }

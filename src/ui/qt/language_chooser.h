@@ -17,6 +17,7 @@ class LanguageChooser : public QComboBox {
 
  protected:
   /// Scrolling past must not put the interface into a language that the user cannot read.
+  void keyPressEvent(QKeyEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
 };
 

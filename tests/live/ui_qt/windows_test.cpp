@@ -128,6 +128,9 @@ TEST_F(WindowsTest, TheUserChoosesTheLanguageAndScrollingDoesNot) {
   QKeyEvent up(QEvent::KeyPress, Qt::Key_Up, Qt::NoModifier);
   QApplication::sendEvent(chooser, &up);
   EXPECT_EQ(choices, std::vector{AppLanguage::russian});
+  QKeyEvent choose(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+  QApplication::sendEvent(chooser, &choose);
+  EXPECT_EQ(windowsUp().size(), 1U) << "the key that chooses from the list is not for the window";
   language = AppLanguage::german;
   textsChanged.send();
   EXPECT_EQ(chooser->currentText(), "Deutsch");
