@@ -16,8 +16,8 @@ class LanguageChooser : public QComboBox {
   void setLanguage(AppLanguage language);
 
  protected:
-  /// Scrolling past must not put the interface into a language that the user cannot read.
   void keyPressEvent(QKeyEvent* event) override;
+  /// Scrolling past must not put the interface into a language that the user cannot read.
   void wheelEvent(QWheelEvent* event) override;
 };
 
