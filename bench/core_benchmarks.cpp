@@ -9,10 +9,10 @@
 
 #include "model/carbon_modifiers.h"
 #include "model/palette.h"
-#include "pie/mouse_tracking_ns_view.h"
-#include "pie/quick_select.h"
-#include "pie/ring_layout.h"
-#include "pie/ring_picture.h"
+#include "pie/controller/mouse_tracking_ns_view.h"
+#include "pie/controller/quick_select.h"
+#include "pie/geometry/ring_layout.h"
+#include "pie/picture/ring_picture.h"
 #include "storage/configuration_json.h"
 #include "support/google_benchmark.h"
 

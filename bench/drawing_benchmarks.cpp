@@ -11,12 +11,12 @@
 
 #include "model/palette.h"
 #include "model/pie_menu.h"
-#include "pie/quick_select.h"
-#include "pie/ring_layout.h"
-#include "pie/ring_picture.h"
+#include "pie/controller/quick_select.h"
+#include "pie/geometry/ring_layout.h"
+#include "pie/picture/ring_picture.h"
+#include "platform/qt/qt_setup.h"
 #include "support/google_benchmark.h"
-#include "ui/qt/qt_picture_rasterizer.h"
-#include "ui/qt/qt_setup.h"
+#include "ui/qt/painting/qt_picture_rasterizer.h"
 
 namespace {
 

@@ -1,6 +1,7 @@
 #include "actions/app_launcher.h"
 
 #include <algorithm>
+#include <utility>
 #include <variant>
 
 namespace rondora {
@@ -15,11 +16,10 @@ Overloaded(Cases...) -> Overloaded<Cases...>;
 
 }  // namespace
 
-AppLauncher::AppLauncher(Workspace& workspace, Pasteboard& pasteboard, RunningAppFocus& runningAppFocus,
-                         KeystrokeSender& keystrokeSender)
+AppLauncher::AppLauncher(Workspace& workspace, Pasteboard& pasteboard, Focus focus, KeystrokeSender& keystrokeSender)
     : workspace_(workspace),
       pasteboard_(pasteboard),
-      runningAppFocus_(runningAppFocus),
+      focus_(std::move(focus)),
       keystrokeSender_(keystrokeSender),
       systemActionRunner_(workspace) {}
 
@@ -37,7 +37,7 @@ void AppLauncher::execute(const PieMenuItem& item, std::optional<std::int32_t> t
 
 void AppLauncher::launch(std::string_view bundleIdentifier) {
   if (const auto running = runningApplication(bundleIdentifier)) {
-    if (runningAppFocus_.focus(*running)) return;
+    if (focus_(*running)) return;
   }
   if (const auto location = workspace_.urlForApplication(bundleIdentifier)) workspace_.openApplication(*location);
 }

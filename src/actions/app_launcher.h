@@ -1,12 +1,12 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string_view>
 
 #include "actions/keystroke_sender.h"
 #include "actions/macos_system_action_runner.h"
-#include "actions/running_app_focus.h"
 #include "model/menu_action.h"
 #include "model/pie_menu_item.h"
 #include "platform/pasteboard.h"
@@ -17,9 +17,11 @@ namespace rondora {
 /// Runs the actions of items. Stateless; a failure ends the action and is not reported. Main thread.
 class AppLauncher {
  public:
-  /// All outlive this.
-  AppLauncher(Workspace& workspace, Pasteboard& pasteboard, RunningAppFocus& runningAppFocus,
-              KeystrokeSender& keystrokeSender);
+  /// Brings a running application to the front; false when it cannot.
+  using Focus = std::function<bool(const RunningApplication&)>;
+
+  /// The references outlive this.
+  AppLauncher(Workspace& workspace, Pasteboard& pasteboard, Focus focus, KeystrokeSender& keystrokeSender);
 
   /// Keystrokes go to the target process, or to whatever is frontmost when there is none.
   void execute(const PieMenuItem& item, std::optional<std::int32_t> targetPID);
@@ -33,7 +35,7 @@ class AppLauncher {
 
   Workspace& workspace_;
   Pasteboard& pasteboard_;
-  RunningAppFocus& runningAppFocus_;
+  Focus focus_;
   KeystrokeSender& keystrokeSender_;
   MacOSSystemActionRunner systemActionRunner_;
 };

@@ -41,7 +41,7 @@ void KeystrokeSender::perform(std::int64_t keyCode, std::int64_t modifiers, std:
     return;
   }
   const WallTime deadline = ports_.clock.now() + kLongestWait;
-  ports_.frontmostAppWaiter.poll(targetPID, deadline, weak_.bind([keyCode, modifiers](KeystrokeSender& self) {
+  ports_.whenFrontmost(targetPID, deadline, weak_.bind([keyCode, modifiers](KeystrokeSender& self) {
     self.postWhenApplicationsAreReached(keyCode, modifiers);
   }));
 }

@@ -1,9 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
+#include <utility>
 
-#include "actions/frontmost_app_waiter.h"
 #include "base/weak_self.h"
 #include "platform/clock.h"
 #include "platform/key_event_poster.h"
@@ -17,10 +18,14 @@ namespace rondora {
 /// Types one key combination into the application that the user works in. Main thread.
 class KeystrokeSender {
  public:
-  /// All outlive this.
+  /// Runs `then` once the process is frontmost, at the deadline at the latest, at once without a process.
+  using WhenFrontmost =
+      std::function<void(std::optional<std::int32_t> pid, WallTime deadline, std::function<void()> then)>;
+
+  /// The references outlive this.
   struct Ports {
     PermissionService& permissions;
-    FrontmostAppWaiter& frontmostAppWaiter;
+    WhenFrontmost whenFrontmost;
     KeyEventPoster& keyEvents;
     Workspace& workspace;
     MainQueue& mainQueue;
@@ -28,7 +33,7 @@ class KeystrokeSender {
     Log& log;
   };
 
-  explicit KeystrokeSender(const Ports& ports) : ports_(ports) {}
+  explicit KeystrokeSender(Ports ports) : ports_(std::move(ports)) {}
 
   /// Waits up to half a second, without blocking, for the target to be frontmost, then types the key either way.
   /// Without a target it types at once. A key code and a mask of 0 stand for an empty recording: nothing is typed.

@@ -12,9 +12,9 @@
 #include "app/status_menu.h"
 #include "base/observable.h"
 #include "base/weak_self.h"
-#include "input/grabbed_key_router.h"
-#include "input/hotkey_manager.h"
-#include "input/trackpad_gesture_monitor.h"
+#include "input/gestures/trackpad_gesture_monitor.h"
+#include "input/hotkeys/grabbed_key_router.h"
+#include "input/hotkeys/hotkey_manager.h"
 #include "storage/app_launch_state.h"
 
 namespace rondora {

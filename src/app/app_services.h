@@ -6,12 +6,12 @@
 #include <string>
 
 #include "actions/app_launcher.h"
-#include "actions/sub_actions.h"
 #include "base/notification_center.h"
 #include "base/observable.h"
+#include "commands/sub_actions.h"
 #include "localization/localization_store.h"
 #include "permissions/permissions_snapshot.h"
-#include "pie/pie_menu_window_controller.h"
+#include "pie/controller/pie_menu_window_controller.h"
 #include "platform/application_shell.h"
 #include "platform/event_monitors.h"
 #include "platform/hotkey_service.h"

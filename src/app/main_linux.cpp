@@ -12,9 +12,9 @@
 
 #include "app/composition_linux.h"
 #include "platform/linux/desktop/journal_log.h"
-#include "platform/linux/x11/synthetic_key_guard.h"
-#include "ui/qt/qt_messages.h"
-#include "ui/qt/qt_setup.h"
+#include "platform/linux/x11/typing/synthetic_key_guard.h"
+#include "platform/qt/qt_messages.h"
+#include "platform/qt/qt_setup.h"
 
 namespace {
 

@@ -4,6 +4,7 @@
 #include <utility>
 #include <variant>
 
+#include "commands/app_commands_menu_items.h"
 #include "model/carbon_modifiers.h"
 
 namespace rondora {
@@ -190,8 +191,10 @@ void MenuSwitchboard::appCommandsResolved(const AppCommandsRequest& request, std
   if (commands.empty() || isMenuVisible()) return;
   if (!holdsModifiers(request.triggerHotkey)) return previousApp_.reset();
   const AppSubMenu* subMenu = configuration().appSubMenu(request.bundleIdentifier);
+  auto items = AppCommandsMenuItems::build(commands);
   show(request.menu, request.triggerHotkey,
-       PieMenuWindowController::AppCommands{std::move(commands), subMenu ? subMenu->rotationDegrees : std::nullopt,
+       PieMenuWindowController::AppCommands{std::move(commands), std::move(items),
+                                            subMenu ? subMenu->rotationDegrees : std::nullopt,
                                             request.bundleIdentifier});
 }
 

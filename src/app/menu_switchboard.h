@@ -12,7 +12,7 @@
 #include "base/uuid.h"
 #include "base/weak_self.h"
 #include "model/pie_configuration.h"
-#include "pie/pie_menu_window_controller.h"
+#include "pie/controller/pie_menu_window_controller.h"
 #include "platform/key_event.h"
 
 namespace rondora {

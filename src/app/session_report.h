@@ -2,8 +2,8 @@
 
 #include <vector>
 
-#include "input/hotkey_display.h"
-#include "input/hotkey_manager.h"
+#include "input/hotkeys/hotkey_display.h"
+#include "input/hotkeys/hotkey_manager.h"
 #include "localization/localization_store.h"
 #include "model/pie_configuration.h"
 #include "platform/process_environment.h"

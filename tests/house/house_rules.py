@@ -13,7 +13,7 @@ import sys
 CORE_BASE = ["base", "platform", "model"]
 CORE_DATA = CORE_BASE + ["localization"]
 CORE_SERVICES = CORE_DATA + ["storage", "icons"]
-FEATURES = ["pie", "actions", "input", "running_apps", "permissions"]
+FEATURES = ["pie", "actions", "windows", "commands", "input", "running_apps", "permissions"]
 
 # What a layer may include, besides itself. Siblings are missing on purpose: app/ hands one what it needs of another.
 ALLOWED = {
@@ -25,12 +25,16 @@ ALLOWED = {
     "icons": CORE_DATA,
     **{feature: CORE_SERVICES for feature in FEATURES},
     "app": CORE_SERVICES + FEATURES,
-    "platform/linux": ["base", "platform", "model", "pie"],
-    "platform/macos": ["base", "platform", "model", "pie"],
-    "ui/qt": ["base", "platform", "model", "pie"],
-    "ui/appkit": ["base", "platform", "model", "pie"],
+    "platform/posix": CORE_BASE,
+    "platform/qt": CORE_BASE,
+    "platform/linux": CORE_BASE + ["pie", "platform/posix"],
+    "platform/macos": CORE_BASE + ["pie", "platform/posix"],
+    "ui/painting": CORE_BASE + ["pie"],
+    "ui/qt": CORE_BASE + ["pie", "platform/qt", "ui/painting"],
+    "ui/appkit": CORE_BASE + ["pie", "ui/painting"],
 }
-BACKENDS = ["platform/linux", "platform/macos", "ui/qt", "ui/appkit"]
+BACKENDS = ["platform/posix", "platform/qt", "platform/linux", "platform/macos", "ui/qt", "ui/appkit"]
+NESTED = BACKENDS + ["ui/painting"]
 
 # The only headers from outside the project that the core may use, besides those of the C++ standard library.
 CORE_LIBRARIES = {"nlohmann/json.hpp", "nlohmann/json_fwd.hpp", "utf8proc.h"}
@@ -49,9 +53,9 @@ SKIPPED_FOLDERS = {"build", ".git"}
 
 def layer_of(path):
     """The layer of a path below src/, or None for a path outside every layer."""
-    for backend in BACKENDS:
-        if path.startswith(backend + "/"):
-            return backend
+    for layer in NESTED:
+        if path.startswith(layer + "/"):
+            return layer
     first = path.split("/")[0]
     return first if "/" in path and first in ALLOWED else None
 

@@ -9,8 +9,8 @@
 
 #include "icons/icon_reference.h"
 #include "probe_application.h"
-#include "ui/qt/icon_images.h"
-#include "ui/qt/symbol_table.h"
+#include "ui/qt/painting/icon_images.h"
+#include "ui/qt/painting/symbol_table.h"
 
 namespace {
 

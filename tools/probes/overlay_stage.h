@@ -2,18 +2,18 @@
 
 #include <memory>
 
-#include "platform/linux/x11/raw_key_releases.h"
-#include "platform/linux/x11/x11_input_grab.h"
-#include "platform/linux/x11/x11_overlay_panel.h"
-#include "platform/linux/x11/x11_pointer.h"
-#include "platform/linux/x11/x_connection.h"
-#include "platform/linux/x11/x_keyboard.h"
-#include "platform/linux/x11/x_keymap.h"
+#include "platform/linux/x11/connection/x_connection.h"
+#include "platform/linux/x11/keyboard/raw_key_releases.h"
+#include "platform/linux/x11/keyboard/x_keyboard.h"
+#include "platform/linux/x11/keyboard/x_keymap.h"
+#include "platform/linux/x11/overlay/x11_input_grab.h"
+#include "platform/linux/x11/overlay/x11_overlay_panel.h"
+#include "platform/linux/x11/overlay/x11_pointer.h"
+#include "platform/qt/qt_main_queue.h"
+#include "platform/qt/qt_native_events.h"
+#include "platform/qt/qt_x11_access.h"
 #include "sample_ring.h"
-#include "ui/qt/qt_main_queue.h"
-#include "ui/qt/qt_native_events.h"
-#include "ui/qt/qt_picture_rasterizer.h"
-#include "ui/qt/qt_x11_access.h"
+#include "ui/qt/painting/qt_picture_rasterizer.h"
 
 namespace rondora {
 

@@ -3,7 +3,7 @@
 #include <QApplication>
 #include <QCommandLineParser>
 
-#include "ui/qt/qt_setup.h"
+#include "platform/qt/qt_setup.h"
 
 namespace rondora {
 

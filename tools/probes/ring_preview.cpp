@@ -9,7 +9,7 @@
 
 #include "probe_application.h"
 #include "sample_ring.h"
-#include "ui/qt/qt_picture_rasterizer.h"
+#include "ui/qt/painting/qt_picture_rasterizer.h"
 
 namespace {
 

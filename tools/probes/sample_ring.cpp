@@ -12,8 +12,8 @@
 #include <utility>
 
 #include "model/palette.h"
-#include "pie/quick_select.h"
-#include "pie/ring_picture.h"
+#include "pie/controller/quick_select.h"
+#include "pie/picture/ring_picture.h"
 
 namespace rondora {
 namespace {

@@ -10,7 +10,7 @@
 
 #include "base/display_list.h"
 #include "model/pie_menu.h"
-#include "pie/ring_layout.h"
+#include "pie/geometry/ring_layout.h"
 #include "platform/application_icons.h"
 
 // A ring to look at: invented items, and things to open it over.

@@ -9,7 +9,7 @@
 #include "doubles/virtual_time.h"
 #include "live/desktop/cut_process.h"
 #include "platform/linux/desktop/file_user_defaults.h"
-#include "platform/linux/desktop/posix_file_system.h"
+#include "platform/posix/posix_file_system.h"
 #include "storage/config_manager.h"
 #include "storage/legacy_pie_menu_migration.h"
 #include "support/temporary_folder.h"

@@ -5,7 +5,7 @@
 
 #include "doubles/fake_log.h"
 #include "doubles/fake_session.h"
-#include "platform/linux/desktop/posix_file_system.h"
+#include "platform/posix/posix_file_system.h"
 #include "support/temporary_folder.h"
 
 namespace rondora::desktop {

@@ -1,4 +1,4 @@
-#include "platform/linux/desktop/input_trackpads.h"
+#include "platform/linux/evdev/input_trackpads.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/linux/desktop/posix_file_system.h"
+#include "platform/posix/posix_file_system.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

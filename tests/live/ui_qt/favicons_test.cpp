@@ -6,10 +6,10 @@
 #include <QTemporaryDir>
 
 #include "live/ui_qt/web_server.h"
+#include "platform/qt/event_turns.h"
+#include "platform/qt/qt_network_fetch.h"
 #include "support/wait.h"
-#include "ui/qt/event_turns.h"
-#include "ui/qt/qt_network_fetch.h"
-#include "ui/qt/qt_picture_codec.h"
+#include "ui/qt/painting/qt_picture_codec.h"
 
 namespace rondora {
 namespace {

@@ -1,4 +1,4 @@
-#include "ui/qt/icon_images.h"
+#include "ui/qt/painting/icon_images.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -16,8 +16,8 @@
 #include "doubles/fake_session.h"
 #include "doubles/fake_status_bar.h"
 #include "model/pie_configuration.h"
-#include "ui/qt/symbol_images.h"
-#include "ui/qt/symbol_table.h"
+#include "ui/qt/painting/symbol_images.h"
+#include "ui/qt/painting/symbol_table.h"
 
 namespace rondora {
 namespace {

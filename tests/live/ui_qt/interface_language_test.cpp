@@ -1,4 +1,4 @@
-#include "ui/qt/interface_language.h"
+#include "ui/qt/windows/interface_language.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,7 @@
 #include <string>
 
 #include "localization/string_table.h"
-#include "ui/qt/qt_conversions.h"
+#include "platform/qt/qt_text.h"
 
 namespace rondora {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <QApplication>
 
-#include "ui/qt/qt_setup.h"
+#include "platform/qt/qt_setup.h"
 
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "doubles/fake_devices.h"
-#include "ui/qt/qt_picture_rasterizer.h"
+#include "ui/qt/painting/qt_picture_rasterizer.h"
 
 namespace rondora {
 namespace {

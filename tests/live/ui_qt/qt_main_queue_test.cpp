@@ -1,4 +1,4 @@
-#include "ui/qt/qt_main_queue.h"
+#include "platform/qt/qt_main_queue.h"
 
 #include <gtest/gtest.h>
 
@@ -9,8 +9,8 @@
 #include <string>
 #include <thread>
 
+#include "platform/qt/event_turns.h"
 #include "support/wait.h"
-#include "ui/qt/event_turns.h"
 
 namespace rondora {
 namespace {

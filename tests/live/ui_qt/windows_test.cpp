@@ -10,8 +10,8 @@
 #include <QWidget>
 #include <memory>
 
-#include "ui/qt/qt_pasteboard.h"
-#include "ui/qt/qt_windows.h"
+#include "platform/qt/qt_pasteboard.h"
+#include "ui/qt/windows/qt_windows.h"
 
 namespace rondora {
 namespace {

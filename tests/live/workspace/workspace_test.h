@@ -8,10 +8,10 @@
 #include <vector>
 
 #include "platform/linux/desktop/installed_applications.h"
-#include "platform/linux/desktop/posix_process_environment.h"
-#include "platform/linux/x11/x11_application_icons.h"
-#include "platform/linux/x11/x11_window_list.h"
-#include "platform/linux/x11/x11_workspace.h"
+#include "platform/linux/x11/windows/x11_application_icons.h"
+#include "platform/linux/x11/windows/x11_window_list.h"
+#include "platform/linux/x11/windows/x11_workspace.h"
+#include "platform/posix/posix_process_environment.h"
 #include "support/private_desktop.h"
 #include "support/x_client.h"
 

@@ -1,4 +1,4 @@
-#include "platform/linux/x11/key_codes.h"
+#include "platform/linux/x11/keyboard/key_codes.h"
 #include "x11_test.h"
 
 namespace rondora::live {

@@ -4,8 +4,8 @@
 #include <stop_token>
 #include <thread>
 
-#include "platform/linux/x11/xcb_xkb.h"
-#include "platform/linux/x11/xtest_key_poster.h"
+#include "platform/linux/x11/connection/xcb_xkb.h"
+#include "platform/linux/x11/typing/xtest_key_poster.h"
 #include "support/key_logger.h"
 #include "support/wait.h"
 #include "x11_test.h"

@@ -1,4 +1,4 @@
-#include "platform/linux/x11/x11_screens.h"
+#include "platform/linux/x11/overlay/x11_screens.h"
 #include "x11_test.h"
 
 namespace rondora::live {

@@ -1,6 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "actions/action_services.h"
+#include "app/action_services.h"
 #include "doubles/fake_platform.h"
 
 namespace rondora {

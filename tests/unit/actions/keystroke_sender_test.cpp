@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "doubles/fake_platform.h"
+#include "windows/frontmost_app_waiter.h"
 
 namespace rondora {
 namespace {
@@ -18,8 +19,9 @@ class KeystrokeSenderTest : public ::testing::Test {
  protected:
   FakePlatform desktop_;
   FrontmostAppWaiter waiter_{desktop_.workspace, desktop_.time, desktop_.time, desktop_.log};
-  KeystrokeSender sender_{{desktop_.permissions, waiter_, desktop_.keyEvents, desktop_.workspace, desktop_.time,
-                           desktop_.time, desktop_.log}};
+  KeystrokeSender sender_{{desktop_.permissions,
+                           [this](auto pid, WallTime deadline, auto then) { waiter_.poll(pid, deadline, then); },
+                           desktop_.keyEvents, desktop_.workspace, desktop_.time, desktop_.time, desktop_.log}};
 };
 
 TEST_F(KeystrokeSenderTest, PressesHoldsAndReleasesOneKey) {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "pie/sector_geometry.h"
+#include "pie/geometry/sector_geometry.h"
 
 namespace rondora {
 

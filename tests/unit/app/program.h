@@ -7,10 +7,10 @@
 #include <utility>
 #include <vector>
 
-#include "actions/action_services.h"
-#include "actions/sub_actions.h"
+#include "app/action_services.h"
 #include "app/app_delegate.h"
 #include "base/notification_center.h"
+#include "commands/sub_actions.h"
 #include "doubles/fake_platform.h"
 #include "localization/localization_store.h"
 #include "permissions/permissions_monitor.h"

@@ -1,4 +1,4 @@
-#include "input/grabbed_key_router.h"
+#include "input/hotkeys/grabbed_key_router.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "input/hotkey_display.h"
+#include "input/hotkeys/hotkey_display.h"
 
 #include <gtest/gtest.h>
 

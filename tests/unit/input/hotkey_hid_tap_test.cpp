@@ -1,4 +1,4 @@
-#include "input/hotkey_hid_tap.h"
+#include "input/hotkeys/hotkey_hid_tap.h"
 
 #include <gtest/gtest.h>
 

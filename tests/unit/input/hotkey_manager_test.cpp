@@ -1,11 +1,11 @@
-#include "input/hotkey_manager.h"
+#include "input/hotkeys/hotkey_manager.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "doubles/allocation_counter.h"
 #include "doubles/fake_platform.h"
-#include "input/grabbed_key_router.h"
+#include "input/hotkeys/grabbed_key_router.h"
 
 namespace rondora {
 namespace {

@@ -1,4 +1,4 @@
-#include "pie/highlight_fade.h"
+#include "pie/controller/highlight_fade.h"
 
 #include <gtest/gtest.h>
 

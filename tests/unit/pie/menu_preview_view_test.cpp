@@ -1,4 +1,4 @@
-#include "pie/menu_preview_view.h"
+#include "pie/controller/menu_preview_view.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 #include <random>
 
 #include "doubles/fake_devices.h"
-#include "pie/sector_geometry.h"
+#include "pie/geometry/sector_geometry.h"
 
 namespace rondora {
 namespace {

@@ -1,4 +1,4 @@
-#include "pie/preview_place.h"
+#include "pie/controller/preview_place.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "pie/ring_picture.h"
+#include "pie/picture/ring_picture.h"
 
 #include <gtest/gtest.h>
 
@@ -9,11 +9,11 @@
 #include <string_view>
 
 #include "model/palette.h"
-#include "pie/frosted_glass.h"
-#include "pie/opening_animation.h"
-#include "pie/pie_sector_shape.h"
-#include "pie/quick_select.h"
-#include "pie/sector_geometry.h"
+#include "pie/controller/opening_animation.h"
+#include "pie/controller/quick_select.h"
+#include "pie/geometry/pie_sector_shape.h"
+#include "pie/geometry/sector_geometry.h"
+#include "ui/painting/frosted_glass.h"
 
 namespace rondora {
 namespace {

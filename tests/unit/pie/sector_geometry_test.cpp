@@ -1,4 +1,4 @@
-#include "pie/sector_geometry.h"
+#include "pie/geometry/sector_geometry.h"
 
 #include <gtest/gtest.h>
 
@@ -9,8 +9,8 @@
 #include "doubles/fake_devices.h"
 #include "doubles/fake_overlay_panels.h"
 #include "doubles/virtual_time.h"
-#include "pie/mouse_tracking_ns_view.h"
-#include "pie/ring_layout.h"
+#include "pie/controller/mouse_tracking_ns_view.h"
+#include "pie/geometry/ring_layout.h"
 
 namespace rondora {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/linux/x11/modifier_keys.h"
+#include "platform/linux/x11/keyboard/modifier_keys.h"
 
 #include <gtest/gtest.h>
 #include <xkbcommon/xkbcommon.h>

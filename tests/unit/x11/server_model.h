@@ -6,7 +6,7 @@
 #include <map>
 #include <vector>
 
-#include "platform/linux/x11/synthetic_typing.h"
+#include "platform/linux/x11/typing/synthetic_typing.h"
 
 namespace rondora::x11 {
 

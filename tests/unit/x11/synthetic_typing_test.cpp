@@ -1,4 +1,4 @@
-#include "platform/linux/x11/synthetic_typing.h"
+#include "platform/linux/x11/typing/synthetic_typing.h"
 
 #include <gtest/gtest.h>
 

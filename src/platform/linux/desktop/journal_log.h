@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "platform/linux/desktop/file_descriptor.h"
 #include "platform/log.h"
+#include "platform/posix/file_descriptor.h"
 
 namespace rondora::desktop {
 

@@ -6,7 +6,7 @@
 
 #include "base/observable.h"
 #include "platform/instance_channel.h"
-#include "platform/linux/desktop/file_descriptor.h"
+#include "platform/posix/file_descriptor.h"
 #include "platform/process_environment.h"
 
 namespace rondora::desktop {

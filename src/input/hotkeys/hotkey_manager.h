@@ -1,0 +1,94 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <span>
+#include <vector>
+
+#include "base/observable.h"
+#include "base/weak_self.h"
+#include "input/hotkeys/hotkey_hid_tap.h"
+#include "model/hotkey_config.h"
+#include "model/pie_menu.h"
+#include "platform/hotkey_service.h"
+#include "platform/log.h"
+
+namespace rondora {
+
+/// Makes the hotkeys of the menus system-wide triggers and says which menus were triggered. Main thread.
+class HotkeyManager {
+ public:
+  /// Positions in the menus of the last `registerAll`, valid during the call. The callback must not register anew.
+  using MenuIndices = std::span<const std::uint32_t>;
+
+  struct Registration {
+    HotkeyConfig hotkey;
+    std::vector<std::uint32_t> menuIndices;
+    Subscription reference;
+  };
+
+  HotkeyManager(HotkeyService& service, Log& log);
+  ~HotkeyManager();
+  HotkeyManager(const HotkeyManager&) = delete;
+  HotkeyManager& operator=(const HotkeyManager&) = delete;
+
+  std::function<void(MenuIndices)> onHotkeyPressed;
+  std::function<void(MenuIndices)> onHotkeyReleased;
+
+  /// Replaces all registrations by those of `menus`.
+  void registerAll(const std::vector<PieMenu>& menus);
+  void unregisterAll();
+
+  /// Menus whose hotkey could not be registered.
+  const std::vector<int>& failedRegistrationMenuIndices() const { return failedRegistrationMenuIndices_; }
+  /// Null before the first `registerAll`.
+  const HotkeyHIDTap* hidTap() const { return hidTap_.get(); }
+
+  /// The registration of exactly this combination, or null.
+  const Registration* liveRegistration(std::int64_t keyCode, std::int64_t carbonModifiers) const;
+  /// A press of a hot key with this key was reported and its release was not.
+  bool isHeld(std::int64_t keyCode) const;
+  /// For who sees keys that the service does not. A release is reported when the press was and its hot key still is
+  /// live; else the result is false.
+  void reportPress(const Registration& registration);
+  bool reportRelease(std::int64_t keyCode);
+  /// The key went up unnoticed.
+  void forgetHeld(std::int64_t keyCode);
+
+ private:
+  struct HotkeyEntry {
+    int index = 0;
+    HotkeyConfig hotkey;
+  };
+  struct Group {
+    HotkeyConfig hotkey;
+    std::vector<std::uint32_t> menuIndices;
+  };
+
+  void startTap(const std::vector<PieMenu>& menus);
+  static std::vector<HotkeyEntry> collectEntries(const std::vector<PieMenu>& menus);
+  static std::vector<Group> group(const std::vector<HotkeyEntry>& entries);
+  void registerGroup(Group group);
+  std::optional<Subscription> registerEventHotKey(const HotkeyConfig& hotkey, std::uint32_t id);
+  void recordRegistration(bool ok, const HotkeyConfig& hotkey, const std::vector<std::uint32_t>& menuIndices);
+  int handleHotKeyEvent(const HotKeyEvent* event);
+  void pressed(MenuIndices indices) const;
+  void released(MenuIndices indices) const;
+  void markHeld(const HotkeyConfig& hotkey);
+
+  HotkeyService& service_;
+  Log& log_;
+  std::vector<int> failedRegistrationMenuIndices_;
+  /// Live registrations by hot-key id, which is the index of the first menu.
+  std::map<std::uint32_t, Registration> registrations_;
+  /// Hot keys that are down. They outlive their registrations: the key may be held across a new `registerAll`.
+  std::vector<HotkeyConfig> held_;
+  Subscription handler_;
+  std::unique_ptr<HotkeyHIDTap> hidTap_;
+  WeakSelf<HotkeyManager> weakSelf_{this};
+};
+
+}  // namespace rondora

@@ -1,0 +1,60 @@
+#include "pie/controller/mouse_tracking_ns_view.h"
+
+#include "pie/geometry/sector_geometry.h"
+
+namespace rondora {
+
+MouseTrackingNSView::SectorIndex MouseTrackingNSView::hoverSectorIndex(Point at) const {
+  const Point offset = at - center;
+  if (offset.x * offset.x + offset.y * offset.y < innerRadius * innerRadius) {
+    return innerCircleHighlightsFirstSector ? SectorIndex(0) : std::nullopt;
+  }
+  return sectorIndexAt(angleFromFirstEdge(offset, rotationDegrees), sectorCount);
+}
+
+void MouseTrackingNSView::mouseMoved(Point location) {
+  if (onPointerLocationUpdate) onPointerLocationUpdate(location);
+  cursorUpdate(location);
+  hover(hoverSectorIndex(location));
+}
+
+void MouseTrackingNSView::hover(SectorIndex index) {
+  const bool ticks = index && index != lastHoveredSectorIndex_;
+  lastHoveredSectorIndex_ = index;
+  if (ticks && hapticFeedbackEnabled) haptics_.perform(HapticPattern::levelChange);
+  if (onHover) onHover(index);
+}
+
+void MouseTrackingNSView::mouseEntered(Point windowLocation) {
+  if (onPointerLocationUpdate) onPointerLocationUpdate(windowLocation);
+}
+
+void MouseTrackingNSView::mouseExited() {
+  lastHoveredSectorIndex_.reset();
+  // Copies: the first callback may end the view.
+  const auto rest = onPointerLocationUpdate;
+  const Point restingPlace = center;
+  if (onHover) onHover(std::nullopt);
+  if (rest) rest(restingPlace);
+}
+
+void MouseTrackingNSView::cursorUpdate(Point location) {
+  const SectorIndex index = hoverSectorIndex(location);
+  const CursorShape shape = index && *index < items.size() ? CursorShape::pointingHand : CursorShape::arrow;
+  if (cursor_ == shape) return;
+  cursor_ = shape;
+  pointer_.setCursor(shape);
+}
+
+void MouseTrackingNSView::mouseDown(Point location) {
+  const SectorIndex index = hoverSectorIndex(location);
+  if (!index || *index >= items.size()) {
+    if (const auto dismiss = onDismiss) dismiss();
+    return;
+  }
+  const auto select = onSelect;
+  const PieMenuItem item = items[*index];
+  if (select) select(item, *index);
+}
+
+}  // namespace rondora

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "base/display_list.h"
+#include "base/geometry.h"
+
+namespace rondora {
+
+/// The outline of a sector: an annular wedge with rounded corners, held back from its neighbours by half a gap that is
+/// equally wide from hub to rim. Lengths are points, angles as in pie/geometry/sector_geometry.h.
+struct PieSectorShape {
+  Point center;
+  double innerRadius = 0;
+  double outerRadius = 0;
+  double startAngle = 0;
+  double endAngle = 0;
+  double gap = 0;
+  double outerCornerRadius = 0;
+  double innerCornerRadius = 0;
+
+  /// Half of `gap`, less where the wedge is too narrow for it.
+  double halfGap() const;
+  /// A wedge of a whole turn is a closed ring without gap and corners.
+  Path path() const;
+
+ private:
+  Path ring() const;
+};
+
+}  // namespace rondora

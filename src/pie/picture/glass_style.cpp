@@ -1,0 +1,39 @@
+#include "pie/picture/glass_style.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace rondora {
+namespace {
+
+constexpr Color kSmoke{0.11, 0.115, 0.14, 1};
+
+GlassStyle regularGlass() {
+  GlassStyle style;
+  style.backdrop = {26, 1.7, 0.40, kSmoke.withAlpha(0.42), kSmoke.withAlpha(0.78)};
+  style.upperEdge = 0.42;
+  style.lowerEdge = 0.12;
+  return style;
+}
+
+GlassStyle clearGlass() {
+  GlassStyle style;
+  style.backdrop = {7, 1.35, 0.48, kSmoke.withAlpha(0.15), kSmoke.withAlpha(0.62)};
+  style.upperEdge = 0.70;
+  style.lowerEdge = 0.26;
+  return style;
+}
+
+}  // namespace
+
+GlassStyle GlassStyle::of(const LiquidGlassSettings& settings) {
+  GlassStyle style = settings.variant == LiquidGlassVariant::clear ? clearGlass() : regularGlass();
+  const double opacity = std::isfinite(settings.tintOpacity) ? std::clamp(settings.tintOpacity, 0.0, 1.0) : 0.07;
+  // Small opacities are what menus use, and they have to differ to the eye. 0 is none and 1 is all.
+  const double tint = std::pow(opacity, 0.4);
+  style.tintAtHub = tint * (0.7 + 0.3 * tint);
+  style.tintAtRim = tint * (2 - tint);
+  return style;
+}
+
+}  // namespace rondora

@@ -1,0 +1,84 @@
+#include "pie/picture/hub_picture.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+#include <utility>
+
+#include "pie/picture/cat_figure.h"
+
+namespace rondora {
+namespace {
+
+constexpr Color kTitle{1, 1, 1, 0.97};
+constexpr double kSmallestRadiusForBoth = 48;  // points, before scaling
+
+double bounded(double value, double fallback, double lowest, double highest) {
+  return std::clamp(std::isfinite(value) ? value : fallback, lowest, highest);
+}
+
+}  // namespace
+
+HubPainter::HubPainter(const PieMenu& menu, const RingLayout& layout, const std::optional<std::string>& application)
+    : menu_(menu), layout_(layout), application_(application), radius_(layout.hubRadius()) {}
+
+PictureLayer HubPainter::layer() const { return {squareAround(layout_.center(), std::ceil(radius_)), {}}; }
+
+PictureLayer HubPainter::figureLayer() const {
+  PictureLayer result = layer();
+  result.states.resize(2);
+  if (!hasFigure()) return result;
+  appendFigure(result.states[0], {layout_.center(), figureHalfSide()}, true);
+  if (hasRoomForBoth()) appendFigure(result.states[1], figureAboveTitle(), false);
+  return result;
+}
+
+PictureLayer HubPainter::titleLayer(const std::vector<std::string>& titles) const {
+  PictureLayer result = layer();
+  result.states.resize(titles.size() + 1);
+  const bool catLooks = hasRoomForBoth() && !application_;
+  const Figure cat = figureAboveTitle();
+  for (std::size_t i = 0; i < titles.size(); ++i) {
+    DisplayList& list = result.states[i + 1];
+    if (catLooks) appendCatPupils(list, cat.center, cat.halfSide, layout_.sectorMiddle(i));
+    list.push_back(title(titles[i]));
+  }
+  return result;
+}
+
+bool HubPainter::hasRoomForBoth() const { return hasFigure() && radius_ >= kSmallestRadiusForBoth * layout_.scale; }
+
+/// An application's icon is measured by the hub's width, the cat by the largest square in the hub.
+double HubPainter::figureHalfSide() const {
+  const PieMenu defaults;
+  if (application_) return radius_ * bounded(menu_.centerAppIconScale, defaults.centerAppIconScale, 0.3, 0.7);
+  return radius_ / std::numbers::sqrt2 * bounded(menu_.centerCatScale, defaults.centerCatScale, 0.45, 1.2);
+}
+
+HubPainter::Figure HubPainter::figureAboveTitle() const {
+  const Point center = layout_.center();
+  return {{center.x, center.y - 0.40 * radius_}, std::min(0.62 * figureHalfSide(), 0.36 * radius_)};
+}
+
+void HubPainter::appendFigure(DisplayList& list, const Figure& figure, bool isAlone) const {
+  if (application_) {
+    const Rect rect = squareAround(figure.center, figure.halfSide);
+    list.push_back(IconCommand{IconKind::application, *application_, rect, kTitle});
+  } else {
+    appendCat(list, figure.center, figure.halfSide, isAlone ? CatMood::asleep : CatMood::awake);
+  }
+}
+
+TextCommand HubPainter::title(const std::string& text) const {
+  const bool isBelow = hasRoomForBoth();
+  const double top = isBelow ? 0.02 : -0.5;
+  const double bottom = isBelow ? 0.62 : 0.5;
+  const double halfWidth = isBelow ? 0.78 : 0.82;
+  const Point center = layout_.center();
+  const Rect rect{{center.x - halfWidth * radius_, center.y + top * radius_},
+                  {2 * halfWidth * radius_, (bottom - top) * radius_}};
+  const double pointSize = std::min((isBelow ? 15 : 16) * layout_.scale, radius_ * 0.235);
+  return {text, rect, pointSize, FontWeight::semibold, TextAlignment::center, isBelow ? 2 : 3, kTitle};
+}
+
+}  // namespace rondora

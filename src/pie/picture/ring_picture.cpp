@@ -1,0 +1,38 @@
+#include "pie/picture/ring_picture.h"
+
+#include "pie/controller/quick_select.h"
+#include "pie/picture/glass_style.h"
+#include "pie/picture/hub_picture.h"
+#include "pie/picture/ring_glass.h"
+#include "pie/picture/sector_picture.h"
+
+namespace rondora {
+namespace {
+
+/// A sector beyond the list of labels shows its default one.
+std::optional<std::string> labelOf(const RingContents& contents, std::size_t index) {
+  if (index < contents.labels.size()) return contents.labels[index];
+  const auto label = defaultShortcutLabel(index);
+  return label ? std::optional(std::string(*label)) : std::nullopt;
+}
+
+}  // namespace
+
+Picture makeRingPicture(const PieMenu& menu, const RingLayout& layout, const RingContents& contents) {
+  const GlassStyle glass = GlassStyle::of(menu.liquidGlass);
+  Picture picture;
+  picture.size = {2 * layout.halfSide(), 2 * layout.halfSide()};
+  picture.anchor = layout.center();
+  picture.layers.reserve(contents.items.size() + 3);
+  picture.layers.push_back(ringGlassLayer(layout, glass, contents.items.size()));
+  const SectorPainter painter(menu, layout, glass);
+  for (std::size_t i = 0; i < contents.items.size(); ++i) {
+    picture.layers.push_back(painter.layer(i, contents.items[i], contents.titles[i], labelOf(contents, i)));
+  }
+  const HubPainter hub(menu, layout, contents.application);
+  picture.layers.push_back(hub.figureLayer());
+  picture.layers.push_back(hub.titleLayer(contents.titles));
+  return picture;
+}
+
+}  // namespace rondora

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "base/display_list.h"
+#include "model/pie_menu.h"
+#include "model/pie_menu_item.h"
+#include "pie/geometry/ring_layout.h"
+
+// The ring as a picture: the glass, one layer a sector in two states, and what the hub shows.
+
+namespace rondora {
+
+struct RingContents {
+  const std::vector<PieMenuItem>& items;
+  /// What the hub shows for each item; as many as there are items.
+  const std::vector<std::string>& titles;
+  const std::vector<std::optional<std::string>>& labels;
+  /// The application that the menu is about, whose icon stands in the hub.
+  std::optional<std::string> application = std::nullopt;
+};
+
+Picture makeRingPicture(const PieMenu& menu, const RingLayout& layout, const RingContents& contents);
+
+namespace ring_layers {
+inline constexpr std::size_t kBackdrop = 0;
+constexpr std::size_t sector(std::size_t index) { return index + 1; }
+constexpr std::size_t figure(std::size_t itemCount) { return itemCount + 1; }
+constexpr std::size_t title(std::size_t itemCount) { return itemCount + 2; }
+
+inline constexpr double kNormal = 0;
+inline constexpr double kHighlighted = 1;
+/// The hub's figure stands alone, or makes room for a title.
+constexpr double figureState(std::optional<std::size_t> highlighted) { return highlighted ? 1 : 0; }
+/// The title layer's state for the highlighted item, state 0 being empty.
+constexpr double titleState(std::optional<std::size_t> highlighted) {
+  return highlighted ? static_cast<double>(*highlighted) + 1 : 0;
+}
+}  // namespace ring_layers
+
+}  // namespace rondora

@@ -1,0 +1,176 @@
+#include "pie/picture/sector_contents.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+#include "base/unicode.h"
+#include "pie/geometry/pie_sector_shape.h"
+#include "pie/geometry/sector_geometry.h"
+
+namespace rondora {
+namespace {
+
+constexpr double kRadiusPerPointSize = 0.55;  // of the disc that a single character needs
+constexpr double kIconCorners = 1.16;         // a square icon reaches beyond its inscribed disc
+constexpr double kSmallestIconRadius = 3;     // points; below that nothing can be recognised
+constexpr double kSmallestLabelRadius = 3.3;
+constexpr double kSmallestPawRadius = 5;
+constexpr double kArmPerPaw = 0.7;  // half the arm's width
+
+double bounded(double value, double fallback, double lowest, double highest) {
+  return std::clamp(std::isfinite(value) ? value : fallback, lowest, highest);
+}
+
+double halfGapOf(const RingLayout& layout) {
+  PieSectorShape shape;
+  shape.innerRadius = layout.innerRadius;
+  shape.startAngle = layout.sectorStart(0);
+  shape.endAngle = layout.sectorEnd(0);
+  shape.gap = SectorContents::gap(layout);
+  return shape.halfGap();
+}
+
+}  // namespace
+
+double SectorContents::gap(const RingLayout& layout) { return 4 * layout.scale; }
+
+SectorContents::SectorContents(const PieMenu& menu, const RingLayout& layout)
+    : layout_(layout),
+      halfWidth_(sectorWidth(layout.sectorCount) / 2),
+      padding_(std::min(3 * layout.scale, 0.06 * layout.ringWidth())),
+      halfGap_(halfGapOf(layout)),
+      labelUnit_(std::min(layout.ringWidth(), 90 * layout.scale)),
+      labelRadius_(kRadiusPerPointSize * labelUnit_ * bounded(menu.shortcutDigitSizeScale, 0.23, 0.1, 0.6)),
+      icon_(fittingIcon(menu, layout.outerRadius)),
+      paw_(pawPlace(menu)) {
+  if (!placeInCorners(menu)) stack(menu);
+}
+
+/// The radius of the largest disc with its centre there that keeps clear of the sector's edges.
+double SectorContents::roomAt(double distance, double rim) const {
+  const double toEdge = distance * std::sin(std::min(halfWidth_, std::numbers::pi / 2)) - halfGap_;
+  return std::min({toEdge, rim - distance, distance - layout_.innerRadius}) - padding_;
+}
+
+SectorContents::Disc SectorContents::fittingIcon(const PieMenu& menu, double rim) const {
+  const PieMenu defaults;
+  const double wanted = bounded(menu.iconSize, defaults.iconSize, 0, 1e6) * layout_.scale / 2;
+  const double place = bounded(menu.iconDistance, defaults.iconDistance, 0, 1);
+  const double wantedDistance = layout_.innerRadius + layout_.ringWidth() * place;
+  constexpr int kSteps = 64;
+  constexpr double kPullToWantedPlace = 0.02;
+  Disc best{wantedDistance, std::min(wanted, roomAt(wantedDistance, rim) / kIconCorners)};
+  double bestScore = best.radius;
+  for (int step = 0; step <= kSteps; ++step) {
+    const double distance = layout_.innerRadius + (rim - layout_.innerRadius) * step / kSteps;
+    const double radius = std::min(wanted, roomAt(distance, rim) / kIconCorners);
+    const double score = radius - kPullToWantedPlace * std::abs(distance - wantedDistance);
+    if (score <= bestScore) continue;
+    best = {distance, radius};
+    bestScore = score;
+  }
+  return best;
+}
+
+SectorContents::Disc SectorContents::pawPlace(const PieMenu& menu) const {
+  const PieMenu defaults;
+  const double size = bounded(menu.pawSizeScale, defaults.pawSizeScale, 0.35, 0.95);
+  const double inset = bounded(menu.pawRadialInset, defaults.pawRadialInset, 0.05, 0.95);
+  const double distance = layout_.outerRadius - inset * layout_.ringWidth();
+  const double toEdge = distance * std::sin(std::min(halfWidth_, std::numbers::pi / 2)) - halfGap_ - padding_;
+  return {distance, std::min(size * layout_.ringWidth() / 2, toEdge)};
+}
+
+/// From the corner towards the wanted place, as far as nothing is in the way.
+std::optional<SectorContents::CornerPlace> SectorContents::cornerPlace(double inset, double radius) const {
+  constexpr int kSteps = 32;
+  std::optional<CornerPlace> place;
+  for (int step = 0; step <= kSteps; ++step) {
+    const double wanted = inset * step / kSteps;
+    const double fromRim = std::max(wanted, radius + padding_);
+    const double fromEdge = std::max(wanted, radius + padding_ + halfGap_);
+    const double distance = layout_.outerRadius - fromRim;
+    if (distance - radius - padding_ < layout_.innerRadius || fromEdge >= distance) break;
+    const CornerPlace next{{distance, radius}, std::asin(fromEdge / distance)};
+    if (!leavesIconFree(next)) break;
+    place = next;
+  }
+  return place;
+}
+
+bool SectorContents::leavesIconFree(const CornerPlace& place) const {
+  const double angle = halfWidth_ - place.angleFromEdge;
+  if (angle < 0) return false;
+  const double a = place.disc.distance;
+  const double b = icon_.distance;
+  const double apart = std::sqrt(std::max(0.0, a * a + b * b - 2 * a * b * std::cos(angle)));
+  return apart >= kIconCorners * icon_.radius + place.disc.radius;
+}
+
+/// As large as wanted, or as there is room, but no smaller than the label of a stack.
+bool SectorContents::placeInCorners(const PieMenu& menu) {
+  constexpr double kStep = 0.95;
+  const double leftInset = bounded(menu.shortcutDigitInsetLeftScale, 0.29, 0.05, 0.9) * labelUnit_;
+  const double rightInset = bounded(menu.shortcutDigitInsetRightScale, 0.35, 0.05, 0.9) * labelUnit_;
+  constexpr double kSmallest = 1;  // points
+  const double smallest = std::max(stackedLabelRadius(), kSmallest);
+  double radius = labelRadius_;
+  while (radius >= smallest) {
+    left_ = cornerPlace(leftInset, radius);
+    right_ = cornerPlace(rightInset, radius);
+    if (left_ && right_) {
+      labelRadius_ = radius;
+      return true;
+    }
+    radius *= kStep;
+  }
+  return false;
+}
+
+double SectorContents::stackedLabelRadius() const {
+  const double rim = layout_.outerRadius;
+  const double room = roomAt(rim - labelRadius_ - padding_, rim + padding_);
+  return std::min({labelRadius_, std::max(room, 0.0), 0.16 * layout_.ringWidth()});
+}
+
+/// Label at the rim, icon between it and the hub.
+void SectorContents::stack(const PieMenu& menu) {
+  const double rim = layout_.outerRadius;
+  labelRadius_ = stackedLabelRadius();
+  const double distance = rim - labelRadius_ - padding_;
+  left_ = right_ = CornerPlace{{distance, labelRadius_}, halfWidth_};
+  icon_ = fittingIcon(menu, labelRadius_ >= kSmallestLabelRadius ? distance - labelRadius_ : rim);
+}
+
+Point SectorContents::pointAt(double distance, double angle) const {
+  return {layout_.halfSide() + distance * std::cos(angle), layout_.halfSide() + distance * std::sin(angle)};
+}
+
+std::optional<Rect> SectorContents::iconRect(std::size_t index) const {
+  if (icon_.radius < kSmallestIconRadius) return std::nullopt;
+  return squareAround(pointAt(icon_.distance, layout_.sectorMiddle(index)), icon_.radius);
+}
+
+std::optional<SectorContents::Paw> SectorContents::paw(std::size_t index) const {
+  if (paw_.radius < kSmallestPawRadius) return std::nullopt;
+  const double armEnd = layout_.innerRadius + padding_;
+  const double roomForArm = armEnd * std::sin(std::min(halfWidth_, std::numbers::pi / 2)) - halfGap_ - padding_;
+  const bool isWhole = paw_.distance + paw_.radius < layout_.outerRadius && paw_.distance > armEnd &&
+                       kArmPerPaw * paw_.radius < roomForArm;
+  return Paw{pointAt(paw_.distance, layout_.sectorMiddle(index)), paw_.radius, isWhole};
+}
+
+std::optional<SectorContents::Label> SectorContents::label(std::size_t index, std::string_view text) const {
+  if (labelRadius_ < kSmallestLabelRadius || text.empty()) return std::nullopt;
+  const bool leftHalf = std::cos(layout_.sectorMiddle(index)) < -1e-9;
+  const CornerPlace& place = leftHalf ? *left_ : *right_;
+  // The upper of the outer corners: clockwise, the right half goes down and the left half up.
+  const double angle =
+      leftHalf ? layout_.sectorEnd(index) - place.angleFromEdge : layout_.sectorStart(index) + place.angleFromEdge;
+  const double characters = static_cast<double>(std::max<std::size_t>(scalarCount(text), 1));
+  return Label{squareAround(pointAt(place.disc.distance, angle), labelRadius_),
+               labelRadius_ / kRadiusPerPointSize / std::min(characters, 6.0)};
+}
+
+}  // namespace rondora

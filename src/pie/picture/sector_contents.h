@@ -1,0 +1,78 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string_view>
+
+#include "base/geometry.h"
+#include "model/pie_menu.h"
+#include "pie/geometry/ring_layout.h"
+
+namespace rondora {
+
+/// Where icon and quick-select label of a sector lie. Both stand upright, whatever the sector's direction.
+///
+/// The icon's centre lies on the sector's middle line, at `iconDistance` between hub (0) and rim (1), its side is
+/// `iconSize`; both give way where the sector is too small. The label's size is `shortcutDigitSizeScale` of the ring's
+/// width, at most of 90 points. Its centre lies in the sector's upper outer corner, from the corner's two edges as far
+/// as the inset scale of its half of the ring (left or right) says, relative to the same width. It is nearer, and
+/// smaller, where it would touch the icon; in sectors too narrow for both side by side it lies between icon and rim.
+/// The paw is `pawSizeScale` of the ring's width across, less where the sector is narrower, and its centre lies
+/// `pawRadialInset` of that width inside the rim.
+class SectorContents {
+ public:
+  SectorContents(const PieMenu& menu, const RingLayout& layout);
+
+  /// Nothing when there is no room.
+  std::optional<Rect> iconRect(std::size_t index) const;
+  struct Label {
+    Rect rect;
+    double pointSize = 0;
+  };
+  std::optional<Label> label(std::size_t index, std::string_view text) const;
+
+  struct Paw {
+    Point center;
+    double radius = 0;
+    /// Lies inside the sector with all of its arm.
+    bool isWhole = false;
+  };
+  /// Nothing when there is no room to recognise it.
+  std::optional<Paw> paw(std::size_t index) const;
+
+  /// The space between sectors.
+  static double gap(const RingLayout& layout);
+
+ private:
+  struct Disc {
+    double distance = 0;  // of its centre from the ring's
+    double radius = 0;
+  };
+  struct CornerPlace {
+    Disc disc;
+    double angleFromEdge = 0;
+  };
+
+  double roomAt(double distance, double rim) const;
+  Disc pawPlace(const PieMenu& menu) const;
+  Disc fittingIcon(const PieMenu& menu, double rim) const;
+  bool placeInCorners(const PieMenu& menu);
+  std::optional<CornerPlace> cornerPlace(double inset, double radius) const;
+  bool leavesIconFree(const CornerPlace& place) const;
+  double stackedLabelRadius() const;
+  void stack(const PieMenu& menu);
+  Point pointAt(double distance, double angle) const;
+
+  RingLayout layout_;
+  double halfWidth_;  // of a sector, radians
+  double padding_;
+  double halfGap_;
+  double labelUnit_;  // what the label's scales refer to
+  double labelRadius_;
+  Disc icon_;
+  Disc paw_;
+  std::optional<CornerPlace> left_;
+  std::optional<CornerPlace> right_;
+};
+
+}  // namespace rondora

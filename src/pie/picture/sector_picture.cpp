@@ -1,0 +1,133 @@
+#include "pie/picture/sector_picture.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "base/unicode.h"
+#include "icons/icon_reference.h"
+#include "pie/picture/cat_figure.h"
+#include "pie/picture/ring_glass.h"
+
+namespace rondora {
+namespace {
+
+constexpr Color kWhite{1, 1, 1, 1};
+constexpr Color kInk{0.09, 0.09, 0.11, 1};
+/// About what the glass is like where nobody knows what lies beneath.
+constexpr Color kDarkGlass{0.16, 0.165, 0.18, 1};
+
+double luminance(Color color) { return 0.2126 * color.red + 0.7152 * color.green + 0.0722 * color.blue; }
+
+Color itemColor(const PieMenuItem& item) {
+  return Color::fromHex(item.color).value_or(Color::fromHex(kDefaultItemColor).value_or(kWhite));
+}
+
+/// White as long as it can be read, for it looks lighter; WCAG 2.1 asks 3 of graphics and of large text.
+Color inkOn(Color background) {
+  constexpr double kReadable = 3.1;
+  return contrast(kWhite, background) >= kReadable ? kWhite : kInk;
+}
+
+/// Glass in that colour: deeper, light colours most, so that white stands out on all of them.
+Color stainOf(Color color) {
+  constexpr double kDepth = 1.5;
+  constexpr double kLightest = 0.50;
+  const auto deeper = [](double component) { return std::pow(component, kDepth); };
+  const Color deep{deeper(color.red), deeper(color.green), deeper(color.blue), 1};
+  const double excess = luminance(deep) / kLightest;
+  return excess <= 1 ? deep : mix({0, 0, 0, 1}, deep, 1 / excess);
+}
+
+double labelOpacity(const PieMenu& menu) {
+  const PieMenu defaults;
+  return std::isfinite(menu.shortcutDigitOpacity) ? std::clamp(menu.shortcutDigitOpacity, 0.1, 1.0)
+                                                  : defaults.shortcutDigitOpacity;
+}
+
+}  // namespace
+
+SectorPainter::SectorPainter(const PieMenu& menu, const RingLayout& layout, const GlassStyle& glass)
+    : menu_(menu),
+      layout_(layout),
+      glass_(glass),
+      contents_(menu, layout),
+      labelColor_(Color::fromHex(menu.shortcutDigitColorHex)) {}
+
+PictureLayer SectorPainter::layer(std::size_t index, const PieMenuItem& item, const std::string& title,
+                                  const std::optional<std::string>& label) const {
+  PictureLayer layer;
+  for (const Look look : {Look::normal, Look::highlighted}) {
+    const Colors colored = colors(item, look);
+    DisplayList list;
+    appendBody(list, index, colored, look);
+    if (look == Look::highlighted && menu_.pawDecorationEnabled) appendPaw(list, index, colored);
+    if (label) appendLabel(list, index, colored, *label, look);
+    appendIcon(list, index, item, title, colored);
+    layer.states.push_back(std::move(list));
+  }
+  layer.bounds = boundsOf(layer.states);
+  return layer;
+}
+
+SectorPainter::Colors SectorPainter::colors(const PieMenuItem& item, Look look) const {
+  const Color color = itemColor(item);
+  const double opacity = labelOpacity(menu_);
+  if (look == Look::highlighted) {
+    const Color atHub = mix(color, kInk, 0.10);
+    const Color atRim = mix(color, kWhite, 0.12);
+    return {atHub.withAlpha(0.97), atRim.withAlpha(0.985), inkOn(mix(atHub, atRim, 0.5)),
+            std::clamp(opacity * 2.4, 0.6, 1.0)};
+  }
+  const Color stain = stainOf(color);
+  const Color middle = mix(kDarkGlass, stain, (glass_.tintAtHub + glass_.tintAtRim) / 2);
+  return {stain.withAlpha(glass_.tintAtHub), stain.withAlpha(glass_.tintAtRim), inkOn(middle), opacity};
+}
+
+void SectorPainter::appendBody(DisplayList& list, std::size_t index, const Colors& colors, Look look) const {
+  const bool isHighlighted = look == Look::highlighted;
+  const double growth = isHighlighted ? layout_.highlightGrowth() : 0;
+  const double line = isHighlighted ? std::clamp(1.5 * layout_.scale, 1.0, 3.0) : layout_.hairline();
+  const Path outline = sectorShape(layout_, index, growth, 0).path();
+  const Path inside = sectorShape(layout_, index, growth, line).path();
+  list.push_back(FillCommand{outline, acrossRing(layout_, layout_.outerRadius + growth, colors.atHub, colors.atRim)});
+  const Paint light =
+      isHighlighted ? edgeLight(layout_, 0.95, 0.55) : edgeLight(layout_, glass_.upperEdge, glass_.lowerEdge);
+  list.push_back(FillCommand{between(outline, inside), light});
+}
+
+void SectorPainter::appendPaw(DisplayList& list, std::size_t index, const Colors& colors) const {
+  const auto paw = contents_.paw(index);
+  if (!paw) return;
+  const Point fromHub = paw->center - layout_.center();
+  const double armLength = std::hypot(fromHub.x, fromHub.y) - layout_.innerRadius + 1;
+  Path clip;
+  if (!paw->isWhole) clip = sectorShape(layout_, index, layout_.highlightGrowth(), layout_.hairline()).path();
+  list.push_back(FillCommand{catPaw(paw->center, paw->radius, layout_.sectorMiddle(index), armLength),
+                             SolidPaint{colors.ink.withAlpha(0.24)}, std::move(clip)});
+}
+
+void SectorPainter::appendIcon(DisplayList& list, std::size_t index, const PieMenuItem& item, const std::string& title,
+                               const Colors& colors) const {
+  const std::optional<Rect> rect = contents_.iconRect(index);
+  if (!rect) return;
+  const Color tint = item.iconColor ? Color::fromHex(*item.iconColor).value_or(colors.ink) : colors.ink;
+  IconReference icon = IconReference::of(item);
+  if (icon.kind != IconKind::none) {
+    list.push_back(IconCommand{icon.kind, std::move(icon.name), *rect, tint});
+  } else if (!title.empty()) {
+    list.push_back(TextCommand{std::string(firstCharacter(title)), *rect, rect->size.height * 0.72,
+                               FontWeight::semibold, TextAlignment::center, 1, tint});
+  }
+}
+
+void SectorPainter::appendLabel(DisplayList& list, std::size_t index, const Colors& colors, const std::string& text,
+                                Look look) const {
+  const auto label = contents_.label(index, text);
+  if (!label) return;
+  const Color color = look == Look::normal ? labelColor_.value_or(kWhite) : colors.ink;
+  list.push_back(TextCommand{text, label->rect, label->pointSize, FontWeight::semibold, TextAlignment::center, 1,
+                             color.withAlpha(colors.labelOpacity)});
+}
+
+}  // namespace rondora

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+
+#include "base/color.h"
+#include "base/display_list.h"
+#include "model/pie_menu.h"
+#include "pie/geometry/ring_layout.h"
+#include "pie/picture/glass_style.h"
+#include "pie/picture/sector_contents.h"
+
+namespace rondora {
+
+/// Draws the sectors of one ring, each as a layer with the states of `ring_layers`: tinted glass with icon and label;
+/// highlighted it is larger, filled with the item's colour, and the cat's paw reaches for it. What it is given outlives
+/// it.
+class SectorPainter {
+ public:
+  SectorPainter(const PieMenu& menu, const RingLayout& layout, const GlassStyle& glass);
+
+  PictureLayer layer(std::size_t index, const PieMenuItem& item, const std::string& title,
+                     const std::optional<std::string>& label) const;
+
+ private:
+  enum class Look { normal, highlighted };
+  /// How one sector is coloured in one look.
+  struct Colors {
+    Color atHub;
+    Color atRim;
+    /// What can be read on it.
+    Color ink;
+    double labelOpacity = 1;
+  };
+
+  Colors colors(const PieMenuItem& item, Look look) const;
+  void appendBody(DisplayList& list, std::size_t index, const Colors& colors, Look look) const;
+  void appendPaw(DisplayList& list, std::size_t index, const Colors& colors) const;
+  void appendIcon(DisplayList& list, std::size_t index, const PieMenuItem& item, const std::string& title,
+                  const Colors& colors) const;
+  void appendLabel(DisplayList& list, std::size_t index, const Colors& colors, const std::string& text,
+                   Look look) const;
+
+  const PieMenu& menu_;
+  const RingLayout& layout_;
+  const GlassStyle& glass_;
+  SectorContents contents_;
+  std::optional<Color> labelColor_;
+};
+
+}  // namespace rondora

@@ -1,0 +1,79 @@
+#pragma once
+
+#include <xcb/xcb.h>
+
+#include <cstdint>
+#include <cstdlib>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/observable.h"
+#include "base/owned.h"
+#include "platform/linux/x11/connection/callback_list.h"
+
+namespace rondora::x11 {
+
+template <class T>
+using Reply = UniqueCPtr<T, std::free>;
+
+/// The X connection that the toolkit and all our backends share: the server treats hot keys, grabs and the overlay as
+/// one client's, so that none of them locks the others out. Does not own the connection. Main thread.
+class XConnection {
+ public:
+  /// Returns true when it consumed the event, which then reaches neither later handlers nor the toolkit.
+  using EventHandler = CallbackList<const xcb_generic_event_t&>::Callback;
+
+  /// `pixelsPerPoint` is the scale that the user's desktop asks for, 1 or more in steps of any size.
+  XConnection(xcb_connection_t* connection, int screenNumber, double pixelsPerPoint);
+
+  xcb_connection_t* get() const { return connection_; }
+  const xcb_screen_t& screen() const { return *screen_; }
+  xcb_window_t root() const { return screen_->root; }
+  double pixelsPerPoint() const { return pixelsPerPoint_; }
+  void flush() const { xcb_flush(connection_); }
+
+  /// The atom of that name, made when it is new; asks the server once a name.
+  xcb_atom_t atom(std::string_view name) const;
+  /// Asks for several atoms in one round trip.
+  void internAtoms(const std::vector<std::string_view>& names) const;
+
+  /// Every event of the connection is shown to the handlers in the order in which they came.
+  [[nodiscard]] Subscription addEventHandler(EventHandler handler);
+  /// Called by the toolkit's event loop for every event before it looks at it itself.
+  bool dispatch(const xcb_generic_event_t& event);
+
+  /// Adds to what the connection is told about the root window, keeping what the toolkit selected.
+  void selectRootEvents(std::uint32_t eventMask);
+  /// As selectRootEvents, until the result ends, which it does before the connection. Asks the server only the first
+  /// time.
+  [[nodiscard]] Subscription selectRootEventsMeanwhile(std::uint32_t eventMask);
+
+  /// The server time of the last event that carried one, for requests that must name the event that caused them.
+  xcb_timestamp_t lastEventTime() const { return lastEventTime_; }
+
+  /// The property's value as a whole; nothing when it is missing or of another type (XCB_ATOM_ANY accepts all).
+  std::optional<std::vector<std::uint8_t>> property(xcb_window_t window, xcb_atom_t name, xcb_atom_t type) const;
+  /// A list of 32-bit values (windows, atoms, cardinals); empty when missing.
+  std::vector<std::uint32_t> property32(xcb_window_t window, xcb_atom_t name, xcb_atom_t type) const;
+  /// Sends a client message of format 32 to the root window, as window managers expect it.
+  void sendToRoot(xcb_window_t window, xcb_atom_t type, const std::uint32_t (&data)[5]) const;
+
+ private:
+  void noteTime(const xcb_generic_event_t& event);
+  std::uint32_t& rootEventMask();
+  void applyRootEventMask();
+
+  xcb_connection_t* connection_;
+  xcb_screen_t* screen_;
+  double pixelsPerPoint_;
+  xcb_timestamp_t lastEventTime_ = XCB_CURRENT_TIME;
+  mutable std::map<std::string, xcb_atom_t, std::less<>> atoms_;
+  std::optional<std::uint32_t> rootEventMask_;
+  std::vector<std::uint32_t> meanwhileMasks_;
+  CallbackList<const xcb_generic_event_t&> handlers_;
+};
+
+}  // namespace rondora::x11

@@ -1,0 +1,40 @@
+#include "platform/linux/x11/keyboard/x11_event_monitors.h"
+
+#include <utility>
+
+#include "platform/linux/x11/keyboard/key_codes.h"
+
+namespace rondora::x11 {
+
+X11EventMonitors::X11EventMonitors(XKeymap& keymap, XKeyboard& keyboard) : keymap_(keymap) {
+  keyObserver_ = keyboard.addKeyObserver([this](const XKey& key) {
+    handleKey(key);
+    return false;
+  });
+  modifierObserver_ = keymap.onHeldModifiersChanged([this](std::uint8_t held, xcb_keycode_t key) {
+    handleHeldModifiers(held, key);
+    return false;
+  });
+}
+
+Subscription X11EventMonitors::addLocalMonitor(std::uint32_t eventMask, Handler handler) {
+  return (eventMask == kFlagsChangedMask ? flagsMonitors_ : keyMonitors_).add(std::move(handler));
+}
+
+// A modifier key changes the flags and is no key-down of its own.
+void X11EventMonitors::handleKey(const XKey& key) {
+  if (!key.isForOverlay || keyMonitors_.isEmpty() || keymap_.isModifierKey(key.code)) return;
+  const KeyEventType type = key.direction == KeyDirection::down ? KeyEventType::keyDown : KeyEventType::keyUp;
+  keyMonitors_.offer(keymap_.keyEvent(type, key.code, key.state, key.isRepeat));
+}
+
+void X11EventMonitors::handleHeldModifiers(std::uint8_t held, xcb_keycode_t key) {
+  if (flagsMonitors_.isEmpty()) return;
+  KeyEvent event;
+  event.type = KeyEventType::flagsChanged;
+  event.keyCode = virtualKeyCode(key);
+  event.modifierFlags = keymap_.eventFlags(held);
+  flagsMonitors_.offer(event);
+}
+
+}  // namespace rondora::x11

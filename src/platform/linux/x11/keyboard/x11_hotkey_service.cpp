@@ -1,0 +1,165 @@
+#include "platform/linux/x11/keyboard/x11_hotkey_service.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/linux/x11/keyboard/key_codes.h"
+
+namespace rondora::x11 {
+namespace {
+
+constexpr std::uint16_t kAllModifiers = 0xFF;
+
+bool existsHere(const XConnection& connection, xcb_keycode_t key) {
+  const xcb_setup_t* setup = xcb_get_setup(connection.get());
+  return key >= setup->min_keycode && key <= setup->max_keycode;
+}
+
+}  // namespace
+
+X11HotkeyService::X11HotkeyService(XConnection& connection, XKeymap& keymap, XKeyboard& keyboard)
+    : connection_(connection), keymap_(keymap), grabbedMasks_(keymap.masks()) {
+  keyObserver_ = keyboard.addKeyObserver([this](const XKey& key) {
+    handleKey(key);
+    return false;
+  });
+  keymapObserver_ = keymap.onChanged([this] { followKeymap(); });
+}
+
+X11HotkeyService::~X11HotkeyService() {
+  for (const Registration& registration : registrations_) {
+    if (registration.xModifiers) ungrab({registration.key, *registration.xModifiers});
+  }
+  connection_.flush();
+}
+
+std::optional<Subscription> X11HotkeyService::registerEventHotKey(std::uint32_t keyCode, std::uint32_t carbonModifiers,
+                                                                  EventHotKeyID id) {
+  const auto key = xKeyCode(keyCode);
+  const auto modifiers = keymap_.xModifiers(carbonModifiers);
+  if (!key || !modifiers || !existsHere(connection_, *key)) return std::nullopt;
+  const Combination combination{*key, *modifiers};
+  if (!isNeeded(combination) && !grab(combination)) return std::nullopt;
+  registrations_.push_back({++lastNumber_, *key, carbonModifiers, id, modifiers});
+  return Subscription(weakSelf_.bind([number = lastNumber_](X11HotkeyService& self) { self.unregister(number); }));
+}
+
+Subscription X11HotkeyService::onModifiersMoved(std::function<void()> observer) {
+  return modifiersMoved_.subscribe(std::move(observer));
+}
+
+Subscription X11HotkeyService::installEventHandler(Handler handler) {
+  return handlers_.add([handler = std::move(handler)](const HotKeyEvent* event) {
+    handler(event);
+    return false;
+  });
+}
+
+// All variants are asked for before the first answer is awaited: one round trip.
+bool X11HotkeyService::grab(Combination combination) const {
+  std::vector<xcb_void_cookie_t> cookies;
+  for (const std::uint16_t locks : keymap_.masks().lockCombinations()) {
+    cookies.push_back(xcb_grab_key_checked(connection_.get(), 0, connection_.root(),
+                                           static_cast<std::uint16_t>(combination.modifiers | locks), combination.key,
+                                           XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC));
+  }
+  bool isOurs = true;
+  for (const xcb_void_cookie_t cookie : cookies) {
+    const Reply<xcb_generic_error_t> error(xcb_request_check(connection_.get(), cookie));
+    if (error) isOurs = false;
+  }
+  if (!isOurs) ungrab(combination);
+  return isOurs;
+}
+
+// Also lets go of variants that belong to another client: the server then does nothing.
+void X11HotkeyService::ungrab(Combination combination) const {
+  for (const std::uint16_t locks : grabbedMasks_.lockCombinations()) {
+    xcb_ungrab_key(connection_.get(), combination.key, connection_.root(),
+                   static_cast<std::uint16_t>(combination.modifiers | locks));
+  }
+  connection_.flush();
+}
+
+void X11HotkeyService::unregister(std::uint64_t number) {
+  const auto found = std::find_if(registrations_.begin(), registrations_.end(),
+                                  [&](const Registration& registration) { return registration.number == number; });
+  if (found == registrations_.end()) return;
+  const Registration gone = *found;
+  registrations_.erase(found);
+  if (!gone.xModifiers) return;
+  const Combination combination{gone.key, *gone.xModifiers};
+  if (!isNeeded(combination)) ungrab(combination);
+}
+
+bool X11HotkeyService::isNeeded(Combination combination) const {
+  return std::any_of(registrations_.begin(), registrations_.end(), [&](const Registration& registration) {
+    return registration.key == combination.key && registration.xModifiers == combination.modifiers;
+  });
+}
+
+void X11HotkeyService::handleKey(const XKey& key) {
+  if (key.direction == KeyDirection::up) {
+    handleRelease(key);
+  } else if (!key.isRepeat) {
+    handlePress(key);
+  }
+}
+
+// A modifier key alone makes no key event for the overlay.
+bool X11HotkeyService::isReportedHere(const XKey& key) const {
+  return !key.isForOverlay || keymap_.isModifierKey(key.code);
+}
+
+void X11HotkeyService::handlePress(const XKey& key) {
+  const auto held = static_cast<std::uint16_t>(key.state & kAllModifiers & ~grabbedMasks_.locks());
+  pressedWith_[key.code].reset();
+  forEachRegistrationOf(key.code, [&](const Registration& registration) {
+    if (registration.xModifiers != held) return;
+    pressedWith_[key.code] = registration.carbonModifiers;
+    if (isReportedHere(key)) send(kEventHotKeyPressed, registration.id);
+  });
+}
+
+void X11HotkeyService::handleRelease(const XKey& key) {
+  const auto modifiers = std::exchange(pressedWith_[key.code], std::nullopt);
+  if (!modifiers || !isReportedHere(key)) return;
+  forEachRegistrationOf(key.code, [&](const Registration& registration) {
+    if (registration.carbonModifiers == *modifiers) send(kEventHotKeyReleased, registration.id);
+  });
+}
+
+// The visitor may register and unregister: walk by number, past none that came meanwhile.
+template <class Visitor>
+void X11HotkeyService::forEachRegistrationOf(xcb_keycode_t key, Visitor visit) {
+  const std::uint64_t last = lastNumber_;
+  for (std::uint64_t number = 0; number < last;) {
+    const auto next = std::find_if(registrations_.begin(), registrations_.end(), [&](const Registration& registration) {
+      return registration.number > number && registration.key == key;
+    });
+    if (next == registrations_.end() || next->number > last) return;
+    number = next->number;
+    visit(*next);
+  }
+}
+
+void X11HotkeyService::send(std::uint32_t kind, EventHotKeyID id) {
+  const HotKeyEvent event{kind, id};
+  handlers_.offer(&event);
+}
+
+// The grabs name physical keys and real modifiers, so a new layout alone leaves them in force.
+void X11HotkeyService::followKeymap() {
+  if (keymap_.masks() == grabbedMasks_) return;
+  for (const Registration& registration : registrations_) {
+    if (registration.xModifiers) ungrab({registration.key, *registration.xModifiers});
+  }
+  grabbedMasks_ = keymap_.masks();
+  for (Registration& registration : registrations_) {
+    registration.xModifiers = keymap_.xModifiers(registration.carbonModifiers);
+    if (registration.xModifiers && !grab({registration.key, *registration.xModifiers})) registration.xModifiers.reset();
+  }
+  modifiersMoved_.send();
+}
+
+}  // namespace rondora::x11

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <xcb/xcb.h>
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include "base/observable.h"
+#include "base/weak_self.h"
+#include "platform/hotkey_service.h"
+#include "platform/linux/x11/connection/callback_list.h"
+#include "platform/linux/x11/connection/x_connection.h"
+#include "platform/linux/x11/keyboard/x_keyboard.h"
+#include "platform/linux/x11/keyboard/x_keymap.h"
+
+namespace rondora::x11 {
+
+/// Hot keys as passive grabs on the root window. While the overlay has the keyboard only modifier keys are reported:
+/// whoever watches the overlay's keys (X11EventMonitors) sees every other combination and its release there.
+class X11HotkeyService : public HotkeyService {
+ public:
+  X11HotkeyService(XConnection& connection, XKeymap& keymap, XKeyboard& keyboard);
+  ~X11HotkeyService() override;
+
+  std::optional<Subscription> registerEventHotKey(std::uint32_t keyCode, std::uint32_t carbonModifiers,
+                                                  EventHotKeyID id) override;
+  Subscription onModifiersMoved(std::function<void()> observer) override;
+  Subscription installEventHandler(Handler handler) override;
+
+ private:
+  struct Registration {
+    std::uint64_t number = 0;
+    xcb_keycode_t key = 0;
+    std::uint32_t carbonModifiers = 0;
+    EventHotKeyID id;
+    /// Nothing while the keyboard has no such modifier, or since another program has the combination.
+    std::optional<std::uint16_t> xModifiers;
+  };
+  struct Combination {
+    xcb_keycode_t key;
+    std::uint16_t modifiers;
+  };
+
+  bool grab(Combination combination) const;
+  void ungrab(Combination combination) const;
+  void unregister(std::uint64_t number);
+  bool isNeeded(Combination combination) const;
+  void handleKey(const XKey& key);
+  bool isReportedHere(const XKey& key) const;
+  void handlePress(const XKey& key);
+  void handleRelease(const XKey& key);
+  template <class Visitor>
+  void forEachRegistrationOf(xcb_keycode_t key, Visitor visit);
+  void send(std::uint32_t kind, EventHotKeyID id);
+  void followKeymap();
+
+  XConnection& connection_;
+  XKeymap& keymap_;
+  std::vector<Registration> registrations_;
+  std::uint64_t lastNumber_ = 0;
+  /// What the live grabs were made with.
+  ModifierMasks grabbedMasks_;
+  /// By X key code: the Carbon modifiers of the hot key that the held key made. Outlives the registration, which may be
+  /// made anew meanwhile.
+  std::array<std::optional<std::uint32_t>, 256> pressedWith_;
+  CallbackList<const HotKeyEvent*> handlers_;
+  Signal<> modifiersMoved_;
+  Subscription keyObserver_;
+  Subscription keymapObserver_;
+  WeakSelf<X11HotkeyService> weakSelf_{this};
+};
+
+}  // namespace rondora::x11

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <xcb/shm.h>
+#include <xcb/xcb.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "platform/linux/x11/connection/x_connection.h"
+#include "platform/linux/x11/overlay/monitor_layout.h"
+#include "platform/picture_rasterizer.h"
+
+namespace rondora::x11 {
+
+enum class PixelTransport { sharedMemory, requests };
+
+/// How pixels get to this server fastest. Asks it once, with a shared page to try.
+PixelTransport bestTransport(const XConnection& connection);
+
+/// Pixels that we share with the server: we paint and it copies them into a window, or the other way round.
+class PixelSurface {
+ public:
+  /// `width` and `height` in pixels, at least 1. Starts transparent.
+  PixelSurface(const XConnection& connection, PixelTransport transport, int width, int height);
+  ~PixelSurface();
+  PixelSurface(const PixelSurface&) = delete;
+  PixelSurface& operator=(const PixelSurface&) = delete;
+
+  PixelBuffer buffer() { return {pixels_, width_, height_, width_}; }
+  /// Copies `rect`, which lies inside the surface, to the same place of the drawable. Not flushed.
+  void put(xcb_drawable_t target, xcb_gcontext_t context, std::uint8_t depth, const PixelRect& rect);
+  /// Has the server fill the surface with `part`, as large as the surface, of a window; filled when the reply is there.
+  /// Works with shared memory only.
+  xcb_shm_get_image_cookie_t request(xcb_drawable_t source, const PixelRect& part) const;
+  /// What has at least that alpha (1 to 255), as rectangles sorted by row.
+  void findOpaqueParts(std::uint8_t leastAlpha, std::vector<xcb_rectangle_t>& parts) const;
+
+ private:
+  bool share();
+  void putBySegment(xcb_drawable_t target, xcb_gcontext_t context, std::uint8_t depth, const PixelRect& rect);
+  void putByRequests(xcb_drawable_t target, xcb_gcontext_t context, std::uint8_t depth, const PixelRect& rect);
+  std::size_t byteCount() const;
+
+  const XConnection& connection_;
+  int width_;
+  int height_;
+  std::uint32_t* pixels_ = nullptr;
+  xcb_shm_seg_t segment_ = 0;
+  std::vector<std::uint32_t> ownPixels_;
+  std::vector<std::uint32_t> rows_;
+};
+
+}  // namespace rondora::x11

@@ -1,0 +1,121 @@
+#include "platform/linux/x11/overlay/screen_reader.h"
+
+#include <xcb/randr.h>
+
+#include <algorithm>
+#include <bit>
+#include <cstddef>
+#include <string_view>
+
+namespace rondora::x11 {
+namespace {
+
+constexpr std::uint32_t kOpaque = 0xFF000000;
+constexpr auto kUntilRepainted = std::chrono::milliseconds(120);
+
+bool hasFamiliarPixels(const XConnection& connection) {
+  const xcb_setup_t* setup = xcb_get_setup(connection.get());
+  const std::uint8_t order =
+      std::endian::native == std::endian::little ? XCB_IMAGE_ORDER_LSB_FIRST : XCB_IMAGE_ORDER_MSB_FIRST;
+  const std::uint8_t depth = connection.screen().root_depth;
+  if (setup->image_byte_order != order || depth != 24) return false;
+  for (auto format = xcb_setup_pixmap_formats_iterator(setup); format.rem > 0; xcb_format_next(&format)) {
+    if (format.data->depth == depth) return format.data->bits_per_pixel == 32;
+  }
+  return false;
+}
+
+/// XWayland calls its monitors so; the windows are in a place of their own there, and the root window is black.
+bool showsAnotherSystem(const XConnection& connection) {
+  xcb_connection_t* xcb = connection.get();
+  const xcb_query_extension_reply_t* extension = xcb_get_extension_data(xcb, &xcb_randr_id);
+  if (extension == nullptr || !extension->present) return false;
+  const Reply<xcb_randr_get_monitors_reply_t> monitors(
+      xcb_randr_get_monitors_reply(xcb, xcb_randr_get_monitors(xcb, connection.root(), 1), nullptr));
+  if (!monitors) return false;
+  const auto first = xcb_randr_get_monitors_monitors_iterator(monitors.get());
+  if (first.rem == 0) return false;
+  const Reply<xcb_get_atom_name_reply_t> name(
+      xcb_get_atom_name_reply(xcb, xcb_get_atom_name(xcb, first.data->name), nullptr));
+  if (!name) return false;
+  const auto length = static_cast<std::size_t>(xcb_get_atom_name_name_length(name.get()));
+  return std::string_view(xcb_get_atom_name_name(name.get()), length).starts_with("XWAYLAND");
+}
+
+PixelRect common(const PixelRect& a, const PixelRect& b) {
+  const int left = std::max(a.x, b.x);
+  const int top = std::max(a.y, b.y);
+  return {left, top, std::min(a.right(), b.right()) - left, std::min(a.bottom(), b.bottom()) - top};
+}
+
+}  // namespace
+
+ScreenPiece::ScreenPiece(const XConnection& connection, const PixelRect& area, const PixelRect& part)
+    : connection_(connection), area_(area), part_(part) {
+  received_.emplace(connection, PixelTransport::sharedMemory, part.width, part.height);
+  cookie_ = received_->request(connection.root(), part);
+  connection.flush();
+}
+
+ScreenPiece::~ScreenPiece() {
+  if (received_) xcb_discard_reply(connection_.get(), cookie_.sequence);
+}
+
+std::optional<PixelBuffer> ScreenPiece::pixels() {
+  if (received_) takeOver();
+  if (pixels_.empty()) return std::nullopt;
+  return PixelBuffer{pixels_.data(), area_.width, area_.height, area_.width};
+}
+
+void ScreenPiece::takeOver() {
+  const Reply<xcb_shm_get_image_reply_t> reply(xcb_shm_get_image_reply(connection_.get(), cookie_, nullptr));
+  if (reply) {
+    const PixelBuffer part = received_->buffer();
+    pixels_.resize(static_cast<std::size_t>(area_.width) * static_cast<std::size_t>(area_.height));
+    const int first = std::max(area_.x, part_.x);
+    const int last = std::min(area_.right(), part_.right()) - 1;
+    for (int y = 0; y < area_.height; ++y) {
+      std::uint32_t* target = pixels_.data() + static_cast<std::ptrdiff_t>(y) * area_.width;
+      const int row = std::clamp(area_.y + y - part_.y, 0, part.height - 1);
+      const std::uint32_t* source = part.pixels + static_cast<std::ptrdiff_t>(row) * part.stride;
+      std::uint32_t* const from = target + (first - area_.x);
+      std::uint32_t* const to = std::transform(source + (first - part_.x), source + (last + 1 - part_.x), from,
+                                               [](std::uint32_t pixel) { return pixel | kOpaque; });
+      std::fill(target, from, *from);
+      std::fill(to, target + area_.width, *(to - 1));
+    }
+  }
+  received_.reset();
+}
+
+ScreenReader::ScreenReader(XConnection& connection, PixelTransport transport)
+    : connection_(connection),
+      transport_(transport),
+      isReadable_(transport == PixelTransport::sharedMemory && hasFamiliarPixels(connection) &&
+                  !showsAnotherSystem(connection)) {
+  connection.selectRootEvents(XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+  rootObserver_ = connection.addEventHandler([this](const xcb_generic_event_t& event) {
+    const auto& configured = reinterpret_cast<const xcb_configure_notify_event_t&>(event);
+    if ((event.response_type & 0x7F) == XCB_CONFIGURE_NOTIFY && configured.window == connection_.root()) {
+      root_ = {0, 0, configured.width, configured.height};
+    }
+    return false;
+  });
+  root_ = readRoot();
+}
+
+PixelRect ScreenReader::readRoot() const {
+  const Reply<xcb_get_geometry_reply_t> root(
+      xcb_get_geometry_reply(connection_.get(), xcb_get_geometry(connection_.get(), connection_.root()), nullptr));
+  return root ? PixelRect{0, 0, root->width, root->height} : PixelRect{};
+}
+
+// Where the screen has just become smaller, the server refuses.
+std::unique_ptr<ScreenPiece> ScreenReader::read(const PixelRect& area) const {
+  if (!isReadable_ || std::chrono::steady_clock::now() - lastPanel_ < kUntilRepainted) return nullptr;
+  const PixelRect part = common(area, root_);
+  if (part.width <= 0 || part.height <= 0) return nullptr;
+  return std::make_unique<ScreenPiece>(connection_, area, part);
+}
+
+}  // namespace rondora::x11

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <xcb/shm.h>
+#include <xcb/xcb.h>
+
+#include <chrono>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "base/observable.h"
+#include "platform/linux/x11/connection/x_connection.h"
+#include "platform/linux/x11/overlay/monitor_layout.h"
+#include "platform/linux/x11/overlay/pixel_surface.h"
+#include "platform/picture_rasterizer.h"
+
+namespace rondora::x11 {
+
+/// A piece of the screen as it was when asked for.
+class ScreenPiece {
+ public:
+  /// Sends the request and does not wait. `part` lies inside both the root window and `area`.
+  ScreenPiece(const XConnection& connection, const PixelRect& area, const PixelRect& part);
+  ~ScreenPiece();
+  ScreenPiece(const ScreenPiece&) = delete;
+  ScreenPiece& operator=(const ScreenPiece&) = delete;
+
+  /// Opaque pixels of the whole area, where it reaches beyond the root window as there at its edge. Waits for the
+  /// server the first time. Nothing when it refused.
+  std::optional<PixelBuffer> pixels();
+
+ private:
+  void takeOver();
+
+  const XConnection& connection_;
+  PixelRect area_;
+  PixelRect part_;
+  std::optional<PixelSurface> received_;
+  xcb_shm_get_image_cookie_t cookie_{};
+  std::vector<std::uint32_t> pixels_;
+};
+
+/// Reads what the screen shows, where that is quick and tells the truth: from a server on this machine, and not from
+/// one whose root window is empty because another system shows its windows.
+class ScreenReader {
+ public:
+  ScreenReader(XConnection& connection, PixelTransport transport);
+
+  PixelTransport transport() const { return transport_; }
+  /// Nothing where the screen cannot be read, or would still show a panel of ours.
+  std::unique_ptr<ScreenPiece> read(const PixelRect& area) const;
+  /// What was beneath the panel is painted again only after a while.
+  void panelWentAway() { lastPanel_ = std::chrono::steady_clock::now(); }
+
+ private:
+  PixelRect readRoot() const;
+
+  const XConnection& connection_;
+  PixelTransport transport_;
+  bool isReadable_;
+  /// Kept up to date by events, so that reading does not begin with a question.
+  PixelRect root_;
+  Subscription rootObserver_;
+  std::chrono::steady_clock::time_point lastPanel_{};
+};
+
+}  // namespace rondora::x11

@@ -1,0 +1,134 @@
+#pragma once
+
+#include <xcb/xcb.h>
+
+#include <array>
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "base/observable.h"
+#include "platform/linux/x11/connection/selection_owner_watch.h"
+#include "platform/linux/x11/connection/x_connection.h"
+#include "platform/linux/x11/overlay/pixel_surface.h"
+#include "platform/linux/x11/overlay/screen_reader.h"
+#include "platform/linux/x11/overlay/x11_input_grab.h"
+#include "platform/overlay_panel.h"
+#include "platform/picture_rasterizer.h"
+
+namespace rondora::x11 {
+
+/// What the panels of one program share.
+struct OverlayResources {
+  XConnection& connection;
+  X11InputGrab& inputGrab;
+  PictureRasterizer& rasterizer;
+  SelectionOwnerWatch& compositor;
+  ScreenReader& screenReader;
+  PixelTransport transport = PixelTransport::requests;
+  xcb_visualid_t visual = 0;
+  std::uint8_t depth = 0;
+  xcb_colormap_t colormap = 0;
+  bool hasAlpha = false;
+};
+
+/// What has to be painted again: a few rectangles, joined where they touch.
+class DirtyRects {
+ public:
+  void add(const Rect& rect);
+  void clear() { count_ = 0; }
+  const Rect* begin() const { return rects_.data(); }
+  const Rect* end() const { return rects_.data() + count_; }
+
+ private:
+  std::array<Rect, 8> rects_;
+  std::size_t count_ = 0;
+};
+
+/// A bare window that the window manager never sees, painted from an image; keyboard and pointer come by grab. Without
+/// a compositor the window has the shape of the ring, and what shines through it is what the screen showed beneath when
+/// the panel was made; where that cannot be read, the ring has a hard and dark edge.
+class X11OverlayPanel : public OverlayPanel, private InputGrabSink {
+ public:
+  X11OverlayPanel(const OverlayResources& resources, const Rect& frame, OverlayPanelSink& sink);
+  ~X11OverlayPanel() override;
+  X11OverlayPanel(const X11OverlayPanel&) = delete;
+  X11OverlayPanel& operator=(const X11OverlayPanel&) = delete;
+
+  void setPicture(Picture picture) override;
+  void setLayerState(std::size_t layer, double state) override;
+  void setAppearancePhase(double scale, double opacity) override;
+  void display() override;
+  void orderFrontRegardless() override;
+  void makeKey() override { resources_.inputGrab.take(*this); }
+  bool isVisible() const override { return isMapped_; }
+  Point mouseLocationOutsideOfEventStream() const override;
+
+  xcb_window_t windowId() const { return window_; }
+
+ private:
+  void createWindow();
+  void setProperties() const;
+  void dirtyWhole();
+  void setBackdrop();
+  void paintDirty();
+  void makeOpaque(const PixelRect& rect);
+  void putDirty();
+  void put(const PixelRect& rect);
+  void updateShape();
+  void compositorChanged();
+  void raise() const;
+  void raiseAgain();
+  bool mayBeCoveredBy(xcb_window_t window) const;
+  PixelRect pixelsOf(const Rect& rect) const;
+  Point inPanel(int rootX, int rootY) const;
+  bool isTransparent() const { return resources_.hasAlpha && resources_.compositor.hasOwner(); }
+  bool handleEvent(const xcb_generic_event_t& event);
+
+  void grabbedPointerMoved(int x, int y) override { sink_.pointerMoved(inPanel(x, y)); }
+  void grabbedButtonPressed(int x, int y, xcb_button_t button) override;
+  void grabFailed() override { sink_.panelLost(); }
+
+  const OverlayResources& resources_;
+  OverlayPanelSink& sink_;
+  PixelRect frame_;
+  xcb_window_t window_ = XCB_WINDOW_NONE;
+  xcb_gcontext_t context_ = 0;
+  /// Made before the window, which must not be seen in it; kept only where we have to compose it ourselves.
+  std::unique_ptr<ScreenPiece> beneath_;
+  std::optional<PixelBuffer> beneathPixels_;
+  bool hasBackdrop_ = false;
+  std::optional<PixelSurface> surface_;
+  std::vector<xcb_rectangle_t> shape_;
+  std::vector<xcb_rectangle_t> nextShape_;
+  std::unique_ptr<PreparedPicture> picture_;
+  std::vector<Rect> layerBounds_;
+  std::vector<double> layerStates_;
+  PictureView view_;
+  DirtyRects dirty_;
+  bool isMapped_ = false;
+  int raisesLeft_;
+  Subscription compositorObserver_;
+  /// Tells of windows that come to lie above the panel.
+  Subscription rootSelection_;
+  Subscription eventHandler_;
+};
+
+class X11OverlayPanels : public OverlayPanels {
+ public:
+  X11OverlayPanels(XConnection& connection, X11InputGrab& inputGrab, PictureRasterizer& rasterizer);
+  ~X11OverlayPanels() override;
+
+  /// The style's numbers are met by every panel: above all windows, on every desktop, never active.
+  std::unique_ptr<OverlayPanel> makePanel(const OverlayPanelStyle& style, const Rect& frame,
+                                          OverlayPanelSink& sink) override;
+  void warmUp(Picture picture) override;
+
+ private:
+  SelectionOwnerWatch compositor_;
+  ScreenReader screenReader_;
+  OverlayResources resources_;
+};
+
+}  // namespace rondora::x11

@@ -1,0 +1,83 @@
+#include "platform/linux/x11/typing/xtest_key_poster.h"
+
+#include "platform/linux/x11/keyboard/key_codes.h"
+
+namespace rondora::x11 {
+namespace {
+
+/// Event flag of Caps Lock.
+constexpr std::uint64_t kAlphaShift = 0x10000;
+
+// By Modifier.
+constexpr std::uint64_t kFlags[] = {event_flags::kControl, event_flags::kOption, event_flags::kShift,
+                                    event_flags::kCommand};
+
+ModifierSet modifiersOf(std::uint64_t flags) {
+  ModifierSet modifiers;
+  for (std::size_t i = 0; i < kModifierCount; ++i) modifiers[i] = (flags & kFlags[i]) != 0;
+  return modifiers;
+}
+
+}  // namespace
+
+XTestKeyPoster::XTestKeyPoster(XConnection& connection, XKeymap& keymap, XKeyboard& heldKeys,
+                               RawKeyReleases& rawReleases)
+    : connection_(connection),
+      keymap_(keymap),
+      heldKeys_(heldKeys),
+      rawReleases_(rawReleases),
+      keyboard_(connection.get()) {
+  readKeymap();
+  keymapObserver_ = keymap.onChanged([this] { readKeymap(); });
+  if (available()) keyboard_.releaseAll();
+}
+
+XTestKeyPoster::~XTestKeyPoster() {
+  typing_.finish();
+  connection_.flush();
+}
+
+void XTestKeyPoster::readKeymap() {
+  modifierKeys_ = std::make_shared<const ModifierKeys>(modifierKeysOf(keymap_.keymap()));
+}
+
+std::optional<SyntheticKeyEvent> XTestKeyPoster::makeKeyEvent(KeyEventSourceState source, std::uint16_t keyCode,
+                                                              bool isDown, std::uint64_t flags) {
+  const auto key = xKeyCodeForSending(keyCode);
+  if (!available() || !key || !modifierKeys_->known[*key]) return std::nullopt;
+  if (!modifierKeys_->canSet(modifiersOf(flags))) return std::nullopt;
+  return SyntheticKeyEvent{source, keyCode, isDown, flags};
+}
+
+void XTestKeyPoster::post(const SyntheticKeyEvent& event, KeyEventTap /*tap*/) {
+  const auto key = xKeyCodeForSending(event.keyCode);
+  if (!key || !available()) return;
+  if (event.isDown) {
+    const int locked = (event.flags & kAlphaShift) != 0 ? XCB_MOD_MASK_LOCK : 0;
+    heldKeys_.freeHeldKeys();
+    typing_.down(modifierKeys_, {*key, modifiersOf(event.flags), static_cast<std::uint8_t>(locked)});
+  } else {
+    typing_.up();
+    if (typing_.isHolding()) followUser();
+  }
+  connection_.flush();
+}
+
+// The user may have let go before the watch began.
+void XTestKeyPoster::followUser() {
+  if (!releaseWatch_) {
+    releaseWatch_ = rawReleases_.watch([this](xcb_keycode_t) {
+      settle();
+      return false;
+    });
+  }
+  settle();
+}
+
+void XTestKeyPoster::settle() {
+  typing_.settle();
+  if (!typing_.isHolding()) releaseWatch_.reset();
+  connection_.flush();
+}
+
+}  // namespace rondora::x11

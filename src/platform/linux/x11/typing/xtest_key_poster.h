@@ -1,0 +1,49 @@
+#pragma once
+
+#include <memory>
+
+#include "base/observable.h"
+#include "platform/key_event_poster.h"
+#include "platform/linux/x11/connection/x_connection.h"
+#include "platform/linux/x11/keyboard/modifier_keys.h"
+#include "platform/linux/x11/keyboard/raw_key_releases.h"
+#include "platform/linux/x11/keyboard/x_keyboard.h"
+#include "platform/linux/x11/keyboard/x_keymap.h"
+#include "platform/linux/x11/typing/synthetic_typing.h"
+#include "platform/linux/x11/typing/xtest_keyboard.h"
+
+namespace rondora::x11 {
+
+/// Types through the XTEST extension, on the connection that also holds our grabs: what was ungrabbed before a key is
+/// posted no longer takes it. Main thread: nothing types from another one, as this desktop has no shortcuts for spaces.
+class XTestKeyPoster final : public KeyEventPoster {
+ public:
+  /// All outlive this. Lets go of keys that an earlier run left pressed.
+  XTestKeyPoster(XConnection& connection, XKeymap& keymap, XKeyboard& heldKeys, RawKeyReleases& rawReleases);
+  ~XTestKeyPoster() override;
+
+  /// The server can make fake events.
+  bool available() const { return keyboard_.available(); }
+
+  std::optional<SyntheticKeyEvent> makeKeyEvent(KeyEventSourceState source, std::uint16_t keyCode, bool isDown,
+                                                std::uint64_t flags) override;
+  bool reachesApplications() const override { return !heldKeys_.overlayHasKeyboard(); }
+  void post(const SyntheticKeyEvent& event, KeyEventTap tap) override;
+
+ private:
+  void readKeymap();
+  void followUser();
+  void settle();
+
+  XConnection& connection_;
+  XKeymap& keymap_;
+  XKeyboard& heldKeys_;
+  RawKeyReleases& rawReleases_;
+  XTestKeyboard keyboard_;
+  SyntheticTyping typing_{keyboard_};
+  std::shared_ptr<const ModifierKeys> modifierKeys_;
+  Subscription keymapObserver_;
+  Subscription releaseWatch_;
+};
+
+}  // namespace rondora::x11

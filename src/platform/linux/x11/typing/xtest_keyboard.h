@@ -1,0 +1,52 @@
+#pragma once
+
+#include <xcb/xcb.h>
+#include <xcb/xinput.h>
+
+#include <cstdint>
+#include <vector>
+
+#include "platform/linux/x11/typing/synthetic_typing.h"
+
+namespace rondora::x11 {
+
+/// The keyboards of an X server, and its XTEST keyboard for fake events. One thread at a time.
+class XTestKeyboard final : public SyntheticKeyboard {
+ public:
+  /// Does not own the connection.
+  explicit XTestKeyboard(xcb_connection_t* connection);
+
+  /// The server has the extensions for it.
+  bool available() const { return available_; }
+
+  /// One round trip, two when keyboards were plugged in or out since the last look.
+  KeyboardLook look() override;
+  void press(xcb_keycode_t key) override;
+  void release(xcb_keycode_t key) override;
+  void releaseUnseen(xcb_keycode_t key) override;
+  void setLocks(std::uint8_t affected, std::uint8_t locked) override;
+  void clearLatches() override;
+
+  /// Lets go of whatever the XTEST keyboard holds, and waits until that is done. True when there was something.
+  bool releaseAll();
+
+ private:
+  struct Questions;
+  /// Slaves of the core keyboard, by device id; 0 stands for none.
+  struct Devices {
+    std::uint8_t synthetic = 0;
+    std::vector<std::uint8_t> physical;
+    friend bool operator==(const Devices&, const Devices&) = default;
+  };
+
+  Devices answer(const Questions& questions, KeyboardLook& look) const;
+  static Devices slavesOf(std::uint8_t master, const xcb_input_xi_query_device_reply_t& list);
+  void fake(std::uint8_t type, xcb_keycode_t key) const;
+
+  xcb_connection_t* connection_;
+  bool available_ = false;
+  xcb_window_t root_ = XCB_NONE;
+  Devices devices_;
+};
+
+}  // namespace rondora::x11

@@ -1,0 +1,71 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/linux/application_catalogue.h"
+#include "platform/linux/x11/windows/x11_window_list.h"
+#include "platform/workspace.h"
+
+namespace rondora::x11 {
+
+/// Running applications are made of their windows: those with the same application id and process are one. Knows for
+/// each which of its windows was active last. Main thread.
+class X11Workspace final : public Workspace {
+ public:
+  /// All outlive this. Windows of our own process belong to `ownBundleIdentifier`.
+  X11Workspace(XConnection& connection, X11WindowList& windows, ApplicationCatalogue& catalogue,
+               std::string ownBundleIdentifier);
+
+  std::optional<RunningApplication> frontmostApplication() const override;
+  /// Topmost first.
+  std::vector<RunningApplication> runningApplications() const override;
+  /// Of several processes the one that was active last first, those without an open window at the end: stacking says
+  /// little where windows lie side by side.
+  std::vector<RunningApplication> runningApplications(std::string_view bundleIdentifier) const override;
+  bool activate(const RunningApplication& application) override;
+  void unhide(const RunningApplication& application) override;
+  /// What runs is found too, installed or not.
+  std::optional<ApplicationLocation> urlForApplication(std::string_view bundleIdentifier) const override;
+  void openApplication(const ApplicationLocation& location) override;
+  std::optional<ApplicationLocation> applicationAtPath(std::string_view path) const override;
+  bool openUrl(std::string_view url) override;
+  std::optional<std::string> applicationName(std::string_view bundleIdentifier) const override;
+  [[nodiscard]] Subscription onDidActivateApplication(std::function<void(const RunningApplication&)> observer) override;
+
+  /// Smaller for a window that was active later.
+  std::size_t activationRank(xcb_window_t window) const;
+  /// The window's process. Several applications in one process, and those whose process is unknown, are told apart by
+  /// negative numbers of our own.
+  std::int32_t processIdentifierOf(const WindowInfo& window) const;
+
+ private:
+  RunningApplication applicationOf(const WindowInfo& window) const;
+  std::string idOf(const WindowInfo& window) const;
+  std::int32_t processIdentifier(std::int32_t process, const std::string& id) const;
+  const WindowInfo* windowToActivate(const RunningApplication& application,
+                                     const std::vector<WindowInfo>& windows) const;
+  bool readActiveWindow();
+  void activeWindowChanged();
+  void rememberActive(xcb_window_t window);
+
+  XConnection& connection_;
+  X11WindowList& windows_;
+  ApplicationCatalogue& catalogue_;
+  std::string ownBundleIdentifier_;
+  /// The application that each process was first seen as.
+  mutable std::map<std::int32_t, std::string> applicationsOfProcesses_;
+  /// Applications with a number of our own: the first has -1.
+  mutable std::vector<std::pair<std::int32_t, std::string>> furtherApplications_;
+  /// Last active first.
+  std::vector<xcb_window_t> activations_;
+  std::optional<RunningApplication> lastActivated_;
+  /// Of the window that the window manager named last; nothing while it names none.
+  std::optional<RunningApplication> frontmost_;
+  Signal<const RunningApplication&> didActivate_;
+  Subscription rootEvents_;
+};
+
+}  // namespace rondora::x11

@@ -1,0 +1,150 @@
+#include "platform/posix/durable_files.h"
+
+#include <sys/stat.h>
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <random>
+#include <system_error>
+
+#include "platform/posix/file_descriptor.h"
+
+namespace rondora::desktop {
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path folderOf(const fs::path& path) { return path.has_parent_path() ? path.parent_path() : fs::path("."); }
+
+/// Follows the symbolic links at the end of `path`, also where the last one leads to nothing yet. Empty on a loop.
+fs::path followLinks(fs::path path) {
+  constexpr int kMostLinks = 40;
+  for (int i = 0; i < kMostLinks; ++i) {
+    std::error_code error;
+    if (!fs::is_symlink(fs::symlink_status(path, error))) return path;
+    const fs::path target = fs::read_symlink(path, error);
+    if (error) return path;
+    path = path.parent_path() / target;
+  }
+  return {};
+}
+
+FileError writeAll(int descriptor, std::string_view bytes, const fs::path& path) {
+  while (!bytes.empty()) {
+    const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
+    if (written < 0 && errno == EINTR) continue;
+    if (written < 0) return describe("cannot write", path, errno);
+    bytes.remove_prefix(static_cast<std::size_t>(written));
+  }
+  return std::nullopt;
+}
+
+/// Brings to disk what a file holds, or the names in a folder.
+FileError flush(const fs::path& path) {
+  const FileDescriptor descriptor(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+  if (!descriptor.isOpen()) return describe("cannot open", path, errno);
+  // Some file systems cannot flush a folder and say so with EINVAL; they have nothing to flush.
+  if (::fsync(descriptor.get()) != 0 && errno != EINVAL) return describe("cannot flush", path, errno);
+  return std::nullopt;
+}
+
+/// Something new in a folder under a name that nobody else has; removed again unless it is moved into place.
+class Temporary {
+ public:
+  explicit Temporary(fs::path folder) : folder_(std::move(folder)) { choosePath(); }
+  ~Temporary() {
+    std::error_code ignored;
+    if (isThere_) fs::remove_all(path_, ignored);
+  }
+  Temporary(const Temporary&) = delete;
+  Temporary& operator=(const Temporary&) = delete;
+
+  FileError fill(std::string_view bytes) {
+    FileDescriptor file = create();
+    if (!file.isOpen()) return describe("cannot create", path_, errno);
+    // The umask may have taken bits away. A medium that knows no modes may refuse; it hides nothing anyway.
+    ::fchmod(file.get(), 0600);
+    if (auto failed = writeAll(file.get(), bytes, path_)) return failed;
+    if (::fsync(file.get()) != 0) return describe("cannot flush", path_, errno);
+    if (!file.close()) return describe("cannot close", path_, errno);
+    return std::nullopt;
+  }
+
+  FileError fillFrom(const fs::path& source) {
+    std::error_code error;
+    while (fs::exists(fs::symlink_status(path_, error))) choosePath();
+    const fs::path followed = fs::canonical(source, error);
+    isThere_ = true;
+    if (!error) fs::copy(followed, path_, fs::copy_options::recursive | fs::copy_options::copy_symlinks, error);
+    if (error) return describe("cannot copy", source, error.value());
+    return fs::is_directory(path_, error) ? std::nullopt : flush(path_);
+  }
+
+  FileError moveTo(const fs::path& target) {
+    if (::rename(path_.c_str(), target.c_str()) != 0) return describe("cannot replace", target, errno);
+    isThere_ = false;
+    return flush(folder_);
+  }
+
+ private:
+  void choosePath() {
+    std::array<char, 32> name{};
+    std::snprintf(name.data(), name.size(), ".rondora-%08x.tmp", std::random_device()());
+    path_ = folder_ / name.data();
+  }
+
+  FileDescriptor create() {
+    constexpr int kMostAttempts = 100;
+    for (int attempt = 1;; ++attempt) {
+      FileDescriptor file(::open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
+      isThere_ = file.isOpen();
+      if (isThere_ || errno != EEXIST || attempt == kMostAttempts) return file;
+      choosePath();
+    }
+  }
+
+  fs::path folder_;
+  fs::path path_;
+  bool isThere_ = false;
+};
+
+}  // namespace
+
+std::string describe(const char* what, const fs::path& path, int error) {
+  return std::string(what) + " " + path.string() + ": " + std::generic_category().message(error);
+}
+
+/// New folders are for the user alone (XDG base directories 0.8), and on disk before anything is put into them.
+FileError makeFolder(const fs::path& path) {
+  std::error_code ignored;
+  if (fs::is_directory(path, ignored)) return std::nullopt;
+  if (path.has_relative_path()) {
+    if (auto failed = makeFolder(folderOf(path))) return failed;
+  }
+  if (::mkdir(path.c_str(), 0700) != 0) return describe("cannot create", path, errno == EEXIST ? ENOTDIR : errno);
+  flush(folderOf(path));
+  return std::nullopt;
+}
+
+FileError replaceFile(const fs::path& path, std::string_view bytes) {
+  const fs::path target = followLinks(path);
+  if (target.empty()) return describe("cannot replace", path, ELOOP);
+  struct stat status {};
+  if (::stat(target.c_str(), &status) == 0 && !S_ISREG(status.st_mode)) {
+    return describe("cannot replace", target, S_ISDIR(status.st_mode) ? EISDIR : EINVAL);
+  }
+  Temporary temporary(folderOf(target));
+  if (auto failed = temporary.fill(bytes)) return failed;
+  return temporary.moveTo(target);
+}
+
+FileError copyFileOrFolder(const fs::path& from, const fs::path& to) {
+  std::error_code ignored;
+  if (fs::exists(fs::symlink_status(to, ignored))) return describe("cannot copy to", to, EEXIST);
+  Temporary temporary(folderOf(to));
+  if (auto failed = temporary.fillFrom(from)) return failed;
+  return temporary.moveTo(to);
+}
+
+}  // namespace rondora::desktop

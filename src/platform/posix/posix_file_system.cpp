@@ -1,0 +1,82 @@
+#include "platform/posix/posix_file_system.h"
+
+#include <pwd.h>
+#include <sys/stat.h>
+
+#include <array>
+#include <cerrno>
+#include <system_error>
+#include <vector>
+
+#include "platform/posix/durable_files.h"
+#include "platform/posix/file_descriptor.h"
+
+namespace rondora::desktop {
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path homeFolder(const ProcessEnvironment& environment) {
+  if (const auto home = environment.variable("HOME"); home && fs::path(*home).is_absolute()) return *home;
+  std::array<char, 16384> text{};
+  passwd entry{};
+  passwd* found = nullptr;
+  if (getpwuid_r(getuid(), &entry, text.data(), text.size(), &found) == 0 && found) return found->pw_dir;
+  return "/";
+}
+
+/// Paths that are not absolute are to be ignored (XDG base directories 0.8).
+fs::path userFolder(const ProcessEnvironment& environment, std::string_view variable, const char* underHome) {
+  if (const auto value = environment.variable(variable); value && fs::path(*value).is_absolute()) return *value;
+  return homeFolder(environment) / underHome;
+}
+
+bool isLongerThanRead(const struct stat& status) {
+  return status.st_size > static_cast<off_t>(PosixFileSystem::kLongestFile);
+}
+
+}  // namespace
+
+PosixFileSystem::PosixFileSystem(const ProcessEnvironment& environment)
+    : applicationSupportFolder_(userFolder(environment, "XDG_CONFIG_HOME", ".config")),
+      cachesFolder_(userFolder(environment, "XDG_CACHE_HOME", ".cache")) {}
+
+bool PosixFileSystem::exists(const fs::path& path) const {
+  std::error_code error;
+  return fs::exists(path, error);
+}
+
+std::optional<std::string> PosixFileSystem::read(const fs::path& path) const {
+  // Opening a pipe without a writer would wait for one, hence O_NONBLOCK; regular files do not know it.
+  const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+  struct stat status {};
+  if (!file.isOpen() || ::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
+  if (isLongerThanRead(status)) return std::nullopt;
+
+  std::string bytes;
+  bytes.reserve(static_cast<std::size_t>(status.st_size));
+  std::vector<char> chunk(1 << 16);
+  while (bytes.size() <= kLongestFile) {
+    const ssize_t length = ::read(file.get(), chunk.data(), chunk.size());
+    if (length < 0 && errno == EINTR) continue;
+    if (length < 0) return std::nullopt;
+    if (length == 0) return bytes;
+    bytes.append(chunk.data(), static_cast<std::size_t>(length));
+  }
+  return std::nullopt;
+}
+
+bool PosixFileSystem::isTooLong(const fs::path& path) const {
+  struct stat status {};
+  return ::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode) && isLongerThanRead(status);
+}
+
+FileError PosixFileSystem::createFolder(const fs::path& path) { return makeFolder(path); }
+
+FileError PosixFileSystem::replaceDurably(const fs::path& path, std::string_view bytes) {
+  return replaceFile(path, bytes);
+}
+
+FileError PosixFileSystem::copy(const fs::path& from, const fs::path& to) { return copyFileOrFolder(from, to); }
+
+}  // namespace rondora::desktop

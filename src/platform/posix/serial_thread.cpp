@@ -1,0 +1,48 @@
+#include "platform/posix/serial_thread.h"
+
+#include <pthread.h>
+
+#include <utility>
+
+namespace rondora::desktop {
+namespace {
+
+constexpr std::size_t kLongestThreadName = 15;  // bytes, pthread_setname_np(3)
+
+}  // namespace
+
+SerialThread::~SerialThread() {
+  std::deque<Work> dropped;
+  {
+    const std::lock_guard lock(mutex_);
+    isEnding_ = true;
+    dropped.swap(waiting_);
+  }
+  wakeUp_.notify_one();
+  if (thread_.joinable()) thread_.join();
+}
+
+void SerialThread::async(Work work) {
+  const std::lock_guard lock(mutex_);
+  if (isEnding_) return;
+  waiting_.push_back(std::move(work));
+  if (!thread_.joinable()) thread_ = std::thread([this] { run(); });
+  wakeUp_.notify_one();
+}
+
+void SerialThread::run() {
+  const std::size_t cut = label_.size() > kLongestThreadName ? label_.size() - kLongestThreadName : 0;
+  pthread_setname_np(pthread_self(), label_.c_str() + cut);
+  std::unique_lock lock(mutex_);
+  while (true) {
+    wakeUp_.wait(lock, [this] { return isEnding_ || !waiting_.empty(); });
+    if (waiting_.empty()) return;
+    const Work work = std::move(waiting_.front());
+    waiting_.pop_front();
+    lock.unlock();
+    work();
+    lock.lock();
+  }
+}
+
+}  // namespace rondora::desktop

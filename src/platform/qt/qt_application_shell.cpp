@@ -1,0 +1,64 @@
+#include "platform/qt/qt_application_shell.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QSessionManager>
+#include <QWidget>
+#include <utility>
+
+namespace rondora {
+
+namespace {
+
+/// The toolkit itself would close every window before it ends the event loop.
+class QuitFilter : public QObject {
+ public:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (watched != qApp || event->type() != QEvent::Quit) return false;
+    QCoreApplication::exit();
+    return true;
+  }
+};
+
+void neverRestart(QSessionManager& manager) { manager.setRestartHint(QSessionManager::RestartNever); }
+
+}  // namespace
+
+QtApplicationShell::QtApplicationShell() : context_(std::make_unique<QuitFilter>()) {
+  qApp->installEventFilter(context_.get());
+  QObject::connect(qApp, &QGuiApplication::applicationStateChanged, context_.get(), [this](Qt::ApplicationState state) {
+    if (state == Qt::ApplicationActive) didBecomeActive_.send();
+  });
+  // The hint has to be there when the answer to the session manager goes out.
+  QObject::connect(qApp, &QGuiApplication::commitDataRequest, context_.get(), neverRestart, Qt::DirectConnection);
+  QObject::connect(qApp, &QGuiApplication::saveStateRequest, context_.get(), neverRestart, Qt::DirectConnection);
+}
+
+QtApplicationShell::~QtApplicationShell() = default;
+
+void QtApplicationShell::setActivationPolicy(ActivationPolicy policy) {
+  QGuiApplication::setQuitOnLastWindowClosed(policy == ActivationPolicy::regular);
+}
+
+void QtApplicationShell::setMainMenu(std::vector<MenuEntry> entries) { mainMenu_ = std::move(entries); }
+
+void QtApplicationShell::activateIgnoringOtherApps() {
+  for (QWidget* widget : QApplication::topLevelWidgets()) {
+    if (widget->windowType() != Qt::Window || !widget->isVisible()) continue;
+    widget->raise();
+    widget->activateWindow();
+  }
+}
+
+void QtApplicationShell::terminate() { QCoreApplication::quit(); }
+
+void QtApplicationShell::relaunch() {
+  isRelaunchRequested_ = true;
+  QCoreApplication::quit();
+}
+
+Subscription QtApplicationShell::onDidBecomeActive(std::function<void()> observer) {
+  return didBecomeActive_.subscribe(std::move(observer));
+}
+
+}  // namespace rondora

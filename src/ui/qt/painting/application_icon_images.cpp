@@ -1,0 +1,135 @@
+#include "ui/qt/painting/application_icon_images.h"
+
+#include <QFileInfo>
+#include <QIcon>
+#include <QImageReader>
+#include <QPainter>
+#include <QPainterPath>
+#include <QPixmap>
+#include <algorithm>
+#include <cstring>
+
+#include "platform/qt/qt_text.h"
+
+namespace rondora {
+
+namespace {
+
+constexpr qint64 kLargestFile = 16 << 20;
+/// A drawing takes far longer than its size lets one expect.
+constexpr qint64 kLargestVectorFile = 1 << 20;
+constexpr int kLargestSide = 4096;
+
+bool isSensible(QSize size) { return !size.isEmpty() && size.width() <= kLargestSide && size.height() <= kLargestSide; }
+
+QImage fitted(const QImage& image, int side) {
+  if (image.isNull() || std::max(image.width(), image.height()) == side) return image;
+  return image.scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+}
+
+/// Nothing is known of what a packed drawing unpacks to, so it counts as too large.
+bool isTooLarge(const QByteArray& format, qint64 bytes) {
+  if (format == "svg") return bytes > kLargestVectorFile;
+  return format == "svgz" || bytes > kLargestFile;
+}
+
+/// Whether reading it at its own size would waste sharpness or time.
+bool shouldReadScaled(const QByteArray& format, QSize size, int side) {
+  return format == "svg" || (format == "jpeg" && std::max(size.width(), size.height()) > 4 * side);
+}
+
+/// Desktop entries name theme icons with an ending now and then.
+QString withoutEnding(const QString& name) {
+  for (const char* ending : {".png", ".svg", ".xpm"}) {
+    if (name.endsWith(QLatin1String(ending))) return name.chopped(4);
+  }
+  return name;
+}
+
+QImage themeImage(std::string_view name, int side) {
+  const QIcon icon = QIcon::fromTheme(withoutEnding(toQString(name)));
+  if (icon.isNull()) return {};
+  return fitted(icon.pixmap(QSize(side, side), 1.0).toImage(), side);
+}
+
+QImage windowImage(const ApplicationIconSource& source, int side) {
+  const QSize size(source.pixelWidth, source.pixelHeight);
+  if (!isSensible(size)) return {};
+  const auto count = static_cast<std::size_t>(size.width()) * static_cast<std::size_t>(size.height());
+  if (source.pixels.size() < count) return {};
+  QImage image(size, QImage::Format_ARGB32);
+  std::memcpy(image.bits(), source.pixels.data(), count * sizeof(std::uint32_t));
+  return fitted(image, side);
+}
+
+/// In its own size; a drawing in that of a square of `side` pixels.
+QImage readImageFile(const QString& path, int side) {
+  const QFileInfo file(path);
+  if (!file.isAbsolute() || !file.isFile() || file.size() > kLargestFile) return {};
+  QImageReader reader(path);
+  reader.setDecideFormatFromContent(true);
+  reader.setAutoTransform(true);
+  const QByteArray format = reader.format();  // asked for once: the reader forgets it later on
+  if (isTooLarge(format, file.size())) return {};
+  const QSize size = reader.size();
+  if (!isSensible(size)) return {};
+  if (shouldReadScaled(format, size, side)) reader.setScaledSize(size.scaled(side, side, Qt::KeepAspectRatio));
+  return reader.read();
+}
+
+/// Whether it fills its square, as the pictures do that sites make for the home screens of telephones.
+bool isFullTile(const QImage& image) {
+  constexpr int kSmallest = 64;
+  const int right = image.width() - 1;
+  const int bottom = image.height() - 1;
+  if (image.width() != image.height() || right < kSmallest) return false;
+  for (const QPoint point : {QPoint(0, 0), QPoint(right, 0), QPoint(0, bottom), QPoint(right, bottom)}) {
+    if (qAlpha(image.pixel(point)) != 255) return false;
+  }
+  return true;
+}
+
+/// The part of the tile's square that `image` takes: all of it, or the middle, where it is not enlarged more than it
+/// can bear.
+QRectF placeInTile(const QImage& image, int side) {
+  if (isFullTile(image)) return QRectF(0, 0, side, side);
+  constexpr double kShare = 0.68;
+  constexpr double kMostEnlarged = 2.5;
+  const double largest = std::min(side * kShare, kMostEnlarged * std::max(image.width(), image.height()));
+  QRectF place(QPointF(0, 0), QSizeF(image.size()).scaled(largest, largest, Qt::KeepAspectRatio));
+  place.moveCenter(QPointF(side / 2.0, side / 2.0));
+  return place;
+}
+
+}  // namespace
+
+QImage imageFileImage(const QString& path, int side) { return fitted(readImageFile(path, side), side); }
+
+QImage faviconImage(const QString& path, int side) {
+  const QImage picture = readImageFile(path, side);
+  if (picture.isNull()) return {};
+  constexpr double kCorner = 0.22;
+  const QRectF place = placeInTile(picture, side);
+  QImage tile(side, side, QImage::Format_ARGB32_Premultiplied);
+  tile.fill(Qt::transparent);
+  QPainter painter(&tile);
+  painter.setRenderHint(QPainter::Antialiasing);
+  QPainterPath shape;
+  shape.addRoundedRect(tile.rect(), kCorner * side, kCorner * side);
+  painter.fillPath(shape, QColor(248, 248, 250));
+  painter.setCompositionMode(QPainter::CompositionMode_SourceAtop);
+  const QRect pixels = place.toRect();
+  painter.drawImage(pixels, picture.scaled(pixels.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+  return tile;
+}
+
+QImage applicationIconImage(const ApplicationIconSource& source, int side) {
+  if (!source.themeName.empty()) {
+    const QString name = toQString(source.themeName);
+    return name.startsWith('/') ? imageFileImage(name, side) : themeImage(source.themeName, side);
+  }
+  if (!source.filePath.empty()) return imageFileImage(toQString(source.filePath), side);
+  return windowImage(source, side);
+}
+
+}  // namespace rondora

@@ -1,0 +1,236 @@
+#include "ui/qt/painting/drawn_picture.h"
+
+#include <QPainter>
+#include <algorithm>
+#include <utility>
+
+#include "ui/painting/frosted_glass.h"
+#include "ui/qt/painting/qt_conversions.h"
+#include "ui/qt/painting/undivided_painting.h"
+#include "ui/qt/windows/interface_language.h"
+
+namespace rondora {
+namespace {
+
+/// No panel is larger; a picture that claims to be is cut off.
+constexpr int kLargestSide = 8192;
+
+QSize pixelSize(Size size, double scale) {
+  return toPixelRect({{0, 0}, size}, scale).size().expandedTo({1, 1}).boundedTo({kLargestSide, kLargestSide});
+}
+
+QImage blankImage(QSize size) {
+  QImage image(size, QImage::Format_ARGB32_Premultiplied);
+  image.fill(Qt::transparent);
+  return image;
+}
+
+QImage wrap(PixelBuffer buffer) {
+  return QImage(reinterpret_cast<uchar*>(buffer.pixels), buffer.width, buffer.height,
+                qsizetype{buffer.stride} * static_cast<qsizetype>(sizeof(std::uint32_t)),
+                QImage::Format_ARGB32_Premultiplied);
+}
+
+/// The titles, in the last layer, tell most rings apart.
+bool isSame(const Picture& a, const Picture& b) {
+  return a.size == b.size && a.anchor == b.anchor &&
+         std::equal(a.layers.rbegin(), a.layers.rend(), b.layers.rbegin(), b.layers.rend());
+}
+
+QImage frosted(const PixelBuffer& screen, const BackdropPaint& paint, double pixelsPerPoint) {
+  QImage image(screen.width, screen.height, QImage::Format_RGB32);
+  frost(screen, {paint.blurRadius * pixelsPerPoint, paint.saturation, paint.brightest, paint.veil},
+        {reinterpret_cast<std::uint32_t*>(image.bits()), image.width(), image.height(),
+         static_cast<int>(image.bytesPerLine() / 4)});
+  return image;
+}
+
+}  // namespace
+
+DrawnPicture::DrawnPicture(Picture picture, double pixelsPerPoint, IconImages& icons)
+    : picture_(std::move(picture)),
+      pixelsPerPoint_(pixelsPerPoint),
+      font_(interfaceFontFor({})),
+      size_(pixelSize(picture_.size, pixelsPerPoint)) {
+  layers_.reserve(picture_.layers.size());
+  for (const PictureLayer& layer : picture_.layers) layers_.emplace_back(layer, pixelsPerPoint, icons, size_);
+  shown_.reserve(layers_.size());
+  changed_.reserve(layers_.size() + 1);
+}
+
+bool DrawnPicture::isOf(const Picture& picture, double pixelsPerPoint, IconImages& icons) const {
+  if (pixelsPerPoint != pixelsPerPoint_ || !isSame(picture, picture_) || font_ != interfaceFontFor({})) return false;
+  for (std::size_t i = 0; i < layers_.size(); ++i) {
+    if (!layers_[i].hasIconsOf(picture.layers[i], pixelsPerPoint, icons)) return false;
+  }
+  return true;
+}
+
+std::size_t DrawnPicture::byteCount() const {
+  constexpr std::size_t kAboutALayer = 8192;
+  return layers_.size() * kAboutALayer + (ahead_ ? ahead_->byteCount() : 0);
+}
+
+/// Each that differs from the others.
+std::vector<const BackdropPaint*> DrawnPicture::backdrops() const {
+  std::vector<const BackdropPaint*> found;
+  for (const PictureLayer& layer : picture_.layers) {
+    for (const DisplayList& state : layer.states) {
+      for (const DisplayCommand& command : state) {
+        const auto* fill = std::get_if<FillCommand>(&command);
+        const auto* paint = fill != nullptr ? std::get_if<BackdropPaint>(&fill->paint) : nullptr;
+        const auto isSame = [paint](const BackdropPaint* other) { return *other == *paint; };
+        if (paint != nullptr && std::none_of(found.begin(), found.end(), isSame)) found.push_back(paint);
+      }
+    }
+  }
+  return found;
+}
+
+void DrawnPicture::drawAhead() {
+  if (ahead_ || isShown_ || backdrops().size() != 1) return;
+  paintUndivided([this] { ahead_.emplace(drawnOnGlass(Qt::black), drawnOnGlass(Qt::white)); });
+  forgetBackdrop();
+}
+
+QImage DrawnPicture::drawnOnGlass(const QBrush& backdrop) {
+  QImage image = blankImage(size_);
+  QPainter painter(&image);
+  for (PreparedLayer& layer : layers_) {
+    layer.setBackdrop([&](const BackdropPaint&) { return backdrop; });
+    layer.drawOnce(painter, 0, scratch_);
+  }
+  return image;
+}
+
+void DrawnPicture::begin() {
+  isShown_ = true;
+  QSize largest;
+  for (PreparedLayer& layer : layers_) {
+    layer.makeRoom();
+    if (layer.hasStates()) largest = largest.expandedTo(layer.bounds().size());
+  }
+  composed_ = blankImage(size_);
+  scratch_ = QImage(largest, QImage::Format_ARGB32_Premultiplied);
+}
+
+void DrawnPicture::end() {
+  for (PreparedLayer& layer : layers_) layer.giveRoomBack();
+  forgetBackdrop();
+  composed_ = scratch_ = {};
+  shown_.clear();
+  isShown_ = false;
+}
+
+/// Glass is imitated from here on; no pixels of the screen are held.
+void DrawnPicture::forgetBackdrop() {
+  backdrop_ = {};
+  for (PreparedLayer& layer : layers_) {
+    layer.setBackdrop([this](const BackdropPaint& paint) { return toQBrush(paint, pixelsPerPoint_); });
+  }
+}
+
+void DrawnPicture::setBackdrop(const PixelBuffer& screen) {
+  const auto paints = backdrops();
+  std::vector<QImage> images;
+  images.reserve(paints.size());
+  for (const BackdropPaint* paint : paints) images.push_back(frosted(screen, *paint, pixelsPerPoint_));
+  for (PreparedLayer& layer : layers_) {
+    layer.setBackdrop([&](const BackdropPaint& wanted) {
+      const auto found =
+          std::find_if(paints.begin(), paints.end(), [&](const BackdropPaint* paint) { return *paint == wanted; });
+      return QBrush(images[static_cast<std::size_t>(found - paints.begin())]);
+    });
+  }
+  if (images.size() == 1) backdrop_ = images.front();
+}
+
+void DrawnPicture::paint(std::span<const double> states, const PictureView& view, PixelBuffer target) {
+  const auto paint = [&] {
+    compose(states);
+    show(view, target);
+  };
+  const bool isReady = isComposed(states) || composeAhead(states);
+  isPlain(view) && isReady ? show(view, target) : paintUndivided(paint);
+}
+
+bool DrawnPicture::isPlain(const PictureView& view) const {
+  return view.scale == 1 && view.opacity >= 1 && view.pixelsPerPoint == pixelsPerPoint_;
+}
+
+bool DrawnPicture::isComposed(std::span<const double> states) const {
+  return std::equal(shown_.begin(), shown_.end(), states.begin(), states.end());
+}
+
+void DrawnPicture::show(const PictureView& view, PixelBuffer target) const {
+  QImage image = wrap(target);
+  const QRect dirty = toPixelRect(view.dirty, view.pixelsPerPoint) & image.rect();
+  if (dirty.isEmpty()) return;
+  QPainter painter(&image);
+  painter.setClipRect(dirty);
+  painter.setCompositionMode(QPainter::CompositionMode_Source);
+  if (isPlain(view)) {
+    drawPlain(painter, dirty);
+  } else {
+    drawScaled(painter, view, dirty);
+  }
+}
+
+void DrawnPicture::drawPlain(QPainter& painter, QRect dirty) const {
+  if (!composed_.rect().contains(dirty)) painter.fillRect(dirty, Qt::transparent);
+  painter.drawImage(dirty.topLeft(), composed_, dirty);
+}
+
+void DrawnPicture::drawScaled(QPainter& painter, const PictureView& view, QRect dirty) const {
+  painter.fillRect(dirty, Qt::transparent);
+  painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  painter.setOpacity(std::clamp(view.opacity, 0.0, 1.0));
+  const QPointF anchor = toQPoint(picture_.anchor, view.pixelsPerPoint);
+  const double toView = view.pixelsPerPoint / pixelsPerPoint_;
+  painter.translate(anchor);
+  painter.scale(view.scale, view.scale);
+  painter.translate(-anchor);
+  painter.scale(toView, toView);
+  painter.drawImage(QPoint(0, 0), composed_);
+}
+
+/// The first frame from what was drawn ahead, if it was.
+bool DrawnPicture::composeAhead(std::span<const double> states) {
+  const auto isFirst = [](double state) { return state == 0; };
+  if (!ahead_ || !shown_.empty() || !std::all_of(states.begin(), states.end(), isFirst)) return false;
+  if (!ahead_->compose(backdrop_, composed_)) return false;
+  shown_.assign(states.begin(), states.end());
+  return true;
+}
+
+/// Brings `composed_` up to date with the states.
+void DrawnPicture::compose(std::span<const double> states) {
+  if (shown_.empty()) return composeFirst(states);
+  changed_.clear();
+  for (std::size_t i = 0; i < std::min(layers_.size(), states.size()); ++i) {
+    if (shown_[i] != states[i]) changed_.push_back(layers_[i].bounds());
+    shown_[i] = states[i];
+  }
+  for (const QRect& changed : changed_) draw(changed);
+}
+
+void DrawnPicture::composeFirst(std::span<const double> states) {
+  shown_.assign(states.begin(), states.end());
+  shown_.resize(layers_.size(), 0);
+  QPainter painter(&composed_);
+  for (std::size_t i = 0; i < layers_.size(); ++i) layers_[i].drawOnce(painter, shown_[i], scratch_);
+}
+
+void DrawnPicture::draw(const QRect& changed) {
+  if (changed.isEmpty()) return;
+  QPainter painter(&composed_);
+  painter.setCompositionMode(QPainter::CompositionMode_Source);
+  painter.fillRect(changed, Qt::transparent);
+  painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+  for (std::size_t i = 0; i < layers_.size(); ++i) {
+    layers_[i].draw(painter, layers_[i].bounds() & changed, shown_[i], scratch_);
+  }
+}
+
+}  // namespace rondora

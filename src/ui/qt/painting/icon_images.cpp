@@ -1,0 +1,115 @@
+#include "ui/qt/painting/icon_images.h"
+
+#include <QColor>
+#include <QDateTime>
+#include <QFileInfo>
+#include <QIcon>
+
+#include "platform/qt/qt_text.h"
+#include "ui/qt/painting/application_icon_images.h"
+#include "ui/qt/painting/emoji_images.h"
+#include "ui/qt/painting/qt_conversions.h"
+#include "ui/qt/painting/symbol_images.h"
+
+namespace rondora {
+
+namespace {
+
+/// Many more than a document's menus show; then everything is made anew.
+constexpr qsizetype kLargestCache = 1024;
+constexpr std::string_view kNeutralApplication = "window";
+constexpr std::string_view kSiteWithoutPicture = "globe";
+
+/// The file as it is now.
+QString versionOf(const QString& file) {
+  return QStringLiteral("%1|%2").arg(file).arg(QFileInfo(file).lastModified().toMSecsSinceEpoch());
+}
+
+/// What the application is installed with as it is now; another application may answer to the same name later on.
+QString versionOf(const ApplicationIconSource& source) {
+  const QString themeName = toQString(source.themeName);
+  if (themeName.startsWith('/')) return versionOf(themeName);
+  if (!themeName.isEmpty()) return QStringLiteral("%1|%2").arg(QIcon::themeName(), themeName);
+  return versionOf(toQString(source.filePath));
+}
+
+}  // namespace
+
+QString IconImages::cacheKey(const IconCommand& icon, int side) const {
+  QString key = QStringLiteral("%1|%2|").arg(static_cast<int>(icon.kind)).arg(side);
+  switch (icon.kind) {
+    case IconKind::imageFile:
+    case IconKind::favicon:
+      return key + versionOf(toQString(icon.name));
+    case IconKind::application: {
+      const auto source = applicationIcons_.iconSource(icon.name);
+      return key + toQString(icon.name) + '|' + (source ? versionOf(*source) : QString());
+    }
+    case IconKind::symbol:
+      return key + toQColor(icon.tint).name(QColor::HexArgb) + toQString(icon.name);
+    case IconKind::none:
+    case IconKind::emoji:
+      break;
+  }
+  return key + toQString(icon.name);
+}
+
+/// A site's picture is found by the file that holds it.
+IconCommand IconImages::withFile(const IconCommand& icon) const {
+  IconCommand command = icon;
+  if (const auto file = sitePicture_ ? sitePicture_(icon.name) : std::nullopt) {
+    command.name = file->string();
+  } else {
+    command.kind = IconKind::symbol;
+    command.name = kSiteWithoutPicture;
+  }
+  return command;
+}
+
+QImage IconImages::image(const IconCommand& wanted, int side) {
+  if (wanted.kind == IconKind::none || side <= 0) return {};
+  const IconCommand icon = wanted.kind == IconKind::favicon ? withFile(wanted) : wanted;
+  const QString key = cacheKey(icon, side);
+  if (const auto found = cache_.constFind(key); found != cache_.constEnd()) return *found;
+  Found made = make(icon, side);
+  made.image.convertTo(QImage::Format_ARGB32_Premultiplied);
+  if (cache_.size() >= kLargestCache) cache_.clear();
+  if (made.keep) cache_.insert(key, made.image);
+  return made.image;
+}
+
+IconImages::Found IconImages::make(const IconCommand& icon, int side) const {
+  Found found;
+  switch (icon.kind) {
+    case IconKind::none:
+      break;
+    case IconKind::symbol:
+      found.image = symbolImage(icon.name, side, icon.tint);
+      break;
+    case IconKind::emoji:
+      found.image = emojiImage(icon.name, side);
+      break;
+    case IconKind::application:
+      return makeApplication(icon, side);
+    case IconKind::imageFile:
+      found.image = imageFileImage(toQString(icon.name), side);
+      break;
+    case IconKind::favicon:
+      found.image = faviconImage(toQString(icon.name), side);
+      break;
+  }
+  if (found.image.isNull()) found = {symbolImage({}, side, icon.tint), false};
+  return found;
+}
+
+/// An application without a picture may be installed, or show a window, a moment later: that is not remembered.
+IconImages::Found IconImages::makeApplication(const IconCommand& icon, int side) const {
+  for (const auto find : {&ApplicationIcons::iconSource, &ApplicationIcons::windowIconSource}) {
+    const auto source = (applicationIcons_.*find)(icon.name);
+    const QImage image = source ? applicationIconImage(*source, side) : QImage();
+    if (!image.isNull()) return {image, true};
+  }
+  return {embeddedSymbolImage(kNeutralApplication, side, icon.tint), false};
+}
+
+}  // namespace rondora

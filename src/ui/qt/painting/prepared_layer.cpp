@@ -1,0 +1,153 @@
+#include "ui/qt/painting/prepared_layer.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "ui/qt/painting/qt_conversions.h"
+
+namespace rondora {
+
+namespace {
+
+constexpr double kLargestIconSide = 8192;
+
+QImage iconImage(const IconCommand& command, double scale, IconImages& icons) {
+  const QRectF rect = toQRect(command.rect, scale);
+  return icons.image(command, static_cast<int>(std::lround(std::min({rect.width(), rect.height(), kLargestIconSide}))));
+}
+
+struct CommandPreparer {
+  IconImages& icons;
+  double scale;
+
+  PreparedCommand operator()(const FillCommand& command) const {
+    const auto* backdrop = std::get_if<BackdropPaint>(&command.paint);
+    return PreparedFill{toQPainterPath(command.path, scale), toQBrush(command.paint, scale),
+                        toQPainterPath(command.clip, scale),
+                        backdrop != nullptr ? std::optional(*backdrop) : std::nullopt};
+  }
+  PreparedCommand operator()(const StrokeCommand& command) const {
+    const QPen pen(toQBrush(command.paint, scale), command.width * scale, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+    return PreparedStroke{toQPainterPath(command.path, scale), pen};
+  }
+  PreparedCommand operator()(const IconCommand& command) const {
+    QImage image = iconImage(command, scale, icons);
+    const QPointF corner = toQRect(command.rect, scale).center() - QPointF(image.width() / 2.0, image.height() / 2.0);
+    return PreparedIcon{std::move(image), corner.toPoint()};
+  }
+  PreparedCommand operator()(const TextCommand& command) const {
+    return std::make_unique<PreparedText>(command, scale);
+  }
+};
+
+struct CommandPainter {
+  QPainter& painter;
+
+  void operator()(const PreparedFill& fill) const {
+    if (fill.clip.isEmpty()) {
+      painter.fillPath(fill.path, fill.brush);
+      return;
+    }
+    painter.save();
+    painter.setClipPath(fill.clip);
+    painter.fillPath(fill.path, fill.brush);
+    painter.restore();
+  }
+  void operator()(const PreparedStroke& stroke) const { painter.strokePath(stroke.path, stroke.pen); }
+  void operator()(const PreparedIcon& icon) const {
+    if (!icon.image.isNull()) painter.drawImage(icon.position, icon.image);
+  }
+  void operator()(const std::unique_ptr<PreparedText>& text) const { text->paint(painter); }
+};
+
+void paint(QPainter& painter, const std::vector<PreparedCommand>& commands) {
+  painter.setRenderHint(QPainter::Antialiasing);
+  for (const PreparedCommand& command : commands) std::visit(CommandPainter{painter}, command);
+}
+
+}  // namespace
+
+PreparedLayer::PreparedLayer(const PictureLayer& layer, double pixelsPerPoint, IconImages& icons, QSize pictureSize)
+    : bounds_(toPixelRect(layer.bounds, pixelsPerPoint) & QRect({0, 0}, pictureSize)) {
+  const CommandPreparer preparer{icons, pixelsPerPoint};
+  states_.reserve(layer.states.size());
+  for (const DisplayList& state : layer.states) {
+    auto& commands = states_.emplace_back();
+    commands.reserve(state.size());
+    for (const DisplayCommand& command : state) commands.push_back(std::visit(preparer, command));
+  }
+}
+
+bool PreparedLayer::hasIconsOf(const PictureLayer& layer, double pixelsPerPoint, IconImages& icons) const {
+  for (std::size_t state = 0; state < states_.size(); ++state) {
+    for (std::size_t i = 0; i < states_[state].size(); ++i) {
+      const auto* wanted = std::get_if<IconCommand>(&layer.states[state][i]);
+      const auto* icon = std::get_if<PreparedIcon>(&states_[state][i]);
+      if (wanted != nullptr && icon->image != iconImage(*wanted, pixelsPerPoint, icons)) return false;
+    }
+  }
+  return true;
+}
+
+void PreparedLayer::setBackdrop(const std::function<QBrush(const BackdropPaint&)>& backdropFor) {
+  for (auto& commands : states_) {
+    for (PreparedCommand& command : commands) {
+      auto* fill = std::get_if<PreparedFill>(&command);
+      if (fill != nullptr && fill->backdrop) fill->brush = backdropFor(*fill->backdrop);
+    }
+  }
+}
+
+void PreparedLayer::makeRoom() {
+  for (std::size_t i = 0; i < std::min(kept_.size(), states_.size()); ++i) {
+    kept_[i].image = QImage(bounds_.size(), QImage::Format_ARGB32_Premultiplied);
+  }
+}
+
+void PreparedLayer::render(QImage& image, std::size_t state) const {
+  image.fill(Qt::transparent);
+  QPainter painter(&image);
+  painter.translate(-bounds_.topLeft());
+  paint(painter, states_[state]);
+}
+
+const QImage& PreparedLayer::pixels(std::size_t state) {
+  Pixels& kept = kept_[state % kept_.size()];
+  if (kept.state != state) {
+    render(kept.image, state);
+    kept.state = state;
+  }
+  return kept.image;
+}
+
+void PreparedLayer::drawOnce(QPainter& painter, double state, QImage& scratch) {
+  const auto whole = static_cast<std::size_t>(std::max(state, 0.0));
+  if (static_cast<double>(whole) != state || whole >= states_.size()) return draw(painter, bounds_, state, scratch);
+  painter.save();
+  painter.setClipRect(bounds_);
+  paint(painter, states_[whole]);
+  painter.restore();
+}
+
+void PreparedLayer::draw(QPainter& painter, const QRect& area, double state, QImage& scratch) {
+  if (states_.empty() || area.isEmpty()) return;
+  const double last = static_cast<double>(states_.size() - 1);
+  const double place = std::clamp(state, 0.0, last);
+  const auto lower = static_cast<std::size_t>(place);
+  const double share = place - static_cast<double>(lower);
+  const QRect part = area.translated(-bounds_.topLeft());
+  if (share <= 0) {
+    painter.drawImage(area.topLeft(), pixels(lower), part);
+    return;
+  }
+  QPainter mixer(&scratch);
+  mixer.setCompositionMode(QPainter::CompositionMode_Source);
+  mixer.drawImage(part.topLeft(), pixels(lower), part);
+  mixer.setOpacity(share);
+  mixer.drawImage(part.topLeft(), pixels(lower + 1), part);
+  mixer.end();
+  painter.drawImage(area.topLeft(), scratch, part);
+}
+
+}  // namespace rondora

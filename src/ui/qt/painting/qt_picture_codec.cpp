@@ -1,0 +1,71 @@
+#include "ui/qt/painting/qt_picture_codec.h"
+
+#include <QBuffer>
+#include <QImage>
+#include <QImageReader>
+#include <algorithm>
+#include <array>
+
+namespace rondora {
+
+namespace {
+
+constexpr int kLargestSide = 1024;
+constexpr int kMostPictures = 64;
+
+/// The kinds whose size is known before anything is unpacked.
+bool isPixelFormat(const QByteArray& format) {
+  constexpr std::array kFormats = {"png", "jpeg", "gif", "ico", "bmp", "webp"};
+  return std::find(kFormats.begin(), kFormats.end(), format) != kFormats.end();
+}
+
+bool isSensible(QSize size) { return !size.isEmpty() && size.width() <= kLargestSide && size.height() <= kLargestSide; }
+
+/// The smallest that is large enough, else the largest.
+bool isMoreFitting(QSize a, QSize b, int side) {
+  const bool aSuffices = a.width() >= side;
+  const bool bSuffices = b.width() >= side;
+  if (aSuffices != bSuffices) return aSuffices;
+  return aSuffices ? a.width() < b.width() : a.width() > b.width();
+}
+
+QImage readMostFitting(QImageReader& reader, int side) {
+  const QByteArray format = reader.format();  // asked for once: the reader forgets it later on
+  if (!isPixelFormat(format)) return {};
+  int best = 0;
+  QSize bestSize = reader.size();
+  // Of the other kinds only animations hold several pictures.
+  const int count = format == "ico" ? std::min(reader.imageCount(), kMostPictures) : 1;
+  for (int i = 1; i < count && reader.jumpToImage(i); ++i) {
+    const QSize size = reader.size();
+    if (!isSensible(size) || !isMoreFitting(size, bestSize, side)) continue;
+    best = i;
+    bestSize = size;
+  }
+  if (!isSensible(bestSize)) return {};
+  if (best > 0 || count > 1) reader.jumpToImage(best);
+  return reader.read();
+}
+
+}  // namespace
+
+std::optional<std::string> QtPictureCodec::thumbnail(std::string_view bytes, int side) {
+  QByteArray data = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
+  QBuffer input(&data);
+  input.open(QIODevice::ReadOnly);
+  QImageReader reader(&input);
+  reader.setDecideFormatFromContent(true);
+  reader.setAutoTransform(true);
+  QImage image = readMostFitting(reader, side);
+  if (image.isNull()) return std::nullopt;
+  if (std::max(image.width(), image.height()) > side) {
+    image = image.scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+  }
+  QByteArray png;
+  QBuffer output(&png);
+  output.open(QIODevice::WriteOnly);
+  if (!image.save(&output, "png")) return std::nullopt;
+  return png.toStdString();
+}
+
+}  // namespace rondora

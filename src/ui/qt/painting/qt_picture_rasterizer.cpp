@@ -1,0 +1,97 @@
+#include "ui/qt/painting/qt_picture_rasterizer.h"
+
+#include <QIcon>
+#include <QPixmap>
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "ui/qt/painting/drawn_picture.h"
+
+namespace rondora {
+
+namespace {
+
+/// Some twenty usual rings at one pixel a point, six at two.
+constexpr std::size_t kMostKeptBytes = 16 << 20;
+constexpr std::ptrdiff_t kMostKept = 32;
+/// A larger one is not worth all others.
+constexpr std::size_t kMostDrawnAheadBytes = kMostKeptBytes / 2;
+
+/// One showing of a picture.
+class QtPreparedPicture : public PreparedPicture {
+ public:
+  explicit QtPreparedPicture(std::shared_ptr<DrawnPicture> picture) : picture_(std::move(picture)) {
+    picture_->begin();
+  }
+  ~QtPreparedPicture() override { picture_->end(); }
+  QtPreparedPicture(const QtPreparedPicture&) = delete;
+  QtPreparedPicture& operator=(const QtPreparedPicture&) = delete;
+
+  void setBackdrop(const PixelBuffer& screen) override { picture_->setBackdrop(screen); }
+  void paint(std::span<const double> states, const PictureView& view, PixelBuffer target) override {
+    picture_->paint(states, view, target);
+  }
+
+ private:
+  std::shared_ptr<DrawnPicture> picture_;
+};
+
+/// Something of every kind that a ring may hold.
+Picture sampler() {
+  const Rect rect{{0, 0}, {48, 48}};
+  DisplayList list;
+  for (const char* symbol : {"star.fill", "hare.fill"}) list.push_back(IconCommand{IconKind::symbol, symbol, rect, {}});
+  list.push_back(IconCommand{IconKind::emoji, "🙂", rect, {}});
+  for (const FontWeight weight : {FontWeight::regular, FontWeight::semibold}) {
+    list.push_back(TextCommand{"0 Aa", rect, 16, weight, TextAlignment::center, 1, {}});
+  }
+  return {rect.size, {}, {{rect, {std::move(list)}}}};
+}
+
+}  // namespace
+
+void QtPictureRasterizer::warmUp() {
+  std::array<std::uint32_t, 48 * 48> pixels{};
+  const std::array<double, 1> states{};
+  prepare(sampler(), 1)->paint(states, {1, 1, 1, {{0, 0}, {48, 48}}}, {pixels.data(), 48, 48, 48});
+  QIcon::fromTheme("folder").pixmap(48);
+}
+
+std::unique_ptr<PreparedPicture> QtPictureRasterizer::prepare(Picture picture, double pixelsPerPoint) {
+  return std::make_unique<QtPreparedPicture>(pictureOf(std::move(picture), pixelsPerPoint));
+}
+
+void QtPictureRasterizer::prepareAhead(Picture picture, double pixelsPerPoint) {
+  const auto kept = pictureOf(std::move(picture), pixelsPerPoint);
+  if (kept->byteCountAhead() > kMostDrawnAheadBytes) return;
+  kept->drawAhead();
+  keepFew();
+}
+
+/// One that was kept and is not being shown, else a new one. It becomes the latest of those that are kept.
+std::shared_ptr<DrawnPicture> QtPictureRasterizer::pictureOf(Picture picture, double pixelsPerPoint) {
+  const auto found = std::find_if(kept_.begin(), kept_.end(), [&](const std::shared_ptr<DrawnPicture>& kept) {
+    return !kept->isShown() && kept->isOf(picture, pixelsPerPoint, icons_);
+  });
+  if (found != kept_.end()) {
+    std::rotate(found, found + 1, kept_.end());
+    return kept_.back();
+  }
+  auto made = std::make_shared<DrawnPicture>(std::move(picture), pixelsPerPoint, icons_);
+  kept_.push_back(made);
+  keepFew();
+  return made;
+}
+
+void QtPictureRasterizer::keepFew() {
+  kept_.erase(kept_.begin(), kept_.end() - std::min(std::ssize(kept_), kMostKept));
+  std::size_t bytes = 0;
+  const auto isTooMuch = [&bytes](const std::shared_ptr<DrawnPicture>& kept) {
+    bytes += kept->byteCount();
+    return bytes > kMostKeptBytes;
+  };
+  kept_.erase(kept_.begin(), std::find_if(kept_.rbegin(), kept_.rend(), isTooMuch).base());
+}
+
+}  // namespace rondora

@@ -1,0 +1,56 @@
+#include "ui/qt/painting/symbol_images.h"
+
+#include <QPainter>
+#include <QSvgRenderer>
+
+#include "platform/qt/qt_text.h"
+#include "ui/qt/painting/qt_conversions.h"
+#include "ui/qt/painting/symbol_table.h"
+
+// Outside of any namespace, as the resource compiler's names are.
+static void initializeSymbols() {
+  Q_INIT_RESOURCE(rondora_symbols);
+  Q_INIT_RESOURCE(rondora_own_symbols);
+}
+
+namespace rondora {
+
+namespace {
+
+constexpr std::string_view kNeutralSymbol = "app";
+
+QImage transparentSquare(int side) {
+  QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
+  image.fill(Qt::transparent);
+  return image;
+}
+
+void tintOpaqueParts(QImage& image, Color tint) {
+  QPainter painter(&image);
+  painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+  painter.fillRect(image.rect(), toQColor(tint));
+}
+
+}  // namespace
+
+QImage embeddedSymbolImage(std::string_view file, int side, Color tint) {
+  initializeSymbols();
+  QSvgRenderer renderer(":/symbols/" + toQString(file) + ".svg");
+  if (!renderer.isValid()) return {};
+  QImage image = transparentSquare(side);
+  {
+    QPainter painter(&image);
+    renderer.setAspectRatioMode(Qt::KeepAspectRatio);
+    renderer.render(&painter, image.rect());
+  }
+  tintOpaqueParts(image, tint);
+  return image;
+}
+
+QImage symbolImage(std::string_view name, int side, Color tint) {
+  const auto entry = findSymbol(name);
+  const QImage image = entry ? embeddedSymbolImage(entry->file, side, tint) : QImage();
+  return image.isNull() ? embeddedSymbolImage(kNeutralSymbol, side, tint) : image;
+}
+
+}  // namespace rondora

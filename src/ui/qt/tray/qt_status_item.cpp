@@ -1,0 +1,124 @@
+#include "ui/qt/tray/qt_status_item.h"
+
+#include <QAction>
+#include <QCursor>
+#include <QIcon>
+#include <QPalette>
+#include <QPixmap>
+#include <utility>
+
+#include "platform/qt/qt_text.h"
+#include "ui/qt/painting/symbol_images.h"
+#include "ui/qt/tray/status_bar_icon.h"
+
+namespace rondora {
+
+namespace {
+
+using Hosts = StatusNotifierWatch::Hosts;
+
+constexpr int kSettlingMilliseconds = 1000;
+/// A panel draws the menu in colours of its own, which nobody tells us: this grey has a contrast of 4.5 : 1 to white as
+/// to black (WCAG 2.1, 1.4.3).
+constexpr Color kLegibleGrey{0.463, 0.463, 0.463, 1};
+
+QString escaped(const std::string& title) { return toQString(title).replace('&', "&&"); }
+
+Color toColor(const QColor& color) { return {color.redF(), color.greenF(), color.blueF(), 1}; }
+
+QIcon menuIcon(const std::string& symbol, const QPalette& palette) {
+  const Color highlighted = toColor(palette.color(QPalette::HighlightedText));
+  QIcon icon;
+  for (const int side : {16, 24, 32}) {
+    icon.addPixmap(QPixmap::fromImage(symbolImage(symbol, side, kLegibleGrey)));
+    icon.addPixmap(QPixmap::fromImage(symbolImage(symbol, side, highlighted)), QIcon::Active);
+  }
+  return icon;
+}
+
+}  // namespace
+
+QtStatusItem::QtStatusItem(const StatusItemDescription& description, const EmbeddingTray& embeddingTray,
+                           StatusNotifierWatch& notifierWatch)
+    : embeddingTray_(embeddingTray),
+      notifierWatch_(notifierWatch),
+      name_(toQString(description.autosaveName)),
+      toolTip_(toQString(description.toolTip)) {
+  for (const MenuEntry& entry : description.menu) addEntry(entry);
+  menu_.setAccessibleName(toQString(description.accessibilityLabel));
+  settled_.setSingleShot(true);
+  settled_.setInterval(kSettlingMilliseconds);
+  QObject::connect(&settled_, &QTimer::timeout, &menu_, [this] { compareVisibility(); });
+  embeddingTrayObserver_ = embeddingTray_.onChanged([this] { traysChanged(); });
+  notifierObserver_ = notifierWatch_.onChanged([this] { traysChanged(); });
+  traysChanged();
+}
+
+void QtStatusItem::addEntry(const MenuEntry& entry) {
+  if (entry.isSeparator) {
+    menu_.addSeparator();
+    return;
+  }
+  QAction* action = menu_.addAction(escaped(entry.title));
+  if (!entry.symbol.empty()) action->setIcon(menuIcon(entry.symbol, menu_.palette()));
+  action->setIconVisibleInMenu(true);
+  QObject::connect(action, &QAction::triggered, &menu_, [run = entry.action] {
+    if (run) run();
+  });
+}
+
+void QtStatusItem::setMenuTitle(std::size_t index, const std::string& title) {
+  const auto actions = menu_.actions();
+  const auto position = static_cast<qsizetype>(index);
+  if (position < actions.size()) actions.at(position)->setText(escaped(title));
+}
+
+void QtStatusItem::traysChanged() {
+  if (notifierWatch_.hosts() == Hosts::unknown) return;
+  enterTray();
+  if (!std::exchange(knowsTrays_, true)) lastProblem_ = visibilityProblem();
+  settled_.start();
+}
+
+void QtStatusItem::enterTray() {
+  const Hosts hosts = notifierWatch_.hosts();
+  if (icon_ || (hosts != Hosts::present && !embeddingTray_.isThere())) return;
+  isOnTheBus_ = hosts == Hosts::present;
+  icon_.emplace(StatusBarIcon::make());
+  icon_->setObjectName(name_);
+  icon_->setToolTip(toolTip_);
+  icon_->setContextMenu(&menu_);
+  QObject::connect(&*icon_, &QSystemTrayIcon::activated, &menu_, [this](QSystemTrayIcon::ActivationReason reason) {
+    // To the toolkit a click soon after another one, were it on a menu, is a double click.
+    if (reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::DoubleClick) openMenu();
+  });
+  icon_->show();
+}
+
+std::optional<std::string> QtStatusItem::visibilityProblem() const {
+  const Hosts hosts = notifierWatch_.hosts();
+  if (hosts == Hosts::unknown) return "the desktop's list of status items does not answer";
+  const bool goesByBus = icon_ ? isOnTheBus_ : hosts == Hosts::none;
+  if (goesByBus && hosts != Hosts::present) return "no panel of the desktop shows status items";
+  if (goesByBus) return std::nullopt;
+  if (!embeddingTray_.isThere()) return "the desktop has no system tray";
+  if (!icon_ || icon_->geometry().isEmpty()) return "the system tray has not taken the item in";
+  return std::nullopt;
+}
+
+Subscription QtStatusItem::onVisibilityChanged(std::function<void()> observer) {
+  return visibilityChanged_.subscribe(std::move(observer));
+}
+
+void QtStatusItem::compareVisibility() {
+  auto problem = visibilityProblem();
+  const bool mayStillBeTakenIn = problem && icon_ && !isOnTheBus_ && embeddingTray_.isThere();
+  if (mayStillBeTakenIn) settled_.start();
+  if (std::exchange(lastProblem_, problem) != problem) visibilityChanged_.send();
+}
+
+void QtStatusItem::openMenu() {
+  if (!menu_.isVisible()) menu_.popup(QCursor::pos());
+}
+
+}  // namespace rondora

@@ -1,0 +1,151 @@
+#include "ui/qt/windows/findings_view.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "platform/qt/qt_text.h"
+#include "ui/qt/painting/symbol_images.h"
+
+namespace rondora {
+
+namespace {
+
+constexpr int kRefreshMilliseconds = 1000;
+constexpr int kMarkSide = 16;
+constexpr int kSpacing = 10;
+constexpr QSize kWidestHint(480, 300);
+// At least 3 : 1 to a light window as to a dark one (WCAG 2.1, 1.4.11).
+constexpr Color kWorksColor{0.14, 0.56, 0.25, 1};
+constexpr Color kFailsColor{0.78, 0.36, 0.0, 1};
+
+QLabel* wrapped(const std::string& text) {
+  auto* label = new QLabel(toQString(text));
+  label->setTextFormat(Qt::PlainText);
+  label->setWordWrap(true);
+  label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  // The toolkit's own would be in English.
+  label->setContextMenuPolicy(Qt::NoContextMenu);
+  return label;
+}
+
+/// Behind the statements, yet easy to read.
+QColor toned(const QPalette& palette) {
+  QColor color = palette.color(QPalette::WindowText);
+  color.setAlphaF(0.75F);
+  return color;
+}
+
+}  // namespace
+
+FindingsView::FindingsView(Source source, Shows shows) : source_(std::move(source)), shows_(shows) {
+  setFrameShape(QFrame::NoFrame);
+  setWidgetResizable(true);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setFocusPolicy(Qt::NoFocus);
+  viewport()->setAutoFillBackground(false);
+  timer_.setInterval(kRefreshMilliseconds);
+  QObject::connect(&timer_, &QTimer::timeout, this, [this] { refresh(); });
+}
+
+void FindingsView::setMarkNames(const std::string& works, const std::string& fails) {
+  if (worksName_ == works && failsName_ == fails) return;
+  worksName_ = works;
+  failsName_ = fails;
+  shown_.clear();
+}
+
+void FindingsView::refresh() {
+  auto findings = source_ ? source_() : std::vector<SessionFinding>();
+  if (shows_ == Shows::whatFails) std::erase_if(findings, [](const SessionFinding& finding) { return finding.works; });
+  if (findings == shown_) return;
+  shown_ = std::move(findings);
+  rebuild();
+}
+
+// Only for a change: what the user selects or has the focus on stays otherwise.
+void FindingsView::rebuild() {
+  auto* page = new QWidget;
+  page->setAutoFillBackground(false);
+  auto* grid = new QGridLayout(page);
+  grid->setContentsMargins(0, 0, 0, 0);
+  grid->setHorizontalSpacing(kSpacing);
+  grid->setVerticalSpacing(kSpacing);
+  grid->setColumnStretch(1, 1);
+  int row = 0;
+  for (const SessionFinding& finding : shown_) {
+    grid->addWidget(makeMark(finding), row, 0, Qt::AlignTop);
+    grid->addWidget(makeText(finding), row, 1);
+    ++row;
+  }
+  grid->setRowStretch(row, 1);
+  setWidget(page);
+  enterTabOrder();
+  updateGeometry();
+}
+
+// Widgets that come later would be last in the window.
+void FindingsView::enterTabOrder() {
+  QWidget* previous = predecessor_;
+  if (previous == nullptr) return;
+  for (QLabel* label : widget()->findChildren<QLabel*>()) {
+    if (label->focusPolicy() != Qt::StrongFocus) continue;
+    setTabOrder(previous, label);
+    previous = label;
+  }
+}
+
+QWidget* FindingsView::makeMark(const SessionFinding& finding) const {
+  const double ratio = devicePixelRatioF();
+  const int pixels = static_cast<int>(std::lround(kMarkSide * ratio));
+  QPixmap pixmap =
+      QPixmap::fromImage(finding.works ? symbolImage("checkmark.circle.fill", pixels, kWorksColor)
+                                       : symbolImage("exclamationmark.triangle.fill", pixels, kFailsColor));
+  pixmap.setDevicePixelRatio(ratio);
+  auto* mark = new QLabel;
+  mark->setPixmap(pixmap);
+  mark->setAccessibleName(toQString(finding.works ? worksName_ : failsName_));
+  return mark;
+}
+
+QWidget* FindingsView::makeText(const SessionFinding& finding) const {
+  auto* text = new QWidget;
+  auto* column = new QVBoxLayout(text);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(2);
+  QLabel* statement = wrapped(finding.statement);
+  const std::string& mark = finding.works ? worksName_ : failsName_;
+  statement->setAccessibleName(toQString(mark + ": " + finding.statement));
+  statement->setAccessibleDescription(toQString(finding.remedy));
+  statement->setFocusPolicy(Qt::StrongFocus);
+  column->addWidget(statement);
+  if (finding.remedy.empty()) return text;
+  QLabel* remedy = wrapped(finding.remedy);
+  QPalette palette = remedy->palette();
+  palette.setColor(QPalette::WindowText, toned(palette));
+  remedy->setPalette(palette);
+  column->addWidget(remedy);
+  return text;
+}
+
+QSize FindingsView::sizeHint() const {
+  if (widget() == nullptr || shown_.empty()) return {kWidestHint.width(), 0};
+  const int width = std::clamp(maximumWidth(), 1, kWidestHint.width());
+  return {width, std::min(widget()->heightForWidth(width), kWidestHint.height())};
+}
+
+void FindingsView::showEvent(QShowEvent* event) {
+  refresh();
+  timer_.start();
+  QScrollArea::showEvent(event);
+}
+
+void FindingsView::hideEvent(QHideEvent* event) {
+  timer_.stop();
+  QScrollArea::hideEvent(event);
+}
+
+}  // namespace rondora

@@ -1,0 +1,60 @@
+#include "ui/qt/windows/interface_language.h"
+
+#include <QApplication>
+#include <QFontDatabase>
+#include <QFontInfo>
+#include <QStringList>
+#include <algorithm>
+
+namespace rondora {
+
+namespace {
+
+// Where a font lacks a script the toolkit picks another by script alone. Chinese is then written with the Japanese
+// forms of shared characters, and the letters that only Urdu has come from another font than their neighbours.
+const QStringList kForChinese = {"Noto Sans CJK SC", "Noto Sans SC", "Source Han Sans SC", "WenQuanYi Micro Hei"};
+const QStringList kForJapanese = {"Noto Sans CJK JP", "Noto Sans JP", "Source Han Sans JP", "IPAPGothic"};
+const QStringList kForArabicScript = {"Noto Sans Arabic UI", "Noto Sans Arabic", "Noto Naskh Arabic", "Vazirmatn"};
+
+/// The font with the first installed one of `families` before its own. A family that comes later in the list would be
+/// found at the first time only: the toolkit keeps what it has merged under the name of the first.
+QFont withFirstInstalled(const QStringList& families, QFont font) {
+  const auto found = std::find_if(families.begin(), families.end(),
+                                  [](const QString& family) { return QFontDatabase::hasFamily(family); });
+  // The generic name ("Sans Serif") that may stand in the font would be passed over in a list.
+  if (found != families.end()) font.setFamilies({*found, QFontInfo(font).family()});
+  return font;
+}
+
+bool hasArabicLetter(const QString& text) {
+  return std::any_of(text.begin(), text.end(), [](QChar c) { return c.script() == QChar::Script_Arabic; });
+}
+
+}  // namespace
+
+QFont interfaceFont(AppLanguage language) {
+  static const QFont systemFont = QApplication::font();
+  switch (language) {
+    case AppLanguage::chinese:
+      return withFirstInstalled(kForChinese, systemFont);
+    case AppLanguage::japanese:
+      return withFirstInstalled(kForJapanese, systemFont);
+    case AppLanguage::arabic:
+    case AppLanguage::urdu:
+      return withFirstInstalled(kForArabicScript, systemFont);
+    default:
+      return systemFont;
+  }
+}
+
+void useInterfaceLanguage(AppLanguage language) {
+  QApplication::setLayoutDirection(isRightToLeft(language) ? Qt::RightToLeft : Qt::LeftToRight);
+  QApplication::setFont(interfaceFont(language));
+}
+
+QFont interfaceFontFor(const QString& text) {
+  const QFont font = QGuiApplication::font();
+  return hasArabicLetter(text) ? withFirstInstalled(kForArabicScript, font) : font;
+}
+
+}  // namespace rondora

@@ -1,0 +1,33 @@
+#include "ui/qt/windows/language_chooser.h"
+
+#include <QKeyEvent>
+#include <QWheelEvent>
+#include <utility>
+
+#include "platform/qt/qt_text.h"
+#include "ui/qt/windows/interface_language.h"
+
+namespace rondora {
+
+LanguageChooser::LanguageChooser(std::function<void(AppLanguage)> choose) {
+  // The one font that leaves every script to the system; in another the toolkit complains of those that it lacks.
+  setFont(interfaceFont(AppLanguage::english));
+  for (const AppLanguage language : kAppLanguages) {
+    addItem(toQString(nativeName(language)));
+    setItemData(count() - 1, interfaceFont(language), Qt::FontRole);
+  }
+  QObject::connect(this, &QComboBox::activated, this, [choose = std::move(choose)](int index) {
+    if (index >= 0) choose(kAppLanguages.at(static_cast<std::size_t>(index)));
+  });
+}
+
+// The Return that chooses from the open list comes here once more, and would go on to the window's default button.
+void LanguageChooser::keyPressEvent(QKeyEvent* event) {
+  if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) QComboBox::keyPressEvent(event);
+}
+
+void LanguageChooser::wheelEvent(QWheelEvent* event) { event->ignore(); }
+
+void LanguageChooser::setLanguage(AppLanguage language) { setCurrentIndex(static_cast<int>(language)); }
+
+}  // namespace rondora

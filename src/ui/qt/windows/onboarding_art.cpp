@@ -1,0 +1,80 @@
+#include "ui/qt/windows/onboarding_art.h"
+
+#include <QFontMetricsF>
+#include <QGuiApplication>
+#include <QPainter>
+#include <QPainterPath>
+#include <QStringList>
+#include <array>
+#include <cmath>
+#include <string>
+
+#include "model/palette.h"
+#include "ui/qt/painting/qt_conversions.h"
+#include "ui/qt/painting/ring_shape.h"
+
+namespace rondora {
+
+namespace {
+
+constexpr double kRingSide = 132;
+constexpr std::size_t kSectors = 6;
+constexpr double kCapHeight = 30;
+constexpr double kCapPadding = 11;
+constexpr double kCapDistance = 8;
+constexpr double kCapRadius = 6;
+
+QPixmap transparentPixmap(QSizeF size, double devicePixelRatio) {
+  QPixmap pixmap((size * devicePixelRatio).toSize());
+  pixmap.setDevicePixelRatio(devicePixelRatio);
+  pixmap.fill(Qt::transparent);
+  return pixmap;
+}
+
+void paintCap(QPainter& painter, const QRectF& rect, const QString& name, const QPalette& palette) {
+  const QRectF face = rect.adjusted(0.5, 0.5, -0.5, -2.5);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(palette.color(QPalette::Mid));
+  painter.drawRoundedRect(face.translated(0, 2), kCapRadius, kCapRadius);
+  painter.setPen(palette.color(QPalette::Mid));
+  painter.setBrush(palette.color(QPalette::Base));
+  painter.drawRoundedRect(face, kCapRadius, kCapRadius);
+  painter.setPen(palette.color(QPalette::Text));
+  painter.drawText(face, Qt::AlignCenter, name);
+}
+
+}  // namespace
+
+QPixmap ringPixmap(double devicePixelRatio) {
+  QPixmap pixmap = transparentPixmap({kRingSide, kRingSide}, devicePixelRatio);
+  QPainter painter(&pixmap);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.translate(kRingSide / 2, kRingSide / 2);
+  painter.scale(kRingSide / 2, kRingSide / 2);
+  for (std::size_t i = 0; i < kSectors; ++i) {
+    const QColor color(QLatin1String(kItemColorPalette[i].data(), static_cast<qsizetype>(kItemColorPalette[i].size())));
+    painter.fillPath(ringSectorShape(i, kSectors, i == 1 ? SectorLook::chosen : SectorLook::plain), color);
+  }
+  return pixmap;
+}
+
+QPixmap keyCapsPixmap(const QString& hotkey, const QPalette& palette, double devicePixelRatio) {
+  const QStringList keys = hotkey.split('+', Qt::SkipEmptyParts);
+  const QFontMetricsF metrics(QGuiApplication::font());
+  const auto capWidth = [&](const QString& key) {
+    return std::ceil(std::max(metrics.horizontalAdvance(key) + 2 * kCapPadding, kCapHeight));
+  };
+  double width = 1;
+  for (const QString& key : keys) width += capWidth(key) + kCapDistance;
+  QPixmap pixmap = transparentPixmap({width, kCapHeight + 1}, devicePixelRatio);
+  QPainter painter(&pixmap);
+  painter.setRenderHint(QPainter::Antialiasing);
+  double x = kCapDistance / 2;
+  for (const QString& key : keys) {
+    paintCap(painter, {x, 0, capWidth(key), kCapHeight}, key, palette);
+    x += capWidth(key) + kCapDistance;
+  }
+  return pixmap;
+}
+
+}  // namespace rondora

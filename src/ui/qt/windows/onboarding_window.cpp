@@ -1,0 +1,136 @@
+#include "ui/qt/windows/onboarding_window.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "platform/qt/qt_text.h"
+#include "ui/qt/tray/status_bar_icon.h"
+#include "ui/qt/windows/findings_view.h"
+#include "ui/qt/windows/onboarding_art.h"
+
+namespace rondora {
+
+namespace {
+
+constexpr int kMargin = 32;
+constexpr int kTextWidth = 400;
+constexpr int kHighestFindings = 180;
+constexpr double kHeadlineScale = 1.6;
+
+QLabel* centredText(const std::string& text) {
+  auto* label = new QLabel(toQString(text));
+  label->setTextFormat(Qt::PlainText);
+  label->setWordWrap(true);
+  label->setAlignment(Qt::AlignCenter);
+  label->setFixedWidth(kTextWidth);
+  return label;
+}
+
+QLabel* headline(const std::string& text) {
+  QLabel* label = centredText(text);
+  QFont font = label->font();
+  font.setPointSizeF(font.pointSizeF() * kHeadlineScale);
+  font.setWeight(QFont::DemiBold);
+  label->setFont(font);
+  return label;
+}
+
+QLabel* picture(const QPixmap& pixmap) {
+  auto* label = new QLabel;
+  label->setPixmap(pixmap);
+  label->setAlignment(Qt::AlignCenter);
+  return label;
+}
+
+}  // namespace
+
+QtOnboardingWindow::QtOnboardingWindow(WindowContents contents) : contents_(std::move(contents)) {}
+
+QtOnboardingWindow::~QtOnboardingWindow() {
+  if (dialog_) dialog_->disconnect();
+}
+
+void QtOnboardingWindow::present(std::function<void()> completion) {
+  completion_ = std::move(completion);
+  build();
+  dialog_->show();
+  dialog_->raise();
+  dialog_->activateWindow();
+}
+
+bool QtOnboardingWindow::isUp() const { return dialog_ && dialog_->isVisible(); }
+
+void QtOnboardingWindow::closeAndFinish() {
+  if (isUp()) {
+    dialog_->close();
+  } else {
+    finish();
+  }
+}
+
+void QtOnboardingWindow::build() {
+  dialog_ = std::make_unique<QDialog>();
+  dialog_->setWindowIcon(StatusBarIcon::make());
+  auto* layout = new QVBoxLayout(dialog_.get());
+  layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  layout->setSizeConstraint(QLayout::SetFixedSize);
+  fill();
+  if (contents_.onTextsChanged) textsChanged_ = contents_.onTextsChanged([this] { fill(); });
+  QObject::connect(dialog_.get(), &QDialog::finished, dialog_.get(), [this] { finish(); });
+}
+
+void QtOnboardingWindow::fill() {
+  const WindowTexts texts = contents_.texts();
+  dialog_->setWindowTitle(toQString(texts.onboardingTitle));
+  delete page_;
+  page_ = makePage(texts);
+  dialog_->layout()->addWidget(page_);
+  page_->show();
+}
+
+QWidget* QtOnboardingWindow::makePage(const WindowTexts& texts) {
+  const double ratio = dialog_->devicePixelRatioF();
+  auto* page = new QWidget;
+  auto* column = new QVBoxLayout(page);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(14);
+  column->addWidget(picture(ringPixmap(ratio)));
+  column->addWidget(headline(texts.onboardingHeadline));
+  column->addWidget(centredText(texts.onboardingIntroduction));
+  if (!texts.onboardingHotkey.empty()) {
+    column->addWidget(centredText(texts.onboardingHowToOpen));
+    column->addWidget(picture(keyCapsPixmap(toQString(texts.onboardingHotkey), dialog_->palette(), ratio)));
+  }
+  column->addWidget(centredText(texts.onboardingHowToChoose));
+  column->addWidget(centredText(texts.onboardingWhereItLives));
+  addFindings(*column, texts);
+  column->addSpacing(6);
+  auto* done = new QPushButton(toQString(texts.onboardingDone));
+  done->setDefault(true);
+  column->addWidget(done, 0, Qt::AlignCenter);
+  QObject::connect(done, &QPushButton::clicked, dialog_.get(), &QDialog::accept);
+  return page;
+}
+
+/// What a newcomer would otherwise wonder about: a hotkey that opens nothing, an icon that is not there.
+void QtOnboardingWindow::addFindings(QVBoxLayout& column, const WindowTexts& texts) {
+  auto* findings = new FindingsView(contents_.findings, FindingsView::Shows::whatFails);
+  findings->setMarkNames(texts.works, texts.fails);
+  findings->setFixedWidth(kTextWidth);
+  findings->setMaximumHeight(kHighestFindings);
+  findings->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+  findings->refresh();
+  column.addWidget(findings, 0, Qt::AlignHCenter);
+}
+
+/// The completion may destroy this object: nothing of it is touched afterwards.
+void QtOnboardingWindow::finish() {
+  textsChanged_.reset();
+  if (dialog_) dialog_.release()->deleteLater();
+  if (const auto completion = std::exchange(completion_, nullptr)) completion();
+}
+
+}  // namespace rondora

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QDialog>
+#include <memory>
+
+#include "ui/qt/windows/qt_windows.h"
+
+class QVBoxLayout;
+
+namespace rondora {
+
+class QtOnboardingWindow : public OnboardingWindow {
+ public:
+  explicit QtOnboardingWindow(WindowContents contents);
+  ~QtOnboardingWindow() override;
+
+  void present(std::function<void()> completion) override;
+  bool isUp() const override;
+  void closeAndFinish() override;
+
+ private:
+  void build();
+  /// Replaces all that the window shows by the present texts.
+  void fill();
+  QWidget* makePage(const WindowTexts& texts);
+  void addFindings(QVBoxLayout& column, const WindowTexts& texts);
+  void finish();
+
+  WindowContents contents_;
+  Subscription textsChanged_;
+  std::function<void()> completion_;
+  std::unique_ptr<QDialog> dialog_;
+  QWidget* page_ = nullptr;  // of the dialog
+};
+
+}  // namespace rondora

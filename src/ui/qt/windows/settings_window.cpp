@@ -1,0 +1,135 @@
+#include "ui/qt/windows/settings_window.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QShortcut>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "platform/qt/qt_text.h"
+#include "ui/qt/tray/status_bar_icon.h"
+
+namespace rondora {
+
+namespace {
+
+constexpr int kMargin = 24;
+constexpr QSize kInitialSize(600, 520);
+
+void makeHeading(QLabel& label) {
+  QFont font = label.font();
+  font.setBold(true);
+  label.setFont(font);
+}
+
+}  // namespace
+
+// The widgets are members and outlive the layouts, which only arrange them; each is taken out of its parent again when
+// it is destroyed, before the window.
+QtSettingsWindow::QtSettingsWindow(WindowContents contents)
+    : contents_(std::move(contents)),
+      language_(contents_.chooseLanguage),
+      findings_(contents_.findings, FindingsView::Shows::everything) {
+  build();
+  arrange();
+  connectButtons();
+  if (contents_.onTextsChanged) textsChanged_ = contents_.onTextsChanged([this] { refreshTexts(); });
+}
+
+void QtSettingsWindow::build() {
+  // A window of its own, not one that belongs to another.
+  window_.setWindowFlags(Qt::Window);
+  window_.setWindowIcon(StatusBarIcon::make());
+  window_.resize(kInitialSize);
+  for (QLabel* heading : {&documentHeading_, &sessionHeading_}) makeHeading(*heading);
+  introduction_.setWordWrap(true);
+  introduction_.setTextFormat(Qt::PlainText);
+  documentPath_.setReadOnly(true);
+  documentPath_.setLayoutDirection(Qt::LeftToRight);
+  documentPath_.setContextMenuPolicy(Qt::ActionsContextMenu);
+  documentPath_.addAction(&copyAction_);
+  documentHeading_.setBuddy(&documentPath_);
+  languageLabel_.setBuddy(&language_);
+  findings_.follow(language_);
+  for (QPushButton* button : {&copy_, &openFolder_, &quit_}) button->setAutoDefault(false);
+  close_.setDefault(true);
+}
+
+// In the order in which Tab goes through them.
+void QtSettingsWindow::arrange() {
+  auto* column = new QVBoxLayout(&window_);
+  column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  const auto addRow = [column](std::initializer_list<QWidget*> widgets) {
+    auto* row = new QHBoxLayout;
+    for (QWidget* widget : widgets) row->addWidget(widget);
+    column->addLayout(row);
+    return row;
+  };
+  column->addWidget(&introduction_);
+  column->addSpacing(kMargin / 2);
+  column->addWidget(&documentHeading_);
+  addRow({&documentPath_, &copy_, &openFolder_});
+  column->addSpacing(kMargin / 2);
+  addRow({&languageLabel_, &language_})->addStretch();
+  column->addSpacing(kMargin / 2);
+  column->addWidget(&sessionHeading_);
+  column->addWidget(&findings_, 1);
+  column->addSpacing(kMargin / 2);
+  addRow({&quit_, &close_})->insertStretch(1);
+}
+
+void QtSettingsWindow::connectButtons() {
+  QObject::connect(&close_, &QPushButton::clicked, &window_, &QWidget::close);
+  QObject::connect(&copy_, &QPushButton::clicked, &window_, [this] { copyPath(); });
+  QObject::connect(&copyAction_, &QAction::triggered, &window_, [this] { copyPath(); });
+  QObject::connect(&openFolder_, &QPushButton::clicked, &window_, [this] {
+    if (contents_.openDocumentFolder) contents_.openDocumentFolder();
+  });
+  QObject::connect(&quit_, &QPushButton::clicked, &window_, [this] {
+    if (contents_.quit) contents_.quit();
+  });
+  // Escape closes every dialog.
+  new QShortcut(QKeySequence::Close, &window_, &window_, &QWidget::close);
+  new QShortcut(QKeySequence(QStringLiteral("Ctrl+Q")), &window_, &quit_, &QPushButton::click);
+}
+
+void QtSettingsWindow::copyPath() {
+  documentPath_.selectAll();
+  QGuiApplication::clipboard()->setText(documentPath_.text());
+}
+
+void QtSettingsWindow::show() {
+  refreshTexts();
+  if (!window_.isVisible()) close_.setFocus();
+  window_.setWindowState(window_.windowState() & ~Qt::WindowMinimized);
+  window_.show();
+  window_.raise();
+  window_.activateWindow();
+}
+
+void QtSettingsWindow::refreshTexts() {
+  const WindowTexts texts = contents_.texts();
+  window_.setWindowTitle(toQString(texts.settingsTitle));
+  introduction_.setText(toQString(texts.settingsIntroduction));
+  documentHeading_.setText(toQString(texts.documentHeading));
+  if (documentPath_.text() != toQString(contents_.documentPath)) {
+    documentPath_.setText(toQString(contents_.documentPath));
+    documentPath_.setCursorPosition(0);
+  }
+  documentPath_.setAccessibleName(toQString(texts.documentHeading));
+  copyAction_.setText(toQString(texts.copy));
+  copy_.setText(toQString(texts.copy));
+  openFolder_.setText(toQString(texts.openFolder));
+  languageLabel_.setText(toQString(texts.language));
+  language_.setAccessibleName(toQString(texts.language));
+  language_.setLanguage(contents_.language());
+  sessionHeading_.setText(toQString(texts.sessionHeading));
+  findings_.setMarkNames(texts.works, texts.fails);
+  findings_.setAccessibleName(toQString(texts.sessionHeading));
+  findings_.refresh();
+  quit_.setText(toQString(texts.quit));
+  close_.setText(toQString(texts.close));
+}
+
+}  // namespace rondora

@@ -1,0 +1,118 @@
+#include "ui/qt/windows/snippet_note.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QFontMetricsF>
+#include <QPainter>
+#include <QPainterPath>
+#include <QTextBlock>
+#include <QTextLayout>
+#include <QTextOption>
+#include <algorithm>
+#include <cmath>
+
+#include "platform/qt/qt_x11_access.h"
+#include "ui/qt/windows/interface_language.h"
+
+namespace rondora {
+
+namespace {
+
+constexpr int kWidestText = 320;
+constexpr int kMostLines = 12;
+constexpr int kPadding = 12;
+constexpr int kSpaceAboveHint = 8;
+constexpr double kCornerRadius = 9;
+constexpr double kHintFontScale = 0.86;
+constexpr double kTabWidth = 4;  // of a space
+constexpr QChar kEllipsis(0x2026);
+/// Characters that give way to it, so that it does not begin a line of its own.
+constexpr int kRoomOfEllipsis = 3;
+
+const QColor kBackground(30, 31, 36);
+const QColor kBorder(255, 255, 255, 56);
+const QColor kText(244, 244, 247);
+const QColor kHintText(172, 174, 182);
+
+void setText(QTextDocument& document, const QString& text, double fontScale) {
+  QFont font = interfaceFontFor(text);
+  font.setPointSizeF(font.pointSizeF() * fontScale);
+  QTextOption option;
+  option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  option.setTabStopDistance(kTabWidth * QFontMetricsF(font).horizontalAdvance(' '));
+  document.setDocumentMargin(0);
+  document.setDefaultFont(font);
+  document.setDefaultTextOption(option);
+  document.setPlainText(text);
+  document.setTextWidth(kWidestText);
+}
+
+/// Where the text ends that `lines` lines show; negative when they show it all.
+int endOfLines(const QTextDocument& document, int lines) {
+  document.size();  // lays out
+  for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+    const QTextLayout& layout = *block.layout();
+    if (layout.lineCount() > lines || (layout.lineCount() == lines && block.next().isValid())) {
+      const QTextLine last = layout.lineAt(lines - 1);
+      return block.position() + last.textStart() + last.textLength();
+    }
+    lines -= layout.lineCount();
+  }
+  return -1;
+}
+
+void paintText(QPainter& painter, QTextDocument& document, QPoint corner, const QColor& color) {
+  QAbstractTextDocumentLayout::PaintContext context;
+  context.palette.setColor(QPalette::Text, color);
+  painter.save();
+  painter.translate(corner);
+  document.documentLayout()->draw(&painter, context);
+  painter.restore();
+}
+
+int heightOf(const QTextDocument& document) { return static_cast<int>(std::ceil(document.size().height())); }
+
+}  // namespace
+
+SnippetNote::SnippetNote()
+    : QWidget(nullptr, Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowTransparentForInput |
+                           Qt::WindowDoesNotAcceptFocus | Qt::BypassWindowManagerHint) {
+  setAttribute(Qt::WA_ShowWithoutActivating);
+  setAttribute(Qt::WA_TranslucentBackground);
+}
+
+void SnippetNote::setTexts(const QString& snippet, const QString& hint) {
+  setText(snippet_, snippet, 1);
+  if (const int end = endOfLines(snippet_, kMostLines); end >= 0) {
+    setText(snippet_, snippet.left(end - kRoomOfEllipsis).trimmed() + kEllipsis, 1);
+  }
+  setText(hint_, hint, kHintFontScale);
+  const double width = std::ceil(std::max(snippet_.idealWidth(), hint_.idealWidth()));
+  snippet_.setTextWidth(width);
+  hint_.setTextWidth(width);
+  const int hintHeight = hint.isEmpty() ? 0 : kSpaceAboveHint + heightOf(hint_);
+  resize(static_cast<int>(width) + 2 * kPadding, heightOf(snippet_) + hintHeight + 2 * kPadding);
+  cutCorners();
+  update();
+}
+
+/// Without a compositor they would be black.
+void SnippetNote::cutCorners() {
+  if (qtIsComposited()) return clearMask();
+  QPainterPath shape;
+  shape.addRoundedRect(rect(), kCornerRadius, kCornerRadius);
+  setMask(shape.toFillPolygon().toPolygon());
+}
+
+int SnippetNote::hintTop() const { return kPadding + heightOf(snippet_) + kSpaceAboveHint; }
+
+void SnippetNote::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(kBorder);
+  painter.setBrush(kBackground);
+  painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kCornerRadius, kCornerRadius);
+  paintText(painter, snippet_, {kPadding, kPadding}, kText);
+  if (!hint_.isEmpty()) paintText(painter, hint_, {kPadding, hintTop()}, kHintText);
+}
+
+}  // namespace rondora

@@ -1,0 +1,122 @@
+#include "windows/running_app_focus.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace rondora {
+namespace {
+
+using Elements = std::vector<AXElementRef>;
+
+constexpr std::uint32_t kUserGenerated = 0x200;
+constexpr double kSmallestSide = 100;       // points
+constexpr double kMessagingTimeout = 0.25;  // seconds
+
+bool isVisible(const WindowListEntry::Alpha& alpha) {
+  if (std::holds_alternative<std::monostate>(alpha)) return true;
+  const double* value = std::get_if<double>(&alpha);
+  return value && *value > 0;
+}
+
+bool isEligible(const WindowListEntry& window, std::int32_t ownerPID) {
+  return window.ownerPID == ownerPID && window.layer == 0 && window.number && isVisible(window.alpha) &&
+         window.bounds && window.bounds->size.width >= kSmallestSide && window.bounds->size.height >= kSmallestSide;
+}
+
+FrontProcess::EventRecord keyWindowRecord(std::uint32_t window, std::uint8_t phase) {
+  FrontProcess::EventRecord record{};
+  record[4] = static_cast<std::uint8_t>(record.size());
+  record[8] = phase;
+  std::fill_n(record.begin() + 32, 16, std::uint8_t{0xFF});
+  record[58] = 0x10;
+  for (std::size_t i = 0; i < 4; ++i) record[60 + i] = static_cast<std::uint8_t>(window >> (8 * i));
+  return record;
+}
+
+bool isStandard(const AXElement& window) { return attributeOf<std::string>(window, "AXSubrole") == "AXStandardWindow"; }
+
+std::optional<bool> isMinimized(const AXElement& window) { return attributeOf<bool>(window, "AXMinimized"); }
+
+/// The first standard window whose minimised state can be read and is `minimized`.
+AXElementRef firstStandardWindow(const Elements& windows, bool minimized) {
+  const auto found = std::find_if(windows.begin(), windows.end(), [minimized](const AXElementRef& window) {
+    return isStandard(*window) && isMinimized(*window) == minimized;
+  });
+  return found == windows.end() ? nullptr : *found;
+}
+
+}  // namespace
+
+RunningAppFocus::RunningAppFocus(const Ports& ports, std::unique_ptr<SerialQueue> accessibilityQueue)
+    : ports_(ports), accessibilityQueue_(std::move(accessibilityQueue)) {}
+
+bool RunningAppFocus::focus(const RunningApplication& application) {
+  const std::string bundleID = application.bundleIdentifier.value_or("?");
+  const std::int32_t pid = application.processIdentifier;
+  if (!ports_.frontProcess.available()) return fail(bundleID, "SkyLight symbols unavailable");
+  const auto window = frontmostWindowID(ports_.windowList.windows(), pid);
+  if (!window) return fail(bundleID, "no eligible window");
+  const auto process = ports_.frontProcess.processForPID(pid);
+  if (process.status != 0) return fail(bundleID, "GetProcessForPID failed " + std::to_string(process.status));
+  if (application.isHidden) ports_.workspace.unhide(application);
+  const auto result = ports_.frontProcess.setFrontProcess(process.serialNumber, *window, kUserGenerated);
+  if (result != 0) return fail(bundleID, "SLPSSetFrontProcess failed " + std::to_string(result));
+  makeKeyWindow(*window, process.serialNumber);
+  accessibilityQueue_->async([this, window = *window, pid, bundleID] { raiseWindow(window, pid, bundleID); });
+  return true;
+}
+
+std::optional<std::uint32_t> RunningAppFocus::frontmostWindowID(const std::vector<WindowListEntry>& windows,
+                                                                std::int32_t ownerPID) {
+  const auto found = std::find_if(windows.begin(), windows.end(),
+                                  [ownerPID](const WindowListEntry& window) { return isEligible(window, ownerPID); });
+  return found == windows.end() ? std::nullopt : found->number;
+}
+
+void RunningAppFocus::makeKeyWindow(std::uint32_t window, ProcessSerialNumber process) {
+  if (!ports_.frontProcess.postsEventRecords()) return;
+  for (const std::uint8_t phase : {std::uint8_t{1}, std::uint8_t{2}}) {
+    ports_.frontProcess.postEventRecord(process, keyWindowRecord(window, phase));
+  }
+}
+
+void RunningAppFocus::raiseWindow(std::uint32_t window, std::int32_t ownerPID, const std::string& bundleID) {
+  if (!ports_.permissions.isProcessTrusted()) return note(bundleID, "AX not trusted, skip raise");
+  const AXElementRef application = ports_.accessibility.application(ownerPID);
+  application->setMessagingTimeout(kMessagingTimeout);
+  const auto windows = attributeOf<Elements>(*application, "AXWindows").value_or(Elements());
+  const AXElementRef open = firstStandardWindow(windows, false);
+  const AXElementRef minimized = open ? nullptr : firstStandardWindow(windows, true);
+  if (minimized) {
+    note(bundleID, "restoring minimized window");
+    minimized->setAttribute("AXMinimized", false);
+    minimized->setAttribute("AXMain", true);
+    minimized->perform("AXRaise");
+    return;
+  }
+  AXElementRef target = windowElement(windows, window, ownerPID);
+  if (!target) return ports_.spaceSwitcher.switchSpaceWithSystemShortcut(window, bundleID);
+  if (open && isMinimized(*target) == true) target = open;
+  target->setAttribute("AXMain", true);
+  if (!target->perform("AXRaise")) ports_.spaceSwitcher.switchSpaceWithSystemShortcut(window, bundleID);
+}
+
+AXElementRef RunningAppFocus::windowElement(const Elements& windows, std::uint32_t window, std::int32_t ownerPID) {
+  const auto found = std::find_if(windows.begin(), windows.end(), [window](const AXElementRef& candidate) {
+    const std::uint32_t number = candidate->windowNumber();
+    return number != 0 && number == window;
+  });
+  if (found != windows.end()) return *found;
+  return ports_.accessibility.windowByRemoteToken(ownerPID, window);
+}
+
+bool RunningAppFocus::fail(const std::string& bundleID, const std::string& reason) {
+  note(bundleID, reason);
+  return false;
+}
+
+void RunningAppFocus::note(const std::string& bundleID, const std::string& what) {
+  ports_.log.standard("focus " + bundleID + ": " + what);
+}
+
+}  // namespace rondora
