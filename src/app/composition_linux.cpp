@@ -27,7 +27,7 @@
 #include "platform/linux/evdev/input_trackpads.h"
 #include "platform/linux/x11/connection/clipboard_handover.h"
 #include "platform/linux/x11/connection/selection_owner_watch.h"
-#include "platform/linux/x11/connection/x_connection.h"
+#include "platform/linux/x11/connection/x11_connection.h"
 #include "platform/linux/x11/keyboard/x11_event_monitors.h"
 #include "platform/linux/x11/keyboard/x11_hotkey_service.h"
 #include "platform/linux/x11/overlay/x11_overlay_panel.h"
@@ -215,11 +215,11 @@ struct CompositionLinux::Program {
   desktop::SystemRandom random;
   QtMainQueue mainQueue;
 
-  x11::XConnection connection;
+  x11::X11Connection connection;
   QtNativeEvents events;
-  x11::XKeymap keymap{connection, mainQueue};
+  x11::X11Keymap keymap{connection, mainQueue};
   x11::RawKeyReleases rawKeyReleases{connection};
-  x11::XKeyboard keyboard{connection, rawKeyReleases, mainQueue};
+  x11::X11KeyStream keyboard{connection, rawKeyReleases, mainQueue};
   x11::X11HotkeyService hotkeys{connection, keymap, keyboard};
   x11::X11EventMonitors eventMonitors{keymap, keyboard};
   x11::X11InputGrab inputGrab{connection, keyboard, mainQueue};

@@ -2,10 +2,10 @@
 
 #include <memory>
 
-#include "platform/linux/x11/connection/x_connection.h"
+#include "platform/linux/x11/connection/x11_connection.h"
 #include "platform/linux/x11/keyboard/raw_key_releases.h"
-#include "platform/linux/x11/keyboard/x_keyboard.h"
-#include "platform/linux/x11/keyboard/x_keymap.h"
+#include "platform/linux/x11/keyboard/x11_key_stream.h"
+#include "platform/linux/x11/keyboard/x11_keymap.h"
 #include "platform/linux/x11/overlay/x11_input_grab.h"
 #include "platform/linux/x11/overlay/x11_overlay_panel.h"
 #include "platform/linux/x11/overlay/x11_pointer.h"
@@ -32,11 +32,11 @@ struct OverlayStage {
   }
 
   QtMainQueue mainQueue;
-  x11::XConnection connection;
+  x11::X11Connection connection;
   QtNativeEvents events;
-  x11::XKeymap keymap{connection, mainQueue};
+  x11::X11Keymap keymap{connection, mainQueue};
   x11::RawKeyReleases rawKeyReleases{connection};
-  x11::XKeyboard keyboard{connection, rawKeyReleases, mainQueue};
+  x11::X11KeyStream keyboard{connection, rawKeyReleases, mainQueue};
   x11::X11InputGrab inputGrab{connection, keyboard, mainQueue};
   x11::X11Pointer pointer{connection, inputGrab};
   ThemeIcons icons;

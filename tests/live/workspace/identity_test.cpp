@@ -82,7 +82,7 @@ TEST_F(IdentityTest, PicturesComeFromTheDesktopEntryAndFromTheWindow) {
 
   // Openbox gives an icon to each window that has none; the root window it leaves alone.
   constexpr std::uint32_t kLie[] = {4000, 4000, 1, 2};
-  const x11::XConnection& connection = underTest_.connection;
+  const x11::X11Connection& connection = underTest_.connection;
   xcb_change_property(connection.get(), XCB_PROP_MODE_REPLACE, connection.root(), connection.atom("_NET_WM_ICON"),
                       XCB_ATOM_CARDINAL, 32, std::size(kLie), kLie);
   EXPECT_FALSE(underTest_.windows.icon(connection.root()));

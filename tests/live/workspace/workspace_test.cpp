@@ -63,7 +63,7 @@ bool WorkspaceTest::eventually(const std::function<bool()>& condition) {
 }
 
 x11::X11Workspace& WorkspaceTest::workspaceForUser() {
-  x11::XConnection& connection = underTest_.connection;
+  x11::X11Connection& connection = underTest_.connection;
   const xcb_timestamp_t before = connection.lastEventTime();
   EXPECT_TRUE(eventually([&] {
     const xcb_atom_t name = connection.atom("RONDORA_TEST_MOMENT");

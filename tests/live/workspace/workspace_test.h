@@ -32,7 +32,7 @@ class WorkspaceUnderTest {
   UniqueCPtr<xcb_connection_t, xcb_disconnect> handle_;
 
  public:
-  x11::XConnection connection;
+  x11::X11Connection connection;
   x11::X11WindowList windows;
   x11::X11Workspace workspace;
 };

@@ -10,12 +10,12 @@
 
 #include "base/owned.h"
 #include "doubles/virtual_time.h"
-#include "platform/linux/x11/connection/x_connection.h"
+#include "platform/linux/x11/connection/x11_connection.h"
 #include "platform/linux/x11/keyboard/raw_key_releases.h"
 #include "platform/linux/x11/keyboard/x11_event_monitors.h"
 #include "platform/linux/x11/keyboard/x11_hotkey_service.h"
-#include "platform/linux/x11/keyboard/x_keyboard.h"
-#include "platform/linux/x11/keyboard/x_keymap.h"
+#include "platform/linux/x11/keyboard/x11_key_stream.h"
+#include "platform/linux/x11/keyboard/x11_keymap.h"
 #include "platform/linux/x11/overlay/x11_input_grab.h"
 #include "platform/linux/x11/overlay/x11_overlay_panel.h"
 #include "platform/linux/x11/overlay/x11_pointer.h"
@@ -93,10 +93,10 @@ class X11Test : public testing::Test {
   XClient user_;
   UniqueCPtr<xcb_connection_t, xcb_disconnect> handle_;
   VirtualTime time_;
-  x11::XConnection connection_;
-  x11::XKeymap keymap_;
+  x11::X11Connection connection_;
+  x11::X11Keymap keymap_;
   x11::RawKeyReleases rawReleases_;
-  x11::XKeyboard keyboard_;
+  x11::X11KeyStream keyboard_;
   x11::X11HotkeyService hotkeys_;
   x11::X11EventMonitors monitors_;
   x11::X11InputGrab inputGrab_;

@@ -5,7 +5,7 @@
 
 namespace rondora::x11 {
 
-ClipboardHandover::ClipboardHandover(XConnection& connection)
+ClipboardHandover::ClipboardHandover(X11Connection& connection)
     : connection_(connection), clipboard_(connection.atom("CLIPBOARD")) {}
 
 ClipboardHandover::~ClipboardHandover() { destroyWindow(); }

@@ -3,7 +3,7 @@
 #include <xcb/xcb.h>
 
 #include "base/observable.h"
-#include "platform/linux/x11/connection/x_connection.h"
+#include "platform/linux/x11/connection/x11_connection.h"
 
 namespace rondora::x11 {
 
@@ -12,7 +12,7 @@ namespace rondora::x11 {
 /// the clipboard over when the window that asked is gone. Main thread.
 class ClipboardHandover {
  public:
-  explicit ClipboardHandover(XConnection& connection);
+  explicit ClipboardHandover(X11Connection& connection);
   ~ClipboardHandover();
   ClipboardHandover(const ClipboardHandover&) = delete;
   ClipboardHandover& operator=(const ClipboardHandover&) = delete;
@@ -29,7 +29,7 @@ class ClipboardHandover {
   bool handleEvent(const xcb_generic_event_t& event);
   void destroyWindow();
 
-  XConnection& connection_;
+  X11Connection& connection_;
   xcb_atom_t clipboard_;
   xcb_window_t window_ = XCB_WINDOW_NONE;
   bool isRefused_ = false;

@@ -8,7 +8,7 @@
 namespace rondora::x11 {
 namespace {
 
-int screenNumber(const XConnection& connection) {
+int screenNumber(const X11Connection& connection) {
   int number = 0;
   for (auto it = xcb_setup_roots_iterator(xcb_get_setup(connection.get())); it.rem > 0; xcb_screen_next(&it)) {
     if (it.data->root == connection.root()) return number;
@@ -19,7 +19,7 @@ int screenNumber(const XConnection& connection) {
 
 }  // namespace
 
-SelectionOwnerWatch::SelectionOwnerWatch(XConnection& connection, std::string_view name)
+SelectionOwnerWatch::SelectionOwnerWatch(X11Connection& connection, std::string_view name)
     : connection_(connection),
       selection_(connection.atom(std::string(name) + "_S" + std::to_string(screenNumber(connection)))) {
   selectOwnerChanges();

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "base/observable.h"
-#include "platform/linux/x11/connection/x_connection.h"
+#include "platform/linux/x11/connection/x11_connection.h"
 
 namespace rondora::x11 {
 
@@ -15,7 +15,7 @@ namespace rondora::x11 {
 class SelectionOwnerWatch {
  public:
   /// `name` without the screen's number.
-  SelectionOwnerWatch(XConnection& connection, std::string_view name);
+  SelectionOwnerWatch(X11Connection& connection, std::string_view name);
 
   bool hasOwner() const { return hasOwner_; }
   /// Called when the selection gets its first owner or loses the last.
@@ -27,7 +27,7 @@ class SelectionOwnerWatch {
   void selectOwnerChanges();
   bool handleEvent(const xcb_generic_event_t& event);
 
-  XConnection& connection_;
+  X11Connection& connection_;
   xcb_atom_t selection_;
   std::uint8_t ownerChangeEvent_ = 0;
   bool hasOwner_ = false;

@@ -15,7 +15,7 @@ std::uint16_t coreState(const xcb_input_key_press_event_t& key) {
 
 }  // namespace
 
-HeldKeyGrabs::HeldKeyGrabs(const XConnection& connection, std::uint8_t inputExtension)
+HeldKeyGrabs::HeldKeyGrabs(const X11Connection& connection, std::uint8_t inputExtension)
     : connection_(connection), inputExtension_(inputExtension) {
   const std::int32_t id = xkb_x11_get_core_keyboard_device_id(connection.get());
   if (id >= 0) keyboard_ = static_cast<xcb_input_device_id_t>(id);

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <optional>
 
-#include "platform/linux/x11/connection/x_connection.h"
+#include "platform/linux/x11/connection/x11_connection.h"
 
 namespace rondora::x11 {
 
@@ -18,7 +18,7 @@ namespace rondora::x11 {
 class HeldKeyGrabs {
  public:
   /// `inputExtension` is the extension's major opcode, 0 where there is none: nothing is held then.
-  HeldKeyGrabs(const XConnection& connection, std::uint8_t inputExtension);
+  HeldKeyGrabs(const X11Connection& connection, std::uint8_t inputExtension);
   ~HeldKeyGrabs();
   HeldKeyGrabs(const HeldKeyGrabs&) = delete;
   HeldKeyGrabs& operator=(const HeldKeyGrabs&) = delete;
@@ -35,7 +35,7 @@ class HeldKeyGrabs {
  private:
   void ungrab(xcb_keycode_t key) const;
 
-  const XConnection& connection_;
+  const X11Connection& connection_;
   std::uint8_t inputExtension_;
   xcb_input_device_id_t keyboard_ = 0;
   std::bitset<256> held_;

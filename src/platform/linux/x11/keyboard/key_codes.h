@@ -7,7 +7,7 @@
 
 #include "platform/key_event.h"
 
-// Virtual key codes name places on the keyboard, as X key codes do; characters come from XKeymap.
+// Virtual key codes name places on the keyboard, as X key codes do; characters come from X11Keymap.
 
 namespace rondora::x11 {
 

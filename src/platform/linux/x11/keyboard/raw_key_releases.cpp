@@ -22,7 +22,7 @@ std::uint8_t setUpInputExtension(xcb_connection_t* connection) {
 
 }  // namespace
 
-RawKeyReleases::RawKeyReleases(XConnection& connection)
+RawKeyReleases::RawKeyReleases(X11Connection& connection)
     : connection_(connection), inputExtension_(setUpInputExtension(connection.get())) {
   eventHandler_ = connection.addEventHandler([this](const xcb_generic_event_t& event) { return handleEvent(event); });
 }

@@ -6,14 +6,14 @@
 
 #include "base/observable.h"
 #include "platform/linux/x11/connection/callback_list.h"
-#include "platform/linux/x11/connection/x_connection.h"
+#include "platform/linux/x11/connection/x11_connection.h"
 
 namespace rondora::x11 {
 
 /// Key releases whichever client they go to, asked for only while somebody listens. Main thread.
 class RawKeyReleases {
  public:
-  explicit RawKeyReleases(XConnection& connection);
+  explicit RawKeyReleases(X11Connection& connection);
   ~RawKeyReleases();
 
   /// Without the extension nobody is ever told.
@@ -27,7 +27,7 @@ class RawKeyReleases {
   bool handleEvent(const xcb_generic_event_t& event) const;
   void select(std::uint32_t mask) const;
 
-  XConnection& connection_;
+  X11Connection& connection_;
   std::uint8_t inputExtension_ = 0;
   int watchers_ = 0;
   CallbackList<xcb_keycode_t> releases_;

@@ -6,8 +6,8 @@
 
 namespace rondora::x11 {
 
-X11EventMonitors::X11EventMonitors(XKeymap& keymap, XKeyboard& keyboard) : keymap_(keymap) {
-  keyObserver_ = keyboard.addKeyObserver([this](const XKey& key) {
+X11EventMonitors::X11EventMonitors(X11Keymap& keymap, X11KeyStream& keyboard) : keymap_(keymap) {
+  keyObserver_ = keyboard.addKeyObserver([this](const X11Key& key) {
     handleKey(key);
     return false;
   });
@@ -22,7 +22,7 @@ Subscription X11EventMonitors::addLocalMonitor(std::uint32_t eventMask, Handler 
 }
 
 // A modifier key changes the flags and is no key-down of its own.
-void X11EventMonitors::handleKey(const XKey& key) {
+void X11EventMonitors::handleKey(const X11Key& key) {
   if (!key.isForOverlay || keyMonitors_.isEmpty() || keymap_.isModifierKey(key.code)) return;
   const KeyEventType type = key.direction == KeyDirection::down ? KeyEventType::keyDown : KeyEventType::keyUp;
   keyMonitors_.offer(keymap_.keyEvent(type, key.code, key.state, key.isRepeat));

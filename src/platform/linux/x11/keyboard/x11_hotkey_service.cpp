@@ -10,16 +10,16 @@ namespace {
 
 constexpr std::uint16_t kAllModifiers = 0xFF;
 
-bool existsHere(const XConnection& connection, xcb_keycode_t key) {
+bool existsHere(const X11Connection& connection, xcb_keycode_t key) {
   const xcb_setup_t* setup = xcb_get_setup(connection.get());
   return key >= setup->min_keycode && key <= setup->max_keycode;
 }
 
 }  // namespace
 
-X11HotkeyService::X11HotkeyService(XConnection& connection, XKeymap& keymap, XKeyboard& keyboard)
+X11HotkeyService::X11HotkeyService(X11Connection& connection, X11Keymap& keymap, X11KeyStream& keyboard)
     : connection_(connection), keymap_(keymap), grabbedMasks_(keymap.masks()) {
-  keyObserver_ = keyboard.addKeyObserver([this](const XKey& key) {
+  keyObserver_ = keyboard.addKeyObserver([this](const X11Key& key) {
     handleKey(key);
     return false;
   });
@@ -98,7 +98,7 @@ bool X11HotkeyService::isNeeded(Combination combination) const {
   });
 }
 
-void X11HotkeyService::handleKey(const XKey& key) {
+void X11HotkeyService::handleKey(const X11Key& key) {
   if (key.direction == KeyDirection::up) {
     handleRelease(key);
   } else if (!key.isRepeat) {
@@ -107,11 +107,11 @@ void X11HotkeyService::handleKey(const XKey& key) {
 }
 
 // A modifier key alone makes no key event for the overlay.
-bool X11HotkeyService::isReportedHere(const XKey& key) const {
+bool X11HotkeyService::isReportedHere(const X11Key& key) const {
   return !key.isForOverlay || keymap_.isModifierKey(key.code);
 }
 
-void X11HotkeyService::handlePress(const XKey& key) {
+void X11HotkeyService::handlePress(const X11Key& key) {
   const auto held = static_cast<std::uint16_t>(key.state & kAllModifiers & ~grabbedMasks_.locks());
   pressedWith_[key.code].reset();
   forEachRegistrationOf(key.code, [&](const Registration& registration) {
@@ -121,7 +121,7 @@ void X11HotkeyService::handlePress(const XKey& key) {
   });
 }
 
-void X11HotkeyService::handleRelease(const XKey& key) {
+void X11HotkeyService::handleRelease(const X11Key& key) {
   const auto modifiers = std::exchange(pressedWith_[key.code], std::nullopt);
   if (!modifiers || !isReportedHere(key)) return;
   forEachRegistrationOf(key.code, [&](const Registration& registration) {

@@ -11,9 +11,9 @@
 #include "base/weak_self.h"
 #include "platform/hotkey_service.h"
 #include "platform/linux/x11/connection/callback_list.h"
-#include "platform/linux/x11/connection/x_connection.h"
-#include "platform/linux/x11/keyboard/x_keyboard.h"
-#include "platform/linux/x11/keyboard/x_keymap.h"
+#include "platform/linux/x11/connection/x11_connection.h"
+#include "platform/linux/x11/keyboard/x11_key_stream.h"
+#include "platform/linux/x11/keyboard/x11_keymap.h"
 
 namespace rondora::x11 {
 
@@ -21,7 +21,7 @@ namespace rondora::x11 {
 /// whoever watches the overlay's keys (X11EventMonitors) sees every other combination and its release there.
 class X11HotkeyService : public HotkeyService {
  public:
-  X11HotkeyService(XConnection& connection, XKeymap& keymap, XKeyboard& keyboard);
+  X11HotkeyService(X11Connection& connection, X11Keymap& keymap, X11KeyStream& keyboard);
   ~X11HotkeyService() override;
 
   std::optional<Subscription> registerEventHotKey(std::uint32_t keyCode, std::uint32_t carbonModifiers,
@@ -47,17 +47,17 @@ class X11HotkeyService : public HotkeyService {
   void ungrab(Combination combination) const;
   void unregister(std::uint64_t number);
   bool isNeeded(Combination combination) const;
-  void handleKey(const XKey& key);
-  bool isReportedHere(const XKey& key) const;
-  void handlePress(const XKey& key);
-  void handleRelease(const XKey& key);
+  void handleKey(const X11Key& key);
+  bool isReportedHere(const X11Key& key) const;
+  void handlePress(const X11Key& key);
+  void handleRelease(const X11Key& key);
   template <class Visitor>
   void forEachRegistrationOf(xcb_keycode_t key, Visitor visit);
   void send(std::uint32_t kind, EventHotKeyID id);
   void followKeymap();
 
-  XConnection& connection_;
-  XKeymap& keymap_;
+  X11Connection& connection_;
+  X11Keymap& keymap_;
   std::vector<Registration> registrations_;
   std::uint64_t lastNumber_ = 0;
   /// What the live grabs were made with.

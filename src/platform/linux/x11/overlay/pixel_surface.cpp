@@ -38,7 +38,7 @@ bool knowsDescriptors(xcb_connection_t* connection) {
 
 }  // namespace
 
-PixelTransport bestTransport(const XConnection& connection) {
+PixelTransport bestTransport(const X11Connection& connection) {
   xcb_connection_t* xcb = connection.get();
   if (!canPassDescriptors(xcb) || !knowsDescriptors(xcb)) return PixelTransport::requests;
   const int descriptor = memoryDescriptor(static_cast<std::size_t>(sysconf(_SC_PAGESIZE)));
@@ -51,7 +51,7 @@ PixelTransport bestTransport(const XConnection& connection) {
   return PixelTransport::sharedMemory;
 }
 
-PixelSurface::PixelSurface(const XConnection& connection, PixelTransport transport, int width, int height)
+PixelSurface::PixelSurface(const X11Connection& connection, PixelTransport transport, int width, int height)
     : connection_(connection), width_(width), height_(height) {
   if (transport == PixelTransport::sharedMemory && share()) return;
   ownPixels_.resize(byteCount() / sizeof(std::uint32_t));

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "platform/linux/x11/connection/x_connection.h"
+#include "platform/linux/x11/connection/x11_connection.h"
 #include "platform/linux/x11/overlay/monitor_layout.h"
 #include "platform/picture_rasterizer.h"
 
@@ -16,13 +16,13 @@ namespace rondora::x11 {
 enum class PixelTransport { sharedMemory, requests };
 
 /// How pixels get to this server fastest. Asks it once, with a shared page to try.
-PixelTransport bestTransport(const XConnection& connection);
+PixelTransport bestTransport(const X11Connection& connection);
 
 /// Pixels that we share with the server: we paint and it copies them into a window, or the other way round.
 class PixelSurface {
  public:
   /// `width` and `height` in pixels, at least 1. Starts transparent.
-  PixelSurface(const XConnection& connection, PixelTransport transport, int width, int height);
+  PixelSurface(const X11Connection& connection, PixelTransport transport, int width, int height);
   ~PixelSurface();
   PixelSurface(const PixelSurface&) = delete;
   PixelSurface& operator=(const PixelSurface&) = delete;
@@ -42,7 +42,7 @@ class PixelSurface {
   void putByRequests(xcb_drawable_t target, xcb_gcontext_t context, std::uint8_t depth, const PixelRect& rect);
   std::size_t byteCount() const;
 
-  const XConnection& connection_;
+  const X11Connection& connection_;
   int width_;
   int height_;
   std::uint32_t* pixels_ = nullptr;

@@ -13,7 +13,7 @@ namespace {
 constexpr std::uint32_t kOpaque = 0xFF000000;
 constexpr auto kUntilRepainted = std::chrono::milliseconds(120);
 
-bool hasFamiliarPixels(const XConnection& connection) {
+bool hasFamiliarPixels(const X11Connection& connection) {
   const xcb_setup_t* setup = xcb_get_setup(connection.get());
   const std::uint8_t order =
       std::endian::native == std::endian::little ? XCB_IMAGE_ORDER_LSB_FIRST : XCB_IMAGE_ORDER_MSB_FIRST;
@@ -26,7 +26,7 @@ bool hasFamiliarPixels(const XConnection& connection) {
 }
 
 /// XWayland calls its monitors so; the windows are in a place of their own there, and the root window is black.
-bool showsAnotherSystem(const XConnection& connection) {
+bool showsAnotherSystem(const X11Connection& connection) {
   xcb_connection_t* xcb = connection.get();
   const xcb_query_extension_reply_t* extension = xcb_get_extension_data(xcb, &xcb_randr_id);
   if (extension == nullptr || !extension->present) return false;
@@ -50,7 +50,7 @@ PixelRect common(const PixelRect& a, const PixelRect& b) {
 
 }  // namespace
 
-ScreenPiece::ScreenPiece(const XConnection& connection, const PixelRect& area, const PixelRect& part)
+ScreenPiece::ScreenPiece(const X11Connection& connection, const PixelRect& area, const PixelRect& part)
     : connection_(connection), area_(area), part_(part) {
   received_.emplace(connection, PixelTransport::sharedMemory, part.width, part.height);
   cookie_ = received_->request(connection.root(), part);
@@ -88,7 +88,7 @@ void ScreenPiece::takeOver() {
   received_.reset();
 }
 
-ScreenReader::ScreenReader(XConnection& connection, PixelTransport transport)
+ScreenReader::ScreenReader(X11Connection& connection, PixelTransport transport)
     : connection_(connection),
       transport_(transport),
       isReadable_(transport == PixelTransport::sharedMemory && hasFamiliarPixels(connection) &&

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "base/observable.h"
-#include "platform/linux/x11/connection/x_connection.h"
+#include "platform/linux/x11/connection/x11_connection.h"
 #include "platform/linux/x11/overlay/monitor_layout.h"
 #include "platform/linux/x11/overlay/pixel_surface.h"
 #include "platform/picture_rasterizer.h"
@@ -21,7 +21,7 @@ namespace rondora::x11 {
 class ScreenPiece {
  public:
   /// Sends the request and does not wait. `part` lies inside both the root window and `area`.
-  ScreenPiece(const XConnection& connection, const PixelRect& area, const PixelRect& part);
+  ScreenPiece(const X11Connection& connection, const PixelRect& area, const PixelRect& part);
   ~ScreenPiece();
   ScreenPiece(const ScreenPiece&) = delete;
   ScreenPiece& operator=(const ScreenPiece&) = delete;
@@ -33,7 +33,7 @@ class ScreenPiece {
  private:
   void takeOver();
 
-  const XConnection& connection_;
+  const X11Connection& connection_;
   PixelRect area_;
   PixelRect part_;
   std::optional<PixelSurface> received_;
@@ -45,7 +45,7 @@ class ScreenPiece {
 /// one whose root window is empty because another system shows its windows.
 class ScreenReader {
  public:
-  ScreenReader(XConnection& connection, PixelTransport transport);
+  ScreenReader(X11Connection& connection, PixelTransport transport);
 
   PixelTransport transport() const { return transport_; }
   /// Nothing where the screen cannot be read, or would still show a panel of ours.
@@ -56,7 +56,7 @@ class ScreenReader {
  private:
   PixelRect readRoot() const;
 
-  const XConnection& connection_;
+  const X11Connection& connection_;
   PixelTransport transport_;
   bool isReadable_;
   /// Kept up to date by events, so that reading does not begin with a question.

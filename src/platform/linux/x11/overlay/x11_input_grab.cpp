@@ -24,7 +24,7 @@ bool isFocusOfGrab(const xcb_generic_event_t& event) {
 
 }  // namespace
 
-X11InputGrab::X11InputGrab(XConnection& connection, XKeyboard& keyboard, MainQueue& mainQueue)
+X11InputGrab::X11InputGrab(X11Connection& connection, X11KeyStream& keyboard, MainQueue& mainQueue)
     : connection_(connection), keyboard_(keyboard), mainQueue_(mainQueue) {
   eventHandler_ = connection.addEventHandler([this](const xcb_generic_event_t& event) { return handleEvent(event); });
 }

@@ -5,8 +5,8 @@
 #include <bitset>
 
 #include "base/observable.h"
-#include "platform/linux/x11/connection/x_connection.h"
-#include "platform/linux/x11/keyboard/x_keyboard.h"
+#include "platform/linux/x11/connection/x11_connection.h"
+#include "platform/linux/x11/keyboard/x11_key_stream.h"
 #include "platform/main_queue.h"
 
 namespace rondora::x11 {
@@ -24,10 +24,10 @@ class InputGrabSink {
 };
 
 /// Keyboard and pointer of the whole screen, always both: active grabs on the root window, so neither the size of a
-/// window nor Enter and Leave matter. Keys go by XKeyboard. Main thread.
+/// window nor Enter and Leave matter. Keys go by X11KeyStream. Main thread.
 class X11InputGrab {
  public:
-  X11InputGrab(XConnection& connection, XKeyboard& keyboard, MainQueue& mainQueue);
+  X11InputGrab(X11Connection& connection, X11KeyStream& keyboard, MainQueue& mainQueue);
   ~X11InputGrab();
 
   /// Takes the place of whoever had the grab. Asks with the time of the last event; while another client holds one of
@@ -49,8 +49,8 @@ class X11InputGrab {
   bool handleEvent(const xcb_generic_event_t& event);
   void handleRelease(xcb_button_t button);
 
-  XConnection& connection_;
-  XKeyboard& keyboard_;
+  X11Connection& connection_;
+  X11KeyStream& keyboard_;
   MainQueue& mainQueue_;
   InputGrabSink* sink_ = nullptr;
   xcb_cursor_t cursor_ = XCB_CURSOR_NONE;

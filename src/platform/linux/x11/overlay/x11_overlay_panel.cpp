@@ -123,7 +123,7 @@ void X11OverlayPanel::createWindow() {
 }
 
 void X11OverlayPanel::setProperties() const {
-  const XConnection& connection = resources_.connection;
+  const X11Connection& connection = resources_.connection;
   const auto setText = [&](xcb_atom_t name, xcb_atom_t type, std::string_view text) {
     xcb_change_property(connection.get(), XCB_PROP_MODE_REPLACE, window_, name, type, 8,
                         static_cast<std::uint32_t>(text.size()), text.data());

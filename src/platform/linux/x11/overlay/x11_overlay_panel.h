@@ -10,7 +10,7 @@
 
 #include "base/observable.h"
 #include "platform/linux/x11/connection/selection_owner_watch.h"
-#include "platform/linux/x11/connection/x_connection.h"
+#include "platform/linux/x11/connection/x11_connection.h"
 #include "platform/linux/x11/overlay/pixel_surface.h"
 #include "platform/linux/x11/overlay/screen_reader.h"
 #include "platform/linux/x11/overlay/x11_input_grab.h"
@@ -21,7 +21,7 @@ namespace rondora::x11 {
 
 /// What the panels of one program share.
 struct OverlayResources {
-  XConnection& connection;
+  X11Connection& connection;
   X11InputGrab& inputGrab;
   PictureRasterizer& rasterizer;
   SelectionOwnerWatch& compositor;
@@ -117,7 +117,7 @@ class X11OverlayPanel : public OverlayPanel, private InputGrabSink {
 
 class X11OverlayPanels : public OverlayPanels {
  public:
-  X11OverlayPanels(XConnection& connection, X11InputGrab& inputGrab, PictureRasterizer& rasterizer);
+  X11OverlayPanels(X11Connection& connection, X11InputGrab& inputGrab, PictureRasterizer& rasterizer);
   ~X11OverlayPanels() override;
 
   /// The style's numbers are met by every panel: above all windows, on every desktop, never active.

@@ -21,7 +21,7 @@ xcb_visualid_t alphaVisual(const xcb_screen_t& screen) {
 
 }  // namespace
 
-X11OverlayPanels::X11OverlayPanels(XConnection& connection, X11InputGrab& inputGrab, PictureRasterizer& rasterizer)
+X11OverlayPanels::X11OverlayPanels(X11Connection& connection, X11InputGrab& inputGrab, PictureRasterizer& rasterizer)
     : compositor_(connection, "_NET_WM_CM"),
       screenReader_(connection, bestTransport(connection)),
       resources_{connection, inputGrab, rasterizer, compositor_, screenReader_} {

@@ -23,7 +23,7 @@ xcb_cursor_t loadCursor(xcb_cursor_context_t* context, std::initializer_list<con
 
 }  // namespace
 
-X11Pointer::X11Pointer(XConnection& connection, X11InputGrab& inputGrab)
+X11Pointer::X11Pointer(X11Connection& connection, X11InputGrab& inputGrab)
     : connection_(connection), inputGrab_(inputGrab) {
   events_ = connection.addEventHandler([this](const xcb_generic_event_t& event) {
     noteKey(event);

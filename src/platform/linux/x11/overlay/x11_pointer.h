@@ -7,7 +7,7 @@
 
 #include "base/geometry.h"
 #include "base/observable.h"
-#include "platform/linux/x11/connection/x_connection.h"
+#include "platform/linux/x11/connection/x11_connection.h"
 #include "platform/linux/x11/overlay/x11_input_grab.h"
 #include "platform/pointer.h"
 
@@ -17,7 +17,7 @@ namespace rondora::x11 {
 /// need not go to the server.
 class X11Pointer : public Pointer {
  public:
-  X11Pointer(XConnection& connection, X11InputGrab& inputGrab);
+  X11Pointer(X11Connection& connection, X11InputGrab& inputGrab);
   ~X11Pointer() override;
 
   Point location() const override;
@@ -32,7 +32,7 @@ class X11Pointer : public Pointer {
   void noteKey(const xcb_generic_event_t& event);
   std::optional<Point> askServer() const;
 
-  XConnection& connection_;
+  X11Connection& connection_;
   X11InputGrab& inputGrab_;
   /// Good for one answer.
   mutable std::optional<Known> atKeyPress_;

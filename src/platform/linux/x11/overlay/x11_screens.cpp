@@ -26,7 +26,8 @@ bool hasMonitorsRequest(xcb_connection_t* connection) {
 
 }  // namespace
 
-X11Screens::X11Screens(XConnection& connection, MainQueue& mainQueue) : connection_(connection), mainQueue_(mainQueue) {
+X11Screens::X11Screens(X11Connection& connection, MainQueue& mainQueue)
+    : connection_(connection), mainQueue_(mainQueue) {
   const xcb_query_extension_reply_t* randr = xcb_get_extension_data(connection.get(), &xcb_randr_id);
   if (randr != nullptr && randr->present) {
     firstRandrEvent_ = randr->first_event;

@@ -7,7 +7,7 @@
 
 #include "base/observable.h"
 #include "base/weak_self.h"
-#include "platform/linux/x11/connection/x_connection.h"
+#include "platform/linux/x11/connection/x11_connection.h"
 #include "platform/linux/x11/overlay/monitor_layout.h"
 #include "platform/main_queue.h"
 #include "platform/screens.h"
@@ -18,7 +18,7 @@ namespace rondora::x11 {
 /// until the server tells of a change.
 class X11Screens : public Screens {
  public:
-  X11Screens(XConnection& connection, MainQueue& mainQueue);
+  X11Screens(X11Connection& connection, MainQueue& mainQueue);
 
   std::vector<Screen> all() const override;
   /// The primary monitor, else the first.
@@ -48,7 +48,7 @@ class X11Screens : public Screens {
   Screen screen(const Monitor& monitor) const;
   Rect inPoints(const PixelRect& rect) const;
 
-  XConnection& connection_;
+  X11Connection& connection_;
   MainQueue& mainQueue_;
   std::uint8_t firstRandrEvent_ = 0;
   bool hasMonitorsRequest_ = false;

@@ -20,7 +20,7 @@ ModifierSet modifiersOf(std::uint64_t flags) {
 
 }  // namespace
 
-XTestKeyPoster::XTestKeyPoster(XConnection& connection, XKeymap& keymap, XKeyboard& heldKeys,
+XTestKeyPoster::XTestKeyPoster(X11Connection& connection, X11Keymap& keymap, X11KeyStream& heldKeys,
                                RawKeyReleases& rawReleases)
     : connection_(connection),
       keymap_(keymap),

@@ -4,11 +4,11 @@
 
 #include "base/observable.h"
 #include "platform/key_event_poster.h"
-#include "platform/linux/x11/connection/x_connection.h"
+#include "platform/linux/x11/connection/x11_connection.h"
 #include "platform/linux/x11/keyboard/modifier_keys.h"
 #include "platform/linux/x11/keyboard/raw_key_releases.h"
-#include "platform/linux/x11/keyboard/x_keyboard.h"
-#include "platform/linux/x11/keyboard/x_keymap.h"
+#include "platform/linux/x11/keyboard/x11_key_stream.h"
+#include "platform/linux/x11/keyboard/x11_keymap.h"
 #include "platform/linux/x11/typing/synthetic_typing.h"
 #include "platform/linux/x11/typing/xtest_keyboard.h"
 
@@ -19,7 +19,7 @@ namespace rondora::x11 {
 class XTestKeyPoster final : public KeyEventPoster {
  public:
   /// All outlive this. Lets go of keys that an earlier run left pressed.
-  XTestKeyPoster(XConnection& connection, XKeymap& keymap, XKeyboard& heldKeys, RawKeyReleases& rawReleases);
+  XTestKeyPoster(X11Connection& connection, X11Keymap& keymap, X11KeyStream& heldKeys, RawKeyReleases& rawReleases);
   ~XTestKeyPoster() override;
 
   /// The server can make fake events.
@@ -35,9 +35,9 @@ class XTestKeyPoster final : public KeyEventPoster {
   void followUser();
   void settle();
 
-  XConnection& connection_;
-  XKeymap& keymap_;
-  XKeyboard& heldKeys_;
+  X11Connection& connection_;
+  X11Keymap& keymap_;
+  X11KeyStream& heldKeys_;
   RawKeyReleases& rawReleases_;
   XTestKeyboard keyboard_;
   SyntheticTyping typing_{keyboard_};

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/linux/x11/connection/x_connection.h"
+#include "platform/linux/x11/connection/x11_connection.h"
 #include "platform/linux/x11/connection/xcb_xkb.h"
 
 namespace rondora::x11 {

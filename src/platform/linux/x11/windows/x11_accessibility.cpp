@@ -90,7 +90,7 @@ struct WorkerConnection::Connected {
 
   int screen = 0;
   UniqueCPtr<xcb_connection_t, xcb_disconnect> handle;
-  XConnection connection;
+  X11Connection connection;
   X11WindowList windows;
 };
 
@@ -101,7 +101,7 @@ WorkerConnection::Connected* WorkerConnection::connected() {
   return xcb_connection_has_error(connected_->handle.get()) == 0 ? connected_.get() : nullptr;
 }
 
-XConnection* WorkerConnection::connection() {
+X11Connection* WorkerConnection::connection() {
   Connected* made = connected();
   return made ? &made->connection : nullptr;
 }
@@ -127,7 +127,7 @@ std::optional<std::vector<std::uint64_t>> X11Spaces::spacesForWindow(std::uint32
 }
 
 std::optional<std::vector<DisplaySpaces>> X11Spaces::managedDisplaySpaces() const {
-  const XConnection* connection = worker_.connection();
+  const X11Connection* connection = worker_.connection();
   if (!connection) return std::nullopt;
   const auto cardinals = [connection](const char* name) {
     return connection->property32(connection->root(), connection->atom(name), XCB_ATOM_CARDINAL);

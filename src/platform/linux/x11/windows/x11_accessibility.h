@@ -16,7 +16,7 @@ class WorkerConnection {
   explicit WorkerConnection(double pixelsPerPoint) : pixelsPerPoint_(pixelsPerPoint) {}
 
   /// Null when the server cannot be reached.
-  XConnection* connection();
+  X11Connection* connection();
   X11WindowList* windows();
 
  private:

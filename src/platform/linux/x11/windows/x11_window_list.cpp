@@ -98,7 +98,7 @@ std::string executableOf(std::int32_t processIdentifier) {
   return name;
 }
 
-Cookies ask(const XConnection& connection, xcb_window_t window) {
+Cookies ask(const X11Connection& connection, xcb_window_t window) {
   Cookies cookies{};
   for (std::size_t i = 0; i < questionCount; ++i) {
     cookies[i] = xcb_get_property(connection.get(), 0, window, connection.atom(kQuestions[i].name), XCB_ATOM_ANY, 0,
@@ -107,7 +107,7 @@ Cookies ask(const XConnection& connection, xcb_window_t window) {
   return cookies;
 }
 
-Answers collect(const XConnection& connection, const Cookies& cookies) {
+Answers collect(const X11Connection& connection, const Cookies& cookies) {
   Answers answers;
   for (std::size_t i = 0; i < questionCount; ++i) {
     answers[i].reset(xcb_get_property_reply(connection.get(), cookies[i], nullptr));
@@ -115,7 +115,7 @@ Answers collect(const XConnection& connection, const Cookies& cookies) {
   return answers;
 }
 
-bool isOrdinary(const XConnection& connection, const Answers& answers) {
+bool isOrdinary(const X11Connection& connection, const Answers& answers) {
   const auto states = listOf(answers[netWmState]);
   if (std::find(states.begin(), states.end(), connection.atom("_NET_WM_STATE_SKIP_TASKBAR")) != states.end()) {
     return false;
@@ -127,7 +127,7 @@ bool isOrdinary(const XConnection& connection, const Answers& answers) {
 
 /// Some window managers put windows of other desktops into the iconic state too (openbox 3.6), some call a window
 /// hidden that lies behind another tab (i3 4.22): where there are both states, both have to say so.
-bool isIconified(const XConnection& connection, const Answers& answers) {
+bool isIconified(const X11Connection& connection, const Answers& answers) {
   const auto states = listOf(answers[netWmState]);
   if (std::find(states.begin(), states.end(), connection.atom("_NET_WM_STATE_HIDDEN")) != states.end()) {
     return firstOf(answers[wmState], kIconicState) != kNormalState;
@@ -136,7 +136,7 @@ bool isIconified(const XConnection& connection, const Answers& answers) {
   return !knowsStates && firstOf(answers[wmState], 0) == kIconicState;
 }
 
-WindowInfo makeInfo(const XConnection& connection, xcb_window_t window, const Answers& answers) {
+WindowInfo makeInfo(const X11Connection& connection, xcb_window_t window, const Answers& answers) {
   WindowInfo info;
   info.window = window;
   info.processIdentifier = static_cast<std::int32_t>(firstOf(answers[netWmPid], 0));
@@ -153,7 +153,7 @@ WindowInfo makeInfo(const XConnection& connection, xcb_window_t window, const An
 }
 
 /// Process by client, where a client is the part of a window's id that all resources of one connection share.
-std::map<std::uint32_t, std::int32_t> processesOf(const XConnection& connection,
+std::map<std::uint32_t, std::int32_t> processesOf(const X11Connection& connection,
                                                   xcb_res_query_client_ids_cookie_t cookie) {
   std::map<std::uint32_t, std::int32_t> processes;
   const Reply<xcb_res_query_client_ids_reply_t> reply(
@@ -169,7 +169,7 @@ std::map<std::uint32_t, std::int32_t> processesOf(const XConnection& connection,
   return processes;
 }
 
-std::vector<xcb_window_t> childrenOf(const XConnection& connection, xcb_window_t window) {
+std::vector<xcb_window_t> childrenOf(const X11Connection& connection, xcb_window_t window) {
   const Reply<xcb_query_tree_reply_t> tree(
       xcb_query_tree_reply(connection.get(), xcb_query_tree(connection.get(), window), nullptr));
   if (!tree) return {};
@@ -177,20 +177,20 @@ std::vector<xcb_window_t> childrenOf(const XConnection& connection, xcb_window_t
   return {first, first + xcb_query_tree_children_length(tree.get())};
 }
 
-xcb_window_t parentOf(const XConnection& connection, xcb_window_t window) {
+xcb_window_t parentOf(const X11Connection& connection, xcb_window_t window) {
   const Reply<xcb_query_tree_reply_t> tree(
       xcb_query_tree_reply(connection.get(), xcb_query_tree(connection.get(), window), nullptr));
   return tree ? tree->parent : static_cast<xcb_window_t>(XCB_WINDOW_NONE);
 }
 
 /// Sends nothing back, an error included: the window may be gone.
-void ignoreErrors(const XConnection& connection, xcb_void_cookie_t cookie) {
+void ignoreErrors(const X11Connection& connection, xcb_void_cookie_t cookie) {
   xcb_discard_reply(connection.get(), cookie.sequence);
 }
 
 }  // namespace
 
-X11WindowList::X11WindowList(XConnection& connection) : connection_(connection) {
+X11WindowList::X11WindowList(X11Connection& connection) : connection_(connection) {
   std::vector<std::string_view> names = {
       "_NET_ACTIVE_WINDOW", "_NET_CLIENT_LIST",         "_NET_CURRENT_DESKTOP", "_NET_CLIENT_LIST_STACKING",
       "_NET_WM_ICON",       "_NET_SUPPORTING_WM_CHECK", "_NET_WM_STATE_HIDDEN", "_NET_WM_STATE_SKIP_TASKBAR"};

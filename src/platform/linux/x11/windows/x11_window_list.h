@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "platform/linux/application_catalogue.h"
-#include "platform/linux/x11/connection/x_connection.h"
+#include "platform/linux/x11/connection/x11_connection.h"
 
 namespace rondora::x11 {
 
@@ -39,7 +39,7 @@ struct WindowIcon {
 class X11WindowList {
  public:
   /// `connection` outlives this.
-  explicit X11WindowList(XConnection& connection);
+  explicit X11WindowList(X11Connection& connection);
 
   /// All windows, topmost first, in three round trips.
   std::vector<WindowInfo> windows() const;
@@ -62,7 +62,7 @@ class X11WindowList {
   xcb_window_t focusedWindow() const;
   void raiseAndFocus(xcb_window_t window);
 
-  XConnection& connection_;
+  X11Connection& connection_;
   bool hasResourceExtension_ = false;
 };
 

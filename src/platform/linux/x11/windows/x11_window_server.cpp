@@ -36,7 +36,7 @@ WindowListEntry::Alpha alphaOf(const PropertyReply& reply) {
 
 }  // namespace
 
-X11WindowServer::X11WindowServer(XConnection& connection, X11WindowList& windows, X11Workspace& workspace,
+X11WindowServer::X11WindowServer(X11Connection& connection, X11WindowList& windows, X11Workspace& workspace,
                                  WindowOwners& owners)
     : connection_(connection), windows_(windows), workspace_(workspace), owners_(owners) {
   connection_.internAtoms({"_NET_FRAME_EXTENTS", "_NET_WM_WINDOW_OPACITY"});

@@ -12,7 +12,7 @@ namespace rondora::x11 {
 class X11WindowServer final : public WindowList, public FrontProcess {
  public:
   /// All outlive this.
-  X11WindowServer(XConnection& connection, X11WindowList& windows, X11Workspace& workspace, WindowOwners& owners);
+  X11WindowServer(X11Connection& connection, X11WindowList& windows, X11Workspace& workspace, WindowOwners& owners);
 
   std::vector<WindowListEntry> windows() const override;
 
@@ -27,7 +27,7 @@ class X11WindowServer final : public WindowList, public FrontProcess {
  private:
   std::vector<WindowListEntry> describe(const std::vector<WindowInfo>& windows) const;
 
-  XConnection& connection_;
+  X11Connection& connection_;
   X11WindowList& windows_;
   X11Workspace& workspace_;
   WindowOwners& owners_;

@@ -37,7 +37,7 @@ void join(Group& group, const RunningApplication& window, std::size_t rank) {
 
 }  // namespace
 
-X11Workspace::X11Workspace(XConnection& connection, X11WindowList& windows, ApplicationCatalogue& catalogue,
+X11Workspace::X11Workspace(X11Connection& connection, X11WindowList& windows, ApplicationCatalogue& catalogue,
                            std::string ownBundleIdentifier)
     : connection_(connection),
       windows_(windows),

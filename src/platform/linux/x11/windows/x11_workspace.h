@@ -16,7 +16,7 @@ namespace rondora::x11 {
 class X11Workspace final : public Workspace {
  public:
   /// All outlive this. Windows of our own process belong to `ownBundleIdentifier`.
-  X11Workspace(XConnection& connection, X11WindowList& windows, ApplicationCatalogue& catalogue,
+  X11Workspace(X11Connection& connection, X11WindowList& windows, ApplicationCatalogue& catalogue,
                std::string ownBundleIdentifier);
 
   std::optional<RunningApplication> frontmostApplication() const override;
@@ -51,7 +51,7 @@ class X11Workspace final : public Workspace {
   void activeWindowChanged();
   void rememberActive(xcb_window_t window);
 
-  XConnection& connection_;
+  X11Connection& connection_;
   X11WindowList& windows_;
   ApplicationCatalogue& catalogue_;
   std::string ownBundleIdentifier_;

@@ -21,13 +21,13 @@ using Reply = UniqueCPtr<T, std::free>;
 
 /// The X connection that the toolkit and all our backends share: the server treats hot keys, grabs and the overlay as
 /// one client's, so that none of them locks the others out. Does not own the connection. Main thread.
-class XConnection {
+class X11Connection {
  public:
   /// Returns true when it consumed the event, which then reaches neither later handlers nor the toolkit.
   using EventHandler = CallbackList<const xcb_generic_event_t&>::Callback;
 
   /// `pixelsPerPoint` is the scale that the user's desktop asks for, 1 or more in steps of any size.
-  XConnection(xcb_connection_t* connection, int screenNumber, double pixelsPerPoint);
+  X11Connection(xcb_connection_t* connection, int screenNumber, double pixelsPerPoint);
 
   xcb_connection_t* get() const { return connection_; }
   const xcb_screen_t& screen() const { return *screen_; }

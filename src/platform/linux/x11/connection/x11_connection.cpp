@@ -1,4 +1,4 @@
-#include "platform/linux/x11/connection/x_connection.h"
+#include "platform/linux/x11/connection/x11_connection.h"
 
 #include <algorithm>
 #include <cstring>
@@ -17,17 +17,17 @@ constexpr std::uint8_t kSentEventBit = 0x80;
 
 }  // namespace
 
-XConnection::XConnection(xcb_connection_t* connection, int screenNumber, double pixelsPerPoint)
+X11Connection::X11Connection(xcb_connection_t* connection, int screenNumber, double pixelsPerPoint)
     : connection_(connection), screen_(screenNumbered(connection, screenNumber)), pixelsPerPoint_(pixelsPerPoint) {}
 
-xcb_atom_t XConnection::atom(std::string_view name) const {
+xcb_atom_t X11Connection::atom(std::string_view name) const {
   if (const auto found = atoms_.find(name); found != atoms_.end()) return found->second;
   internAtoms({name});
   const auto found = atoms_.find(name);
   return found == atoms_.end() ? static_cast<xcb_atom_t>(XCB_ATOM_NONE) : found->second;
 }
 
-void XConnection::internAtoms(const std::vector<std::string_view>& names) const {
+void X11Connection::internAtoms(const std::vector<std::string_view>& names) const {
   std::vector<xcb_intern_atom_cookie_t> cookies;
   cookies.reserve(names.size());
   for (const std::string_view name : names) {
@@ -39,14 +39,14 @@ void XConnection::internAtoms(const std::vector<std::string_view>& names) const 
   }
 }
 
-Subscription XConnection::addEventHandler(EventHandler handler) { return handlers_.add(std::move(handler)); }
+Subscription X11Connection::addEventHandler(EventHandler handler) { return handlers_.add(std::move(handler)); }
 
-bool XConnection::dispatch(const xcb_generic_event_t& event) {
+bool X11Connection::dispatch(const xcb_generic_event_t& event) {
   noteTime(event);
   return handlers_.offer(event);
 }
 
-void XConnection::noteTime(const xcb_generic_event_t& event) {
+void X11Connection::noteTime(const xcb_generic_event_t& event) {
   switch (event.response_type & ~kSentEventBit) {
     case XCB_KEY_PRESS:
     case XCB_KEY_RELEASE:
@@ -64,12 +64,12 @@ void XConnection::noteTime(const xcb_generic_event_t& event) {
   }
 }
 
-void XConnection::selectRootEvents(std::uint32_t eventMask) {
+void X11Connection::selectRootEvents(std::uint32_t eventMask) {
   rootEventMask() |= eventMask;
   applyRootEventMask();
 }
 
-Subscription XConnection::selectRootEventsMeanwhile(std::uint32_t eventMask) {
+Subscription X11Connection::selectRootEventsMeanwhile(std::uint32_t eventMask) {
   meanwhileMasks_.push_back(eventMask);
   applyRootEventMask();
   return Subscription([this, eventMask] {
@@ -79,7 +79,7 @@ Subscription XConnection::selectRootEventsMeanwhile(std::uint32_t eventMask) {
 }
 
 // The toolkit has made its selection by the time the first of us adds to it.
-std::uint32_t& XConnection::rootEventMask() {
+std::uint32_t& X11Connection::rootEventMask() {
   if (!rootEventMask_) {
     const auto cookie = xcb_get_window_attributes(connection_, root());
     const Reply<xcb_get_window_attributes_reply_t> reply(xcb_get_window_attributes_reply(connection_, cookie, nullptr));
@@ -88,14 +88,14 @@ std::uint32_t& XConnection::rootEventMask() {
   return *rootEventMask_;
 }
 
-void XConnection::applyRootEventMask() {
+void X11Connection::applyRootEventMask() {
   std::uint32_t mask = rootEventMask();
   for (const std::uint32_t meanwhile : meanwhileMasks_) mask |= meanwhile;
   xcb_change_window_attributes(connection_, root(), XCB_CW_EVENT_MASK, &mask);
 }
 
-std::optional<std::vector<std::uint8_t>> XConnection::property(xcb_window_t window, xcb_atom_t name,
-                                                               xcb_atom_t type) const {
+std::optional<std::vector<std::uint8_t>> X11Connection::property(xcb_window_t window, xcb_atom_t name,
+                                                                 xcb_atom_t type) const {
   constexpr std::uint32_t kLongest = 4 << 20;  // in 32-bit units: 16 MiB, more than any icon
   const auto cookie = xcb_get_property(connection_, 0, window, name, type, 0, kLongest);
   const Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(connection_, cookie, nullptr));
@@ -106,7 +106,7 @@ std::optional<std::vector<std::uint8_t>> XConnection::property(xcb_window_t wind
   return std::vector<std::uint8_t>(bytes, bytes + length);
 }
 
-std::vector<std::uint32_t> XConnection::property32(xcb_window_t window, xcb_atom_t name, xcb_atom_t type) const {
+std::vector<std::uint32_t> X11Connection::property32(xcb_window_t window, xcb_atom_t name, xcb_atom_t type) const {
   const auto bytes = property(window, name, type);
   if (!bytes) return {};
   std::vector<std::uint32_t> values(bytes->size() / sizeof(std::uint32_t));
@@ -114,7 +114,7 @@ std::vector<std::uint32_t> XConnection::property32(xcb_window_t window, xcb_atom
   return values;
 }
 
-void XConnection::sendToRoot(xcb_window_t window, xcb_atom_t type, const std::uint32_t (&data)[5]) const {
+void X11Connection::sendToRoot(xcb_window_t window, xcb_atom_t type, const std::uint32_t (&data)[5]) const {
   xcb_client_message_event_t message{};
   message.response_type = XCB_CLIENT_MESSAGE;
   message.format = 32;

@@ -7,7 +7,7 @@
 
 #include "base/observable.h"
 #include "platform/linux/x11/connection/callback_list.h"
-#include "platform/linux/x11/connection/x_connection.h"
+#include "platform/linux/x11/connection/x11_connection.h"
 #include "platform/linux/x11/keyboard/held_key_grabs.h"
 #include "platform/linux/x11/keyboard/raw_key_releases.h"
 #include "platform/main_queue.h"
@@ -17,7 +17,7 @@ namespace rondora::x11 {
 enum class KeyDirection { down, up };
 
 /// A key of which a grab of ours told.
-struct XKey {
+struct X11Key {
   xcb_keycode_t code = 0;
   /// The modifiers before the event, as the X server has them.
   std::uint16_t state = 0;
@@ -32,13 +32,13 @@ struct XKey {
 /// (then raw events tell). So a held key is never taken for pressed anew, and a new press never for a repeat. What a
 /// key held beyond the overlay repeats is nobody's: it neither types into the window beneath nor starts anything. Main
 /// thread.
-class XKeyboard {
+class X11KeyStream {
  public:
   /// All outlive this.
-  XKeyboard(XConnection& connection, RawKeyReleases& rawReleases, MainQueue& mainQueue);
+  X11KeyStream(X11Connection& connection, RawKeyReleases& rawReleases, MainQueue& mainQueue);
 
   /// Each physical press comes once without `isRepeat`, its release once. The result of the callback does not matter.
-  [[nodiscard]] Subscription addKeyObserver(CallbackList<const XKey&>::Callback observer) {
+  [[nodiscard]] Subscription addKeyObserver(CallbackList<const X11Key&>::Callback observer) {
     return keys_.add(std::move(observer));
   }
 
@@ -62,7 +62,7 @@ class XKeyboard {
   void stopWatchingWhenNothingIsDown();
   void forgetKeysThatAreUp();
 
-  XConnection& connection_;
+  X11Connection& connection_;
   RawKeyReleases& rawReleases_;
   MainQueue& mainQueue_;
   HeldKeyGrabs heldKeys_;
@@ -72,7 +72,7 @@ class XKeyboard {
   Subscription watch_;
   /// Runs while events from before the ungrab may still be on their way to us.
   Subscription settling_;
-  CallbackList<const XKey&> keys_;
+  CallbackList<const X11Key&> keys_;
   Subscription eventHandler_;
 };
 

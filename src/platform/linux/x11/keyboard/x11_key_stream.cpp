@@ -1,4 +1,4 @@
-#include "platform/linux/x11/keyboard/x_keyboard.h"
+#include "platform/linux/x11/keyboard/x11_key_stream.h"
 
 #include <utility>
 
@@ -9,7 +9,7 @@ constexpr double kSettleSeconds = 0.25;
 
 }  // namespace
 
-XKeyboard::XKeyboard(XConnection& connection, RawKeyReleases& rawReleases, MainQueue& mainQueue)
+X11KeyStream::X11KeyStream(X11Connection& connection, RawKeyReleases& rawReleases, MainQueue& mainQueue)
     : connection_(connection),
       rawReleases_(rawReleases),
       mainQueue_(mainQueue),
@@ -17,7 +17,7 @@ XKeyboard::XKeyboard(XConnection& connection, RawKeyReleases& rawReleases, MainQ
   eventHandler_ = connection.addEventHandler([this](const xcb_generic_event_t& event) { return handleEvent(event); });
 }
 
-void XKeyboard::beginOverlay() {
+void X11KeyStream::beginOverlay() {
   overlayHasKeyboard_ = true;
   settling_.reset();
   heldKeys_.releaseAll();
@@ -25,7 +25,7 @@ void XKeyboard::beginOverlay() {
 
 // From the watch on, each release reaches us: before the ungrab by the grab, after it as a raw event. The held keys are
 // taken before the keyboard is given back, so that no repeat slips through.
-void XKeyboard::endOverlay() {
+void X11KeyStream::endOverlay() {
   overlayHasKeyboard_ = false;
   watchRawReleases();
   for (std::size_t key = 0; key < down_.size(); ++key) {
@@ -34,12 +34,12 @@ void XKeyboard::endOverlay() {
   settling_ = mainQueue_.workItem(kSettleSeconds, [this] { settled(); });
 }
 
-void XKeyboard::settled() {
+void X11KeyStream::settled() {
   settling_.reset();
   stopWatchingWhenNothingIsDown();
 }
 
-bool XKeyboard::handleEvent(const xcb_generic_event_t& event) {
+bool X11KeyStream::handleEvent(const xcb_generic_event_t& event) {
   const int type = event.response_type & 0x7F;
   if (type == XCB_KEY_PRESS || type == XCB_KEY_RELEASE) {
     const auto& key = reinterpret_cast<const xcb_key_press_event_t&>(event);
@@ -53,7 +53,7 @@ bool XKeyboard::handleEvent(const xcb_generic_event_t& event) {
   return true;
 }
 
-void XKeyboard::handlePress(const xcb_key_press_event_t& event) {
+void X11KeyStream::handlePress(const xcb_key_press_event_t& event) {
   const bool isRepeat = down_[event.detail];
   down_.set(event.detail);
   lastState_ = event.state;
@@ -61,7 +61,7 @@ void XKeyboard::handlePress(const xcb_key_press_event_t& event) {
 }
 
 // A key that was not held goes on to other things: the keyboard is free for them again from here on.
-void XKeyboard::handleHeldPress(const xcb_key_press_event_t& event) {
+void X11KeyStream::handleHeldPress(const xcb_key_press_event_t& event) {
   const bool isRepeat = down_[event.detail];
   if (!isRepeat) heldKeys_.releaseAll();
   handlePress(event);
@@ -70,7 +70,7 @@ void XKeyboard::handleHeldPress(const xcb_key_press_event_t& event) {
   forgetKeysThatAreUp();
 }
 
-void XKeyboard::handleRelease(const xcb_key_release_event_t& event) {
+void X11KeyStream::handleRelease(const xcb_key_release_event_t& event) {
   lastState_ = event.state;
   noteUp(event.detail);
   // The passive grab ends here; keys pressed meanwhile are released to somebody else.
@@ -80,7 +80,7 @@ void XKeyboard::handleRelease(const xcb_key_release_event_t& event) {
   }
 }
 
-void XKeyboard::noteUp(xcb_keycode_t key) {
+void X11KeyStream::noteUp(xcb_keycode_t key) {
   if (!down_[key]) return;
   down_.reset(key);
   heldKeys_.release(key);
@@ -88,7 +88,7 @@ void XKeyboard::noteUp(xcb_keycode_t key) {
   stopWatchingWhenNothingIsDown();
 }
 
-void XKeyboard::watchRawReleases() {
+void X11KeyStream::watchRawReleases() {
   if (watch_) return;
   if (!rawReleases_.available()) {
     down_.reset();
@@ -100,11 +100,11 @@ void XKeyboard::watchRawReleases() {
   });
 }
 
-void XKeyboard::stopWatchingWhenNothingIsDown() {
+void X11KeyStream::stopWatchingWhenNothingIsDown() {
   if (!settling_ && down_.none()) watch_.reset();
 }
 
-void XKeyboard::forgetKeysThatAreUp() {
+void X11KeyStream::forgetKeysThatAreUp() {
   const auto cookie = xcb_query_keymap(connection_.get());
   const Reply<xcb_query_keymap_reply_t> reply(xcb_query_keymap_reply(connection_.get(), cookie, nullptr));
   if (!reply) return;

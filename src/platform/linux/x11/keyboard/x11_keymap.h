@@ -15,7 +15,7 @@
 #include "base/weak_self.h"
 #include "platform/key_event.h"
 #include "platform/linux/x11/connection/callback_list.h"
-#include "platform/linux/x11/connection/x_connection.h"
+#include "platform/linux/x11/connection/x11_connection.h"
 #include "platform/main_queue.h"
 
 namespace rondora::x11 {
@@ -38,9 +38,9 @@ struct ModifierMasks {
 
 /// The mapping of the core keyboard: follows the server's, so layouts, groups and moved modifiers are the user's own.
 /// Also sets how the connection sees the keyboard: detectable auto-repeat, XKB state in core events. Main thread.
-class XKeymap {
+class X11Keymap {
  public:
-  XKeymap(XConnection& connection, MainQueue& mainQueue);
+  X11Keymap(X11Connection& connection, MainQueue& mainQueue);
 
   /// Null when the server has none.
   xkb_keymap* keymap() const { return keymap_.get(); }
@@ -83,7 +83,7 @@ class XKeymap {
   bool hasKeysym(xcb_keycode_t key, xkb_keysym_t first, xkb_keysym_t second) const;
   std::string textOf(xcb_keycode_t key, std::uint32_t modifiers, std::uint16_t state);
 
-  XConnection& connection_;
+  X11Connection& connection_;
   MainQueue& mainQueue_;
   std::uint8_t firstEvent_ = 0;
   std::int32_t deviceId_ = 0;
@@ -97,7 +97,7 @@ class XKeymap {
   Signal<> changed_;
   CallbackList<std::uint8_t, xcb_keycode_t> heldModifiersChanged_;
   Subscription eventHandler_;
-  WeakSelf<XKeymap> weakSelf_{this};
+  WeakSelf<X11Keymap> weakSelf_{this};
 };
 
 }  // namespace rondora::x11

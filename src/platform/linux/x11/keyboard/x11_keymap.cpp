@@ -1,4 +1,4 @@
-#include "platform/linux/x11/keyboard/x_keymap.h"
+#include "platform/linux/x11/keyboard/x11_keymap.h"
 
 #include <xkbcommon/xkbcommon-keysyms.h>
 #include <xkbcommon/xkbcommon-x11.h>
@@ -38,7 +38,7 @@ std::vector<std::uint16_t> ModifierMasks::lockCombinations() const {
   return combinations;
 }
 
-XKeymap::XKeymap(XConnection& connection, MainQueue& mainQueue)
+X11Keymap::X11Keymap(X11Connection& connection, MainQueue& mainQueue)
     : connection_(connection), mainQueue_(mainQueue), context_(xkb_context_new(XKB_CONTEXT_NO_FLAGS)) {
   xkb_x11_setup_xkb_extension(connection.get(), XKB_X11_MIN_MAJOR_XKB_VERSION, XKB_X11_MIN_MINOR_XKB_VERSION,
                               XKB_X11_SETUP_XKB_EXTENSION_NO_FLAGS, nullptr, nullptr, &firstEvent_, nullptr);
@@ -52,7 +52,7 @@ XKeymap::XKeymap(XConnection& connection, MainQueue& mainQueue)
 
 // GrabsUseXKBState and LookupStateWhenGrabbed put the group into the state of grabbed events; the toolkit sets both
 // too.
-void XKeymap::setClientFlags() const {
+void X11Keymap::setClientFlags() const {
   constexpr std::uint32_t kFlags = XCB_XKB_PER_CLIENT_FLAG_DETECTABLE_AUTO_REPEAT |
                                    XCB_XKB_PER_CLIENT_FLAG_GRABS_USE_XKB_STATE |
                                    XCB_XKB_PER_CLIENT_FLAG_LOOKUP_STATE_WHEN_GRABBED;
@@ -62,7 +62,7 @@ void XKeymap::setClientFlags() const {
 }
 
 // Only adds to what the connection is told: the toolkit has made its own choice there.
-void XKeymap::selectEvents() const {
+void X11Keymap::selectEvents() const {
   constexpr std::uint16_t kMapParts = XCB_XKB_MAP_PART_KEY_TYPES | XCB_XKB_MAP_PART_KEY_SYMS |
                                       XCB_XKB_MAP_PART_MODIFIER_MAP | XCB_XKB_MAP_PART_VIRTUAL_MODS |
                                       XCB_XKB_MAP_PART_VIRTUAL_MOD_MAP;
@@ -76,14 +76,14 @@ void XKeymap::selectEvents() const {
 }
 
 // Once: from then on the events tell.
-void XKeymap::readHeldModifiers() {
+void X11Keymap::readHeldModifiers() {
   const auto cookie = xcb_xkb_get_state(connection_.get(), XCB_XKB_ID_USE_CORE_KBD);
   const Reply<xcb_xkb_get_state_reply_t> reply(xcb_xkb_get_state_reply(connection_.get(), cookie, nullptr));
   heldModifiers_ = reply ? reply->baseMods : std::uint8_t{0};
 }
 
 // Never consumes: the toolkit follows the keyboard too.
-bool XKeymap::handleEvent(const xcb_generic_event_t& event) {
+bool X11Keymap::handleEvent(const xcb_generic_event_t& event) {
   if (event.response_type == XCB_MAPPING_NOTIFY) {
     if (reinterpret_cast<const xcb_mapping_notify_event_t&>(event).request != XCB_MAPPING_POINTER) markStale();
     return false;
@@ -108,18 +108,18 @@ bool XKeymap::handleEvent(const xcb_generic_event_t& event) {
 }
 
 // A change of layout comes as a burst of events; read the mapping once after it.
-void XKeymap::markStale() {
+void X11Keymap::markStale() {
   if (std::exchange(isStale_, true)) return;
-  mainQueue_.async(weakSelf_.bind([](XKeymap& self) { self.refreshIfStale(); }));
+  mainQueue_.async(weakSelf_.bind([](X11Keymap& self) { self.refreshIfStale(); }));
 }
 
-void XKeymap::refreshIfStale() {
+void X11Keymap::refreshIfStale() {
   if (!isStale_) return;
   refresh();
   changed_.send();
 }
 
-void XKeymap::refresh() {
+void X11Keymap::refresh() {
   isStale_ = false;
   keymap_.reset(
       xkb_x11_keymap_new_from_device(context_.get(), connection_.get(), deviceId_, XKB_KEYMAP_COMPILE_NO_FLAGS));
@@ -127,7 +127,7 @@ void XKeymap::refresh() {
   readModifiers();
 }
 
-void XKeymap::readModifiers() {
+void X11Keymap::readModifiers() {
   masks_ = {};
   modifierKeys_.reset();
   const auto cookie = xcb_get_modifier_mapping(connection_.get());
@@ -141,7 +141,7 @@ void XKeymap::readModifiers() {
   }
 }
 
-void XKeymap::noteModifierKey(std::size_t modifier, xcb_keycode_t key) {
+void X11Keymap::noteModifierKey(std::size_t modifier, xcb_keycode_t key) {
   modifierKeys_.set(key);
   if (modifier < XCB_MAP_INDEX_1) return;  // Shift, Lock and Control have their place
   const auto note = [&](std::uint16_t& mask, xkb_keysym_t first, xkb_keysym_t second) {
@@ -153,7 +153,7 @@ void XKeymap::noteModifierKey(std::size_t modifier, xcb_keycode_t key) {
   note(masks_.scrollLock, XKB_KEY_Scroll_Lock, XKB_KEY_Scroll_Lock);
 }
 
-bool XKeymap::hasKeysym(xcb_keycode_t key, xkb_keysym_t first, xkb_keysym_t second) const {
+bool X11Keymap::hasKeysym(xcb_keycode_t key, xkb_keysym_t first, xkb_keysym_t second) const {
   if (!keymap_) return false;
   for (xkb_layout_index_t layout = 0; layout < xkb_keymap_num_layouts_for_key(keymap_.get(), key); ++layout) {
     const xkb_keysym_t* keysyms = nullptr;
@@ -165,7 +165,7 @@ bool XKeymap::hasKeysym(xcb_keycode_t key, xkb_keysym_t first, xkb_keysym_t seco
   return false;
 }
 
-std::optional<std::uint16_t> XKeymap::xModifiers(std::uint32_t carbonModifiers) const {
+std::optional<std::uint16_t> X11Keymap::xModifiers(std::uint32_t carbonModifiers) const {
   const std::pair<std::int64_t, std::uint16_t> known[] = {{carbon::kShift, masks_.shift},
                                                           {carbon::kControl, masks_.control},
                                                           {carbon::kOption, masks_.option},
@@ -182,23 +182,23 @@ std::optional<std::uint16_t> XKeymap::xModifiers(std::uint32_t carbonModifiers) 
   return result;
 }
 
-std::uint64_t XKeymap::eventFlags(std::uint32_t xModifiers) const {
+std::uint64_t X11Keymap::eventFlags(std::uint32_t xModifiers) const {
   const auto flag = [&](std::uint16_t mask, std::uint64_t bit) { return (xModifiers & mask) != 0 ? bit : 0; };
   return flag(masks_.shift, event_flags::kShift) | flag(masks_.control, event_flags::kControl) |
          flag(masks_.option, event_flags::kOption) | flag(masks_.command, event_flags::kCommand);
 }
 
-std::string XKeymap::characters(xcb_keycode_t key, std::uint16_t state) {
+std::string X11Keymap::characters(xcb_keycode_t key, std::uint16_t state) {
   return textOf(key, state & kRealModifiers, state);
 }
 
-std::string XKeymap::charactersIgnoringModifiers(xcb_keycode_t key, std::uint16_t state) {
+std::string X11Keymap::charactersIgnoringModifiers(xcb_keycode_t key, std::uint16_t state) {
   // Num Lock decides what the keys of the number pad are; it is no modifier that somebody holds.
   return textOf(key, state & static_cast<std::uint32_t>(masks_.shift | masks_.numLock), state);
 }
 
 // By way of the keysym: Control is to change nothing about the text.
-std::string XKeymap::textOf(xcb_keycode_t key, std::uint32_t modifiers, std::uint16_t state) {
+std::string X11Keymap::textOf(xcb_keycode_t key, std::uint32_t modifiers, std::uint16_t state) {
   refreshIfStale();
   if (!state_) return {};
   xkb_state_update_mask(state_.get(), modifiers, 0, 0, 0, 0, groupOf(state));
@@ -207,7 +207,7 @@ std::string XKeymap::textOf(xcb_keycode_t key, std::uint32_t modifiers, std::uin
   return text.data();
 }
 
-KeyEvent XKeymap::keyEvent(KeyEventType type, xcb_keycode_t key, std::uint16_t state, bool isRepeat) {
+KeyEvent X11Keymap::keyEvent(KeyEventType type, xcb_keycode_t key, std::uint16_t state, bool isRepeat) {
   return {
       type,    virtualKeyCode(key), characters(key, state), charactersIgnoringModifiers(key, state), eventFlags(state),
       isRepeat};
