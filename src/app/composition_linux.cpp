@@ -36,7 +36,8 @@
 #include "platform/linux/x11/typing/xtest_key_poster.h"
 #include "platform/linux/x11/windows/x11_accessibility.h"
 #include "platform/linux/x11/windows/x11_application_icons.h"
-#include "platform/linux/x11/windows/x11_window_server.h"
+#include "platform/linux/x11/windows/x11_front_process.h"
+#include "platform/linux/x11/windows/x11_window_list.h"
 #include "platform/linux/x11/windows/x11_workspace.h"
 #include "platform/posix/posix_file_system.h"
 #include "platform/posix/posix_process_environment.h"
@@ -226,9 +227,9 @@ struct CompositionLinux::Program {
   x11::X11Pointer pointer{connection, inputGrab};
   x11::X11Screens screens{connection, mainQueue};
   desktop::InstalledApplications installed{environment};
-  x11::X11WindowList windowList{connection};
-  x11::X11Workspace workspace{connection, windowList, installed, environment.bundleIdentifier()};
-  x11::X11ApplicationIcons applicationIcons{installed, windowList, workspace};
+  x11::X11ClientWindows clientWindows{connection};
+  x11::X11Workspace workspace{connection, clientWindows, installed, environment.bundleIdentifier()};
+  x11::X11ApplicationIcons applicationIcons{installed, clientWindows, workspace};
   QtNetworkFetch network;
   QtPictureCodec pictureCodec;
   Favicons favicons{{network, pictureCodec, files, clock, mainQueue}};
@@ -237,7 +238,8 @@ struct CompositionLinux::Program {
   NoHaptics haptics;
   x11::XTestKeyPoster keyPoster{connection, keymap, keyboard, rawKeyReleases};
   x11::WindowOwners windowOwners;
-  x11::X11WindowServer windowServer{connection, windowList, workspace, windowOwners};
+  x11::X11WindowList windowList{connection, clientWindows, workspace, windowOwners};
+  x11::X11FrontProcess frontProcess{connection, clientWindows, workspace, windowOwners};
   x11::WorkerConnection workerConnection{connection.pixelsPerPoint()};
   x11::X11Accessibility accessibility{workerConnection, windowOwners};
   x11::X11Spaces spaces{workerConnection};
@@ -258,8 +260,8 @@ struct CompositionLinux::Program {
   PermissionsMonitor permissions{permissionService, mainQueue, shell};
   RunningAppsActivationHistory activationHistory{workspace};
   RunningAppsMenuItems runningAppsMenuItems{workspace, activationHistory, environment.bundleIdentifier()};
-  ActionServices actions{{workspace, pasteboard, permissionService, keyPoster, windowServer, windowServer,
-                          accessibility, spaces, spaceShortcuts, mainQueue, clock, log},
+  ActionServices actions{{workspace, pasteboard, permissionService, keyPoster, windowList, frontProcess, accessibility,
+                          spaces, spaceShortcuts, mainQueue, clock, log},
                          std::make_unique<desktop::SerialThread>(std::string(RunningAppFocus::kQueueLabel))};
   NoSubActions subActions{workspace, mainQueue};
   ItemTitles titles{workspace};

@@ -4,6 +4,7 @@
 #include <thread>
 
 #include "live/workspace/workspace_test.h"
+#include "platform/linux/x11/windows/x11_window_list.h"
 #include "support/key_logger.h"
 #include "support/wait.h"
 
@@ -61,6 +62,21 @@ TEST_F(IdentityTest, AnApplicationIsAProcessWithItsWindowsAndNamelessWhereTheyAr
               testing::UnorderedElementsAre("none", "debian-xterm", "debian-xterm", "org.xfce.mousepad"));
   ASSERT_TRUE(eventually([this] { return running("tint2").has_value(); }));
   EXPECT_EQ(running("tint2")->activationPolicy, ActivationPolicy::accessory);
+}
+
+/// A reparented window's own origin says nothing of its place on the screen.
+TEST_F(IdentityTest, WindowBoundsAreThoseOfTheFrame) {
+  const auto terminal = startTerminal("framed");
+  x11::WindowOwners owners;
+  const auto entries = x11::X11WindowList(underTest_.connection, underTest_.windows, workspace(), owners).windows();
+  const auto found = std::ranges::find(entries, windowTitled("framed"), &WindowListEntry::number);
+  ASSERT_TRUE(found != entries.end() && found->bounds);
+  std::vector<Rect> frames;
+  for (const auto& [window, area, isViewable, isOverrideRedirect] : client_.topLevels()) {
+    frames.push_back({{double(area.x), double(area.y)}, {double(area.width), double(area.height)}});
+  }
+  EXPECT_THAT(frames, testing::Contains(*found->bounds));
+  EXPECT_EQ(owners.windowsOf(terminal->pid()), std::vector{windowTitled("framed")});
 }
 
 TEST_F(IdentityTest, PicturesComeFromTheDesktopEntryAndFromTheWindow) {

@@ -9,7 +9,7 @@
 
 #include "platform/linux/desktop/installed_applications.h"
 #include "platform/linux/x11/windows/x11_application_icons.h"
-#include "platform/linux/x11/windows/x11_window_list.h"
+#include "platform/linux/x11/windows/x11_client_windows.h"
 #include "platform/linux/x11/windows/x11_workspace.h"
 #include "platform/posix/posix_process_environment.h"
 #include "support/private_desktop.h"
@@ -33,7 +33,7 @@ class WorkspaceUnderTest {
 
  public:
   x11::X11Connection connection;
-  x11::X11WindowList windows;
+  x11::X11ClientWindows windows;
   x11::X11Workspace workspace;
 };
 

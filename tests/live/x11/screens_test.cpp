@@ -4,7 +4,6 @@
 namespace rondora::live {
 namespace {
 
-using x11::PixelRect;
 using x11::Strut;
 using x11::visibleFrame;
 

@@ -1,8 +1,9 @@
 #include "platform/linux/x11/connection/x11_connection.h"
 
 #include <algorithm>
-#include <cstring>
 #include <utility>
+
+#include "platform/linux/x11/connection/property_reply.h"
 
 namespace rondora::x11 {
 namespace {
@@ -94,24 +95,29 @@ void X11Connection::applyRootEventMask() {
   xcb_change_window_attributes(connection_, root(), XCB_CW_EVENT_MASK, &mask);
 }
 
+/// Null when the property is missing or of another type.
+Reply<xcb_get_property_reply_t> X11Connection::propertyReply(xcb_window_t window, xcb_atom_t name,
+                                                             xcb_atom_t type) const {
+  constexpr std::uint32_t kMaxLength = 4 << 20;  // in 32-bit units: 16 MiB, more than any icon
+  const auto cookie = xcb_get_property(connection_, 0, window, name, type, 0, kMaxLength);
+  Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(connection_, cookie, nullptr));
+  const bool isWanted = reply && reply->type != XCB_ATOM_NONE && (type == XCB_ATOM_ANY || reply->type == type);
+  return isWanted ? std::move(reply) : nullptr;
+}
+
 std::optional<std::vector<std::uint8_t>> X11Connection::property(xcb_window_t window, xcb_atom_t name,
                                                                  xcb_atom_t type) const {
-  constexpr std::uint32_t kLongest = 4 << 20;  // in 32-bit units: 16 MiB, more than any icon
-  const auto cookie = xcb_get_property(connection_, 0, window, name, type, 0, kLongest);
-  const Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(connection_, cookie, nullptr));
-  if (!reply || reply->type == XCB_ATOM_NONE) return std::nullopt;
-  if (type != XCB_GET_PROPERTY_TYPE_ANY && reply->type != type) return std::nullopt;
+  const auto reply = propertyReply(window, name, type);
+  if (!reply) return std::nullopt;
   const auto* bytes = static_cast<const std::uint8_t*>(xcb_get_property_value(reply.get()));
   const auto length = static_cast<std::size_t>(xcb_get_property_value_length(reply.get()));
   return std::vector<std::uint8_t>(bytes, bytes + length);
 }
 
 std::vector<std::uint32_t> X11Connection::property32(xcb_window_t window, xcb_atom_t name, xcb_atom_t type) const {
-  const auto bytes = property(window, name, type);
-  if (!bytes) return {};
-  std::vector<std::uint32_t> values(bytes->size() / sizeof(std::uint32_t));
-  if (!values.empty()) std::memcpy(values.data(), bytes->data(), values.size() * sizeof(std::uint32_t));
-  return values;
+  const auto reply = propertyReply(window, name, type);
+  const auto values = values32(reply.get());
+  return {values.begin(), values.end()};
 }
 
 void X11Connection::sendToRoot(xcb_window_t window, xcb_atom_t type, const std::uint32_t (&data)[5]) const {

@@ -62,6 +62,7 @@ class X11Connection {
   void sendToRoot(xcb_window_t window, xcb_atom_t type, const std::uint32_t (&data)[5]) const;
 
  private:
+  Reply<xcb_get_property_reply_t> propertyReply(xcb_window_t window, xcb_atom_t name, xcb_atom_t type) const;
   void noteTime(const xcb_generic_event_t& event);
   std::uint32_t& rootEventMask();
   void applyRootEventMask();

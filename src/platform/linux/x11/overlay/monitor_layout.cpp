@@ -18,14 +18,6 @@ bool contains(const PixelRect& outer, const PixelRect& inner) {
   return inner.x >= outer.x && inner.y >= outer.y && inner.right() <= outer.right() && inner.bottom() <= outer.bottom();
 }
 
-PixelRect intersection(const PixelRect& a, const PixelRect& b) {
-  const int left = std::max(a.x, b.x);
-  const int top = std::max(a.y, b.y);
-  return {left, top, std::min(a.right(), b.right()) - left, std::min(a.bottom(), b.bottom()) - top};
-}
-
-bool isEmpty(const PixelRect& rect) { return rect.width <= 0 || rect.height <= 0; }
-
 // A strut is measured from the edge of the root window, so on an inner monitor it counts only where it reaches into it.
 PixelRect withoutStruts(const PixelRect& monitor, const PixelRect& root, std::span<const Strut> struts) {
   int left = monitor.x;
@@ -51,7 +43,7 @@ PixelRect withoutStruts(const PixelRect& monitor, const PixelRect& root, std::sp
 
 PixelRect freePart(const PixelRect& monitor, const PixelRect& root, const WorkAreas& areas) {
   for (const PixelRect& area : areas.ofMonitors) {
-    if (!isEmpty(area) && contains(monitor, area)) return area;
+    if (!area.isEmpty() && contains(monitor, area)) return area;
   }
   const PixelRect part = withoutStruts(monitor, root, areas.struts);
   const bool isAboutThisMonitor = areas.struts.empty() || monitor == root;
@@ -85,7 +77,7 @@ std::vector<PixelRect> rectsFromProperty(std::span<const std::uint32_t> values) 
 
 PixelRect visibleFrame(const PixelRect& monitor, const PixelRect& root, const WorkAreas& areas) {
   const PixelRect part = freePart(monitor, root, areas);
-  return isEmpty(part) ? monitor : part;
+  return part.isEmpty() ? monitor : part;
 }
 
 }  // namespace rondora::x11

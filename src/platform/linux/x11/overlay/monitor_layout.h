@@ -5,20 +5,11 @@
 #include <span>
 #include <vector>
 
+#include "base/pixel_rect.h"
+
 // Monitors and what panels keep of them, in pixels of the root window.
 
 namespace rondora::x11 {
-
-struct PixelRect {
-  int x = 0;
-  int y = 0;
-  int width = 0;
-  int height = 0;
-  friend bool operator==(const PixelRect&, const PixelRect&) = default;
-
-  int right() const { return x + width; }
-  int bottom() const { return y + height; }
-};
 
 /// Space along the edges of the root window that a panel keeps for itself; start and end are inclusive.
 struct Strut {

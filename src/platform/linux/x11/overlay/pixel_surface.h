@@ -7,8 +7,8 @@
 #include <cstdint>
 #include <vector>
 
+#include "base/pixel_rect.h"
 #include "platform/linux/x11/connection/x11_connection.h"
-#include "platform/linux/x11/overlay/monitor_layout.h"
 #include "platform/picture_rasterizer.h"
 
 namespace rondora::x11 {

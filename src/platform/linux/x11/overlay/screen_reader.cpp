@@ -42,12 +42,6 @@ bool showsAnotherSystem(const X11Connection& connection) {
   return std::string_view(xcb_get_atom_name_name(name.get()), length).starts_with("XWAYLAND");
 }
 
-PixelRect common(const PixelRect& a, const PixelRect& b) {
-  const int left = std::max(a.x, b.x);
-  const int top = std::max(a.y, b.y);
-  return {left, top, std::min(a.right(), b.right()) - left, std::min(a.bottom(), b.bottom()) - top};
-}
-
 }  // namespace
 
 ScreenPiece::ScreenPiece(const X11Connection& connection, const PixelRect& area, const PixelRect& part)
@@ -113,8 +107,8 @@ PixelRect ScreenReader::readRoot() const {
 // Where the screen has just become smaller, the server refuses.
 std::unique_ptr<ScreenPiece> ScreenReader::read(const PixelRect& area) const {
   if (!isReadable_ || std::chrono::steady_clock::now() - lastPanel_ < kUntilRepainted) return nullptr;
-  const PixelRect part = common(area, root_);
-  if (part.width <= 0 || part.height <= 0) return nullptr;
+  const PixelRect part = intersection(area, root_);
+  if (part.isEmpty()) return nullptr;
   return std::make_unique<ScreenPiece>(connection_, area, part);
 }
 

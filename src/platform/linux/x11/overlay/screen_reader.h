@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "base/observable.h"
+#include "base/pixel_rect.h"
 #include "platform/linux/x11/connection/x11_connection.h"
-#include "platform/linux/x11/overlay/monitor_layout.h"
 #include "platform/linux/x11/overlay/pixel_surface.h"
 #include "platform/picture_rasterizer.h"
 

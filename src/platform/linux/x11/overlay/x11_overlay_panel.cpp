@@ -1,10 +1,7 @@
 #include "platform/linux/x11/overlay/x11_overlay_panel.h"
 
-#include <xcb/shape.h>
-
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 #include <string_view>
 #include <utility>
 
@@ -12,20 +9,15 @@ namespace rondora::x11 {
 namespace {
 
 // Larger than any ring is drawn, small enough for the protocol and for memory.
-constexpr int kLargestSide = 4096;
+constexpr int kMaxSide = 4096;
 // Another program that insists on being on top as we do must not keep both busy for ever.
-constexpr int kRaises = 100;
+constexpr int kMaxRaises = 100;
 
 constexpr std::uint8_t kLeftButton = 1;
 
-// A shaped window without what lies beneath: pixels are seen or not, and fade into this colour instead.
-constexpr std::uint32_t kHardEdge = 0xFF15161A;
-constexpr std::uint8_t kHardEdgeAlpha = 0x90;
-constexpr std::uint8_t kSoftEdgeAlpha = 1;
-
 PixelRect pixelFrame(const Rect& frame, double pixelsPerPoint) {
   const auto side = [&](double points) {
-    return static_cast<int>(std::ceil(std::clamp(points * pixelsPerPoint, 1.0, double{kLargestSide})));
+    return static_cast<int>(std::ceil(std::clamp(points * pixelsPerPoint, 1.0, double{kMaxSide})));
   };
   const auto origin = [&](double center, int length) {
     return static_cast<int>(std::lround(center * pixelsPerPoint - length / 2.0));
@@ -35,49 +27,13 @@ PixelRect pixelFrame(const Rect& frame, double pixelsPerPoint) {
   return {origin(frame.center().x, width), origin(frame.center().y, height), width, height};
 }
 
-/// `pixel`, which is premultiplied, laid on an opaque one. Keeps its alpha, which tells later what is to be seen.
-std::uint32_t laidOn(std::uint32_t beneath, std::uint32_t pixel) {
-  constexpr std::uint32_t kEven = 0x00FF00FF;
-  const std::uint32_t rest = 255 - (pixel >> 24);
-  const auto share = [rest](std::uint32_t components) {
-    const std::uint32_t scaled = components * rest + 0x00800080;
-    return (scaled + (scaled >> 8 & kEven)) >> 8 & kEven;
-  };
-  return pixel + (share(beneath & kEven) | (share(beneath >> 8 & 0xFF) & 0xFF) << 8);
-}
-
-Rect united(const Rect& a, const Rect& b) {
-  const double left = std::min(a.left(), b.left());
-  const double top = std::min(a.top(), b.top());
-  return {{left, top}, {std::max(a.right(), b.right()) - left, std::max(a.bottom(), b.bottom()) - top}};
-}
-
-bool sameRectangle(const xcb_rectangle_t& a, const xcb_rectangle_t& b) {
-  return a.x == b.x && a.y == b.y && a.width == b.width && a.height == b.height;
-}
-
 }  // namespace
-
-void DirtyRects::add(const Rect& rect) {
-  if (rect.isEmpty()) return;
-  Rect joined = rect;
-  for (std::size_t i = 0; i < count_;) {
-    if (rects_[i].intersects(joined) || count_ == rects_.size()) {
-      joined = united(joined, rects_[i]);
-      rects_[i] = rects_[--count_];
-      i = 0;
-    } else {
-      ++i;
-    }
-  }
-  rects_[count_++] = joined;
-}
 
 X11OverlayPanel::X11OverlayPanel(const OverlayResources& resources, const Rect& frame, OverlayPanelSink& sink)
     : resources_(resources),
       sink_(sink),
       frame_(pixelFrame(frame, resources.connection.pixelsPerPoint())),
-      raisesLeft_(kRaises) {
+      raisesLeft_(kMaxRaises) {
   view_.pixelsPerPoint = resources.connection.pixelsPerPoint();
   beneath_ = resources.screenReader.read(frame_);
   createWindow();
@@ -176,39 +132,23 @@ void X11OverlayPanel::display() {
 /// The picture was prepared while the server answered.
 void X11OverlayPanel::setBackdrop() {
   hasBackdrop_ = true;
-  if (!beneath_) return;
-  beneathPixels_ = beneath_->pixels();
-  if (beneathPixels_) picture_->setBackdrop(*beneathPixels_);
-  if (!isTransparent()) return;
-  beneathPixels_.reset();
-  beneath_.reset();
+  const auto snapshot = beneath_ ? beneath_->pixels() : std::nullopt;
+  if (snapshot) picture_->setBackdrop(*snapshot);
+  if (isTransparent()) return beneath_.reset();
+  if (snapshot) composition_.setSnapshot(*snapshot);
 }
 
 void X11OverlayPanel::paintDirty() {
   if (picture_ && !hasBackdrop_) setBackdrop();
   for (const Rect& rect : dirty_) {
     const PixelRect pixels = pixelsOf(rect);
-    if (pixels.width <= 0 || pixels.height <= 0 || !picture_) continue;
+    if (pixels.isEmpty() || !picture_) continue;
     const double factor = 1 / view_.pixelsPerPoint;
     PictureView view = view_;
     view.dirty = {{pixels.x * factor, pixels.y * factor}, {pixels.width * factor, pixels.height * factor}};
-    if (!isTransparent() && !beneathPixels_) view.opacity = 1;
+    if (!isTransparent() && !composition_.hasSnapshot()) view.opacity = 1;
     picture_->paint(layerStates_, view, surface_->buffer());
-    if (!isTransparent()) makeOpaque(pixels);
-  }
-}
-
-void X11OverlayPanel::makeOpaque(const PixelRect& rect) {
-  const PixelBuffer target = surface_->buffer();
-  for (int y = rect.y; y < rect.bottom(); ++y) {
-    std::uint32_t* row = target.pixels + static_cast<std::ptrdiff_t>(y) * target.stride;
-    if (!beneathPixels_) {
-      std::transform(row + rect.x, row + rect.right(), row + rect.x,
-                     [](std::uint32_t pixel) { return laidOn(kHardEdge, pixel); });
-      continue;
-    }
-    const std::uint32_t* beneath = beneathPixels_->pixels + static_cast<std::ptrdiff_t>(y) * beneathPixels_->stride;
-    std::transform(beneath + rect.x, beneath + rect.right(), row + rect.x, row + rect.x, laidOn);
+    if (!isTransparent()) composition_.blend(surface_->buffer(), pixels);
   }
 }
 
@@ -218,7 +158,7 @@ void X11OverlayPanel::putDirty() {
 }
 
 void X11OverlayPanel::put(const PixelRect& rect) {
-  if (rect.width > 0 && rect.height > 0) surface_->put(window_, context_, resources_.depth, rect);
+  if (!rect.isEmpty()) surface_->put(window_, context_, resources_.depth, rect);
 }
 
 // Nothing is sent to the server before `makeKey`, so that map, picture and grabs reach it together.
@@ -234,18 +174,8 @@ void X11OverlayPanel::orderFrontRegardless() {
 }
 
 void X11OverlayPanel::updateShape() {
-  if (isTransparent()) {
-    xcb_shape_mask(resources_.connection.get(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, window_, 0, 0,
-                   XCB_PIXMAP_NONE);
-    shape_.clear();
-    return;
-  }
-  surface_->findOpaqueParts(beneathPixels_ ? kSoftEdgeAlpha : kHardEdgeAlpha, nextShape_);
-  if (std::equal(shape_.begin(), shape_.end(), nextShape_.begin(), nextShape_.end(), sameRectangle)) return;
-  shape_.swap(nextShape_);
-  xcb_shape_rectangles(resources_.connection.get(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING,
-                       XCB_CLIP_ORDERING_YX_SORTED, window_, 0, 0, static_cast<std::uint32_t>(shape_.size()),
-                       shape_.data());
+  isTransparent() ? composition_.removeShape(resources_.connection, window_)
+                  : composition_.applyShape(resources_.connection, window_, *surface_);
 }
 
 void X11OverlayPanel::compositorChanged() {

@@ -2,7 +2,6 @@
 
 #include <xcb/xcb.h>
 
-#include <array>
 #include <cstddef>
 #include <memory>
 #include <optional>
@@ -11,8 +10,10 @@
 #include "base/observable.h"
 #include "platform/linux/x11/connection/selection_owner_watch.h"
 #include "platform/linux/x11/connection/x11_connection.h"
+#include "platform/linux/x11/overlay/dirty_rects.h"
 #include "platform/linux/x11/overlay/pixel_surface.h"
 #include "platform/linux/x11/overlay/screen_reader.h"
+#include "platform/linux/x11/overlay/shaped_composition.h"
 #include "platform/linux/x11/overlay/x11_input_grab.h"
 #include "platform/overlay_panel.h"
 #include "platform/picture_rasterizer.h"
@@ -31,19 +32,6 @@ struct OverlayResources {
   std::uint8_t depth = 0;
   xcb_colormap_t colormap = 0;
   bool hasAlpha = false;
-};
-
-/// What has to be painted again: a few rectangles, joined where they touch.
-class DirtyRects {
- public:
-  void add(const Rect& rect);
-  void clear() { count_ = 0; }
-  const Rect* begin() const { return rects_.data(); }
-  const Rect* end() const { return rects_.data() + count_; }
-
- private:
-  std::array<Rect, 8> rects_;
-  std::size_t count_ = 0;
 };
 
 /// A bare window that the window manager never sees, painted from an image; keyboard and pointer come by grab. Without
@@ -73,7 +61,6 @@ class X11OverlayPanel : public OverlayPanel, private InputGrabSink {
   void dirtyWhole();
   void setBackdrop();
   void paintDirty();
-  void makeOpaque(const PixelRect& rect);
   void putDirty();
   void put(const PixelRect& rect);
   void updateShape();
@@ -97,11 +84,9 @@ class X11OverlayPanel : public OverlayPanel, private InputGrabSink {
   xcb_gcontext_t context_ = 0;
   /// Made before the window, which must not be seen in it; kept only where we have to compose it ourselves.
   std::unique_ptr<ScreenPiece> beneath_;
-  std::optional<PixelBuffer> beneathPixels_;
   bool hasBackdrop_ = false;
   std::optional<PixelSurface> surface_;
-  std::vector<xcb_rectangle_t> shape_;
-  std::vector<xcb_rectangle_t> nextShape_;
+  ShapedComposition composition_;
   std::unique_ptr<PreparedPicture> picture_;
   std::vector<Rect> layerBounds_;
   std::vector<double> layerStates_;

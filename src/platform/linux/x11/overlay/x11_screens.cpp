@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/linux/x11/connection/property_reply.h"
+
 namespace rondora::x11 {
 namespace {
 
@@ -159,13 +161,12 @@ std::vector<Strut> X11Screens::readStruts() const {
     const bool isPartial = i % 2 == 0;
     const Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(connection_.get(), cookies[i], nullptr));
     if (isPartial) hasPartial = false;
-    if (!reply || reply->format != 32 || (!isPartial && hasPartial)) continue;
-    const auto* values = static_cast<const std::uint32_t*>(xcb_get_property_value(reply.get()));
-    const auto count = static_cast<std::size_t>(xcb_get_property_value_length(reply.get())) / sizeof(*values);
-    hasPartial = isPartial && count == 12;
-    if (count < 4) continue;
+    if (!isPartial && hasPartial) continue;
+    const auto values = values32(reply.get());
+    hasPartial = isPartial && values.size() == 12;
+    if (values.size() < 4) continue;
     watchesMore = watch(windows[i / 2]) || watchesMore;
-    if (const Strut strut = Strut::fromProperty({values, count}); !strut.isEmpty()) struts.push_back(strut);
+    if (const Strut strut = Strut::fromProperty(values); !strut.isEmpty()) struts.push_back(strut);
   }
   // What changed before the watch began is told by nobody.
   return watchesMore ? readStruts() : struts;

@@ -5,6 +5,8 @@
 #include <numeric>
 #include <thread>
 
+#include "platform/linux/x11/windows/window_activation.h"
+
 namespace rondora::x11 {
 namespace {
 
@@ -32,23 +34,23 @@ class WindowElement final : public AXElement {
   }
 
   bool setAttribute(std::string_view name, const AXValue& value) override {
-    X11WindowList* windows = worker_.windows();
-    if (!windows || name != "AXMinimized" || value != AXValue(false)) return false;
-    windows->restore(window_);
+    const X11Connection* connection = worker_.connection();
+    if (!connection || name != "AXMinimized" || value != AXValue(false)) return false;
+    restoreWindow(*connection, window_);
     return true;
   }
 
   bool perform(std::string_view action) override {
     const auto info = describe();
     if (!info || action != "AXRaise") return false;
-    X11WindowList& windows = *worker_.windows();
+    X11ClientWindows& windows = *worker_.windows();
     const xcb_window_t before = owners_.activeBefore();
     xcb_window_t active = windows.activeWindow();
     for (int look = 0; look < kLooks && active == before && active != window_; ++look) {
       std::this_thread::sleep_for(kPause);
       active = windows.activeWindow();
     }
-    if (active == before && active != window_) windows.activate(*info, active);
+    if (active == before && active != window_) activateWindow(*worker_.connection(), *info, active);
     return true;
   }
 
@@ -56,7 +58,7 @@ class WindowElement final : public AXElement {
 
  private:
   std::optional<WindowInfo> describe() const {
-    X11WindowList* windows = worker_.windows();
+    X11ClientWindows* windows = worker_.windows();
     return windows ? windows->describe(window_) : std::nullopt;
   }
 
@@ -91,7 +93,7 @@ struct WorkerConnection::Connected {
   int screen = 0;
   UniqueCPtr<xcb_connection_t, xcb_disconnect> handle;
   X11Connection connection;
-  X11WindowList windows;
+  X11ClientWindows windows;
 };
 
 void WorkerConnection::Disconnect::operator()(Connected* connected) const { delete connected; }
@@ -106,7 +108,7 @@ X11Connection* WorkerConnection::connection() {
   return made ? &made->connection : nullptr;
 }
 
-X11WindowList* WorkerConnection::windows() {
+X11ClientWindows* WorkerConnection::windows() {
   Connected* made = connected();
   return made ? &made->windows : nullptr;
 }
@@ -120,7 +122,7 @@ AXElementRef X11Accessibility::application(std::int32_t processIdentifier) {
 }
 
 std::optional<std::vector<std::uint64_t>> X11Spaces::spacesForWindow(std::uint32_t window) const {
-  X11WindowList* windows = worker_.windows();
+  X11ClientWindows* windows = worker_.windows();
   const auto info = windows ? windows->describe(window) : std::nullopt;
   if (!info || !info->desktop) return std::nullopt;
   return std::vector<std::uint64_t>{*info->desktop};
@@ -134,8 +136,8 @@ std::optional<std::vector<DisplaySpaces>> X11Spaces::managedDisplaySpaces() cons
   };
   const auto count = cardinals("_NET_NUMBER_OF_DESKTOPS");
   const auto current = cardinals("_NET_CURRENT_DESKTOP");
-  constexpr std::uint32_t kMostDesktops = 1024;
-  if (count.empty() || count.front() > kMostDesktops) return std::nullopt;
+  constexpr std::uint32_t kMaxDesktops = 1024;
+  if (count.empty() || count.front() > kMaxDesktops) return std::nullopt;
   DisplaySpaces display;
   for (std::uint32_t desktop = 0; desktop < count.front(); ++desktop) display.spaces.emplace_back(desktop);
   if (!current.empty()) display.currentSpace = current.front();

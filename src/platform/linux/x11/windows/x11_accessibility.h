@@ -4,7 +4,7 @@
 
 #include "platform/accessibility.h"
 #include "platform/linux/x11/windows/window_owners.h"
-#include "platform/linux/x11/windows/x11_window_list.h"
+#include "platform/linux/x11/windows/x11_client_windows.h"
 #include "platform/spaces.h"
 
 namespace rondora::x11 {
@@ -17,7 +17,7 @@ class WorkerConnection {
 
   /// Null when the server cannot be reached.
   X11Connection* connection();
-  X11WindowList* windows();
+  X11ClientWindows* windows();
 
  private:
   struct Connected;

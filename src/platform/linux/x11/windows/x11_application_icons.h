@@ -2,7 +2,7 @@
 
 #include "platform/application_icons.h"
 #include "platform/linux/application_catalogue.h"
-#include "platform/linux/x11/windows/x11_window_list.h"
+#include "platform/linux/x11/windows/x11_client_windows.h"
 #include "platform/workspace.h"
 
 namespace rondora::x11 {
@@ -10,7 +10,8 @@ namespace rondora::x11 {
 class X11ApplicationIcons final : public ApplicationIcons {
  public:
   /// All outlive this.
-  X11ApplicationIcons(const ApplicationCatalogue& catalogue, const X11WindowList& windows, const Workspace& workspace)
+  X11ApplicationIcons(const ApplicationCatalogue& catalogue, const X11ClientWindows& windows,
+                      const Workspace& workspace)
       : catalogue_(catalogue), windows_(windows), workspace_(workspace) {}
 
   std::optional<ApplicationIconSource> iconSource(std::string_view bundleIdentifier) const override;
@@ -18,7 +19,7 @@ class X11ApplicationIcons final : public ApplicationIcons {
 
  private:
   const ApplicationCatalogue& catalogue_;
-  const X11WindowList& windows_;
+  const X11ClientWindows& windows_;
   const Workspace& workspace_;
 };
 

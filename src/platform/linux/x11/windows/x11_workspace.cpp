@@ -5,11 +5,13 @@
 #include <algorithm>
 #include <tuple>
 
+#include "platform/linux/x11/windows/window_activation.h"
+
 namespace rondora::x11 {
 namespace {
 
 /// Window ids of long ago may name other windows by now.
-constexpr std::size_t kMostActivations = 256;
+constexpr std::size_t kMaxActivations = 256;
 
 /// What the windows of one application add up to.
 struct Group {
@@ -37,7 +39,7 @@ void join(Group& group, const RunningApplication& window, std::size_t rank) {
 
 }  // namespace
 
-X11Workspace::X11Workspace(X11Connection& connection, X11WindowList& windows, ApplicationCatalogue& catalogue,
+X11Workspace::X11Workspace(X11Connection& connection, X11ClientWindows& windows, ApplicationCatalogue& catalogue,
                            std::string ownBundleIdentifier)
     : connection_(connection),
       windows_(windows),
@@ -145,7 +147,7 @@ bool X11Workspace::activate(const RunningApplication& application) {
   const auto windows = windows_.windows();
   const WindowInfo* target = windowToActivate(application, windows);
   if (!target) return false;
-  windows_.activate(*target, active);
+  activateWindow(connection_, *target, active);
   return true;
 }
 
@@ -168,7 +170,7 @@ const WindowInfo* X11Workspace::windowToActivate(const RunningApplication& appli
 /// Hidden means that every window is iconified.
 void X11Workspace::unhide(const RunningApplication& application) {
   const auto windows = windows_.windows();
-  if (const WindowInfo* target = windowToActivate(application, windows)) windows_.restore(target->window);
+  if (const WindowInfo* target = windowToActivate(application, windows)) restoreWindow(connection_, target->window);
 }
 
 std::optional<ApplicationLocation> X11Workspace::urlForApplication(std::string_view bundleIdentifier) const {
@@ -225,7 +227,7 @@ void X11Workspace::activeWindowChanged() {
 void X11Workspace::rememberActive(xcb_window_t window) {
   std::erase(activations_, window);
   activations_.insert(activations_.begin(), window);
-  if (activations_.size() > kMostActivations) activations_.pop_back();
+  if (activations_.size() > kMaxActivations) activations_.pop_back();
 }
 
 }  // namespace rondora::x11

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "platform/linux/application_catalogue.h"
-#include "platform/linux/x11/windows/x11_window_list.h"
+#include "platform/linux/x11/windows/x11_client_windows.h"
 #include "platform/workspace.h"
 
 namespace rondora::x11 {
@@ -16,7 +16,7 @@ namespace rondora::x11 {
 class X11Workspace final : public Workspace {
  public:
   /// All outlive this. Windows of our own process belong to `ownBundleIdentifier`.
-  X11Workspace(X11Connection& connection, X11WindowList& windows, ApplicationCatalogue& catalogue,
+  X11Workspace(X11Connection& connection, X11ClientWindows& windows, ApplicationCatalogue& catalogue,
                std::string ownBundleIdentifier);
 
   std::optional<RunningApplication> frontmostApplication() const override;
@@ -52,7 +52,7 @@ class X11Workspace final : public Workspace {
   void rememberActive(xcb_window_t window);
 
   X11Connection& connection_;
-  X11WindowList& windows_;
+  X11ClientWindows& windows_;
   ApplicationCatalogue& catalogue_;
   std::string ownBundleIdentifier_;
   /// The application that each process was first seen as.

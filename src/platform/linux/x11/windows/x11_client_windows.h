@@ -1,0 +1,47 @@
+#pragma once
+
+#include <xcb/xcb.h>
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <vector>
+
+#include "platform/linux/x11/connection/x11_connection.h"
+#include "platform/linux/x11/windows/window_properties.h"
+
+namespace rondora::x11 {
+
+/// Straight 0xAARRGGBB pixels, row by row.
+struct WindowIcon {
+  std::vector<std::uint32_t> pixels;
+  int width = 0;
+  int height = 0;
+};
+
+/// The windows of all applications, as the window manager tells of them (EWMH), else as the server does. Windows may
+/// vanish at any time; what is asked about a vanished one is answered with nothing. Main thread.
+class X11ClientWindows {
+ public:
+  /// `connection` outlives this.
+  explicit X11ClientWindows(X11Connection& connection);
+
+  /// All windows, topmost first, in three round trips.
+  std::vector<WindowInfo> windows() const;
+  std::optional<WindowInfo> describe(xcb_window_t window) const;
+  /// The active window, else the one that holds the input focus; 0 for none.
+  xcb_window_t activeWindow() const;
+  /// The smallest icon of at least 128 pixels, else the largest.
+  std::optional<WindowIcon> icon(xcb_window_t window) const;
+
+ private:
+  std::vector<xcb_window_t> managedWindows() const;
+  std::vector<xcb_window_t> unmanagedWindows() const;
+  std::vector<WindowInfo> describeAll(std::span<const xcb_window_t> windows) const;
+  xcb_window_t focusedWindow() const;
+
+  X11Connection& connection_;
+  bool hasResourceExtension_ = false;
+};
+
+}  // namespace rondora::x11
