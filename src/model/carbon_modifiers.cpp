@@ -34,4 +34,8 @@ std::uint64_t CarbonModifiers::eventFlags(std::int64_t carbonModifiers) {
   return flags;
 }
 
+bool allHeld(std::uint64_t eventFlags, std::uint64_t required) {
+  return (eventFlags & event_flags::kDeviceIndependentMask & required) == required;
+}
+
 }  // namespace rondora

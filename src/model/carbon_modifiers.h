@@ -20,4 +20,7 @@ struct CarbonModifiers {
   static std::uint64_t eventFlags(std::int64_t carbonModifiers);
 };
 
+/// Every modifier of `required` is among `eventFlags`, whose device-dependent bits do not count.
+bool allHeld(std::uint64_t eventFlags, std::uint64_t required);
+
 }  // namespace rondora

@@ -12,8 +12,10 @@ std::optional<LiquidGlassVariant> liquidGlassVariantFromRawValue(std::string_vie
 
 /// The glass look of a menu.
 struct LiquidGlassSettings {
+  static constexpr double kDefaultTintOpacity = 0.07;
+
   LiquidGlassVariant variant = LiquidGlassVariant::regular;
-  double tintOpacity = 0.07;
+  double tintOpacity = kDefaultTintOpacity;
   friend bool operator==(const LiquidGlassSettings&, const LiquidGlassSettings&) = default;
 };
 

@@ -4,19 +4,24 @@
 #include <set>
 
 #include "base/unicode.h"
+#include "model/appearance_fields.h"
 
 namespace rondora {
 namespace {
 
-constexpr double kMinimumRingWidth = 22;
-constexpr double kMinimumInnerRadius = 12;
 constexpr double kDefaultIconRadius = 55;
 
 }  // namespace
 
+PieMenu::PieMenu() {
+  for (const AppearanceField& field : kAppearanceFields) {
+    const auto* number = std::get_if<double PieMenu::*>(&field.member);
+    if (number != nullptr) this->*(*number) = field.fallback;
+  }
+}
+
 double PieMenu::clampedInnerRadius(double innerRadius, double menuRadius) {
-  return std::min(std::max(menuRadius - kMinimumRingWidth, kMinimumInnerRadius),
-                  std::max(innerRadius, kMinimumInnerRadius));
+  return std::min(std::max(menuRadius - kMinRingWidth, kMinInnerRadius), std::max(innerRadius, kMinInnerRadius));
 }
 
 double PieMenu::defaultIconDistance(double innerRadius, double menuRadius) {
@@ -25,23 +30,10 @@ double PieMenu::defaultIconDistance(double innerRadius, double menuRadius) {
 }
 
 void PieMenu::applySharedVisualSettings(const PieMenu& source) {
-  menuRadius = source.menuRadius;
-  innerRadius = clampedInnerRadius(source.innerRadius, source.menuRadius);
-  iconDistance = source.iconDistance;
-  iconSize = source.iconSize;
-  appearanceScale = source.appearanceScale;
-  rotationDegrees = source.rotationDegrees;
-  liquidGlass = source.liquidGlass;
-  animationDuration = source.animationDuration;
-  pawDecorationEnabled = source.pawDecorationEnabled;
-  pawSizeScale = source.pawSizeScale;
-  pawRadialInset = source.pawRadialInset;
-  centerCatScale = source.centerCatScale;
-  shortcutDigitSizeScale = source.shortcutDigitSizeScale;
-  shortcutDigitInsetLeftScale = source.shortcutDigitInsetLeftScale;
-  shortcutDigitInsetRightScale = source.shortcutDigitInsetRightScale;
-  shortcutDigitOpacity = source.shortcutDigitOpacity;
-  shortcutDigitColorHex = source.shortcutDigitColorHex;
+  for (const AppearanceField& field : kAppearanceFields) {
+    if (field.isShared) std::visit([&](auto member) { this->*member = source.*member; }, field.member);
+  }
+  innerRadius = clampedInnerRadius(innerRadius, menuRadius);
 }
 
 std::vector<std::string> PieMenu::deduplicatedRunningAppsExcludedBundleIds(const std::vector<std::string>& ids) {

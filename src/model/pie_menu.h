@@ -16,6 +16,12 @@ namespace rondora {
 
 /// One ring with its trigger, items and looks. Lengths are points.
 struct PieMenu {
+  static constexpr double kMinRingWidth = 22;
+  static constexpr double kMinInnerRadius = 12;
+
+  /// With the default looks.
+  PieMenu();
+
   Uuid id;
   std::string name;
   HotkeyConfig hotkey;
@@ -26,25 +32,26 @@ struct PieMenu {
   bool runningAppsMenuEnabled = true;
   /// 3, 4 or 5; anything else is no finger count.
   std::int64_t trackpadFingerCount = 0;
-  double menuRadius = 150;
-  double innerRadius = 76;
-  /// Where an icon sits between the inner radius (0) and the outer one (1).
-  double iconDistance = 0.5;
-  double iconSize = 42;
-  double appearanceScale = 1;
+  // Looks, with the defaults and ranges of model/appearance_fields.h.
+  double menuRadius = 0;
+  double innerRadius = 0;
+  /// Place of an icon's centre: 0 is the inner radius, 1 the outer one.
+  double iconDistance = 0;
+  double iconSize = 0;
+  double appearanceScale = 0;
   double rotationDegrees = 0;
   LiquidGlassSettings liquidGlass;
-  double animationDuration = 0.2;  // seconds
+  double animationDuration = 0;  // seconds
   bool pawDecorationEnabled = true;
-  double pawSizeScale = 0.8;
-  double pawRadialInset = 0.5;
-  double centerCatScale = 0.75;
-  double centerAppIconScale = 0.4;
+  double pawSizeScale = 0;
+  double pawRadialInset = 0;
+  double centerCatScale = 0;
+  double centerAppIconScale = 0;
   std::vector<AppSubMenuEntry> appCommandsDefaultEntries;
-  double shortcutDigitSizeScale = 0.23;
-  double shortcutDigitInsetLeftScale = 0.29;
-  double shortcutDigitInsetRightScale = 0.35;
-  double shortcutDigitOpacity = 0.29;
+  double shortcutDigitSizeScale = 0;
+  double shortcutDigitInsetLeftScale = 0;
+  double shortcutDigitInsetRightScale = 0;
+  double shortcutDigitOpacity = 0;
   std::string shortcutDigitColorHex = "#FFFFFF";
   std::optional<std::string> globalSidebarIconColorHex;
   friend bool operator==(const PieMenu&, const PieMenu&) = default;
@@ -54,11 +61,12 @@ struct PieMenu {
   /// Has a hotkey that is to be live.
   bool hasLiveHotkey() const { return hotkey.isAssigned() && isEnabled(); }
 
-  /// The ring is at least 22 points wide and its hub at least 12.
+  /// Leaves a ring of at least `kMinRingWidth` where the menu is large enough.
   static double clampedInnerRadius(double innerRadius, double menuRadius);
-  /// Where icons sit in a menu that does not say.
+  /// For a menu whose document does not say.
   static double defaultIconDistance(double innerRadius, double menuRadius);
 
+  /// Copies the looks that menus share.
   void applySharedVisualSettings(const PieMenu& source);
 
   /// Drops later occurrences, compared without regard to case.

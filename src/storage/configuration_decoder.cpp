@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "model/appearance_fields.h"
 #include "storage/pie_configuration_migrator.h"
 
 namespace rondora {
@@ -51,13 +52,37 @@ LiquidGlassSettings liquidGlass(const JsonReader& json) {
 
 std::vector<std::string> strings(const JsonReader& json) { return json.elements(&JsonReader::string); }
 
-struct Bounds {
-  double least;
-  double most;
+/// Reads one field of `menu`, which holds the default so far.
+struct AppearanceReader {
+  const JsonReader& json;
+  const AppearanceField& field;
+  PieMenu& menu;
+
+  void operator()(double PieMenu::*member) const {
+    const auto number = &JsonReader::number;
+    const double value = field.isRequired ? json.at(field.name).number() : json.value(field.name, number, menu.*member);
+    menu.*member = field.document.clamped(value);
+  }
+  void operator()(bool PieMenu::*member) const { read(member, &JsonReader::boolean); }
+  void operator()(std::string PieMenu::*member) const { read(member, &JsonReader::string); }
+  void operator()(LiquidGlassSettings PieMenu::*member) const { read(member, liquidGlass); }
+
+  template <class T, class Decode>
+  void read(T PieMenu::*member, Decode decode) const {
+    menu.*member = json.value(field.name, decode, menu.*member);
+  }
 };
 
-double clamped(const JsonReader& json, std::string_view key, double fallback, Bounds bounds) {
-  return std::clamp(json.value(key, &JsonReader::number, fallback), bounds.least, bounds.most);
+/// Some fields decide the range or the default of those after them.
+void settleAfter(const AppearanceField& field, const JsonReader& json, PieMenu& menu) {
+  if (field.member == appearanceField<&PieMenu::innerRadius>().member) {
+    menu.innerRadius = PieMenu::clampedInnerRadius(menu.innerRadius, menu.menuRadius);
+    menu.iconDistance = PieMenu::defaultIconDistance(menu.innerRadius, menu.menuRadius);
+  } else if (field.member == appearanceField<&PieMenu::shortcutDigitSizeScale>().member) {
+    const auto formerInset = json.optional("shortcutDigitCornerInsetScale", &JsonReader::number);
+    menu.shortcutDigitInsetLeftScale = formerInset.value_or(menu.shortcutDigitInsetLeftScale);
+    menu.shortcutDigitInsetRightScale = formerInset.value_or(menu.shortcutDigitInsetRightScale);
+  }
 }
 
 void numberSectorsWhenAllAreFirst(std::vector<PieMenuItem>& items) {
@@ -196,29 +221,10 @@ PieMenu ConfigurationDecoder::menu(const JsonReader& json) const {
 }
 
 void ConfigurationDecoder::readLooks(const JsonReader& json, PieMenu& menu) const {
-  const auto number = &JsonReader::number;
-  menu.menuRadius = json.at("menuRadius").number();
-  menu.innerRadius = PieMenu::clampedInnerRadius(json.value("innerRadius", number, menu.innerRadius), menu.menuRadius);
-  menu.iconDistance =
-      json.value("iconDistance", number, PieMenu::defaultIconDistance(menu.innerRadius, menu.menuRadius));
-  menu.iconSize = json.value("iconSize", number, menu.iconSize);
-  menu.appearanceScale = clamped(json, "appearanceScale", menu.appearanceScale, {0.5, 2.0});
-  menu.rotationDegrees = json.value("rotationDegrees", number, menu.rotationDegrees);
-  menu.liquidGlass = json.value("liquidGlass", liquidGlass, menu.liquidGlass);
-  menu.animationDuration = json.at("animationDuration").number();
-  menu.pawDecorationEnabled = json.value("pawDecorationEnabled", &JsonReader::boolean, menu.pawDecorationEnabled);
-  menu.pawSizeScale = clamped(json, "pawSizeScale", menu.pawSizeScale, {0.35, 0.95});
-  menu.pawRadialInset = clamped(json, "pawRadialInset", menu.pawRadialInset, {0.05, 0.95});
-  menu.centerCatScale = clamped(json, "centerCatScale", menu.centerCatScale, {0.45, 1.2});
-  menu.centerAppIconScale = clamped(json, "centerAppIconScale", menu.centerAppIconScale, {0.3, 0.7});
-  menu.shortcutDigitSizeScale = clamped(json, "shortcutDigitSizeScale", menu.shortcutDigitSizeScale, {0.1, 0.6});
-  const auto inset = json.optional("shortcutDigitCornerInsetScale", number);
-  menu.shortcutDigitInsetLeftScale =
-      clamped(json, "shortcutDigitInsetLeftScale", inset.value_or(menu.shortcutDigitInsetLeftScale), {0.05, 0.9});
-  menu.shortcutDigitInsetRightScale =
-      clamped(json, "shortcutDigitInsetRightScale", inset.value_or(menu.shortcutDigitInsetRightScale), {0.05, 0.9});
-  menu.shortcutDigitOpacity = clamped(json, "shortcutDigitOpacity", menu.shortcutDigitOpacity, {0.1, 1.0});
-  menu.shortcutDigitColorHex = json.value("shortcutDigitColorHex", &JsonReader::string, menu.shortcutDigitColorHex);
+  for (const AppearanceField& field : kAppearanceFields) {
+    std::visit(AppearanceReader{json, field, menu}, field.member);
+    settleAfter(field, json, menu);
+  }
   menu.globalSidebarIconColorHex = json.optional("globalSidebarIconColorHex", &JsonReader::string);
 }
 

@@ -1,6 +1,7 @@
 #include <cmath>
 #include <nlohmann/json.hpp>
 
+#include "model/appearance_fields.h"
 #include "storage/configuration_json.h"
 
 namespace rondora {
@@ -115,7 +116,12 @@ ordered_json encodeHotkey(const HotkeyConfig& hotkey) {
   return ObjectWriter(2).field("keyCode", hotkey.keyCode).field("carbonModifiers", hotkey.carbonModifiers).take();
 }
 
-ordered_json encodeLiquidGlass(const LiquidGlassSettings& glass) {
+template <class T>
+const T& toJson(const T& value) {
+  return value;
+}
+
+ordered_json toJson(const LiquidGlassSettings& glass) {
   return ObjectWriter(2).field("variant", rawValue(glass.variant)).field("tintOpacity", glass.tintOpacity).take();
 }
 
@@ -124,37 +130,30 @@ std::optional<ordered_json> encodeDefaultEntries(const PieMenu& menu) {
   return array(menu.appCommandsDefaultEntries, encodeEntry);
 }
 
+/// Version 3 of the document has the default entries in the middle of the looks.
+constexpr auto kFieldAfterDefaultEntries = &PieMenu::shortcutDigitSizeScale;
+
+void writeAppearance(ObjectWriter& writer, const PieMenu& menu) {
+  for (const AppearanceField& field : kAppearanceFields) {
+    if (field.member == appearanceField<kFieldAfterDefaultEntries>().member) {
+      writer.field("appCommandsDefaultEntries", encodeDefaultEntries(menu));
+    }
+    std::visit([&](auto member) { writer.field(std::string(field.name), toJson(menu.*member)); }, field.member);
+  }
+}
+
 ordered_json encodeMenu(const PieMenu& menu) {
-  return ObjectWriter(28)
-      .field("id", menu.id.string())
+  ObjectWriter writer(28);
+  writer.field("id", menu.id.string())
       .field("name", menu.name)
       .field("hotkey", encodeHotkey(menu.hotkey))
       .field("items", array(menu.items, encodeItem))
       .field("kind", rawValue(menu.kind))
       .field("runningAppsExcludedBundleIds", ordered_json(menu.runningAppsExcludedBundleIds))
       .field("runningAppsMenuEnabled", menu.runningAppsMenuEnabled)
-      .field("trackpadFingerCount", menu.trackpadFingerCount)
-      .field("menuRadius", menu.menuRadius)
-      .field("innerRadius", menu.innerRadius)
-      .field("iconDistance", menu.iconDistance)
-      .field("iconSize", menu.iconSize)
-      .field("appearanceScale", menu.appearanceScale)
-      .field("rotationDegrees", menu.rotationDegrees)
-      .field("liquidGlass", encodeLiquidGlass(menu.liquidGlass))
-      .field("animationDuration", menu.animationDuration)
-      .field("pawDecorationEnabled", menu.pawDecorationEnabled)
-      .field("pawSizeScale", menu.pawSizeScale)
-      .field("pawRadialInset", menu.pawRadialInset)
-      .field("centerCatScale", menu.centerCatScale)
-      .field("centerAppIconScale", menu.centerAppIconScale)
-      .field("appCommandsDefaultEntries", encodeDefaultEntries(menu))
-      .field("shortcutDigitSizeScale", menu.shortcutDigitSizeScale)
-      .field("shortcutDigitInsetLeftScale", menu.shortcutDigitInsetLeftScale)
-      .field("shortcutDigitInsetRightScale", menu.shortcutDigitInsetRightScale)
-      .field("shortcutDigitOpacity", menu.shortcutDigitOpacity)
-      .field("shortcutDigitColorHex", menu.shortcutDigitColorHex)
-      .field("globalSidebarIconColorHex", menu.globalSidebarIconColorHex)
-      .take();
+      .field("trackpadFingerCount", menu.trackpadFingerCount);
+  writeAppearance(writer, menu);
+  return writer.field("globalSidebarIconColorHex", menu.globalSidebarIconColorHex).take();
 }
 
 ordered_json encodeDocument(const PieConfiguration& configuration) {

@@ -11,6 +11,7 @@
 #include <iterator>
 #include <utility>
 
+#include "model/appearance_fields.h"
 #include "model/palette.h"
 #include "pie/controller/quick_select.h"
 #include "pie/picture/ring_picture.h"
@@ -37,29 +38,6 @@ constexpr Sample kSamples[] = {
     {"Rocket", "صاروخ", "🚀"},
     {"Crown", "تاج", "crown.fill"},
     {"Unknown", "مجهول", "no.such.symbol"},
-};
-
-struct AppearanceKey {
-  const char* name;
-  double PieMenu::*value;
-};
-
-constexpr AppearanceKey kKeys[] = {
-    {"menuRadius", &PieMenu::menuRadius},
-    {"innerRadius", &PieMenu::innerRadius},
-    {"iconDistance", &PieMenu::iconDistance},
-    {"iconSize", &PieMenu::iconSize},
-    {"appearanceScale", &PieMenu::appearanceScale},
-    {"rotationDegrees", &PieMenu::rotationDegrees},
-    {"animationDuration", &PieMenu::animationDuration},
-    {"pawSizeScale", &PieMenu::pawSizeScale},
-    {"pawRadialInset", &PieMenu::pawRadialInset},
-    {"centerCatScale", &PieMenu::centerCatScale},
-    {"centerAppIconScale", &PieMenu::centerAppIconScale},
-    {"shortcutDigitSizeScale", &PieMenu::shortcutDigitSizeScale},
-    {"shortcutDigitInsetLeftScale", &PieMenu::shortcutDigitInsetLeftScale},
-    {"shortcutDigitInsetRightScale", &PieMenu::shortcutDigitInsetRightScale},
-    {"shortcutDigitOpacity", &PieMenu::shortcutDigitOpacity},
 };
 
 void paintLandscape(QPainter& painter, const QRectF& rect) {
@@ -157,33 +135,39 @@ std::vector<double> SampleRing::states(std::optional<std::size_t> highlighted) c
   return result;
 }
 
-bool setAppearance(PieMenu& menu, const QString& keyAndValue) {
-  const QString key = keyAndValue.section('=', 0, 0);
-  const QString value = keyAndValue.section('=', 1);
-  if (key == "variant") {
-    const auto variant = liquidGlassVariantFromRawValue(value.toStdString());
-    if (variant) menu.liquidGlass.variant = *variant;
-    return variant.has_value();
-  }
-  if (key == "shortcutDigitColorHex") {
-    menu.shortcutDigitColorHex = value.toStdString();
-    return true;
-  }
-  if (key == "pawDecorationEnabled") {
-    menu.pawDecorationEnabled = value == "true";
-    return true;
-  }
+namespace {
+
+bool set(double& number, const QString& value) {
   bool isNumber = false;
-  const double number = value.toDouble(&isNumber);
-  if (key == "tintOpacity") {
-    menu.liquidGlass.tintOpacity = number;
-    return isNumber;
-  }
-  const auto* found =
-      std::find_if(std::begin(kKeys), std::end(kKeys), [&](const auto& known) { return key == known.name; });
-  if (found == std::end(kKeys) || !isNumber) return false;
-  menu.*found->value = number;
+  number = value.toDouble(&isNumber);
+  return isNumber;
+}
+bool set(bool& flag, const QString& value) {
+  flag = value == "true";
   return true;
+}
+bool set(std::string& text, const QString& value) {
+  text = value.toStdString();
+  return true;
+}
+/// Its variant or its tint opacity.
+bool set(LiquidGlassSettings& glass, const QString& value) {
+  const auto variant = liquidGlassVariantFromRawValue(value.toStdString());
+  if (!variant) return set(glass.tintOpacity, value);
+  glass.variant = *variant;
+  return true;
+}
+
+}  // namespace
+
+bool setAppearance(PieMenu& menu, const QString& keyAndValue) {
+  std::string key = keyAndValue.section('=', 0, 0).toStdString();
+  if (key == "variant" || key == "tintOpacity") key = "liquidGlass";
+  const QString value = keyAndValue.section('=', 1);
+  const auto field = std::find_if(kAppearanceFields.begin(), kAppearanceFields.end(),
+                                  [&](const AppearanceField& each) { return each.name == key; });
+  return field != kAppearanceFields.end() &&
+         std::visit([&](auto member) { return set(menu.*member, value); }, field->member);
 }
 
 QImage sampleBackground(const QString& name, QSize size) {

@@ -4,8 +4,6 @@
 
 namespace rondora {
 
-OpeningAnimation OpeningAnimation::lasting(double seconds) { return {seconds > 0 ? std::min(seconds, kLongest) : 0}; }
-
 AppearancePhase OpeningAnimation::phase(double elapsed) const {
   if (isOver(elapsed)) return {};
   constexpr AppearancePhase kFirst{0.86, 0.5};  // to be seen at once

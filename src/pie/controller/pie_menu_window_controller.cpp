@@ -4,7 +4,9 @@
 #include <cmath>
 #include <utility>
 
+#include "model/appearance_fields.h"
 #include "model/carbon_modifiers.h"
+#include "model/ring_order.h"
 #include "pie/controller/opening_animation.h"
 #include "pie/controller/pie_view.h"
 #include "pie/geometry/ring_layout.h"
@@ -31,16 +33,6 @@ double largestRadius(const std::optional<Screen>& screen) {
   if (!screen || screen->visibleFrame.isEmpty()) return kLargestRadiusWithoutScreen;
   const Size size = screen->visibleFrame.size;
   return std::max(40.0, std::min(size.width, size.height) / 2);
-}
-
-std::vector<PieMenuItem> inRingOrder(std::vector<PieMenuItem> items) {
-  std::stable_sort(items.begin(), items.end(),
-                   [](const PieMenuItem& a, const PieMenuItem& b) { return a.sectorIndex < b.sectorIndex; });
-  return items;
-}
-
-bool allHeld(std::uint64_t flags, std::uint64_t required) {
-  return (flags & event_flags::kDeviceIndependentMask & required) == required;
 }
 
 }  // namespace
@@ -97,7 +89,7 @@ void PieMenuWindowController::makePanel(const PieMenu& menu, double rotationDegr
   window_ = std::make_unique<PieView>(
       PieView::Ports{ports_.overlayPanels, ports_.pointer, ports_.haptics, ports_.mainQueue, ports_.clock},
       squareAround(pointer, layout.halfSide()), displayedItems_.size(),
-      OpeningAnimation::lasting(menu.animationDuration));
+      OpeningAnimation{drawn<&PieMenu::animationDuration>(menu)});
   window_->setPicture(makeRingPicture(
       menu, layout,
       {displayedItems_, displayTitles(displayedItems_), displayedShortcutLabels_.labels(), std::move(application)}));

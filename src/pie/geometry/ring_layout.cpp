@@ -3,33 +3,21 @@
 #include <algorithm>
 #include <cmath>
 
+#include "model/appearance_fields.h"
 #include "pie/geometry/sector_geometry.h"
 
 namespace rondora {
-namespace {
-
-constexpr double kSmallestRing = 22;  // points, before scaling
-constexpr double kSmallestHub = 12;
-
-/// A number of the document, or `fallback` for one that is none, in reasonable bounds.
-double bounded(double value, double fallback, double lowest, double highest) {
-  return std::clamp(std::isfinite(value) ? value : fallback, lowest, highest);
-}
-
-}  // namespace
-
-RingLayout RingLayout::make(const PieMenu& menu, double rotationDegrees, std::size_t itemCount, double largestRadius) {
-  const PieMenu defaults;
+RingLayout RingLayout::make(const PieMenu& menu, double rotationDegrees, std::size_t itemCount, double maxRadius) {
   RingLayout layout;
-  layout.rotationDegrees = std::isfinite(rotationDegrees) ? rotationDegrees : 0;
+  layout.rotationDegrees = appearanceField<&PieMenu::rotationDegrees>().toDraw(rotationDegrees);
   layout.sectorCount = std::max<std::size_t>(itemCount, 1);
-  const double radius = bounded(menu.menuRadius, defaults.menuRadius, kSmallestHub + kSmallestRing, 1e6);
-  const double hub = bounded(menu.innerRadius, defaults.innerRadius, kSmallestHub, radius - kSmallestRing);
-  const double wanted = bounded(menu.appearanceScale, defaults.appearanceScale, 0.25, 4);
-  const double shrink = std::min(1.0, largestRadius / (radius * wanted));
+  const double radius = drawn<&PieMenu::menuRadius>(menu);
+  const double hub = std::min(drawn<&PieMenu::innerRadius>(menu), radius - PieMenu::kMinRingWidth);
+  const double wanted = drawn<&PieMenu::appearanceScale>(menu);
+  const double shrink = std::min(1.0, maxRadius / (radius * wanted));
   layout.outerRadius = radius * wanted * shrink;
   layout.innerRadius = hub * wanted * shrink;
-  layout.scale = std::min(wanted, layout.outerRadius / (kSmallestHub + kSmallestRing));
+  layout.scale = std::min(wanted, layout.outerRadius / (PieMenu::kMinInnerRadius + PieMenu::kMinRingWidth));
   return layout;
 }
 

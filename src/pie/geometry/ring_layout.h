@@ -17,8 +17,8 @@ struct RingLayout {
   double rotationDegrees = 0;
   std::size_t sectorCount = 1;
 
-  /// `largestRadius` bounds what is shown, whatever the menu asks for.
-  static RingLayout make(const PieMenu& menu, double rotationDegrees, std::size_t itemCount, double largestRadius);
+  /// Shrinks a ring that is larger than `maxRadius`.
+  static RingLayout make(const PieMenu& menu, double rotationDegrees, std::size_t itemCount, double maxRadius);
 
   /// How far a highlighted sector reaches beyond the ring.
   double highlightGrowth() const { return 6 * scale; }

@@ -1,7 +1,8 @@
 #include "pie/picture/glass_style.h"
 
-#include <algorithm>
 #include <cmath>
+
+#include "model/appearance_fields.h"
 
 namespace rondora {
 namespace {
@@ -28,7 +29,7 @@ GlassStyle clearGlass() {
 
 GlassStyle GlassStyle::of(const LiquidGlassSettings& settings) {
   GlassStyle style = settings.variant == LiquidGlassVariant::clear ? clearGlass() : regularGlass();
-  const double opacity = std::isfinite(settings.tintOpacity) ? std::clamp(settings.tintOpacity, 0.0, 1.0) : 0.07;
+  const double opacity = appearanceField<&PieMenu::liquidGlass>().toDraw(settings.tintOpacity);
   // Small opacities are what menus use, and they have to differ to the eye. 0 is none and 1 is all.
   const double tint = std::pow(opacity, 0.4);
   style.tintAtHub = tint * (0.7 + 0.3 * tint);

@@ -5,6 +5,7 @@
 #include <numbers>
 #include <utility>
 
+#include "model/appearance_fields.h"
 #include "pie/picture/cat_figure.h"
 
 namespace rondora {
@@ -12,10 +13,6 @@ namespace {
 
 constexpr Color kTitle{1, 1, 1, 0.97};
 constexpr double kSmallestRadiusForBoth = 48;  // points, before scaling
-
-double bounded(double value, double fallback, double lowest, double highest) {
-  return std::clamp(std::isfinite(value) ? value : fallback, lowest, highest);
-}
 
 }  // namespace
 
@@ -50,9 +47,8 @@ bool HubPainter::hasRoomForBoth() const { return hasFigure() && radius_ >= kSmal
 
 /// An application's icon is measured by the hub's width, the cat by the largest square in the hub.
 double HubPainter::figureHalfSide() const {
-  const PieMenu defaults;
-  if (application_) return radius_ * bounded(menu_.centerAppIconScale, defaults.centerAppIconScale, 0.3, 0.7);
-  return radius_ / std::numbers::sqrt2 * bounded(menu_.centerCatScale, defaults.centerCatScale, 0.45, 1.2);
+  if (application_) return radius_ * drawn<&PieMenu::centerAppIconScale>(menu_);
+  return radius_ / std::numbers::sqrt2 * drawn<&PieMenu::centerCatScale>(menu_);
 }
 
 HubPainter::Figure HubPainter::figureAboveTitle() const {

@@ -5,6 +5,7 @@
 #include <numbers>
 
 #include "base/unicode.h"
+#include "model/appearance_fields.h"
 #include "pie/geometry/pie_sector_shape.h"
 #include "pie/geometry/sector_geometry.h"
 
@@ -17,10 +18,6 @@ constexpr double kSmallestIconRadius = 3;     // points; below that nothing can 
 constexpr double kSmallestLabelRadius = 3.3;
 constexpr double kSmallestPawRadius = 5;
 constexpr double kArmPerPaw = 0.7;  // half the arm's width
-
-double bounded(double value, double fallback, double lowest, double highest) {
-  return std::clamp(std::isfinite(value) ? value : fallback, lowest, highest);
-}
 
 double halfGapOf(const RingLayout& layout) {
   PieSectorShape shape;
@@ -41,7 +38,7 @@ SectorContents::SectorContents(const PieMenu& menu, const RingLayout& layout)
       padding_(std::min(3 * layout.scale, 0.06 * layout.ringWidth())),
       halfGap_(halfGapOf(layout)),
       labelUnit_(std::min(layout.ringWidth(), 90 * layout.scale)),
-      labelRadius_(kRadiusPerPointSize * labelUnit_ * bounded(menu.shortcutDigitSizeScale, 0.23, 0.1, 0.6)),
+      labelRadius_(kRadiusPerPointSize * labelUnit_ * drawn<&PieMenu::shortcutDigitSizeScale>(menu)),
       icon_(fittingIcon(menu, layout.outerRadius)),
       paw_(pawPlace(menu)) {
   if (!placeInCorners(menu)) stack(menu);
@@ -54,9 +51,8 @@ double SectorContents::roomAt(double distance, double rim) const {
 }
 
 SectorContents::Disc SectorContents::fittingIcon(const PieMenu& menu, double rim) const {
-  const PieMenu defaults;
-  const double wanted = bounded(menu.iconSize, defaults.iconSize, 0, 1e6) * layout_.scale / 2;
-  const double place = bounded(menu.iconDistance, defaults.iconDistance, 0, 1);
+  const double wanted = drawn<&PieMenu::iconSize>(menu) * layout_.scale / 2;
+  const double place = drawn<&PieMenu::iconDistance>(menu);
   const double wantedDistance = layout_.innerRadius + layout_.ringWidth() * place;
   constexpr int kSteps = 64;
   constexpr double kPullToWantedPlace = 0.02;
@@ -74,9 +70,8 @@ SectorContents::Disc SectorContents::fittingIcon(const PieMenu& menu, double rim
 }
 
 SectorContents::Disc SectorContents::pawPlace(const PieMenu& menu) const {
-  const PieMenu defaults;
-  const double size = bounded(menu.pawSizeScale, defaults.pawSizeScale, 0.35, 0.95);
-  const double inset = bounded(menu.pawRadialInset, defaults.pawRadialInset, 0.05, 0.95);
+  const double size = drawn<&PieMenu::pawSizeScale>(menu);
+  const double inset = drawn<&PieMenu::pawRadialInset>(menu);
   const double distance = layout_.outerRadius - inset * layout_.ringWidth();
   const double toEdge = distance * std::sin(std::min(halfWidth_, std::numbers::pi / 2)) - halfGap_ - padding_;
   return {distance, std::min(size * layout_.ringWidth() / 2, toEdge)};
@@ -111,8 +106,8 @@ bool SectorContents::leavesIconFree(const CornerPlace& place) const {
 /// As large as wanted, or as there is room, but no smaller than the label of a stack.
 bool SectorContents::placeInCorners(const PieMenu& menu) {
   constexpr double kStep = 0.95;
-  const double leftInset = bounded(menu.shortcutDigitInsetLeftScale, 0.29, 0.05, 0.9) * labelUnit_;
-  const double rightInset = bounded(menu.shortcutDigitInsetRightScale, 0.35, 0.05, 0.9) * labelUnit_;
+  const double leftInset = drawn<&PieMenu::shortcutDigitInsetLeftScale>(menu) * labelUnit_;
+  const double rightInset = drawn<&PieMenu::shortcutDigitInsetRightScale>(menu) * labelUnit_;
   constexpr double kSmallest = 1;  // points
   const double smallest = std::max(stackedLabelRadius(), kSmallest);
   double radius = labelRadius_;

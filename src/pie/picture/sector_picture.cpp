@@ -6,6 +6,7 @@
 
 #include "base/unicode.h"
 #include "icons/icon_reference.h"
+#include "model/appearance_fields.h"
 #include "pie/picture/cat_figure.h"
 #include "pie/picture/ring_glass.h"
 
@@ -39,12 +40,6 @@ Color stainOf(Color color) {
   return excess <= 1 ? deep : mix({0, 0, 0, 1}, deep, 1 / excess);
 }
 
-double labelOpacity(const PieMenu& menu) {
-  const PieMenu defaults;
-  return std::isfinite(menu.shortcutDigitOpacity) ? std::clamp(menu.shortcutDigitOpacity, 0.1, 1.0)
-                                                  : defaults.shortcutDigitOpacity;
-}
-
 }  // namespace
 
 SectorPainter::SectorPainter(const PieMenu& menu, const RingLayout& layout, const GlassStyle& glass)
@@ -72,7 +67,7 @@ PictureLayer SectorPainter::layer(std::size_t index, const PieMenuItem& item, co
 
 SectorPainter::Colors SectorPainter::colors(const PieMenuItem& item, Look look) const {
   const Color color = itemColor(item);
-  const double opacity = labelOpacity(menu_);
+  const double opacity = drawn<&PieMenu::shortcutDigitOpacity>(menu_);
   if (look == Look::highlighted) {
     const Color atHub = mix(color, kInk, 0.10);
     const Color atRim = mix(color, kWhite, 0.12);

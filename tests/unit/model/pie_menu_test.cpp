@@ -2,28 +2,38 @@
 
 #include <gtest/gtest.h>
 
+#include <type_traits>
+
 #include "doubles/fake_devices.h"
+#include "model/appearance_fields.h"
 
 namespace rondora {
 namespace {
 
-TEST(PieMenuTest, SharedLooksLeaveTheMenuItself) {
-  PieMenu looks;  // each differs from the default
-  looks.pawDecorationEnabled = false;
-  looks.menuRadius = 90;
-  looks.innerRadius = 80;
-  double change = 0;
-  for (double PieMenu::*const number :
-       {&PieMenu::iconDistance, &PieMenu::iconSize, &PieMenu::appearanceScale, &PieMenu::rotationDegrees,
-        &PieMenu::animationDuration, &PieMenu::pawSizeScale, &PieMenu::pawRadialInset, &PieMenu::centerCatScale,
-        &PieMenu::shortcutDigitSizeScale, &PieMenu::shortcutDigitInsetLeftScale, &PieMenu::shortcutDigitInsetRightScale,
-        &PieMenu::shortcutDigitOpacity}) {
-    looks.*number += change += 0.01;
+template <class T>
+void change(T& value) {
+  if constexpr (std::is_same_v<T, bool>) {
+    value = !value;
+  } else if constexpr (std::is_same_v<T, LiquidGlassSettings>) {
+    value = {LiquidGlassVariant::clear, 0.5};
+  } else if constexpr (std::is_same_v<T, double>) {
+    value += 1;
+  } else {
+    value += '!';
   }
-  looks.liquidGlass = {LiquidGlassVariant::clear, 0.5};
-  looks.shortcutDigitColorHex = "#000000";
+}
 
-  PieMenu source = looks;  // so does the rest
+TEST(PieMenuTest, SharedLooksLeaveTheRestOfTheMenu) {
+  PieMenu source;
+  for (const AppearanceField& field : kAppearanceFields) {
+    std::visit([&](auto member) { change(source.*member); }, field.member);
+  }
+  source.menuRadius = 90;
+  source.innerRadius = 80;
+  PieMenu expected = source;
+  expected.innerRadius = 68;
+  expected.centerAppIconScale = PieMenu().centerAppIconScale;
+
   source.id = SeededRandom().uuid();
   source.name = "Source";
   source.hotkey = {1, 2};
@@ -32,14 +42,11 @@ TEST(PieMenuTest, SharedLooksLeaveTheMenuItself) {
   source.runningAppsExcludedBundleIds = {"a"};
   source.runningAppsMenuEnabled = false;
   source.trackpadFingerCount = 4;
-  source.centerAppIconScale = 0.5;
   source.appCommandsDefaultEntries.resize(1);
   source.globalSidebarIconColorHex = "#111111";
-
   PieMenu target;
   target.applySharedVisualSettings(source);
-  looks.innerRadius = 68;
-  EXPECT_EQ(target, looks);
+  EXPECT_EQ(target, expected);
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include <random>
 #include <string_view>
 
+#include "model/appearance_fields.h"
 #include "model/palette.h"
 #include "pie/controller/opening_animation.h"
 #include "pie/controller/quick_select.h"
@@ -20,21 +21,6 @@ namespace {
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-
-using Key = double PieMenu::*;
-constexpr Key kKeys[] = {&PieMenu::menuRadius,
-                         &PieMenu::innerRadius,
-                         &PieMenu::iconDistance,
-                         &PieMenu::iconSize,
-                         &PieMenu::appearanceScale,
-                         &PieMenu::rotationDegrees,
-                         &PieMenu::pawSizeScale,
-                         &PieMenu::pawRadialInset,
-                         &PieMenu::centerCatScale,
-                         &PieMenu::shortcutDigitSizeScale,
-                         &PieMenu::shortcutDigitInsetLeftScale,
-                         &PieMenu::shortcutDigitInsetRightScale,
-                         &PieMenu::shortcutDigitOpacity};
 
 struct Ring {
   PieMenu menu;
@@ -184,24 +170,32 @@ TEST(RingPictureTest, TheHubShowsTheCatOfMenusWithPawsAndTheApplicationOfMenusTh
   EXPECT_DOUBLE_EQ(find<IconCommand>(icon)->rect.size.width, RingLayout::make(menu, 0, 0, 400).hubRadius());
 }
 
-TEST(RingPictureTest, EveryAppearanceKeyChangesTheRing) {
-  const Picture plain = ringOf(6).picture;
-  for (std::size_t i = 0; i < std::size(kKeys); ++i) {
+void change(double& number, double factor) { number = number == 0 ? 10 * factor : number * factor; }
+void change(bool& flag, double) { flag = !flag; }
+void change(std::string& color, double) { color = "#00FF00"; }
+void change(LiquidGlassSettings& glass, double factor) {
+  if (factor < 1) {
+    glass.variant = LiquidGlassVariant::clear;
+  } else {
+    glass.tintOpacity = 0.2;
+  }
+}
+
+Picture pictureOf(const PieMenu& menu, const std::optional<std::string>& application) {
+  const Ring ring = ringOf(6, menu);
+  return makeRingPicture(ring.menu, ring.layout, {ring.menu.items, ring.titles, {}, application});
+}
+
+TEST(RingPictureTest, EveryAppearanceFieldChangesTheRing) {
+  for (const AppearanceField& field : kAppearanceFields) {
+    if (field.name == "animationDuration") continue;
+    const auto application = field.name == "centerAppIconScale" ? std::optional<std::string>("editor") : std::nullopt;
     for (const double factor : {0.85, 1.15}) {
       PieMenu menu;
-      menu.*kKeys[i] = menu.*kKeys[i] == 0 ? 10 * factor : menu.*kKeys[i] * factor;
-      EXPECT_NE(ringOf(6, menu).picture, plain) << "key " << i << " times " << factor;
+      std::visit([&](auto member) { change(menu.*member, factor); }, field.member);
+      EXPECT_NE(pictureOf(menu, application), pictureOf({}, application)) << field.name << " times " << factor;
     }
   }
-  PieMenu menu;
-  menu.shortcutDigitColorHex = "#00FF00";
-  EXPECT_NE(ringOf(6, menu).picture, plain);
-  menu = {};
-  menu.liquidGlass.tintOpacity = 0.2;
-  EXPECT_NE(ringOf(6, menu).picture, plain);
-  menu = {};
-  menu.liquidGlass.variant = LiquidGlassVariant::clear;
-  EXPECT_NE(ringOf(6, menu).picture, plain);
 }
 
 /// What a screen of that colour looks like through the glass.
@@ -269,9 +263,10 @@ TEST(RingPictureTest, HostileSizesNeitherTrapNorEscape) {
   for (int round = 0; round < 500; ++round) {
     const auto number = [&] { return kHostile[random() % std::size(kHostile)]; };
     PieMenu menu;
-    for (const Key key : kKeys) menu.*key = number();
+    for (const AppearanceField& field : kAppearanceFields) {
+      if (const auto* member = std::get_if<double PieMenu::*>(&field.member)) menu.*(*member) = number();
+    }
     menu.liquidGlass.tintOpacity = number();
-    menu.centerAppIconScale = number();
     constexpr std::size_t kCounts[] = {0, 1, 6, 36, 500};
     const Ring ring = ringOf(kCounts[random() % std::size(kCounts)], menu);
     ASSERT_GT(ring.layout.innerRadius, 0) << round;
@@ -282,10 +277,13 @@ TEST(RingPictureTest, HostileSizesNeitherTrapNorEscape) {
   }
 }
 
-TEST(OpeningAnimationTest, EndsHoweverLongTheDocumentWantsIt) {
-  for (const double none : {0.0, -1.0, kNaN}) EXPECT_TRUE(OpeningAnimation::lasting(none).isOver(0)) << none;
-  EXPECT_TRUE(OpeningAnimation::lasting(1e300).isOver(2));
-  EXPECT_TRUE(OpeningAnimation::lasting(0.2).isOver(kNaN));
+TEST(OpeningAnimationTest, EndsWhateverTheDocumentAndTheClockSay) {
+  const auto isOver = [](double duration, double elapsed) {
+    return OpeningAnimation{appearanceField<&PieMenu::animationDuration>().toDraw(duration)}.isOver(elapsed);
+  };
+  for (const double none : {0.0, -1.0}) EXPECT_TRUE(isOver(none, 0)) << none;
+  for (const double bounded : {1e300, kInfinity, kNaN}) EXPECT_TRUE(isOver(bounded, 2)) << bounded;
+  EXPECT_TRUE(isOver(0.2, kNaN));
 }
 
 }  // namespace
