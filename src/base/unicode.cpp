@@ -3,6 +3,7 @@
 #include <utf8proc.h>
 
 #include <algorithm>
+#include <array>
 
 namespace rondora {
 namespace {
@@ -37,13 +38,24 @@ void append(std::string& text, utf8proc_int32_t scalar) {
   text.append(reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(length));
 }
 
-template <class Map>
-std::string mapped(std::string_view text, Map map) {
+/// Appends the full upper-case mapping: where a scalar folds to several, their capitals (SpecialCasing.txt agrees).
+void appendUpperCased(std::string& text, utf8proc_int32_t scalar) {
+  std::array<utf8proc_int32_t, 4> folded{};
+  int lastBoundClass = 0;
+  const utf8proc_ssize_t count =
+      utf8proc_decompose_char(scalar, folded.data(), folded.size(), UTF8PROC_CASEFOLD, &lastBoundClass);
+  const bool isCapital = utf8proc_category(scalar) == UTF8PROC_CATEGORY_LU;
+  if (count < 2 || isCapital) return append(text, utf8proc_toupper(scalar));
+  for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) append(text, utf8proc_toupper(folded.at(i)));
+}
+
+template <class AppendMapped>
+std::string mapped(std::string_view text, AppendMapped appendMapped) {
   std::string result;
   result.reserve(text.size());
   while (!text.empty()) {
     const Scalar scalar = firstScalar(text);
-    append(result, map(scalar.value));
+    appendMapped(result, scalar.value);
     text.remove_prefix(scalar.length);
   }
   return result;
@@ -68,9 +80,11 @@ bool isValidUtf8(std::string_view text) {
   return true;
 }
 
-std::string upperCased(std::string_view text) { return mapped(text, utf8proc_toupper); }
+std::string upperCased(std::string_view text) { return mapped(text, appendUpperCased); }
 
-std::string lowerCased(std::string_view text) { return mapped(text, utf8proc_tolower); }
+std::string lowerCased(std::string_view text) {
+  return mapped(text, [](std::string& result, utf8proc_int32_t scalar) { append(result, utf8proc_tolower(scalar)); });
+}
 
 std::string_view trimmed(std::string_view text) {
   while (!text.empty()) {

@@ -9,7 +9,9 @@
 namespace rondora {
 
 bool isValidUtf8(std::string_view text);
+/// Full mapping, independent of the language: "ß" becomes "SS". A text of up to 5 bytes allocates nothing.
 std::string upperCased(std::string_view text);
+/// Simple mapping: one scalar for each.
 std::string lowerCased(std::string_view text);
 /// Without white space and line ends at either end.
 std::string_view trimmed(std::string_view text);

@@ -35,5 +35,10 @@ TEST(UnicodeTest, IllFormedBytesCountOneByOneAndNeverFail) {
   EXPECT_EQ(scalarCount("ж🐈"), 2U);
 }
 
+TEST(UnicodeTest, UpperCaseIsTheFullMapping) {
+  EXPECT_EQ(upperCased("straße ŉ ﬁ ΐ ᾳ"), "STRASSE ʼN FI \u0399\u0308\u0301 ΑΙ");
+  EXPECT_EQ(upperCased("ẞİ"), "ẞİ") << "capitals stay";
+}
+
 }  // namespace
 }  // namespace rondora

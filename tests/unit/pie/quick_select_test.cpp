@@ -36,9 +36,10 @@ TEST(ShortcutLabelsTest, OwnLabelsWinAndTakeTheDefaultAway) {
 }
 
 TEST(ShortcutLabelsTest, MatchesWholeTextsOnly) {
-  const Labels labels = resolvedShortcutLabels(items(4, {{0, "ab"}, {1, "  "}, {2, "é"}, {3, "É"}}));
+  const Labels labels = resolvedShortcutLabels(items(5, {{0, "ab"}, {1, "  "}, {2, "é"}, {3, "É"}, {4, "SS"}}));
   EXPECT_EQ(itemIndex("AB", labels), Index(0));
   EXPECT_EQ(itemIndex("É", labels), Index(2));  // the first of two
+  EXPECT_EQ(itemIndex("ß", labels), Index(4));
   for (const char* typed : {"a", "", " ", "\r", "  \t", "\xFF"}) {
     EXPECT_EQ(itemIndex(typed, labels), std::nullopt) << typed;
   }
