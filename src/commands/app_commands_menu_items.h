@@ -10,9 +10,9 @@ namespace rondora {
 
 /// The sectors of an application-commands menu.
 struct AppCommandsMenuItems {
-  /// The same for equal commands, today and at the next start.
+  /// Equal commands have the same id at every start.
   static Uuid stableID(const PieSubAction& command);
-  /// One item a command, in the same order, coloured by position.
+  /// One item per command, in the same order, coloured by position.
   static std::vector<PieMenuItem> build(const std::vector<PieSubAction>& commands);
 };
 

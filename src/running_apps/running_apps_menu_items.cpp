@@ -1,34 +1,20 @@
 #include "running_apps/running_apps_menu_items.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdint>
 #include <iterator>
 #include <limits>
 #include <set>
-#include <string_view>
 
-#include "base/fnv.h"
+#include "base/content_uuid.h"
 #include "base/unicode.h"
-#include "base/uuid.h"
 #include "icons/icon_reference.h"
 #include "model/palette.h"
 
 namespace rondora {
 namespace {
 
-/// A version 8 UUID made from the identifier alone.
-Uuid stableId(std::string_view bundleIdentifier) {
-  const std::uint64_t first = fnv1a(bundleIdentifier);
-  const std::array<std::uint64_t, 2> halves = {first, fnv1a(bundleIdentifier, ~first)};
-  std::array<std::uint8_t, 16> bytes{};
-  for (std::size_t i = 0; i < bytes.size(); ++i) bytes[i] = static_cast<std::uint8_t>(halves[i / 8] >> (8 * (i % 8)));
-  bytes[6] = static_cast<std::uint8_t>((bytes[6] & 0x0F) | 0x80);
-  bytes[8] = static_cast<std::uint8_t>((bytes[8] & 0x3F) | 0x80);
-  return Uuid::fromBytes(bytes);
-}
-
-/// The number of identifiers when it is not among them.
+/// `identifiers.size()` if it is not among them.
 std::size_t positionIn(const std::vector<std::string>& identifiers, const std::string& identifier) {
   return static_cast<std::size_t>(std::find(identifiers.begin(), identifiers.end(), identifier) - identifiers.begin());
 }
@@ -36,7 +22,7 @@ std::size_t positionIn(const std::vector<std::string>& identifiers, const std::s
 PieMenuItem itemFor(const RunningApplication& application, std::size_t sector) {
   const std::string& identifier = *application.bundleIdentifier;
   PieMenuItem item;
-  item.id = stableId(identifier);
+  item.id = ContentUuid().add(identifier).uuid();
   item.title = application.localizedName.empty() ? identifier : application.localizedName;
   item.icon = IconReference::application(identifier);
   item.action = LaunchApp{identifier};

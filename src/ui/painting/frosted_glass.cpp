@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <vector>
 
+#include "base/pixels.h"
+
 namespace rondora {
 namespace {
 
@@ -116,15 +118,6 @@ std::uint32_t packed(Rgb color) {
   return 0xFF000000U | component(color.red) << 16 | component(color.green) << 8 | component(color.blue);
 }
 
-/// `weight` 0 gives `a`, 256 would give `b`.
-std::uint32_t between(std::uint32_t a, std::uint32_t b, std::uint32_t weight) {
-  constexpr std::uint32_t kEven = 0x00FF00FF;
-  const std::uint32_t rest = 256 - weight;
-  const std::uint32_t even = ((a & kEven) * rest + (b & kEven) * weight) >> 8 & kEven;
-  const std::uint32_t odd = ((a >> 8 & kEven) * rest + (b >> 8 & kEven) * weight) & ~kEven;
-  return even | odd;
-}
-
 /// A place between two neighbours of a row of `count` small pixels, each of which stands for `factor` large ones.
 struct Between {
   int first;
@@ -150,10 +143,10 @@ void grow(const std::vector<std::uint32_t>& small, int width, int height, int fa
     const std::uint32_t* upper = small.data() + static_cast<std::ptrdiff_t>(rows.first) * width;
     const std::uint32_t* lower = small.data() + static_cast<std::ptrdiff_t>(rows.second) * width;
     std::transform(upper, upper + width, lower, line.begin(),
-                   [&](std::uint32_t a, std::uint32_t b) { return between(a, b, rows.weight); });
+                   [&](std::uint32_t a, std::uint32_t b) { return mixedPixel(a, b, rows.weight); });
     std::transform(columns.begin(), columns.end(), target.pixels + static_cast<std::ptrdiff_t>(y) * target.stride,
                    [pixels = line.data()](const Between& place) {
-                     return between(pixels[place.first], pixels[place.second], place.weight);
+                     return mixedPixel(pixels[place.first], pixels[place.second], place.weight);
                    });
   }
 }
