@@ -250,7 +250,7 @@ void MenuSwitchboard::perform(const PieSubAction& command) {
 
 void MenuSwitchboard::updateSnippetPreview(const PieMenuItem* item) {
   const auto* snippet = item == nullptr ? nullptr : std::get_if<Snippet>(&item->action);
-  const auto surroundings = pieMenuWindow_->hoveredSurroundings();
+  const auto surroundings = pieMenuWindow_->highlightedSurroundings();
   if (snippet == nullptr || !surroundings) return hideSnippetPreview();
   if (!snippetPreviewPopover_) snippetPreviewPopover_ = services_.windows.makeSnippetPreviewPopover();
   if (!snippetPreviewPopover_) return;

@@ -5,11 +5,11 @@
 namespace rondora {
 
 MouseTrackingNSView::SectorIndex MouseTrackingNSView::hoverSectorIndex(Point at) const {
-  const Point offset = at - center;
-  if (offset.x * offset.x + offset.y * offset.y < innerRadius * innerRadius) {
+  const Point offset = at - layout_.center();
+  if (offset.x * offset.x + offset.y * offset.y < layout_.innerRadius * layout_.innerRadius) {
     return innerCircleHighlightsFirstSector ? SectorIndex(0) : std::nullopt;
   }
-  return sectorIndexAt(angleFromFirstEdge(offset, rotationDegrees), sectorCount);
+  return sectorIndexAt(angleFromFirstEdge(offset, layout_.rotationDegrees), layout_.sectorCount);
 }
 
 void MouseTrackingNSView::mouseMoved(Point location) {
@@ -31,16 +31,16 @@ void MouseTrackingNSView::mouseEntered(Point windowLocation) {
 
 void MouseTrackingNSView::mouseExited() {
   lastHoveredSectorIndex_.reset();
-  // Copies: the first callback may end the view.
+  // Copies: the first callback may destroy the view.
   const auto rest = onPointerLocationUpdate;
-  const Point restingPlace = center;
+  const Point restingPlace = layout_.center();
   if (onHover) onHover(std::nullopt);
   if (rest) rest(restingPlace);
 }
 
 void MouseTrackingNSView::cursorUpdate(Point location) {
   const SectorIndex index = hoverSectorIndex(location);
-  const CursorShape shape = index && *index < items.size() ? CursorShape::pointingHand : CursorShape::arrow;
+  const CursorShape shape = index && *index < itemCount_ ? CursorShape::pointingHand : CursorShape::arrow;
   if (cursor_ == shape) return;
   cursor_ = shape;
   pointer_.setCursor(shape);
@@ -48,13 +48,11 @@ void MouseTrackingNSView::cursorUpdate(Point location) {
 
 void MouseTrackingNSView::mouseDown(Point location) {
   const SectorIndex index = hoverSectorIndex(location);
-  if (!index || *index >= items.size()) {
+  if (!index || *index >= itemCount_) {
     if (const auto dismiss = onDismiss) dismiss();
     return;
   }
-  const auto select = onSelect;
-  const PieMenuItem item = items[*index];
-  if (select) select(item, *index);
+  if (const auto select = onSelect) select(*index);
 }
 
 }  // namespace rondora

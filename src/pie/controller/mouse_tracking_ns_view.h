@@ -3,46 +3,46 @@
 #include <cstddef>
 #include <functional>
 #include <optional>
-#include <vector>
 
 #include "base/geometry.h"
-#include "model/pie_menu_item.h"
+#include "pie/geometry/ring_layout.h"
 #include "platform/haptics.h"
 #include "platform/pointer.h"
 
 namespace rondora {
 
-/// What the overlay makes of the pointer. Points are in the view's own coordinates, y down. The callbacks about sectors
-/// and clicks may end the view. Main thread.
+/// Turns pointer events over the overlay into hover changes, haptic ticks, cursor shapes and clicks. Points are in the
+/// view's own coordinates, y down. The callbacks about sectors and clicks may destroy the view. Main thread.
 class MouseTrackingNSView {
  public:
   using SectorIndex = std::optional<std::size_t>;
 
-  MouseTrackingNSView(Haptics& haptics, Pointer& pointer) : haptics_(haptics), pointer_(pointer) {}
+  /// The layout may have more sectors than there are items.
+  MouseTrackingNSView(Haptics& haptics, Pointer& pointer, const RingLayout& layout, std::size_t itemCount)
+      : haptics_(haptics), pointer_(pointer), layout_(layout), itemCount_(itemCount) {}
 
-  Point center;
-  double radius = 0;  // outer radius; limits no hit
-  double innerRadius = 0;
-  std::size_t sectorCount = 0;
-  double rotationDegrees = 0;
-  std::vector<PieMenuItem> items;
   bool innerCircleHighlightsFirstSector = false;
   bool hapticFeedbackEnabled = true;
 
   std::function<void(Point)> onPointerLocationUpdate;
   std::function<void(SectorIndex)> onHover;
-  std::function<void(const PieMenuItem&, std::size_t)> onSelect;
+  /// A click on an item's sector.
+  std::function<void(std::size_t)> onSelect;
+  /// A click anywhere else.
   std::function<void()> onDismiss;
 
-  /// Every point outside the hub belongs to a sector, however far away it is.
+  const RingLayout& layout() const { return layout_; }
+  std::size_t itemCount() const { return itemCount_; }
+
+  /// Every point outside the hub belongs to a sector, at any distance.
   SectorIndex hoverSectorIndex(Point at) const;
 
   void mouseMoved(Point location);
-  /// `windowLocation` is where the pointer is outside the event stream.
+  /// `windowLocation` is the pointer's location outside the event stream.
   void mouseEntered(Point windowLocation);
   void mouseExited();
   void cursorUpdate(Point location);
-  /// Chooses or dismisses.
+  /// Calls `onSelect` or `onDismiss`.
   void mouseDown(Point location);
 
  private:
@@ -50,6 +50,9 @@ class MouseTrackingNSView {
 
   Haptics& haptics_;
   Pointer& pointer_;
+  RingLayout layout_;
+  std::size_t itemCount_;
+  /// The sector under the pointer, for haptic ticks; the highlight differs from it after a step by key.
   SectorIndex lastHoveredSectorIndex_;
   std::optional<CursorShape> cursor_;
 };

@@ -1,13 +1,11 @@
 #include "pie/controller/pie_menu_highlight_state.h"
 
-#include <utility>
-
 namespace rondora {
 
 void PieMenuHighlightState::setHighlightedIndex(Index index) {
   if (index == highlightedIndex_) return;
-  const Index former = std::exchange(highlightedIndex_, index);
-  if (observer_) observer_(former, highlightedIndex_);
+  highlightedIndex_ = index;
+  if (observer_) observer_();
 }
 
 void PieMenuHighlightState::advanceSelection(std::size_t sectorCount, bool hapticFeedbackEnabled) {

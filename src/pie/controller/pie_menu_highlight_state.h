@@ -3,31 +3,32 @@
 #include <cstddef>
 #include <functional>
 #include <optional>
+#include <utility>
 
 #include "platform/haptics.h"
 
 namespace rondora {
 
-/// The highlighted sector, shared by pointer, keys and drawing. Setting it allocates nothing.
+/// The highlighted sector of one showing. Pointer and keys set it; drawing and the snippet preview observe it. Setting
+/// it allocates nothing.
 class PieMenuHighlightState {
  public:
   using Index = std::optional<std::size_t>;
-  /// Receives the former and the new value, after a change.
-  using Observer = std::function<void(Index, Index)>;
 
   explicit PieMenuHighlightState(Haptics& haptics) : haptics_(haptics) {}
 
   Index highlightedIndex() const { return highlightedIndex_; }
   void setHighlightedIndex(Index index);
-  void observe(Observer observer) { observer_ = std::move(observer); }
+  /// `observer` is called after each change.
+  void observe(std::function<void()> observer) { observer_ = std::move(observer); }
 
-  /// One sector on, from the last to the first, from none to the first.
+  /// Moves the highlight to the next sector, from the last to the first, from none to the first.
   void advanceSelection(std::size_t sectorCount, bool hapticFeedbackEnabled);
 
  private:
   Haptics& haptics_;
   Index highlightedIndex_;
-  Observer observer_;
+  std::function<void()> observer_;
 };
 
 }  // namespace rondora

@@ -5,20 +5,16 @@
 #include <utility>
 
 #include "model/appearance_fields.h"
-#include "model/carbon_modifiers.h"
-#include "model/ring_order.h"
 #include "pie/controller/opening_animation.h"
 #include "pie/controller/pie_view.h"
-#include "pie/geometry/ring_layout.h"
-#include "pie/geometry/sector_geometry.h"
 #include "pie/picture/ring_picture.h"
 
 namespace rondora {
 namespace {
 
-constexpr double kShortestStepInterval = 0.018;  // seconds
-constexpr double kTremble = 4;                   // points
-constexpr double kLargestRadiusWithoutScreen = 400;
+constexpr double kTremble = 4;  // points; a hand that holds still moves the pointer this far
+constexpr double kMaxRadiusWithoutScreen = 400;
+constexpr double kMinRadiusOnScreen = 40;
 
 std::optional<Screen> screenAt(const Screens& screens, Point pointer) {
   const std::vector<Screen> all = screens.all();
@@ -29,16 +25,18 @@ std::optional<Screen> screenAt(const Screens& screens, Point pointer) {
   return all.empty() ? std::nullopt : std::optional(all.front());
 }
 
-double largestRadius(const std::optional<Screen>& screen) {
-  if (!screen || screen->visibleFrame.isEmpty()) return kLargestRadiusWithoutScreen;
+double maxRadius(const std::optional<Screen>& screen) {
+  if (!screen || screen->visibleFrame.isEmpty()) return kMaxRadiusWithoutScreen;
   const Size size = screen->visibleFrame.size;
-  return std::max(40.0, std::min(size.width, size.height) / 2);
+  return std::max(kMinRadiusOnScreen, std::min(size.width, size.height) / 2);
 }
 
 }  // namespace
 
 PieMenuWindowController::PieMenuWindowController(const Ports& ports, Environment environment)
-    : ports_(ports), environment_(std::move(environment)) {}
+    : ports_(ports),
+      environment_(std::move(environment)),
+      modifierRelease_(ports.eventMonitors, ports.mainQueue, [this] { return isVisible(); }) {}
 
 PieMenuWindowController::~PieMenuWindowController() { tearDown(); }
 
@@ -46,64 +44,42 @@ void PieMenuWindowController::show(const PieMenu& menu, std::optional<std::vecto
                                    std::optional<HotkeyConfig> navigationHotkeyForChordRepeat,
                                    std::optional<AppCommands> appCommands) {
   tearDown();
-  const double rotation =
-      appCommands && appCommands->rotationDegrees ? *appCommands->rotationDegrees : menu.rotationDegrees;
-  auto application = appCommands ? appCommands->application : std::nullopt;
-  chooseSectors(menu, std::move(itemsOverride), std::move(appCommands));
-  makePanel(menu, rotation, std::move(application));
-  chordNavigationHotkey_ = navigationHotkeyForChordRepeat;
-  chordNavigationIgnoreUntilMainKeyUp_ = true;
+  const Point pointer = ports_.pointer.location();
+  const std::optional<Screen> screen = screenAt(ports_.screens, pointer);
+  displayed_ = DisplayedMenu::make(menu, std::move(itemsOverride), std::move(appCommands), maxRadius(screen));
+  makePanel(menu, pointer);
+  visibleFrame_ = screen ? screen->visibleFrame : window_->frame();
+  restingPlace_ = pointer;
+  chordNavigation_.begin(navigationHotkeyForChordRepeat);
   installMonitors();
   window_->open();
   showMouseLocation_ = ports_.pointer.location();
 }
 
 void PieMenuWindowController::warmUp(const PieMenu& menu, std::optional<std::vector<PieMenuItem>> itemsOverride) const {
-  const auto items = inRingOrder(itemsOverride ? *std::move(itemsOverride) : menu.items);
-  const double largest = largestRadius(screenAt(ports_.screens, ports_.pointer.location()));
-  const RingLayout layout = RingLayout::make(menu, menu.rotationDegrees, items.size(), largest);
-  ports_.overlayPanels.warmUp(
-      makeRingPicture(menu, layout, {items, displayTitles(items), resolvedShortcutLabels(items)}));
+  const double radius = maxRadius(screenAt(ports_.screens, ports_.pointer.location()));
+  const auto displayed = DisplayedMenu::make(menu, std::move(itemsOverride), std::nullopt, radius);
+  ports_.overlayPanels.warmUp(picture(menu, displayed));
 }
 
-void PieMenuWindowController::chooseSectors(const PieMenu& menu, std::optional<std::vector<PieMenuItem>> itemsOverride,
-                                            std::optional<AppCommands> appCommands) {
-  if (appCommands) {
-    displayedItems_ = std::move(appCommands->items);
-    displayedCommands_ = std::move(appCommands->commands);
-  } else {
-    displayedItems_ = inRingOrder(itemsOverride ? *std::move(itemsOverride) : menu.items);
-  }
-  displayedShortcutLabels_ = ShortcutLabels(resolvedShortcutLabels(displayedItems_));
-  displayedMenuId_ = menu.id;
+Picture PieMenuWindowController::picture(const PieMenu& menu, const DisplayedMenu& displayed) const {
+  return makeRingPicture(
+      menu, displayed.layout,
+      {displayed.items, displayTitles(displayed.items), displayed.shortcutLabels.labels(), displayed.application});
 }
 
-void PieMenuWindowController::makePanel(const PieMenu& menu, double rotationDegrees,
-                                        std::optional<std::string> application) {
-  const Point pointer = ports_.pointer.location();
-  restingPlace_ = pointer;
-  const std::optional<Screen> screen = screenAt(ports_.screens, pointer);
-  const double largest = largestRadius(screen);
-  const RingLayout layout = RingLayout::make(menu, rotationDegrees, displayedItems_.size(), largest);
+/// The panel comes first: it requests its snapshot of the screen, which arrives while the picture is made.
+void PieMenuWindowController::makePanel(const PieMenu& menu, Point center) {
   highlightState_ = std::make_unique<PieMenuHighlightState>(ports_.haptics);
   window_ = std::make_unique<PieView>(
-      PieView::Ports{ports_.overlayPanels, ports_.pointer, ports_.haptics, ports_.mainQueue, ports_.clock},
-      squareAround(pointer, layout.halfSide()), displayedItems_.size(),
+      PieView::Ports{ports_.overlayPanels, ports_.pointer, ports_.haptics, ports_.mainQueue, ports_.clock}, center,
+      displayed_.layout, displayed_.items.size(), *highlightState_,
       OpeningAnimation{drawn<&PieMenu::animationDuration>(menu)});
-  window_->setPicture(makeRingPicture(
-      menu, layout,
-      {displayedItems_, displayTitles(displayedItems_), displayedShortcutLabels_.labels(), std::move(application)}));
-  visibleFrame_ = screen ? screen->visibleFrame : window_->frame();
+  window_->setPicture(picture(menu, displayed_));
   MouseTrackingNSView& tracking = window_->tracking();
-  tracking.center = layout.center();
-  tracking.radius = layout.outerRadius;
-  tracking.innerRadius = layout.innerRadius;
-  tracking.sectorCount = layout.sectorCount;
-  tracking.rotationDegrees = layout.rotationDegrees;
-  tracking.items = displayedItems_;
   tracking.innerCircleHighlightsFirstSector = menu.kind == PieMenuKind::runningApps;
   tracking.hapticFeedbackEnabled = hapticFeedbackEnabled();
-  tracking.cursorUpdate(tracking.center);
+  tracking.cursorUpdate(displayed_.layout.center());
   wireView();
 }
 
@@ -112,14 +88,10 @@ void PieMenuWindowController::wireView() {
   MouseTrackingNSView& tracking = window_->tracking();
   tracking.onPointerLocationUpdate = weakSelf_.bind([](Self& self, Point location) { self.pointerAt(location); });
   tracking.onHover = weakSelf_.bind([](Self& self, std::optional<std::size_t> index) { self.pointerHovered(index); });
-  tracking.onSelect =
-      weakSelf_.bind([](Self& self, const PieMenuItem&, std::size_t index) { self.selectDisplayed(index); });
+  tracking.onSelect = weakSelf_.bind([](Self& self, std::size_t index) { self.selectDisplayed(index); });
   tracking.onDismiss = weakSelf_.bind([](Self& self) { self.hide(); });
   window_->onLost = weakSelf_.bind([](Self& self) { self.hide(); });
-  highlightState_->observe(
-      weakSelf_.bind([](Self& self, std::optional<std::size_t> /*former*/, std::optional<std::size_t> present) {
-        if (self.window_) self.window_->showHighlight(present);
-      }));
+  highlightState_->observe(weakSelf_.bind([](Self& self) { self.highlightChanged(); }));
 }
 
 std::vector<std::string> PieMenuWindowController::displayTitles(const std::vector<PieMenuItem>& items) const {
@@ -146,20 +118,14 @@ void PieMenuWindowController::hide() {
 }
 
 void PieMenuWindowController::tearDown() {
-  modifierChordReleaseWorkItem_.reset();
-  modifierChordReleaseMonitors_.clear();
+  modifierRelease_.disarm();
+  chordNavigation_.end();
   localMonitor_.reset();
   screenParamsObserver_.reset();
-  highlightState_.reset();
-  displayedCommands_.reset();
-  displayedItems_.clear();
-  displayedShortcutLabels_ = {};
-  displayedMenuId_.reset();
-  chordNavigationHotkey_.reset();
-  lastChordAdvanceUptime_ = 0;
   restingPlace_.reset();
-  hoveredIndex_.reset();
   window_.reset();
+  highlightState_.reset();
+  displayed_ = {};
 }
 
 bool PieMenuWindowController::isVisible() const { return window_ && window_->isVisible(); }
@@ -171,19 +137,19 @@ bool PieMenuWindowController::hapticFeedbackEnabled() const {
 std::optional<PieMenuSelection> PieMenuWindowController::currentSelection() const {
   if (!highlightState_) return std::nullopt;
   const auto index = highlightState_->highlightedIndex();
-  if (!index || *index >= displayedItems_.size()) return std::nullopt;
-  if (displayedCommands_) return (*displayedCommands_)[*index];
-  return displayedItems_[*index];
+  if (!index || *index >= displayed_.items.size()) return std::nullopt;
+  if (displayed_.commands) return (*displayed_.commands)[*index];
+  return displayed_.items[*index];
 }
 
 void PieMenuWindowController::selectDisplayed(std::size_t index) {
-  if (index >= displayedItems_.size()) return;
-  // Copies: whoever is told hides the overlay first.
-  if (displayedCommands_) {
-    const PieSubAction command = (*displayedCommands_)[index];
+  if (index >= displayed_.items.size()) return;
+  // Copies: the receiver hides the overlay first.
+  if (displayed_.commands) {
+    const PieSubAction command = (*displayed_.commands)[index];
     if (onCommandSelected) onCommandSelected(command);
   } else {
-    const PieMenuItem item = displayedItems_[index];
+    const PieMenuItem item = displayed_.items[index];
     if (onItemSelected) onItemSelected(item);
   }
 }
@@ -195,37 +161,35 @@ void PieMenuWindowController::pointerAt(Point location) {
 }
 
 void PieMenuWindowController::pointerHovered(std::optional<std::size_t> index) {
-  if (!highlightState_ || restingPlace_) return;
-  highlightState_->setHighlightedIndex(index);
-  if (std::exchange(hoveredIndex_, index) == index || !onHoverChanged) return;
-  onHoverChanged(index && *index < displayedItems_.size() ? &displayedItems_[*index] : nullptr);
+  if (highlightState_ && !restingPlace_) highlightState_->setHighlightedIndex(index);
 }
 
-std::optional<PreviewSurroundings> PieMenuWindowController::hoveredSurroundings() const {
-  if (!window_ || !hoveredIndex_) return std::nullopt;
-  const MouseTrackingNSView& tracking = window_->tracking();
-  const Point center = window_->screenPoint(tracking.center);
-  const double middle = startAngle(*hoveredIndex_, tracking.sectorCount, tracking.rotationDegrees) +
-                        sectorWidth(tracking.sectorCount) / 2;
-  return PreviewSurroundings{squareAround(center, tracking.radius),
-                             center + Point{std::cos(middle), std::sin(middle)} * tracking.radius, visibleFrame_};
+void PieMenuWindowController::highlightChanged() {
+  if (!window_) return;
+  window_->showHighlight();
+  const auto index = highlightState_->highlightedIndex();
+  if (onHoverChanged) onHoverChanged(index && *index < displayed_.items.size() ? &displayed_.items[*index] : nullptr);
+}
+
+std::optional<PreviewSurroundings> PieMenuWindowController::highlightedSurroundings() const {
+  if (!highlightState_ || !highlightState_->highlightedIndex()) return std::nullopt;
+  const RingLayout& layout = displayed_.layout;
+  const double middle = layout.sectorMiddle(*highlightState_->highlightedIndex());
+  const Point center = window_->frame().center();
+  return PreviewSurroundings{squareAround(center, layout.outerRadius),
+                             center + Point{std::cos(middle), std::sin(middle)} * layout.outerRadius, visibleFrame_};
 }
 
 void PieMenuWindowController::advanceRunningAppsSelection() {
-  if (!highlightState_ || displayedItems_.empty()) return;
-  const double uptime = ports_.clock.uptime();
-  const bool hasStepped = lastChordAdvanceUptime_ != 0;
-  if (hasStepped && uptime - lastChordAdvanceUptime_ < kShortestStepInterval) return;
-  lastChordAdvanceUptime_ = uptime;
+  if (!highlightState_ || displayed_.items.empty() || !chordNavigation_.admitsStep(ports_.clock.uptime())) return;
   restingPlace_ = ports_.pointer.location();
-  highlightState_->advanceSelection(displayedItems_.size(), hapticFeedbackEnabled());
+  highlightState_->advanceSelection(displayed_.items.size(), hapticFeedbackEnabled());
 }
 
 bool PieMenuWindowController::handleKeyEvent(const KeyEvent& event) {
   if (!window_) return false;
   if (event.type == KeyEventType::keyDown) return handleKeyDown(event);
-  const bool isMainKey = chordNavigationHotkey_ && event.keyCode == chordNavigationHotkey_->keyCode;
-  if (event.type == KeyEventType::keyUp && isMainKey) chordNavigationIgnoreUntilMainKeyUp_ = false;
+  if (event.type == KeyEventType::keyUp) chordNavigation_.keyUp(event);
   return false;
 }
 
@@ -238,59 +202,25 @@ bool PieMenuWindowController::handleKeyDown(const KeyEvent& event) {
     selectDisplayed(*index);
     return true;
   }
-  if (!isChordNavigationKey(event)) return false;
+  if (!chordNavigation_.isStep(event)) return false;
   advanceRunningAppsSelection();
   return true;
 }
 
 std::optional<std::size_t> PieMenuWindowController::quickSelectIndex(const KeyEvent& event) const {
-  if (event.type != KeyEventType::keyDown || event.keyCode == kEscapeKeyCode || repeatsOpeningKey(event)) {
+  if (event.type != KeyEventType::keyDown || event.keyCode == kEscapeKeyCode ||
+      chordNavigation_.repeatsOpeningKey(event)) {
     return std::nullopt;
   }
-  auto index = displayedShortcutLabels_.indexForPressedKey(event.charactersIgnoringModifiers);
-  if (!index) index = displayedShortcutLabels_.indexForPressedKey(event.characters);
-  if (!index) index = displayedShortcutLabels_.indexForKeyCode(event.keyCode);
+  auto index = displayed_.shortcutLabels.indexForPressedKey(event.charactersIgnoringModifiers);
+  if (!index) index = displayed_.shortcutLabels.indexForPressedKey(event.characters);
+  if (!index) index = displayed_.shortcutLabels.indexForKeyCode(event.keyCode);
   return index;
-}
-
-/// The key that opened the menu and is still down must not choose by repeating itself.
-bool PieMenuWindowController::repeatsOpeningKey(const KeyEvent& event) const {
-  return event.isRepeat && chordNavigationIgnoreUntilMainKeyUp_ && chordNavigationHotkey_ &&
-         event.keyCode == chordNavigationHotkey_->keyCode;
-}
-
-bool PieMenuWindowController::isChordNavigationKey(const KeyEvent& event) const {
-  if (!chordNavigationHotkey_ || chordNavigationIgnoreUntilMainKeyUp_) return false;
-  const HotkeyConfig& hotkey = *chordNavigationHotkey_;
-  return hotkey.isAssigned() && !hotkey.isStandaloneFn() && event.keyCode == hotkey.keyCode &&
-         CarbonModifiers::carbon(event.modifierFlags) == hotkey.carbonModifiers;
 }
 
 void PieMenuWindowController::scheduleClickModeModifierChordReleaseDismissal(const HotkeyConfig& hotkey,
                                                                              std::function<void()> onReleased) {
-  modifierChordReleaseWorkItem_.reset();
-  if (!hotkey.hasModifiers()) return;
-  const std::uint64_t required = HotkeyConfig::cgEventModifiers(hotkey.carbonModifiers);
-  modifierChordReleaseWorkItem_ = ports_.mainQueue.workItem(
-      0, weakSelf_.bind([required, onReleased = std::move(onReleased)](PieMenuWindowController& self) {
-        if (self.isVisible()) self.installReleaseMonitors(required, onReleased);
-      }));
-}
-
-void PieMenuWindowController::installReleaseMonitors(std::uint64_t requiredFlags, std::function<void()> onReleased) {
-  modifierChordReleaseMonitors_.clear();
-  if (!onReleased) return;
-  if (!allHeld(ports_.eventMonitors.currentModifierFlags(), requiredFlags)) {
-    onReleased();
-    return;
-  }
-  modifierChordReleaseMonitors_.push_back(ports_.eventMonitors.addLocalMonitor(
-      kFlagsChangedMask, [requiredFlags, onReleased = std::move(onReleased)](const KeyEvent& event) {
-        if (allHeld(event.modifierFlags, requiredFlags)) return false;
-        const auto released = onReleased;  // the call may end this monitor
-        released();
-        return false;
-      }));
+  modifierRelease_.arm(hotkey, std::move(onReleased));
 }
 
 }  // namespace rondora

@@ -11,19 +11,20 @@ namespace {
 
 constexpr double kFrameInterval = 0.016;  // seconds
 constexpr double kFrameTolerance = 0.002;
-/// Of the opening animation's duration; menus that open at once highlight at once.
+/// Of the opening animation's duration, so that a menu without animation highlights at once.
 constexpr double kFadeShare = 0.6;
-constexpr double kLongestFade = 0.12;
+constexpr double kMaxFade = 0.12;  // seconds
 
 }  // namespace
 
-PieView::PieView(const Ports& ports, const Rect& frame, std::size_t itemCount, OpeningAnimation animation)
+PieView::PieView(const Ports& ports, Point center, const RingLayout& layout, std::size_t itemCount,
+                 const PieMenuHighlightState& highlight, OpeningAnimation animation)
     : ports_(ports),
-      frame_(frame),
-      itemCount_(itemCount),
-      tracking_(ports.haptics, ports.pointer),
+      frame_(squareAround(center, layout.halfSide())),
+      highlight_(highlight),
+      tracking_(ports.haptics, ports.pointer, layout, itemCount),
       animation_(animation),
-      fade_(itemCount, std::min(kFadeShare * animation.duration, kLongestFade)) {
+      fade_(itemCount, std::min(kFadeShare * animation.duration, kMaxFade)) {
   panel_ = ports_.overlayPanels.makePanel(OverlayPanelStyle{}, frame_, *this);
 }
 
@@ -55,25 +56,30 @@ void PieView::animate() {
   advanceFade(now - lastFrameAt_);
   lastFrameAt_ = now;
   panel_->display();
-  if (animation_.isOver(now - openedAt_) && fade_.isAtRest()) animationTimer_.reset();
+  if (animation_.isOver(now - openedAt_) && fade_.isAtRest(highlightedItem())) animationTimer_.reset();
+}
+
+std::optional<std::size_t> PieView::highlightedItem() const {
+  const auto index = highlight_.highlightedIndex();
+  return index && *index < tracking_.itemCount() ? index : std::nullopt;
 }
 
 void PieView::advanceFade(double seconds) {
-  fade_.advance(seconds, [this](std::size_t index, double amount) {
+  fade_.advance(highlightedItem(), seconds, [this](std::size_t index, double amount) {
     panel_->setLayerState(ring_layers::sector(index),
                           std::lerp(ring_layers::kNormal, ring_layers::kHighlighted, amount));
   });
 }
 
-/// The first step is shown at once.
-void PieView::showHighlight(std::optional<std::size_t> highlighted) {
-  if (highlighted && *highlighted >= itemCount_) highlighted.reset();
-  fade_.setHighlighted(highlighted);
-  panel_->setLayerState(ring_layers::figure(itemCount_), ring_layers::figureState(highlighted));
-  panel_->setLayerState(ring_layers::title(itemCount_), ring_layers::titleState(highlighted));
+/// Draws the first frame of the fade at once.
+void PieView::showHighlight() {
+  const auto highlighted = highlightedItem();
+  const std::size_t itemCount = tracking_.itemCount();
+  panel_->setLayerState(ring_layers::figure(itemCount), ring_layers::figureState(highlighted));
+  panel_->setLayerState(ring_layers::title(itemCount), ring_layers::titleState(highlighted));
   if (!animationTimer_) advanceFade(kFrameInterval);
   panel_->display();
-  if (!fade_.isAtRest()) ensureAnimating();
+  if (!fade_.isAtRest(highlighted)) ensureAnimating();
 }
 
 void PieView::pointerMoved(Point location) { tracking_.mouseMoved(location); }

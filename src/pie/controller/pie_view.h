@@ -17,8 +17,8 @@
 
 namespace rondora {
 
-/// One panel with the ring in it: hands the pointer to the tracking view, shows the highlight and the opening
-/// animation. Ordered out when destroyed, which any of its callbacks may do. Main thread.
+/// One panel with the ring in it: forwards pointer events to the tracking view, draws the highlight and the opening
+/// animation. The destructor orders the panel out; any callback may destroy the view. Main thread.
 class PieView final : private OverlayPanelSink {
  public:
   struct Ports {
@@ -29,11 +29,12 @@ class PieView final : private OverlayPanelSink {
     Clock& clock;
   };
 
-  /// `frame` in the coordinate space of the screens, as large as the picture will be.
-  PieView(const Ports& ports, const Rect& frame, std::size_t itemCount, OpeningAnimation animation);
+  /// `center` is the ring's, in the coordinate space of the screens. `highlight` must outlive the view.
+  PieView(const Ports& ports, Point center, const RingLayout& layout, std::size_t itemCount,
+          const PieMenuHighlightState& highlight, OpeningAnimation animation);
   ~PieView() override;
 
-  /// Once, before `open`. Apart from the constructor, because the panel can find out what lies beneath it while the
+  /// Once, before `open`. Separate from the constructor so that the panel's snapshot of the screen arrives while the
   /// picture is made.
   void setPicture(Picture picture);
 
@@ -44,7 +45,8 @@ class PieView final : private OverlayPanelSink {
 
   void open();
   bool isVisible() const { return panel_->isVisible(); }
-  void showHighlight(std::optional<std::size_t> highlighted);
+  /// The highlight has changed.
+  void showHighlight();
 
   std::function<void()> onLost;
 
@@ -55,20 +57,21 @@ class PieView final : private OverlayPanelSink {
   void mouseDown(Point location) override;
   void panelLost() override;
 
+  std::optional<std::size_t> highlightedItem() const;
   void advanceFade(double seconds);
   void ensureAnimating();
   void animate();
 
   Ports ports_;
   Rect frame_;
-  std::size_t itemCount_;
+  const PieMenuHighlightState& highlight_;
   MouseTrackingNSView tracking_;
   OpeningAnimation animation_;
   HighlightFade fade_;
   double openedAt_ = 0;
   double lastFrameAt_ = 0;
   std::unique_ptr<OverlayPanel> panel_;
-  /// Runs while something moves.
+  /// Runs during an animation.
   Subscription animationTimer_;
   WeakSelf<PieView> weakSelf_{this};
 };

@@ -19,28 +19,25 @@ constexpr double kPi = std::numbers::pi;
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
+using Sector = std::optional<std::size_t>;
+
 class TrackingViewTest : public testing::Test {
  protected:
-  MouseTrackingNSView view(std::size_t sectorCount, double rotationDegrees) {
-    MouseTrackingNSView made(haptics, pointer);
-    made.center = {200, 300};
-    made.radius = 150;
-    made.innerRadius = 76;
-    made.sectorCount = sectorCount;
-    made.rotationDegrees = rotationDegrees;
-    made.items.resize(sectorCount);
-    return made;
+  MouseTrackingNSView view(std::size_t sectorCount, double rotationDegrees, std::size_t itemCount = 4) {
+    RingLayout layout;
+    layout.outerRadius = 150;
+    layout.innerRadius = 76;
+    layout.sectorCount = sectorCount;
+    layout.rotationDegrees = rotationDegrees;
+    return {haptics, pointer, layout, itemCount};
   }
-  static Point polar(const MouseTrackingNSView& view, double distance, double angle) {
-    return {view.center.x + distance * std::cos(angle), view.center.y + distance * std::sin(angle)};
-  }
+  static Point at(const MouseTrackingNSView& view, Point offset) { return view.layout().center() + offset; }
+  static Sector hover(const MouseTrackingNSView& view, Point offset) { return view.hoverSectorIndex(at(view, offset)); }
 
   VirtualTime time;
   FakeHaptics haptics;
   FakeOverlayPanels pointer{time};
 };
-
-using Sector = std::optional<std::size_t>;
 
 TEST_F(TrackingViewTest, SectorsGoClockwiseFromTheTop) {
   struct Case {
@@ -57,7 +54,7 @@ TEST_F(TrackingViewTest, SectorsGoClockwiseFromTheTop) {
       {4, 45, {0, -100}, 3},
       {4, -45, {0, -100}, 0},
       {4, 45 + 3600, {0, -100}, 3},
-      {4, 1e300, {0, -100}, view(4, std::fmod(1e300, 360)).hoverSectorIndex({200, 200})},
+      {4, 1e300, {0, -100}, hover(view(4, std::fmod(1e300, 360)), {0, -100})},
       {4, kInfinity, {1, -100}, 0},
       {4, kNaN, {1, -100}, 0},
       {4, 0, {0, -10000}, 0},
@@ -68,8 +65,7 @@ TEST_F(TrackingViewTest, SectorsGoClockwiseFromTheTop) {
       {36, 0, {-0.001, -100}, 35},
   };
   for (const Case& c : cases) {
-    const MouseTrackingNSView tracking = view(c.sectors, c.rotation);
-    EXPECT_EQ(tracking.hoverSectorIndex(tracking.center + c.offset), c.expected)
+    EXPECT_EQ(hover(view(c.sectors, c.rotation), c.offset), c.expected)
         << c.sectors << " sectors turned by " << c.rotation << ", at " << c.offset.x << "," << c.offset.y;
   }
 }
@@ -85,16 +81,17 @@ TEST_F(TrackingViewTest, EveryPointOutsideTheHubBelongsToTheSectorAroundIt) {
   const auto uniform = [&](double from, double to) { return std::uniform_real_distribution<double>(from, to)(random); };
   for (int round = 0; round < 20000; ++round) {
     const auto sectors = std::uniform_int_distribution<std::size_t>(1, 40)(random);
-    const MouseTrackingNSView tracking = view(sectors, uniform(-1000, 1000));
+    const double rotation = uniform(-1000, 1000);
     const auto index = std::uniform_int_distribution<std::size_t>(0, sectors - 1)(random);
-    const double start = startAngle(index, sectors, tracking.rotationDegrees);
-    const double end = endAngle(index, sectors, tracking.rotationDegrees);
+    const double start = startAngle(index, sectors, rotation);
+    const double end = endAngle(index, sectors, rotation);
     const double angle = start + (end - start) * uniform(0.001, 0.999);
     const double distance = std::exp(uniform(std::log(77.0), std::log(1e5)));
-    ASSERT_EQ(tracking.hoverSectorIndex(polar(tracking, distance, angle)), index)
-        << sectors << " sectors turned by " << tracking.rotationDegrees;
-    MouseTrackingNSView turned = view(sectors, tracking.rotationDegrees + 33);
-    ASSERT_EQ(turned.hoverSectorIndex(polar(turned, distance, angle + 33 * kPi / 180)), index);
+    for (const double turn : {0.0, 33.0}) {
+      const double turned = angle + turn * kPi / 180;
+      const Point offset = Point{std::cos(turned), std::sin(turned)} * distance;
+      ASSERT_EQ(hover(view(sectors, rotation + turn), offset), index) << sectors << " sectors turned by " << rotation;
+    }
   }
 }
 
@@ -104,7 +101,7 @@ TEST_F(TrackingViewTest, ReportsEveryMoveAndTicksOncePerVisitOfASector) {
   std::vector<Point> seen;
   tracking.onHover = [&](Sector index) { hovered.push_back(index); };
   tracking.onPointerLocationUpdate = [&](Point location) { seen.push_back(location); };
-  const auto moveTo = [&](Point offset) { tracking.mouseMoved(tracking.center + offset); };
+  const auto moveTo = [&](Point offset) { tracking.mouseMoved(at(tracking, offset)); };
   moveTo({100, -20});
   moveTo({100, -10});
   EXPECT_EQ(haptics.performed.size(), 1u);
@@ -115,7 +112,7 @@ TEST_F(TrackingViewTest, ReportsEveryMoveAndTicksOncePerVisitOfASector) {
   tracking.mouseExited();
   tracking.mouseEntered({1, 2});  // computes no sector
   moveTo({100, -10});
-  EXPECT_EQ(seen, (std::vector<Point>{tracking.center, {1, 2}, tracking.center + Point{100, -10}}));
+  EXPECT_EQ(seen, (std::vector<Point>{at(tracking, {0, 0}), {1, 2}, at(tracking, {100, -10})}));
   EXPECT_EQ(haptics.performed.size(), 3u);
   tracking.hapticFeedbackEnabled = false;
   moveTo({100, 10});
@@ -124,15 +121,14 @@ TEST_F(TrackingViewTest, ReportsEveryMoveAndTicksOncePerVisitOfASector) {
 }
 
 TEST_F(TrackingViewTest, ClicksChooseOrDismissAndTheCursorSaysWhich) {
-  MouseTrackingNSView tracking = view(4, 0);
-  tracking.items.resize(3);
+  MouseTrackingNSView tracking = view(4, 0, 3);
   std::vector<std::size_t> selected;
   int dismissed = 0;
-  tracking.onSelect = [&](const PieMenuItem&, std::size_t index) { selected.push_back(index); };
+  tracking.onSelect = [&](std::size_t index) { selected.push_back(index); };
   tracking.onDismiss = [&] { ++dismissed; };
   const auto visit = [&](Point offset) {
-    tracking.cursorUpdate(tracking.center + offset);
-    tracking.mouseDown(tracking.center + offset);
+    tracking.cursorUpdate(at(tracking, offset));
+    tracking.mouseDown(at(tracking, offset));
   };
   visit({0, 0});       // hub
   visit({100, 10});    // sector 1
