@@ -16,9 +16,9 @@ constexpr double kDay = 24 * 60 * kMinute;
 constexpr double kPictureLifetime = 30 * kDay;
 constexpr double kNoneLifetime = 7 * kDay;
 constexpr double kFirstRetry = 10 * kMinute;  // doubled each time
-constexpr double kLongestRetry = kDay;
+constexpr double kMaxRetry = kDay;
 constexpr double kForgottenAfter = 90 * kDay;
-constexpr std::size_t kLongestName = 100;
+constexpr std::size_t kMaxNameLength = 100;
 
 std::string hexadecimal(std::uint64_t number) {
   std::string text(16, '0');
@@ -27,9 +27,9 @@ std::string hexadecimal(std::uint64_t number) {
   return text;
 }
 
-/// For people who look into the folder; the hash tells sites apart.
+/// Readable for people; the hash makes the name unique.
 std::string readableName(const std::string& host) {
-  std::string name = host.substr(0, kLongestName);
+  std::string name = host.substr(0, kMaxNameLength);
   std::replace_if(
       name.begin(), name.end(),
       [](char c) { return !((c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '.' || c == '-'); }, '_');
@@ -70,7 +70,7 @@ double FaviconCache::lifetime(const Record& record) {
     case FaviconOutcome::unreachable:
       break;
   }
-  return std::min(kFirstRetry * std::exp2(std::clamp(record.failures - 1, 0, 16)), kLongestRetry);
+  return std::min(kFirstRetry * std::exp2(std::clamp(record.failures - 1, 0, 16)), kMaxRetry);
 }
 
 double FaviconCache::secondsUntilDue(const std::filesystem::path& file) {
@@ -79,7 +79,7 @@ double FaviconCache::secondsUntilDue(const std::filesystem::path& file) {
   if (found == records_.end()) return 0;
   const Record& record = found->second;
   if (record.outcome == FaviconOutcome::found && !has(file)) return 0;
-  const double age = clock_.now() - record.askedAt;
+  const double age = clock_.now() - record.fetchedAt;
   if (!(age >= 0)) return 0;  // the clock was set back
   return std::max(lifetime(record) - age, 0.0);
 }
@@ -87,7 +87,7 @@ double FaviconCache::secondsUntilDue(const std::filesystem::path& file) {
 bool FaviconCache::note(const std::filesystem::path& file, const FaviconResult& result) {
   load();
   Record& record = records_[file.filename().string()];
-  record.askedAt = clock_.now();
+  record.fetchedAt = clock_.now();
   record.outcome = result.outcome;
   bool isWritten = false;
   if (files_.createFolder(folder_)) {
@@ -101,7 +101,7 @@ bool FaviconCache::note(const std::filesystem::path& file, const FaviconResult& 
   return isWritten;
 }
 
-/// One line a file: name, letter of the outcome, failures, time. Lines that cannot be read are left out.
+/// One line per file: name, letter of the outcome, failures, time. Malformed lines are skipped.
 void FaviconCache::load() {
   if (isLoaded_) return;
   isLoaded_ = true;
@@ -113,7 +113,7 @@ void FaviconCache::load() {
     std::string name;
     char letter = 0;
     Record record;
-    if (!(fields >> name >> letter >> record.failures >> record.askedAt)) continue;
+    if (!(fields >> name >> letter >> record.failures >> record.fetchedAt)) continue;
     if (letter == kFoundLetter) record.outcome = FaviconOutcome::found;
     if (letter == kNoneLetter) record.outcome = FaviconOutcome::none;
     records_[name] = record;
@@ -125,11 +125,12 @@ void FaviconCache::write() {
   lines.imbue(std::locale::classic());
   lines << std::fixed;
   lines.precision(0);
-  std::erase_if(records_, [this](const auto& entry) { return clock_.now() - entry.second.askedAt > kForgottenAfter; });
+  std::erase_if(records_,
+                [this](const auto& entry) { return clock_.now() - entry.second.fetchedAt > kForgottenAfter; });
   for (const auto& [name, record] : records_) {
-    lines << name << ' ' << letterOf(record.outcome) << ' ' << record.failures << ' ' << record.askedAt << '\n';
+    lines << name << ' ' << letterOf(record.outcome) << ' ' << record.failures << ' ' << record.fetchedAt << '\n';
   }
-  // Without it everything is asked for once more after the next start, no more than that.
+  // A failure costs no more than fetching everything again after the next start.
   files_.replaceDurably(folder_ / "index", lines.str());
 }
 

@@ -11,8 +11,8 @@
 
 namespace rondora {
 
-/// The pictures of sites on disk, "<host>-<hash of the origin>.png", and a file "index" that says when each was asked
-/// for and with what outcome. Anybody may delete any of it at any time: it is fetched again. Main thread.
+/// On-disk cache of favicons: files "<host>-<hash of the origin>.png" and a file "index" with the time and outcome of
+/// each fetch. Any of them may be deleted at any time and is fetched again. Main thread.
 class FaviconCache {
  public:
   FaviconCache(FileSystem& files, const Clock& clock);
@@ -21,17 +21,17 @@ class FaviconCache {
   std::filesystem::path fileOf(const WebAddress& site) const;
   bool has(const std::filesystem::path& file) const { return files_.exists(file); }
 
-  /// Seconds until the picture is to be asked for, for the first time or again; 0: now.
+  /// Seconds until the picture is due to be fetched, for the first time or again; 0: now.
   double secondsUntilDue(const std::filesystem::path& file);
-  /// Keeps what a lookup for `file` came to; a picture that is there stays until there is another. True when a picture
+  /// Records the result of a lookup for `file`; a cached picture stays until a new one replaces it. True when a picture
   /// was written.
   bool note(const std::filesystem::path& file, const FaviconResult& result);
 
  private:
   struct Record {
-    WallTime askedAt = 0;
+    WallTime fetchedAt = 0;
     FaviconOutcome outcome = FaviconOutcome::unreachable;
-    int failures = 0;  // unreachable that many times in a row
+    int failures = 0;  // consecutive unreachable results
   };
 
   void load();

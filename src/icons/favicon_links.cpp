@@ -11,13 +11,13 @@
 namespace rondora {
 namespace {
 
-/// Pixels: an icon of 42 points at twice the usual density, with something to spare.
+/// Pixels: an icon of 42 points at 2 pixels per point, with a margin.
 constexpr int kWantedSide = 96;
-/// What these are when they do not say so.
+/// Sides assumed for links that state none.
 constexpr int kIconSide = 32;
 constexpr int kTouchIconSide = 180;
-constexpr std::size_t kMostLinks = 16;
-constexpr std::size_t kLongestValue = 4096;
+constexpr std::size_t kMaxLinks = 16;
+constexpr std::size_t kMaxValueLength = 4096;
 constexpr std::string_view kBlanks = " \t\r\n\f";
 
 struct Link {
@@ -29,7 +29,7 @@ bool startsWithIgnoringCase(std::string_view text, std::string_view lowered) {
   return lowerCased(text.substr(0, lowered.size())) == lowered;
 }
 
-/// Reads what may come between a tag's name and its ">".
+/// Parses the attributes between a tag's name and its ">".
 class Attributes {
  public:
   explicit Attributes(std::string_view text) : rest_(text) {}
@@ -69,10 +69,10 @@ class Attributes {
     if (!rest_.empty()) rest_.remove_prefix(1);
     return result;
   }
-  /// Of all character references only this one is of use in an address.
+  /// Decodes "&amp;", the only character reference of use in an address.
   static std::string decoded(std::string_view text) {
     constexpr std::string_view kAmpersand = "&amp;";
-    std::string result(text.substr(0, kLongestValue));
+    std::string result(text.substr(0, kMaxValueLength));
     for (auto at = result.find(kAmpersand); at != result.npos; at = result.find(kAmpersand, at + 1)) {
       result.replace(at, kAmpersand.size(), "&");
     }
@@ -82,7 +82,7 @@ class Attributes {
   std::string_view rest_;
 };
 
-/// The largest side among "16x16 32x32", at most what anybody draws an icon in; 0 when there is none.
+/// The largest side, up to 1024, in "16x16 32x32"; 0 when there is none.
 int largestSide(std::string_view sizes) {
   int largest = 0;
   while (!sizes.empty()) {
@@ -96,7 +96,7 @@ int largestSide(std::string_view sizes) {
   return largest;
 }
 
-/// The side of the picture that a link with these words names, unless it says itself; 0 when it names none.
+/// The side assumed for a link with these rel words; 0 when it is not an icon link.
 int usualSide(std::string_view words) {
   const std::string padded = " " + lowerCased(words) + " ";
   if (padded.find(" apple-touch-icon") != padded.npos) return kTouchIconSide;
@@ -113,7 +113,7 @@ class HeadReader {
   explicit HeadReader(std::string_view html) : rest_(html) {}
 
   void read() {
-    while (links.size() < kMostLinks && skipPast("<")) {
+    while (links.size() < kMaxLinks && skipPast("<")) {
       if (rest_.starts_with("!--")) {
         skipPast("-->");
       } else if (!readTag()) {
@@ -179,8 +179,8 @@ class HeadReader {
   std::string_view rest_;
 };
 
-/// The smallest that is large enough, else the largest.
-bool isMoreFitting(const Link& a, const Link& b) {
+/// The smallest that is large enough comes first, else the largest.
+bool isBetterFit(const Link& a, const Link& b) {
   const bool aSuffices = a.side >= kWantedSide;
   const bool bSuffices = b.side >= kWantedSide;
   if (aSuffices != bSuffices) return aSuffices;
@@ -192,7 +192,7 @@ bool isMoreFitting(const Link& a, const Link& b) {
 std::vector<WebAddress> faviconLinks(const WebAddress& page, std::string_view html) {
   HeadReader head(html);
   head.read();
-  std::stable_sort(head.links.begin(), head.links.end(), isMoreFitting);
+  std::stable_sort(head.links.begin(), head.links.end(), isBetterFit);
   const WebAddress base = head.base.empty() ? page : page.resolve(head.base).value_or(page);
   std::vector<WebAddress> addresses;
   for (const Link& link : head.links) {

@@ -7,8 +7,8 @@
 
 namespace rondora {
 
-/// The pictures that a page names as its own, the most fitting for a ring first; drawings (SVG) are left out. Takes
-/// any bytes for HTML and reads what can be read.
+/// The favicon links of a page, the best fit for a ring first, without vector drawings (SVG). Accepts any bytes as
+/// HTML.
 std::vector<WebAddress> faviconLinks(const WebAddress& page, std::string_view html);
 
 }  // namespace rondora

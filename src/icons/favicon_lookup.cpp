@@ -9,32 +9,32 @@
 namespace rondora {
 namespace {
 
-constexpr std::size_t kLargestPage = 256 << 10;  // bytes; a page's head lies at its beginning
-constexpr std::size_t kLargestPicture = 1 << 20;
+constexpr std::size_t kMaxPageSize = 256 << 10;  // bytes; the head comes first
+constexpr std::size_t kMaxPictureSize = 1 << 20;
 constexpr double kRequestTimeout = 10;  // seconds
 constexpr double kLookupTimeout = 40;
-constexpr int kMostRedirections = 5;
-constexpr std::size_t kMostCandidates = 4;
-/// Pixels: the largest icon of a ring at a fourfold density, near enough.
+constexpr int kMaxRedirections = 5;
+constexpr std::size_t kMaxCandidates = 4;
+/// Pixels: roughly the largest icon of a ring at 4 pixels per point.
 constexpr int kPictureSide = 192;
 
 bool isRedirection(int status) {
   return status == 301 || status == 302 || status == 303 || status == 307 || status == 308;
 }
 
-/// "Come back later" in one way or another.
+/// Statuses that ask to come back later.
 bool isTemporaryFailure(int status) {
   return status == 407 || status == 408 || status == 425 || status == 429 || status >= 500;
 }
 
-/// A name of the public web, as opposed to this machine, to local names and to bare addresses.
+/// True for names of the public web; false for this machine, local names and numeric addresses.
 bool isPublicName(std::string_view host) {
   for (const std::string_view local : {".local", ".localhost", ".lan", ".internal", ".home.arpa"}) {
     if (host.ends_with(local)) return false;
   }
   const auto lastDot = host.find_last_of('.', host.size() - 2);
   if (lastDot == host.npos || lastDot + 1 == host.size() || host.front() == '[') return false;
-  const char first = host[lastDot + 1];  // a number ends an address, in whatever base it is written
+  const char first = host[lastDot + 1];  // a numeric last label means an address, in any base
   return first < '0' || first > '9';
 }
 
@@ -44,7 +44,7 @@ FaviconLookup::FaviconLookup(const Ports& ports, const WebAddress& site, Complet
     : ports_(ports), site_(site.root()), completion_(std::move(completion)) {
   deadline_ = ports_.mainQueue.workItem(kLookupTimeout,
                                         weakSelf_.bind([](FaviconLookup& self) { self.finish(FaviconResult{}); }));
-  get(site_, kLargestPage, &FaviconLookup::pageArrived);
+  get(site_, kMaxPageSize, &FaviconLookup::pageArrived);
 }
 
 bool FaviconLookup::mayFollow(const WebAddress& from, const WebAddress& target) {
@@ -52,15 +52,15 @@ bool FaviconLookup::mayFollow(const WebAddress& from, const WebAddress& target) 
   return target.host() == from.host() || isPublicName(target.host());
 }
 
-void FaviconLookup::get(const WebAddress& address, std::size_t largestBody, Handler handler) {
-  largestBody_ = largestBody;
+void FaviconLookup::get(const WebAddress& address, std::size_t maxBodySize, Handler handler) {
+  maxBodySize_ = maxBodySize;
   handler_ = handler;
   redirections_ = 0;
   request(address);
 }
 
 void FaviconLookup::request(const WebAddress& address) {
-  request_ = ports_.network.fetch({address.text(), largestBody_, kRequestTimeout},
+  request_ = ports_.network.fetch({address.text(), maxBodySize_, kRequestTimeout},
                                   weakSelf_.bind([address](FaviconLookup& self, std::optional<FetchResponse> response) {
                                     self.arrived(address, std::move(response));
                                   }));
@@ -76,7 +76,7 @@ void FaviconLookup::arrived(const WebAddress& address, std::optional<FetchRespon
 }
 
 bool FaviconLookup::redirect(const WebAddress& from, const FetchResponse& response) {
-  if (++redirections_ > kMostRedirections || response.location.empty()) return false;
+  if (++redirections_ > kMaxRedirections || response.location.empty()) return false;
   const auto target = from.resolve(response.location);
   if (!target || !mayFollow(from, *target)) return false;
   request(*target);
@@ -88,7 +88,7 @@ void FaviconLookup::pageArrived(std::optional<Answer> answer) {
   std::vector<WebAddress> addresses;
   if (answer) addresses = faviconLinks(page, answer->response.body);
   std::erase_if(addresses, [&page](const WebAddress& address) { return !mayFollow(page, address); });
-  if (addresses.size() > kMostCandidates) addresses.resize(kMostCandidates);
+  if (addresses.size() > kMaxCandidates) addresses.resize(kMaxCandidates);
   if (const auto usual = page.resolve("/favicon.ico")) addresses.push_back(*usual);
   candidates_.assign(addresses.rbegin(), addresses.rend());
   tryNextPicture();
@@ -100,7 +100,7 @@ void FaviconLookup::tryNextPicture() {
   }
   const WebAddress next = std::move(candidates_.back());
   candidates_.pop_back();
-  get(next, kLargestPicture, &FaviconLookup::pictureArrived);
+  get(next, kMaxPictureSize, &FaviconLookup::pictureArrived);
 }
 
 void FaviconLookup::pictureArrived(std::optional<Answer> answer) {

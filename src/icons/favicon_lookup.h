@@ -16,8 +16,8 @@ namespace rondora {
 
 enum class FaviconOutcome {
   found,
-  none,         // the site answered and has no picture that can be shown
-  unreachable,  // no answer, or one that promises better for later
+  none,         // the site answered but has no usable picture
+  unreachable,  // no answer, or a temporary failure
 };
 
 struct FaviconResult {
@@ -26,8 +26,8 @@ struct FaviconResult {
   std::string picture;
 };
 
-/// Looks for the picture of one site: what its front page names, then "/favicon.ico". Ends by itself after a bounded
-/// number of requests and a bounded time; destroying it gives up. Main thread.
+/// Looks up the favicon of one site: the links of its front page, then "/favicon.ico". Ends after a bounded number of
+/// requests and a bounded time; destroying it cancels it. Main thread.
 class FaviconLookup {
  public:
   struct Ports {
@@ -35,16 +35,16 @@ class FaviconLookup {
     PictureCodec& codec;
     MainQueue& mainQueue;
   };
-  /// Runs once, on a later turn; it may destroy the lookup only on a turn after that.
+  /// Called once, on a later turn; may destroy the lookup only on a turn after that.
   using Completion = std::function<void(FaviconResult)>;
 
-  /// All ports outlive this.
+  /// The ports must outlive the object.
   FaviconLookup(const Ports& ports, const WebAddress& site, Completion completion);
   FaviconLookup(const FaviconLookup&) = delete;
   FaviconLookup& operator=(const FaviconLookup&) = delete;
 
-  /// Whether a page may lead a lookup to `target`: never from a secure address to an insecure one, and to this machine
-  /// or a bare network address only within the same host.
+  /// Whether a lookup may go on from `from` to `target`: never from https to http, and to local names and numeric
+  /// addresses only on the same host.
   static bool mayFollow(const WebAddress& from, const WebAddress& target);
 
  private:
@@ -54,7 +54,7 @@ class FaviconLookup {
   };
   using Handler = void (FaviconLookup::*)(std::optional<Answer>);
 
-  void get(const WebAddress& address, std::size_t largestBody, Handler handler);
+  void get(const WebAddress& address, std::size_t maxBodySize, Handler handler);
   void request(const WebAddress& address);
   void arrived(const WebAddress& address, std::optional<FetchResponse> response);
   bool redirect(const WebAddress& from, const FetchResponse& response);
@@ -66,11 +66,11 @@ class FaviconLookup {
   Ports ports_;
   WebAddress site_;
   Completion completion_;
-  std::size_t largestBody_ = 0;
+  std::size_t maxBodySize_ = 0;
   Handler handler_ = nullptr;
   int redirections_ = 0;
   std::vector<WebAddress> candidates_;  // the next one last
-  bool isTemporary_ = false;            // some answer was missing that may come another time
+  bool isTemporary_ = false;            // a request failed that may succeed later
   Subscription request_;
   Subscription deadline_;
   WeakSelf<FaviconLookup> weakSelf_{this};

@@ -9,13 +9,13 @@
 namespace rondora {
 namespace {
 
-constexpr double kSettlingTime = 5;  // seconds: start-up and bursts of edits come first
+constexpr double kSettlingTime = 5;  // seconds; start-up and bursts of edits finish first
 constexpr double kOfflineRetry = 5 * 60;
-constexpr double kShortestPause = 60;
-constexpr double kLongestPause = 6 * 60 * 60;  // timers may stand still while the machine sleeps
-constexpr std::size_t kMostAtATime = 3;
+constexpr double kMinPause = 60;
+constexpr double kMaxPause = 6 * 60 * 60;  // timers may stop while the machine sleeps
+constexpr std::size_t kMaxLookups = 3;
 
-/// Documents of earlier builds name files of the cache; only what looks like a picture's name is filled again.
+/// Documents of earlier builds name files of the cache directly; only plausible picture names are restored.
 bool isPictureName(const std::filesystem::path& name) {
   const std::string text = name.string();
   return name.has_extension() && text.find_first_of(" \t\r\n\v\f") == text.npos;
@@ -33,11 +33,11 @@ std::optional<std::filesystem::path> Favicons::picture(std::string_view site) co
   return file;
 }
 
-std::optional<Favicons::Wish> Favicons::wishOf(const PieMenuItem& item) const {
+std::optional<Favicons::Target> Favicons::targetOf(const PieMenuItem& item) const {
   const IconReference icon = IconReference::of(item);
   if (icon.kind == IconKind::favicon) {
     const auto site = WebAddress::parse(icon.name);
-    return site ? std::optional(Wish{*site, cache_.fileOf(*site)}) : std::nullopt;
+    return site ? std::optional(Target{*site, cache_.fileOf(*site)}) : std::nullopt;
   }
   const auto* action = std::get_if<OpenURL>(&item.action);
   if (icon.kind != IconKind::imageFile || action == nullptr) return std::nullopt;
@@ -46,23 +46,24 @@ std::optional<Favicons::Wish> Favicons::wishOf(const PieMenuItem& item) const {
   if (!site || file.parent_path() != cache_.folder() || !isPictureName(file.filename()) || cache_.has(file)) {
     return std::nullopt;
   }
-  return Wish{site->root(), file};
+  return Target{site->root(), file};
 }
 
 void Favicons::prefetch(const PieConfiguration& configuration) {
-  wishes_.clear();
-  const auto isTaken = [this](const Wish& wish) {
-    return std::any_of(wishes_.begin(), wishes_.end(), [&wish](const Wish& other) { return other.file == wish.file; });
+  targets_.clear();
+  const auto isTaken = [this](const Target& target) {
+    return std::any_of(targets_.begin(), targets_.end(),
+                       [&target](const Target& other) { return other.file == target.file; });
   };
   for (const PieMenu& menu : configuration.menus) {
     for (const PieMenuItem& item : menu.items) {
-      auto wish = wishOf(item);
-      if (wish && !isTaken(*wish)) wishes_.push_back(*std::move(wish));
+      auto target = targetOf(item);
+      if (target && !isTaken(*target)) targets_.push_back(*std::move(target));
     }
   }
   std::erase_if(lookups_, [&](const auto& lookup) { return !isTaken({{}, lookup.first}); });
   wake_.reset();
-  if (!wishes_.empty()) wakeAfter(kSettlingTime);
+  if (!targets_.empty()) wakeAfter(kSettlingTime);
 }
 
 void Favicons::wakeAfter(double seconds) {
@@ -71,30 +72,32 @@ void Favicons::wakeAfter(double seconds) {
 
 void Favicons::work() {
   double pause = std::numeric_limits<double>::infinity();
-  for (const Wish& wish : wishes_) {
-    if (lookups_.contains(wish.file)) continue;
-    double until = cache_.secondsUntilDue(wish.file);
-    if (until <= 0 && !ports_.network.canReach(wish.site.host())) until = kOfflineRetry;
+  for (const Target& target : targets_) {
+    if (lookups_.contains(target.file)) continue;
+    double until = cache_.secondsUntilDue(target.file);
+    if (until <= 0 && !ports_.network.canReach(target.site.host())) until = kOfflineRetry;
     if (until > 0) {
       pause = std::min(pause, until);
-    } else if (lookups_.size() < kMostAtATime) {
-      start(wish);
+    } else if (lookups_.size() < kMaxLookups) {
+      start(target);
     }
   }
-  // A lookup that ends comes back here, so the rest needs no timer.
-  if (lookups_.empty() && !wishes_.empty()) wakeAfter(std::clamp(pause, kShortestPause, kLongestPause));
+  // A finished lookup calls this again, so no timer is needed before.
+  if (lookups_.empty() && !targets_.empty()) wakeAfter(std::clamp(pause, kMinPause, kMaxPause));
 }
 
-void Favicons::start(const Wish& wish) {
-  lookups_[wish.file] = std::make_unique<FaviconLookup>(
-      FaviconLookup::Ports{ports_.network, ports_.codec, ports_.mainQueue}, wish.site,
-      weakSelf_.bind([file = wish.file](Favicons& self, const FaviconResult& result) { self.finished(file, result); }));
+void Favicons::start(const Target& target) {
+  lookups_[target.file] =
+      std::make_unique<FaviconLookup>(FaviconLookup::Ports{ports_.network, ports_.codec, ports_.mainQueue}, target.site,
+                                      weakSelf_.bind([file = target.file](Favicons& self, const FaviconResult& result) {
+                                        self.finished(file, result);
+                                      }));
 }
 
 void Favicons::finished(const std::filesystem::path& file, const FaviconResult& result) {
   const bool isNew = cache_.note(file, result);
   auto lookup = lookups_.extract(file);
-  // It is the one that is calling, so it goes on a later turn.
+  // The lookup is the caller, so it is destroyed on a later turn.
   ports_.mainQueue.async([ended = std::shared_ptr(std::move(lookup.mapped()))] {});
   work();
   if (isNew && onPicture) onPicture();

@@ -15,8 +15,8 @@
 
 namespace rondora {
 
-/// The pictures of the web sites that items show. Only the front page and the pictures it names are ever asked for,
-/// never an item's own address, which may hold secrets or do something when it is called. Main thread.
+/// Fetches and caches the favicons that items show. Requests only front pages, the pictures they link and
+/// "/favicon.ico", never an item's own address, which may hold a secret or trigger an action. Main thread.
 class Favicons {
  public:
   struct Ports {
@@ -27,36 +27,36 @@ class Favicons {
     MainQueue& mainQueue;
   };
 
-  /// All ports outlive this.
+  /// The ports must outlive the object.
   explicit Favicons(const Ports& ports);
 
-  /// Takes the items of this document, and no others, for those to be served: what is missing or out of date is fetched
-  /// from a few seconds later on, a few sites at a time, and again whenever it is due. Returns at once; nothing goes to
-  /// the network when no item asks for a favicon.
+  /// Replaces the sites to serve by those of this document. Fetches missing and outdated pictures after a few seconds,
+  /// a few sites at a time, and again when they are due. Does not block; uses the network only for items with a
+  /// favicon.
   void prefetch(const PieConfiguration& configuration);
 
-  /// The file with the picture of a site (its origin); nothing while there is none. Never waits for the network.
+  /// The cached picture of a site (its origin); nothing while there is none. Does not wait for the network.
   std::optional<std::filesystem::path> picture(std::string_view site) const;
 
-  /// A picture that was missing or out of date has been written; may be empty.
+  /// Called after a picture was written; may be empty.
   std::function<void()> onPicture;
 
  private:
-  struct Wish {
+  struct Target {
     WebAddress site;
     std::filesystem::path file;
   };
 
-  std::optional<Wish> wishOf(const PieMenuItem& item) const;
+  std::optional<Target> targetOf(const PieMenuItem& item) const;
   void wakeAfter(double seconds);
   void work();
-  void start(const Wish& wish);
+  void start(const Target& target);
   void finished(const std::filesystem::path& file, const FaviconResult& result);
 
   Ports ports_;
   FaviconCache cache_;
-  std::vector<Wish> wishes_;
-  std::map<std::filesystem::path, std::unique_ptr<FaviconLookup>> lookups_;  // by the file they are for
+  std::vector<Target> targets_;
+  std::map<std::filesystem::path, std::unique_ptr<FaviconLookup>> lookups_;  // by the file they write
   Subscription wake_;
   WeakSelf<Favicons> weakSelf_{this};
 };

@@ -9,8 +9,8 @@
 namespace rondora {
 namespace {
 
-constexpr std::size_t kLongestAddress = 2048;
-constexpr std::size_t kLongestHost = 253;  // RFC 1035 less the root's dot
+constexpr std::size_t kMaxAddressLength = 2048;
+constexpr std::size_t kMaxHostLength = 253;  // RFC 1035, without the root's dot
 constexpr std::uint16_t kPort = 80;
 constexpr std::uint16_t kSecurePort = 443;
 
@@ -28,7 +28,7 @@ std::string schemeOf(std::string_view text) {
   return isScheme ? lowerCased(scheme) : std::string();
 }
 
-/// Browsers take line ends and tabs out of an address, wherever they are.
+/// Removes line ends and tabs, as browsers do.
 std::string cleaned(std::string_view text) {
   std::string result(trimmed(text));
   std::erase_if(result, [](char c) { return c == '\n' || c == '\r' || c == '\t'; });
@@ -37,7 +37,7 @@ std::string cleaned(std::string_view text) {
 }
 
 bool isHost(std::string_view host) {
-  if (host.empty() || host.size() > kLongestHost || !isValidUtf8(host)) return false;
+  if (host.empty() || host.size() > kMaxHostLength || !isValidUtf8(host)) return false;
   if (host.front() == '[') {
     const std::string_view inside = host.substr(1, host.size() - 2);
     return host.back() == ']' && !inside.empty() && inside.find_first_not_of("0123456789abcdefABCDEF:.") == inside.npos;
@@ -47,7 +47,7 @@ bool isHost(std::string_view host) {
   });
 }
 
-/// Of an authority without user.
+/// `authority` comes without user information.
 std::size_t hostLength(std::string_view authority) {
   if (!authority.starts_with('[')) return std::min(authority.find(':'), authority.size());
   const auto end = authority.find(']');
@@ -106,7 +106,7 @@ std::string withoutDotSegments(std::string_view path) {
 std::optional<WebAddress> WebAddress::parse(std::string_view text) {
   const std::string address = cleaned(text);
   const std::string scheme = schemeOf(address);
-  if (address.size() > kLongestAddress || (scheme != "http" && scheme != "https")) return std::nullopt;
+  if (address.size() > kMaxAddressLength || (scheme != "http" && scheme != "https")) return std::nullopt;
   std::string_view rest = std::string_view(address).substr(scheme.size() + 1);
   if (!rest.starts_with("//")) return std::nullopt;
   rest.remove_prefix(2);
@@ -131,7 +131,7 @@ std::optional<WebAddress> WebAddress::parse(std::string_view text) {
 
 std::optional<WebAddress> WebAddress::resolve(std::string_view reference) const {
   const std::string link = cleaned(reference);
-  if (link.size() > kLongestAddress) return std::nullopt;
+  if (link.size() > kMaxAddressLength) return std::nullopt;
   if (!schemeOf(link).empty()) return parse(link);
   if (link.starts_with("//")) return parse((isSecure_ ? "https:" : "http:") + link);
   if (link.empty()) return *this;

@@ -10,9 +10,9 @@ namespace rondora {
 /// An absolute http or https address. It never holds a user name, a password or a fragment.
 class WebAddress {
  public:
-  /// Nothing when the text is no such address. Blanks around it and a missing path are forgiven.
+  /// Nothing when the text is not such an address. Tolerates surrounding blanks and a missing path.
   static std::optional<WebAddress> parse(std::string_view text);
-  /// Where a link on the page at this address leads to (RFC 3986, section 5.2); nothing when it leaves the web.
+  /// Resolves a reference against this address (RFC 3986, section 5.2); nothing when the result is not http or https.
   std::optional<WebAddress> resolve(std::string_view reference) const;
 
   bool isSecure() const { return isSecure_; }
@@ -20,7 +20,7 @@ class WebAddress {
   const std::string& host() const { return host_; }
   /// Path and query.
   const std::string& path() const { return path_; }
-  /// Scheme, host and port, the latter unless it is the scheme's own.
+  /// Scheme, host and port, without the scheme's default port.
   std::string origin() const;
   std::string text() const { return origin() + path_; }
   /// The front page of the same origin.

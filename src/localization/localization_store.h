@@ -15,12 +15,13 @@ class LocalizationStore {
   explicit LocalizationStore(AppLanguage language = AppLanguage::english) : language_(language) {}
 
   AppLanguage language() const { return language_.value(); }
-  /// Tells the subscribers, unless it is the current language already.
+  /// Notifies the subscribers of a change.
   void setLanguage(AppLanguage language);
   CurrentValue<AppLanguage>& currentLanguage() { return language_; }
 
   std::string_view text(StringKey key) const;
-  /// The text with its "%@" replaced; where either runs from right to left the argument keeps its own direction.
+  /// The text with its "%@" replaced. Where either runs from right to left, the argument is isolated and keeps its own
+  /// direction.
   std::string text(StringKey key, std::string_view argument) const;
 
  private:

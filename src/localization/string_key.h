@@ -4,7 +4,7 @@
 
 namespace rondora {
 
-/// The texts that the program shows. "%@" in a text stands for what the caller fills in.
+/// The texts that the program shows. "%@" in a text is a placeholder for an argument.
 enum class StringKey {
   settings,
   quit,
@@ -28,7 +28,7 @@ enum class StringKey {
   settingsCopy,
   settingsClose,
   settingsSession,
-  /// What screen readers say of the marks before what follows.
+  /// Screen-reader names of the marks before the findings.
   sessionWorks,
   sessionFails,
 

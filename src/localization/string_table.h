@@ -18,7 +18,7 @@ struct StringEntry {
   std::string_view text;
 };
 
-/// For constant tables: a key that is missing, empty or given twice does not compile.
+/// For constant tables: a missing, empty or repeated key does not compile.
 constexpr StringTable completeTable(const StringEntry (&entries)[kStringKeyCount]) {
   StringTable table{};
   for (const auto& entry : entries) {

@@ -17,33 +17,33 @@ using AXElementRef = std::shared_ptr<AXElement>;
 using AXValue =
     std::variant<bool, std::int64_t, double, std::string, Point, Size, AXElementRef, std::vector<AXElementRef>>;
 
-/// A part of another application's interface: the application, a window, a menu item. The application may hang or end
-/// at any time; then nothing is answered. Used on the one thread that made it.
+/// An element of another application's interface: the application, a window or a menu item. Calls return nothing and
+/// fail while the application hangs and after it has ended. Used on the thread that made it.
 class AXElement {
  public:
   virtual ~AXElement() = default;
 
-  /// The longest time in seconds that one of the calls below waits for the application.
+  /// Timeout in seconds of each call below.
   virtual void setMessagingTimeout(double seconds) = 0;
   virtual std::optional<AXValue> attribute(std::string_view name) const = 0;
-  /// False when the application did not do it.
+  /// False on failure.
   virtual bool setAttribute(std::string_view name, const AXValue& value) = 0;
   virtual bool perform(std::string_view action) = 0;
-  /// The window server's number of a window; 0 when it has none.
+  /// Window-server number of a window; 0 for any other element.
   virtual std::uint32_t windowNumber() const = 0;
 };
 
-/// Reaches into the interface of other applications. Every thread has its own.
+/// Access to the interface elements of other applications. Each thread has its own instance.
 class Accessibility {
  public:
   virtual ~Accessibility() = default;
 
   virtual AXElementRef application(std::int32_t processIdentifier) = 0;
-  /// A window that the application does not list itself, found by its number; null when there is none.
+  /// A window that is missing from the application's own list, by its number; null when there is none.
   virtual AXElementRef windowByRemoteToken(std::int32_t ownerPID, std::uint32_t number) = 0;
 };
 
-/// The value of an attribute if it is there and of that type.
+/// The attribute's value; nothing when it is missing or of another type.
 template <class T>
 std::optional<T> attributeOf(const AXElement& element, std::string_view name) {
   auto value = element.attribute(name);

@@ -15,10 +15,10 @@ class ApplicationShell {
   virtual ~ApplicationShell() = default;
 
   virtual void setActivationPolicy(ActivationPolicy policy) = 0;
-  /// Replaces the application menu; nothing where the desktop has none for a program without windows.
+  /// Replaces the application menu; no effect on desktops without one.
   virtual void setMainMenu(std::vector<MenuEntry> entries) = 0;
   virtual void activateIgnoringOtherApps() = 0;
-  /// Ends the program in order.
+  /// Starts an orderly shutdown.
   virtual void terminate() = 0;
   /// Starts another instance and then ends this one.
   virtual void relaunch() = 0;

@@ -10,7 +10,7 @@ class Clock {
   virtual ~Clock() = default;
 
   virtual WallTime now() const = 0;
-  /// Seconds since boot, never going back.
+  /// Monotonic seconds since boot.
   virtual double uptime() const = 0;
   /// Blocks the calling thread. Only for the pauses between the key events of one keystroke.
   virtual void sleep(double seconds) = 0;

@@ -6,7 +6,7 @@
 
 namespace rondora {
 
-/// A process as the window server knows it. Opaque.
+/// The window server's identifier of a process. Opaque.
 struct ProcessSerialNumber {
   std::uint32_t high = 0;
   std::uint32_t low = 0;
@@ -26,13 +26,13 @@ class FrontProcess {
 
   virtual ~FrontProcess() = default;
 
-  /// Whether this system lets one application make another one frontmost with a chosen window.
+  /// True when the system lets one application bring a chosen window of another to the front.
   virtual bool available() const = 0;
   virtual Lookup processForPID(std::int32_t processIdentifier) const = 0;
-  /// Restores the window, goes to its space, and makes it and its process frontmost.
+  /// Restores the window, switches to its space, and makes the window and its process frontmost.
   virtual std::int32_t setFrontProcess(ProcessSerialNumber process, std::uint32_t window, std::uint32_t options) = 0;
 
-  /// Whether event records can be posted.
+  /// True when event records can be posted.
   virtual bool postsEventRecords() const = 0;
   virtual void postEventRecord(ProcessSerialNumber process, const EventRecord& record) = 0;
 };

@@ -8,7 +8,7 @@ class Haptics {
  public:
   virtual ~Haptics() = default;
 
-  /// Plays the pattern at the default performance time; does nothing where there is no such device.
+  /// Plays the pattern at the default performance time; no effect without a haptic device.
   virtual void perform(HapticPattern pattern) = 0;
 };
 

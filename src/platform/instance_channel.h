@@ -5,28 +5,27 @@
 
 namespace rondora {
 
-/// What other programs of the user's session may ask of this one.
+/// Requests that other programs of the user's session may send.
 struct SessionRequests {
   std::function<void()> showSettings;
   /// Opens a menu. False when no menu has this identifier.
   std::function<bool(std::string_view menuId)> trigger;
 };
 
-/// One way by which the starts of the program in a session find each other, and by which other programs reach it. Main
-/// thread.
+/// A single-instance claim for the session, and the channel by which other programs reach the instance. Main thread.
 class InstanceChannel {
  public:
   enum class Claim { first, taken, unavailable };
 
   virtual ~InstanceChannel() = default;
 
-  /// Asks to be the one that is found here. From `first` on requests are accepted, and wait until `serve`. The claim
-  /// ends with `release`, and with the process however that ends.
+  /// Tries to become the single instance. After `first`, requests are accepted and wait for `serve`. The claim ends
+  /// with `release` or with the process.
   virtual Claim claim() = 0;
   virtual void release() = 0;
-  /// Has the holder of the claim show its settings. Waits some seconds at most; true when the holder has confirmed.
+  /// Asks the claim's holder to show its settings. Blocks for some seconds at most; true when the holder confirmed.
   virtual bool askForSettings() = 0;
-  /// Answers requests from now on, the waiting ones on the next turns of the main loop.
+  /// Starts to serve requests; those that wait are served on the next turns of the main loop.
   virtual void serve(SessionRequests requests) = 0;
 };
 

@@ -6,7 +6,7 @@ namespace rondora {
 
 enum class LogLevel { standard, error };
 
-/// The system log: one line a call, in fixed English. Any thread.
+/// The system log: one line per call, in English. Any thread.
 class Log {
  public:
   virtual ~Log() = default;

@@ -6,7 +6,7 @@
 
 namespace rondora {
 
-/// The queue of the main thread. Everything runs on the main thread except where said.
+/// The main thread's queue. All code runs on the main thread unless its comment says otherwise.
 class MainQueue {
  public:
   using Work = std::function<void()>;
@@ -19,8 +19,8 @@ class MainQueue {
   virtual void after(double seconds, Work work) = 0;
   /// As `after`, but destroying or resetting the result before it has run cancels it.
   [[nodiscard]] virtual Subscription workItem(double seconds, Work work) = 0;
-  /// Runs `work` every `interval` seconds until the result ends; each tick may be up to `tolerance` seconds late.
-  /// `work` may end its own timer.
+  /// Runs `work` every `interval` seconds until the result is reset or destroyed; each tick may be up to `tolerance`
+  /// seconds late. `work` may reset its own timer.
   [[nodiscard]] virtual Subscription timer(double interval, double tolerance, Work work) = 0;
 };
 

@@ -13,9 +13,9 @@ namespace rondora {
 struct FetchRequest {
   /// An absolute http or https address.
   std::string address;
-  /// Bytes that are wanted of the body; nothing beyond them is loaded.
-  std::size_t largestBody = 0;
-  /// Seconds for the whole of it.
+  /// Size limit of the body in bytes; loading stops there.
+  std::size_t maxBodySize = 0;
+  /// Limit in seconds for the whole request.
   double timeout = 0;
 };
 
@@ -23,25 +23,24 @@ struct FetchResponse {
   int status = 0;
   /// The header "Location"; empty when there is none.
   std::string location;
-  /// Decoded, at most `largestBody` bytes.
+  /// Decoded, at most `maxBodySize` bytes.
   std::string body;
-  /// False when the body goes on.
+  /// False when the body is truncated.
   bool isComplete = true;
 };
 
-/// Gets resources from the web, one request an answer: redirections are reported, not followed. What goes out tells no
-/// more than that somebody asks: no cookies, no credentials, no referrer, no language of the user. A certificate that
-/// cannot be trusted is no answer. Main thread.
+/// HTTP GET. Redirections are reported, not followed. Requests carry no cookies, credentials, referrer or language of
+/// the user. An untrusted certificate is a failure. Main thread.
 class NetworkFetch {
  public:
-  /// Called once, on a later turn of the main queue; nothing when there was no answer in time.
+  /// Called once, on a later turn of the main queue; empty on failure and on timeout.
   using Completion = std::function<void(std::optional<FetchResponse>)>;
 
   virtual ~NetworkFetch() = default;
 
-  /// False when it is certain that nothing leads to the host now, such as with no connection at all. Returns at once.
+  /// False when the host is certainly unreachable, for example without any network connection. Does not block.
   virtual bool canReach(std::string_view host) const = 0;
-  /// Ending the result gives the request up; `completion` is not called then.
+  /// Resetting or destroying the result cancels the request; `completion` is then not called.
   [[nodiscard]] virtual Subscription fetch(const FetchRequest& request, Completion completion) = 0;
 };
 

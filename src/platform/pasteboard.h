@@ -12,7 +12,7 @@ class Pasteboard {
   virtual ~Pasteboard() = default;
 
   virtual void clearContents() = 0;
-  /// Adds the text as a plain string.
+  /// Adds plain text.
   virtual void setString(std::string_view text) = 0;
   /// Adds bytes under a private type.
   virtual void setData(std::string_view type, std::string_view bytes) = 0;

@@ -2,14 +2,14 @@
 
 namespace rondora {
 
-/// What the user has allowed the program. Main thread.
+/// Permissions that the user grants the program. Main thread.
 class PermissionService {
  public:
   virtual ~PermissionService() = default;
 
-  /// May send keys to other applications and drive their windows. Any thread.
+  /// True when the program may send keys to other applications and control their windows. Any thread.
   virtual bool isProcessTrusted() const = 0;
-  /// May listen to input devices.
+  /// True when the program may listen to input devices.
   virtual bool preflightListenEventAccess() const = 0;
   virtual void requestListenEventAccess() = 0;
 };

@@ -6,14 +6,14 @@
 
 namespace rondora {
 
-/// Reads pictures that nobody vouches for. Main thread.
+/// Decodes untrusted pictures. Main thread.
 class PictureCodec {
  public:
   virtual ~PictureCodec() = default;
 
-  /// The picture as a PNG that fits into a square of `side` pixels; of several in one file the most fitting. Smaller
-  /// pictures keep their size. Nothing when the bytes are no pixel picture (a drawing is none), are broken, or describe
-  /// something far larger than an icon.
+  /// The picture as a PNG, scaled down to fit a square of `side` pixels; smaller pictures keep their size. Of several
+  /// pictures in one file the best fit. Nothing for vector drawings, corrupt bytes and pictures far larger than an
+  /// icon.
   virtual std::optional<std::string> thumbnail(std::string_view bytes, int side) = 0;
 };
 

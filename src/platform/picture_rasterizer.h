@@ -10,7 +10,7 @@
 
 namespace rondora {
 
-/// Premultiplied 0xAARRGGBB pixels in the machine's byte order; borrowed.
+/// Premultiplied 0xAARRGGBB pixels in native byte order; borrowed.
 struct PixelBuffer {
   std::uint32_t* pixels = nullptr;
   int width = 0;
@@ -19,29 +19,29 @@ struct PixelBuffer {
   int stride = 0;
 };
 
-/// How a picture is to be put into a buffer.
+/// How to paint a picture into a buffer.
 struct PictureView {
-  /// Pixels a point.
+  /// Pixels per point.
   double pixelsPerPoint = 1;
-  /// Magnifies around the picture's anchor.
+  /// Scale about the picture's anchor.
   double scale = 1;
   /// 0 to 1.
   double opacity = 1;
-  /// What has to be painted, in points; pixels outside stay as they are.
+  /// Region to paint, in points; pixels outside it stay unchanged.
   Rect dirty;
 };
 
-/// A picture with what painting it again needs ready (shapes, icons, laid out text).
+/// A picture with its shapes, icons and text layout ready for repeated painting.
 class PreparedPicture {
  public:
   virtual ~PreparedPicture() = default;
 
-  /// What the screen shows beneath the picture: opaque, pixel by pixel. To be told before the first `paint`; without it
-  /// glass is imitated.
+  /// Sets the snapshot of the screen beneath the picture, opaque and at the target's resolution. Comes before the first
+  /// `paint`; without it the glass is imitated.
   virtual void setBackdrop(const PixelBuffer& screen) = 0;
 
-  /// Clears `view.dirty` to transparent and paints every layer in its state there. `states` has one entry a layer;
-  /// between two whole numbers a layer is a mixture of both states.
+  /// Clears `view.dirty` to transparent and paints every layer in its state there. `states` has one entry per layer; a
+  /// fractional entry blends the two states next to it.
   virtual void paint(std::span<const double> states, const PictureView& view, PixelBuffer target) = 0;
 };
 
@@ -51,7 +51,7 @@ class PictureRasterizer {
   virtual ~PictureRasterizer() = default;
 
   virtual std::unique_ptr<PreparedPicture> prepare(Picture picture, double pixelsPerPoint) = 0;
-  /// Does now what `prepare` and the first `paint` of the same picture would take time for.
+  /// Pre-renders a picture, so that `prepare` and the first `paint` of an equal picture are fast.
   virtual void prepareAhead(Picture picture, double pixelsPerPoint) = 0;
 };
 

@@ -10,9 +10,9 @@ class Pointer {
  public:
   virtual ~Pointer() = default;
 
-  /// Where the pointer is now, in the coordinate space of the screens (points).
+  /// Current position in screen coordinates (points).
   virtual Point location() const = 0;
-  /// The pointer's look while it is over the program's own overlay.
+  /// Sets the cursor shown over the program's own overlay.
   virtual void setCursor(CursorShape shape) = 0;
 };
 

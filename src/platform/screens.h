@@ -21,7 +21,7 @@ class Screens {
  public:
   virtual ~Screens() = default;
 
-  /// All screens; the first is the one with the origin of the coordinate space, where there is such a one.
+  /// All screens; the one at the coordinate origin comes first, if there is one.
   virtual std::vector<Screen> all() const = 0;
   virtual std::optional<Screen> main() const = 0;
   /// Called after monitors were added, removed, moved or resized.

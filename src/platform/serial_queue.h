@@ -9,7 +9,7 @@ class SerialQueue {
  public:
   using Work = std::function<void()>;
 
-  /// Work that waits is dropped; work that runs is waited for.
+  /// Drops pending work and waits for running work.
   virtual ~SerialQueue() = default;
 
   /// May be called from any thread.

@@ -12,14 +12,14 @@ struct DisplaySpaces {
   std::optional<std::uint64_t> currentSpace;
 };
 
-/// Any thread, one at a time.
+/// Any thread; calls must not overlap.
 class Spaces {
  public:
   virtual ~Spaces() = default;
 
-  /// The spaces that hold the window; nothing when the system does not tell.
+  /// The spaces that contain the window; nothing when unknown.
   virtual std::optional<std::vector<std::uint64_t>> spacesForWindow(std::uint32_t window) const = 0;
-  /// Nothing when the system does not tell.
+  /// Nothing when unknown.
   virtual std::optional<std::vector<DisplaySpaces>> managedDisplaySpaces() const = 0;
 };
 

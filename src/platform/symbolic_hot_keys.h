@@ -18,7 +18,7 @@ class SymbolicHotKeys {
  public:
   virtual ~SymbolicHotKeys() = default;
 
-  /// Nothing when the settings do not mention the shortcut.
+  /// Nothing when the settings have no entry for the shortcut.
   virtual std::optional<SymbolicHotKey> symbolicHotKey(int number) const = 0;
 };
 

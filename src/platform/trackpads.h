@@ -3,7 +3,7 @@
 namespace rondora {
 
 enum class TrackpadAccess {
-  /// There is no trackpad.
+  /// No trackpad is present.
   none,
   readable,
   /// At least one trackpad may not be read by this process.
@@ -15,7 +15,7 @@ class Trackpads {
  public:
   virtual ~Trackpads() = default;
 
-  /// As things are now: asks the system.
+  /// The current state; queries the system.
   virtual TrackpadAccess access() const = 0;
 };
 

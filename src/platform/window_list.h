@@ -9,9 +9,9 @@
 
 namespace rondora {
 
-/// A window as the window server tells of it. A field without a value was missing or of another type.
+/// A window as the window server reports it. A field without a value was missing or malformed.
 struct WindowListEntry {
-  /// The opacity of a window: none told, told as something that is no number, or the number.
+  /// Opacity: missing, malformed (not a number), or the number.
   struct Malformed {
     friend bool operator==(const Malformed&, const Malformed&) = default;
   };
@@ -28,7 +28,7 @@ class WindowList {
  public:
   virtual ~WindowList() = default;
 
-  /// The windows of all applications on all spaces, front to back, without what belongs to the desktop itself.
+  /// The windows of all applications on all spaces, front to back, without desktop elements.
   virtual std::vector<WindowListEntry> windows() const = 0;
 };
 

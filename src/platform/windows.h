@@ -9,11 +9,11 @@
 
 namespace rondora {
 
-/// One thing about the present desktop session, in the user's language.
+/// One fact about the current desktop session, in the user's language.
 struct SessionFinding {
   bool works = true;
   std::string statement;
-  /// What the user can do about it; empty where all is well.
+  /// What the user can do about it; empty when it works.
   std::string remedy;
   friend bool operator==(const SessionFinding&, const SessionFinding&) = default;
 };
@@ -37,16 +37,16 @@ class OnboardingWindow {
 /// A small preview of a snippet's text. Takes neither focus nor clicks and lies above the overlay.
 class SnippetPreviewPopover {
  public:
-  /// The top left corner for a popover of that size, in the coordinate space of the screens (points).
+  /// Maps the popover's size to its top left corner in screen coordinates (points).
   using Place = std::function<Point(Size)>;
 
   virtual ~SnippetPreviewPopover() = default;
-  /// Replaces what is shown. A text without anything to see hides the popover.
+  /// Replaces the text. A blank text hides the popover.
   virtual void show(std::string_view text, const Place& place) = 0;
   virtual void hide() = 0;
 };
 
-/// Makes the program's windows when they are first needed.
+/// Creates the program's windows.
 class Windows {
  public:
   virtual ~Windows() = default;

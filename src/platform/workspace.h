@@ -13,7 +13,7 @@ namespace rondora {
 
 enum class ActivationPolicy { regular, accessory, prohibited };
 
-/// A running application as it was when it was asked for.
+/// A snapshot of a running application.
 struct RunningApplication {
   std::int32_t processIdentifier = 0;
   std::optional<std::string> bundleIdentifier;
@@ -31,13 +31,13 @@ struct RunningApplication {
   friend bool operator==(const RunningApplication&, const RunningApplication&) = default;
 };
 
-/// Where an installed application lies: a path or whatever else the platform opens it by. Opaque to the core.
+/// Location of an installed application: a path or another handle that the platform opens it by. Opaque to the core.
 struct ApplicationLocation {
   std::string value;
   friend bool operator==(const ApplicationLocation&, const ApplicationLocation&) = default;
 };
 
-/// Applications, running and installed. Main thread. Requests are not confirmed: what cannot be done is not done.
+/// Running and installed applications. Main thread. Requests report no outcome: one that cannot be met has no effect.
 class Workspace {
  public:
   virtual ~Workspace() = default;
@@ -47,25 +47,25 @@ class Workspace {
   virtual std::vector<RunningApplication> runningApplications() const = 0;
   virtual std::vector<RunningApplication> runningApplications(std::string_view bundleIdentifier) const = 0;
 
-  /// Brings the application forward on its last active window; nothing when it is active already. False when it has no
-  /// window to bring forward.
+  /// Activates the application's last active window; no effect when it is already active. False when the application
+  /// has no window.
   virtual bool activate(const RunningApplication& application) = 0;
 
   /// Shows the windows of an application that the user has hidden.
   virtual void unhide(const RunningApplication& application) = 0;
 
   virtual std::optional<ApplicationLocation> urlForApplication(std::string_view bundleIdentifier) const = 0;
-  /// Starts the application, or brings it forward when it runs.
+  /// Starts the application, or activates it when it runs.
   virtual void openApplication(const ApplicationLocation& location) = 0;
   /// The location of an application at a fixed path of the system; nothing when there is none.
   virtual std::optional<ApplicationLocation> applicationAtPath(std::string_view path) const = 0;
-  /// False when `url` is no URL, or the system refused it. The text is used exactly as given.
+  /// False when `url` is not a URL or the system refused it. The text is passed on unchanged.
   virtual bool openUrl(std::string_view url) = 0;
 
   /// The user's name for an installed application, in the user's language.
   virtual std::optional<std::string> applicationName(std::string_view bundleIdentifier) const = 0;
 
-  /// Called with each application that became active.
+  /// Called with each application that becomes active.
   [[nodiscard]] virtual Subscription onDidActivateApplication(
       std::function<void(const RunningApplication&)> observer) = 0;
 };

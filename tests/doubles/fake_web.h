@@ -53,8 +53,8 @@ class FakeWeb final : public NetworkFetch {
     const auto found = pages.find(request.address);
     if (found == pages.end()) return FetchResponse{404, {}, {}, true};
     FetchResponse response = found->second;
-    response.isComplete = response.body.size() <= request.largestBody;
-    response.body.resize(std::min(response.body.size(), request.largestBody));
+    response.isComplete = response.body.size() <= request.maxBodySize;
+    response.body.resize(std::min(response.body.size(), request.maxBodySize));
     return response;
   }
 

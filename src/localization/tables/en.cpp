@@ -6,7 +6,7 @@ constexpr StringTable kEnglishStrings = completeTable({
     {StringKey::settings, "Settings"},
     {StringKey::quit, "Quit"},
     {StringKey::onboardingTitle, "Welcome to Rondora"},
-    {StringKey::onboardingGreeting, "Everything you reach for, in a ring around the pointer"},
+    {StringKey::onboardingGreeting, "Everything you need, in a ring around the pointer"},
     {StringKey::onboardingWhatItIs,
      "Rondora opens a ring of actions around the pointer: applications, links, text snippets."},
     {StringKey::onboardingHowToOpen, "Press %@ to open the ring."},
@@ -29,7 +29,7 @@ constexpr StringTable kEnglishStrings = completeTable({
     {StringKey::sessionFails, "Does not work"},
     {StringKey::sessionX11, "This is an X11 session: the ring opens over every window."},
     {StringKey::sessionWayland,
-     "This is a Wayland session: hotkeys are heard only while an X11 window has the keyboard, and windows of Wayland "
+     "This is a Wayland session: hotkeys work only while an X11 window has the keyboard, and windows of Wayland "
      "applications cannot be brought to the front."},
     {StringKey::sessionWaylandRemedy,
      "Choose an X11 session (“Xorg”) when you log in, or let a keyboard shortcut of your desktop call the D-Bus method "
@@ -47,7 +47,7 @@ constexpr StringTable kEnglishStrings = completeTable({
      "Rondora once more opens these settings."},
     {StringKey::sessionKeystrokes, "Keystrokes reach the other applications."},
     {StringKey::sessionNoKeystrokes,
-     "The X server takes no keystrokes from programs, so items that press keys do nothing."},
+     "The X server accepts no keystrokes from programs, so items that type keys do nothing."},
     {StringKey::sessionNoKeystrokesRemedy, "Turn on the X server’s XTEST extension."},
     {StringKey::sessionTrackpadIgnored,
      "This version does not react to taps on the trackpad yet, so they open no menu."},

@@ -2,7 +2,7 @@
 
 #include "localization/string_table.h"
 
-// One table a language, each in the file named after its code.
+// One table per language, each in the file named after its code.
 
 namespace rondora {
 

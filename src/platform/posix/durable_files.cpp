@@ -17,10 +17,10 @@ namespace fs = std::filesystem;
 
 fs::path folderOf(const fs::path& path) { return path.has_parent_path() ? path.parent_path() : fs::path("."); }
 
-/// Follows the symbolic links at the end of `path`, also where the last one leads to nothing yet. Empty on a loop.
+/// Resolves the symbolic links at the end of `path`, including a dangling last one. Empty on a loop.
 fs::path followLinks(fs::path path) {
-  constexpr int kMostLinks = 40;
-  for (int i = 0; i < kMostLinks; ++i) {
+  constexpr int kMaxLinks = 40;
+  for (int i = 0; i < kMaxLinks; ++i) {
     std::error_code error;
     if (!fs::is_symlink(fs::symlink_status(path, error))) return path;
     const fs::path target = fs::read_symlink(path, error);
@@ -40,16 +40,16 @@ FileError writeAll(int descriptor, std::string_view bytes, const fs::path& path)
   return std::nullopt;
 }
 
-/// Brings to disk what a file holds, or the names in a folder.
+/// Flushes a file's content or a folder's entries to disk.
 FileError flush(const fs::path& path) {
   const FileDescriptor descriptor(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
   if (!descriptor.isOpen()) return describe("cannot open", path, errno);
-  // Some file systems cannot flush a folder and say so with EINVAL; they have nothing to flush.
+  // File systems that cannot flush a folder report EINVAL.
   if (::fsync(descriptor.get()) != 0 && errno != EINVAL) return describe("cannot flush", path, errno);
   return std::nullopt;
 }
 
-/// Something new in a folder under a name that nobody else has; removed again unless it is moved into place.
+/// A new file or folder under a unique temporary name; removed unless it is moved into place.
 class Temporary {
  public:
   explicit Temporary(fs::path folder) : folder_(std::move(folder)) { choosePath(); }
@@ -63,7 +63,7 @@ class Temporary {
   FileError fill(std::string_view bytes) {
     FileDescriptor file = create();
     if (!file.isOpen()) return describe("cannot create", path_, errno);
-    // The umask may have taken bits away. A medium that knows no modes may refuse; it hides nothing anyway.
+    // The umask may have cleared bits. File systems without modes refuse this, which is harmless.
     ::fchmod(file.get(), 0600);
     if (auto failed = writeAll(file.get(), bytes, path_)) return failed;
     if (::fsync(file.get()) != 0) return describe("cannot flush", path_, errno);
@@ -95,11 +95,11 @@ class Temporary {
   }
 
   FileDescriptor create() {
-    constexpr int kMostAttempts = 100;
+    constexpr int kMaxAttempts = 100;
     for (int attempt = 1;; ++attempt) {
       FileDescriptor file(::open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
       isThere_ = file.isOpen();
-      if (isThere_ || errno != EEXIST || attempt == kMostAttempts) return file;
+      if (isThere_ || errno != EEXIST || attempt == kMaxAttempts) return file;
       choosePath();
     }
   }
@@ -115,7 +115,7 @@ std::string describe(const char* what, const fs::path& path, int error) {
   return std::string(what) + " " + path.string() + ": " + std::generic_category().message(error);
 }
 
-/// New folders are for the user alone (XDG base directories 0.8), and on disk before anything is put into them.
+/// New folders get mode 0700 (XDG base directories 0.8) and are on disk before their content.
 FileError makeFolder(const fs::path& path) {
   std::error_code ignored;
   if (fs::is_directory(path, ignored)) return std::nullopt;

@@ -6,8 +6,8 @@
 
 #include "platform/file_system.h"
 
-// Changes to files that are on disk when they are reported done, and at every moment before are either not to be seen
-// or whole. Contracts: platform/file_system.h.
+// Atomic and durable file changes: on disk when they report success, and never partly visible before. Contracts:
+// platform/file_system.h.
 
 namespace rondora::desktop {
 

@@ -25,14 +25,14 @@ fs::path homeFolder(const ProcessEnvironment& environment) {
   return "/";
 }
 
-/// Paths that are not absolute are to be ignored (XDG base directories 0.8).
+/// Relative paths are ignored (XDG base directories 0.8).
 fs::path userFolder(const ProcessEnvironment& environment, std::string_view variable, const char* underHome) {
   if (const auto value = environment.variable(variable); value && fs::path(*value).is_absolute()) return *value;
   return homeFolder(environment) / underHome;
 }
 
 bool isLongerThanRead(const struct stat& status) {
-  return status.st_size > static_cast<off_t>(PosixFileSystem::kLongestFile);
+  return status.st_size > static_cast<off_t>(PosixFileSystem::kMaxFileSize);
 }
 
 }  // namespace
@@ -47,7 +47,7 @@ bool PosixFileSystem::exists(const fs::path& path) const {
 }
 
 std::optional<std::string> PosixFileSystem::read(const fs::path& path) const {
-  // Opening a pipe without a writer would wait for one, hence O_NONBLOCK; regular files do not know it.
+  // O_NONBLOCK keeps open() from waiting for the writer of a pipe; regular files ignore it.
   const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
   struct stat status {};
   if (!file.isOpen() || ::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
@@ -56,7 +56,7 @@ std::optional<std::string> PosixFileSystem::read(const fs::path& path) const {
   std::string bytes;
   bytes.reserve(static_cast<std::size_t>(status.st_size));
   std::vector<char> chunk(1 << 16);
-  while (bytes.size() <= kLongestFile) {
+  while (bytes.size() <= kMaxFileSize) {
     const ssize_t length = ::read(file.get(), chunk.data(), chunk.size());
     if (length < 0 && errno == EINTR) continue;
     if (length < 0) return std::nullopt;

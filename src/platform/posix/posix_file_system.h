@@ -5,11 +5,11 @@
 
 namespace rondora::desktop {
 
-/// The folders of the XDG base directory rules and plain POSIX files.
+/// POSIX files, in the folders of the XDG base directory specification.
 class PosixFileSystem final : public FileSystem {
  public:
-  /// Larger files are not read.
-  static constexpr std::size_t kLongestFile = 64 << 20;
+  /// Size limit of `read` in bytes.
+  static constexpr std::size_t kMaxFileSize = 64 << 20;
 
   /// Reads XDG_CONFIG_HOME, XDG_CACHE_HOME and HOME once.
   explicit PosixFileSystem(const ProcessEnvironment& environment);

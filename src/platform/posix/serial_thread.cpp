@@ -7,7 +7,7 @@
 namespace rondora::desktop {
 namespace {
 
-constexpr std::size_t kLongestThreadName = 15;  // bytes, pthread_setname_np(3)
+constexpr std::size_t kMaxThreadName = 15;  // bytes, pthread_setname_np(3)
 
 }  // namespace
 
@@ -31,7 +31,7 @@ void SerialThread::async(Work work) {
 }
 
 void SerialThread::run() {
-  const std::size_t cut = label_.size() > kLongestThreadName ? label_.size() - kLongestThreadName : 0;
+  const std::size_t cut = label_.size() > kMaxThreadName ? label_.size() - kMaxThreadName : 0;
   pthread_setname_np(pthread_self(), label_.c_str() + cut);
   std::unique_lock lock(mutex_);
   while (true) {

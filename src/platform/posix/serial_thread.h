@@ -10,7 +10,7 @@
 
 namespace rondora::desktop {
 
-/// A serial queue on a thread of its own, which starts with the first work.
+/// A serial queue on its own thread, which starts with the first work.
 class SerialThread final : public SerialQueue {
  public:
   /// Debuggers and process lists show the last 15 bytes of the label.

@@ -5,8 +5,8 @@
 
 namespace rondora {
 
-/// Handles events until the condition holds or the time is up, also when the event loop has ended. False when the time
-/// is up. Main thread, with the application object.
+/// Handles events until the condition holds or the limit expires, even after the event loop has ended. False on expiry.
+/// Main thread; needs the application object.
 bool handleEventsUntil(const std::function<bool()>& condition, std::chrono::milliseconds limit);
 
 }  // namespace rondora

@@ -10,7 +10,7 @@ namespace rondora {
 
 namespace {
 
-/// The toolkit itself would close every window before it ends the event loop.
+/// Otherwise the toolkit closes every window before it ends the event loop.
 class QuitFilter : public QObject {
  public:
   bool eventFilter(QObject* watched, QEvent* event) override {
@@ -29,7 +29,7 @@ QtApplicationShell::QtApplicationShell() : context_(std::make_unique<QuitFilter>
   QObject::connect(qApp, &QGuiApplication::applicationStateChanged, context_.get(), [this](Qt::ApplicationState state) {
     if (state == Qt::ApplicationActive) didBecomeActive_.send();
   });
-  // The hint has to be there when the answer to the session manager goes out.
+  // Direct: the hint must be set before the reply to the session manager goes out.
   QObject::connect(qApp, &QGuiApplication::commitDataRequest, context_.get(), neverRestart, Qt::DirectConnection);
   QObject::connect(qApp, &QGuiApplication::saveStateRequest, context_.get(), neverRestart, Qt::DirectConnection);
 }

@@ -7,11 +7,11 @@
 
 namespace rondora {
 
-/// The application object as the program's place on the desktop.
+/// The toolkit's application object as the application shell.
 ///
-/// However the end is asked for (terminate, a signal, the session manager), the event loop ends and no window is closed
-/// on the way: what a window does when the user closes it must not happen. The session manager is told not to start the
-/// program by itself the next time; that is what the login item is for.
+/// Every way to quit (terminate, a signal, the session manager) ends the event loop without closing a window, because a
+/// close handler must run only when the user closes the window. The session manager is asked not to restart the
+/// program; that is the login item's task.
 class QtApplicationShell : public ApplicationShell {
  public:
   QtApplicationShell();
@@ -19,7 +19,7 @@ class QtApplicationShell : public ApplicationShell {
 
   /// A program without windows has no entry in any dock or task bar of its own accord; only quitting depends on it.
   void setActivationPolicy(ActivationPolicy policy) override;
-  /// Kept, not shown: the status item's menu has the same entries.
+  /// Stored, not shown: the status item's menu has the same entries.
   void setMainMenu(std::vector<MenuEntry> entries) override;
   void activateIgnoringOtherApps() override;
   void terminate() override;
@@ -34,7 +34,7 @@ class QtApplicationShell : public ApplicationShell {
   std::vector<MenuEntry> mainMenu_;
   bool isRelaunchRequested_ = false;
   Signal<> didBecomeActive_;
-  /// Receives for us; taken off the application object with this.
+  /// Receiver of the connections and the event filter; disconnected when destroyed.
   std::unique_ptr<QObject> context_;
 };
 

@@ -13,7 +13,7 @@ namespace rondora {
 
 namespace {
 
-/// What a coarse timer of the toolkit may be off, as a part of its interval.
+/// Deviation of Qt::CoarseTimer as a fraction of its interval.
 constexpr double kCoarseTimerDeviation = 0.05;
 
 int milliseconds(double seconds) {
@@ -21,7 +21,7 @@ int milliseconds(double seconds) {
   return static_cast<int>(std::min(std::ceil(seconds * 1000 - 1e-6), double{std::numeric_limits<int>::max()}));
 }
 
-/// Safe from within the timer's own call.
+/// Safe to call from the timer's own callback.
 void retire(QTimer* timer) {
   timer->stop();
   timer->disconnect();

@@ -7,13 +7,13 @@
 
 namespace rondora {
 
-/// The toolkit's event loop as the main queue. Made and destroyed on the main thread, after which nothing that is still
-/// queued runs and the subscriptions that it handed out do nothing. Other threads have ended by then.
+/// The toolkit's event loop as the main queue. Created and destroyed on the main thread. Destruction drops queued work
+/// and makes the remaining subscriptions inert; other threads must have ended by then.
 class QtMainQueue : public MainQueue {
  public:
   void async(Work work) override;
-  /// Runs what waits by `async`. Call it before each event where the toolkit hands over several in one turn: what one
-  /// event leaves for later comes before the next event, as it would on a loop that takes them one at a time.
+  /// Runs the work queued by `async`. Call it before each event where the toolkit delivers several in one turn, so that
+  /// the work of one event runs before the next event.
   void runWaiting();
   void after(double seconds, Work work) override;
   Subscription workItem(double seconds, Work work) override;
@@ -23,7 +23,7 @@ class QtMainQueue : public MainQueue {
   enum class Repetition { once, forever };
   Subscription start(double seconds, Qt::TimerType type, Repetition repetition, Work work);
 
-  /// Receives and owns everything that is queued.
+  /// Receiver and owner of all queued work.
   QObject context_;
 };
 

@@ -14,7 +14,7 @@ struct Receiver {
   std::function<void()> serverLost;
 };
 
-/// The toolkit's handler is a plain function.
+/// Global, because the toolkit's handler is a plain function.
 std::optional<Receiver> receiver;
 
 void handleMessage(QtMsgType type, const QMessageLogContext& /*context*/, const QString& message) {

@@ -6,12 +6,12 @@
 
 namespace rondora {
 
-/// Passes what the toolkit has to say on to the log, as long as this object lives. One at a time. Made before the
-/// toolkit's application object and destroyed after it.
+/// Forwards the toolkit's messages to the log while it exists. At most one instance, created before the toolkit's
+/// application object and destroyed after it.
 class QtMessages {
  public:
-  /// `serverLost` is called in place of the toolkit's message that the X server is gone; the toolkit ends the process
-  /// with status 1 when it returns.
+  /// Calls `serverLost` instead of logging the toolkit's message that the X server is gone; the toolkit then exits with
+  /// status 1.
   QtMessages(Log& log, std::function<void()> serverLost);
   ~QtMessages();
   QtMessages(const QtMessages&) = delete;

@@ -7,11 +7,11 @@
 
 namespace rondora {
 
-/// Shows every event of the toolkit's X connection before the toolkit handles it, as long as this object lives. Main
-/// thread.
+/// Passes every event of the toolkit's X connection to a handler before the toolkit sees it, while this object exists.
+/// Main thread.
 class QtNativeEvents : public QAbstractNativeEventFilter {
  public:
-  /// Returns true when the toolkit must not see the event.
+  /// Returns true to hide the event from the toolkit.
   using Handler = std::function<bool(const xcb_generic_event_t&)>;
 
   explicit QtNativeEvents(Handler handler);

@@ -17,7 +17,7 @@ namespace rondora {
 
 namespace {
 
-/// Bytes that the toolkit may hold before we have read them.
+/// Size of the toolkit's read buffer in bytes.
 constexpr qint64 kReadAhead = 64 << 10;
 
 QNetworkRequest makeRequest(const FetchRequest& request) {
@@ -28,7 +28,7 @@ QNetworkRequest makeRequest(const FetchRequest& request) {
   result.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
   result.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
   result.setRawHeader("User-Agent", "Mozilla/5.0 (compatible; Rondora)");
-  // Otherwise the toolkit tells the user's.
+  // Otherwise the toolkit sends the user's language.
   result.setRawHeader("Accept-Language", "en");
   return result;
 }
@@ -37,12 +37,12 @@ bool isWebAddress(const QUrl& url) {
   return url.isValid() && !url.host().isEmpty() && (url.scheme() == "https" || url.scheme() == "http");
 }
 
-/// One request on its way. It deletes itself when it ends.
+/// A request in progress. Deletes itself when it ends.
 class Transfer : public QObject {
  public:
   Transfer(QNetworkAccessManager& manager, QNetworkReply* reply, const FetchRequest& request,
            NetworkFetch::Completion completion)
-      : QObject(&manager), reply_(reply), largestBody_(request.largestBody), completion_(std::move(completion)) {
+      : QObject(&manager), reply_(reply), maxBodySize_(request.maxBodySize), completion_(std::move(completion)) {
     reply_->setParent(this);
     reply_->setReadBufferSize(kReadAhead);
     connect(reply_, &QNetworkReply::readyRead, this, [this] {
@@ -58,10 +58,10 @@ class Transfer : public QObject {
   }
 
  private:
-  /// False when the body is longer than wanted.
+  /// False when the body exceeds the limit.
   bool readOn() {
-    const auto wanted = static_cast<qint64>(largestBody_ - response_.body.size());
-    const QByteArray bytes = reply_->read(wanted);
+    const auto allowed = static_cast<qint64>(maxBodySize_ - response_.body.size());
+    const QByteArray bytes = reply_->read(allowed);
     response_.body.append(bytes.constData(), static_cast<std::size_t>(bytes.size()));
     response_.isComplete = reply_->bytesAvailable() == 0;
     return response_.isComplete;
@@ -70,8 +70,8 @@ class Transfer : public QObject {
   void finish() {
     const bool wasCutShort = !readOn();
     response_.status = reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-    // The toolkit reports statuses of failure as errors; with any other status an error means a body that broke off or
-    // could not be unpacked.
+    // The toolkit reports HTTP error statuses as errors; with any other status an error means a truncated body or one
+    // that cannot be decompressed.
     const bool cameThrough = reply_->error() == QNetworkReply::NoError || response_.status >= 400;
     if (response_.status == 0 || !(wasCutShort || cameThrough)) return giveUp();
     response_.location = reply_->rawHeader("Location").toStdString();
@@ -86,7 +86,7 @@ class Transfer : public QObject {
     if (completion) completion(std::move(response));
   }
 
-  /// No more signals; the memory goes on a later turn.
+  /// Stops all signals; the memory is released on a later turn.
   void end() {
     reply_->disconnect(this);
     reply_->abort();
@@ -94,7 +94,7 @@ class Transfer : public QObject {
   }
 
   QNetworkReply* reply_;
-  std::size_t largestBody_;
+  std::size_t maxBodySize_;
   NetworkFetch::Completion completion_;
   FetchResponse response_;
 };
@@ -119,7 +119,7 @@ bool QtNetworkFetch::canReach(std::string_view host) const {
 Subscription QtNetworkFetch::fetch(const FetchRequest& request, Completion completion) {
   if (!manager_) manager_ = std::make_unique<QNetworkAccessManager>();
   const QNetworkRequest asked = makeRequest(request);
-  // The toolkit would fetch files and its own resources too.
+  // The toolkit would fetch files and its own resources, too.
   QNetworkReply* reply = manager_->get(isWebAddress(asked.url()) ? asked : QNetworkRequest());
   const QPointer transfer = new Transfer(*manager_, reply, request, std::move(completion));
   return Subscription([transfer] {

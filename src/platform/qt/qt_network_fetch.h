@@ -8,13 +8,13 @@ class QNetworkAccessManager;
 
 namespace rondora {
 
-/// Loads the toolkit's network parts with the first request.
+/// Loads the toolkit's network libraries with the first request.
 class QtNetworkFetch final : public NetworkFetch {
  public:
   QtNetworkFetch();
   ~QtNetworkFetch() override;
 
-  /// False without any network interface that has an address; this machine itself is always reached.
+  /// False when no network interface has an address; the local host is always reachable.
   bool canReach(std::string_view host) const override;
   [[nodiscard]] Subscription fetch(const FetchRequest& request, Completion completion) override;
 

@@ -9,7 +9,7 @@
 
 namespace rondora {
 
-/// The desktop's clipboard. Private types are MIME types. What is set is there for others while the program runs.
+/// The desktop's clipboard. Private types are MIME types. Other programs can read the contents while this program runs.
 class QtPasteboard : public Pasteboard {
  public:
   void clearContents() override;
@@ -20,7 +20,7 @@ class QtPasteboard : public Pasteboard {
  private:
   void add(const QString& mimeType, QByteArray bytes);
 
-  /// What was set since the contents were last cleared.
+  /// Contents set since the last clear.
   std::vector<std::pair<QString, QByteArray>> contents_;
 };
 

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int kImageMemoryLimitMegabytes = 128;
 
-/// The toolkit looks into the system's folders only where it has a platform theme.
+/// Without a platform theme the toolkit does not search the system's icon folders.
 void addSystemIconFolders() {
   const QStringList folders =
       QStandardPaths::locateAll(QStandardPaths::GenericDataLocation, "icons", QStandardPaths::LocateDirectory);
@@ -23,7 +23,7 @@ void addSystemIconFolders() {
   if (QIcon::fallbackSearchPaths().isEmpty()) QIcon::setFallbackSearchPaths(pixmaps);
 }
 
-/// Without a desktop's settings the toolkit knows no theme but hicolor, which holds hardly any picture.
+/// Without desktop settings the toolkit uses only hicolor, which has hardly any icons.
 void chooseIconTheme() {
   addSystemIconFolders();
   QIcon::setFallbackThemeName("hicolor");
@@ -39,8 +39,8 @@ void prepareQt() {
   QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
 }
 
-// Compressing drops a motion when another one waits, even where a release lies between: the choice would be judged by
-// an older place. The platform plugin switches it on, hence after the application object was made.
+// Motion compression drops a motion when another is queued, even with a release between them; a choice would then use a
+// stale position. The platform plugin enables it, so it is disabled after the application object is made.
 void configureQt(QApplication& application, const char* identifier) {
   QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
   application.setApplicationName("Rondora");

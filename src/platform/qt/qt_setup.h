@@ -4,11 +4,11 @@ class QApplication;
 
 namespace rondora {
 
-/// What must be settled before the application object is made: X11 wherever there is an X display, and whole use of a
-/// fractional scale.
+/// Settings that must precede the application object: the X11 platform when there is an X display, and unrounded
+/// fractional scaling.
 void prepareQt();
 
-/// What every window of the program shares. `identifier` is the name of the program's desktop entry.
+/// Settings of the whole application. `identifier` is the name of the program's desktop entry.
 void configureQt(QApplication& application, const char* identifier);
 
 }  // namespace rondora

@@ -10,7 +10,7 @@ namespace rondora {
 
 namespace {
 
-constexpr int kAnswerMilliseconds = 10000;
+constexpr int kReplyTimeoutMilliseconds = 10000;
 constexpr const char* kShowSettings = "ShowSettings";
 constexpr const char* kTrigger = "Trigger";
 
@@ -30,7 +30,7 @@ SessionBusChannel::SessionBusChannel(QDBusConnection bus, const std::string& nam
 
 SessionBusChannel::~SessionBusChannel() { release(); }
 
-// The object is there before the name: whoever finds the name can call it.
+// Registers the object before the name: a caller that finds the name also finds the object.
 InstanceChannel::Claim SessionBusChannel::claim() {
   if (!bus_.isConnected()) return Claim::unavailable;
   if (!bus_.registerVirtualObject(kPath, this)) return Claim::unavailable;
@@ -50,7 +50,7 @@ void SessionBusChannel::release() {
 bool SessionBusChannel::askForSettings() {
   QDBusMessage call = QDBusMessage::createMethodCall(name_, kPath, name_, kShowSettings);
   call.setAutoStartService(false);
-  return bus_.call(call, QDBus::Block, kAnswerMilliseconds).type() == QDBusMessage::ReplyMessage;
+  return bus_.call(call, QDBus::Block, kReplyTimeoutMilliseconds).type() == QDBusMessage::ReplyMessage;
 }
 
 void SessionBusChannel::serve(SessionRequests requests) { requests_ = std::move(requests); }
@@ -69,10 +69,11 @@ bool SessionBusChannel::handleMessage(const QDBusMessage& message, const QDBusCo
 
 QDBusMessage SessionBusChannel::answerTo(const QDBusMessage& call) const {
   if (!requests_.showSettings || !requests_.trigger) {
-    return call.createErrorReply(QDBusError::Failed, "the program has not come up yet");
+    return call.createErrorReply(QDBusError::Failed, "the program is still starting");
   }
   if (call.member() == kTrigger) return answerToTrigger(call);
-  if (!call.signature().isEmpty()) return call.createErrorReply(QDBusError::InvalidArgs, "ShowSettings takes nothing");
+  if (!call.signature().isEmpty())
+    return call.createErrorReply(QDBusError::InvalidArgs, "ShowSettings takes no arguments");
   requests_.showSettings();
   return call.createReply();
 }

@@ -14,7 +14,7 @@ class SessionBusChannel : public QDBusVirtualObject, public InstanceChannel {
   static constexpr const char* kPath = "/io/github/rondora/Rondora";
   static constexpr const char* kUnknownMenu = "io.github.rondora.Rondora.Error.UnknownMenu";
 
-  /// `name` is the name to own; the interface is called the same.
+  /// `name` is the bus name to own and also the name of the interface.
   SessionBusChannel(QDBusConnection bus, const std::string& name);
   ~SessionBusChannel() override;
 

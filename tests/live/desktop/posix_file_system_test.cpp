@@ -103,7 +103,7 @@ TEST_F(PosixFileSystemTest, ReadsWholeRegularFilesOnly) {
   EXPECT_EQ(files_.read("/dev/zero"), std::nullopt);
 
   writeFile(in("huge"), "");
-  fs::resize_file(in("huge"), PosixFileSystem::kLongestFile + 1);
+  fs::resize_file(in("huge"), PosixFileSystem::kMaxFileSize + 1);
   EXPECT_EQ(files_.read(in("huge")), std::nullopt);
   EXPECT_TRUE(files_.isTooLong(in("huge")));
   EXPECT_FALSE(files_.isTooLong(in("pipe")));

@@ -30,12 +30,12 @@ class WebTest : public testing::Test {
   static constexpr double kLongTime = 60;
 
   /// What becomes of a request, whatever it is; fails when nothing does.
-  std::optional<FetchResponse> get(const std::string& address, std::size_t largestBody = 1 << 20,
+  std::optional<FetchResponse> get(const std::string& address, std::size_t maxBodySize = 1 << 20,
                                    double timeout = kLongTime) {
     int endings = 0;
     std::optional<FetchResponse> result;
     const Subscription request =
-        network.fetch({address, largestBody, timeout}, [&](std::optional<FetchResponse> response) {
+        network.fetch({address, maxBodySize, timeout}, [&](std::optional<FetchResponse> response) {
           ++endings;
           result = std::move(response);
         });
@@ -44,10 +44,10 @@ class WebTest : public testing::Test {
     EXPECT_EQ(endings, 1);
     return result;
   }
-  std::optional<FetchResponse> getPage(const WebServer::Behaviour& behaviour, std::size_t largestBody = 1 << 20,
+  std::optional<FetchResponse> getPage(const WebServer::Behaviour& behaviour, std::size_t maxBodySize = 1 << 20,
                                        double timeout = kLongTime) {
     server.pages["/page"] = behaviour;
-    return get(server.address("/page"), largestBody, timeout);
+    return get(server.address("/page"), maxBodySize, timeout);
   }
 
   WebServer server;

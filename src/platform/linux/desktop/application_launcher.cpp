@@ -7,8 +7,8 @@
 namespace rondora::desktop {
 namespace {
 
-/// A launch context that announces one startup id. GIO asks for it where the application says that it wants one, for
-/// programs that are started as well as for those that the session bus activates.
+/// A launch context with a fixed startup id. GIO uses the id for entries with StartupNotify, whether it spawns the
+/// program or activates it over the session bus.
 struct StartupContext {
   GAppLaunchContext parent;
   char* startupId;
@@ -39,12 +39,12 @@ bool hasKey(GDesktopAppInfo& application, const char* key) {
   return g_desktop_app_info_has_key(&application, key) != FALSE;
 }
 
-/// `id` is null when the moment of the user's action is unknown: a wrong one would cost the window the focus.
+/// `id` is null when the time stamp of the user action is unknown: a wrong one would cost the window the focus.
 GOwned<GAppLaunchContext> makeContext(GDesktopAppInfo& application, char* id) {
   auto* context = static_cast<StartupContext*>(g_object_new(startup_context_get_type(), nullptr));
   context->startupId = id;
   GOwned<GAppLaunchContext> result(&context->parent);
-  // Ours, if we were started with one, is used up.
+  // Our own startup id, if any, is already used.
   g_app_launch_context_unsetenv(result.get(), "DESKTOP_STARTUP_ID");
   g_app_launch_context_unsetenv(result.get(), "XDG_ACTIVATION_TOKEN");
   if (id && g_desktop_app_info_get_boolean(&application, "StartupNotify")) {
@@ -53,7 +53,7 @@ GOwned<GAppLaunchContext> makeContext(GDesktopAppInfo& application, char* id) {
   return result;
 }
 
-/// Runs in the child between fork and exec: only calls that are safe there.
+/// Runs in the child between fork and exec: async-signal-safe calls only.
 void prepareChild(gpointer homeFolder) {
   setsid();
   sigset_t none;

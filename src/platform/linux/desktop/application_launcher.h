@@ -8,13 +8,13 @@ typedef struct _GDesktopAppInfo GDesktopAppInfo;
 
 namespace rondora::desktop {
 
-/// Starts applications so that they live on without us: own session, the user's home folder, no stopped signals, reaped
-/// by the system. The user's time goes along, so that the window manager lets the new window have the focus.
+/// Starts applications that outlive this program: own session, home folder as working directory, no blocked signals,
+/// reparented. Passes on the time stamp of the user action, so that the window manager gives the new window the focus.
 class ApplicationLauncher {
  public:
-  /// False when it could not be started.
+  /// False on failure.
   bool launch(GDesktopAppInfo& application, UserTime time) { return launch(application, {}, time); }
-  /// Hands the application something to open.
+  /// Starts the application with `url` to open.
   bool launch(GDesktopAppInfo& application, const std::string& url, UserTime time);
 
  private:

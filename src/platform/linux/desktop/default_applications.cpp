@@ -28,7 +28,7 @@ constexpr std::array<HandledKind, 4> kHandledKinds = {{
 constexpr std::string_view kTerminal = "com.apple.Terminal";
 constexpr std::string_view kSettings = "com.apple.systempreferences";
 
-/// What a desktop ships, by its name in XDG_CURRENT_DESKTOP.
+/// An application that a desktop ships; `desktop` is its name in XDG_CURRENT_DESKTOP.
 struct Candidate {
   std::string_view desktop;
   std::string_view id;
@@ -101,7 +101,7 @@ std::optional<std::string> idOf(GAppInfo* application) {
   return std::string(text);
 }
 
-/// `currentDesktops` is a list with colons between.
+/// `currentDesktops` is separated by colons.
 std::optional<std::string> firstOfDesktop(std::span<const Candidate> candidates, const std::string& currentDesktops,
                                           const DesktopEntries& entries) {
   const std::string padded = ":" + currentDesktops + ":";
@@ -160,7 +160,7 @@ std::optional<std::string> DefaultApplications::terminal() const {
   return entries_.firstInCategories(Categories{"TerminalEmulator", "TerminalEmulator"});
 }
 
-/// Where Debian's command "x-terminal-emulator" leads to. Some terminals come as "name.wrapper" there.
+/// The target of Debian's alternative "x-terminal-emulator". Some terminals register it as "name.wrapper".
 std::optional<std::string> DefaultApplications::terminalAlternative() const {
   const GText command(g_find_program_in_path("x-terminal-emulator"));
   if (!command) return std::nullopt;

@@ -11,16 +11,16 @@
 
 namespace rondora::desktop {
 
-/// The user's own application for each of the six identifiers of the first-run document. They stand for kinds of
-/// applications: web browser, file manager, music player, text editor, terminal and system settings. Main thread.
+/// Maps the six identifiers of the first-run document to the user's own applications. They stand for web browser, file
+/// manager, music player, text editor, terminal and system settings. Main thread.
 class DefaultApplications {
  public:
-  /// Both outlive this.
+  /// Arguments must outlive the object.
   DefaultApplications(const DesktopEntries& entries, const ProcessEnvironment& environment)
       : entries_(entries), environment_(environment) {}
 
   static bool isStandIn(std::string_view bundleIdentifier);
-  /// The id of an installed desktop entry; nothing when `bundleIdentifier` is no stand-in, or nothing fits it.
+  /// The id of an installed desktop entry; nothing when `bundleIdentifier` is not a stand-in or no application fits it.
   std::optional<std::string> resolve(std::string_view bundleIdentifier) const;
   /// The default handler of a MIME type, when it is an installed application.
   std::optional<std::string> handlerOfType(const char* mimeType) const;
@@ -33,7 +33,7 @@ class DefaultApplications {
 
   const DesktopEntries& entries_;
   const ProcessEnvironment& environment_;
-  /// By MIME type, of that version of the entries: asking reads files, and every opening of a ring asks.
+  /// Cache by MIME type, valid for `version_`: a look-up reads files, and each opening of a ring needs some.
   mutable std::map<std::string, std::optional<std::string>, std::less<>> handlers_;
   mutable unsigned version_ = 0;
 };

@@ -15,7 +15,7 @@ struct Entry {
   GOwned<GDesktopAppInfo> info;
   std::string id;
   bool isShown = false;
-  /// Started without arguments of its own, so not a single task of a larger application.
+  /// No arguments in Exec: not a single task of a larger application.
   bool isPlain = false;
   bool runsInTerminal = false;
 };
@@ -58,7 +58,7 @@ std::vector<Entry> readEntries() {
   return entries;
 }
 
-/// Programs that start others; that one of them runs says nothing about the application.
+/// Interpreters and launchers, which do not identify an application.
 bool startsOthers(std::string_view executable) {
   constexpr std::array<std::string_view, 11> kNames = {"bash", "electron", "env",  "flatpak", "gjs",     "java",
                                                        "sh",   "snap",     "sudo", "wine",    "xdg-open"};
@@ -66,7 +66,7 @@ bool startsOthers(std::string_view executable) {
          executable.starts_with("perl");
 }
 
-/// "nautilus" of "org.gnome.Nautilus"; empty for an id that is no reversed domain.
+/// "nautilus" for "org.gnome.Nautilus"; empty when the id is not a reversed domain.
 std::string lastComponent(std::string_view id) {
   if (std::count(id.begin(), id.end(), '.') < 2) return {};
   return lowered(id.substr(id.rfind('.') + 1));
@@ -82,7 +82,7 @@ std::optional<std::string> lookUp(const IdMap& map, std::string_view key) {
 }  // namespace
 
 struct DesktopEntries::Index {
-  /// The better of two entries for the same key comes first.
+  /// Sorted: the better of two entries with the same key comes first.
   std::vector<Entry> entries;
   std::map<std::string, GDesktopAppInfo*, std::less<>> byId;
   IdMap byLoweredId;
@@ -151,7 +151,7 @@ std::optional<std::string> DesktopEntries::idOfWindow(const WindowIdentity& wind
   if (contains(window.applicationId)) return window.applicationId;
   const std::string instance = lowered(window.instanceName);
   const std::string name = lowered(window.className);
-  // The instance is the narrower name: web applications of one browser differ in it alone.
+  // The instance comes first: web applications of one browser differ only in it.
   if (auto id = lookUp(all.byStartupClass, instance)) return id;
   if (auto id = lookUp(all.byStartupClass, name)) return id;
   if (auto id = lookUp(all.byLoweredId, name)) return id;

@@ -15,8 +15,8 @@ typedef struct _GDesktopAppInfo GDesktopAppInfo;
 
 namespace rondora::desktop {
 
-/// The desktop entries of the installed applications, by id (without ".desktop"). They are read when first needed and
-/// again after they changed; the change is noticed through GLib's default main context. Main thread.
+/// The desktop entries of the installed applications, by id (without ".desktop"). They are read on first use and again
+/// after a change, which GLib reports through its default main context. Main thread.
 class DesktopEntries {
  public:
   DesktopEntries();
@@ -24,25 +24,25 @@ class DesktopEntries {
   DesktopEntries(const DesktopEntries&) = delete;
   DesktopEntries& operator=(const DesktopEntries&) = delete;
 
-  /// Reads the entries now (some tens of milliseconds), so that no later question has to.
+  /// Reads the entries now (some tens of milliseconds), so that later look-ups do not wait.
   void warm() const;
 
-  /// Another one after the entries, or what opens which kind of file, changed.
+  /// Changes with the entries and with the file-type associations.
   unsigned version() const { return version_; }
-  /// Called after such a change; may be empty. GLib takes any change right in ~/.config for one, and is silent from
-  /// then on until somebody asks for entries.
+  /// Called after such a change; may be empty. GLib also reports changes directly in ~/.config, and is then silent
+  /// until the entries are read again.
   std::function<void()> onChanged;
 
   bool contains(std::string_view id) const { return find(id) != nullptr; }
   /// Valid until the entries are read again; null when there is none.
   GDesktopAppInfo* find(std::string_view id) const;
 
-  /// In this order: the id that the window announces, StartupWMClass, the window class as id, as last component of a
-  /// reversed domain, the program file.
+  /// Matches, in this order: the window's application id, StartupWMClass, the window class as id, the class as last
+  /// component of a reversed domain, the executable.
   std::optional<std::string> idOfWindow(const WindowIdentity& window) const;
-  /// The application that is started by a program of that name.
+  /// The application whose executable has that name.
   std::optional<std::string> idOfExecutable(std::string_view name) const;
-  /// The first application for the user, by id, that lies in every one of the categories.
+  /// The first visible application, by id, that is in all of the categories.
   std::optional<std::string> firstInCategories(std::span<const std::string_view> categories) const;
 
  private:

@@ -10,11 +10,11 @@
 
 namespace rondora::desktop {
 
-/// The settings in one small text file "defaults" beside the document: a line "key=value" each, where a value is
-/// "true", "false" or a whole number. Keys that are not ours are kept. Every change is written at once.
+/// Settings in the text file "defaults" beside the document, one "key=value" per line; a value is "true", "false" or an
+/// integer. Unknown keys are kept. Every change is written at once.
 class FileUserDefaults final : public UserDefaults {
  public:
-  /// Reads "Rondora/defaults" in the folder for application data. `files` and `log` outlive this.
+  /// Reads "Rondora/defaults" in the folder for application data. Arguments must outlive the object.
   FileUserDefaults(FileSystem& files, Log& log);
 
   bool hasValue(std::string_view key) const override;

@@ -11,15 +11,16 @@
 
 namespace rondora::desktop {
 
-/// The applications that desktop entries describe.
+/// The applications of the installed desktop entries.
 class InstalledApplications final : public ApplicationCatalogue {
  public:
-  /// `environment` outlives this.
+  /// `environment` must outlive the object.
   explicit InstalledApplications(const ProcessEnvironment& environment);
 
-  /// Reads everything that the first question would have to wait for; for an idle moment after the start.
+  /// Fills the caches that the first look-up would wait for; call it at idle after start-up.
   void warm() const;
-  /// Applications, or what they open, may have changed: the next question waits for them to be read. May be empty.
+  /// Called when applications or file-type associations may have changed; the next look-up reads them again. May be
+  /// empty.
   std::function<void()> onChanged;
 
   std::optional<std::string> identify(const WindowIdentity& window) const override;

@@ -33,8 +33,8 @@ FileDescriptor connectTo(const std::string& path) {
   return result;
 }
 
-/// A field whose value may hold any byte: name, newline, 64-bit little-endian length, value, newline (the journal's
-/// native protocol).
+/// A field with arbitrary bytes: name, newline, 64-bit little-endian length, value, newline (the journal's native
+/// protocol).
 std::string binaryField(std::string_view name, std::string_view value) {
   std::string field(name);
   field += '\n';
@@ -49,7 +49,7 @@ std::string binaryField(std::string_view name, std::string_view value) {
 void writeToStandardError(LogLevel level, std::string_view line) {
   std::string text = level == LogLevel::error ? "error: " : "";
   text += line;
-  // One line a call, whatever the text of a foreign error holds.
+  // One line per call, even when an error message has several.
   std::replace(text.begin(), text.end(), '\n', ' ');
   text += '\n';
   std::string_view rest = text;

@@ -23,16 +23,16 @@ namespace {
 namespace fs = std::filesystem;
 using Milliseconds = std::chrono::milliseconds;
 
-constexpr char kAnswer = '.';
+constexpr char kReply = '.';
 constexpr int kBacklog = 16;
-/// A holder that has just begun locks a moment before it listens.
-constexpr Milliseconds kConnectPatience{1000};
-constexpr Milliseconds kConnectPause{20};
-constexpr Milliseconds kAnswerPatience{10000};
-/// Readable for the user only. The sticky bit keeps the files from being cleaned away (XDG base directories 0.8).
+/// A holder that is just starting locks shortly before it listens.
+constexpr Milliseconds kConnectTimeout{1000};
+constexpr Milliseconds kRetryInterval{20};
+constexpr Milliseconds kReplyTimeout{10000};
+/// For the user only. The sticky bit protects the files from clean-up (XDG base directories 0.8).
 constexpr mode_t kMode = S_ISVTX | S_IRUSR | S_IWUSR;
 
-/// The display without its screen, fit for a file name: "host:1.0" and "host:1" are the same display.
+/// The display without its screen, as a file name: "host:1.0" and "host:1" are the same display.
 std::string displayName(std::string display) {
   if (display.starts_with("unix:")) display.erase(0, 4);
   const auto colon = display.rfind(':');
@@ -67,11 +67,11 @@ FileDescriptor connectTo(const fs::path& path) {
   const auto address = socketAddress(path);
   FileDescriptor connection = makeSocket(0);
   if (!address || !connection.isOpen()) return {};
-  const auto deadline = std::chrono::steady_clock::now() + kConnectPatience;
+  const auto deadline = std::chrono::steady_clock::now() + kConnectTimeout;
   while (::connect(connection.get(), generic(*address), sizeof *address) != 0) {
-    const bool mayStillCome = errno == ENOENT || errno == ECONNREFUSED || errno == EINTR;
-    if (!mayStillCome || std::chrono::steady_clock::now() >= deadline) return {};
-    std::this_thread::sleep_for(kConnectPause);
+    const bool mayStillAppear = errno == ENOENT || errno == ECONNREFUSED || errno == EINTR;
+    if (!mayStillAppear || std::chrono::steady_clock::now() >= deadline) return {};
+    std::this_thread::sleep_for(kRetryInterval);
   }
   return connection;
 }
@@ -103,7 +103,7 @@ InstanceChannel::Claim LockFileChannel::claim() {
   return Claim::unavailable;
 }
 
-/// The lock is ours, so whatever socket is there was left behind.
+/// The lock is ours, so an existing socket is stale.
 bool LockFileChannel::listen() {
   const auto address = socketAddress(socketFile_);
   FileDescriptor listener = makeSocket(SOCK_NONBLOCK);
@@ -116,7 +116,7 @@ bool LockFileChannel::listen() {
   return true;
 }
 
-// The lock goes last, and its file stays: a name that is removed could be locked twice.
+// Releases the lock last and keeps its file: after an unlink two processes could hold the lock.
 void LockFileChannel::release() {
   watch_.reset();
   if (listener_.isOpen()) {
@@ -130,9 +130,9 @@ bool LockFileChannel::askForSettings() {
   const FileDescriptor connection = connectTo(socketFile_);
   if (!connection.isOpen()) return false;
   pollfd readable{connection.get(), POLLIN, 0};
-  if (::poll(&readable, 1, static_cast<int>(kAnswerPatience.count())) != 1) return false;
-  char answer = 0;
-  return ::read(connection.get(), &answer, 1) == 1 && answer == kAnswer;
+  if (::poll(&readable, 1, static_cast<int>(kReplyTimeout.count())) != 1) return false;
+  char reply = 0;
+  return ::read(connection.get(), &reply, 1) == 1 && reply == kReply;
 }
 
 void LockFileChannel::serve(SessionRequests requests) {
@@ -145,8 +145,8 @@ void LockFileChannel::answerAll() {
     const FileDescriptor connection(::accept4(listener_.get(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
     if (!connection.isOpen()) return;
     if (requests_.showSettings) requests_.showSettings();
-    // Who asked may be gone already.
-    ::send(connection.get(), &kAnswer, 1, MSG_NOSIGNAL);
+    // The requester may have disconnected.
+    ::send(connection.get(), &kReply, 1, MSG_NOSIGNAL);
   }
 }
 

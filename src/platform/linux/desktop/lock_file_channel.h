@@ -11,15 +11,15 @@
 
 namespace rondora::desktop {
 
-/// Finds the instance on an X display where there is no session bus: a lock file, which the kernel unlocks when its
-/// holder ends, and beside it a socket on which every connection is a request for the settings. Both lie in the user's
-/// runtime folder, so that no other user can stand in the way.
+/// The single-instance claim of an X display, for sessions without a bus: a lock file, which the kernel unlocks when
+/// its holder ends, and a socket on which each connection requests the settings. Both are in the user's runtime folder,
+/// out of reach of other users.
 class LockFileChannel final : public InstanceChannel {
  public:
-  /// Calls back on the main loop whenever the descriptor can be read, until the result ends.
+  /// Calls `readable` on the main loop whenever the descriptor is readable, until the result is destroyed.
   using WatchReadable = std::function<Subscription(int descriptor, std::function<void()> readable)>;
 
-  /// `fallbackFolder` serves where XDG_RUNTIME_DIR is not set.
+  /// `fallbackFolder` is used when XDG_RUNTIME_DIR is not set.
   LockFileChannel(const ProcessEnvironment& environment, const std::filesystem::path& fallbackFolder,
                   WatchReadable watchReadable);
   ~LockFileChannel() override;
@@ -27,7 +27,7 @@ class LockFileChannel final : public InstanceChannel {
   Claim claim() override;
   void release() override;
   bool askForSettings() override;
-  /// `trigger` cannot be asked for here.
+  /// Serves `showSettings` only; this channel carries no `trigger`.
   void serve(SessionRequests requests) override;
 
   const std::filesystem::path& lockFile() const { return lockFile_; }

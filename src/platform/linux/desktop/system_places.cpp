@@ -19,11 +19,11 @@ struct Offer {
   const char* objectPath;
   const char* interface;
   const char* method;
-  /// In GVariant's text form.
+  /// GVariant text format.
   const char* arguments;
 };
 
-/// A desktop's own service stands before the common name, which some desktops own without doing what it says.
+/// A desktop's own service comes before the common name, which some desktops own without implementing it.
 constexpr std::array<Offer, 7> kOffers = {{
     {kOverview, "org.gnome.Shell", "/org/gnome/Shell", "org.freedesktop.DBus.Properties", "Set",
      "('org.gnome.Shell', 'OverviewActive', <true>)"},
@@ -38,7 +38,7 @@ constexpr std::array<Offer, 7> kOffers = {{
      "SetActive", "(true,)"},
 }};
 
-/// Where there is no bus, GIO would start one, which nobody but us would know.
+/// Without a bus GIO would start a private one, which no service joins.
 bool isSessionBusThere() {
   std::error_code error;
   const char* runtimeFolder = std::getenv("XDG_RUNTIME_DIR");
@@ -73,7 +73,7 @@ void SystemPlaces::Release::operator()(GDBusConnection* bus) const { g_object_un
 GDBusConnection* SystemPlaces::sessionBus() const {
   if (!bus_ && isSessionBusThere()) {
     bus_.reset(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr));
-    // GIO would end the program with the bus.
+    // By default GIO exits the process when the bus goes away.
     if (bus_) g_dbus_connection_set_exit_on_close(bus_.get(), FALSE);
   }
   return bus_.get();

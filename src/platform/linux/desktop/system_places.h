@@ -7,15 +7,15 @@ typedef struct _GDBusConnection GDBusConnection;
 
 namespace rondora::desktop {
 
-/// What a desktop offers, by a call on the session bus, for the two applications at fixed paths: an overview of all
-/// windows and the screen saver. Main thread; a question waits for the bus half a second at most.
+/// Counterparts on the session bus of the two macOS applications at fixed paths: the window overview and the screen
+/// saver. Main thread; each query of the bus blocks for half a second at most.
 class SystemPlaces {
  public:
-  /// Whether the path is one of the two.
+  /// True when `path` is one of the two.
   static bool isPlace(std::string_view path);
-  /// Whether somebody on the bus offers it now.
+  /// True when a service on the bus offers it now.
   bool isOffered(std::string_view path) const;
-  /// Does not wait for the outcome. False when nobody offers it.
+  /// Does not wait for the reply. False when no service offers it.
   bool open(std::string_view path) const;
 
  private:
@@ -23,10 +23,10 @@ class SystemPlaces {
     void operator()(GDBusConnection* bus) const;
   };
 
-  /// Null where there is no bus.
+  /// Null without a bus.
   GDBusConnection* sessionBus() const;
 
-  /// Kept: a connection that nobody holds is closed before it has sent everything.
+  /// Kept open: closing the connection would drop unsent messages.
   mutable std::unique_ptr<GDBusConnection, Release> bus_;
 };
 

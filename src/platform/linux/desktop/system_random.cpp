@@ -6,7 +6,7 @@ namespace rondora::desktop {
 
 std::uint64_t SystemRandom::next() {
   std::uint64_t value = 0;
-  // Requests of up to 256 bytes are answered whole; only a signal during early boot interrupts one (getrandom(2)).
+  // Requests of up to 256 bytes return whole; only a signal during early boot interrupts one (getrandom(2)).
   while (getrandom(&value, sizeof value, 0) != static_cast<ssize_t>(sizeof value)) {
   }
   return value;

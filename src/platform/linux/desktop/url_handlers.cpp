@@ -7,9 +7,9 @@
 namespace rondora::desktop {
 namespace {
 
-/// Lower case; empty when the text is no absolute URL.
+/// Lower case; empty when the text is not an absolute URL.
 std::string schemeOf(const std::string& url) {
-  // GLib lets blanks and control characters pass (2.74).
+  // GLib 2.74 accepts blanks and control characters.
   const bool isClean = std::none_of(url.begin(), url.end(), [](char letter) {
     return static_cast<unsigned char>(letter) <= ' ' || letter == '\x7F';
   });
@@ -19,7 +19,7 @@ std::string schemeOf(const std::string& url) {
   return lowered ? lowered.get() : "";
 }
 
-/// Whether it is a place that the desktop's file system layer can show, such as a network share.
+/// True when the desktop's file system layer can show such URLs, for example a network share.
 bool isPlace(const std::string& scheme) {
   const char* const* schemes = g_vfs_get_supported_uri_schemes(g_vfs_get_default());
   return schemes && g_strv_contains(schemes, scheme.c_str());

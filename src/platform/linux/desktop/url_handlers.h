@@ -7,14 +7,14 @@
 
 namespace rondora::desktop {
 
-/// Which application opens a URL. Main thread.
+/// Finds the application that opens a URL. Main thread.
 class UrlHandlers {
  public:
-  /// `defaults` outlives this.
+  /// `defaults` must outlive the object.
   explicit UrlHandlers(const DefaultApplications& defaults) : defaults_(defaults) {}
 
-  /// The desktop-entry id of the handler; nothing when `url` is no absolute URL, names a file that is not there, or
-  /// nothing opens it.
+  /// The desktop-entry id of the handler; nothing when `url` is not an absolute URL, names a missing file, or has no
+  /// handler.
   std::optional<std::string> handler(const std::string& url) const;
 
  private:

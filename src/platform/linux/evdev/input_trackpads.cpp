@@ -17,7 +17,7 @@ constexpr unsigned kToolPen = 0x140;
 constexpr unsigned kToolFinger = 0x145;
 constexpr unsigned kIsDirect = 0x01;
 
-/// A bitmap of sysfs: words in hexadecimal, the most significant first, each as wide as the kernel's long.
+/// A sysfs bitmap: hexadecimal words as wide as the kernel's long, the most significant first.
 class Bitmap {
  public:
   explicit Bitmap(const std::filesystem::path& file) {
@@ -39,7 +39,7 @@ class Bitmap {
   std::vector<unsigned long> words_;
 };
 
-/// A touch screen has fingers too, but shows what it points at; a tablet has a pen.
+/// Touch screens report fingers too but are direct devices; tablets have a pen.
 bool isTrackpad(const std::filesystem::path& device) {
   const Bitmap keys(device / "capabilities" / "key");
   const Bitmap absolute(device / "capabilities" / "abs");

@@ -6,10 +6,10 @@
 
 namespace rondora::desktop {
 
-/// Trackpads among the kernel's input devices, told by what sysfs says they can do, which everybody may read.
+/// Trackpads among the kernel's input devices, recognised by their capabilities in sysfs, which every user can read.
 class InputTrackpads final : public Trackpads {
  public:
-  /// `classFolder` has one folder an input device, `deviceFolder` the node of the same name.
+  /// `classFolder` has one folder per input device, `deviceFolder` the node of the same name.
   explicit InputTrackpads(std::filesystem::path classFolder = "/sys/class/input",
                           std::filesystem::path deviceFolder = "/dev/input")
       : classFolder_(std::move(classFolder)), deviceFolder_(std::move(deviceFolder)) {}

@@ -8,15 +8,15 @@
 
 namespace rondora {
 
-/// The tray of the X screen, into which windows are embedded.
+/// The X screen's system tray, which embeds icon windows.
 struct EmbeddingTray {
   std::function<bool()> isThere;
-  /// Calls back after it came or went.
+  /// Subscribes to its coming and going.
   std::function<Subscription(std::function<void()>)> onChanged;
 };
 
-/// The desktop's tray, by whichever protocol it speaks: the session bus where a panel listens there, else the X
-/// screen's tray. Where there is neither, an item waits for the first that comes.
+/// The desktop's tray: over the session bus where a panel listens there, else the X screen's tray. Without either, an
+/// item waits for the first one to appear.
 class QtStatusBar : public StatusBar {
  public:
   explicit QtStatusBar(EmbeddingTray embeddingTray);

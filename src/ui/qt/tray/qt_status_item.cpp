@@ -18,8 +18,8 @@ namespace {
 using Hosts = StatusNotifierWatch::Hosts;
 
 constexpr int kSettlingMilliseconds = 1000;
-/// A panel draws the menu in colours of its own, which nobody tells us: this grey has a contrast of 4.5 : 1 to white as
-/// to black (WCAG 2.1, 1.4.3).
+/// A panel draws the menu in its own colours, which it does not publish: this grey has a contrast of 4.5 : 1 to white
+/// and to black (WCAG 2.1, 1.4.3).
 constexpr Color kLegibleGrey{0.463, 0.463, 0.463, 1};
 
 QString escaped(const std::string& title) { return toQString(title).replace('&', "&&"); }
@@ -89,7 +89,7 @@ void QtStatusItem::enterTray() {
   icon_->setToolTip(toolTip_);
   icon_->setContextMenu(&menu_);
   QObject::connect(&*icon_, &QSystemTrayIcon::activated, &menu_, [this](QSystemTrayIcon::ActivationReason reason) {
-    // To the toolkit a click soon after another one, were it on a menu, is a double click.
+    // The toolkit reports a click soon after another one, even on a menu, as a double click.
     if (reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::DoubleClick) openMenu();
   });
   icon_->show();
@@ -97,12 +97,12 @@ void QtStatusItem::enterTray() {
 
 std::optional<std::string> QtStatusItem::visibilityProblem() const {
   const Hosts hosts = notifierWatch_.hosts();
-  if (hosts == Hosts::unknown) return "the desktop's list of status items does not answer";
+  if (hosts == Hosts::unknown) return "the desktop's status notifier watcher does not answer";
   const bool goesByBus = icon_ ? isOnTheBus_ : hosts == Hosts::none;
   if (goesByBus && hosts != Hosts::present) return "no panel of the desktop shows status items";
   if (goesByBus) return std::nullopt;
   if (!embeddingTray_.isThere()) return "the desktop has no system tray";
-  if (!icon_ || icon_->geometry().isEmpty()) return "the system tray has not taken the item in";
+  if (!icon_ || icon_->geometry().isEmpty()) return "the system tray has not embedded the icon";
   return std::nullopt;
 }
 
@@ -112,8 +112,8 @@ Subscription QtStatusItem::onVisibilityChanged(std::function<void()> observer) {
 
 void QtStatusItem::compareVisibility() {
   auto problem = visibilityProblem();
-  const bool mayStillBeTakenIn = problem && icon_ && !isOnTheBus_ && embeddingTray_.isThere();
-  if (mayStillBeTakenIn) settled_.start();
+  const bool mayStillBeEmbedded = problem && icon_ && !isOnTheBus_ && embeddingTray_.isThere();
+  if (mayStillBeEmbedded) settled_.start();
   if (std::exchange(lastProblem_, problem) != problem) visibilityChanged_.send();
 }
 

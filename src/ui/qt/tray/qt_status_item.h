@@ -11,15 +11,15 @@
 
 namespace rondora {
 
-/// An icon with a menu, in the tray as soon as there is one.
+/// An icon with a menu, which enters the tray as soon as there is one.
 class QtStatusItem : public StatusItem {
  public:
-  /// The trays outlive the item.
+  /// Both trays must outlive the item.
   QtStatusItem(const StatusItemDescription& description, const EmbeddingTray& embeddingTray,
                StatusNotifierWatch& notifierWatch);
 
   void setMenuTitle(std::size_t index, const std::string& title) override;
-  /// The toolkit's own word says nothing: to it an item is visible even where there is no tray at all.
+  /// Ignores QSystemTrayIcon::isVisible, which is true even without a tray.
   std::optional<std::string> visibilityProblem() const override;
   Subscription onVisibilityChanged(std::function<void()> observer) override;
 
@@ -35,13 +35,13 @@ class QtStatusItem : public StatusItem {
   QString name_;
   QString toolTip_;
   QMenu menu_;
-  /// Made when there is a tray: the toolkit settles for one of the two protocols when the first icon is made.
+  /// Created once there is a tray: with its first icon the toolkit settles on one of the two protocols.
   std::optional<QSystemTrayIcon> icon_;
   bool isOnTheBus_ = false;
   bool knowsTrays_ = false;
   Signal<> visibilityChanged_;
   std::optional<std::string> lastProblem_;
-  /// A panel that starts anew is away for a moment, and takes the item in a moment after it has come.
+  /// Debounce: a panel that restarts is briefly absent, and embeds the item a moment after its return.
   QTimer settled_;
   Subscription embeddingTrayObserver_;
   Subscription notifierObserver_;

@@ -4,10 +4,10 @@
 
 namespace rondora {
 
-/// The program's own mark, a ring of sectors with one of them chosen.
+/// The program's own mark, a ring of sectors with one of them highlighted.
 class StatusBarIcon {
  public:
-  /// Without colours, legible on a dark and on a light panel.
+  /// In greys, legible on dark and on light panels.
   static QIcon make();
 };
 

@@ -8,15 +8,15 @@
 
 namespace rondora {
 
-/// Whether a panel shows status items that are announced on the session bus. Never waits for an answer. Main thread.
+/// Whether a panel shows the status items of the session bus. Never blocks. Main thread.
 class StatusNotifierWatch {
  public:
   enum class Hosts {
     /// No answer yet.
     unknown,
-    /// Nobody keeps the list of items.
+    /// No watcher is on the bus.
     noWatcher,
-    /// The list is kept, and no panel shows it.
+    /// A watcher is on the bus, but no panel shows its items.
     none,
     present,
   };

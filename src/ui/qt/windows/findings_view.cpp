@@ -17,8 +17,8 @@ namespace {
 constexpr int kRefreshMilliseconds = 1000;
 constexpr int kMarkSide = 16;
 constexpr int kSpacing = 10;
-constexpr QSize kWidestHint(480, 300);
-// At least 3 : 1 to a light window as to a dark one (WCAG 2.1, 1.4.11).
+constexpr QSize kMaxHint(480, 300);
+// A contrast of at least 3 : 1 on light and on dark windows (WCAG 2.1, 1.4.11).
 constexpr Color kWorksColor{0.14, 0.56, 0.25, 1};
 constexpr Color kFailsColor{0.78, 0.36, 0.0, 1};
 
@@ -27,12 +27,12 @@ QLabel* wrapped(const std::string& text) {
   label->setTextFormat(Qt::PlainText);
   label->setWordWrap(true);
   label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-  // The toolkit's own would be in English.
+  // The toolkit's own menu is in English only.
   label->setContextMenuPolicy(Qt::NoContextMenu);
   return label;
 }
 
-/// Behind the statements, yet easy to read.
+/// Less prominent than the statements, yet easy to read.
 QColor toned(const QPalette& palette) {
   QColor color = palette.color(QPalette::WindowText);
   color.setAlphaF(0.75F);
@@ -66,7 +66,7 @@ void FindingsView::refresh() {
   rebuild();
 }
 
-// Only for a change: what the user selects or has the focus on stays otherwise.
+// Called only on a change, so that a refresh keeps selection and focus.
 void FindingsView::rebuild() {
   auto* page = new QWidget;
   page->setAutoFillBackground(false);
@@ -87,7 +87,7 @@ void FindingsView::rebuild() {
   updateGeometry();
 }
 
-// Widgets that come later would be last in the window.
+// Otherwise widgets added later are last in the Tab order.
 void FindingsView::enterTabOrder() {
   QWidget* previous = predecessor_;
   if (previous == nullptr) return;
@@ -132,9 +132,9 @@ QWidget* FindingsView::makeText(const SessionFinding& finding) const {
 }
 
 QSize FindingsView::sizeHint() const {
-  if (widget() == nullptr || shown_.empty()) return {kWidestHint.width(), 0};
-  const int width = std::clamp(maximumWidth(), 1, kWidestHint.width());
-  return {width, std::min(widget()->heightForWidth(width), kWidestHint.height())};
+  if (widget() == nullptr || shown_.empty()) return {kMaxHint.width(), 0};
+  const int width = std::clamp(maximumWidth(), 1, kMaxHint.width());
+  return {width, std::min(widget()->heightForWidth(width), kMaxHint.height())};
 }
 
 void FindingsView::showEvent(QShowEvent* event) {

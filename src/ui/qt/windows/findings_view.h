@@ -11,7 +11,7 @@
 
 namespace rondora {
 
-/// Findings about the session, each with a mark and what to do about it. While it is on the screen it follows them.
+/// Lists findings about the session, each with a mark and a remedy. Refreshes while it is visible.
 class FindingsView : public QScrollArea {
  public:
   using Source = std::function<std::vector<SessionFinding>()>;
@@ -19,9 +19,9 @@ class FindingsView : public QScrollArea {
 
   FindingsView(Source source, Shows shows);
 
-  /// What screen readers say of the marks.
+  /// Sets the screen-reader names of the marks.
   void setMarkNames(const std::string& works, const std::string& fails);
-  /// Tab comes to the findings from this widget, which lives as long as they do.
+  /// Places the findings behind `predecessor` in the Tab order. `predecessor` must outlive this object.
   void follow(QWidget& predecessor) { predecessor_ = &predecessor; }
   void refresh();
 

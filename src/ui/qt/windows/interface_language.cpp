@@ -10,18 +10,18 @@ namespace rondora {
 
 namespace {
 
-// Where a font lacks a script the toolkit picks another by script alone. Chinese is then written with the Japanese
-// forms of shared characters, and the letters that only Urdu has come from another font than their neighbours.
+// For a script that the font lacks, the toolkit picks a fallback by script alone: Chinese gets the Japanese forms of
+// shared characters, and letters that only Urdu has come from another font than their neighbours.
 const QStringList kForChinese = {"Noto Sans CJK SC", "Noto Sans SC", "Source Han Sans SC", "WenQuanYi Micro Hei"};
 const QStringList kForJapanese = {"Noto Sans CJK JP", "Noto Sans JP", "Source Han Sans JP", "IPAPGothic"};
 const QStringList kForArabicScript = {"Noto Sans Arabic UI", "Noto Sans Arabic", "Noto Naskh Arabic", "Vazirmatn"};
 
-/// The font with the first installed one of `families` before its own. A family that comes later in the list would be
-/// found at the first time only: the toolkit keeps what it has merged under the name of the first.
+/// `font` with the first installed one of `families` in front. A family further back works only once: the toolkit
+/// caches the merged font under the name of the first family.
 QFont withFirstInstalled(const QStringList& families, QFont font) {
   const auto found = std::find_if(families.begin(), families.end(),
                                   [](const QString& family) { return QFontDatabase::hasFamily(family); });
-  // The generic name ("Sans Serif") that may stand in the font would be passed over in a list.
+  // QFontInfo resolves a generic name ("Sans Serif"), which the toolkit ignores in a list.
   if (found != families.end()) font.setFamilies({*found, QFontInfo(font).family()});
   return font;
 }

@@ -7,14 +7,14 @@
 
 namespace rondora {
 
-/// Puts what the toolkit draws itself into a language: the direction of windows and menus, those on the screen
-/// included, and a font with the letter forms of its readers. Needs the application object; main thread.
+/// Sets the layout direction and the font of all windows and menus, visible ones included, for a language. Needs the
+/// application object; main thread.
 void useInterfaceLanguage(AppLanguage language);
 
-/// The font that the interface has in that language.
+/// The interface's font for a language, with its letter forms.
 QFont interfaceFont(AppLanguage language);
 
-/// The font of the present interface, changed where it would take the letters of `text` from fonts that do not join.
+/// The current interface font, replaced for texts whose letters it would take from fonts that do not join.
 QFont interfaceFontFor(const QString& text);
 
 }  // namespace rondora

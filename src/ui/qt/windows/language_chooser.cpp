@@ -10,7 +10,7 @@
 namespace rondora {
 
 LanguageChooser::LanguageChooser(std::function<void(AppLanguage)> choose) {
-  // The one font that leaves every script to the system; in another the toolkit complains of those that it lacks.
+  // The system font leaves every script to font fallback; with others the toolkit warns about scripts they lack.
   setFont(interfaceFont(AppLanguage::english));
   for (const AppLanguage language : kAppLanguages) {
     addItem(toQString(nativeName(language)));
@@ -21,7 +21,7 @@ LanguageChooser::LanguageChooser(std::function<void(AppLanguage)> choose) {
   });
 }
 
-// The Return that chooses from the open list comes here once more, and would go on to the window's default button.
+// The Return that chooses from the open list arrives here again and would press the window's default button.
 void LanguageChooser::keyPressEvent(QKeyEvent* event) {
   if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) QComboBox::keyPressEvent(event);
 }

@@ -7,17 +7,17 @@
 
 namespace rondora {
 
-/// The interface's languages, each under its own name.
+/// A list of the interface's languages, each under its own name.
 class LanguageChooser : public QComboBox {
  public:
-  /// `choose` hears of the user's choices only.
+  /// `choose` is called for the user's choices only.
   explicit LanguageChooser(std::function<void(AppLanguage)> choose);
 
   void setLanguage(AppLanguage language);
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
-  /// Scrolling past must not put the interface into a language that the user cannot read.
+  /// Ignores the wheel, so that scrolling past never sets a language that the user cannot read.
   void wheelEvent(QWheelEvent* event) override;
 };
 

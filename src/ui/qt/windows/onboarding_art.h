@@ -6,7 +6,7 @@
 
 namespace rondora {
 
-/// A small ring in the colours of the first menu, one sector chosen.
+/// A small ring in the colours of the first menu, one sector highlighted.
 QPixmap ringPixmap(double devicePixelRatio);
 
 /// The keys of a hotkey ("Ctrl+Alt+Space") side by side as key caps.

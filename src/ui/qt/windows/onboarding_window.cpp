@@ -17,7 +17,7 @@ namespace {
 
 constexpr int kMargin = 32;
 constexpr int kTextWidth = 400;
-constexpr int kHighestFindings = 180;
+constexpr int kMaxFindingsHeight = 180;
 constexpr double kHeadlineScale = 1.6;
 
 QLabel* centredText(const std::string& text) {
@@ -115,18 +115,18 @@ QWidget* QtOnboardingWindow::makePage(const WindowTexts& texts) {
   return page;
 }
 
-/// What a newcomer would otherwise wonder about: a hotkey that opens nothing, an icon that is not there.
+/// Tells new users why a hotkey or the tray icon does not work.
 void QtOnboardingWindow::addFindings(QVBoxLayout& column, const WindowTexts& texts) {
   auto* findings = new FindingsView(contents_.findings, FindingsView::Shows::whatFails);
   findings->setMarkNames(texts.works, texts.fails);
   findings->setFixedWidth(kTextWidth);
-  findings->setMaximumHeight(kHighestFindings);
+  findings->setMaximumHeight(kMaxFindingsHeight);
   findings->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   findings->refresh();
   column.addWidget(findings, 0, Qt::AlignHCenter);
 }
 
-/// The completion may destroy this object: nothing of it is touched afterwards.
+/// The completion may destroy this object, so it is called last.
 void QtOnboardingWindow::finish() {
   textsChanged_.reset();
   if (dialog_) dialog_.release()->deleteLater();

@@ -20,7 +20,7 @@ class QtOnboardingWindow : public OnboardingWindow {
 
  private:
   void build();
-  /// Replaces all that the window shows by the present texts.
+  /// Rebuilds the window's contents with the current texts.
   void fill();
   QWidget* makePage(const WindowTexts& texts);
   void addFindings(QVBoxLayout& column, const WindowTexts& texts);
@@ -30,7 +30,7 @@ class QtOnboardingWindow : public OnboardingWindow {
   Subscription textsChanged_;
   std::function<void()> completion_;
   std::unique_ptr<QDialog> dialog_;
-  QWidget* page_ = nullptr;  // of the dialog
+  QWidget* page_ = nullptr;  // owned by the dialog
 };
 
 }  // namespace rondora

@@ -11,10 +11,10 @@
 
 namespace rondora {
 
-/// What the windows show, asked for each time that one is shown.
+/// Contents of the windows, queried each time one is shown.
 struct WindowContents {
   std::function<WindowTexts()> texts;
-  /// Calls back after the texts have changed, which windows that are up follow.
+  /// Subscribes to changes of the texts; visible windows update.
   std::function<Subscription(std::function<void()>)> onTextsChanged;
   /// Absolute path of the configuration document.
   std::string documentPath;
@@ -22,7 +22,7 @@ struct WindowContents {
   std::function<AppLanguage()> language;
   std::function<void(AppLanguage)> chooseLanguage;
   std::function<void()> quit;
-  /// What is true of the session at the moment; asked for again and again while a window shows it.
+  /// The current findings about the session; polled while a window shows them.
   std::function<std::vector<SessionFinding>()> findings;
 };
 

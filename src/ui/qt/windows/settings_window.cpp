@@ -25,8 +25,7 @@ void makeHeading(QLabel& label) {
 
 }  // namespace
 
-// The widgets are members and outlive the layouts, which only arrange them; each is taken out of its parent again when
-// it is destroyed, before the window.
+// The widgets are members and outlive the layouts; each leaves its parent when it is destroyed, before the window is.
 QtSettingsWindow::QtSettingsWindow(WindowContents contents)
     : contents_(std::move(contents)),
       language_(contents_.chooseLanguage),
@@ -38,7 +37,7 @@ QtSettingsWindow::QtSettingsWindow(WindowContents contents)
 }
 
 void QtSettingsWindow::build() {
-  // A window of its own, not one that belongs to another.
+  // An independent window, not a dialog of another.
   window_.setWindowFlags(Qt::Window);
   window_.setWindowIcon(StatusBarIcon::make());
   window_.resize(kInitialSize);
@@ -56,7 +55,7 @@ void QtSettingsWindow::build() {
   close_.setDefault(true);
 }
 
-// In the order in which Tab goes through them.
+// In Tab order.
 void QtSettingsWindow::arrange() {
   auto* column = new QVBoxLayout(&window_);
   column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
@@ -89,7 +88,7 @@ void QtSettingsWindow::connectButtons() {
   QObject::connect(&quit_, &QPushButton::clicked, &window_, [this] {
     if (contents_.quit) contents_.quit();
   });
-  // Escape closes every dialog.
+  // QDialog handles Escape.
   new QShortcut(QKeySequence::Close, &window_, &window_, &QWidget::close);
   new QShortcut(QKeySequence(QStringLiteral("Ctrl+Q")), &window_, &quit_, &QPushButton::click);
 }

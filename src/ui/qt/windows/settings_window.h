@@ -11,7 +11,7 @@
 
 namespace rondora {
 
-/// One window, reused however often it is shown.
+/// One window, reused each time it is shown.
 class QtSettingsWindow : public SettingsWindow {
  public:
   explicit QtSettingsWindow(WindowContents contents);

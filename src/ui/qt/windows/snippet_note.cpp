@@ -17,15 +17,15 @@ namespace rondora {
 
 namespace {
 
-constexpr int kWidestText = 320;
-constexpr int kMostLines = 12;
+constexpr int kMaxTextWidth = 320;
+constexpr int kMaxLines = 12;
 constexpr int kPadding = 12;
 constexpr int kSpaceAboveHint = 8;
 constexpr double kCornerRadius = 9;
 constexpr double kHintFontScale = 0.86;
-constexpr double kTabWidth = 4;  // of a space
+constexpr double kTabWidth = 4;  // in spaces
 constexpr QChar kEllipsis(0x2026);
-/// Characters that give way to it, so that it does not begin a line of its own.
+/// Characters dropped in front of the ellipsis, so that it does not wrap to a line of its own.
 constexpr int kRoomOfEllipsis = 3;
 
 const QColor kBackground(30, 31, 36);
@@ -43,10 +43,10 @@ void setText(QTextDocument& document, const QString& text, double fontScale) {
   document.setDefaultFont(font);
   document.setDefaultTextOption(option);
   document.setPlainText(text);
-  document.setTextWidth(kWidestText);
+  document.setTextWidth(kMaxTextWidth);
 }
 
-/// Where the text ends that `lines` lines show; negative when they show it all.
+/// End position of the text that fits into `lines` lines; negative when all of it fits.
 int endOfLines(const QTextDocument& document, int lines) {
   document.size();  // lays out
   for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
@@ -82,7 +82,7 @@ SnippetNote::SnippetNote()
 
 void SnippetNote::setTexts(const QString& snippet, const QString& hint) {
   setText(snippet_, snippet, 1);
-  if (const int end = endOfLines(snippet_, kMostLines); end >= 0) {
+  if (const int end = endOfLines(snippet_, kMaxLines); end >= 0) {
     setText(snippet_, snippet.left(end - kRoomOfEllipsis).trimmed() + kEllipsis, 1);
   }
   setText(hint_, hint, kHintFontScale);
@@ -95,7 +95,7 @@ void SnippetNote::setTexts(const QString& snippet, const QString& hint) {
   update();
 }
 
-/// Without a compositor they would be black.
+/// Without a compositor the corners would be black.
 void SnippetNote::cutCorners() {
   if (qtIsComposited()) return clearMask();
   QPainterPath shape;

@@ -5,13 +5,13 @@
 
 namespace rondora {
 
-/// The window of a snippet's preview: the beginning of the snippet and below it a hint what becomes of it. Looks like a
-/// part of the ring whatever the desktop's colours are. Paragraphs follow their own direction.
+/// The preview window of a snippet: its beginning and a hint about what happens to it. Looks like a part of the ring,
+/// whatever the desktop's colours. Each paragraph has its own direction.
 class SnippetNote : public QWidget {
  public:
   SnippetNote();
 
-  /// Takes the size that the texts need; long snippets are cut off.
+  /// Resizes to fit the texts; long snippets are truncated.
   void setTexts(const QString& snippet, const QString& hint);
 
  protected:

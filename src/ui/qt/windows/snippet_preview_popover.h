@@ -10,7 +10,7 @@ namespace rondora {
 
 class QtSnippetPreviewPopover : public SnippetPreviewPopover {
  public:
-  /// `hint` is asked for each time that a snippet is shown.
+  /// `hint` is queried each time that a snippet is shown.
   explicit QtSnippetPreviewPopover(std::function<std::string()> hint) : hint_(std::move(hint)) {}
 
   void show(std::string_view text, const Place& place) override;

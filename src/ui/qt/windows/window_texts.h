@@ -4,7 +4,7 @@
 
 namespace rondora {
 
-/// Everything that the program's windows say, in the user's language.
+/// All texts of the program's windows, in the user's language.
 struct WindowTexts {
   std::string settingsTitle;
   std::string settingsIntroduction;
@@ -13,7 +13,7 @@ struct WindowTexts {
   std::string language;
   std::string copy;
   std::string sessionHeading;
-  /// What screen readers say of the marks before findings.
+  /// Screen-reader names of the marks before findings.
   std::string works;
   std::string fails;
   std::string quit;
