@@ -49,7 +49,7 @@ TEST_F(SessionReportTest, SaysWhatWorksAndWhatToDoAboutWhatDoesNot) {
             with({"+This is an X11 sessi", "-The hotkey of the me", "-Rondora cannot use t"}));
   EXPECT_EQ(outline(report(wayland, Hotkeys{{49, 0}})), with({"-This is a Wayland se"}));
   EXPECT_EQ(outline(report(bare, {})),
-            (Outline{"+This is an X11 sessi", "-This desktop has no ", "-The X server takes n"}));
+            (Outline{"+This is an X11 sessi", "-This desktop has no ", "-The X server accepts"}));
   EXPECT_EQ(report({}, Hotkeys{HotkeyConfig{}}, true).back().statement.substr(0, 30), "This version does not react to");
   EXPECT_EQ(report(locked, Hotkeys{HotkeyConfig{}}, true).back().statement.substr(0, 30),
             "Rondora may not read the track");
