@@ -10,6 +10,7 @@
 #include <thread>
 #include <vector>
 
+#include "live/end_to_end/running_program.h"
 #include "support/contenders.h"
 #include "support/measurement.h"
 #include "support/stage.h"
@@ -113,7 +114,7 @@ void startUp(const std::string& name, Start start, int starts) {
   report(name, "ms", times);
 }
 
-void binarySize(const std::string& name, const char* file) {
+void binarySize(const std::string& name, const std::string& file) {
   reportValue(name, "MiB", static_cast<double>(std::filesystem::file_size(file)) / (1024 * 1024));
 }
 
@@ -144,7 +145,7 @@ void measure() {
   constexpr int kStarts = 20;
   startUp("footprint.own.start", own, kStarts);
   startUp("footprint.peer.start", peer, kStarts);
-  binarySize("footprint.own.binary", RONDORA_PROGRAM);
+  binarySize("footprint.own.binary", live::RunningProgram::file());
   binarySize("footprint.peer.binary", "/usr/bin/gnome-pie");
   atRest("footprint.own", own, kOwnKey);
   atRest("footprint.peer", peer, kPeerKey);

@@ -1,5 +1,5 @@
-// From the press of the hotkey to the ring on screen, beside a peer under the same server, window manager and
-// compositor.
+// From the press of the hotkey to the ring on screen, beside a peer and beside a bare window under the same server,
+// window manager and compositor.
 
 #include <algorithm>
 #include <iostream>
@@ -25,18 +25,20 @@ void warmUp(Stage& stage, std::initializer_list<std::uint8_t> keys) {
   }
 }
 
-/// What the three rings took, in turns.
+/// What the openings took, in turns.
 struct Run {
-  Samples first, complete, animated, peer;
+  Samples first, complete, animated, peer, bare;
 
   void takeTurn(Stage& stage) {
     const Opening own = stage.openAndClose(kOwnKey);
     const Opening other = stage.openAndClose(kPeerKey);
     const Opening moving = stage.openAndClose(kOwnAnimatedKey);
+    const Opening limit = stage.openAndClose(kBareKey);
     first.add(own.firstChange);
     complete.add(own.complete);
     peer.add(other.firstChange);
     animated.add(moving.firstChange);
+    bare.add(limit.firstChange);
   }
 };
 
@@ -46,13 +48,14 @@ void reportRuns(const std::string& name, const std::vector<Run>& runs, Samples R
   report(name, "ms", samples);
 }
 
-/// The programs take turns, so that whatever else the machine does falls on both. A turn in which a ring does not come
-/// in five seconds is left out and counted.
-void warmBesideThePeer(int openings, std::size_t runs) {
+/// The programs take turns, so that other load on the machine affects all of them. A turn in which a ring takes more
+/// than five seconds is left out and counted.
+void warmInTurns(int openings, std::size_t runs) {
   Stage stage("warm", Compositor::picom);
   const auto own = startRondora(stage.desktop, stage.client);
   const auto peer = startPeer(stage.desktop, stage.client);
-  warmUp(stage, {kOwnKey, kOwnAnimatedKey, kPeerKey});
+  const auto bare = startBareWindow(stage.desktop, stage.client);
+  warmUp(stage, {kOwnKey, kOwnAnimatedKey, kPeerKey, kBareKey});
   std::vector<Run> measured(runs);
   int lost = 0;
   for (Run& run : measured) {
@@ -70,6 +73,7 @@ void warmBesideThePeer(int openings, std::size_t runs) {
   reportRuns("open.warm.picom.complete", measured, &Run::complete);
   reportRuns("open.warm.picom.animated", measured, &Run::animated);
   reportRuns("open.warm.picom.peer", measured, &Run::peer);
+  reportRuns("open.warm.picom.bare", measured, &Run::bare);
   reportValue("open.warm.picom.left_out", "turns", lost);
 }
 
@@ -111,7 +115,7 @@ void firstAfterStart(int starts) {
 void measure() {
   const int openings = numberFromEnvironment("RONDORA_BENCH_OPENINGS", 500);
   const int few = std::max(openings / 5, 10);
-  warmBesideThePeer(openings, static_cast<std::size_t>(numberFromEnvironment("RONDORA_BENCH_RUNS", 3)));
+  warmInTurns(openings, static_cast<std::size_t>(numberFromEnvironment("RONDORA_BENCH_RUNS", 3)));
   firstAfterStart(std::max(openings / 25, 3));
   warmAlone("open.warm.plain", 8, Compositor::none, few);
   warmAlone("open.warm.picom.12items", 12, Compositor::picom, few);

@@ -66,13 +66,17 @@ Contender startRondora(const PrivateDesktop& desktop, XClient& client, const Own
   writeFile(RunningProgram::defaults(desktop),
             "pie.hasSeenPermissionIntro=true\npie.hasAutoOpenedSettingsAfterPermissions=true\n"
             "pie.settingsAutoOpenAfterPermissionsMigrationDone=true\n");
-  return startAndWait(desktop, client, {"env", "QT_SCALE_FACTOR=" + std::to_string(setting.scale), RONDORA_PROGRAM},
-                      kHotkeys);
+  return startAndWait(desktop, client,
+                      {"env", "QT_SCALE_FACTOR=" + std::to_string(setting.scale), RunningProgram::file()}, kHotkeys);
 }
 
 Contender startPeer(const PrivateDesktop& desktop, XClient& client) {
   writeFile(desktop.configHome() / "gnome-pie" / "pies.conf", peerRings());
   return startAndWait(desktop, client, {"gnome-pie"}, 1);
+}
+
+Contender startBareWindow(const PrivateDesktop& desktop, XClient& client) {
+  return startAndWait(desktop, client, {RONDORA_BARE_WINDOW}, 1);
 }
 
 }  // namespace rondora::bench

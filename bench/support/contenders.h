@@ -11,6 +11,7 @@ namespace rondora::bench {
 inline constexpr std::uint8_t kOwnKey = live::key::space;      // no opening animation
 inline constexpr std::uint8_t kOwnAnimatedKey = live::key::b;  // the animation that a new menu has
 inline constexpr std::uint8_t kPeerKey = live::key::q;
+inline constexpr std::uint8_t kBareKey = live::key::n;
 
 /// A program whose hotkeys are bound.
 struct Contender {
@@ -30,5 +31,9 @@ Contender startRondora(const live::PrivateDesktop& desktop, live::XClient& clien
 
 /// The peer with a ring of eight items, likewise. It is seen only from outside.
 Contender startPeer(const live::PrivateDesktop& desktop, live::XClient& client);
+
+/// A program that only maps a painted window (bare_window.cpp), likewise: the limit that the server and the compositor
+/// set.
+Contender startBareWindow(const live::PrivateDesktop& desktop, live::XClient& client);
 
 }  // namespace rondora::bench

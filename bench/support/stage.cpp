@@ -94,7 +94,7 @@ Opening Stage::openAndClose(std::uint8_t key) {
 }
 
 void Stage::recover() {
-  for (const std::uint8_t key : {key::space, key::b, key::q}) client.fakeKeyUp(key);
+  for (const std::uint8_t key : {key::space, key::b, key::q, key::n}) client.fakeKeyUp(key);
   release(key::escape);
   release(key::escape);
   require(watcher->waitForBaseline(kPause, 3 * kLimit), "the screen does not come back");

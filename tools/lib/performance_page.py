@@ -21,7 +21,9 @@ SECTIONS = [
      "annulus have changed. `complete`: to the first capture that equals the final picture. Eight items with icons and "
      "no opening animation unless the name says otherwise; `animated` has the usual one. The peer is gnome-pie with "
      "eight icons under the same X server, openbox and picom (xrender), opened in turns with ours; its first change is "
-     "the beginning of its fade, ours the whole ring. `first`: two seconds after the hotkey was bound.",
+     "the beginning of its fade, ours the whole ring. `bare`, in turns with both: a program that on a passive grab only "
+     "maps an ARGB window with a painted background and grabs the keyboard (`bench/support/bare_window.cpp`), the limit "
+     "that the server and the compositor set. `first`: two seconds after the hotkey was bound.",
      r"^open\."),
     ("What an opening is made of",
      "The stages inside the unchanged program, by the kernel's probes at the entry and the return of its functions "
@@ -90,6 +92,19 @@ def table(figures):
     return "\n".join(lines + [row(figure) for figure in figures])
 
 
+def comparison(figures):
+    """Our openings beside those of the contenders that took turns with them."""
+    names = ("open.warm.picom", "open.warm.picom.peer", "open.warm.picom.bare")
+    found = {figure["name"]: figure for figure in figures}
+    if any(name not in found for name in names):
+        return ""
+    lines = ["| first change, ms | ours | peer | bare window | ours / peer | ours / bare |", "|---|---|---|---|---|---|"]
+    for percentile in ("p50", "p95", "p99"):
+        ours, peer, bare = (found[name][percentile] for name in names)
+        lines.append(f"| {percentile} | {ours:g} | {peer:g} | {bare:g} | {ours / peer:.2f} | {ours / bare:.2f} |")
+    return "\n".join(lines)
+
+
 def circumstances(runs):
     lines = ["| program | ended | load average before | after |", "|---|---|---|---|"]
     lines += [f"| {run['run']} | {run['date']} | {run['load_before']} | {run['load_after']} |" for run in runs]
@@ -118,8 +133,8 @@ def main():
     for heading, text, pattern in SECTIONS:
         covered = [figure for figure in figures if re.search(pattern, figure["name"])]
         figures = [figure for figure in figures if figure not in covered]
-        parts = [text, table(covered) if covered else "", notes(heading)]
-        if covered or parts[2]:
+        parts = [text, comparison(covered), table(covered) if covered else "", notes(heading)]
+        if covered or parts[3]:
             print("\n\n".join([f"## {heading}"] + [part for part in parts if part]) + "\n")
     if figures:
         print(f"## More\n\n{table(figures)}\n")

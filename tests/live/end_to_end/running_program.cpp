@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstdlib>
 #include <sstream>
 #include <stdexcept>
 
@@ -32,6 +33,11 @@ std::size_t hotkeysIn(const std::string& configuration) {
 
 }  // namespace
 
+std::string RunningProgram::file() {
+  const char* other = std::getenv("RONDORA_PROGRAM");
+  return other != nullptr ? other : RONDORA_PROGRAM;
+}
+
 std::filesystem::path RunningProgram::document(const PrivateDesktop& desktop) {
   return desktop.configHome() / "Rondora" / "config.json";
 }
@@ -45,7 +51,7 @@ RunningProgram::RunningProgram(PrivateDesktop& desktop, XClient& client, const s
     : desktop_(desktop), client_(client) {
   if (!configuration.empty()) writeFile(document(desktop), configuration);
   if (introduction == Introduction::seen) writeFile(defaults(desktop), kDefaults);
-  process_ = desktop.start({RONDORA_PROGRAM});
+  process_ = desktop.start({file()});
   const bool ready = waitUntil([this] { return !process_->isRunning() || boundKeys() >= kGrabsPerHotkey; });
   if (!ready || !process_->isRunning()) {
     throw std::runtime_error("the program bound no hotkey: " + readFile(desktop.logFile("rondora")));

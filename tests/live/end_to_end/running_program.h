@@ -45,6 +45,8 @@ class RunningProgram {
   /// Managed windows of the program: settings and the like, never the ring.
   std::vector<xcb_window_t> managedWindows();
 
+  /// The program's file: that of this build, or RONDORA_PROGRAM of the environment.
+  static std::string file();
   static std::filesystem::path document(const PrivateDesktop& desktop);
   static std::filesystem::path defaults(const PrivateDesktop& desktop);
 

@@ -12,7 +12,7 @@ class SessionTest : public EndToEndTest {
  protected:
   /// Starts the program once more, and returns its exit status once it has ended.
   std::optional<int> startAgain(const std::string& variable = "LC_ALL=C.UTF-8") {
-    const auto second = desktop_.start({"env", variable, RONDORA_PROGRAM});
+    const auto second = desktop_.start({"env", variable, RunningProgram::file()});
     if (!waitUntil([&] { return !second->isRunning(); })) return std::nullopt;
     return second->wait();
   }
