@@ -1,0 +1,48 @@
+#include <QCoreApplication>
+#include <QImage>
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "require.h"
+#include "ui/qt/painting/qt_picture_codec.h"
+
+// A picture is whatever a server sends: any bytes give either nothing or a PNG that fits into the square, and which
+// stays the same size when it is read again.
+
+namespace rondora {
+namespace {
+
+constexpr int kSide = 64;
+
+QImage decoded(const std::string& png) {
+  return QImage::fromData(reinterpret_cast<const uchar*>(png.data()), static_cast<int>(png.size()), "png");
+}
+
+void check(std::string_view bytes) {
+  QtPictureCodec codec;
+  const auto thumbnail = codec.thumbnail(bytes, kSide);
+  if (!thumbnail) return;
+  const QImage image = decoded(*thumbnail);
+  require(!image.isNull(), "a thumbnail is a PNG");
+  require(std::max(image.width(), image.height()) <= kSide, "a thumbnail fits into the square");
+  const auto again = codec.thumbnail(*thumbnail, kSide);
+  require(again && decoded(*again).size() == image.size(), "a thumbnail keeps its size");
+}
+
+}  // namespace
+}  // namespace rondora
+
+/// The readers of most formats are plug-ins, which the toolkit looks for from the application's folder.
+extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
+  static const QCoreApplication application(*argc, *argv);
+  qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+  return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  rondora::check({reinterpret_cast<const char*>(data), size});
+  return 0;
+}
