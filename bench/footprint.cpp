@@ -10,7 +10,7 @@
 #include <thread>
 #include <vector>
 
-#include "live/end_to_end/running_program.h"
+#include "desktop/running_program.h"
 #include "support/contenders.h"
 #include "support/measurement.h"
 #include "support/stage.h"

@@ -5,13 +5,13 @@
 #include <stdexcept>
 #include <string>
 
-#include "live/end_to_end/document.h"
-#include "live/end_to_end/running_program.h"
+#include "desktop/document.h"
+#include "desktop/private_desktop.h"
+#include "desktop/running_program.h"
+#include "desktop/wait.h"
 #include "support/frame_watcher.h"
 #include "support/measurement.h"
-#include "support/private_desktop.h"
 #include "support/statistics.h"
-#include "support/wait.h"
 
 namespace rondora::bench {
 namespace {

@@ -3,15 +3,11 @@
 add_library(rondora_options INTERFACE)
 target_include_directories(rondora_options INTERFACE ${CMAKE_SOURCE_DIR}/src)
 target_compile_options(rondora_options INTERFACE -Wall -Wextra -Wconversion -Wshadow)
-# GCC 12, when it optimises, sees overlaps in "text" + std::string and unset values in std::variant that cannot be.
-if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
-  target_compile_options(rondora_options INTERFACE -Wno-restrict -Wno-maybe-uninitialized)
-endif()
 if(RONDORA_WARNINGS_AS_ERRORS)
   target_compile_options(rondora_options INTERFACE -Werror)
 endif()
-# GCC 12, when it optimises, sees overlapping copies in the library's own string operations (its bug 105329) and unset
-# values in std::variant and std::optional that cannot be.
+# False positives of GCC 12 at -O2: overlapping copies in the standard library's string operations (GCC bug 105329) and
+# uninitialised values in std::variant and std::optional.
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   target_compile_options(rondora_options INTERFACE -Wno-restrict -Wno-maybe-uninitialized)
 endif()
@@ -40,7 +36,7 @@ function(rondora_unit_test name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS")
   add_executable(${name} ${arg_SOURCES})
   target_link_libraries(${name} PRIVATE rondora_options ${arg_LINKS} GTest::gmock GTest::gtest_main)
-  target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+  target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests ${CMAKE_SOURCE_DIR}/tools)
   target_compile_definitions(${name} PRIVATE RONDORA_FIXTURES="${CMAKE_SOURCE_DIR}/tests/fixtures")
   add_test(NAME unit.${name} COMMAND ${name})
   set_tests_properties(unit.${name} PROPERTIES LABELS unit TIMEOUT 300)

@@ -8,7 +8,7 @@
 #include <cstdlib>
 
 #include "base/owned.h"
-#include "support/x_client.h"
+#include "desktop/x_client.h"
 
 namespace rondora::bench {
 namespace {

@@ -5,10 +5,10 @@
 #include <utility>
 #include <vector>
 
-#include "live/end_to_end/document.h"
-#include "live/end_to_end/running_program.h"
+#include "desktop/document.h"
+#include "desktop/running_program.h"
+#include "desktop/wait.h"
 #include "support/frame_watcher.h"
-#include "support/wait.h"
 
 namespace rondora::bench {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <memory>
 
-#include "support/private_desktop.h"
-#include "support/x_client.h"
+#include "desktop/private_desktop.h"
+#include "desktop/x_client.h"
 
 namespace rondora::bench {
 

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "base/owned.h"
-#include "support/x_client.h"
+#include "desktop/x_client.h"
 
 namespace rondora::bench {
 

@@ -5,7 +5,7 @@
 #include <stdexcept>
 #include <utility>
 
-#include "support/wait.h"
+#include "desktop/wait.h"
 
 namespace rondora::bench {
 namespace {

@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
+#include "desktop/private_desktop.h"
+#include "desktop/x_client.h"
 #include "support/frame_watcher.h"
-#include "support/private_desktop.h"
-#include "support/x_client.h"
 
 namespace rondora::bench {
 

@@ -1,52 +1,42 @@
-# A short tour of the program on a private desktop, played as an independent client would: keys and pointer through
-# XTest, and only what the X server, the window manager and the screen show counts. Source private_desktop.sh first.
+#!/usr/bin/env bash
+# A short tour of the program, played as an independent client would: keys and pointer through XTest, and only what the
+# X server, the window manager and the screen show counts. Needs a private desktop of 1280x800: tour.sh PROGRAM FOLDER
+# Numbered PNG files go to FOLDER; the exit status says whether every step succeeded.
+set -euo pipefail
+program=$1
+pictures=$2
 
 readonly tour_patience=15 # seconds; only a failing step waits that long
 readonly tour_centre_x=640 tour_centre_y=400
 
-# play_tour PROGRAM FOLDER: numbered PNG files go to FOLDER. True when every step did what it should.
-play_tour() {
-  local program=$1
-  pictures=$2
-  failures=0
-  picture_number=0
-  trap 'exit 130' INT TERM
-  trap stop_processes EXIT
-  rm -rf "$pictures"
-  mkdir -p "$pictures"
-  start_tour_desktop
-  start_process rondora "$program"
-  program_pid=$last_started_pid
-
-  step "The introduction shows itself once; closing it leaves only the program in the tray" tour_introduction
-  step "Ctrl+Alt+Space opens the ring at the pointer" tour_opening
-  step "Pointing at a sector highlights it; letting go opens the text editor" tour_pointing
-  step "The key of a sector, 2, opens the file manager" tour_quick_select
-  step "Tapping Space again steps through the sectors and wraps; letting go opens the terminal" tour_stepping
-  step "Escape closes the ring and changes nothing" tour_escape
-  step "A request to end is answered in order" tour_end
-
-  echo "Pictures: $pictures ($picture_number)"
-  [ "$failures" -eq 0 ] || echo "$failures steps did not do what they should."
-  [ "$failures" -eq 0 ]
+# wait_until SECONDS COMMAND…: false when the command does not succeed in time.
+wait_until() {
+  local deadline=$((SECONDS + $1))
+  shift
+  until "$@"; do
+    [ "$SECONDS" -lt "$deadline" ] || return 1
+    sleep 0.02
+  done
 }
 
-start_tour_desktop() {
-  make_private_home
-  mkdir -p "$XDG_CONFIG_HOME/gtk-3.0"
-  # Nothing may blink while pictures are compared.
+# A zombie has ended, too.
+process_has_ended() {
+  local state
+  state=$(sed -n 's/^State:[[:space:]]*\(.\).*/\1/p' "/proc/$1/status" 2>/dev/null) || return 0
+  [ -z "$state" ] || [ "$state" = Z ]
+}
+
+start_program() {
+  mkdir -p "$XDG_CONFIG_HOME"/{gtk-3.0,Rondora}
+  # A blinking cursor would make two pictures of the same differ.
   printf '[Settings]\ngtk-cursor-blink=0\n' >"$XDG_CONFIG_HOME/gtk-3.0/settings.ini"
-  printf 'panel_items = TS\npanel_size = 100%% 28\npanel_position = bottom center\n' >"$XDG_CONFIG_HOME/tray"
-  # The settings do not open by themselves after the introduction.
-  mkdir -p "$XDG_CONFIG_HOME/Rondora"
+  # Keeps the settings closed after the introduction.
   echo 'pie.hasAutoOpenedSettingsAfterPermissions=true' >"$XDG_CONFIG_HOME/Rondora/defaults"
-  start_private_display 1280x800
-  start_window_manager openbox
-  start_compositor
-  start_tray "$XDG_CONFIG_HOME/tray"
+  "$program" >"$HOME/program.log" 2>&1 </dev/null &
+  program_pid=$!
 }
 
-# step TITLE COMMAND: keys are up again afterwards, whatever happened.
+# step TITLE COMMAND: releases all keys afterwards.
 step() {
   shown=
   if "$2"; then
@@ -60,7 +50,7 @@ step() {
   let_go
 }
 
-# picture NAME: what the screen shows, as the next numbered file.
+# picture NAME: saves the screen as the next numbered file.
 picture() {
   picture_number=$((picture_number + 1))
   last_picture=$(printf '%s/%02d-%s.png' "$pictures" "$picture_number" "$1")
@@ -101,7 +91,7 @@ ring_is_closed() { ! ring_is_open; }
 
 readonly tour_crop=340x340+$((tour_centre_x - 170))+$((tour_centre_y - 170))
 
-# A sum of what is painted around the centre of the ring.
+# A checksum of the pixels around the centre of the ring.
 ring_sum() { import -silent -window root -crop "$tour_crop" rgb:- | cksum; }
 ring_is_still() {
   local before=$last_sum
@@ -120,7 +110,7 @@ open_ring() {
   wait_until "$tour_patience" ring_is_open && settle
 }
 
-# Whether two pictures show the same ring; a rounding in the colour of a pixel does not count.
+# Whether two pictures show the same ring, up to rounding of colours.
 same_ring() {
   [ "$(compare -metric AE -fuzz 3% -extract "$tour_crop" "$1" "$2" null: 2>&1)" = 0 ]
 }
@@ -213,3 +203,21 @@ tour_end() {
   shown="exit status $status"
   [ "$status" -eq 0 ]
 }
+
+failures=0
+picture_number=0
+rm -rf "$pictures"
+mkdir -p "$pictures"
+start_program
+
+step "The introduction opens once; after it is closed, only the tray icon is left" tour_introduction
+step "Ctrl+Alt+Space opens the ring at the pointer" tour_opening
+step "Pointing at a sector highlights it; releasing the keys opens the text editor" tour_pointing
+step "The key of a sector, 2, opens the file manager" tour_quick_select
+step "Tapping Space again steps through the sectors and wraps; releasing the keys opens the terminal" tour_stepping
+step "Escape closes the ring and changes nothing" tour_escape
+step "SIGTERM ends the program with status 0" tour_end
+
+echo "Pictures: $pictures ($picture_number)"
+[ "$failures" -eq 0 ] || echo "$failures steps failed."
+[ "$failures" -eq 0 ]

@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <string>
 
-#include "support/temporary_folder.h"
+#include "desktop/temporary_folder.h"
 
 namespace rondora::desktop {
 

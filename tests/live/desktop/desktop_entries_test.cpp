@@ -3,10 +3,10 @@
 #include <gio/gio.h>
 #include <gtest/gtest.h>
 
+#include "desktop/wait.h"
 #include "doubles/fake_session.h"
 #include "live/desktop/applications_folder.h"
 #include "platform/linux/desktop/installed_applications.h"
-#include "support/wait.h"
 
 namespace rondora::desktop {
 namespace {

@@ -3,6 +3,7 @@
 
 #include <limits>
 
+#include "desktop/temporary_folder.h"
 #include "doubles/fake_devices.h"
 #include "doubles/fake_log.h"
 #include "doubles/fake_session.h"
@@ -12,7 +13,6 @@
 #include "platform/posix/posix_file_system.h"
 #include "storage/config_manager.h"
 #include "storage/legacy_pie_menu_migration.h"
-#include "support/temporary_folder.h"
 
 // What is on disk when the program is killed at any point of its writing.
 

@@ -3,10 +3,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "desktop/temporary_folder.h"
 #include "doubles/fake_log.h"
 #include "doubles/fake_session.h"
 #include "platform/posix/posix_file_system.h"
-#include "support/temporary_folder.h"
 
 namespace rondora::desktop {
 namespace {

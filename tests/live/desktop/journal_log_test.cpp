@@ -9,7 +9,7 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "support/temporary_folder.h"
+#include "desktop/temporary_folder.h"
 
 namespace rondora::desktop {
 namespace {

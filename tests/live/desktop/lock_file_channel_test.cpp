@@ -6,8 +6,8 @@
 #include <future>
 #include <memory>
 
+#include "desktop/temporary_folder.h"
 #include "doubles/fake_session.h"
-#include "support/temporary_folder.h"
 
 namespace rondora::desktop {
 namespace {

@@ -6,9 +6,9 @@
 
 #include <cerrno>
 
+#include "desktop/temporary_folder.h"
 #include "doubles/fake_session.h"
 #include "live/desktop/system_call_spy.h"
-#include "support/temporary_folder.h"
 
 namespace rondora::desktop {
 namespace {

@@ -9,11 +9,11 @@
 #include <ostream>
 #include <string>
 
-#include "live/end_to_end/document.h"
-#include "live/end_to_end/running_program.h"
-#include "support/private_desktop.h"
-#include "support/wait.h"
-#include "support/x_client.h"
+#include "desktop/document.h"
+#include "desktop/private_desktop.h"
+#include "desktop/running_program.h"
+#include "desktop/wait.h"
+#include "desktop/x_client.h"
 
 namespace rondora::live {
 

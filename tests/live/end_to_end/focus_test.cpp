@@ -1,5 +1,5 @@
+#include "desktop/key_logger.h"
 #include "live/end_to_end/end_to_end_test.h"
-#include "support/key_logger.h"
 
 namespace rondora::live {
 namespace {

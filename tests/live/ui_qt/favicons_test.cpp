@@ -5,10 +5,10 @@
 #include <QImage>
 #include <QTemporaryDir>
 
+#include "desktop/wait.h"
 #include "live/ui_qt/web_server.h"
 #include "platform/qt/event_turns.h"
 #include "platform/qt/qt_network_fetch.h"
-#include "support/wait.h"
 #include "ui/qt/painting/qt_picture_codec.h"
 
 namespace rondora {

@@ -9,8 +9,8 @@
 #include <string>
 #include <thread>
 
+#include "desktop/wait.h"
 #include "platform/qt/event_turns.h"
-#include "support/wait.h"
 
 namespace rondora {
 namespace {

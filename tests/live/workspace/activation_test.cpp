@@ -1,8 +1,8 @@
 #include <gmock/gmock.h>
 
+#include "desktop/wait.h"
+#include "desktop/x_server.h"
 #include "live/workspace/workspace_test.h"
-#include "support/wait.h"
-#include "support/x_server.h"
 
 namespace rondora::live {
 namespace {

@@ -3,10 +3,10 @@
 #include <map>
 #include <thread>
 
+#include "desktop/key_logger.h"
+#include "desktop/wait.h"
 #include "live/workspace/workspace_test.h"
 #include "platform/linux/x11/windows/x11_window_list.h"
-#include "support/key_logger.h"
-#include "support/wait.h"
 
 namespace rondora::live {
 namespace {

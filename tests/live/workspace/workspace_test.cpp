@@ -2,7 +2,7 @@
 
 #include <cstdlib>
 
-#include "support/wait.h"
+#include "desktop/wait.h"
 
 namespace rondora::live {
 namespace {

@@ -7,13 +7,13 @@
 #include <string>
 #include <vector>
 
+#include "desktop/private_desktop.h"
+#include "desktop/x_client.h"
 #include "platform/linux/desktop/installed_applications.h"
 #include "platform/linux/x11/windows/x11_application_icons.h"
 #include "platform/linux/x11/windows/x11_client_windows.h"
 #include "platform/linux/x11/windows/x11_workspace.h"
 #include "platform/posix/posix_process_environment.h"
-#include "support/private_desktop.h"
-#include "support/x_client.h"
 
 namespace rondora::live {
 

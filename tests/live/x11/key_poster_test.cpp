@@ -4,10 +4,10 @@
 #include <stop_token>
 #include <thread>
 
+#include "desktop/key_logger.h"
+#include "desktop/wait.h"
 #include "platform/linux/x11/connection/xcb_xkb.h"
 #include "platform/linux/x11/typing/xtest_key_poster.h"
-#include "support/key_logger.h"
-#include "support/wait.h"
 #include "x11_test.h"
 
 namespace rondora::live {

@@ -5,8 +5,8 @@
 #include <optional>
 #include <utility>
 
+#include "desktop/x_reply.h"
 #include "doubles/allocation_counter.h"
-#include "support/x_reply.h"
 #include "x11_test.h"
 
 namespace rondora::live {

@@ -5,8 +5,8 @@
 #include <chrono>
 #include <utility>
 
-#include "support/wait.h"
-#include "support/x_reply.h"
+#include "desktop/wait.h"
+#include "desktop/x_reply.h"
 
 namespace rondora::live {
 namespace {

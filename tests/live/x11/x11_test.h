@@ -9,6 +9,8 @@
 #include <vector>
 
 #include "base/owned.h"
+#include "desktop/x_client.h"
+#include "desktop/x_server.h"
 #include "doubles/virtual_time.h"
 #include "platform/linux/x11/connection/x11_connection.h"
 #include "platform/linux/x11/keyboard/raw_key_releases.h"
@@ -20,8 +22,6 @@
 #include "platform/linux/x11/overlay/x11_overlay_panel.h"
 #include "platform/linux/x11/overlay/x11_pointer.h"
 #include "solid_rasterizer.h"
-#include "support/x_client.h"
-#include "support/x_server.h"
 
 namespace rondora::live {
 

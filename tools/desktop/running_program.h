@@ -4,9 +4,9 @@
 #include <optional>
 #include <string>
 
-#include "live/end_to_end/document.h"
-#include "support/private_desktop.h"
-#include "support/x_client.h"
+#include "desktop/document.h"
+#include "desktop/private_desktop.h"
+#include "desktop/x_client.h"
 
 namespace rondora::live {
 

@@ -1,15 +1,17 @@
-#include "support/private_desktop.h"
+#include "desktop/private_desktop.h"
+
+#include <signal.h>
 
 #include <cstdlib>
 #include <stdexcept>
 
-#include "support/wait.h"
-#include "support/x_client.h"
+#include "desktop/wait.h"
+#include "desktop/x_client.h"
 
 namespace rondora::live {
 namespace {
 
-// The session that runs the tests must not shine through.
+// They would make programs see the session that runs the desktop.
 constexpr const char* kForeignVariables =
     "WAYLAND_DISPLAY XDG_SESSION_TYPE XDG_CURRENT_DESKTOP DESKTOP_SESSION XAUTHORITY QT_QPA_PLATFORM QT_SCALE_FACTOR "
     "RONDORA_FIRST_LAUNCH";
@@ -25,7 +27,7 @@ std::map<std::string, std::string> privateEnvironment(const std::filesystem::pat
     std::filesystem::permissions(home / folder, std::filesystem::perms::owner_all);
     environment[name] = (home / folder).string();
   }
-  // Whatever else is installed on the machine, these are the user's applications.
+  // The default applications, whatever else is installed on the machine.
   writeFile(home / "config" / "mimeapps.list",
             "[Default Applications]\ntext/plain=org.xfce.mousepad.desktop\ninode/directory=pcmanfm.desktop\n");
   std::filesystem::create_directories(home / "bin");
@@ -41,20 +43,40 @@ void require(bool came, const char* what) {
   if (!came) throw std::runtime_error(std::string("did not come up: ") + what);
 }
 
-/// The command with its output in a file; the shell gives its place to the program. The file passes for the journal, so
-/// that nothing goes to the machine's own.
-std::vector<std::string> withOutputIn(const std::filesystem::path& file, const std::vector<std::string>& command) {
-  const std::string script = std::string("unset ") + kForeignVariables +
-                             R"(; log=$1; shift; : >"$log"; export JOURNAL_STREAM=$(stat -c %d:%i "$log"))"
-                             R"(; exec "$@" >"$log" 2>&1 </dev/null)";
-  std::vector<std::string> result{"sh", "-c", script, "sh", file};
+/// The command with the foreign variables unset, run by `script`, which gets `argument` and the command as its own
+/// arguments.
+std::vector<std::string> inShell(const std::string& script, const std::string& argument,
+                                 const std::vector<std::string>& command) {
+  std::vector<std::string> result{"sh", "-c", std::string("unset ") + kForeignVariables + "; " + script, "sh",
+                                  argument};
   result.insert(result.end(), command.begin(), command.end());
   return result;
 }
 
+/// The file passes for the journal, so that the program writes nothing to the machine's own.
+std::vector<std::string> withOutputIn(const std::filesystem::path& file, const std::vector<std::string>& command) {
+  return inShell(R"(log=$1; shift; : >"$log"; export JOURNAL_STREAM=$(stat -c %d:%i "$log"))"
+                 R"(; exec "$@" >"$log" 2>&1 </dev/null)",
+                 file, command);
+}
+
+/// Processes of this user whose environment holds `variable`, NAME=VALUE; a zombie has none.
+std::vector<pid_t> processesWith(const std::string& variable) {
+  const std::string wanted = '\0' + variable + '\0';
+  std::vector<pid_t> found;
+  for (const auto& entry : std::filesystem::directory_iterator("/proc")) {
+    const std::string name = entry.path().filename();
+    if (name.find_first_not_of("0123456789") != std::string::npos) continue;
+    const std::string environment = '\0' + readFile(entry.path() / "environ");
+    if (environment.find(wanted) != std::string::npos) found.push_back(std::stoi(name));
+  }
+  return found;
+}
+
 }  // namespace
 
-PrivateDesktop::PrivateDesktop(DesktopParts parts) : environment_(privateEnvironment(folder_.path())) {
+PrivateDesktop::PrivateDesktop(DesktopParts parts)
+    : environment_(privateEnvironment(folder_.path())), server_(parts.screen) {
   unsetenv("SESSION_MANAGER");  // of the session that runs the tests
   environment_["DISPLAY"] = server_.display();
   startBus();
@@ -63,6 +85,19 @@ PrivateDesktop::PrivateDesktop(DesktopParts parts) : environment_(privateEnviron
 
 PrivateDesktop::~PrivateDesktop() {
   while (!processes_.empty()) processes_.pop_back();
+  endRemainingProcesses();
+}
+
+// Applications that the desktop's programs or its bus started. They would go on writing to the folder.
+void PrivateDesktop::endRemainingProcesses() const {
+  for (const int signal : {SIGTERM, SIGKILL}) {
+    const auto areGone = [&] {
+      const auto remaining = processesWith("HOME=" + environment_.at("HOME"));
+      for (const pid_t process : remaining) kill(process, signal);
+      return remaining.empty();
+    };
+    if (waitUntil(areGone, std::chrono::seconds(2))) return;
+  }
 }
 
 void PrivateDesktop::startBus() {
@@ -111,6 +146,10 @@ void PrivateDesktop::startWindowManager(WindowManager manager) {
 std::unique_ptr<ChildProcess> PrivateDesktop::start(const std::vector<std::string>& command) const {
   const std::string name = std::filesystem::path(command.front()).filename();
   return std::make_unique<ChildProcess>(withOutputIn(logFile(name), command), environment_);
+}
+
+std::unique_ptr<ChildProcess> PrivateDesktop::startInTerminal(const std::vector<std::string>& command) const {
+  return std::make_unique<ChildProcess>(inShell(R"(shift; exec "$@")", "", command), environment_);
 }
 
 std::optional<std::string> PrivateDesktop::outputOf(const std::vector<std::string>& command) const {

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "support/wait.h"
-#include "support/x_client.h"
+#include "desktop/wait.h"
+#include "desktop/x_client.h"
 
 namespace rondora::live {
 

@@ -1,4 +1,4 @@
-#include "live/end_to_end/document.h"
+#include "desktop/document.h"
 
 #include <algorithm>
 #include <cstdint>

@@ -8,7 +8,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "support/wait.h"
+#include "desktop/wait.h"
 
 namespace rondora {
 
@@ -16,7 +16,7 @@ namespace rondora {
 class TemporaryFolder {
  public:
   explicit TemporaryFolder(const std::filesystem::path& parent = std::filesystem::temp_directory_path()) {
-    std::string pattern = (parent / "rondora-test.XXXXXX").string();
+    std::string pattern = (parent / "rondora.XXXXXX").string();
     if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("cannot make a temporary folder");
     path_ = pattern;
   }

@@ -1,4 +1,4 @@
-#include "live/end_to_end/running_program.h"
+#include "desktop/running_program.h"
 
 #include <signal.h>
 
@@ -8,7 +8,7 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "support/wait.h"
+#include "desktop/wait.h"
 
 namespace rondora::live {
 namespace {

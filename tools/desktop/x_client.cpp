@@ -1,4 +1,4 @@
-#include "support/x_client.h"
+#include "desktop/x_client.h"
 
 #include <xcb/res.h>
 #include <xcb/xfixes.h>
@@ -11,8 +11,8 @@
 #include <string_view>
 #include <utility>
 
-#include "support/wait.h"
-#include "support/x_reply.h"
+#include "desktop/wait.h"
+#include "desktop/x_reply.h"
 
 namespace rondora::live {
 namespace {

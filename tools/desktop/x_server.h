@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "support/child_process.h"
+#include "desktop/child_process.h"
 
 namespace rondora::live {
 

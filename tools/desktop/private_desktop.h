@@ -7,10 +7,10 @@
 #include <string>
 #include <vector>
 
-#include "support/child_process.h"
-#include "support/temporary_folder.h"
-#include "support/x_client.h"
-#include "support/x_server.h"
+#include "desktop/child_process.h"
+#include "desktop/temporary_folder.h"
+#include "desktop/x_client.h"
+#include "desktop/x_server.h"
 
 namespace rondora::live {
 
@@ -22,39 +22,43 @@ struct DesktopParts {
   WindowManager windowManager = WindowManager::openbox;
   Compositor compositor = Compositor::picom;
   Tray tray = Tray::tint2;
+  std::string screen = "1280x800x24";  // width x height x depth
 };
 
-/// A desktop that belongs to one test: X server, session bus, the asked-for parts and XDG folders, all ready when the
-/// constructor returns. Throws std::runtime_error when a part does not come up.
+/// A desktop apart from the user's: X server, session bus, the given parts and XDG folders, all ready when the
+/// constructor returns. Throws std::runtime_error when a part does not come up. The destructor ends every process that
+/// was started on the desktop, by whichever program, and removes the folders.
 class PrivateDesktop {
  public:
   explicit PrivateDesktop(DesktopParts parts = {});
   ~PrivateDesktop();
 
   const std::string& display() const { return server_.display(); }
-  /// What programs on this desktop find changed in their environment.
+  /// Environment variables that differ for programs on this desktop.
   const std::map<std::string, std::string>& environment() const { return environment_; }
   std::filesystem::path configHome() const { return folder_.path() / "config"; }
   std::filesystem::path dataHome() const { return folder_.path() / "data"; }
   std::filesystem::path logFile(const std::string& name) const { return folder_.path() / (name + ".log"); }
 
-  /// Starts a program on this desktop; what it writes goes to `logFile` of its name.
+  /// Starts a program on this desktop; its output goes to `logFile` of its name.
   std::unique_ptr<ChildProcess> start(const std::vector<std::string>& command) const;
+  /// The same with this process's standard input, output and error.
+  std::unique_ptr<ChildProcess> startInTerminal(const std::vector<std::string>& command) const;
   /// Starts the X screen's tray, which is ready when this returns.
   std::unique_ptr<ChildProcess> startTray() const;
-  /// Runs a program to its end and returns what it wrote; nothing when it failed.
+  /// Runs a program to its end and returns its output; nothing when it failed.
   std::optional<std::string> outputOf(const std::vector<std::string>& command) const;
 
   /// Makes `id` an application that opens one terminal window with that title and window class.
   void addApplication(const std::string& id, const std::string& title) const;
-  /// Programs started from here on belong to a session, which `endSession` shuts down.
+  /// Programs started afterwards belong to a session, which `endSession` shuts down.
   void startSessionManager();
   void endSession() { sessionManager_->terminate(); }
-  /// What the session manager has saved to be started the next time.
+  /// The session manager's list of programs to start the next time.
   std::filesystem::path savedSession() const { return folder_.path() / ".XSM-Default"; }
   /// Replaces the monitors of the server; the first one becomes the primary monitor.
   void setMonitors(const std::vector<Area>& monitors);
-  /// Takes the X server away from everybody on it.
+  /// Ends the X server under all its clients.
   void killServer() { server_.terminate(); }
 
  private:
@@ -62,13 +66,14 @@ class PrivateDesktop {
   void startParts(const DesktopParts& parts);
   void startWindowManager(WindowManager manager);
   void startPart(const std::vector<std::string>& command) { processes_.push_back(start(command)); }
+  void endRemainingProcesses() const;
 
   TemporaryFolder folder_;
   std::map<std::string, std::string> environment_;
   XServer server_;
   std::vector<std::unique_ptr<ChildProcess>> processes_;
   std::unique_ptr<ChildProcess> sessionManager_;
-  std::size_t monitorCount_ = 0;  // that we made
+  std::size_t monitorCount_ = 0;  // made by setMonitors
 };
 
 }  // namespace rondora::live

@@ -1,4 +1,4 @@
-#include "support/key_logger.h"
+#include "desktop/key_logger.h"
 
 #include <poll.h>
 

@@ -1,4 +1,4 @@
-#include "support/x_server.h"
+#include "desktop/x_server.h"
 
 #include <sys/mman.h>
 #include <unistd.h>
@@ -7,7 +7,7 @@
 #include <cstring>
 #include <stdexcept>
 
-#include "support/wait.h"
+#include "desktop/wait.h"
 
 namespace rondora::live {
 

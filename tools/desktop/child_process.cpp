@@ -1,4 +1,4 @@
-#include "support/child_process.h"
+#include "desktop/child_process.h"
 
 #include <fcntl.h>
 #include <signal.h>
@@ -9,7 +9,7 @@
 #include <stdexcept>
 #include <utility>
 
-#include "support/wait.h"
+#include "desktop/wait.h"
 
 namespace rondora::live {
 ChildProcess::ChildProcess(const std::vector<std::string>& arguments,
