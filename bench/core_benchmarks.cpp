@@ -66,9 +66,8 @@ void ringSizes(benchmark::internal::Benchmark* benchmark) { benchmark->Arg(8)->A
 void hitTest(benchmark::State& state) {
   NoHaptics haptics;
   NoPointer pointer;
-  MouseTrackingNSView view(haptics, pointer);
-  view.innerRadius = 60;
-  view.sectorCount = size(state);
+  const RingLayout layout{.outerRadius = 150, .innerRadius = 60, .sectorCount = size(state)};
+  const MouseTrackingNSView view(haptics, pointer, layout, layout.sectorCount);
   std::vector<Point> places;
   for (int i = 0; i < 256; ++i) places.push_back({150 * std::cos(i), 150 * std::sin(i)});
   std::size_t next = 0;
