@@ -4,7 +4,7 @@
 
 namespace rondora {
 
-/// How often this program has asked for memory through `new` so far.
+/// Number of allocations through `new` so far.
 std::size_t allocationCount();
 
 }  // namespace rondora

@@ -6,11 +6,12 @@
 #include <string>
 #include <vector>
 
+#include "doubles/value_at.h"
 #include "platform/accessibility.h"
 
 namespace rondora {
 
-/// A part of an application's interface; `journal` tells in words what was asked of it.
+/// An element of an application's interface; `journal` records the calls in words.
 class FakeAXElement final : public AXElement {
  public:
   FakeAXElement(std::string nameInJournal, std::vector<std::string>& journal)
@@ -18,9 +19,7 @@ class FakeAXElement final : public AXElement {
 
   void setMessagingTimeout(double seconds) override { messagingTimeout = seconds; }
   std::optional<AXValue> attribute(std::string_view attributeName) const override {
-    const auto found = attributes.find(attributeName);
-    if (found == attributes.end()) return std::nullopt;
-    return found->second;
+    return valueAt(attributes, attributeName);
   }
   bool setAttribute(std::string_view attributeName, const AXValue& value) override {
     const bool* flag = std::get_if<bool>(&value);
@@ -48,7 +47,7 @@ class FakeAccessibility final : public Accessibility {
  public:
   using Element = std::shared_ptr<FakeAXElement>;
 
-  /// A window that the application lists, behind those it lists already.
+  /// A window at the end of the application's list.
   Element addWindow(std::int32_t processIdentifier, const std::string& name, std::uint32_t number,
                     std::optional<bool> isMinimized, const std::string& subrole = "AXStandardWindow") {
     const Element window = makeWindow(name, number, isMinimized, subrole);
@@ -57,7 +56,7 @@ class FakeAccessibility final : public Accessibility {
     std::get<std::vector<AXElementRef>>(windows).push_back(window);
     return window;
   }
-  /// A window that the application keeps to itself.
+  /// A window that the application does not list.
   Element addUnlistedWindow(const std::string& name, std::uint32_t number, bool isMinimized) {
     unlisted_[number] = makeWindow(name, number, isMinimized, "AXStandardWindow");
     return unlisted_[number];
@@ -70,8 +69,7 @@ class FakeAccessibility final : public Accessibility {
 
   AXElementRef application(std::int32_t processIdentifier) override { return applicationElement(processIdentifier); }
   AXElementRef windowByRemoteToken(std::int32_t /*ownerPID*/, std::uint32_t number) override {
-    const auto found = unlisted_.find(number);
-    return found == unlisted_.end() ? nullptr : found->second;
+    return valueAt(unlisted_, number).value_or(nullptr);
   }
 
   std::vector<std::string> journal;

@@ -4,11 +4,12 @@
 #include <string>
 #include <vector>
 
+#include "doubles/value_at.h"
 #include "platform/application_icons.h"
 #include "platform/haptics.h"
 #include "platform/random_source.h"
 
-// Small ports without a state of their own.
+// Small ports without state.
 
 namespace rondora {
 
@@ -40,21 +41,14 @@ class FakeApplicationIcons final : public ApplicationIcons {
   using Sources = std::map<std::string, ApplicationIconSource, std::less<>>;
 
   std::optional<ApplicationIconSource> iconSource(std::string_view bundleIdentifier) const override {
-    return find(sources, bundleIdentifier);
+    return valueAt(sources, bundleIdentifier);
   }
   std::optional<ApplicationIconSource> windowIconSource(std::string_view bundleIdentifier) const override {
-    return find(windowSources, bundleIdentifier);
+    return valueAt(windowSources, bundleIdentifier);
   }
 
   Sources sources;
   Sources windowSources;
-
- private:
-  static std::optional<ApplicationIconSource> find(const Sources& in, std::string_view bundleIdentifier) {
-    const auto found = in.find(bundleIdentifier);
-    if (found == in.end()) return std::nullopt;
-    return found->second;
-  }
 };
 
 }  // namespace rondora

@@ -6,11 +6,12 @@
 #include <utility>
 #include <vector>
 
+#include "doubles/value_at.h"
 #include "platform/file_system.h"
 
 namespace rondora {
 
-/// Files in memory. An operation named in `failures` fails with its text until it is taken out again.
+/// Files in memory. An operation in `failures` fails with that text until it is erased.
 class FakeFileSystem final : public FileSystem {
  public:
   using Path = std::filesystem::path;
@@ -21,9 +22,8 @@ class FakeFileSystem final : public FileSystem {
 
   bool exists(const Path& path) const override { return files.contains(path) || folders.contains(path); }
   std::optional<std::string> read(const Path& path) const override {
-    const auto found = files.find(path);
-    if (found == files.end() || isTooLong(path) || injectedFailure(Operation::read)) return std::nullopt;
-    return found->second;
+    if (isTooLong(path) || injectedFailure(Operation::read)) return std::nullopt;
+    return valueAt(files, path);
   }
   bool isTooLong(const Path& path) const override { return tooLong.contains(path); }
   FileError createFolder(const Path& path) override {
@@ -52,7 +52,7 @@ class FakeFileSystem final : public FileSystem {
     return std::nullopt;
   }
 
-  /// Puts a file there, with the folders it needs.
+  /// Adds a file and its folders.
   void put(const Path& path, std::string bytes) {
     makeFolders(path.parent_path());
     files[path] = std::move(bytes);
@@ -60,18 +60,15 @@ class FakeFileSystem final : public FileSystem {
   void remove(const Path& file) { files.erase(file); }
 
   std::map<Operation, std::string> failures;
-  /// Files that are there, but too long to be read.
+  /// Existing files that are too long to read.
   std::set<Path> tooLong;
-  /// What was changed, in order, such as "replace /home/user/.config/Rondora/config.json".
+  /// Changes in order, such as "replace /home/user/.config/Rondora/config.json".
   std::vector<std::string> changes;
   std::map<Path, std::string> files;
   std::set<Path> folders;
 
  private:
-  FileError injectedFailure(Operation operation) const {
-    const auto found = failures.find(operation);
-    return found == failures.end() ? FileError() : FileError(found->second);
-  }
+  FileError injectedFailure(Operation operation) const { return valueAt(failures, operation); }
   void makeFolders(Path path) {
     for (; path.has_relative_path(); path = path.parent_path()) folders.insert(path);
   }

@@ -12,7 +12,7 @@
 
 namespace rondora {
 
-/// One overlay panel as the user would have seen it.
+/// One overlay panel as the user sees it.
 struct PanelRecord {
   OverlayPanelSink& sink;
   Rect frame;
@@ -26,7 +26,7 @@ struct PanelRecord {
   bool isGone = false;
 };
 
-/// The overlay's panels and the pointer, which the panel in possession of the grab follows wherever it goes.
+/// The overlay's panels and the pointer. The panel that holds the grab receives every motion.
 class FakeOverlayPanels final : public OverlayPanels, public Pointer {
  public:
   explicit FakeOverlayPanels(MainQueue& queue) : queue_(queue) {}
@@ -46,7 +46,7 @@ class FakeOverlayPanels final : public OverlayPanels, public Pointer {
     location_ = location;
     if (const PanelRecord* panel = keyPanel()) panel->sink.pointerMoved(location - panel->frame.origin);
   }
-  /// The user presses the mouse button where the pointer is.
+  /// The user presses the mouse button at the pointer.
   void click() const {
     if (const PanelRecord* panel = keyPanel()) panel->sink.mouseDown(location_ - panel->frame.origin);
   }
@@ -58,14 +58,14 @@ class FakeOverlayPanels final : public OverlayPanels, public Pointer {
   }
   bool holdsKeyboard() const { return keyPanel() != nullptr; }
 
-  /// Pictures that were asked to be made ready.
+  /// Pictures requested for pre-rendering.
   std::vector<Picture> warmedUp;
   /// Every panel ever made, oldest first; a test may forget those that are gone.
   std::vector<std::shared_ptr<PanelRecord>> panels;
   std::vector<CursorShape> cursors;
-  /// Another program holds the keyboard: the panel reports on a later turn that it is lost.
+  /// Another program holds the keyboard: the panel reports `panelLost` on a later turn.
   bool refusesGrab = false;
-  /// Where the user moves the pointer after a panel is on screen and before it has the pointer.
+  /// Where the user moves the pointer between the mapping of a panel and its grab.
   std::optional<Point> flick;
 
  private:

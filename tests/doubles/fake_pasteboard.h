@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "doubles/value_at.h"
 #include "platform/pasteboard.h"
 
 namespace rondora {
@@ -17,11 +18,7 @@ class FakePasteboard final : public Pasteboard {
   }
   void setString(std::string_view text) override { string = text; }
   void setData(std::string_view type, std::string_view bytes) override { dataByType[std::string(type)] = bytes; }
-  std::optional<std::string> data(std::string_view type) const override {
-    const auto found = dataByType.find(type);
-    if (found == dataByType.end()) return std::nullopt;
-    return found->second;
-  }
+  std::optional<std::string> data(std::string_view type) const override { return valueAt(dataByType, type); }
 
   std::optional<std::string> string;
   std::map<std::string, std::string, std::less<>> dataByType;

@@ -20,10 +20,10 @@
 
 namespace rondora {
 
-/// A deterministic little desktop in virtual time: it answers every port and remembers what was asked of it. Tests act
-/// as the user would (press keys, move the pointer, turn to a window) and look at what the user would see.
+/// A deterministic desktop in virtual time that implements every port and records the calls. Tests act as the user
+/// (press keys, move the pointer, switch to a window) and check what the user would see.
 struct FakePlatform {
-  /// Before the queue, whose work may hold a window until the end.
+  /// Declared before the queue, whose work may own a window.
   FakeWindows windows;
   VirtualTime time;
   FakeLog log;
@@ -38,7 +38,7 @@ struct FakePlatform {
   FakeKeyEvents keyEvents{time};
   FakeSerialQueues serialQueues;
   FakeScreens screens;
-  /// The pointer too.
+  /// Also the pointer.
   FakeOverlayPanels overlay{time};
   /// Hot keys and event monitors.
   FakeKeyboard keyboard{[this] { return overlay.holdsKeyboard(); }};

@@ -7,7 +7,7 @@
 
 namespace rondora {
 
-/// One screen of 1280 by 800 points with a panel of 30 points at its top, until told otherwise.
+/// By default one screen of 1280 by 800 points with a panel of 30 points at its top.
 class FakeScreens final : public Screens {
  public:
   std::vector<Screen> all() const override { return screens; }

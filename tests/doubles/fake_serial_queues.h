@@ -8,7 +8,7 @@
 
 namespace rondora {
 
-/// Serial queues whose work waits until the test runs it; they live no longer than this.
+/// Serial queues whose work waits until the test runs it. Outlives the queues.
 class FakeSerialQueues {
  public:
   std::unique_ptr<SerialQueue> make() { return std::make_unique<Queue>(work_); }

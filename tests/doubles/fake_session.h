@@ -5,11 +5,12 @@
 #include <utility>
 #include <vector>
 
+#include "doubles/value_at.h"
 #include "platform/application_shell.h"
 #include "platform/permission_service.h"
 #include "platform/process_environment.h"
 
-// The program among the others of the user's session: its shell, its permissions and its environment.
+// The program's session: its shell, permissions and environment.
 
 namespace rondora {
 
@@ -47,11 +48,7 @@ class FakePermissionService final : public PermissionService {
 
 class FakeProcessEnvironment final : public ProcessEnvironment {
  public:
-  std::optional<std::string> variable(std::string_view name) const override {
-    const auto found = variables.find(name);
-    if (found == variables.end()) return std::nullopt;
-    return found->second;
-  }
+  std::optional<std::string> variable(std::string_view name) const override { return valueAt(variables, name); }
   std::string bundleIdentifier() const override { return identifier; }
 
   std::map<std::string, std::string, std::less<>> variables;

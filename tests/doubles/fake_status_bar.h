@@ -23,14 +23,14 @@ class FakeStatusBar final : public StatusBar {
   /// The user chooses an entry of the newest item's menu.
   void choose(std::size_t index) { items.back()->description.menu.at(index).action(); }
 
-  /// A tray comes, or the last one goes.
+  /// A tray appears, or the last one disappears.
   void change(std::optional<std::string> newProblem) {
     problem = std::move(newProblem);
     changed_.send();
   }
 
   std::vector<std::shared_ptr<Record>> items;
-  /// Why no item can be seen.
+  /// Why no item is visible, if so.
   std::optional<std::string> problem;
 
  private:

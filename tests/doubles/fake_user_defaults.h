@@ -4,6 +4,7 @@
 #include <string>
 #include <variant>
 
+#include "doubles/value_at.h"
 #include "platform/user_defaults.h"
 
 namespace rondora {
@@ -15,11 +16,7 @@ class FakeUserDefaults final : public UserDefaults {
 
   bool hasValue(std::string_view key) const override { return values.contains(key); }
   void setInteger(std::string_view key, std::int64_t value) override { values[std::string(key)] = value; }
-  bool boolean(std::string_view key) const override {
-    const auto found = values.find(key);
-    const bool* value = found == values.end() ? nullptr : std::get_if<bool>(&found->second);
-    return value != nullptr && *value;
-  }
+  bool boolean(std::string_view key) const override { return valueAt(values, key) == Value(true); }
   void setBoolean(std::string_view key, bool value) override { values[std::string(key)] = value; }
   bool isEmpty() const override { return values.empty(); }
   bool importPredecessorDomain() override {
@@ -28,7 +25,7 @@ class FakeUserDefaults final : public UserDefaults {
   }
 
   Domain values;
-  /// What the predecessor application left behind.
+  /// The predecessor application's domain.
   Domain predecessor;
 };
 

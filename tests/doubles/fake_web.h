@@ -15,14 +15,14 @@
 
 namespace rondora {
 
-/// A web of a few addresses; every other one answers with status 404.
+/// A web of a few addresses; all others answer with status 404.
 class FakeWeb final : public NetworkFetch {
  public:
   explicit FakeWeb(MainQueue& mainQueue) : mainQueue_(mainQueue) {}
 
   bool canReach(std::string_view) const override { return isConnected; }
   [[nodiscard]] Subscription fetch(const FetchRequest& request, Completion completion) override {
-    asked.push_back(request.address);
+    requested.push_back(request.address);
     const auto isUp = std::make_shared<bool>(true);
     ++underway;
     const auto end = [this, isUp] {
@@ -36,13 +36,13 @@ class FakeWeb final : public NetworkFetch {
     });
     return Subscription([end] { end(); });
   }
-  std::vector<std::string> takeAsked() { return std::exchange(asked, {}); }
+  std::vector<std::string> takeRequested() { return std::exchange(requested, {}); }
 
   std::map<std::string, FetchResponse> pages;
   /// Addresses that never answer.
   std::set<std::string> silent;
   bool isConnected = true;
-  std::vector<std::string> asked;
+  std::vector<std::string> requested;
   int underway = 0;
 
  private:
@@ -61,7 +61,7 @@ class FakeWeb final : public NetworkFetch {
   MainQueue& mainQueue_;
 };
 
-/// Takes "picture ..." for a picture and answers with "png ...".
+/// Decodes "picture …" to "png …" and rejects all other bytes.
 class FakePictureCodec final : public PictureCodec {
  public:
   std::optional<std::string> thumbnail(std::string_view bytes, int /*side*/) override {

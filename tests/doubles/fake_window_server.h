@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "doubles/fake_workspace.h"
+#include "doubles/value_at.h"
 #include "platform/front_process.h"
 #include "platform/spaces.h"
 #include "platform/symbolic_hot_keys.h"
@@ -11,8 +12,8 @@
 
 namespace rondora {
 
-/// Windows, the process in front, and spaces. Unless the test lists windows itself, every running application has the
-/// one that it was last active with.
+/// Windows, the front process and spaces. Unless the test sets `listed`, every running application has its last active
+/// window.
 class FakeWindowServer final : public WindowList, public FrontProcess, public Spaces, public SymbolicHotKeys {
  public:
   struct FrontRequest {
@@ -54,16 +55,10 @@ class FakeWindowServer final : public WindowList, public FrontProcess, public Sp
   }
 
   std::optional<std::vector<std::uint64_t>> spacesForWindow(std::uint32_t number) const override {
-    const auto found = spacesOfWindows.find(number);
-    if (found == spacesOfWindows.end()) return std::nullopt;
-    return found->second;
+    return valueAt(spacesOfWindows, number);
   }
   std::optional<std::vector<DisplaySpaces>> managedDisplaySpaces() const override { return displays; }
-  std::optional<SymbolicHotKey> symbolicHotKey(int number) const override {
-    const auto found = symbolicHotKeys.find(number);
-    if (found == symbolicHotKeys.end()) return std::nullopt;
-    return found->second;
-  }
+  std::optional<SymbolicHotKey> symbolicHotKey(int number) const override { return valueAt(symbolicHotKeys, number); }
 
   std::optional<std::vector<WindowListEntry>> listed;
   bool isAvailable = true;

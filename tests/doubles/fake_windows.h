@@ -25,7 +25,8 @@ class FakeWindows final : public Windows {
     return std::make_unique<FakePopover>(*this);
   }
 
-  /// By the user or by the program; nothing when it is not up. Whoever is told may end the window.
+  /// Closes the window, as the user or the program does; no effect when it is not visible. The completion may destroy
+  /// it.
   void closeOnboarding() {
     isOnboardingUp = false;
     if (const auto finished = std::exchange(onboardingFinished_, nullptr)) finished();
@@ -35,7 +36,7 @@ class FakeWindows final : public Windows {
   int settingsShown = 0;
   int onboardingWindowsMade = 0;
   bool isOnboardingUp = false;
-  /// The texts shown beside the pointer; an empty one for each time that the preview went away.
+  /// Previewed texts; an empty one each time that the preview is hidden.
   std::vector<std::string> previews;
 
  private:

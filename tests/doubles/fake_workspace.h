@@ -8,31 +8,30 @@
 #include <string>
 #include <vector>
 
+#include "doubles/value_at.h"
 #include "platform/workspace.h"
 
 namespace rondora {
 
-/// Installed and running applications with their windows. What was asked for is recorded, asked in vain or not.
+/// Installed and running applications with their windows. Records all requests, successful or not.
 class FakeWorkspace final : public Workspace {
  public:
-  /// Makes an application known; its location is "/apps/<identifier>".
+  /// Installs an application; its location is "/apps/<identifier>".
   void install(const std::string& bundleIdentifier, const std::string& name,
                ActivationPolicy policy = ActivationPolicy::regular) {
     installed_[bundleIdentifier] = {name, policy};
   }
-  /// Starts an application with one window, in front of all others unless it is no regular one.
+  /// Starts an application with one window; a regular one comes to the front.
   RunningApplication start(const std::string& bundleIdentifier) {
-    const auto known = installed_.find(bundleIdentifier);
-    const auto [name, policy] =
-        known == installed_.end() ? Installed{bundleIdentifier, ActivationPolicy::regular} : known->second;
+    const auto [name, policy] = valueAt(installed_, bundleIdentifier).value_or(Installed{bundleIdentifier});
     addRunning({++lastProcess_, bundleIdentifier, name, policy, false, false, ++lastWindow_});
     const RunningApplication application = running_.back();
     if (policy == ActivationPolicy::regular) bringForward(application.processIdentifier);
     return application;
   }
-  /// Adds a running application as it is given, behind the others.
+  /// Adds a running application behind the others.
   void addRunning(const RunningApplication& application) { running_.push_back(application); }
-  /// The user turns to the application; nobody turns to nobody.
+  /// The user switches to the application; no effect for an unknown process.
   void bringForward(std::int32_t processIdentifier) {
     const RunningApplication* application = find(processIdentifier);
     if (application == nullptr || frontmost_ == processIdentifier) return;
@@ -99,9 +98,8 @@ class FakeWorkspace final : public Workspace {
     return true;
   }
   std::optional<std::string> applicationName(std::string_view bundleIdentifier) const override {
-    const auto found = installed_.find(bundleIdentifier);
-    if (found == installed_.end()) return std::nullopt;
-    return found->second.name;
+    const auto found = valueAt(installed_, bundleIdentifier);
+    return found ? std::optional(found->name) : std::nullopt;
   }
   [[nodiscard]] Subscription onDidActivateApplication(
       std::function<void(const RunningApplication&)> observer) override {

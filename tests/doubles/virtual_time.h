@@ -11,7 +11,7 @@
 
 namespace rondora {
 
-/// The main queue and the clock of a desktop on which time passes only when a test says so.
+/// A main queue and a clock whose time advances only at a test's request.
 class VirtualTime final : public MainQueue, public Clock {
  public:
   static constexpr WallTime kStart = 700000000;
@@ -27,22 +27,22 @@ class VirtualTime final : public MainQueue, public Clock {
 
   WallTime now() const override { return kStart + elapsed_; }
   double uptime() const override { return kUptimeAtStart + elapsed_; }
-  /// Time passes, but nothing that is due meanwhile runs: the main thread is blocked.
+  /// Advances the time without running due work: the main thread is blocked.
   void sleep(double seconds) override { elapsed_ += seconds; }
 
-  /// Runs all that is due now, including what that work enqueues.
+  /// Runs all work that is due now, including work that it queues.
   void runUntilIdle() {
     while (runOneDueBefore(elapsed_)) {
     }
   }
-  /// Lets time pass and runs what becomes due on the way, each at its own moment.
+  /// Advances the time and runs the work that becomes due, each at its own time.
   void advance(double seconds) {
     const double target = elapsed_ + seconds;
     while (runOneDueBefore(target)) {
     }
     elapsed_ = std::max(elapsed_, target);
   }
-  /// Work that waits, due or not.
+  /// Number of queued work items, due or not.
   std::size_t pendingCount() {
     dropCancelled();
     return schedule_.size();
@@ -89,7 +89,7 @@ class VirtualTime final : public MainQueue, public Clock {
 
   double elapsed_ = 0;
   std::uint64_t lastSequence_ = 0;
-  /// By the moment at which it is due and the order in which it came.
+  /// By due time, then by order of arrival.
   std::map<std::pair<double, std::uint64_t>, Ref> schedule_;
 };
 

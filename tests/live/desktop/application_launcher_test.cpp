@@ -14,7 +14,7 @@
 namespace rondora::desktop {
 namespace {
 
-/// Applications that write down how they were started.
+/// Applications that report how they were started.
 class ApplicationLauncherTest : public testing::Test {
  protected:
   static void SetUpTestSuite() {
@@ -44,7 +44,7 @@ class ApplicationLauncherTest : public testing::Test {
   InstalledApplications installed_{environment_};
 };
 
-TEST_F(ApplicationLauncherTest, StartsApplicationsOnTheirOwnWithTheMomentOfTheUsersAction) {
+TEST_F(ApplicationLauncherTest, StartsADetachedProcessWithTheUsersTimeStamp) {
   sigset_t blocked;
   sigset_t before;
   sigemptyset(&blocked);
@@ -60,23 +60,20 @@ TEST_F(ApplicationLauncherTest, StartsApplicationsOnTheirOwnWithTheMomentOfTheUs
   EXPECT_EQ(lines[4], "arguments:");
 }
 
-TEST_F(ApplicationLauncherTest, WhereNoneIsWantedOrTheMomentIsUnknownThereIsNoStartupId) {
+TEST_F(ApplicationLauncherTest, OmitsTheStartupIdAndPassesUrlsUnchanged) {
   setenv("DESKTOP_STARTUP_ID", "ours_TIME1", 1);
   ASSERT_TRUE(installed_.launch("quiet-reporter", 4711));
   unsetenv("DESKTOP_STARTUP_ID");
   const auto lines = report();
   EXPECT_EQ(lines[1], "/usr");
-  EXPECT_EQ(lines[2], "id:");
+  EXPECT_EQ(lines[2], "id:") << "no StartupNotify";
   ASSERT_TRUE(installed_.launch("reporter", 0));
-  EXPECT_EQ(report()[2], "id:");
-}
-
-TEST_F(ApplicationLauncherTest, HandsUrlsOnExactlyAsTheyAre) {
+  EXPECT_EQ(report()[2], "id:") << "unknown time stamp";
   ASSERT_TRUE(live::waitUntil([this] { return installed_.openUrl("report://a/%20b?c=$HOME;d", 1); }));
   EXPECT_EQ(report()[4], "arguments:--url report://a/%20b?c=$HOME;d");
 }
 
-TEST_F(ApplicationLauncherTest, WhatIsNotThereIsNotStarted) {
+TEST_F(ApplicationLauncherTest, RefusesWhatIsNotInstalled) {
   EXPECT_FALSE(installed_.launch("no-such-application", 1));
   EXPECT_FALSE(installed_.openUrl("no such url", 1));
   EXPECT_FALSE(installed_.launch("/System/Applications/Mission Control.app", 1));

@@ -7,17 +7,17 @@
 
 namespace rondora::desktop {
 
-/// The desktop that this program's tests see: entries, programs and associations of its own. It is set up before
-/// GLib, which remembers the folders, looks at them.
+/// A private desktop for the tests: entries, programs and associations. Set up before GLib reads and caches the
+/// folders.
 class ApplicationsFolder : public TemporaryFolder {
  public:
   ApplicationsFolder();
 
   std::filesystem::path programs() const { return path() / "bin"; }
-  /// `keys` are lines of the entry; every entry has Type and Name, which is the id.
+  /// `keys` are lines of the entry; Type and Name (the id) are added.
   void addEntry(const std::string& id, const std::string& keys) const;
   void addProgram(const std::string& name, const std::string& script = "") const;
-  /// Which applications open what, as the user's own choice.
+  /// The user's default applications by type.
   void setDefaults(const std::string& lines) const;
 };
 

@@ -29,7 +29,7 @@ int waitFor(pid_t process) {
   return status;
 }
 
-/// Goes on to the next stop; the status of the wait for it.
+/// Resumes until the next stop and returns its wait status.
 int resume(pid_t process, int signal) {
   if (ptrace(PTRACE_SYSCALL, process, nullptr, signal) != 0) failed("ptrace");
   return waitFor(process);

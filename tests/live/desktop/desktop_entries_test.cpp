@@ -16,7 +16,7 @@ WindowIdentity window(const char* applicationId, const char* className, const ch
   return {applicationId, className, instanceName, executable};
 }
 
-TEST(DesktopEntriesTest, IdentifiesWindowsByTheNamesTheyCarry) {
+TEST(DesktopEntriesTest, IdentifiesWindowsByTheirNames) {
   const DesktopEntries entries;
   struct Case {
     WindowIdentity identity;
@@ -31,10 +31,10 @@ TEST(DesktopEntriesTest, IdentifiesWindowsByTheNamesTheyCarry) {
       {window("", "Navigator", "PLAYER"), "player"},
       {window("", "Editor", "x", "player"), "org.example.Editor"},
       {window("", "Nothing", "", "viewer"), "plain-viewer"},
-      {window("", "Nothing", "", "editor"), "org.example.Editor"},  // not its settings, which is the same program
+      {window("", "Nothing", "", "editor"), "org.example.Editor"},  // not its settings, the same program
       {window("", "Nothing", "", "player"), "player"},              // not its hidden helper
-      {window("", "Script", "script", "python3"), std::nullopt},    // an interpreter is nobody's program
-      {window("", "app"), std::nullopt},                            // "script.app" is no reversed domain
+      {window("", "Script", "script", "python3"), std::nullopt},    // interpreters identify nothing
+      {window("", "app"), std::nullopt},                            // "script.app" is not a reversed domain
       {window("", "gone"), std::nullopt},
       {window("", ""), std::nullopt},
   };
@@ -45,22 +45,7 @@ TEST(DesktopEntriesTest, IdentifiesWindowsByTheNamesTheyCarry) {
   }
 }
 
-TEST(DesktopEntriesTest, NoticesApplicationsThatComeAndGo) {
-  const DesktopEntries entries;
-  ASSERT_FALSE(entries.contains("newcomer"));
-  const auto seenWithinPatience = [&](bool wanted) {
-    return live::waitUntil([&] {
-      g_main_context_iteration(nullptr, FALSE);
-      return entries.contains("newcomer") == wanted;
-    });
-  };
-  applicationsFolder().addEntry("newcomer", "Exec=player --new\n");
-  EXPECT_TRUE(seenWithinPatience(true));
-  std::filesystem::remove(applicationsFolder().path() / "system" / "applications" / "newcomer.desktop");
-  EXPECT_TRUE(seenWithinPatience(false));
-}
-
-TEST(InstalledApplicationsTest, TellsNamesAndIcons) {
+TEST(InstalledApplicationsTest, ReturnsNamesAndIcons) {
   FakeProcessEnvironment environment;
   const InstalledApplications installed(environment);
   EXPECT_EQ(installed.name("org.example.Editor"), "org.example.Editor");
@@ -70,19 +55,23 @@ TEST(InstalledApplicationsTest, TellsNamesAndIcons) {
   EXPECT_FALSE(installed.name("gone"));
 }
 
-TEST(InstalledApplicationsTest, TellsOfAChangeBeforeAnybodyAsks) {
+TEST(InstalledApplicationsTest, ReportsEntriesThatComeAndGo) {
   FakeProcessEnvironment environment;
   InstalledApplications installed(environment);
   installed.warm();
-  bool isTold = false;
-  installed.onChanged = [&isTold] { isTold = true; };
-  applicationsFolder().addEntry("latecomer", "Exec=player --late\n");
-  EXPECT_TRUE(live::waitUntil([&isTold] {
-    g_main_context_iteration(nullptr, FALSE);
-    return isTold;
-  }));
-  EXPECT_TRUE(installed.isInstalled("latecomer"));
-  std::filesystem::remove(applicationsFolder().path() / "system" / "applications" / "latecomer.desktop");
+  bool isReported = false;
+  installed.onChanged = [&isReported] { isReported = true; };
+  const auto waitUntil = [](const auto& condition) {
+    return live::waitUntil([&] {
+      g_main_context_iteration(nullptr, FALSE);
+      return condition();
+    });
+  };
+  applicationsFolder().addEntry("newcomer", "Exec=player --new\n");
+  EXPECT_TRUE(waitUntil([&] { return isReported; })) << "before the next look-up";
+  EXPECT_TRUE(installed.isInstalled("newcomer"));
+  std::filesystem::remove(applicationsFolder().path() / "system" / "applications" / "newcomer.desktop");
+  EXPECT_TRUE(waitUntil([&] { return !installed.isInstalled("newcomer"); }));
 }
 
 }  // namespace

@@ -14,19 +14,19 @@
 #include "storage/config_manager.h"
 #include "storage/legacy_pie_menu_migration.h"
 
-// What is on disk when the program is killed at any point of its writing.
+// What is on disk when the program is killed at any system call of a write.
 
 namespace rondora::desktop {
 namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kNever = std::numeric_limits<int>::max();
+constexpr int kNoStop = std::numeric_limits<int>::max();
 
-/// Where flushing costs nothing: the same calls are made, hundreds of times.
+/// A folder in memory, where hundreds of flushes are cheap.
 fs::path inMemory() { return fs::is_directory("/dev/shm") ? "/dev/shm" : fs::temp_directory_path(); }
 
-/// Folders of a user, empty at first, and the program's storage on them.
+/// A user's folders, initially empty, and the program's storage in them.
 struct User {
   static FakeProcessEnvironment environmentIn(const fs::path& home) {
     FakeProcessEnvironment environment;
@@ -53,25 +53,16 @@ struct User {
   std::optional<ConfigManager> manager;
 };
 
-enum class Form { file, link };
-
-/// Puts the document there as a file, or as a link to one in another folder.
-void putDocument(const User& user, Form form, const std::string& text) {
-  const fs::path elsewhere = user.folder.path() / "elsewhere" / "rings.json";
-  writeFile(form == Form::link ? elsewhere : user.document(), text);
-  if (form == Form::file) return;
+/// Makes the document a link to a file in another folder.
+void putLinkedDocument(const User& user, const std::string& text) {
+  writeFile(user.folder.path() / "elsewhere" / "rings.json", text);
   fs::create_directories(user.document().parent_path());
   if (!fs::is_symlink(user.document())) fs::create_symlink("../../elsewhere/rings.json", user.document());
 }
 
-class CutWriting : public testing::TestWithParam<Form> {};
-
-INSTANTIATE_TEST_SUITE_P(Forms, CutWriting, testing::Values(Form::file, Form::link),
-                         [](const auto& each) { return each.param == Form::file ? "file" : "link"; });
-
-TEST_P(CutWriting, SaveLeavesTheOldOrTheNewDocument) {
+TEST(CutWriting, SaveLeavesTheOldOrTheNewDocument) {
   User user;
-  putDocument(user, GetParam(), R"({"schemaVersion": 3, "menus": []})");
+  putLinkedDocument(user, R"({"schemaVersion": 3, "menus": []})");
   user.start();
   const std::string before = readFile(user.document());
   const auto save = [&] {
@@ -79,7 +70,7 @@ TEST_P(CutWriting, SaveLeavesTheOldOrTheNewDocument) {
     edited.menus[0].name = std::string(100'000, 'E');
     user.manager->save(std::move(edited));
   };
-  ASSERT_EQ(runUntilStop(kNever, save), Ending::completed);
+  ASSERT_EQ(runUntilStop(kNoStop, save), Ending::completed);
   const std::string after = readFile(user.document());
   ASSERT_NE(after, before);
 
@@ -87,7 +78,7 @@ TEST_P(CutWriting, SaveLeavesTheOldOrTheNewDocument) {
   bool wasThere = false;
   for (int stop = 1; ending == Ending::cut; ++stop) {
     SCOPED_TRACE(stop);
-    putDocument(user, GetParam(), before);
+    putLinkedDocument(user, before);
     ending = runUntilStop(stop, save);
     const std::string found = readFile(user.document());
     ASSERT_TRUE(found == after || (found == before && !wasThere)) << found.substr(0, 200);
@@ -95,12 +86,12 @@ TEST_P(CutWriting, SaveLeavesTheOldOrTheNewDocument) {
     struct stat status {};
     EXPECT_EQ(stat(user.document().c_str(), &status), 0);
     EXPECT_EQ(status.st_mode & 07777, 0600U);
-    EXPECT_EQ(fs::is_symlink(user.document()), GetParam() == Form::link);
+    EXPECT_TRUE(fs::is_symlink(user.document()));
   }
   EXPECT_TRUE(wasThere);
 }
 
-/// The texts of the document and of those that were kept aside.
+/// The content of the document and of its backups.
 std::vector<std::string> documentAndBackups(const User& user) {
   std::vector<std::string> texts;
   for (const auto& entry : fs::directory_iterator(user.document().parent_path())) {
@@ -109,13 +100,13 @@ std::vector<std::string> documentAndBackups(const User& user) {
   return texts;
 }
 
-TEST_P(CutWriting, StartOnAnUnreadableDocumentLosesNothingOfIt) {
+TEST(CutWriting, StartKeepsAnUnreadableDocument) {
   const std::string broken(100'000, '{');
   Ending ending = Ending::cut;
   for (int stop = 1; ending == Ending::cut; ++stop) {
     SCOPED_TRACE(stop);
     User user;
-    putDocument(user, GetParam(), broken);
+    writeFile(user.document(), broken);
     ending = runUntilStop(stop, [&] { user.start(); });
     const auto texts = documentAndBackups(user);
     ASSERT_THAT(texts, testing::Contains(broken));
@@ -125,34 +116,33 @@ TEST_P(CutWriting, StartOnAnUnreadableDocumentLosesNothingOfIt) {
   }
 }
 
-std::string carriedOverDocument(const std::string& text) {
+std::string migratedDocument(const std::string& text) {
   return R"({"icon": "/Caches/)" + text + R"(/favicons/)" + std::string(100'000, 'x') + "\"}";
 }
 
-/// A text that is missing altogether counts as whole.
 void expectWholeOrMissing(const fs::path& path, const std::string& whole) {
   EXPECT_TRUE(!fs::exists(path) || readFile(path) == whole) << path;
 }
 
-TEST(CutMigration, CarriesEachThingOverAsAWholeAndGoesOnAtTheNextStart) {
+TEST(CutMigration, CopiesEachFileWholeAndResumesAtTheNextStart) {
   Ending ending = Ending::cut;
   for (int stop = 1; ending == Ending::cut; ++stop) {
     SCOPED_TRACE(stop);
     User user;
     const std::string defaults = "pie.hasSeenPermissionIntro=true\n";
     const fs::path favicons = user.cacheHome() / "Rondora" / "favicons";
-    writeFile(user.configHome() / "PieMenu" / "config.json", carriedOverDocument("PieMenu"));
+    writeFile(user.configHome() / "PieMenu" / "config.json", migratedDocument("PieMenu"));
     writeFile(user.configHome() / "PieMenu" / "defaults", defaults);
     writeFile(user.cacheHome() / "PieMenu" / "favicons" / "a.png", "first");
     writeFile(user.cacheHome() / "PieMenu" / "favicons" / "b" / "c.png", "second");
 
     ending = runUntilStop(stop, [&] { user.migrate(); });
-    expectWholeOrMissing(user.document(), carriedOverDocument("Rondora"));
+    expectWholeOrMissing(user.document(), migratedDocument("Rondora"));
     expectWholeOrMissing(user.configHome() / "Rondora" / "defaults", defaults);
-    EXPECT_EQ(readFile(user.configHome() / "PieMenu" / "config.json"), carriedOverDocument("PieMenu"));
+    EXPECT_EQ(readFile(user.configHome() / "PieMenu" / "config.json"), migratedDocument("PieMenu"));
 
     user.migrate();
-    EXPECT_EQ(readFile(user.document()), carriedOverDocument("Rondora"));
+    EXPECT_EQ(readFile(user.document()), migratedDocument("Rondora"));
     EXPECT_EQ(readFile(user.configHome() / "Rondora" / "defaults"), defaults);
     EXPECT_EQ(readFile(favicons / "a.png") + readFile(favicons / "b" / "c.png"), "firstsecond");
   }

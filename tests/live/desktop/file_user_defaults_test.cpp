@@ -13,59 +13,49 @@ namespace {
 
 class FileUserDefaultsTest : public testing::Test {
  protected:
-  FileUserDefaultsTest() { environment_.variables = {{"HOME", "/"}, {"XDG_CONFIG_HOME", folder_.path().string()}}; }
-
+  static FakeProcessEnvironment environmentIn(const std::filesystem::path& folder) {
+    FakeProcessEnvironment environment;
+    environment.variables = {{"HOME", "/"}, {"XDG_CONFIG_HOME", folder.string()}};
+    return environment;
+  }
   std::filesystem::path file(const char* folder) const { return folder_.path() / folder / "defaults"; }
 
   TemporaryFolder folder_;
-  FakeProcessEnvironment environment_;
+  PosixFileSystem files_{environmentIn(folder_.path())};
   FakeLog log_;
 };
 
-TEST_F(FileUserDefaultsTest, AnotherStartFindsWhatWasSet) {
-  PosixFileSystem files(environment_);
-  {
-    FileUserDefaults defaults(files, log_);
-    EXPECT_TRUE(defaults.isEmpty());
-    defaults.setBoolean("pie.hasSeenPermissionIntro", true);
-    defaults.setBoolean("other", false);
-    defaults.setInteger("NSInitialToolTipDelay", -120);
-  }
-  const FileUserDefaults defaults(files, log_);
-  EXPECT_FALSE(defaults.isEmpty());
-  EXPECT_TRUE(defaults.boolean("pie.hasSeenPermissionIntro"));
-  EXPECT_TRUE(defaults.hasValue("other") && !defaults.boolean("other"));
-  EXPECT_FALSE(defaults.hasValue("pie"));
-  EXPECT_EQ(readFile(file("Rondora")), "NSInitialToolTipDelay=-120\nother=false\npie.hasSeenPermissionIntro=true\n");
-}
-
-TEST_F(FileUserDefaultsTest, ReadsAFileThatSomebodyElseWrote) {
+TEST_F(FileUserDefaultsTest, KeepsValuesAndForeignLinesAcrossStarts) {
+  EXPECT_TRUE(FileUserDefaults(files_, log_).isEmpty());
   writeFile(file("Rondora"), "\n=nothing\nno sign\nstrange=a=b\nseen=true");
-  PosixFileSystem files(environment_);
-  FileUserDefaults defaults(files, log_);
-  EXPECT_TRUE(defaults.boolean("seen"));
-  EXPECT_FALSE(defaults.boolean("strange"));
-  defaults.setBoolean("seen", false);
-  EXPECT_EQ(readFile(file("Rondora")), "seen=false\nstrange=a=b\n");
+  FileUserDefaults first(files_, log_);
+  EXPECT_TRUE(first.boolean("seen"));
+  EXPECT_FALSE(first.boolean("strange"));
+  first.setBoolean("seen", false);
+  first.setBoolean("other", true);
+  first.setInteger("NSInitialToolTipDelay", -120);
+  EXPECT_EQ(readFile(file("Rondora")), "NSInitialToolTipDelay=-120\nother=true\nseen=false\nstrange=a=b\n");
+  const FileUserDefaults second(files_, log_);
+  EXPECT_FALSE(second.isEmpty());
+  EXPECT_TRUE(second.boolean("other"));
+  EXPECT_TRUE(second.hasValue("seen") && !second.boolean("seen"));
+  EXPECT_FALSE(second.hasValue("see"));
 }
 
-TEST_F(FileUserDefaultsTest, TakesOverThePredecessorsValuesOnlyWhereThereAreAny) {
-  PosixFileSystem files(environment_);
-  FileUserDefaults defaults(files, log_);
+TEST_F(FileUserDefaultsTest, ImportsThePredecessorsValuesIfAny) {
+  FileUserDefaults defaults(files_, log_);
   EXPECT_FALSE(defaults.importPredecessorDomain());
   writeFile(file("PieMenu"), "\n");
   EXPECT_FALSE(defaults.importPredecessorDomain());
   EXPECT_FALSE(std::filesystem::exists(file("Rondora")));
-
   writeFile(file("PieMenu"), "pie.hasSeenPermissionIntro=true\n");
   EXPECT_TRUE(defaults.importPredecessorDomain());
   EXPECT_TRUE(defaults.boolean("pie.hasSeenPermissionIntro"));
 }
 
-TEST_F(FileUserDefaultsTest, AFileThatCannotBeWrittenIsLoggedAndTheValueHoldsForThisRun) {
-  writeFile(folder_.path() / "Rondora", "a file where the folder should be");
-  PosixFileSystem files(environment_);
-  FileUserDefaults defaults(files, log_);
+TEST_F(FileUserDefaultsTest, LogsAFailedWriteAndKeepsTheValueForThisRun) {
+  writeFile(folder_.path() / "Rondora", "a file instead of the folder");
+  FileUserDefaults defaults(files_, log_);
   defaults.setBoolean("seen", true);
   EXPECT_TRUE(defaults.boolean("seen"));
   ASSERT_EQ(log_.lines.size(), 1U);

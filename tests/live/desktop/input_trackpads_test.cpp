@@ -7,7 +7,7 @@
 namespace rondora::desktop {
 namespace {
 
-// What the kernel wrote for such devices on x86-64.
+// Capabilities as the kernel writes them on x86-64.
 struct Device {
   std::string keys;
   std::string absolute;
@@ -32,7 +32,7 @@ class InputTrackpadsTest : public testing::Test {
   InputTrackpads trackpads{home.path() / "class", home.path() / "nodes"};
 };
 
-TEST_F(InputTrackpadsTest, KnowsATrackpadByWhatItCanDoAndWhetherItMayBeRead) {
+TEST_F(InputTrackpadsTest, RecognisesTrackpadsAndWhetherTheyAreReadable) {
   EXPECT_EQ(trackpads.access(), TrackpadAccess::none);
   plugIn("event0", kKeyboard, false);
   plugIn("event1", kTouchScreen, false);

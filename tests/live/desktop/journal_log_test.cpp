@@ -14,7 +14,7 @@
 namespace rondora::desktop {
 namespace {
 
-/// Stands where the journal listens.
+/// A socket in place of the journal's.
 class Journal {
  public:
   Journal() : socket_(::socket(AF_UNIX, SOCK_DGRAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0)) {
@@ -52,7 +52,7 @@ TEST_F(JournalLogTest, SendsWholeMessagesWithTheirLevel) {
   EXPECT_EQ(journal.receive().substr(0, 11), "PRIORITY=5\n");
 }
 
-TEST_F(JournalLogTest, WritesLinesToStandardErrorWhereThereIsNoJournalAnyMore) {
+TEST_F(JournalLogTest, FallsBackToStandardError) {
   auto journal = std::make_unique<Journal>();
   JournalLog log(journal->path());
   journal.reset();
@@ -62,7 +62,7 @@ TEST_F(JournalLogTest, WritesLinesToStandardErrorWhereThereIsNoJournalAnyMore) {
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "started\nerror: cannot write\n");
 }
 
-TEST_F(JournalLogTest, KeepsToStandardErrorWhenThatIsTheJournal) {
+TEST_F(JournalLogTest, UsesStandardErrorWhenItIsTheJournal) {
   const Journal journal;
   testing::internal::CaptureStderr();
   struct stat status {};

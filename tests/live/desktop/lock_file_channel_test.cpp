@@ -17,7 +17,7 @@ namespace fs = std::filesystem;
 
 class LockFileChannelTest : public testing::Test {
  protected:
-  /// In `fallback` where the user has no folder for such things.
+  /// `fallback`, if given, replaces XDG_RUNTIME_DIR.
   std::unique_ptr<LockFileChannel> channel(const std::string& display = ":7", const fs::path& fallback = {}) {
     FakeProcessEnvironment environment;
     environment.variables["DISPLAY"] = display;
@@ -29,7 +29,7 @@ class LockFileChannelTest : public testing::Test {
                                                return Subscription([this] { listener_ = -1; });
                                              });
   }
-  /// Another process asks, while this one turns its main loop.
+  /// Another instance requests the settings while the holder runs its main loop.
   bool isShownOnRequest(LockFileChannel& holder) {
     bool isShown = false;
     holder.serve({[&] { isShown = true; }, {}});
@@ -44,7 +44,7 @@ class LockFileChannelTest : public testing::Test {
   std::function<void()> readable_;
 };
 
-TEST_F(LockFileChannelTest, OneHoldsTheDisplayUntilItLetsGo) {
+TEST_F(LockFileChannelTest, OneInstanceHoldsTheDisplayUntilRelease) {
   auto holder = channel();
   ASSERT_EQ(holder->claim(), Claim::first);
   EXPECT_EQ(holder->claim(), Claim::first);
@@ -72,7 +72,7 @@ TEST_F(LockFileChannelTest, OnlyTheUserCanReachIt) {
   EXPECT_FALSE(fs::exists(folder_.path() / "elsewhere"));
 }
 
-TEST_F(LockFileChannelTest, IsUnavailableWhereNothingCanBeWritten) {
+TEST_F(LockFileChannelTest, UnavailableWithoutAWritableFolder) {
   EXPECT_EQ(channel(":7", "/proc/nowhere")->claim(), Claim::unavailable);
   EXPECT_EQ(channel(":7", folder_.path() / std::string(120, 'x'))->claim(), Claim::unavailable)
       << "longer than a socket's address";

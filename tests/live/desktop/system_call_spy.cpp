@@ -49,7 +49,7 @@ extern "C" int open(const char* path, int flags, ...) {
 extern "C" ssize_t write(int descriptor, const void* bytes, size_t count) {
   if (current && descriptor > STDERR_FILENO) {
     if (mustFail("write")) return -1;
-    if (current->writesAreTroubled) {
+    if (current->interruptsWrites) {
       if (current->writesSoFar++ % 2 == 0) {
         errno = EINTR;
         return -1;

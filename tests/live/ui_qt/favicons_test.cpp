@@ -29,7 +29,7 @@ class WebTest : public testing::Test {
  protected:
   static constexpr double kLongTime = 60;
 
-  /// What becomes of a request, whatever it is; fails when nothing does.
+  /// The result of a request, which must complete once.
   std::optional<FetchResponse> get(const std::string& address, std::size_t maxBodySize = 1 << 20,
                                    double timeout = kLongTime) {
     int endings = 0;
@@ -54,7 +54,7 @@ class WebTest : public testing::Test {
   QtNetworkFetch network;
 };
 
-TEST_F(WebTest, AnswersAreReportedAsTheyAre) {
+TEST_F(WebTest, ReportsAnswersUnchanged) {
   const auto page = getPage(WebServer::answering("hello"));
   ASSERT_TRUE(page);
   EXPECT_EQ(page->status, 200);
@@ -69,7 +69,7 @@ TEST_F(WebTest, AnswersAreReportedAsTheyAre) {
   EXPECT_FALSE(server.requests.contains("/there"));
 }
 
-TEST_F(WebTest, RequestsTellNothingOfWhoAsks) {
+TEST_F(WebTest, RequestsIdentifyNoUser) {
   qputenv("LC_ALL", "de_DE.UTF-8");
   const auto page = WebServer::answering("hello", "Set-Cookie: who=you; Path=/\r\n");
   getPage(page);
@@ -83,21 +83,21 @@ TEST_F(WebTest, RequestsTellNothingOfWhoAsks) {
   }
 }
 
-TEST_F(WebTest, NoBodyIsLongerThanAskedFor) {
+TEST_F(WebTest, BodiesEndAtTheLimit) {
   const auto endless = getPage(WebServer::dripping("HTTP/1.1 200 OK\r\n\r\n", QByteArray(100000, 'x'), 0), 300000);
   ASSERT_TRUE(endless);
   EXPECT_EQ(endless->body.size(), 300000u);
   EXPECT_FALSE(endless->isComplete);
   EXPECT_TRUE(handleEventsUntil([this] { return server.openConnections == 0; }, live::kPatience));
 
-  // 64 MiB of nothing, packed.
-  QFile packed(RONDORA_FIXTURES "/web/zeros.gz");
-  ASSERT_TRUE(packed.open(QIODevice::ReadOnly));
-  const auto bomb = getPage(WebServer::answering(packed.readAll(), "Content-Encoding: gzip\r\n"), 1000);
+  // 64 MiB of zeros, compressed.
+  QFile compressed(RONDORA_FIXTURES "/web/zeros.gz");
+  ASSERT_TRUE(compressed.open(QIODevice::ReadOnly));
+  const auto bomb = getPage(WebServer::answering(compressed.readAll(), "Content-Encoding: gzip\r\n"), 1000);
   EXPECT_TRUE(!bomb || (bomb->body.size() <= 1000 && !bomb->isComplete));
 }
 
-TEST_F(WebTest, WhatDoesNotComeInTimeOrWholeIsNoAnswer) {
+TEST_F(WebTest, LateBrokenAndForeignAnswersFail) {
   EXPECT_FALSE(getPage([](QTcpSocket&) {}, 1000, 0.2));
   EXPECT_FALSE(getPage(WebServer::dripping("HTTP/1.1 200 OK\r\n\r\n", "x", 10), 100000, 0.3));
   EXPECT_FALSE(getPage(WebServer::saying("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\nshort")));
@@ -111,7 +111,7 @@ TEST_F(WebTest, WhatDoesNotComeInTimeOrWholeIsNoAnswer) {
   EXPECT_FALSE(get("no address"));
 }
 
-TEST_F(WebTest, ARequestCanBeGivenUp) {
+TEST_F(WebTest, RequestsCanBeCancelled) {
   server.pages["/page"] = [](QTcpSocket&) {};
   bool hasEnded = false;
   Subscription request = network.fetch({server.address("/page"), 10, kLongTime}, [&](auto) { hasEnded = true; });
@@ -124,7 +124,7 @@ TEST_F(WebTest, ARequestCanBeGivenUp) {
   EXPECT_TRUE(network.canReach("[::1]"));
 }
 
-TEST(PictureCodecTest, MakesASmallPngOfPixelPicturesOnly) {
+TEST(PictureCodecTest, ScalesPixelPicturesOnly) {
   QtPictureCodec codec;
   const auto read = [&codec](const QByteArray& bytes) {
     const auto png = codec.thumbnail(bytes.toStdString(), 96);

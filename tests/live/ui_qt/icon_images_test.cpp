@@ -25,7 +25,7 @@ namespace {
 constexpr int kSide = 48;
 constexpr Color kRed{1, 0, 0, 1};
 
-/// Of the pixels that are opaque.
+/// Statistics of the opaque pixels.
 struct Coverage {
   int opaquePixels = 0;
   std::set<QRgb> colours;
@@ -68,7 +68,7 @@ class IconImagesTest : public testing::Test {
   IconImages images{applications};
 };
 
-TEST_F(IconImagesTest, EverySymbolOfTheTableHasItsOwnPictureInTheTint) {
+TEST_F(IconImagesTest, EverySymbolHasItsOwnPictureInTheTint) {
   std::vector<QImage> others = {icon(IconKind::symbol, "no such symbol")};
   ASSERT_GT(coverage(others.front()).opaquePixels, 0);
   for (const SymbolEntry& entry : symbolTable()) {
@@ -80,9 +80,11 @@ TEST_F(IconImagesTest, EverySymbolOfTheTableHasItsOwnPictureInTheTint) {
     EXPECT_EQ(std::count(others.begin(), others.end(), image), 0);
     others.push_back(image);
   }
+  EXPECT_EQ(icon(IconKind::symbol, "star"), icon(IconKind::symbol, "star.fill"));
+  EXPECT_EQ(icon(IconKind::symbol, "globe.fill"), icon(IconKind::symbol, "globe"));
 }
 
-TEST_F(IconImagesTest, EverySymbolThatTheProgramItselfUsesIsDrawn) {
+TEST_F(IconImagesTest, EverySymbolThatTheProgramUsesExists) {
   SeededRandom random;
   std::set<std::string, std::less<>> used(PieMenuItem::kUnassignedSymbols.begin(),
                                           PieMenuItem::kUnassignedSymbols.end());
@@ -100,12 +102,7 @@ TEST_F(IconImagesTest, EverySymbolThatTheProgramItselfUsesIsDrawn) {
   for (const std::string& name : used) EXPECT_TRUE(findSymbol(name)) << name;
 }
 
-TEST_F(IconImagesTest, ASymbolIsFoundWithAndWithoutItsFilling) {
-  EXPECT_EQ(icon(IconKind::symbol, "star"), icon(IconKind::symbol, "star.fill"));
-  EXPECT_EQ(icon(IconKind::symbol, "globe.fill"), icon(IconKind::symbol, "globe"));
-}
-
-TEST_F(IconImagesTest, AnEmojiSequenceIsOnePictureInItsOwnColours) {
+TEST_F(IconImagesTest, EmojiSequencesAreSinglePictures) {
   for (const char* emoji :
        {"🍕", "👩‍🚀", "❤️", "👍🏽", "👩🏿‍❤️‍💋‍👨🏻", "7️⃣"}) {
     SCOPED_TRACE(emoji);
@@ -124,11 +121,14 @@ TEST_F(IconImagesTest, AnEmojiSequenceIsOnePictureInItsOwnColours) {
   EXPECT_EQ(icon(IconKind::emoji, "\U00013000"), icon(IconKind::symbol, "no such symbol"));
 }
 
-TEST_F(IconImagesTest, AnApplicationShowsItsOwnPictureElseThatOfItsWindowAsSoonAsItHasOne) {
+TEST_F(IconImagesTest, ApplicationIconIsItsOwnElseItsWindows) {
   applications.sources["org.example.Files"].themeName = "folder";
   EXPECT_GT(coverage(icon(IconKind::application, "org.example.Files")).colours.size(), 2U);
-  applications.sources["org.example.Blue"].themeName = paint("blue.png", {20, 20}, Qt::blue).toStdString();
-  EXPECT_EQ(icon(IconKind::application, "org.example.Blue").pixel(5, 5), qRgb(0, 0, 255));
+  for (const Qt::GlobalColor colour : {Qt::blue, Qt::green}) {
+    const QString file = paint(QString::number(colour) + ".png", {20, 20}, colour);
+    applications.sources["org.example.Blue"].themeName = file.toStdString();
+    EXPECT_EQ(icon(IconKind::application, "org.example.Blue").pixelColor(5, 5), QColor(colour));
+  }
 
   applications.sources["org.example.Editor"].filePath = "/no/such/picture.png";
   const QImage before = icon(IconKind::application, "org.example.Editor");
@@ -142,16 +142,7 @@ TEST_F(IconImagesTest, AnApplicationShowsItsOwnPictureElseThatOfItsWindowAsSoonA
   EXPECT_EQ(after.pixel(kSide / 2, kSide / 2), 0xFF00FF00);
 }
 
-TEST_F(IconImagesTest, AnApplicationsOwnPictureIsThatOfWhoAnswersToItsNameNow) {
-  const auto colourFrom = [&](const QString& file) {
-    applications.sources["org.example.Blue"].themeName = file.toStdString();
-    return icon(IconKind::application, "org.example.Blue").pixel(5, 5);
-  };
-  EXPECT_EQ(colourFrom(paint("blue.png", {20, 20}, Qt::blue)), qRgb(0, 0, 255));
-  EXPECT_EQ(colourFrom(paint("green.png", {20, 20}, Qt::green)), qRgb(0, 255, 0));
-}
-
-TEST_F(IconImagesTest, PicturesOfEveryCommonFormatAreRead) {
+TEST_F(IconImagesTest, ReadsEveryCommonFormat) {
   const QString svg = write("drawn.svg",
                             "<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 4 4'>"
                             "<rect width='2' height='4' fill='#ff0000'/>"
@@ -166,10 +157,10 @@ TEST_F(IconImagesTest, PicturesOfEveryCommonFormatAreRead) {
   EXPECT_EQ(icon(IconKind::imageFile, svg.toStdString()).pixel(kSide / 2 - 1, 5), qRgb(255, 0, 0)) << "not sharp";
 }
 
-TEST_F(IconImagesTest, FilesThatCannotBeTrustedGiveTheNeutralPicture) {
+TEST_F(IconImagesTest, UntrustedFilesGiveTheNeutralPicture) {
   const QImage neutral = icon(IconKind::imageFile, "/no/such/file.png");
   ASSERT_GT(coverage(neutral).opaquePixels, 0);
-  const QString broken = write("broken.png", "\x89PNG\r\n\x1a\n and then nothing of the kind");
+  const QString broken = write("broken.png", "\x89PNG\r\n\x1a\n and then no image data");
   const QString empty = write("empty.png", {});
   const QString wide = paint("wide.png", {5000, 2}, Qt::blue);
   QFile huge(folder.filePath("huge.png"));
@@ -189,7 +180,7 @@ TEST_F(IconImagesTest, FilesThatCannotBeTrustedGiveTheNeutralPicture) {
   }
 }
 
-TEST_F(IconImagesTest, AnImageFileIsFittedAndReadAnewWhenItChanges) {
+TEST_F(IconImagesTest, ImageFileIsFittedAndReloadedAfterAChange) {
   qint64 second = 1'000'000;
   for (const QColor& colour : {QColor(Qt::blue), QColor(Qt::green)}) {
     QFile file(paint("picture.png", {20, 10}, colour));

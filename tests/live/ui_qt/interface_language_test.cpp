@@ -38,7 +38,7 @@ class InterfaceLanguageTest : public testing::Test {
   ~InterfaceLanguageTest() override { useInterfaceLanguage(AppLanguage::english); }
 };
 
-TEST_F(InterfaceLanguageTest, EveryLanguageHasItsDirectionAndItsGlyphsFromOneFontBesideTheLatinOne) {
+TEST_F(InterfaceLanguageTest, EachLanguageHasItsDirectionAndOneFont) {
   for (const AppLanguage language : kAppLanguages) {
     useInterfaceLanguage(language);
     EXPECT_EQ(QApplication::layoutDirection(), isRightToLeft(language) ? Qt::RightToLeft : Qt::LeftToRight);
@@ -52,14 +52,14 @@ TEST_F(InterfaceLanguageTest, EveryLanguageHasItsDirectionAndItsGlyphsFromOneFon
   }
 }
 
-TEST_F(InterfaceLanguageTest, CharactersThatTwoLanguagesShareHaveTheFormsOfTheReaders) {
+TEST_F(InterfaceLanguageTest, SharedCharactersHaveTheLanguagesForms) {
   useInterfaceLanguage(AppLanguage::chinese);
   EXPECT_EQ(render("直").families, std::set<std::string>{"Noto Sans CJK SC"});
   useInterfaceLanguage(AppLanguage::japanese);
   EXPECT_EQ(render("直").families, std::set<std::string>{"Noto Sans CJK JP"});
 }
 
-TEST_F(InterfaceLanguageTest, AnUrduTitleJoinsItsLettersInEveryLanguage) {
+TEST_F(InterfaceLanguageTest, UrduTitlesJoinTheirLetters) {
   constexpr std::string_view kTitle = "سفر کے نوٹس میں";
   for (const AppLanguage language : kAppLanguages) {
     useInterfaceLanguage(language);

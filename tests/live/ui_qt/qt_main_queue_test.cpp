@@ -17,7 +17,7 @@ namespace {
 
 class QtMainQueueTest : public testing::Test {
  protected:
-  /// Lets everything that is due by then run.
+  /// Runs all work that is due within `seconds`.
   void settle(double seconds) {
     bool reached = false;
     queue->after(seconds, [&] { reached = true; });
@@ -28,24 +28,20 @@ class QtMainQueueTest : public testing::Test {
   std::string story;
 };
 
-TEST_F(QtMainQueueTest, AsynchronousWorkRunsLaterInOrderAndCanBeMadeToRunNow) {
+TEST_F(QtMainQueueTest, QueuedWorkRunsLaterInOrderOnTheMainThread) {
+  const QThread* where = nullptr;
   queue->async([&] { story += 'a'; });
   queue->after(0.001, [&] { story += 'z'; });
+  std::thread([&] { queue->async([&] { where = QThread::currentThread(); }); }).join();
   queue->async([&] { story += 'b'; });
   EXPECT_EQ(story, "");
   queue->runWaiting();
   EXPECT_EQ(story, "ab");
+  EXPECT_EQ(where, QCoreApplication::instance()->thread());
   EXPECT_TRUE(handleEventsUntil([&] { return story == "abz"; }, live::kPatience));
 }
 
-TEST_F(QtMainQueueTest, WorkFromOtherThreadsRunsOnTheMainThread) {
-  const QThread* where = nullptr;
-  std::thread([&] { queue->async([&] { where = QThread::currentThread(); }); }).join();
-  EXPECT_TRUE(handleEventsUntil([&] { return where != nullptr; }, live::kPatience));
-  EXPECT_EQ(where, QCoreApplication::instance()->thread());
-}
-
-TEST_F(QtMainQueueTest, ACancelledWorkItemNeverRunsAndOneMayEndItself) {
+TEST_F(QtMainQueueTest, WorkItemsCanBeCancelledEvenByThemselves) {
   Subscription cancelled = queue->workItem(0, [&] { story += 'x'; });
   Subscription kept = queue->workItem(0.01, [&] {
     kept.reset();
@@ -57,7 +53,7 @@ TEST_F(QtMainQueueTest, ACancelledWorkItemNeverRunsAndOneMayEndItself) {
   EXPECT_EQ(story, "ka");
 }
 
-TEST_F(QtMainQueueTest, ATimerTicksUntilItEndsAndNeverEarly) {
+TEST_F(QtMainQueueTest, TimersTickUntilResetAndNeverEarly) {
   QElapsedTimer clock;
   clock.start();
   int ticks = 0;
@@ -70,7 +66,7 @@ TEST_F(QtMainQueueTest, ATimerTicksUntilItEndsAndNeverEarly) {
   EXPECT_EQ(ticks, 5);
 }
 
-TEST_F(QtMainQueueTest, NothingRunsOnceTheQueueIsGone) {
+TEST_F(QtMainQueueTest, DestructionDropsQueuedWork) {
   queue->async([&] { story += 'x'; });
   queue->after(0, [&] { story += 'x'; });
   Subscription item = queue->workItem(0, [&] { story += 'x'; });

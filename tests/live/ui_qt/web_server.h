@@ -11,7 +11,7 @@
 
 namespace rondora {
 
-/// A web server on this machine that says whatever it is told to, well-formed or not.
+/// A local web server with scripted answers, well-formed or not.
 class WebServer {
  public:
   using Behaviour = std::function<void(QTcpSocket&)>;
@@ -25,7 +25,7 @@ class WebServer {
   std::string address(const std::string& path) const {
     return "http://127.0.0.1:" + std::to_string(server_.serverPort()) + path;
   }
-  /// Answers with these bytes, headers and all, and closes.
+  /// Sends these bytes, headers included, and closes.
   static Behaviour saying(QByteArray bytes) {
     return [bytes = std::move(bytes)](QTcpSocket& socket) {
       socket.write(bytes);
@@ -36,7 +36,7 @@ class WebServer {
     return saying("HTTP/1.1 200 OK\r\n" + headers + "Content-Length: " + QByteArray::number(body.size()) + "\r\n\r\n" +
                   body);
   }
-  /// Says `start` and then `more`, every so many milliseconds and for ever.
+  /// Sends `start`, then `more` at that interval for ever.
   static Behaviour dripping(const QByteArray& start, const QByteArray& more, int milliseconds) {
     return [=](QTcpSocket& socket) {
       socket.write(start);
@@ -49,7 +49,7 @@ class WebServer {
   }
 
   std::map<std::string, Behaviour> pages;
-  /// The requests as they came, with their headers.
+  /// All requests, with their headers.
   QByteArray requests;
   int openConnections = 0;
 

@@ -8,6 +8,7 @@
 #include <QTest>
 #include <QWheelEvent>
 #include <QWidget>
+#include <algorithm>
 #include <memory>
 
 #include "platform/qt/qt_pasteboard.h"
@@ -16,20 +17,17 @@
 namespace rondora {
 namespace {
 
-/// The program's windows that are on the screen.
-std::vector<QWidget*> windowsUp() {
-  std::vector<QWidget*> result;
-  for (QWidget* widget : QApplication::topLevelWidgets()) {
-    if (widget->isVisible()) result.push_back(widget);
-  }
+/// The program's visible windows.
+QWidgetList windowsUp() {
+  QWidgetList result = QApplication::topLevelWidgets();
+  result.removeIf([](const QWidget* widget) { return !widget->isVisible(); });
   return result;
 }
 
 bool shows(const QWidget& window, const QString& text) {
-  for (const QLabel* label : window.findChildren<QLabel*>()) {
-    if (label->isVisible() && label->text().contains(text)) return true;
-  }
-  return false;
+  const auto labels = window.findChildren<QLabel*>();
+  return std::any_of(labels.begin(), labels.end(),
+                     [&](const QLabel* label) { return label->isVisible() && label->text().contains(text); });
 }
 
 void click(const QWidget& window, const QString& title) {
@@ -67,7 +65,7 @@ class WindowsTest : public testing::Test {
       [this](AppLanguage choice) { choices.push_back(choice); }, [this] { ++quits; }, [this] { return findings; }}};
 };
 
-TEST_F(WindowsTest, TheSettingsWindowIsReusedAndShowsWhatIsTrueNow) {
+TEST_F(WindowsTest, SettingsWindowIsReusedAndUpToDate) {
   const auto settings = windows.makeSettingsWindow();
   settings->show();
   ASSERT_EQ(windowsUp().size(), 1U);
@@ -82,12 +80,12 @@ TEST_F(WindowsTest, TheSettingsWindowIsReusedAndShowsWhatIsTrueNow) {
   findings = {{true, "Hotkeys: 3", ""}};
   texts.settingsTitle = "الإعدادات";
   settings->show();
-  EXPECT_EQ(windowsUp(), std::vector<QWidget*>{window});
+  EXPECT_EQ(windowsUp(), QWidgetList{window});
   EXPECT_TRUE(shows(*window, "Hotkeys: 3"));
   EXPECT_EQ(window->windowTitle().toStdString(), texts.settingsTitle);
 }
 
-TEST_F(WindowsTest, TheSettingsWindowCanBeUsedByKeyboardAlone) {
+TEST_F(WindowsTest, SettingsWorkByKeyboardAlone) {
   texts.documentHeading = "File:";
   const auto settings = windows.makeSettingsWindow();
   for (const char* keys : {"Esc", "Ctrl+W", "Return"}) {
@@ -116,7 +114,7 @@ TEST_F(WindowsTest, TheSettingsWindowCanBeUsedByKeyboardAlone) {
   EXPECT_EQ(quits, 1);
 }
 
-TEST_F(WindowsTest, TheUserChoosesTheLanguageAndScrollingDoesNot) {
+TEST_F(WindowsTest, OnlyTheUserChoosesTheLanguage) {
   const auto settings = windows.makeSettingsWindow();
   settings->show();
   auto* chooser = windowsUp().front()->findChild<QComboBox*>();
@@ -130,14 +128,14 @@ TEST_F(WindowsTest, TheUserChoosesTheLanguageAndScrollingDoesNot) {
   EXPECT_EQ(choices, std::vector{AppLanguage::russian});
   QKeyEvent choose(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
   QApplication::sendEvent(chooser, &choose);
-  EXPECT_EQ(windowsUp().size(), 1U) << "the key that chooses from the list is not for the window";
+  EXPECT_EQ(windowsUp().size(), 1U) << "Return must not press the default button";
   language = AppLanguage::german;
   textsChanged.send();
   EXPECT_EQ(chooser->currentText(), "Deutsch");
   EXPECT_EQ(choices.size(), 1U);
 }
 
-TEST_F(WindowsTest, OnboardingFollowsTheTextsAndShowsWhatFails) {
+TEST_F(WindowsTest, OnboardingFollowsTextsAndFindings) {
   const auto onboarding = windows.makeOnboardingWindow();
   onboarding->present([] {});
   QWidget* window = windowsUp().front();
@@ -147,7 +145,7 @@ TEST_F(WindowsTest, OnboardingFollowsTheTextsAndShowsWhatFails) {
   texts.onboardingHeadline = "Alles Wichtige";
   findings = {{false, "Kein Infobereich", "Fügen Sie einen hinzu"}};
   textsChanged.send();
-  EXPECT_EQ(windowsUp(), std::vector<QWidget*>{window});
+  EXPECT_EQ(windowsUp(), QWidgetList{window});
   EXPECT_EQ(window->windowTitle(), "Willkommen");
   EXPECT_TRUE(shows(*window, "Alles Wichtige"));
   EXPECT_FALSE(shows(*window, "Hello"));
@@ -157,7 +155,7 @@ TEST_F(WindowsTest, OnboardingFollowsTheTextsAndShowsWhatFails) {
   textsChanged.send();
 }
 
-TEST_F(WindowsTest, OnboardingCompletesOnceHoweverItEndsAndMayBeDestroyedByThat) {
+TEST_F(WindowsTest, OnboardingCompletesOnceAndMayBeDestroyedThen) {
   const std::vector<std::function<void(OnboardingWindow&)>> ways = {
       [](OnboardingWindow&) { click(*windowsUp().front(), "Done"); },
       [](OnboardingWindow&) { windowsUp().front()->close(); },
@@ -181,10 +179,10 @@ TEST_F(WindowsTest, OnboardingCompletesOnceHoweverItEndsAndMayBeDestroyedByThat)
   }
   windows.makeOnboardingWindow()->present([&] { ++completions; });
   EXPECT_TRUE(windowsUp().empty());
-  EXPECT_EQ(completions, 1) << "destroyed while it was up";
+  EXPECT_EQ(completions, 1) << "destroyed while visible";
 }
 
-TEST_F(WindowsTest, TheSnippetPreviewIsSmallHoweverLongTheSnippet) {
+TEST_F(WindowsTest, SnippetPreviewStaysSmall) {
   const auto preview = windows.makeSnippetPreviewPopover();
   Size size;
   const SnippetPreviewPopover::Place place = [&size](Size wanted) {
@@ -209,7 +207,7 @@ TEST_F(WindowsTest, TheSnippetPreviewIsSmallHoweverLongTheSnippet) {
   EXPECT_TRUE(windowsUp().empty());
 }
 
-TEST(QtPasteboardTest, HoldsTextAndPrivateBytesTogetherUntilCleared) {
+TEST(QtPasteboardTest, HoldsTextAndPrivateBytesUntilCleared) {
   const std::string bytes("\0\xff{}", 4);
   QtPasteboard pasteboard;
   pasteboard.setString("old");

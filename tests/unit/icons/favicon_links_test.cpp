@@ -19,7 +19,7 @@ std::vector<std::string> links(std::string_view html) {
 
 using Links = std::vector<std::string>;
 
-TEST(FaviconLinksTest, FindsLinksHoweverTheyAreWritten) {
+TEST(FaviconLinksTest, FindsLinksInEverySpelling) {
   EXPECT_EQ(links(R"(<!DOCTYPE html><html><head><link rel="icon" href="/i.png"></head>)"),
             Links{"https://a.org/i.png"});
   EXPECT_EQ(links("<LINK REL='Shortcut Icon'\n HREF = i.ico />"), Links{"https://a.org/i.ico"});
@@ -28,7 +28,7 @@ TEST(FaviconLinksTest, FindsLinksHoweverTheyAreWritten) {
   EXPECT_EQ(links("<link rel=icon href='i.png"), Links{"https://a.org/i.png"});
 }
 
-TEST(FaviconLinksTest, LeavesOutWhatIsNoPictureForUs) {
+TEST(FaviconLinksTest, SkipsUnusableLinks) {
   EXPECT_EQ(links("<!-- <link rel=icon href=i.png> -->"), Links{});
   EXPECT_EQ(links("<script>'<link rel=icon href=i.png>'</script><title><link rel=icon href=j.png></title>"), Links{});
   EXPECT_EQ(links("<link rel=stylesheet href=a.css><link rel=mask-icon href=a.png><link rel=icon><link>"), Links{});
@@ -37,7 +37,7 @@ TEST(FaviconLinksTest, LeavesOutWhatIsNoPictureForUs) {
   EXPECT_EQ(links("<body><link rel=icon href=i.png>"), Links{});
 }
 
-TEST(FaviconLinksTest, TheSmallestThatIsLargeEnoughComesFirst) {
+TEST(FaviconLinksTest, SmallestSufficientSizeComesFirst) {
   EXPECT_EQ(links("<link rel=icon sizes=16x16 href=16><link rel=icon sizes='32x32 48x48' href=48>"
                   "<link rel=icon href=unknown><link rel=apple-touch-icon href=touch>"
                   "<link rel=icon sizes=512x512 href=512><link rel=icon sizes=96x96 href=96>"

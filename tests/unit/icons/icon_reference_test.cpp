@@ -7,7 +7,7 @@
 namespace rondora {
 namespace {
 
-TEST(IconReferenceTest, TellsTheKindsApart) {
+TEST(IconReferenceTest, ParsesEachKind) {
   struct Case {
     const char* icon;
     IconKind kind;
@@ -34,7 +34,7 @@ TEST(IconReferenceTest, TellsTheKindsApart) {
   }
 }
 
-TEST(IconReferenceTest, AFaviconStandsForASite) {
+TEST(IconReferenceTest, FaviconNamesASite) {
   const auto site = [](std::string icon, MenuAction action) {
     PieMenuItem item;
     item.icon = std::move(icon);

@@ -10,7 +10,7 @@ std::string parsed(std::string_view text) {
   return address ? address->text() : "";
 }
 
-TEST(WebAddressTest, ReadsWhatAnAddressSaysAndNothingOfWhoAsks) {
+TEST(WebAddressTest, NormalisesAddressesAndDropsCredentials) {
   EXPECT_EQ(parsed("https://www.example.org/a/b?c=d#e"), "https://www.example.org/a/b?c=d");
   EXPECT_EQ(parsed("  HTTP://Example.ORG:80 \n"), "http://example.org/");
   EXPECT_EQ(parsed("https://example.org:8443?x"), "https://example.org:8443/?x");
@@ -20,7 +20,7 @@ TEST(WebAddressTest, ReadsWhatAnAddressSaysAndNothingOfWhoAsks) {
   EXPECT_EQ(parsed("https://example.org/a/../../b/./c/.."), "https://example.org/b/");
 }
 
-TEST(WebAddressTest, RefusesEverythingThatIsNoWebAddress) {
+TEST(WebAddressTest, RejectsOtherTexts) {
   for (const char* text :
        {"", "example.org", "mailto:a@example.org", "file:///etc/passwd", "javascript:alert(1)", "https:", "https://",
         "https:///path", "https://?", "http://:80/", "http://a b/", "http://example.org:0/",
@@ -32,7 +32,7 @@ TEST(WebAddressTest, RefusesEverythingThatIsNoWebAddress) {
   EXPECT_EQ(parsed("http://example.org/" + std::string(2048, 'a')), "");
 }
 
-TEST(WebAddressTest, FollowsReferences) {
+TEST(WebAddressTest, ResolvesReferences) {
   const auto page = WebAddress::parse("http://a/b/c/d?q");
   ASSERT_TRUE(page);
   const auto resolved = [&page](std::string_view reference) {

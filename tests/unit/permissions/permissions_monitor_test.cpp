@@ -26,7 +26,7 @@ class PermissionsMonitorTest : public ::testing::Test {
   Subscription subscription_;
 };
 
-TEST_F(PermissionsMonitorTest, PublishesChangesAndNothingElse) {
+TEST_F(PermissionsMonitorTest, PublishesChangesOnly) {
   monitor_->refresh();
   desktop_.permissions.trusted = true;
   desktop_.shell.becomeActive();
@@ -37,25 +37,20 @@ TEST_F(PermissionsMonitorTest, PublishesChangesAndNothingElse) {
                                       PermissionsSnapshot{true, true}));
 }
 
-TEST_F(PermissionsMonitorTest, LooksEverySecondUntilAllIsGrantedAndThenEveryFive) {
-  desktop_.time.advance(0.9);
-  desktop_.permissions = FakePermissionService();
-  EXPECT_EQ(published_.size(), 1U);
-  desktop_.time.advance(0.2);
-  EXPECT_EQ(published_.size(), 2U);
-  desktop_.permissions.mayListen = false;
-  desktop_.time.advance(4.8);
-  EXPECT_EQ(published_.size(), 2U);
-  desktop_.time.advance(0.2);
-  EXPECT_EQ(published_.size(), 3U);
-  desktop_.permissions.mayListen = true;
-  desktop_.time.advance(1);
-  EXPECT_EQ(published_.size(), 4U);
-}
-
-TEST_F(PermissionsMonitorTest, KeepsOneTimerHoweverOftenItLooksAndNoneAfterItsEnd) {
+TEST_F(PermissionsMonitorTest, PollsEachSecondUntilAllIsGrantedThenEachFive) {
+  const auto publishedAfter = [this](double seconds) {
+    desktop_.time.advance(seconds);
+    return published_.size();
+  };
   for (int i = 0; i < 3; ++i) monitor_->refresh();
-  desktop_.time.advance(3);
+  EXPECT_EQ(publishedAfter(0.9), 1U);
+  desktop_.permissions = FakePermissionService();
+  EXPECT_EQ(publishedAfter(0.2), 2U);
+  desktop_.permissions.mayListen = false;
+  EXPECT_EQ(publishedAfter(4.8), 2U);
+  EXPECT_EQ(publishedAfter(0.2), 3U);
+  desktop_.permissions.mayListen = true;
+  EXPECT_EQ(publishedAfter(1), 4U);
   EXPECT_EQ(desktop_.time.pendingCount(), 1U);
   monitor_.reset();
   EXPECT_EQ(desktop_.time.pendingCount(), 0U);
