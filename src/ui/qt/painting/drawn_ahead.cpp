@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/pixels.h"
+
 namespace rondora {
 namespace {
 
@@ -16,14 +18,6 @@ std::uint32_t green(std::uint32_t pixel) { return pixel >> 8 & 0xFF; }
 std::uint8_t lightThrough(std::uint32_t black, std::uint32_t white) {
   const std::uint32_t brightest = std::max({black >> 16 & 0xFF, green(black), black & 0xFF});
   return static_cast<std::uint8_t>(std::min(std::max(green(white), green(black)) - green(black), 255 - brightest));
-}
-
-/// `color`, as dark as `light` of 255 makes it; its alpha is dropped.
-std::uint32_t dimmed(std::uint32_t color, std::uint32_t light) {
-  constexpr std::uint32_t kEven = 0x00FF00FF;
-  const std::uint32_t even = (color & kEven) * light + 0x00800080;
-  const std::uint32_t odd = (color >> 8 & 0xFF) * light + 0x80;
-  return ((even + (even >> 8 & kEven)) >> 8 & kEven) | ((odd + (odd >> 8)) & 0xFF00);
 }
 
 }  // namespace
@@ -46,7 +40,7 @@ bool DrawnAhead::compose(const QImage& backdrop, QImage& target) const {
     const std::uint32_t* own = pixelsOf(inFrontOfBlack_, y);
     const std::uint32_t* behind = pixelsOf(backdrop, y);
     auto* row = reinterpret_cast<std::uint32_t*>(target.scanLine(y));
-    for (int x = 0; x < width; ++x) row[x] = own[x] + dimmed(behind[x], light[x]);
+    for (int x = 0; x < width; ++x) row[x] = own[x] + dimmedPixel(behind[x], light[x]);
   }
   return true;
 }

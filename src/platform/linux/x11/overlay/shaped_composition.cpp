@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "base/pixels.h"
+
 namespace rondora::x11 {
 namespace {
 
@@ -12,17 +14,6 @@ namespace {
 constexpr std::uint32_t kHardEdge = 0xFF15161A;
 constexpr std::uint8_t kHardEdgeAlpha = 0x90;
 constexpr std::uint8_t kSoftEdgeAlpha = 1;
-
-/// The premultiplied `pixel` over an opaque one. Keeps its alpha, from which the shape is made.
-std::uint32_t laidOn(std::uint32_t beneath, std::uint32_t pixel) {
-  constexpr std::uint32_t kEven = 0x00FF00FF;
-  const std::uint32_t rest = 255 - (pixel >> 24);
-  const auto share = [rest](std::uint32_t components) {
-    const std::uint32_t scaled = components * rest + 0x00800080;
-    return (scaled + (scaled >> 8 & kEven)) >> 8 & kEven;
-  };
-  return pixel + (share(beneath & kEven) | (share(beneath >> 8 & 0xFF) & 0xFF) << 8);
-}
 
 bool sameRectangle(const xcb_rectangle_t& a, const xcb_rectangle_t& b) {
   return a.x == b.x && a.y == b.y && a.width == b.width && a.height == b.height;
@@ -35,11 +26,12 @@ void ShapedComposition::blend(const PixelBuffer& target, const PixelRect& rect) 
     std::uint32_t* row = target.pixels + static_cast<std::ptrdiff_t>(y) * target.stride;
     if (!snapshot_) {
       std::transform(row + rect.x, row + rect.right(), row + rect.x,
-                     [](std::uint32_t pixel) { return laidOn(kHardEdge, pixel); });
+                     [](std::uint32_t pixel) { return pixelOver(pixel, kHardEdge); });
       continue;
     }
     const std::uint32_t* beneath = snapshot_->pixels + static_cast<std::ptrdiff_t>(y) * snapshot_->stride;
-    std::transform(beneath + rect.x, beneath + rect.right(), row + rect.x, row + rect.x, laidOn);
+    std::transform(beneath + rect.x, beneath + rect.right(), row + rect.x, row + rect.x,
+                   [](std::uint32_t opaque, std::uint32_t pixel) { return pixelOver(pixel, opaque); });
   }
 }
 
