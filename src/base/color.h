@@ -13,7 +13,7 @@ struct Color {
   double alpha = 1;
   friend bool operator==(const Color&, const Color&) = default;
 
-  /// "#RRGGBB" in either case, with or without the leading number sign; anything else is nothing.
+  /// "#RRGGBB" in either case, with or without the leading number sign; nullopt for anything else.
   static std::optional<Color> fromHex(std::string_view text);
 
   constexpr Color withAlpha(double newAlpha) const { return {red, green, blue, newAlpha}; }
@@ -26,7 +26,7 @@ constexpr Color mix(Color from, Color to, double amount) {
           from.alpha * rest + to.alpha * amount};
 }
 
-/// `over` laid on `under`, as one colour.
+/// `over` composited on `under`, as one colour.
 constexpr Color layered(Color under, Color over) {
   const double below = under.alpha * (1 - over.alpha);
   const double alpha = over.alpha + below;
@@ -35,8 +35,8 @@ constexpr Color layered(Color under, Color over) {
           (over.blue * over.alpha + under.blue * below) / alpha, alpha};
 }
 
-/// How strongly light and dark differ, 1 (not at all) to 21 (black and white): the contrast ratio of WCAG 2.1. Alpha
-/// does not count.
+/// The contrast ratio of WCAG 2.1, from 1 (equal) to 21 (black and white).
+/// Ignores alpha.
 double contrast(Color a, Color b);
 
 }  // namespace rondora

@@ -8,7 +8,7 @@
 #include "base/color.h"
 #include "base/geometry.h"
 
-// A drawing without a toolkit: what a ring looks like, in points, y down. Toolkits paint it and decide nothing.
+// A drawing without a toolkit: what a ring looks like, in points, y down. Toolkits paint it and add no policy.
 
 namespace rondora {
 
@@ -33,7 +33,7 @@ struct Path {
   /// A circular arc around `center` from `startAngle` to `endAngle` (radians, clockwise on screen), as cubics that
   /// start at the current point.
   void arc(Point center, double radius, double startAngle, double endAngle);
-  /// The same outline drawn the other way round; of one closed piece.
+  /// The same outline in the opposite direction. The path must be one closed piece.
   Path reversed() const;
   void append(const Path& other) { elements.insert(elements.end(), other.elements.begin(), other.elements.end()); }
   static Path circle(Point center, double radius);
@@ -63,16 +63,16 @@ struct RadialGradientPaint {
   std::vector<GradientStop> stops;
   friend bool operator==(const RadialGradientPaint&, const RadialGradientPaint&) = default;
 };
-/// What lies beneath the picture, as seen through frosted glass.
+/// The screen beneath the picture, seen through frosted glass.
 struct BackdropPaint {
   double blurRadius = 0;  // points
-  /// 0 is grey, 1 as it is, more is more colourful.
+  /// 0 is grey, 1 leaves the colours as they are, more strengthens them.
   double saturation = 1;
-  /// What white becomes, 0 to 1; darker shades change less, black not at all.
+  /// The brightness that white is reduced to, 0 to 1; black stays black.
   double brightest = 1;
-  /// Laid over all that.
+  /// Composited on top.
   Color veil{0, 0, 0, 0};
-  /// Painted instead where nobody can tell what lies beneath.
+  /// Painted instead where no snapshot of the screen is available.
   Color imitation;
   friend bool operator==(const BackdropPaint&, const BackdropPaint&) = default;
 };
@@ -81,7 +81,7 @@ using Paint = std::variant<SolidPaint, LinearGradientPaint, RadialGradientPaint,
 struct FillCommand {
   Path path;
   Paint paint;
-  /// Nothing is painted outside of it; an empty one clips nothing.
+  /// Restricts painting; an empty path does not clip.
   Path clip = {};
   friend bool operator==(const FillCommand&, const FillCommand&) = default;
 };
@@ -127,18 +127,18 @@ struct TextCommand {
 using DisplayCommand = std::variant<FillCommand, StrokeCommand, IconCommand, TextCommand>;
 using DisplayList = std::vector<DisplayCommand>;
 
-/// The smallest rectangle of whole points around everything that the lists draw, strokes included. Curves count by
-/// their control points, which they never leave.
+/// The smallest rectangle of whole points around everything that the lists draw, strokes included. Curves count
+/// by the hull of their control points.
 Rect boundsOf(const std::vector<DisplayList>& lists);
 
-/// A part of a picture that can look one of several ways; nothing of it lies outside `bounds`.
+/// A part of a picture with several states; all of them lie inside `bounds`.
 struct PictureLayer {
   Rect bounds;
   std::vector<DisplayList> states;
   friend bool operator==(const PictureLayer&, const PictureLayer&) = default;
 };
 
-/// Layers painted one over the other, each in state 0 until told otherwise.
+/// Layers painted in order, each in state 0 at first.
 struct Picture {
   Size size;
   /// The point that an opening animation grows from.

@@ -9,7 +9,7 @@
 
 namespace rondora {
 
-/// Named notifications without payload, delivered synchronously to the observers in the order in which they came.
+/// Named notifications without payload, delivered synchronously in the order of registration.
 /// Main thread only.
 class NotificationCenter {
  public:

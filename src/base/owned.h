@@ -4,7 +4,7 @@
 
 namespace rondora {
 
-/// Owns what a C library hands out, released by the given function: UniqueCPtr<char, std::free>.
+/// Owns a handle of a C library and releases it with the given function: UniqueCPtr<char, std::free>.
 template <auto Release>
 struct ReleaseWith {
   template <class T>

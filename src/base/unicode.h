@@ -13,13 +13,13 @@ bool isValidUtf8(std::string_view text);
 std::string upperCased(std::string_view text);
 /// Simple mapping: one scalar for each.
 std::string lowerCased(std::string_view text);
-/// Without white space and line ends at either end.
+/// Removes white space and line ends at both ends.
 std::string_view trimmed(std::string_view text);
-/// Has a letter of a script that is written from right to left.
+/// Contains a letter of a right-to-left script.
 bool hasRightToLeftLetter(std::string_view text);
 std::size_t scalarCount(std::string_view text);
-/// The first character as a reader sees it: with its accents, or a whole emoji sequence (Unicode Annex 29, extended
-/// grapheme clusters). Empty for an empty text.
+/// The first extended grapheme cluster (Unicode Annex 29), such as a letter with its accents or an emoji
+/// sequence. Empty for an empty text.
 std::string_view firstCharacter(std::string_view text);
 
 }  // namespace rondora

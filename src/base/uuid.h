@@ -20,7 +20,7 @@ class Uuid {
     uuid.bytes_ = bytes;
     return uuid;
   }
-  /// Exactly the 8-4-4-4-12 form; anything else is nothing.
+  /// Exactly the 8-4-4-4-12 form; nullopt for anything else.
   static std::optional<Uuid> parse(std::string_view text);
 
   std::string string() const;

@@ -5,8 +5,8 @@
 
 namespace rondora {
 
-/// Lets the callbacks that an object hands out hold it weakly: declare it as the last member, wrap each callback in
-/// bind(); once the object is gone the callback does nothing and returns a default value. Main thread only.
+/// Makes callbacks that hold their object weakly. Declare it as the last member and wrap each callback in bind(). After
+/// the object's destruction the callback does nothing and returns a default value. Main thread only.
 template <class T>
 class WeakSelf {
  public:

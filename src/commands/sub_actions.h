@@ -10,14 +10,14 @@
 
 namespace rondora {
 
-/// Finds and runs the commands of an application-commands menu. Main thread; completions come on it too.
+/// Finds and runs the commands of an application-commands menu. Main thread; completions run on it too.
 class SubActions {
  public:
   using Completion = std::function<void(std::vector<PieSubAction>)>;
 
   virtual ~SubActions() = default;
 
-  /// The application whose commands are wanted now.
+  /// The application whose commands a menu would show now.
   virtual std::optional<RunningApplication> targetApp() = 0;
   /// Calls `completion` once, on a later turn of the main loop.
   virtual void resolve(const RunningApplication& application, Completion completion) = 0;
@@ -26,7 +26,7 @@ class SubActions {
   virtual void perform(const PieSubAction& action, const std::optional<RunningApplication>& previousApp) = 0;
 };
 
-/// For a system on which no application tells its commands: every application has none.
+/// For systems without access to applications' commands: every application has none.
 class NoSubActions final : public SubActions {
  public:
   NoSubActions(Workspace& workspace, MainQueue& mainQueue) : workspace_(workspace), mainQueue_(mainQueue) {}

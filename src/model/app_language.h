@@ -34,7 +34,7 @@ inline constexpr std::array<AppLanguage, kAppLanguageCount> kAppLanguages = {
 /// The two-letter code.
 std::string_view rawValue(AppLanguage language);
 std::optional<AppLanguage> appLanguageFromRawValue(std::string_view code);
-/// What its speakers call it; the same in every language.
+/// The language's name for itself.
 std::string_view nativeName(AppLanguage language);
 /// Written from right to left.
 constexpr bool isRightToLeft(AppLanguage language) {

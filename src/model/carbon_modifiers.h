@@ -4,7 +4,7 @@
 
 namespace rondora {
 
-/// The modifier bits of a hot key. The Fn bit has the value that means Shift among event flags; convert, never mix.
+/// The modifier bits of a hot key. The Fn bit has the value that means Shift among event flags; always convert.
 namespace carbon {
 inline constexpr std::int64_t kCommand = 0x100;
 inline constexpr std::int64_t kShift = 0x200;

@@ -18,7 +18,7 @@ struct HotkeyConfig {
 
   bool isAssigned() const { return keyCode >= 0; }
   bool hasModifiers() const { return carbonModifiers != 0; }
-  /// The Fn key pressed by itself.
+  /// The Fn key alone.
   bool isStandaloneFn() const { return keyCode == kFnKeyCode && carbonModifiers == 0; }
   bool hasFunctionModifier() const { return (carbonModifiers & carbon::kFunction) != 0; }
   /// Command+Tab, alone or with further modifiers other than Fn.

@@ -20,7 +20,7 @@ enum class MacOSSystemActionKind {
 
 std::string_view rawValue(MacOSSystemActionKind kind);
 std::optional<MacOSSystemActionKind> systemActionFromRawValue(std::string_view raw);
-/// The kinds that do something when they are run.
+/// The kinds that have an effect.
 inline constexpr std::array<MacOSSystemActionKind, 2> kAppStoreSystemActions = {
     MacOSSystemActionKind::missionControl, MacOSSystemActionKind::startScreenSaver};
 

@@ -34,13 +34,13 @@ struct PieConfiguration {
 
   /// The menu with this id, or null.
   const PieMenu* menu(const Uuid& id) const;
-  /// Finger count to index into `menus`; only menus that a tap may open.
+  /// Maps finger count to index into `menus`, for the enabled menus.
   std::map<std::int64_t, std::size_t> trackpadGestureTargets() const;
-  /// Moves the finger count to the menu; a count other than 3, 4 or 5 takes the menu's away.
+  /// Moves the finger count to the menu; a count other than 3, 4 or 5 clears the menu's.
   void assignTrackpadFingerCount(std::int64_t count, const Uuid& menuId);
   /// The first set for the application, or null.
   const AppSubMenu* appSubMenu(std::string_view bundleIdentifier) const;
-  /// The default entries of the application-commands menu; the built-ins where there is none.
+  /// The default entries of the application-commands menu; the built-ins if there are none.
   std::vector<AppSubMenuEntry> defaultAppCommands(RandomSource& random) const;
 };
 

@@ -19,7 +19,7 @@ struct PieMenu {
   static constexpr double kMinRingWidth = 22;
   static constexpr double kMinInnerRadius = 12;
 
-  /// With the default looks.
+  /// Sets the default looks.
   PieMenu();
 
   Uuid id;
@@ -30,7 +30,7 @@ struct PieMenu {
   std::vector<std::string> runningAppsExcludedBundleIds;
   /// On/off switch of both special kinds.
   bool runningAppsMenuEnabled = true;
-  /// 3, 4 or 5; anything else is no finger count.
+  /// 3, 4 or 5; other values mean none.
   std::int64_t trackpadFingerCount = 0;
   // Looks, with the defaults and ranges of model/appearance_fields.h.
   double menuRadius = 0;
@@ -58,18 +58,18 @@ struct PieMenu {
 
   /// A standard menu, or a special one that is switched on.
   bool isEnabled() const { return kind == PieMenuKind::standard || runningAppsMenuEnabled; }
-  /// Has a hotkey that is to be live.
+  /// Enabled, with a hotkey.
   bool hasLiveHotkey() const { return hotkey.isAssigned() && isEnabled(); }
 
   /// Leaves a ring of at least `kMinRingWidth` where the menu is large enough.
   static double clampedInnerRadius(double innerRadius, double menuRadius);
-  /// For a menu whose document does not say.
+  /// The default for these radii.
   static double defaultIconDistance(double innerRadius, double menuRadius);
 
   /// Copies the looks that menus share.
   void applySharedVisualSettings(const PieMenu& source);
 
-  /// Drops later occurrences, compared without regard to case.
+  /// Drops later occurrences, ignoring case.
   static std::vector<std::string> deduplicatedRunningAppsExcludedBundleIds(const std::vector<std::string>& ids);
   /// Empty unless the kind is appCommands; there an empty list becomes the built-in entries.
   static std::vector<AppSubMenuEntry> resolvedAppCommandsDefaultEntries(std::vector<AppSubMenuEntry> entries,

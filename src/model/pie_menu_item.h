@@ -27,11 +27,11 @@ struct PieMenuItem {
   std::optional<std::string> customShortcut;
   friend bool operator==(const PieMenuItem&, const PieMenuItem&) = default;
 
-  /// One ASCII letter or digit in upper case, blanks around it trimmed; anything else becomes absent.
+  /// One ASCII letter or digit in upper case, with surrounding blanks trimmed; nullopt for anything else.
   static std::optional<std::string> normalizedCustomShortcut(const std::optional<std::string>& text);
 
-  /// A symbol for an item without an action, uniformly among those of `kUnassignedSymbols` that are not avoided, or
-  /// among all when none is left.
+  /// A random symbol of `kUnassignedSymbols` for an item without an action: uniform among those not in `avoiding`, or
+  /// among all if none is left.
   static std::string randomUnassignedSymbol(const std::set<std::string, std::less<>>& avoiding, RandomSource& random);
 
   static const std::array<std::string_view, 49> kUnassignedSymbols;

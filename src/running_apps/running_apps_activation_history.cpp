@@ -5,7 +5,7 @@ namespace rondora {
 void RunningAppsActivationHistory::startObservingIfNeeded() {
   if (activationObserver_) return;
   activationObserver_ = workspace_.onDidActivateApplication(
-      weak_.bind([](RunningAppsActivationHistory& self, const RunningApplication& application) {
+      weakSelf_.bind([](RunningAppsActivationHistory& self, const RunningApplication& application) {
         self.noteActivation(application);
       }));
   if (const auto frontmost = workspace_.frontmostApplication()) noteActivation(*frontmost);

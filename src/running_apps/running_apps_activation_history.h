@@ -10,10 +10,10 @@
 
 namespace rondora {
 
-/// Remembers in which order applications became active. Main thread.
+/// Records the order of application activation. Main thread.
 class RunningAppsActivationHistory {
  public:
-  /// Applications beyond this many are forgotten, the longest inactive first.
+  /// Beyond this many the longest inactive application is dropped.
   static constexpr std::size_t kCapacity = 64;
 
   explicit RunningAppsActivationHistory(Workspace& workspace) : workspace_(workspace) {}
@@ -29,7 +29,7 @@ class RunningAppsActivationHistory {
   Workspace& workspace_;
   std::vector<std::string> bundleIdentifiers_;
   Subscription activationObserver_;
-  WeakSelf<RunningAppsActivationHistory> weak_{this};
+  WeakSelf<RunningAppsActivationHistory> weakSelf_{this};
 };
 
 }  // namespace rondora

@@ -55,7 +55,7 @@ RunningAppsMenuItems::Applications RunningAppsMenuItems::eligibleApplications(co
   noteStarted(running);
   std::set<std::string> taken = {lowerCased(ownBundleIdentifier_)};
   for (const auto& excluded : menu.runningAppsExcludedBundleIds) taken.insert(lowerCased(excluded));
-  // Taking each identifier once keeps one sector an application, however many processes it has.
+  // One sector per identifier, even if the application has several processes.
   std::erase_if(running, [&taken](const RunningApplication& application) {
     return !taken.insert(lowerCased(*application.bundleIdentifier)).second;
   });
@@ -78,11 +78,11 @@ std::size_t RunningAppsMenuItems::activationRank(const RunningApplication& appli
 }
 
 void RunningAppsMenuItems::keepLastActive(Applications& applications) const {
-  if (applications.size() <= kMaximumCount) return;
+  if (applications.size() <= kMaxCount) return;
   std::stable_sort(applications.begin(), applications.end(), [this](const auto& left, const auto& right) {
     return activationRank(left) < activationRank(right);
   });
-  applications.resize(kMaximumCount);
+  applications.resize(kMaxCount);
 }
 
 void RunningAppsMenuItems::movePreviousToFront(Applications& applications) const {

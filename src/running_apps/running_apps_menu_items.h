@@ -15,18 +15,18 @@ namespace rondora {
 /// Fills the running-applications menu. Main thread.
 class RunningAppsMenuItems {
  public:
-  /// More sectors than this would be narrower than 30° and hard to hit. Of more applications those show that were
-  /// active last.
-  static constexpr std::size_t kMaximumCount = 12;
+  /// More sectors would be narrower than 30° and hard to hit. With more applications, the most recently active ones
+  /// are shown.
+  static constexpr std::size_t kMaxCount = 12;
 
-  /// `ownBundleIdentifier` is this program's, which never shows itself.
+  /// `ownBundleIdentifier` is this program's; the menu leaves it out.
   RunningAppsMenuItems(const Workspace& workspace, const RunningAppsActivationHistory& history,
                        std::string ownBundleIdentifier)
       : workspace_(workspace), history_(history), ownBundleIdentifier_(std::move(ownBundleIdentifier)) {}
 
-  /// One item for each regular running application that the menu does not exclude. First the application that was
-  /// active before the present one, so that one step and letting go returns to it; then the others as they were
-  /// started, so that each keeps its place. An application's item has the same id every time.
+  /// One item for each regular running application that the menu does not exclude. The previously active application
+  /// comes first, so that one step and a release switch to it; the others follow in start order, so that each keeps its
+  /// place. An application's item always has the same id.
   std::vector<PieMenuItem> build(const PieMenu& menu);
 
  private:
@@ -34,7 +34,7 @@ class RunningAppsMenuItems {
 
   Applications eligibleApplications(const PieMenu& menu);
   void noteStarted(const Applications& running);
-  /// Smaller for an application that was active later.
+  /// Smaller for a more recently active application.
   std::size_t activationRank(const RunningApplication& application) const;
   void keepLastActive(Applications& applications) const;
   void movePreviousToFront(Applications& applications) const;
@@ -42,7 +42,7 @@ class RunningAppsMenuItems {
   const Workspace& workspace_;
   const RunningAppsActivationHistory& history_;
   std::string ownBundleIdentifier_;
-  /// Identifiers of what ran at the last build, in the order in which they first showed up.
+  /// Identifiers of the applications at the last build, in the order of their first appearance.
   std::vector<std::string> startOrder_;
 };
 

@@ -7,7 +7,7 @@
 
 namespace rondora {
 
-/// What earlier launches of the program have already shown the user. Main thread.
+/// What earlier launches have shown the user. Main thread.
 class AppLaunchState {
  public:
   static constexpr std::string_view kHasSeenPermissionIntro = "pie.hasSeenPermissionIntro";
@@ -22,7 +22,7 @@ class AppLaunchState {
   bool hasAutoOpenedSettingsAfterPermissions() const { return defaults_.boolean(kHasAutoOpenedSettings); }
   void markSettingsAutoOpened() { defaults_.setBoolean(kHasAutoOpenedSettings, true); }
 
-  /// Users of an earlier build, who went through the introduction, are not shown the settings by themselves.
+  /// Does not open the settings automatically for users of an earlier build who have seen the introduction.
   void applySettingsAutoOpenMigrationForExistingInstallsIfNeeded();
 
   bool shouldShowPermissionsOnboarding(bool accessibilityGranted, bool needsAccessibility) const;

@@ -93,7 +93,7 @@ void ConfigManager::save(PieConfiguration configuration) {
   configuration.lastModified = services_.clock.now();
   if (configuration == current()) return;
   configuration_.send(std::move(configuration));
-  // A subscriber may have saved in its turn: the file follows the newest.
+  // A subscriber may have saved too: write the newest.
   writeLocal(current());
   services_.notifications.post(configurationDidChange);
 }

@@ -29,8 +29,8 @@ class ConfigManager {
     NotificationCenter& notifications;
   };
 
-  /// Loads the document and writes it back at once. An unreadable one is kept aside and replaced by the first-run
-  /// document; failures are logged and leave a usable configuration in memory.
+  /// Loads the document and writes it back at once. An unreadable one is backed up and replaced by the first-run
+  /// document. Failures are logged and leave a usable configuration in memory.
   explicit ConfigManager(const Services& services);
 
   const std::filesystem::path& configURL() const { return configURL_; }
@@ -42,7 +42,7 @@ class ConfigManager {
 
   /// Writes the current document to a file of the user's choice.
   FileError exportConfiguration(const std::filesystem::path& path);
-  /// Saves the document in the file as the current one. What to tell the user when it holds none.
+  /// Saves the document in the file as the current one. Returns the message for the user if the file holds none.
   std::optional<StringKey> importConfiguration(const std::filesystem::path& path);
 
  private:

@@ -24,7 +24,7 @@ MenuAction keystroke(const JsonReader& json) {
   return Keystroke{keyCode, json.at("modifiers").integer()};
 }
 
-/// The first known case that is there, whatever the order of the text.
+/// The first case of this list that is present; the order in the text is irrelevant.
 MenuAction menuAction(const JsonReader& json) {
   if (json.has("unassigned")) return Unassigned{};
   if (json.has("launchApp")) return LaunchApp{json.at("launchApp").at("bundleIdentifier").string()};
@@ -52,7 +52,7 @@ LiquidGlassSettings liquidGlass(const JsonReader& json) {
 
 std::vector<std::string> strings(const JsonReader& json) { return json.elements(&JsonReader::string); }
 
-/// Reads one field of `menu`, which holds the default so far.
+/// Reads one field of `menu`, which holds the default before.
 struct AppearanceReader {
   const JsonReader& json;
   const AppearanceField& field;
@@ -107,7 +107,7 @@ void repair(const JsonReader& json, std::vector<PieMenuItem>& items) {
   recolorWhenAllAreAlike(json, items);
 }
 
-/// Once a menu could belong to one application; sets of commands took its place.
+/// Menus of an earlier model, which per-application command sets replaced.
 bool isBoundToOneApplication(const JsonReader& json) {
   const auto kind = json.optional("kind", menuKind);
   const auto application = json.optional("boundAppBundleId", &JsonReader::string);
@@ -144,7 +144,7 @@ void LegacyTrackpadGesture::moveIntoMenu(std::vector<PieMenu>& menus) const {
   if (menu != nullptr && menu->trackpadFingerCount == 0) menu->trackpadFingerCount = *fingerCount;
 }
 
-/// A gesture that cannot be read counts as none.
+/// An unreadable gesture counts as absent.
 LegacyTrackpadGesture legacyTrackpadGesture(const JsonReader& json) {
   const auto decode = [](const JsonReader& gesture) {
     return LegacyTrackpadGesture{gesture.optional("fingerCount", &JsonReader::integer),

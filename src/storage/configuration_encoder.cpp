@@ -10,8 +10,8 @@ namespace {
 using nlohmann::ordered_json;
 
 constexpr int kIndentation = 2;
-/// Every integer up to here is a double too.
-constexpr double kLargestExactInteger = 9007199254740992.0;
+/// A double represents every integer up to 2^53.
+constexpr double kMaxExactInteger = 9007199254740992.0;
 
 struct NotFinite {
   std::string key;
@@ -20,12 +20,12 @@ struct NotFinite {
 /// An object that is written in the order of its fields. Throws NotFinite for a number that JSON cannot hold.
 class ObjectWriter {
  public:
-  /// Room for all fields from the start: an object that grows copies what it holds, however deep.
-  explicit ObjectWriter(std::size_t mostFields = 1) { object_.get_ref<ordered_json::object_t&>().reserve(mostFields); }
+  /// Reserves room for all fields: a growing object would copy its members deeply.
+  explicit ObjectWriter(std::size_t maxFields = 1) { object_.get_ref<ordered_json::object_t&>().reserve(maxFields); }
 
   ObjectWriter& field(std::string key, double number) {
     if (!std::isfinite(number)) throw NotFinite{std::move(key)};
-    const bool isInteger = std::trunc(number) == number && std::abs(number) < kLargestExactInteger;
+    const bool isInteger = std::trunc(number) == number && std::abs(number) < kMaxExactInteger;
     if (isInteger) return put(std::move(key), static_cast<std::int64_t>(number));
     return put(std::move(key), number);
   }
@@ -130,7 +130,7 @@ std::optional<ordered_json> encodeDefaultEntries(const PieMenu& menu) {
   return array(menu.appCommandsDefaultEntries, encodeEntry);
 }
 
-/// Version 3 of the document has the default entries in the middle of the looks.
+/// The document has the default entries in the middle of the looks.
 constexpr auto kFieldAfterDefaultEntries = &PieMenu::shortcutDigitSizeScale;
 
 void writeAppearance(ObjectWriter& writer, const PieMenu& menu) {

@@ -7,11 +7,11 @@
 #include "model/pie_configuration.h"
 #include "platform/random_source.h"
 
-// The JSON form of the configuration document and of a single item. Nothing here throws, whatever the bytes.
+// The JSON form of the configuration document and of a single item. These functions do not throw.
 
 namespace rondora {
 
-/// Names the place in the document and what is wrong there: "menus[2].hotkey.keyCode: missing".
+/// The place in the document and the error: "menus[2].hotkey.keyCode: missing".
 struct CodingError {
   std::string description;
 };
@@ -19,8 +19,8 @@ struct CodingError {
 template <class T>
 using CodingResult = std::variant<T, CodingError>;
 
-/// Reads a document of any age: repaired, clamped and brought up to the current schema. `random` gives the ids and
-/// symbols that the document lacks.
+/// Reads a document of any age: repaired, clamped and brought up to the current schema. `random` supplies missing ids
+/// and symbols.
 CodingResult<PieConfiguration> decodeConfiguration(std::string_view bytes, RandomSource& random);
 /// Pretty printed, in the document's own order of keys. Fails when a number is not finite; ill-formed UTF-8 in a text
 /// is written as U+FFFD.

@@ -7,7 +7,7 @@ namespace {
 
 constexpr double kTwoTo63 = 9223372036854775808.0;
 
-/// The parser hands over integers that do not fit as doubles, too; the one just below the least rounds to −2^63.
+/// The parser passes integers beyond 64 bits as doubles; -2^63 - 1 rounds to -2^63, so that value is excluded too.
 std::optional<std::int64_t> exactInteger(double number) {
   if (number <= -kTwoTo63 || number >= kTwoTo63 || std::trunc(number) != number) return std::nullopt;
   return static_cast<std::int64_t>(number);

@@ -14,13 +14,13 @@
 
 namespace rondora {
 
-/// Thrown while a document is decoded, and never out of the decoder.
+/// Thrown during decoding; never leaves the decoder.
 struct DecodingError {
   std::string description;
 };
 
-/// One value of a document together with the way to it, which error descriptions name. The reader of an enclosing value
-/// has to outlive it.
+/// One value of a document with its path, which error descriptions name. The reader of the enclosing value must outlive
+/// it.
 class JsonReader {
  public:
   explicit JsonReader(const JsonValue& root) : value_(root) {}
@@ -34,7 +34,7 @@ class JsonReader {
   // Each throws DecodingError when the value is of another type.
   bool boolean() const;
   double number() const;
-  /// Also accepts an integral number in another notation; it has to fit.
+  /// Also accepts an integral number in another notation, within 64 bits.
   std::int64_t integer() const;
   const std::string& string() const;
   Uuid uuid() const;
@@ -45,7 +45,7 @@ class JsonReader {
     fail("unknown value");
   }
 
-  /// Whether the object has the key, be it with null.
+  /// The object has the key; its value may be null.
   bool has(std::string_view key) const { return object().member(key) != nullptr; }
   /// A required member.
   JsonReader at(std::string_view key) const;
@@ -77,14 +77,14 @@ class JsonReader {
     forEach([&](const JsonReader& element) { result.push_back(std::invoke(decode, element)); });
     return result;
   }
-  /// Leaves out the elements that cannot be decoded.
+  /// Skips elements that cannot be decoded.
   template <class Decode>
   auto goodElements(Decode decode) const {
     std::vector<std::decay_t<std::invoke_result_t<Decode, const JsonReader&>>> result;
     forEach([&](const JsonReader& element) {
       try {
         result.push_back(std::invoke(decode, element));
-      } catch (const DecodingError&) {  // left out
+      } catch (const DecodingError&) {  // skipped
       }
     });
     return result;

@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::size_t kLongestDescription = 200;
 
-/// The parser's message without its own name and without the text it choked on, which may be long and ill-formed.
+/// The parser's message without its own name and the offending text, which may be long and ill-formed.
 std::string shortened(std::string_view message) {
   if (const auto end = message.find("] "); end != std::string_view::npos) message.remove_prefix(end + 2);
   message = message.substr(0, message.find("; last read"));
@@ -71,7 +71,7 @@ class ValueBuilder final : public nlohmann::json_sax<nlohmann::json> {
     return true;
   }
 
-  /// Where the next value belongs. The address stays good while the value is open: only then could its container grow.
+  /// The slot of the next value. Its address is stable: the container grows only after the value is complete.
   JsonValue& place() {
     if (open_.empty()) return root_;
     if (auto* array = std::get_if<JsonValue::Array>(&open_.back()->content)) return array->emplace_back();
@@ -94,7 +94,7 @@ const JsonValue* JsonValue::member(std::string_view key) const {
 }
 
 std::variant<JsonValue, JsonSyntaxError> parseJson(std::string_view text) {
-  // The parser would take a NUL byte for the end of the text.
+  // The parser stops at a NUL byte.
   if (text.find('\0') != std::string_view::npos) return JsonSyntaxError{"not JSON: contains a NUL byte"};
   ValueBuilder builder;
   if (nlohmann::json::sax_parse(text.begin(), text.end(), &builder)) return std::move(builder.root());

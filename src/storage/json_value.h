@@ -10,7 +10,7 @@ namespace rondora {
 
 struct JsonMember;
 
-/// A parsed JSON text. Objects keep their members in the order of the text; of equal keys the last one counts.
+/// A parsed JSON text. Objects keep their members in the order of the text; of equal keys the last one wins.
 struct JsonValue {
   using Array = std::vector<JsonValue>;
   using Object = std::vector<JsonMember>;
@@ -31,13 +31,13 @@ struct JsonSyntaxError {
   std::string description;
 };
 
-/// Deeper nesting is refused, so that walking a value may recurse.
+/// The parser rejects deeper nesting, so that code may recurse over a value.
 inline constexpr std::size_t kDeepestJson = 512;
-/// More values are refused: "{}," may stand for an item that takes a hundred times as much memory. A thousand menus of
-/// 36 items, more than anybody has, are about 450,000.
+/// The parser rejects more values: an item written as "{}," takes a hundred times as much memory. A thousand menus of
+/// 36 items have about 450,000.
 inline constexpr std::size_t kMostJsonValues = 600'000;
 
-/// Strict JSON in UTF-8 (a byte order mark is tolerated); numbers that no double can hold are refused.
+/// Strict JSON in UTF-8 (a byte order mark is tolerated); numbers outside the range of double are errors.
 std::variant<JsonValue, JsonSyntaxError> parseJson(std::string_view text);
 
 }  // namespace rondora

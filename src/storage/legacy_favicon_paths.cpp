@@ -15,7 +15,7 @@ std::string replacingAll(std::string_view text, std::string_view pattern, std::s
 
 std::string withEscapedSlashes(std::string_view path) { return replacingAll(path, "/", "\\/"); }
 
-/// Without the slash at its start, so that no two occurrences share one.
+/// Without the leading slash, so that two occurrences cannot share one.
 std::string faviconFolder(const std::filesystem::path& caches, const char* application) {
   return (caches / application / "favicons" / "").relative_path().string();
 }

@@ -6,9 +6,9 @@
 
 namespace rondora {
 
-/// A document of the predecessor application with the paths into its favicon cache leading to this program's: those
-/// under a folder "Caches", and those under `caches`, this system's folder for caches. A rewrite of the text, plain and
-/// with JSON's escaped slashes, on purpose: the document need not be readable by this build.
+/// Redirects the favicon paths of a predecessor's document to this program's cache: paths below a folder "Caches" and
+/// below `caches`, this system's cache folder. Rewrites the text, plain and with JSON's escaped slashes, because this
+/// build may be unable to decode the document.
 std::string withOwnFaviconPaths(std::string_view document, const std::filesystem::path& caches);
 
 }  // namespace rondora

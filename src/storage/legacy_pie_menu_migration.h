@@ -9,8 +9,8 @@
 
 namespace rondora {
 
-/// Carries settings, document and favicons of the predecessor application over, once; what is already here stays.
-/// Has to run before the configuration is loaded. Main thread.
+/// Copies settings, document and favicons of the predecessor application once; existing ones stay.
+/// Must run before the configuration is loaded. Main thread.
 class LegacyPieMenuMigration {
  public:
   struct Services {

@@ -12,14 +12,14 @@ class PieConfigurationMigrator {
  public:
   explicit PieConfigurationMigrator(RandomSource& random) : random_(random) {}
 
-  /// Empty items once all had the same symbol; each gets one that its menu does not use yet.
+  /// Older builds gave all empty items the same symbol; each gets one that its menu does not use yet.
   void replaceLegacyUnassignedIcons(std::vector<PieMenu>& menus);
-  /// A default set that the user never changed becomes the present one.
+  /// Replaces a former default set that the user never changed.
   void upgradeAppCommandsDefaultSet(std::vector<PieMenu>& menus);
-  /// Standard menus without a sidebar colour take the palette's, by their place among the standard menus.
+  /// Gives standard menus without a sidebar colour the palette's, by their position among the standard menus.
   static void backfillGlobalSidebarIconColors(std::vector<PieMenu>& menus);
 
-  /// All that the document's schema version asks for; ends with the current version, also for one from a newer build.
+  /// Runs the steps of the document's schema version and sets the current one, also for a document of a newer build.
   void bringUpToDate(PieConfiguration& configuration);
 
  private:

@@ -16,7 +16,7 @@ class PieMenuItemPasteboard {
 
   PieMenuItemPasteboard(Pasteboard& pasteboard, RandomSource& random) : pasteboard_(pasteboard), random_(random) {}
 
-  /// Leaves the pasteboard alone when the item cannot be written.
+  /// Leaves the pasteboard unchanged if the item cannot be encoded.
   void copy(const PieMenuItem& item);
   std::optional<PieMenuItem> read() const;
 

@@ -10,9 +10,9 @@ namespace {
 
 /// Half the width of the dead zone along a boundary, as an angle seen from the centre.
 double halfGapAngle(double radius) {
-  constexpr double kHalfGap = 3.5;    // points
-  constexpr double kSteepest = 0.95;  // sine: at most about 72 degrees
-  const double sine = radius >= 1 ? std::min(kSteepest * radius, kHalfGap) / radius : kSteepest;
+  constexpr double kHalfGap = 3.5;   // points
+  constexpr double kMaxSine = 0.95;  // about 72 degrees
+  const double sine = radius >= 1 ? std::min(kMaxSine * radius, kHalfGap) / radius : kMaxSine;
   return std::asin(sine);
 }
 

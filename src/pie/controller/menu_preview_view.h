@@ -14,7 +14,7 @@ struct MenuPreviewView {
   double rotationDegrees = 0;
 
   double endAngle(std::size_t index) const;
-  /// `angle` is the pointer's around the centre, `radiusAtPoint` its distance in points. Nothing in a dead zone.
+  /// `angle` is the pointer's around the centre, `radiusAtPoint` its distance in points. None in a dead zone.
   std::optional<std::size_t> absoluteSectorIndex(double angle, double radiusAtPoint) const;
 };
 
@@ -25,7 +25,7 @@ class WheelTurn {
   WheelTurn(double startRotationDegrees, double startAngle, std::size_t sectorCount);
 
   static double pointerAngle(Point pointer, Point center);
-  /// The menu's rotation for the pointer's present angle; ticks when it changed.
+  /// The menu's rotation for the pointer's angle; ticks if it changed.
   double rotationDegrees(double pointerAngle, bool hapticFeedbackEnabled, Haptics& haptics);
 
  private:

@@ -8,7 +8,7 @@ struct AppearancePhase {
   friend bool operator==(const AppearancePhase&, const AppearancePhase&) = default;
 };
 
-/// How the ring comes up: it grows a little and fades in, fast first. Seconds.
+/// The ring grows slightly and fades in, fast at first. Durations are seconds.
 struct OpeningAnimation {
   double duration = 0;
 

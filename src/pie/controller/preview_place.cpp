@@ -6,7 +6,7 @@
 namespace rondora {
 namespace {
 
-/// Leaves the highlighted sector, which grows, and the ring's shadow some air.
+/// Clears the highlighted sector, which grows, and the ring's shadow. Points.
 constexpr double kDistanceFromRing = 20;
 
 /// One axis: a stretch of `length` between `first` and `last`.
@@ -14,7 +14,7 @@ double fitted(double start, double length, double first, double last) {
   return std::max(first, std::min(start, last - length));
 }
 
-/// Beside a ring from `ringStart` to `ringEnd`; nothing when neither side has room.
+/// Beside a ring from `ringStart` to `ringEnd`; nothing if neither side has room.
 std::optional<double> beside(double ringStart, double ringEnd, double length, double first, double last,
                              bool prefersEnd) {
   const double after = ringEnd + kDistanceFromRing;

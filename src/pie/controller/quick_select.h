@@ -11,21 +11,21 @@
 
 namespace rondora {
 
-/// The label of a sector without a label of its own; none from position 36 on.
+/// The default label of a position; none from position 36 on.
 std::optional<std::string_view> defaultShortcutLabel(std::size_t position);
 
-/// One label or none an item, in item order: the item's own as typed, else the default one of its position unless
-/// another item took it.
+/// At most one label per item, in item order: the item's own as typed, else the default of its position unless another
+/// item uses it as its own.
 std::vector<std::optional<std::string>> resolvedShortcutLabels(const std::vector<PieMenuItem>& items);
 
-/// The first label that equals the typed text without regard to case and surrounding blanks.
+/// The first label that equals the typed text, ignoring case (full mapping) and surrounding blanks.
 std::optional<std::size_t> itemIndex(std::string_view forPressedKey,
                                      const std::vector<std::optional<std::string>>& resolvedLabels);
 
-/// The position that a physical key (virtual key code) stands for, whatever the layout types with it.
+/// The position that a physical key (virtual key code) stands for, independent of the layout.
 std::optional<std::size_t> quickSelectIndexByKeyCode(std::uint16_t keyCode);
 
-/// Resolved labels, made ready so that matching a key allocates nothing.
+/// Resolved labels, prepared so that matching a key allocates nothing.
 class ShortcutLabels {
  public:
   ShortcutLabels() = default;
@@ -39,7 +39,7 @@ class ShortcutLabels {
  private:
   std::vector<std::optional<std::string>> labels_;
   std::vector<std::optional<std::string>> upperCased_;
-  /// Of each upper-cased label, so that most labels are passed over without a look at them.
+  /// First byte of each upper-cased label, to skip most labels quickly.
   std::string firstBytes_;
 };
 

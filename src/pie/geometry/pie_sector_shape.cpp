@@ -20,7 +20,7 @@ double sineOfHalf(double startAngle, double endAngle) {
   return std::sin(std::min(std::abs(endAngle - startAngle) / 2, kPi / 2));
 }
 
-/// As large a corner as the wedge has room for at the rim.
+/// The largest corner up to `wanted` that fits at the rim.
 double fittingOuterCorner(double wanted, double radius, double halfGap, double sine, double ringWidth) {
   return std::clamp(std::min(wanted, (radius * sine - halfGap) / (1 + sine) * 0.98), 0.0, ringWidth * 0.45);
 }

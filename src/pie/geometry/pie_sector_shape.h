@@ -5,8 +5,8 @@
 
 namespace rondora {
 
-/// The outline of a sector: an annular wedge with rounded corners, held back from its neighbours by half a gap that is
-/// equally wide from hub to rim. Lengths are points, angles as in pie/geometry/sector_geometry.h.
+/// The outline of a sector: an annular wedge with rounded corners, inset from its neighbours by half a gap of constant
+/// width. Lengths are points, angles as in pie/geometry/sector_geometry.h.
 struct PieSectorShape {
   Point center;
   double innerRadius = 0;

@@ -12,7 +12,7 @@ namespace rondora {
 struct RingLayout {
   double outerRadius = 0;
   double innerRadius = 0;
-  /// Of everything in the ring, relative to the menu's own lengths.
+  /// Factor from the menu's own lengths to those on screen.
   double scale = 1;
   double rotationDegrees = 0;
   std::size_t sectorCount = 1;
@@ -23,7 +23,7 @@ struct RingLayout {
   /// How far a highlighted sector reaches beyond the ring.
   double highlightGrowth() const { return 6 * scale; }
   double shadowWidth() const { return 26 * scale; }
-  /// The finest line; it does not grow as fast as the ring.
+  /// Width of the finest line; it grows more slowly than the ring.
   double hairline() const;
   double ringWidth() const { return outerRadius - innerRadius; }
   double hubRadius() const { return innerRadius - 5 * scale; }

@@ -13,10 +13,10 @@ double reducedDegrees(double degrees) {
   double reduced = std::fmod(degrees, 360);
   if (reduced <= -180) reduced += 360;
   if (reduced > 180) reduced -= 360;
-  return reduced + 0.0;  // never the negative zero
+  return reduced + 0.0;  // turns -0 into 0
 }
 
-/// `std::fmod`, which is slow, only for what lies outside.
+/// Avoids `std::fmod`, which is slow, for values inside the period.
 double reducedTo(double value, double period) { return std::abs(value) < period ? value : std::fmod(value, period); }
 
 }  // namespace

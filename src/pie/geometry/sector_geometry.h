@@ -29,7 +29,8 @@ double angleFromFirstEdge(Point offset, double rotationDegrees);
 /// The sector that holds an angle counted from the leading edge of sector 0, in [0, 2π).
 std::size_t sectorIndexAt(double angleFromFirstEdge, std::size_t sectorCount);
 
-/// `raw` moved to the nearest multiple of half a sector, in (−180, 180]. Below 1 sector nothing is snapped.
+/// `raw` moved to the nearest multiple of half a sector, in (−180, 180]. With fewer than 1 sector it is only
+/// normalised.
 double snappedAestheticRotationDegrees(double raw, std::int64_t sectorCount);
 
 }  // namespace rondora

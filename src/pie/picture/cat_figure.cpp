@@ -16,7 +16,7 @@ constexpr Color kLine{0.20, 0.17, 0.16, 1};
 constexpr Color kIris{0.98, 0.74, 0.22, 1};
 constexpr Color kPupil{0.09, 0.08, 0.09, 1};
 
-/// The plan of a figure: x to the right, y down, 1 being half the figure's side, turned by `angle`.
+/// The coordinates of a figure: x to the right, y down, 1 is half the figure's side, rotated by `angle`.
 class Plan {
  public:
   Plan(Point origin, double unit, double angle = 0)

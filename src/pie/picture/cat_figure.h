@@ -9,7 +9,7 @@ namespace rondora {
 
 enum class CatMood { asleep, awake };
 
-/// Draws the cat's head inside a square of that half side; awake it lacks its pupils.
+/// Draws the cat's head inside a square of that half side; awake it has no pupils.
 void appendCat(DisplayList& list, Point center, double halfSide, CatMood mood);
 /// The pupils of the same cat, looking in the direction `gaze` (radians, clockwise on screen from the positive x axis).
 void appendCatPupils(DisplayList& list, Point center, double halfSide, double gaze);

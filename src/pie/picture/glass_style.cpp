@@ -30,7 +30,7 @@ GlassStyle clearGlass() {
 GlassStyle GlassStyle::of(const LiquidGlassSettings& settings) {
   GlassStyle style = settings.variant == LiquidGlassVariant::clear ? clearGlass() : regularGlass();
   const double opacity = appearanceField<&PieMenu::liquidGlass>().toDraw(settings.tintOpacity);
-  // Small opacities are what menus use, and they have to differ to the eye. 0 is none and 1 is all.
+  // Menus use small opacities, so the curve separates those; 0 stays 0 and 1 stays 1.
   const double tint = std::pow(opacity, 0.4);
   style.tintAtHub = tint * (0.7 + 0.3 * tint);
   style.tintAtRim = tint * (2 - tint);

@@ -6,11 +6,11 @@
 
 namespace rondora {
 
-/// What a menu's glass is made of. `regular` glass is frosted and dark; `clear` glass shows more of what lies beneath
-/// and catches more light at its edges. Both stay so dark that white can be read on them, whatever lies beneath.
+/// The material of a menu's glass. `regular` glass is frosted and dark; `clear` glass shows more of the screen beneath
+/// and has brighter edges. Both are dark enough for white text over any screen.
 struct GlassStyle {
   BackdropPaint backdrop;
-  /// How strongly the item's colour is laid over the glass of its sector.
+  /// Opacity of the item's colour over its sector's glass.
   double tintAtHub = 0;
   double tintAtRim = 0;
   /// The light on the upper and the lower edges, as the opacity of white.

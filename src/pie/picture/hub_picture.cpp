@@ -12,7 +12,7 @@ namespace rondora {
 namespace {
 
 constexpr Color kTitle{1, 1, 1, 0.97};
-constexpr double kSmallestRadiusForBoth = 48;  // points, before scaling
+constexpr double kMinRadiusForBoth = 48;  // points, before scaling
 
 }  // namespace
 
@@ -43,9 +43,9 @@ PictureLayer HubPainter::titleLayer(const std::vector<std::string>& titles) cons
   return result;
 }
 
-bool HubPainter::hasRoomForBoth() const { return hasFigure() && radius_ >= kSmallestRadiusForBoth * layout_.scale; }
+bool HubPainter::hasRoomForBoth() const { return hasFigure() && radius_ >= kMinRadiusForBoth * layout_.scale; }
 
-/// An application's icon is measured by the hub's width, the cat by the largest square in the hub.
+/// The icon scales with the hub's radius, the cat with the largest square inside the hub.
 double HubPainter::figureHalfSide() const {
   if (application_) return radius_ * drawn<&PieMenu::centerAppIconScale>(menu_);
   return radius_ / std::numbers::sqrt2 * drawn<&PieMenu::centerCatScale>(menu_);

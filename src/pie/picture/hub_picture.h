@@ -10,16 +10,16 @@
 
 namespace rondora {
 
-/// Draws the middle of the ring. At rest it shows its figure: the icon of the application that the menu is about, else
-/// the cat, where the menu has its paws. For a highlighted item it shows the item's title, and the figure above it
-/// where there is room for both. What it is given outlives it.
+/// Draws the middle of the ring. Without a highlight it shows its figure: the target application's icon, else the cat
+/// if the menu has the paw decoration. For a highlighted item it shows the item's title, with the figure above it if
+/// both fit. Arguments must outlive the object.
 class HubPainter {
  public:
   HubPainter(const PieMenu& menu, const RingLayout& layout, const std::optional<std::string>& application);
 
-  /// The figure alone, and as it is above a title.
+  /// State 0 is the figure alone, state 1 the figure above a title.
   PictureLayer figureLayer() const;
-  /// Nothing, then each title; the cat looks at the item that is meant.
+  /// State 0 is empty, then each title; the cat looks at the highlighted item.
   PictureLayer titleLayer(const std::vector<std::string>& titles) const;
 
  private:

@@ -9,14 +9,14 @@
 
 namespace rondora {
 
-/// What lies beneath sectors and hub and never changes: the shadow and the glass itself. With no items the ring is one
-/// closed piece.
+/// The static layer beneath sectors and hub: the shadow and the glass. Without items the ring is one closed
+/// piece.
 PictureLayer ringGlassLayer(const RingLayout& layout, const GlassStyle& glass, std::size_t itemCount);
 
 /// The outline of a sector, `growth` points larger at its rim and `inset` smaller all around.
 PieSectorShape sectorShape(const RingLayout& layout, std::size_t index, double growth, double inset);
 
-/// The band between an outline and one inside of it: what a line along the outline would cover, but cheaper to paint.
+/// The band between an outline and one inside it; cheaper to paint than a stroke of the outline.
 Path between(const Path& outer, const Path& inner);
 
 /// From one colour at the hub's edge to another at the rim.

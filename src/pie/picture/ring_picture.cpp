@@ -9,7 +9,7 @@
 namespace rondora {
 namespace {
 
-/// A sector beyond the list of labels shows its default one.
+/// A sector beyond the list shows its default label.
 std::optional<std::string> labelOf(const RingContents& contents, std::size_t index) {
   if (index < contents.labels.size()) return contents.labels[index];
   const auto label = defaultShortcutLabel(index);

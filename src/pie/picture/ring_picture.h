@@ -10,16 +10,16 @@
 #include "model/pie_menu_item.h"
 #include "pie/geometry/ring_layout.h"
 
-// The ring as a picture: the glass, one layer a sector in two states, and what the hub shows.
+// The ring as a picture: the glass, one layer per sector with two states, and the hub's figure and title.
 
 namespace rondora {
 
 struct RingContents {
   const std::vector<PieMenuItem>& items;
-  /// What the hub shows for each item; as many as there are items.
+  /// One title per item, for the hub.
   const std::vector<std::string>& titles;
   const std::vector<std::optional<std::string>>& labels;
-  /// The application that the menu is about, whose icon stands in the hub.
+  /// The target application; the hub shows its icon.
   std::optional<std::string> application = std::nullopt;
 };
 
@@ -33,9 +33,9 @@ constexpr std::size_t title(std::size_t itemCount) { return itemCount + 2; }
 
 inline constexpr double kNormal = 0;
 inline constexpr double kHighlighted = 1;
-/// The hub's figure stands alone, or makes room for a title.
+/// The figure layer's state: alone, or above a title.
 constexpr double figureState(std::optional<std::size_t> highlighted) { return highlighted ? 1 : 0; }
-/// The title layer's state for the highlighted item, state 0 being empty.
+/// The title layer's state for the highlighted item; state 0 is empty.
 constexpr double titleState(std::optional<std::size_t> highlighted) {
   return highlighted ? static_cast<double>(*highlighted) + 1 : 0;
 }

@@ -14,9 +14,9 @@ namespace {
 
 constexpr double kRadiusPerPointSize = 0.55;  // of the disc that a single character needs
 constexpr double kIconCorners = 1.16;         // a square icon reaches beyond its inscribed disc
-constexpr double kSmallestIconRadius = 3;     // points; below that nothing can be recognised
-constexpr double kSmallestLabelRadius = 3.3;
-constexpr double kSmallestPawRadius = 5;
+constexpr double kMinIconRadius = 3;          // points; a smaller icon is unrecognisable
+constexpr double kMinLabelRadius = 3.3;
+constexpr double kMinPawRadius = 5;
 constexpr double kArmPerPaw = 0.7;  // half the arm's width
 
 double halfGapOf(const RingLayout& layout) {
@@ -44,7 +44,7 @@ SectorContents::SectorContents(const PieMenu& menu, const RingLayout& layout)
   if (!placeInCorners(menu)) stack(menu);
 }
 
-/// The radius of the largest disc with its centre there that keeps clear of the sector's edges.
+/// The radius of the largest disc centred at `distance` that stays inside the sector.
 double SectorContents::roomAt(double distance, double rim) const {
   const double toEdge = distance * std::sin(std::min(halfWidth_, std::numbers::pi / 2)) - halfGap_;
   return std::min({toEdge, rim - distance, distance - layout_.innerRadius}) - padding_;
@@ -77,7 +77,7 @@ SectorContents::Disc SectorContents::pawPlace(const PieMenu& menu) const {
   return {distance, std::min(size * layout_.ringWidth() / 2, toEdge)};
 }
 
-/// From the corner towards the wanted place, as far as nothing is in the way.
+/// The place nearest to the wanted one, seen from the corner, that touches neither icon nor hub.
 std::optional<SectorContents::CornerPlace> SectorContents::cornerPlace(double inset, double radius) const {
   constexpr int kSteps = 32;
   std::optional<CornerPlace> place;
@@ -103,13 +103,13 @@ bool SectorContents::leavesIconFree(const CornerPlace& place) const {
   return apart >= kIconCorners * icon_.radius + place.disc.radius;
 }
 
-/// As large as wanted, or as there is room, but no smaller than the label of a stack.
+/// Shrinks the label until it fits, but not below the size that a stack would give it.
 bool SectorContents::placeInCorners(const PieMenu& menu) {
   constexpr double kStep = 0.95;
   const double leftInset = drawn<&PieMenu::shortcutDigitInsetLeftScale>(menu) * labelUnit_;
   const double rightInset = drawn<&PieMenu::shortcutDigitInsetRightScale>(menu) * labelUnit_;
-  constexpr double kSmallest = 1;  // points
-  const double smallest = std::max(stackedLabelRadius(), kSmallest);
+  constexpr double kMinRadius = 1;  // points
+  const double smallest = std::max(stackedLabelRadius(), kMinRadius);
   double radius = labelRadius_;
   while (radius >= smallest) {
     left_ = cornerPlace(leftInset, radius);
@@ -135,7 +135,7 @@ void SectorContents::stack(const PieMenu& menu) {
   labelRadius_ = stackedLabelRadius();
   const double distance = rim - labelRadius_ - padding_;
   left_ = right_ = CornerPlace{{distance, labelRadius_}, halfWidth_};
-  icon_ = fittingIcon(menu, labelRadius_ >= kSmallestLabelRadius ? distance - labelRadius_ : rim);
+  icon_ = fittingIcon(menu, labelRadius_ >= kMinLabelRadius ? distance - labelRadius_ : rim);
 }
 
 Point SectorContents::pointAt(double distance, double angle) const {
@@ -143,12 +143,12 @@ Point SectorContents::pointAt(double distance, double angle) const {
 }
 
 std::optional<Rect> SectorContents::iconRect(std::size_t index) const {
-  if (icon_.radius < kSmallestIconRadius) return std::nullopt;
+  if (icon_.radius < kMinIconRadius) return std::nullopt;
   return squareAround(pointAt(icon_.distance, layout_.sectorMiddle(index)), icon_.radius);
 }
 
 std::optional<SectorContents::Paw> SectorContents::paw(std::size_t index) const {
-  if (paw_.radius < kSmallestPawRadius) return std::nullopt;
+  if (paw_.radius < kMinPawRadius) return std::nullopt;
   const double armEnd = layout_.innerRadius + padding_;
   const double roomForArm = armEnd * std::sin(std::min(halfWidth_, std::numbers::pi / 2)) - halfGap_ - padding_;
   const bool isWhole = paw_.distance + paw_.radius < layout_.outerRadius && paw_.distance > armEnd &&
@@ -157,7 +157,7 @@ std::optional<SectorContents::Paw> SectorContents::paw(std::size_t index) const 
 }
 
 std::optional<SectorContents::Label> SectorContents::label(std::size_t index, std::string_view text) const {
-  if (labelRadius_ < kSmallestLabelRadius || text.empty()) return std::nullopt;
+  if (labelRadius_ < kMinLabelRadius || text.empty()) return std::nullopt;
   const bool leftHalf = std::cos(layout_.sectorMiddle(index)) < -1e-9;
   const CornerPlace& place = leftHalf ? *left_ : *right_;
   // The upper of the outer corners: clockwise, the right half goes down and the left half up.

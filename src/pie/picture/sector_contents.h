@@ -10,10 +10,10 @@
 
 namespace rondora {
 
-/// Where icon and quick-select label of a sector lie. Both stand upright, whatever the sector's direction.
+/// Places icon, quick-select label and paw of a sector. Icon and label stand upright in every sector.
 ///
 /// The icon's centre lies on the sector's middle line, at `iconDistance` between hub (0) and rim (1), its side is
-/// `iconSize`; both give way where the sector is too small. The label's size is `shortcutDigitSizeScale` of the ring's
+/// `iconSize`; both shrink where the sector is too small. The label's size is `shortcutDigitSizeScale` of the ring's
 /// width, at most of 90 points. Its centre lies in the sector's upper outer corner, from the corner's two edges as far
 /// as the inset scale of its half of the ring (left or right) says, relative to the same width. It is nearer, and
 /// smaller, where it would touch the icon; in sectors too narrow for both side by side it lies between icon and rim.
@@ -23,7 +23,7 @@ class SectorContents {
  public:
   SectorContents(const PieMenu& menu, const RingLayout& layout);
 
-  /// Nothing when there is no room.
+  /// Nothing if it does not fit.
   std::optional<Rect> iconRect(std::size_t index) const;
   struct Label {
     Rect rect;
@@ -37,7 +37,7 @@ class SectorContents {
     /// Lies inside the sector with all of its arm.
     bool isWhole = false;
   };
-  /// Nothing when there is no room to recognise it.
+  /// Nothing if it would be too small to recognise.
   std::optional<Paw> paw(std::size_t index) const;
 
   /// The space between sectors.
@@ -67,7 +67,7 @@ class SectorContents {
   double halfWidth_;  // of a sector, radians
   double padding_;
   double halfGap_;
-  double labelUnit_;  // what the label's scales refer to
+  double labelUnit_;  // unit of the label's scales
   double labelRadius_;
   Disc icon_;
   Disc paw_;

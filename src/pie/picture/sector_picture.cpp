@@ -15,7 +15,7 @@ namespace {
 
 constexpr Color kWhite{1, 1, 1, 1};
 constexpr Color kInk{0.09, 0.09, 0.11, 1};
-/// About what the glass is like where nobody knows what lies beneath.
+/// The approximate colour of the glass without a snapshot of the screen.
 constexpr Color kDarkGlass{0.16, 0.165, 0.18, 1};
 
 double luminance(Color color) { return 0.2126 * color.red + 0.7152 * color.green + 0.0722 * color.blue; }
@@ -24,13 +24,13 @@ Color itemColor(const PieMenuItem& item) {
   return Color::fromHex(item.color).value_or(Color::fromHex(kDefaultItemColor).value_or(kWhite));
 }
 
-/// White as long as it can be read, for it looks lighter; WCAG 2.1 asks 3 of graphics and of large text.
+/// White while it is legible, else dark ink; WCAG 2.1 requires a contrast of 3 for graphics and large text.
 Color inkOn(Color background) {
   constexpr double kReadable = 3.1;
   return contrast(kWhite, background) >= kReadable ? kWhite : kInk;
 }
 
-/// Glass in that colour: deeper, light colours most, so that white stands out on all of them.
+/// The colour of stained glass: darker, light colours most, so that white is legible on all of them.
 Color stainOf(Color color) {
   constexpr double kDepth = 1.5;
   constexpr double kLightest = 0.50;

@@ -14,8 +14,8 @@
 namespace rondora {
 
 /// Draws the sectors of one ring, each as a layer with the states of `ring_layers`: tinted glass with icon and label;
-/// highlighted it is larger, filled with the item's colour, and the cat's paw reaches for it. What it is given outlives
-/// it.
+/// highlighted it is larger, filled with the item's colour, and the cat's paw reaches for it. Arguments must outlive
+/// the object.
 class SectorPainter {
  public:
   SectorPainter(const PieMenu& menu, const RingLayout& layout, const GlassStyle& glass);
@@ -25,11 +25,11 @@ class SectorPainter {
 
  private:
   enum class Look { normal, highlighted };
-  /// How one sector is coloured in one look.
+  /// The colours of one sector in one look.
   struct Colors {
     Color atHub;
     Color atRim;
-    /// What can be read on it.
+    /// Of icon and label; legible on the other two.
     Color ink;
     double labelOpacity = 1;
   };

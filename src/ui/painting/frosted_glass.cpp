@@ -21,7 +21,7 @@ Rgb operator+(Rgb a, Rgb b) { return {a.red + b.red, a.green + b.green, a.blue +
 Rgb operator-(Rgb a, Rgb b) { return {a.red - b.red, a.green - b.green, a.blue - b.blue}; }
 Rgb operator*(Rgb a, float factor) { return {a.red * factor, a.green * factor, a.blue * factor}; }
 
-/// The screen in fewer pixels: a blurred picture has no detail to lose, and blurring it costs less.
+/// The screen scaled down: a blur removes the lost detail anyway, and blurring fewer pixels costs less.
 struct Tile {
   int width = 0;
   int height = 0;
@@ -72,7 +72,7 @@ void smoothLine(const Rgb* source, Rgb* target, int count, std::ptrdiff_t step, 
 
 void smooth(Tile& tile, int radius) {
   if (radius < 1) return;
-  constexpr int kPasses = 3;  // close to a bell curve
+  constexpr int kPasses = 3;  // approximates a Gaussian
   Tile other(tile.width, tile.height);
   for (int pass = 0; pass < kPasses; ++pass) {
     for (int y = 0; y < tile.height; ++y) smoothLine(tile.row(y), other.row(y), tile.width, 1, radius);
@@ -82,12 +82,12 @@ void smooth(Tile& tile, int radius) {
   }
 }
 
-/// The radius of three means whose sum spreads like a bell curve of that deviation.
+/// The radius of three box filters that together spread like a Gaussian of that deviation.
 int meanRadius(double deviation) {
   return static_cast<int>(std::lround((std::sqrt(4 * deviation * deviation + 1) - 1) / 2));
 }
 
-/// What a frost does to the colours.
+/// The colour change of a frost.
 class Glass {
  public:
   explicit Glass(const Frost& frost)
@@ -118,7 +118,7 @@ std::uint32_t packed(Rgb color) {
   return 0xFF000000U | component(color.red) << 16 | component(color.green) << 8 | component(color.blue);
 }
 
-/// A place between two neighbours of a row of `count` small pixels, each of which stands for `factor` large ones.
+/// A position between two neighbours in a row of `count` small pixels, each `factor` large pixels wide.
 struct Between {
   int first;
   int second;

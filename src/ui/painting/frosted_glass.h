@@ -5,17 +5,17 @@
 
 namespace rondora {
 
-/// How glass changes what is seen through it.
+/// The optical properties of frosted glass.
 struct Frost {
-  double blurRadius = 0;  // pixels; about what a point of light spreads to
+  double blurRadius = 0;  // pixels; a point of light spreads about this far
   /// As in BackdropPaint.
   double saturation = 1;
   double brightest = 1;
   Color veil{0, 0, 0, 0};
 };
 
-/// Fills `target` with what `screen`, of the same size and opaque, looks like through the glass. Beyond its edges the
-/// screen is taken to go on as it ends there. Takes time in proportion to the area, whatever the radius.
+/// Fills `target` with `screen` seen through the glass. Both have the same size; `screen` is opaque and is extended at
+/// its edges by its outermost pixels. The time is proportional to the area and independent of the radius.
 void frost(const PixelBuffer& screen, const Frost& frost, PixelBuffer target);
 
 }  // namespace rondora
