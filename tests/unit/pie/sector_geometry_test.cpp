@@ -95,52 +95,6 @@ TEST_F(TrackingViewTest, EveryPointOutsideTheHubBelongsToTheSectorAroundIt) {
   }
 }
 
-TEST_F(TrackingViewTest, ReportsEveryMoveAndTicksOncePerVisitOfASector) {
-  MouseTrackingNSView tracking = view(4, 0);
-  std::vector<Sector> hovered;
-  std::vector<Point> seen;
-  tracking.onHover = [&](Sector index) { hovered.push_back(index); };
-  tracking.onPointerLocationUpdate = [&](Point location) { seen.push_back(location); };
-  const auto moveTo = [&](Point offset) { tracking.mouseMoved(at(tracking, offset)); };
-  moveTo({100, -20});
-  moveTo({100, -10});
-  EXPECT_EQ(haptics.performed.size(), 1u);
-  moveTo({0, 0});  // the hub
-  moveTo({100, -10});
-  EXPECT_EQ(haptics.performed.size(), 2u);
-  seen.clear();
-  tracking.mouseExited();
-  tracking.mouseEntered({1, 2});  // computes no sector
-  moveTo({100, -10});
-  EXPECT_EQ(seen, (std::vector<Point>{at(tracking, {0, 0}), {1, 2}, at(tracking, {100, -10})}));
-  EXPECT_EQ(haptics.performed.size(), 3u);
-  tracking.hapticFeedbackEnabled = false;
-  moveTo({100, 10});
-  EXPECT_EQ(haptics.performed, std::vector<HapticPattern>(3, HapticPattern::levelChange));
-  EXPECT_EQ(hovered, (std::vector<Sector>{0, 0, std::nullopt, 0, std::nullopt, 0, 1}));
-}
-
-TEST_F(TrackingViewTest, ClicksChooseOrDismissAndTheCursorSaysWhich) {
-  MouseTrackingNSView tracking = view(4, 0, 3);
-  std::vector<std::size_t> selected;
-  int dismissed = 0;
-  tracking.onSelect = [&](std::size_t index) { selected.push_back(index); };
-  tracking.onDismiss = [&] { ++dismissed; };
-  const auto visit = [&](Point offset) {
-    tracking.cursorUpdate(at(tracking, offset));
-    tracking.mouseDown(at(tracking, offset));
-  };
-  visit({0, 0});       // hub
-  visit({100, 10});    // sector 1
-  visit({-100, -10});  // sector 3, which has no item
-  tracking.innerCircleHighlightsFirstSector = true;
-  visit({0, 0});
-  EXPECT_EQ(selected, (std::vector<std::size_t>{1, 0}));
-  EXPECT_EQ(dismissed, 2);
-  EXPECT_EQ(pointer.cursors, (std::vector<CursorShape>{CursorShape::arrow, CursorShape::pointingHand,
-                                                       CursorShape::arrow, CursorShape::pointingHand}));
-}
-
 TEST(SnappingTest, LandsOnHalvesOfASector) {
   struct Case {
     double raw;

@@ -65,7 +65,7 @@ TEST_F(ConfigManagerTest, FirstStartWritesTheFirstRunDocument) {
   EXPECT_EQ(manager->current().lastModified, kDistantPast);
 }
 
-TEST_F(ConfigManagerTest, UndecodableFilesAreKeptAsideEachUnderANameOfItsOwnAndReplaced) {
+TEST_F(ConfigManagerTest, UndecodableFilesAreKeptAsideAndReplaced) {
   for (const std::string bytes : {"{", "[", "]"}) {
     files.put(url, bytes);
     start();
@@ -79,40 +79,41 @@ TEST_F(ConfigManagerTest, UndecodableFilesAreKeptAsideEachUnderANameOfItsOwnAndR
   EXPECT_EQ(errors().at(1), "config unreadable, backup saved: " + stem + ".json");
 }
 
-TEST_F(ConfigManagerTest, FailedBackupIsLoggedAndTheDocumentReplaced) {
-  files.put(url, R"({"menus": 1})");
-  files.failures = {{Operation::copy, "no space"}};
-  start();
-  EXPECT_EQ(json()["menus"].size(), 3U);
-  EXPECT_THAT(errors(), ElementsAre("decodeConfig failed: menus: expected an array", "config backup failed: no space"));
+TEST_F(ConfigManagerTest, WhateverFailsAtTheStartIsLoggedAndLeavesAMenu) {
+  struct Case {
+    std::map<Operation, std::string> failures;
+    bool isTooLong;
+    std::string left;  // on disk as the document
+    std::vector<std::string> errors;
+  };
+  const std::string folderMissing = "failed to create config dir: read-only";
+  const std::string keptAside = "config unreadable, backup saved: " + std::string(kBackup) + ".json";
+  const Case cases[] = {
+      {{{Operation::copy, "no space"}},
+       false,
+       "{\n",
+       {"decodeConfig failed: menus: expected an array", "config backup failed: no space"}},
+      {{}, true, "{\n", {"decodeConfig failed: document: too long", keptAside}},
+      {{{Operation::read, "denied"}}, false, "{\n", {}},
+      {{{Operation::createFolder, "read-only"}, {Operation::replaceDurably, "read-only"}},
+       false,
+       R"({"menus")",
+       {folderMissing, "decodeConfig failed: menus: expected an array", keptAside, "writeLocal failed: read-only"}},
+  };
+  for (const Case& each : cases) {
+    files = {};
+    log.lines.clear();
+    files.put(url, R"({"menus": 1})");
+    files.failures = each.failures;
+    if (each.isTooLong) files.tooLong = {url};
+    start();
+    EXPECT_THAT(manager->current().menus, SizeIs(3));
+    EXPECT_THAT(document(), StartsWith(each.left));
+    EXPECT_EQ(errors(), each.errors);
+  }
 }
 
-TEST_F(ConfigManagerTest, AFileThatIsTooLongIsKeptAside) {
-  files.put(url, "gigabytes");
-  files.tooLong = {url};
-  start();
-  EXPECT_EQ(files.files[std::string(kBackup) + ".json"], "gigabytes");
-  EXPECT_THAT(errors(), ElementsAre("decodeConfig failed: document: too long", StartsWith("config unreadable, ")));
-}
-
-TEST_F(ConfigManagerTest, UnreadableBytesGiveTheFirstRunDocumentInSilence) {
-  files.put(url, "{}");
-  files.failures = {{Operation::read, "denied"}};
-  start();
-  EXPECT_THAT(manager->current().menus, SizeIs(3));
-  EXPECT_THAT(errors(), IsEmpty());
-  EXPECT_THAT(files.files, SizeIs(1));
-}
-
-TEST_F(ConfigManagerTest, WithoutAFolderTheConfigurationLivesInMemory) {
-  files.failures = {{Operation::createFolder, "read-only"}};
-  start();
-  EXPECT_THAT(manager->current().menus, SizeIs(3));
-  EXPECT_THAT(errors(),
-              ElementsAre("failed to create config dir: read-only", "writeLocal failed: No such file or directory"));
-}
-
-TEST_F(ConfigManagerTest, SaveStampsPublishesWritesAndNotifiesInThisOrderUnlessNothingDiffers) {
+TEST_F(ConfigManagerTest, SaveStampsPublishesWritesAndNotifiesInThisOrder) {
   start();
   std::vector<std::string> steps;
   const Subscription values = manager->configuration().subscribe([&](const PieConfiguration& each) {
@@ -146,7 +147,7 @@ TEST_F(ConfigManagerTest, SaveKeepsOneMenuOfEachSpecialKind) {
   EXPECT_EQ(written["schemaVersion"], 3);
 }
 
-TEST_F(ConfigManagerTest, ASaveThatCannotBeWrittenStillHolds) {
+TEST_F(ConfigManagerTest, ASaveThatCannotBeWrittenHoldsInMemory) {
   start();
   const std::string before = document();
   files.failures = {{Operation::replaceDurably, "disk full"}};
@@ -161,7 +162,7 @@ TEST_F(ConfigManagerTest, ASaveThatCannotBeWrittenStillHolds) {
               ElementsAre("writeLocal failed: disk full", "writeLocal failed: iconSize: not a finite number"));
 }
 
-TEST_F(ConfigManagerTest, ASaveFromASubscriberLeavesTheNewestOnDisk) {
+TEST_F(ConfigManagerTest, ASaveFromASubscriberIsTheOneOnDisk) {
   start();
   const Subscription answering = manager->configuration().subscribe([&](const PieConfiguration& each) {
     if (each.menus[0].name == "Edited") rename("Again");
@@ -171,7 +172,7 @@ TEST_F(ConfigManagerTest, ASaveFromASubscriberLeavesTheNewestOnDisk) {
   EXPECT_EQ(nameOnDisk(), "Again");
 }
 
-TEST_F(ConfigManagerTest, AnExportedDocumentCanBeImportedAndNothingElse) {
+TEST_F(ConfigManagerTest, OnlyADocumentCanBeImported) {
   start();
   const std::string exported = "/home/user/.config/Rondora/backup.json";
   ASSERT_EQ(manager->exportConfiguration(exported), std::nullopt);
@@ -187,7 +188,7 @@ TEST_F(ConfigManagerTest, AnExportedDocumentCanBeImportedAndNothingElse) {
   EXPECT_EQ(manager->current().lastModified, time.now());
 }
 
-TEST_F(ConfigManagerTest, ABurstOfEditsIsSavedOnceAndAsItWasLast) {
+TEST_F(ConfigManagerTest, ABurstOfEditsIsSavedOnceInItsLastState) {
   start();
   DebouncedSave debounced(*manager, time);
   PieConfiguration edited = manager->current();
