@@ -14,7 +14,7 @@
 
 namespace rondora {
 
-/// Everything that an item's action goes through. Main thread.
+/// The objects that run an item's action. Main thread.
 struct ActionServices {
   /// All outlive this.
   struct Ports {

@@ -3,6 +3,8 @@
 #include <string>
 #include <utility>
 
+#include "permissions/app_relauncher.h"
+
 namespace rondora {
 namespace {
 
@@ -20,41 +22,67 @@ std::function<void(const T&)> droppingFirst(std::function<void(const T&)> slot) 
 }  // namespace
 
 AppDelegate::AppDelegate(const Services& services)
-    : services_(services), launchState_(services.defaults, services.environment) {
-  statusMenu_ =
-      std::make_unique<StatusMenu>(services_.shell, services_.statusBar, services_.localization,
-                                   StatusMenu::Actions{weakSelf_.bind([](AppDelegate& self) { self.openSettings(); }),
-                                                       weakSelf_.bind([](AppDelegate& self) { self.quitApp(); })});
+    : services_(services),
+      triggers_({.mainQueue = services.mainQueue,
+                 .log = services.log,
+                 .hotkeyService = services.hotkeyService,
+                 .eventMonitors = services.eventMonitors,
+                 .config = services.config,
+                 .switchboard = services.switchboard}) {
+  statusMenu_ = std::make_unique<StatusMenu>(
+      StatusMenu::Services{.shell = services.shell,
+                           .statusBar = services.statusBar,
+                           .localization = services.localization,
+                           .openSettings = weakSelf_.bind([](AppDelegate& self) { self.openSettings(); }),
+                           .quitApp = weakSelf_.bind([](AppDelegate& self) { self.quitApp(); })});
+  firstLaunch_ = std::make_unique<FirstLaunch>(firstLaunchServices());
 }
 
-AppDelegate::~AppDelegate() = default;
+FirstLaunch::Services AppDelegate::firstLaunchServices() const {
+  return {.mainQueue = services_.mainQueue,
+          .defaults = services_.defaults,
+          .environment = services_.environment,
+          .permissionService = services_.permissionService,
+          .permissions = services_.permissions,
+          .config = services_.config,
+          .windows = services_.windows,
+          .shell = services_.shell,
+          .openSettings = weakSelf_.bind([](AppDelegate& self) { self.openSettings(); })};
+}
+
+RingWarmer::Services AppDelegate::ringWarmerServices() const {
+  MenuSwitchboard& switchboard = services_.switchboard;
+  return {.config = services_.config,
+          .workspace = services_.workspace,
+          .mainQueue = services_.mainQueue,
+          .prepare = [&switchboard](const PieMenu& menu) { switchboard.warmUp(menu); },
+          .isRingOpen = [&switchboard] { return switchboard.isMenuVisible(); }};
+}
 
 void AppDelegate::applicationDidFinishLaunching() {
   if (!services_.defaults.hasValue(kInitialToolTipDelay)) {
     services_.defaults.setInteger(kInitialToolTipDelay, kToolTipDelay);
   }
-  launchState_.applySettingsAutoOpenMigrationForExistingInstallsIfNeeded();
+  firstLaunch_->migrateLaunchState();
   services_.activationHistory.startObservingIfNeeded();
   subscribeLanguage();
   statusMenu_->setupMainMenu();
   services_.shell.setActivationPolicy(ActivationPolicy::accessory);
+  services_.shell.setShouldTerminateAfterLastWindowClosed(
+      weakSelf_.bind([](AppDelegate& self) { return self.applicationShouldTerminateAfterLastWindowClosed(); }));
   statusMenu_->setupStatusBar();
-  switchboard_ = std::make_unique<MenuSwitchboard>(services_);
-  setupHotkeys();
+  setupTriggers();
   observeChanges();
-  services_.mainQueue.async(weakSelf_.bind([](AppDelegate& self) { self.presentFirstLaunchPermissionsIfNeeded(); }));
+  services_.mainQueue.async(weakSelf_.bind([](AppDelegate& self) { self.firstLaunch_->presentPermissionsIfNeeded(); }));
   services_.mainQueue.after(kStatusItemSettlingTime, weakSelf_.bind([](AppDelegate& self) {
     self.evaluateStatusItemVisibility(HiddenStatusItem::openSettings);
   }));
-  ringWarmer_ = std::make_unique<RingWarmer>(RingWarmer::Services{
-      services_.configManager, services_.workspace, services_.mainQueue,
-      [this](const PieMenu& menu) { switchboard_->warmUp(menu); }, [this] { return switchboard_->isMenuVisible(); }});
+  ringWarmer_ = std::make_unique<RingWarmer>(ringWarmerServices());
 }
 
 void AppDelegate::applicationWillTerminate() {
   ringWarmer_.reset();
-  if (hotkeyManager_) hotkeyManager_->unregisterAll();
-  trackpadGestureMonitor_.stop();
+  triggers_.tearDown();
   if (services_.restoreNativeAppSwitcher) services_.restoreNativeAppSwitcher();
 }
 
@@ -72,12 +100,13 @@ void AppDelegate::quitApp() { services_.shell.terminate(); }
 
 bool AppDelegate::trigger(std::string_view menuId) {
   const auto id = Uuid::parse(menuId);
-  if (!id || services_.configManager.current().menu(*id) == nullptr) {
-    // The text comes from anybody: only an identifier is repeated.
+  if (!id || services_.config.current().menu(*id) == nullptr) {
+    // Any program can send this text: the log repeats identifiers only.
     services_.log.error("trigger skipped: " + (id ? "no menu has the id " + id->string() : "this is no menu's id"));
     return false;
   }
-  services_.mainQueue.async(weakSelf_.bind([id = *id](AppDelegate& self) { self.switchboard_->handleRequest(id); }));
+  services_.mainQueue.async(
+      weakSelf_.bind([id = *id](AppDelegate& self) { self.services_.switchboard.handleRequest(id); }));
   return true;
 }
 
@@ -88,7 +117,7 @@ void AppDelegate::iconsChanged() {
 void AppDelegate::subscribeLanguage() {
   auto languageChanged = removingDuplicates<AppLanguage>(weakSelf_.bind(
       [](AppDelegate& self, AppLanguage language) { self.services_.localization.setLanguage(language); }));
-  languageSubscription_ = services_.configManager.configuration().subscribe(
+  languageSubscription_ = services_.config.configuration().subscribe(
       [languageChanged = std::move(languageChanged)](const PieConfiguration& configuration) {
         languageChanged(configuration.language);
       });
@@ -98,15 +127,15 @@ void AppDelegate::observeChanges() {
   configurationObserver_ = services_.notifications.addObserver(
       ConfigManager::configurationDidChange, weakSelf_.bind([](AppDelegate& self) { self.configurationChanged(); }));
   modifiersObserver_ =
-      services_.hotkeyService.onModifiersMoved(weakSelf_.bind([](AppDelegate& self) { self.setupHotkeys(); }));
+      services_.hotkeyService.onModifiersMoved(weakSelf_.bind([](AppDelegate& self) { self.setupTriggers(); }));
   didBecomeActiveObserver_ = services_.shell.onDidBecomeActive(weakSelf_.bind([](AppDelegate& self) {
-    self.presentSettingsOnceIfFirstLaunchPermissionsComplete();
+    self.firstLaunch_->presentSettingsOnceIfPermissionsComplete();
     self.evaluateStatusItemVisibility(HiddenStatusItem::onlyReport);
   }));
   subscribePermissions();
   appActivationObserver_ = services_.workspace.onDidActivateApplication(
       weakSelf_.bind([](AppDelegate& self, const RunningApplication& application) {
-        self.switchboard_->prefetchAppCommands(application);
+        self.services_.switchboard.prefetchAppCommands(application);
       }));
   const auto reportVisibility =
       weakSelf_.bind([](AppDelegate& self) { self.evaluateStatusItemVisibility(HiddenStatusItem::onlyReport); });
@@ -116,55 +145,12 @@ void AppDelegate::observeChanges() {
 
 void AppDelegate::configurationChanged() {
   statusMenu_->refreshLocalizedTitles();
-  setupHotkeys();
+  setupTriggers();
 }
 
-void AppDelegate::makeHotkeyManager() {
-  hotkeyManager_ = std::make_unique<HotkeyManager>(services_.hotkeyService, services_.log);
-  grabbedKeyRouter_ = std::make_unique<GrabbedKeyRouter>(
-      *hotkeyManager_, GrabbedKeyRouter::Overlay{
-                           [this](HotkeyManager::MenuIndices indices) { return switchboard_->showsOneOf(indices); },
-                           [this](const KeyEvent& event) { return switchboard_->quickSelects(event); }});
-  grabbedKeyMonitor_ = services_.eventMonitors.addLocalMonitor(
-      kKeyDownAndKeyUpMask, weakSelf_.bind([](AppDelegate& self, const KeyEvent& event) {
-        return self.switchboard_->isMenuVisible() && self.grabbedKeyRouter_->offer(event);
-      }));
-}
-
-std::function<void(HotkeyManager::MenuIndices)> AppDelegate::onMainQueue(
-    void (MenuSwitchboard::*handle)(const MenuSwitchboard::Candidates&)) const {
-  auto handled = weakSelf_.bind([handle](AppDelegate& self, const MenuSwitchboard::Candidates& candidates) {
-    (self.switchboard_.get()->*handle)(candidates);
-  });
-  return [&mainQueue = services_.mainQueue, handled = std::move(handled)](HotkeyManager::MenuIndices indices) {
-    mainQueue.async(
-        [handled, candidates = MenuSwitchboard::Candidates(indices.begin(), indices.end())] { handled(candidates); });
-  };
-}
-
-void AppDelegate::setupHotkeys() {
-  if (hotkeyManager_) {
-    hotkeyManager_->unregisterAll();
-  } else {
-    makeHotkeyManager();
-  }
-  hotkeyManager_->onHotkeyPressed = onMainQueue(&MenuSwitchboard::handleHotkeyPressed);
-  hotkeyManager_->onHotkeyReleased = onMainQueue(&MenuSwitchboard::handleHotkeyReleased);
-  const PieConfiguration& configuration = services_.configManager.current();
-  hotkeyManager_->registerAll(configuration.menus);
-  setupTrackpadGesture(configuration);
-  switchboard_->dismissRunningAppsMenuIfDisabled(configuration);
-}
-
-void AppDelegate::setupTrackpadGesture(const PieConfiguration& configuration) {
-  trackpadGestureMonitor_.onTap = weakSelf_.bind(
-      [](AppDelegate& self, std::int64_t fingerCount) { self.switchboard_->handleTrackpadGesture(fingerCount); });
-  std::set<std::int64_t> fingerCounts;
-  for (const auto& [fingerCount, menuIndex] : configuration.trackpadGestureTargets()) fingerCounts.insert(fingerCount);
-  if (fingerCounts == activeTrackpadFingerCounts_) return;
-  activeTrackpadFingerCounts_ = fingerCounts;
-  if (fingerCounts.empty()) return trackpadGestureMonitor_.stop();
-  trackpadGestureMonitor_.start(std::move(fingerCounts));
+void AppDelegate::setupTriggers() {
+  triggers_.setUp();
+  services_.switchboard.dismissRunningAppsMenuIfDisabled();
 }
 
 void AppDelegate::subscribePermissions() {
@@ -174,63 +160,27 @@ void AppDelegate::subscribePermissions() {
 }
 
 void AppDelegate::permissionsChanged(const PermissionsSnapshot& snapshot) {
-  setupHotkeys();
+  setupTriggers();
   if (!snapshot.accessibilityTrusted) return;
   if (snapshot.inputMonitoringGranted) {
-    finishOnboardingIfUp();
+    firstLaunch_->finishOnboardingIfUp();
     relaunchIfTapIsDeaf();
-  } else if (permissionsOnboardingController_ && !services_.permissionService.preflightListenEventAccess()) {
+  } else if (firstLaunch_->hasOnboarding() && !services_.permissionService.preflightListenEventAccess()) {
     services_.permissionService.requestListenEventAccess();
   }
 }
 
-bool AppDelegate::isOnboardingUp() const {
-  return permissionsOnboardingController_ && permissionsOnboardingController_->isUp();
-}
-
-void AppDelegate::finishOnboardingIfUp() {
-  if (!isOnboardingUp()) return;
-  services_.shell.activateIgnoringOtherApps();
-  permissionsOnboardingController_->closeAndFinish();
-}
-
 void AppDelegate::relaunchIfTapIsDeaf() {
-  const HotkeyHIDTap* tap = hotkeyManager_->hidTap();
-  if (tap != nullptr && tap->hasPort() && !tap->deliversKeyEvents()) services_.shell.relaunch();
+  const HotkeyHIDTap* tap = hotkeyManager()->hidTap();
+  if (tap != nullptr && tap->hasPort() && !tap->deliversKeyEvents()) AppRelauncher(services_.shell).relaunch();
 }
 
 void AppDelegate::evaluateStatusItemVisibility(HiddenStatusItem reaction) {
   const auto problem = statusMenu_->visibilityProblem();
-  if (services_.publishStatusItemProblem) services_.publishStatusItemProblem(problem);
+  services_.publishStatusItemProblem(problem);
   if (!problem) return;
   services_.log.error("status item not visible: " + *problem);
-  if (reaction == HiddenStatusItem::openSettings && !isOnboardingUp()) openSettings();
-}
-
-void AppDelegate::presentFirstLaunchPermissionsIfNeeded() {
-  const bool needsAccessibility = HotkeyHIDTap::requiresAccessibility(services_.configManager.current().menus);
-  const bool accessibilityGranted = services_.permissions.value().allGranted();
-  if (!launchState_.shouldShowPermissionsOnboarding(accessibilityGranted, needsAccessibility)) {
-    return presentSettingsOnceIfFirstLaunchPermissionsComplete();
-  }
-  permissionsOnboardingController_ = services_.windows.makeOnboardingWindow();
-  if (!permissionsOnboardingController_) return;
-  permissionsOnboardingController_->present(weakSelf_.bind([](AppDelegate& self) { self.onboardingFinished(); }));
-}
-
-void AppDelegate::onboardingFinished() {
-  launchState_.markPermissionIntroSeen();
-  // The window itself is calling, so it goes on a later turn.
-  services_.mainQueue.async([window = std::shared_ptr(std::move(permissionsOnboardingController_))] {});
-  presentSettingsOnceIfFirstLaunchPermissionsComplete();
-}
-
-void AppDelegate::presentSettingsOnceIfFirstLaunchPermissionsComplete() {
-  if (launchState_.hasAutoOpenedSettingsAfterPermissions() || !launchState_.hasSeenPermissionIntro()) return;
-  const PermissionService& permissions = services_.permissionService;
-  if (!permissions.isProcessTrusted() || !permissions.preflightListenEventAccess()) return;
-  launchState_.markSettingsAutoOpened();
-  openSettings();
+  if (reaction == HiddenStatusItem::openSettings && !firstLaunch_->isOnboardingUp()) openSettings();
 }
 
 }  // namespace rondora

@@ -1,86 +1,110 @@
 #pragma once
 
-#include <cstdint>
+#include <functional>
 #include <memory>
-#include <set>
-#include <span>
+#include <optional>
+#include <string>
 #include <string_view>
 
-#include "app/app_services.h"
+#include "app/first_launch.h"
 #include "app/menu_switchboard.h"
 #include "app/ring_warmer.h"
 #include "app/status_menu.h"
+#include "app/trigger_sources.h"
+#include "base/notification_center.h"
 #include "base/observable.h"
 #include "base/weak_self.h"
-#include "input/gestures/trackpad_gesture_monitor.h"
-#include "input/hotkeys/grabbed_key_router.h"
-#include "input/hotkeys/hotkey_manager.h"
-#include "storage/app_launch_state.h"
+#include "localization/localization_store.h"
+#include "permissions/permissions_snapshot.h"
+#include "platform/application_shell.h"
+#include "platform/event_monitors.h"
+#include "platform/hotkey_service.h"
+#include "platform/log.h"
+#include "platform/main_queue.h"
+#include "platform/permission_service.h"
+#include "platform/process_environment.h"
+#include "platform/screens.h"
+#include "platform/status_item.h"
+#include "platform/user_defaults.h"
+#include "platform/windows.h"
+#include "platform/workspace.h"
+#include "running_apps/running_apps_activation_history.h"
+#include "storage/config_manager.h"
 
 namespace rondora {
 
-/// The root of the running program: brings it up in order, owns its long-lived parts and reacts to what changes around
-/// them. Main thread.
+/// Brings the program up in order, reacts to changes around it and takes it down. Main thread.
 class AppDelegate {
  public:
-  using Services = AppServices;
+  /// All outlive the delegate.
+  struct Services {
+    MainQueue& mainQueue;
+    Log& log;
+    UserDefaults& defaults;
+    const ProcessEnvironment& environment;
+    Workspace& workspace;
+    Screens& screens;
+    HotkeyService& hotkeyService;
+    EventMonitors& eventMonitors;
+    StatusBar& statusBar;
+    Windows& windows;
+    ApplicationShell& shell;
+    PermissionService& permissionService;
+
+    NotificationCenter& notifications;
+    const ConfigManager& config;
+    LocalizationStore& localization;
+    const CurrentValue<PermissionsSnapshot>& permissions;
+    RunningAppsActivationHistory& activationHistory;
+    MenuSwitchboard& switchboard;
+
+    /// May be empty.
+    std::function<void()> restoreNativeAppSwitcher;
+    /// Called with the reason why the user cannot see the status item, or with nothing.
+    std::function<void(const std::optional<std::string>&)> publishStatusItemProblem;
+  };
 
   explicit AppDelegate(const Services& services);
-  ~AppDelegate();
   AppDelegate(const AppDelegate&) = delete;
   AppDelegate& operator=(const AppDelegate&) = delete;
 
   void applicationDidFinishLaunching();
   void applicationWillTerminate();
   bool applicationShouldTerminateAfterLastWindowClosed() const { return false; }
-  /// The program was started once more while it runs.
+  /// The user started the program again while it runs.
   bool applicationShouldHandleReopen(bool hasVisibleWindows);
   void openSettings();
   void quitApp();
-  /// Another program asks for a menu: it opens (or closes what is open) as by a hotkey that can neither be held nor
-  /// repeated. False when no menu has this id.
+  /// Triggers a menu for another program, like a hotkey that is neither held nor repeated. False when no menu has this
+  /// id.
   bool trigger(std::string_view menuId);
-  /// Items may look different from when rings were prepared: a picture came, or applications changed.
+  /// Prepared rings are out of date: a favicon arrived, or applications were installed or removed.
   void iconsChanged();
 
-  TrackpadGestureMonitor& trackpadGestureMonitor() { return trackpadGestureMonitor_; }
+  TriggerSources& triggers() { return triggers_; }
   /// Null before the launch.
-  const HotkeyManager* hotkeyManager() const { return hotkeyManager_.get(); }
+  const HotkeyManager* hotkeyManager() const { return triggers_.hotkeyManager(); }
 
  private:
   enum class HiddenStatusItem { openSettings, onlyReport };
 
+  FirstLaunch::Services firstLaunchServices() const;
+  RingWarmer::Services ringWarmerServices() const;
   void subscribeLanguage();
-  void setupHotkeys();
-  void makeHotkeyManager();
-  /// Wraps a trigger so that it is handled on a later turn of the main queue, whatever thread it comes from.
-  std::function<void(HotkeyManager::MenuIndices)> onMainQueue(
-      void (MenuSwitchboard::*handle)(const MenuSwitchboard::Candidates&)) const;
-  void setupTrackpadGesture(const PieConfiguration& configuration);
+  void setupTriggers();
   void observeChanges();
   void configurationChanged();
   void subscribePermissions();
   void permissionsChanged(const PermissionsSnapshot& snapshot);
-  void finishOnboardingIfUp();
   void relaunchIfTapIsDeaf();
   void evaluateStatusItemVisibility(HiddenStatusItem reaction);
-  bool isOnboardingUp() const;
-  void presentFirstLaunchPermissionsIfNeeded();
-  void onboardingFinished();
-  void presentSettingsOnceIfFirstLaunchPermissionsComplete();
 
   Services services_;
-  AppLaunchState launchState_;
+  TriggerSources triggers_;
   std::unique_ptr<StatusMenu> statusMenu_;
-  TrackpadGestureMonitor trackpadGestureMonitor_;
-  std::set<std::int64_t> activeTrackpadFingerCounts_;
-  std::unique_ptr<MenuSwitchboard> switchboard_;
+  std::unique_ptr<FirstLaunch> firstLaunch_;
   std::unique_ptr<RingWarmer> ringWarmer_;
-  std::unique_ptr<HotkeyManager> hotkeyManager_;
-  std::unique_ptr<GrabbedKeyRouter> grabbedKeyRouter_;
-  Subscription grabbedKeyMonitor_;
   std::unique_ptr<SettingsWindow> settingsWindow_;
-  std::unique_ptr<OnboardingWindow> permissionsOnboardingController_;
   Subscription appActivationObserver_;
   Subscription configurationObserver_;
   Subscription modifiersObserver_;

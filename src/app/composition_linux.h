@@ -8,21 +8,21 @@ namespace rondora {
 
 class Log;
 
-/// Makes every object of the program on a Linux desktop and leads them together: the only place that knows them all.
-/// Lives between the toolkit's application object and the end of its X connection. Main thread.
+/// Names the backend that answers each port on a Linux desktop, and makes the program with them. Lives between the
+/// toolkit's application object and the end of its X connection. Main thread.
 class CompositionLinux {
  public:
   enum class State {
     ready,
-    /// There is no X connection to work with.
+    /// The toolkit has no X connection.
     withoutDisplay,
     /// Another instance runs in this session and has shown its settings.
     handedOver,
-    /// Another instance runs in this session and does not answer; that is logged.
+    /// Another instance runs in this session and does not answer; logged.
     blocked,
   };
 
-  /// Takes settings and document of the predecessor over. Belongs before everything else that the process does.
+  /// Imports settings and document of the predecessor; the first action of the process.
   static void runLegacyMigration(Log& log);
 
   /// `log` outlives this object.
@@ -32,20 +32,20 @@ class CompositionLinux {
   CompositionLinux& operator=(const CompositionLinux&) = delete;
 
   State state() const { return state_; }
-  // The rest only when ready.
+  // The following only in state `ready`.
   void start();
-  /// Gives back what was taken from the desktop and the session; at the end of the program, once.
+  /// Releases grabs and claims; once, at the end of the program.
   void terminate();
-  /// The program ended in order to be started anew.
+  /// The program ended to start again.
   bool isRelaunchRequested() const;
 
  private:
   struct Presence;
-  struct Program;
+  struct Running;
 
   State state_ = State::withoutDisplay;
   std::unique_ptr<Presence> presence_;
-  std::unique_ptr<Program> program_;
+  std::unique_ptr<Running> running_;
 };
 
 }  // namespace rondora

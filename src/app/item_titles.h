@@ -7,8 +7,8 @@
 
 namespace rondora {
 
-/// What a sector is called on screen. The first-run document names applications of one system; where another answers
-/// for them, an item that still has its original title shows the name of the application that will really open.
+/// The titles of sectors on screen. The first-run document names applications of one system; where the workspace maps
+/// such an identifier to another application, an item that still has its original title shows that application's name.
 class ItemTitles {
  public:
   explicit ItemTitles(const Workspace& workspace) : workspace_(workspace) {}

@@ -22,26 +22,24 @@ using rondora::CompositionLinux;
 
 constexpr int kFailure = 1;
 
-/// What still has to give back what it took from the desktop. Libraries that end the process by themselves call back
-/// without any context.
+/// The composition that still holds grabs and claims. Global because exit handlers get no context.
 CompositionLinux* running = nullptr;
 
-/// Everything has been given back, and another instance is wanted.
+/// Start another instance once everything is released.
 bool startAgain = false;
 
 void terminateRunning() {
   if (CompositionLinux* composition = std::exchange(running, nullptr)) composition->terminate();
 }
 
-/// The session management library ends the process when the session manager is gone. Nothing else of the process is in
-/// order by then.
+/// The session management library calls exit() when the session manager is gone, so no other clean-up runs.
 void handleForeignExit() {
   if (running == nullptr) return;
   terminateRunning();
   _exit(kFailure);
 }
 
-/// Without a display the toolkit would abort; this asks first.
+/// Checked first because the toolkit aborts without a display.
 bool canReachDisplay() {
   xcb_connection_t* connection = xcb_connect(nullptr, nullptr);
   const bool reachable = xcb_connection_has_error(connection) == 0;
@@ -49,11 +47,11 @@ bool canReachDisplay() {
   return reachable;
 }
 
-/// Signals that ask for the end; SIGHUP: the terminal or the session's leader is gone.
+/// Signals that end the program; SIGHUP: the terminal or the session's leader is gone.
 constexpr int kEndSignals[] = {SIGINT, SIGTERM, SIGHUP};
 
-/// Blocks the signals that ask for the end, in the threads to come too, and returns a descriptor that becomes readable
-/// when one comes. One that was to be ignored when we were started stays ignored.
+/// Blocks the end signals, also for later threads, and returns a descriptor that becomes readable when one arrives. A
+/// signal that the process inherited as ignored stays ignored.
 int takeOverEndSignals() {
   sigset_t signals;
   sigemptyset(&signals);
@@ -66,7 +64,7 @@ int takeOverEndSignals() {
   return signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK);
 }
 
-/// The exit status for a program that has nothing to do here; nothing when it has.
+/// The exit status when the program cannot or need not run.
 std::optional<int> reasonNotToRun(const CompositionLinux& composition) {
   switch (composition.state()) {
     case CompositionLinux::State::withoutDisplay:
@@ -87,7 +85,7 @@ int run(int argc, char** argv, int endSignals, rondora::Log& log) {
   QApplication application(argc, argv);
   CompositionLinux composition(application, log);
   if (const auto status = reasonNotToRun(composition)) return *status;
-  // The signal is left unread: whatever loop runs is told to end until none runs any more.
+  // The signal stays unread, so that every nested event loop ends too.
   QSocketNotifier endRequests(endSignals, QSocketNotifier::Read);
   QObject::connect(&endRequests, &QSocketNotifier::activated, &application, &QApplication::quit);
   running = &composition;
@@ -99,7 +97,7 @@ int run(int argc, char** argv, int endSignals, rondora::Log& log) {
   return status;
 }
 
-/// Starts the program anew in this process. Returns when that fails.
+/// Replaces the process by a new instance. Returns on failure.
 void becomeNewInstance(char** argv) {
   sigset_t signals;
   sigemptyset(&signals);

@@ -4,122 +4,100 @@
 #include <utility>
 #include <variant>
 
+#include "app/snippet_preview.h"
+#include "app/trigger_rules.h"
 #include "commands/app_commands_menu_items.h"
 #include "model/carbon_modifiers.h"
 
 namespace rondora {
-namespace {
 
-/// Until the restored application takes keys.
-constexpr double kRestoreDelay = 0.15;  // seconds
-constexpr HotkeyConfig kNoTrigger{-1, 0};
-
-/// May be pressed again to step the highlight.
-bool repeats(const HotkeyConfig& trigger) { return trigger.isAssigned() && !trigger.isStandaloneFn(); }
-
-bool actsOnPreviousApp(const MenuAction& action) {
-  return std::holds_alternative<Keystroke>(action) || std::holds_alternative<Snippet>(action) ||
-         std::holds_alternative<Unassigned>(action);
+MenuSwitchboard::MenuSwitchboard(const Services& services)
+    : services_(services), pieMenuWindow_(services.pieMenuWindow) {
+  wirePieMenu();
 }
 
-bool isTrackpadTarget(const PieConfiguration& configuration, std::size_t menuIndex) {
-  const auto targets = configuration.trackpadGestureTargets();
-  return std::any_of(targets.begin(), targets.end(),
-                     [menuIndex](const auto& target) { return target.second == menuIndex; });
-}
-
-}  // namespace
-
-MenuSwitchboard::MenuSwitchboard(const AppServices& services) : services_(services) { setupPieMenu(); }
-
-void MenuSwitchboard::setupPieMenu() {
-  pieMenuWindow_ = services_.makePieMenuWindow();
-  pieMenuWindow_->onItemSelected = weakSelf_.bind([](MenuSwitchboard& self, const PieMenuItem& item) {
-    self.pieMenuWindow_->hide();
+void MenuSwitchboard::wirePieMenu() {
+  pieMenuWindow_.onItemSelected = weakSelf_.bind([](MenuSwitchboard& self, const PieMenuItem& item) {
+    self.pieMenuWindow_.hide();
     self.restoreAndExecute(item);
   });
-  pieMenuWindow_->onCommandSelected = weakSelf_.bind([](MenuSwitchboard& self, const PieSubAction& subAction) {
-    self.pieMenuWindow_->hide();
+  pieMenuWindow_.onCommandSelected = weakSelf_.bind([](MenuSwitchboard& self, const PieSubAction& subAction) {
+    self.pieMenuWindow_.hide();
     self.perform(subAction);
   });
-  pieMenuWindow_->onHoverChanged =
+  pieMenuWindow_.onHoverChanged =
       weakSelf_.bind([](MenuSwitchboard& self, const PieMenuItem* item) { self.updateSnippetPreview(item); });
-  pieMenuWindow_->onHide = weakSelf_.bind([](MenuSwitchboard& self) { self.hideSnippetPreview(); });
+  pieMenuWindow_.onHide = weakSelf_.bind([](MenuSwitchboard& self) { self.hideSnippetPreview(); });
 }
 
-std::optional<std::size_t> MenuSwitchboard::displayedMenuIndex(const std::vector<PieMenu>& menus) const {
-  if (!isMenuVisible() || !pieMenuWindow_->displayedMenuId()) return std::nullopt;
-  const auto found = std::find_if(menus.begin(), menus.end(), [this](const PieMenu& menu) {
-    return menu.id == *pieMenuWindow_->displayedMenuId();
-  });
+std::optional<Uuid> MenuSwitchboard::displayedMenu() const {
+  return isMenuVisible() ? pieMenuWindow_.displayedMenuId() : std::nullopt;
+}
+
+std::optional<std::size_t> MenuSwitchboard::displayedMenuIndex() const {
+  const auto& menus = configuration().menus;
+  const auto found =
+      std::find_if(menus.begin(), menus.end(), [id = displayedMenu()](const PieMenu& menu) { return menu.id == id; });
   if (found == menus.end()) return std::nullopt;
   return static_cast<std::size_t>(found - menus.begin());
 }
 
 bool MenuSwitchboard::showsOneOf(std::span<const std::uint32_t> menuIndices) const {
-  const auto displayed = displayedMenuIndex(configuration().menus);
+  const auto displayed = displayedMenuIndex();
   return displayed && std::find(menuIndices.begin(), menuIndices.end(), *displayed) != menuIndices.end();
 }
 
-std::optional<std::size_t> MenuSwitchboard::resolveMenuIndex(const Candidates& candidates,
-                                                             const std::vector<PieMenu>& menus) const {
-  const auto qualifies = [&](std::size_t index) {
-    return std::find(candidates.begin(), candidates.end(), index) != candidates.end() &&
-           menus[index].hotkey.isAssigned();
-  };
-  if (const auto displayed = displayedMenuIndex(menus); displayed && qualifies(*displayed)) return displayed;
-  for (std::size_t i = 0; i < menus.size(); ++i) {
-    if (qualifies(i)) return i;
-  }
-  return std::nullopt;
+std::optional<std::size_t> MenuSwitchboard::resolveMenuIndex(const Candidates& candidates) const {
+  return rondora::resolveMenuIndex(candidates, configuration().menus, displayedMenuIndex());
 }
 
-void MenuSwitchboard::rememberFrontmostApplication() { previousApp_ = services_.workspace.frontmostApplication(); }
-
 void MenuSwitchboard::handleHotkeyPressed(const Candidates& candidateIndices) {
-  const auto& menus = configuration().menus;
-  const auto index = resolveMenuIndex(candidateIndices, menus);
-  if (!index || !menus[*index].isEnabled()) return;
-  if (!isMenuVisible()) rememberFrontmostApplication();
-  togglePieMenu(menus[*index], menus[*index].hotkey);
+  const auto index = resolveMenuIndex(candidateIndices);
+  if (!index) return;
+  const PieMenu& menu = configuration().menus[*index];
+  if (menu.isEnabled()) trigger(menu, menu.hotkey);
 }
 
 void MenuSwitchboard::handleTrackpadGesture(std::int64_t fingerCount) {
   const auto targets = configuration().trackpadGestureTargets();
   const auto target = targets.find(fingerCount);
   if (target == targets.end() || target->second >= configuration().menus.size()) return;
-  if (!isMenuVisible()) rememberFrontmostApplication();
-  togglePieMenu(configuration().menus[target->second], kNoTrigger);
+  trigger(configuration().menus[target->second], kNoTrigger);
 }
 
 void MenuSwitchboard::handleRequest(const Uuid& menuId) {
   const PieMenu* menu = configuration().menu(menuId);
-  if (menu == nullptr || !menu->isEnabled()) return;
-  if (!isMenuVisible()) rememberFrontmostApplication();
-  togglePieMenu(*menu, kNoTrigger);
+  if (menu != nullptr && menu->isEnabled()) trigger(*menu, kNoTrigger);
+}
+
+void MenuSwitchboard::trigger(const PieMenu& menu, const HotkeyConfig& triggerHotkey) {
+  if (!isMenuVisible()) previousApp_ = services_.workspace.frontmostApplication();
+  togglePieMenu(menu, triggerHotkey);
 }
 
 void MenuSwitchboard::togglePieMenu(const PieMenu& menu, const HotkeyConfig& triggerHotkey) {
-  if (isMenuVisible()) {
-    const bool isSameMenu = pieMenuWindow_->displayedMenuId() == menu.id;
-    if (repeats(triggerHotkey) && isSameMenu) return stepHighlight();
-    return closeAndRestore();
+  switch (toggleOutcome(menu, triggerHotkey, displayedMenu())) {
+    case Toggle::step:
+      return stepHighlight();
+    case Toggle::close:
+      return closeAndRestore();
+    case Toggle::show:
+      if (menu.kind == PieMenuKind::appCommands) return showAppCommands(menu, triggerHotkey);
+      return show(menu, triggerHotkey, std::nullopt);
   }
-  if (menu.kind == PieMenuKind::appCommands) return showAppCommands(menu, triggerHotkey);
-  show(menu, triggerHotkey, std::nullopt);
 }
 
 void MenuSwitchboard::stepHighlight() {
   const bool isStillTheOpeningPress =
-      pieMenuWindow_->chordNavigationHotkey() && pieMenuWindow_->chordNavigationIgnoreUntilMainKeyUp();
-  if (!isStillTheOpeningPress) pieMenuWindow_->advanceRunningAppsSelection();
+      pieMenuWindow_.chordNavigationHotkey() && pieMenuWindow_.chordNavigationIgnoreUntilMainKeyUp();
+  if (!isStillTheOpeningPress) pieMenuWindow_.advanceRunningAppsSelection();
 }
 
 void MenuSwitchboard::show(const PieMenu& menu, const HotkeyConfig& triggerHotkey,
                            std::optional<PieMenuWindowController::AppCommands> appCommands) {
   showsRunningApps_ = menu.kind == PieMenuKind::runningApps;
-  pieMenuWindow_->show(menu, itemsOverride(menu), repeats(triggerHotkey) ? std::optional(triggerHotkey) : std::nullopt,
-                       std::move(appCommands));
+  pieMenuWindow_.show(menu, itemsOverride(menu), repeats(triggerHotkey) ? std::optional(triggerHotkey) : std::nullopt,
+                      std::move(appCommands));
   if (triggerHotkey.hasModifiers()) armModifierReleaseDismissal(triggerHotkey);
 }
 
@@ -129,19 +107,19 @@ std::optional<std::vector<PieMenuItem>> MenuSwitchboard::itemsOverride(const Pie
 }
 
 void MenuSwitchboard::warmUp(const PieMenu& menu) const {
-  if (menu.kind == PieMenuKind::appCommands) return;  // which commands there are is not known before
-  pieMenuWindow_->warmUp(menu, itemsOverride(menu));
+  if (menu.kind == PieMenuKind::appCommands) return;  // its commands are unknown before it opens
+  pieMenuWindow_.warmUp(menu, itemsOverride(menu));
 }
 
 void MenuSwitchboard::armModifierReleaseDismissal(const HotkeyConfig& hotkey) {
-  pieMenuWindow_->scheduleClickModeModifierChordReleaseDismissal(
+  pieMenuWindow_.scheduleClickModeModifierChordReleaseDismissal(
       hotkey, weakSelf_.bind([](MenuSwitchboard& self) { self.handleClickModeModifierChordReleased(); }));
 }
 
 void MenuSwitchboard::handleClickModeModifierChordReleased() {
   if (!isMenuVisible()) return;
-  const auto selection = pieMenuWindow_->currentSelection();
-  pieMenuWindow_->hide();
+  const auto selection = pieMenuWindow_.currentSelection();
+  pieMenuWindow_.hide();
   if (!selection) return restorePreviousApp();
   if (const auto* item = std::get_if<PieMenuItem>(&*selection)) return restoreAndExecute(*item);
   perform(std::get<PieSubAction>(*selection));
@@ -149,7 +127,7 @@ void MenuSwitchboard::handleClickModeModifierChordReleased() {
 
 bool MenuSwitchboard::cancelPendingAppCommands(const Candidates& candidates) {
   const auto& menus = configuration().menus;
-  const auto index = resolveMenuIndex(candidates, menus);
+  const auto index = resolveMenuIndex(candidates);
   if (!index || menus[*index].kind != PieMenuKind::appCommands || menus[*index].hotkey.hasModifiers()) return false;
   pendingAppCommandsToken_.reset();
   previousApp_.reset();
@@ -158,20 +136,18 @@ bool MenuSwitchboard::cancelPendingAppCommands(const Candidates& candidates) {
 
 void MenuSwitchboard::handleHotkeyReleased(const Candidates& candidateIndices) {
   if (pendingAppCommandsToken_ && cancelPendingAppCommands(candidateIndices)) return;
-  const auto& menus = configuration().menus;
-  const auto displayed = displayedMenuIndex(menus);
-  const auto released = resolveMenuIndex(candidateIndices, menus);
-  if (!displayed || displayed != released) return;
-  const HotkeyConfig& hotkey = menus[*released].hotkey;
+  const auto released = resolveMenuIndex(candidateIndices);
+  if (!released || displayedMenuIndex() != released) return;
+  const HotkeyConfig& hotkey = configuration().menus[*released].hotkey;
   if (hotkey.isStandaloneFn()) return handleClickModeModifierChordReleased();
-  if (pieMenuWindow_->chordNavigationHotkey()) pieMenuWindow_->clearChordNavigationIgnoreUntilMainKeyUp();
+  if (pieMenuWindow_.chordNavigationHotkey()) pieMenuWindow_.clearChordNavigationIgnoreUntilMainKeyUp();
   if (!hotkey.hasModifiers()) handleClickModeModifierChordReleased();
 }
 
 void MenuSwitchboard::showAppCommands(const PieMenu& menu, const HotkeyConfig& triggerHotkey) {
   const auto application = services_.subActions.targetApp();
   if (!application || !application->bundleIdentifier) return;
-  AppCommandsRequest request{services_.random.uuid(), menu, triggerHotkey, *application->bundleIdentifier};
+  AppCommandsRequest request{services_.random.uuid(), menu.id, triggerHotkey, *application->bundleIdentifier};
   pendingAppCommandsToken_ = request.token;
   services_.subActions.resolve(
       *application,
@@ -189,34 +165,29 @@ void MenuSwitchboard::appCommandsResolved(const AppCommandsRequest& request, std
   if (pendingAppCommandsToken_ != request.token) return;
   pendingAppCommandsToken_.reset();
   if (commands.empty() || isMenuVisible()) return;
-  if (!holdsModifiers(request.triggerHotkey)) return previousApp_.reset();
+  const PieMenu* menu = configuration().menu(request.menuId);
+  const bool isStillWanted = menu != nullptr && menu->isEnabled() && holdsModifiers(request.triggerHotkey);
+  if (!isStillWanted) return previousApp_.reset();
   const AppSubMenu* subMenu = configuration().appSubMenu(request.bundleIdentifier);
   auto items = AppCommandsMenuItems::build(commands);
-  show(request.menu, request.triggerHotkey,
+  show(*menu, request.triggerHotkey,
        PieMenuWindowController::AppCommands{std::move(commands), std::move(items),
                                             subMenu ? subMenu->rotationDegrees : std::nullopt,
                                             request.bundleIdentifier});
 }
 
 void MenuSwitchboard::prefetchAppCommands(const RunningApplication& application) {
-  const std::string ownIdentifier = services_.environment.bundleIdentifier();
-  if (application.bundleIdentifier.value_or("") == ownIdentifier) return;
-  if (application.activationPolicy != ActivationPolicy::regular) return;
-  const auto& menus = configuration().menus;
-  const auto menu = std::find_if(menus.begin(), menus.end(),
-                                 [](const PieMenu& candidate) { return candidate.kind == PieMenuKind::appCommands; });
-  if (menu == menus.end() || !menu->isEnabled()) return;
-  const auto index = static_cast<std::size_t>(menu - menus.begin());
-  if (menu->hotkey.isAssigned() || isTrackpadTarget(configuration(), index)) services_.subActions.prefetch(application);
+  if (!prefetchesAppCommands(configuration(), application, services_.environment.bundleIdentifier())) return;
+  services_.subActions.prefetch(application);
 }
 
-void MenuSwitchboard::dismissRunningAppsMenuIfDisabled(const PieConfiguration& configuration) {
-  const auto index = displayedMenuIndex(configuration.menus);
-  if (index && !configuration.menus[*index].isEnabled()) closeAndRestore();
+void MenuSwitchboard::dismissRunningAppsMenuIfDisabled() {
+  const auto index = displayedMenuIndex();
+  if (index && !configuration().menus[*index].isEnabled()) closeAndRestore();
 }
 
 void MenuSwitchboard::closeAndRestore() {
-  pieMenuWindow_->hide();
+  pieMenuWindow_.hide();
   restorePreviousApp();
 }
 
@@ -225,10 +196,10 @@ void MenuSwitchboard::restorePreviousApp() {
 }
 
 void MenuSwitchboard::restoreAndExecute(const PieMenuItem& item) {
-  if (previousApp_ && actsOnPreviousApp(item.action)) {
+  if (const auto delay = restoreDelay(item.action); delay && previousApp_) {
     const std::int32_t targetPID = previousApp_->processIdentifier;
     restorePreviousApp();
-    services_.mainQueue.after(kRestoreDelay, weakSelf_.bind([item, targetPID](MenuSwitchboard& self) {
+    services_.mainQueue.after(*delay, weakSelf_.bind([item, targetPID](MenuSwitchboard& self) {
       self.services_.appLauncher.execute(item, targetPID);
     }));
     return;
@@ -250,11 +221,13 @@ void MenuSwitchboard::perform(const PieSubAction& command) {
 
 void MenuSwitchboard::updateSnippetPreview(const PieMenuItem* item) {
   const auto* snippet = item == nullptr ? nullptr : std::get_if<Snippet>(&item->action);
-  const auto surroundings = pieMenuWindow_->highlightedSurroundings();
+  const auto surroundings = pieMenuWindow_.highlightedSurroundings();
   if (snippet == nullptr || !surroundings) return hideSnippetPreview();
   if (!snippetPreviewPopover_) snippetPreviewPopover_ = services_.windows.makeSnippetPreviewPopover();
   if (!snippetPreviewPopover_) return;
-  snippetPreviewPopover_->show(snippet->text, [&](Size size) { return previewCorner(*surroundings, size); });
+  const auto preview = snippetPreview(snippet->text, services_.snippetHint());
+  if (!preview) return hideSnippetPreview();
+  snippetPreviewPopover_->show(*preview, [&](Size size) { return previewCorner(*surroundings, size); });
 }
 
 void MenuSwitchboard::hideSnippetPreview() {

@@ -2,67 +2,94 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
 #include <string>
 #include <vector>
 
-#include "app/app_services.h"
+#include "actions/app_launcher.h"
 #include "base/uuid.h"
 #include "base/weak_self.h"
+#include "commands/sub_actions.h"
 #include "model/pie_configuration.h"
 #include "pie/controller/pie_menu_window_controller.h"
+#include "platform/event_monitors.h"
 #include "platform/key_event.h"
+#include "platform/main_queue.h"
+#include "platform/process_environment.h"
+#include "platform/random_source.h"
+#include "platform/windows.h"
+#include "platform/workspace.h"
+#include "running_apps/running_apps_menu_items.h"
+#include "storage/config_manager.h"
 
 namespace rondora {
 
-/// From a trigger to a menu on screen, and from what was chosen there to the application that was in front before.
-/// A hotkey with modifiers is held, tapped to step and let go to choose; a plain key is held and let go to choose.
+/// Turns a trigger into a menu on screen, and a choice into an action on the application that was in front before. A
+/// hotkey with modifiers is held, tapped to step and released to choose; a plain key is held and released to choose.
 /// Main thread.
 class MenuSwitchboard {
  public:
-  /// Positions of menus that share the trigger.
+  /// Indices of the menus that share the trigger.
   using Candidates = std::vector<std::uint32_t>;
 
-  /// `services` outlives the switchboard.
-  explicit MenuSwitchboard(const AppServices& services);
+  /// All outlive the switchboard.
+  struct Services {
+    MainQueue& mainQueue;
+    RandomSource& random;
+    const ProcessEnvironment& environment;
+    Workspace& workspace;
+    const EventMonitors& eventMonitors;
+    Windows& windows;
+    const ConfigManager& config;
+    RunningAppsMenuItems& runningAppsMenuItems;
+    AppLauncher& appLauncher;
+    SubActions& subActions;
+    PieMenuWindowController& pieMenuWindow;
+    /// The line below a snippet's preview.
+    std::function<std::string()> snippetHint;
+  };
+
+  explicit MenuSwitchboard(const Services& services);
 
   void handleHotkeyPressed(const Candidates& candidateIndices);
   void handleHotkeyReleased(const Candidates& candidateIndices);
   void handleTrackpadGesture(std::int64_t fingerCount);
-  /// Somebody who owns the keys asks for a menu, which may have no hotkey of its own.
+  /// Triggers a menu, with or without a hotkey, for another program.
   void handleRequest(const Uuid& menuId);
-  /// Closes a special menu that `configuration` has switched off.
-  void dismissRunningAppsMenuIfDisabled(const PieConfiguration& configuration);
+  /// Closes a special menu that the document has switched off.
+  void dismissRunningAppsMenuIfDisabled();
   void prefetchAppCommands(const RunningApplication& application);
-  /// Makes the menu's first opening as quick as the later ones.
+  /// Pre-renders the menu's picture, so that its first opening costs no more than later ones.
   void warmUp(const PieMenu& menu) const;
 
-  bool isMenuVisible() const { return pieMenuWindow_->isVisible(); }
-  /// The menu on screen is one of these.
+  bool isMenuVisible() const { return pieMenuWindow_.isVisible(); }
+  /// True when the menu on screen is one of these.
   bool showsOneOf(std::span<const std::uint32_t> menuIndices) const;
-  /// The key would choose an item of the menu on screen. Allocates nothing.
-  bool quickSelects(const KeyEvent& event) const { return pieMenuWindow_->quickSelectIndex(event).has_value(); }
+  /// True when the key would choose an item of the menu on screen. Allocates nothing.
+  bool quickSelects(const KeyEvent& event) const { return pieMenuWindow_.quickSelectIndex(event).has_value(); }
 
  private:
   struct AppCommandsRequest {
     Uuid token;
-    PieMenu menu;
+    Uuid menuId;
     HotkeyConfig triggerHotkey;
     std::string bundleIdentifier;
   };
 
-  void setupPieMenu();
-  const PieConfiguration& configuration() const { return services_.configManager.current(); }
-  std::optional<std::size_t> displayedMenuIndex(const std::vector<PieMenu>& menus) const;
-  std::optional<std::size_t> resolveMenuIndex(const Candidates& candidates, const std::vector<PieMenu>& menus) const;
+  void wirePieMenu();
+  const PieConfiguration& configuration() const { return services_.config.current(); }
+  std::optional<Uuid> displayedMenu() const;
+  std::optional<std::size_t> displayedMenuIndex() const;
+  std::optional<std::size_t> resolveMenuIndex(const Candidates& candidates) const;
   bool cancelPendingAppCommands(const Candidates& candidates);
 
   void rememberFrontmostApplication();
   void togglePieMenu(const PieMenu& menu, const HotkeyConfig& triggerHotkey);
   void stepHighlight();
-  /// The sectors of a menu that fills them by itself; nothing for one that holds them.
+  /// The items of a menu that is filled at run time; nothing for one whose items the document holds.
   std::optional<std::vector<PieMenuItem>> itemsOverride(const PieMenu& menu) const;
   void show(const PieMenu& menu, const HotkeyConfig& triggerHotkey,
             std::optional<PieMenuWindowController::AppCommands> appCommands);
@@ -72,22 +99,23 @@ class MenuSwitchboard {
   void armModifierReleaseDismissal(const HotkeyConfig& hotkey);
   void handleClickModeModifierChordReleased();
 
+  void trigger(const PieMenu& menu, const HotkeyConfig& triggerHotkey);
   void restorePreviousApp();
   void closeAndRestore();
   void restoreAndExecute(const PieMenuItem& item);
-  /// The item stands for a running application that has ended while its menu was open.
+  /// True when the item is a running application that quit while its menu was open.
   bool hasQuit(const PieMenuItem& item) const;
   void perform(const PieSubAction& command);
   void updateSnippetPreview(const PieMenuItem* item);
   void hideSnippetPreview();
 
-  const AppServices& services_;
-  std::unique_ptr<PieMenuWindowController> pieMenuWindow_;
+  Services services_;
+  PieMenuWindowController& pieMenuWindow_;
   std::unique_ptr<SnippetPreviewPopover> snippetPreviewPopover_;
   bool showsRunningApps_ = false;
-  /// In front when the menu was opened; given back or forgotten exactly once.
+  /// In front when the menu opened; restored or forgotten exactly once.
   std::optional<RunningApplication> previousApp_;
-  /// The one request for an application's commands that may still show something.
+  /// The one pending request for an application's commands that may open a menu.
   std::optional<Uuid> pendingAppCommandsToken_;
   WeakSelf<MenuSwitchboard> weakSelf_{this};
 };

@@ -5,10 +5,10 @@
 namespace rondora {
 namespace {
 
-constexpr double kQuietTime = 1;        // seconds without a reason to start over
-constexpr double kPause = 0.02;         // between two menus, for whatever else is waiting
-constexpr double kOpenRingPause = 0.5;  // until a ring may have been closed
-constexpr std::size_t kMostMenus = 32;
+constexpr double kQuietTime = 1;        // seconds without a new reason
+constexpr double kPause = 0.02;         // between two menus, for other work
+constexpr double kOpenRingPause = 0.5;  // before the next check while a ring is open
+constexpr std::size_t kMaxMenus = 32;
 
 }  // namespace
 
@@ -34,7 +34,7 @@ void RingWarmer::begin() {
     for (const PieMenu& menu : services_.config.current().menus) {
       const bool isDue = isDocumentDue_ || menu.kind == PieMenuKind::runningApps;
       if (!isDue || !menu.isEnabled() || menu.hasLiveHotkey() != hasHotkey) continue;
-      if (waiting_.size() < kMostMenus) waiting_.push_back(menu);
+      if (waiting_.size() < kMaxMenus) waiting_.push_back(menu);
     }
   }
   takeTurn();

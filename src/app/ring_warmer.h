@@ -13,25 +13,25 @@
 
 namespace rondora {
 
-/// Has the ring of every enabled menu prepared once in a quiet moment, one a turn of the main queue, so that the first
-/// opening costs what the later ones cost: after the start, after a change of the document, and when told. The rings
-/// that running applications fill are prepared after another one came to the front, too. Main thread.
+/// Pre-renders the ring of every enabled menu while the program is idle, one per turn of the main queue, so that a
+/// first opening costs no more than later ones: after the start, after a change of the document, and on request. The
+/// rings of running applications are also pre-rendered when another application comes to the front. Main thread.
 class RingWarmer {
  public:
   struct Services {
-    ConfigManager& config;
+    const ConfigManager& config;
     Workspace& workspace;
     MainQueue& mainQueue;
-    /// Makes everything that showing the menu will need.
+    /// Pre-renders one menu.
     std::function<void(const PieMenu&)> prepare;
-    /// Somebody would have to wait for a preparation now.
+    /// True while a ring is open: pre-rendering pauses.
     std::function<bool()> isRingOpen;
   };
 
-  /// All services outlive this, whose end cancels what is still to be done.
+  /// All services outlive this; destroying it cancels pending work.
   explicit RingWarmer(const Services& services);
 
-  /// Starts over when the next quiet moment comes.
+  /// Starts over once the program is idle.
   void warm();
 
  private:
@@ -41,10 +41,9 @@ class RingWarmer {
   void takeTurn();
 
   Services services_;
-  /// The document's rings have not all been prepared since it changed.
+  /// Some rings of the present document are not pre-rendered yet.
   bool isDocumentDue_ = false;
-  /// The next one last, so that the first menus are prepared last, and those that a key opens after all others: who
-  /// keeps few keeps those.
+  /// Taken from the back, so that menus with a hotkey are rendered last and an LRU cache keeps them.
   std::vector<PieMenu> waiting_;
   Subscription next_;
   Subscription configuration_;

@@ -54,7 +54,7 @@ void SessionReport::addHotkeys(std::vector<SessionFinding>& findings, const Sess
     if (!menuOpens) findings.push_back(hotkeyFails(menu));
     (menuOpens ? anyOpens : anyFails) = true;
   }
-  // On Wayland they are heard at times only, which is said already.
+  // On Wayland hotkeys arrive only at times, which another finding says.
   if (anyOpens && !anyFails && !facts.isWayland) findings.push_back(works(StringKey::sessionHotkeysWork));
 }
 

@@ -12,7 +12,7 @@
 
 namespace rondora {
 
-/// What the report depends on, as it is at the moment.
+/// The present state that the report depends on.
 struct SessionFacts {
   bool isWayland = false;
   bool showsStatusItem = true;
@@ -22,13 +22,13 @@ struct SessionFacts {
 
 bool isWaylandSession(const ProcessEnvironment& environment);
 
-/// Says in the user's language what works in this desktop session and what does not. Main thread.
+/// Reports in the user's language what works in this desktop session and what does not. Main thread.
 class SessionReport {
  public:
   SessionReport(const LocalizationStore& localization, const ModifierNames& modifierNames)
       : localization_(localization), modifierNames_(modifierNames) {}
 
-  /// `hotkeys` is what the menus of `configuration` were registered with; null before that.
+  /// `hotkeys` has registered the menus of `configuration`; null before that.
   std::vector<SessionFinding> findings(const SessionFacts& facts, const PieConfiguration& configuration,
                                        const HotkeyManager* hotkeys) const;
 

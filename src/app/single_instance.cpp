@@ -5,7 +5,7 @@
 namespace rondora {
 namespace {
 
-/// The other instance may be ending just now: then its place is free the next time.
+/// An instance that is just ending has released its claims by the second round.
 constexpr int kRounds = 2;
 
 }  // namespace
@@ -20,7 +20,7 @@ InstanceChannel* SingleInstance::claimAll() {
     if (claim == InstanceChannel::Claim::taken) return channel;
     isFindable = isFindable || claim == InstanceChannel::Claim::first;
   }
-  if (!isFindable) log_.error("a second start cannot find this instance");
+  if (!isFindable) log_.error("single-instance check unavailable");
   return nullptr;
 }
 

@@ -18,11 +18,11 @@ class SingleInstance {
     unanswered,
   };
 
-  /// `channels` are tried in this order and all of them claimed. They outlive this object.
+  /// `claim` tries and claims all `channels` in this order. They outlive this object.
   SingleInstance(std::vector<InstanceChannel*> channels, Log& log);
 
   Start claim();
-  /// For a start that is to follow this one.
+  /// So that the next start can claim.
   void release();
   /// Only after `claim` returned `first`.
   void serve(const SessionRequests& requests);

@@ -18,26 +18,33 @@ MenuEntry separator() {
 }  // namespace
 
 MenuEntry StatusMenu::settingsEntry() const {
-  return {std::string(localization_.text(StringKey::settings)), "gearshape.fill", actions_.openSettings, false};
+  return {std::string(services_.localization.text(StringKey::settings)), "gearshape.fill", services_.openSettings,
+          false};
 }
 
 MenuEntry StatusMenu::quitEntry() const {
-  return {std::string(localization_.text(StringKey::quit)), "rectangle.portrait.and.arrow.right", actions_.quitApp,
-          false};
+  return {std::string(services_.localization.text(StringKey::quit)), "rectangle.portrait.and.arrow.right",
+          services_.quitApp, false};
 }
 
 std::vector<MenuEntry> StatusMenu::entries() const { return {settingsEntry(), separator(), quitEntry()}; }
 
-void StatusMenu::setupMainMenu() { shell_.setMainMenu(entries()); }
+void StatusMenu::setupMainMenu() { services_.shell.setMainMenu(entries()); }
 
 void StatusMenu::setupStatusBar() {
-  statusItem_ = statusBar_.makeStatusItem({"RondoraStatusItem", "Rondora", "Rondora", entries()});
+  statusItem_ = services_.statusBar.makeStatusItem({.autosaveName = "RondoraStatusItem",
+                                                    .length = StatusItemLength::square,
+                                                    .imagePosition = StatusItemImagePosition::imageOnly,
+                                                    .role = StatusItemRole::menuButton,
+                                                    .toolTip = "Rondora",
+                                                    .accessibilityLabel = "Rondora",
+                                                    .menu = entries()});
 }
 
 void StatusMenu::refreshLocalizedTitles() {
   if (statusItem_) {
-    statusItem_->setMenuTitle(kSettingsIndex, std::string(localization_.text(StringKey::settings)));
-    statusItem_->setMenuTitle(kQuitIndex, std::string(localization_.text(StringKey::quit)));
+    statusItem_->setMenuTitle(kSettingsIndex, std::string(services_.localization.text(StringKey::settings)));
+    statusItem_->setMenuTitle(kQuitIndex, std::string(services_.localization.text(StringKey::quit)));
   }
   setupMainMenu();
 }

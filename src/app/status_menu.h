@@ -15,19 +15,21 @@ namespace rondora {
 /// The program's two menus, each with Settings and Quit: the status item's and the main menu. Main thread.
 class StatusMenu {
  public:
-  struct Actions {
+  struct Services {
+    ApplicationShell& shell;
+    StatusBar& statusBar;
+    const LocalizationStore& localization;
     std::function<void()> openSettings;
     std::function<void()> quitApp;
   };
 
-  StatusMenu(ApplicationShell& shell, StatusBar& statusBar, const LocalizationStore& localization, Actions actions)
-      : shell_(shell), statusBar_(statusBar), localization_(localization), actions_(std::move(actions)) {}
+  explicit StatusMenu(const Services& services) : services_(services) {}
 
   void setupMainMenu();
   void setupStatusBar();
-  /// Puts both menus into the current language.
+  /// Re-titles both menus in the current language.
   void refreshLocalizedTitles();
-  /// Why the user cannot see the status item; nothing when the user can.
+  /// The reason why the user cannot see the status item; nothing when it is visible.
   std::optional<std::string> visibilityProblem() const;
   /// Only after `setupStatusBar`.
   [[nodiscard]] Subscription onVisibilityChanged(std::function<void()> observer);
@@ -37,10 +39,7 @@ class StatusMenu {
   MenuEntry quitEntry() const;
   std::vector<MenuEntry> entries() const;
 
-  ApplicationShell& shell_;
-  StatusBar& statusBar_;
-  const LocalizationStore& localization_;
-  Actions actions_;
+  Services services_;
   std::unique_ptr<StatusItem> statusItem_;
 };
 

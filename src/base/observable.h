@@ -39,7 +39,7 @@ class Signal {
  public:
   using Slot = std::function<void(Args...)>;
 
-  [[nodiscard]] Subscription subscribe(Slot slot) {
+  [[nodiscard]] Subscription subscribe(Slot slot) const {
     const std::uint64_t id = ++state_->lastId;
     state_->slots.emplace_back(id, std::make_shared<Slot>(std::move(slot)));
     return Subscription([weak = std::weak_ptr<State>(state_), id] {
@@ -76,7 +76,7 @@ class CurrentValue {
     value_ = std::move(value);
     signal_.send(value_);
   }
-  [[nodiscard]] Subscription subscribe(std::function<void(const T&)> slot) {
+  [[nodiscard]] Subscription subscribe(std::function<void(const T&)> slot) const {
     slot(value_);
     return signal_.subscribe(std::move(slot));
   }

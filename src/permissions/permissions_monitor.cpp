@@ -10,7 +10,7 @@ constexpr double kToleranceShare = 0.2;
 PermissionsMonitor::PermissionsMonitor(const PermissionService& permissions, MainQueue& mainQueue,
                                        ApplicationShell& shell)
     : permissions_(permissions), mainQueue_(mainQueue), snapshot_(PermissionsSnapshot::read(permissions)) {
-  activationObserver_ = shell.onDidBecomeActive(weak_.bind([](PermissionsMonitor& self) { self.refresh(); }));
+  activationObserver_ = shell.onDidBecomeActive(weakSelf_.bind([](PermissionsMonitor& self) { self.refresh(); }));
   scheduleTimer();
 }
 
@@ -24,7 +24,7 @@ void PermissionsMonitor::scheduleTimer() {
   timer_.reset();
   const double interval = snapshot_.value().allGranted() ? kGrantedInterval : kPendingInterval;
   timer_ = mainQueue_.timer(interval, kToleranceShare * interval,
-                            weak_.bind([](PermissionsMonitor& self) { self.refresh(); }));
+                            weakSelf_.bind([](PermissionsMonitor& self) { self.refresh(); }));
 }
 
 }  // namespace rondora

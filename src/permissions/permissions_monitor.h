@@ -9,8 +9,8 @@
 
 namespace rondora {
 
-/// Keeps a current snapshot of the permissions: looks whenever the program becomes active and at intervals, more often
-/// while one is missing. Main thread.
+/// Keeps a current snapshot of the permissions: reads them whenever the program becomes active and at intervals, more
+/// often while one is missing. Main thread.
 class PermissionsMonitor {
  public:
   static constexpr double kPendingInterval = 1.0;  // seconds
@@ -21,7 +21,7 @@ class PermissionsMonitor {
   /// Publishes changes only.
   CurrentValue<PermissionsSnapshot>& snapshot() { return snapshot_; }
   const CurrentValue<PermissionsSnapshot>& snapshot() const { return snapshot_; }
-  /// Looks now.
+  /// Reads both permissions now.
   void refresh();
 
  private:
@@ -32,7 +32,7 @@ class PermissionsMonitor {
   CurrentValue<PermissionsSnapshot> snapshot_;
   Subscription activationObserver_;
   Subscription timer_;
-  WeakSelf<PermissionsMonitor> weak_{this};
+  WeakSelf<PermissionsMonitor> weakSelf_{this};
 };
 
 }  // namespace rondora

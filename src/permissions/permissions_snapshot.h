@@ -4,7 +4,7 @@
 
 namespace rondora {
 
-/// What the user has allowed the program at one moment.
+/// The permissions of the program at one moment.
 struct PermissionsSnapshot {
   bool accessibilityTrusted = false;
   bool inputMonitoringGranted = false;

@@ -12,14 +12,27 @@ namespace rondora {
 /// How the overlay behaves on the desktop. The numbers are the ones of the windowing system that the program was
 /// conceived for; a platform maps them to what it has.
 struct OverlayPanelStyle {
-  int windowLevel = 1000;                  // above full-screen applications and panels
-  std::uint32_t collectionBehavior = 330;  // current space, transient, not in window cycling, over full-screen windows
-  bool nonactivating = true;
-  bool canBecomeKey = true;
+  // Bits of `collectionBehavior`.
+  static constexpr std::uint32_t kMoveToActiveSpace = 1U << 1;
+  static constexpr std::uint32_t kTransient = 1U << 3;
+  static constexpr std::uint32_t kIgnoresCycle = 1U << 6;
+  static constexpr std::uint32_t kFullScreenAuxiliary = 1U << 8;
+
+  int windowLevel = 0;
+  std::uint32_t collectionBehavior = 0;
+  bool isBorderless = false;
+  bool isFloating = false;
+  /// Showing it leaves the active application as it is.
+  bool nonactivating = false;
+  bool canBecomeKey = false;
   bool canBecomeMain = false;
-  bool hasShadow = false;
-  bool isOpaque = false;
-  bool hidesOnDeactivate = false;
+  bool hasShadow = true;
+  bool isOpaque = true;
+  /// The windowing system animates showing and hiding.
+  bool isAnimated = true;
+  bool hidesOnDeactivate = true;
+  /// Looks the same whatever appearance the desktop has.
+  bool hasFixedAppearance = false;
   friend bool operator==(const OverlayPanelStyle&, const OverlayPanelStyle&) = default;
 };
 

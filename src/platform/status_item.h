@@ -20,8 +20,18 @@ struct MenuEntry {
   bool isSeparator = false;
 };
 
+enum class StatusItemLength { square, variable };
+enum class StatusItemImagePosition { imageOnly, imageBeforeTitle };
+enum class StatusItemRole { menuButton, button };
+
+/// The status item as the system is to make it; a backend maps what its tray knows.
 struct StatusItemDescription {
+  /// The system keeps the item's place under this name.
   std::string autosaveName;
+  StatusItemLength length = StatusItemLength::square;
+  StatusItemImagePosition imagePosition = StatusItemImagePosition::imageOnly;
+  /// What screen readers call the item's kind.
+  StatusItemRole role = StatusItemRole::menuButton;
   std::string toolTip;
   std::string accessibilityLabel;
   std::vector<MenuEntry> menu;

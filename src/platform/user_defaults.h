@@ -5,6 +5,13 @@
 
 namespace rondora {
 
+/// How the system knows the application that this program succeeds.
+struct Predecessor {
+  std::string_view bundleIdentifier;
+  /// Name of its folder below the folders for application data and caches.
+  std::string_view folder;
+};
+
 /// Small settings outside the document, by key. Main thread.
 class UserDefaults {
  public:
@@ -19,7 +26,7 @@ class UserDefaults {
   /// True when the program's own domain holds no key at all.
   virtual bool isEmpty() const = 0;
   /// Copies the predecessor's domain into this one when it exists and holds anything. True when it did.
-  virtual bool importPredecessorDomain() = 0;
+  virtual bool importDomain(const Predecessor& predecessor) = 0;
 };
 
 }  // namespace rondora

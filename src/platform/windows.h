@@ -3,7 +3,6 @@
 #include <functional>
 #include <memory>
 #include <string>
-#include <string_view>
 
 #include "base/geometry.h"
 
@@ -34,15 +33,24 @@ class OnboardingWindow {
   virtual void closeAndFinish() = 0;
 };
 
-/// A small preview of a snippet's text. Takes neither focus nor clicks and lies above the overlay.
+/// The beginning of a snippet and below it a line that says what happens to it.
+struct SnippetPreview {
+  /// Never empty; further lines than `maxLines` of `maxLineWidth` (points) are cut off with an ellipsis.
+  std::string text;
+  std::string hint;
+  int maxLines = 12;
+  int maxLineWidth = 320;
+};
+
+/// A small window with a snippet's preview. Takes neither focus nor clicks and lies above the overlay.
 class SnippetPreviewPopover {
  public:
   /// Maps the popover's size to its top left corner in screen coordinates (points).
   using Place = std::function<Point(Size)>;
 
   virtual ~SnippetPreviewPopover() = default;
-  /// Replaces the text. A blank text hides the popover.
-  virtual void show(std::string_view text, const Place& place) = 0;
+  /// Replaces the present preview.
+  virtual void show(const SnippetPreview& preview, const Place& place) = 0;
   virtual void hide() = 0;
 };
 

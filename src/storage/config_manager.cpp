@@ -16,7 +16,7 @@
 namespace rondora {
 namespace {
 
-constexpr int kLastBackupNumber = 99;
+constexpr int kMaxBackupNumber = 99;
 
 /// In UTC, such as 2026-11-14T211548.
 std::string fileStamp(WallTime time) {
@@ -37,7 +37,7 @@ std::string fileStamp(WallTime time) {
 std::filesystem::path freeBackupPath(const FileSystem& files, const std::filesystem::path& folder, WallTime now) {
   const std::string name = "config.broken-" + fileStamp(now);
   auto path = folder / (name + ".json");
-  for (int number = 2; files.exists(path) && number <= kLastBackupNumber; ++number) {
+  for (int number = 2; files.exists(path) && number <= kMaxBackupNumber; ++number) {
     path = folder / (name + "-" + std::to_string(number) + ".json");
   }
   return path;

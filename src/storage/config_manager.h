@@ -35,7 +35,8 @@ class ConfigManager {
 
   const std::filesystem::path& configURL() const { return configURL_; }
   const PieConfiguration& current() const { return configuration_.value(); }
-  CurrentValue<PieConfiguration>& configuration() { return configuration_; }
+  /// For subscribing: only `save` changes the document.
+  const CurrentValue<PieConfiguration>& configuration() const { return configuration_; }
 
   /// Repairs and stamps a copy, publishes, writes and notifies; observers have run when it returns.
   void save(PieConfiguration configuration);

@@ -16,12 +16,13 @@ std::string replacingAll(std::string_view text, std::string_view pattern, std::s
 std::string withEscapedSlashes(std::string_view path) { return replacingAll(path, "/", "\\/"); }
 
 /// Without the leading slash, so that two occurrences cannot share one.
-std::string faviconFolder(const std::filesystem::path& caches, const char* application) {
+std::string faviconFolder(const std::filesystem::path& caches, std::string_view application) {
   return (caches / application / "favicons" / "").relative_path().string();
 }
 
-std::string withPathsBelow(const std::filesystem::path& caches, std::string_view document) {
-  const std::string former = faviconFolder(caches, "PieMenu");
+std::string withPathsBelow(const std::filesystem::path& caches, std::string_view document,
+                           std::string_view predecessorFolder) {
+  const std::string former = faviconFolder(caches, predecessorFolder);
   const std::string own = faviconFolder(caches, "Rondora");
   const std::string plain = replacingAll(document, former, own);
   return replacingAll(plain, withEscapedSlashes(former), withEscapedSlashes(own));
@@ -29,8 +30,9 @@ std::string withPathsBelow(const std::filesystem::path& caches, std::string_view
 
 }  // namespace
 
-std::string withOwnFaviconPaths(std::string_view document, const std::filesystem::path& caches) {
-  return withPathsBelow(caches, withPathsBelow("Caches", document));
+std::string withOwnFaviconPaths(std::string_view document, const std::filesystem::path& caches,
+                                std::string_view predecessorFolder) {
+  return withPathsBelow(caches, withPathsBelow("Caches", document, predecessorFolder), predecessorFolder);
 }
 
 }  // namespace rondora

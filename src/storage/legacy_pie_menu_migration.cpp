@@ -8,8 +8,6 @@
 namespace rondora {
 namespace {
 
-constexpr std::string_view kPredecessorIdentifier = "io.github.rondora.PieMenu";
-constexpr std::string_view kPredecessorFolder = "PieMenu";
 constexpr std::string_view kOwnFolder = "Rondora";
 constexpr std::string_view kConfigFile = "config.json";
 
@@ -18,14 +16,14 @@ constexpr std::string_view kConfigFile = "config.json";
 void LegacyPieMenuMigration::run() {
   migrateUserDefaults();
   const auto caches = services_.files.cachesFolder();
-  copyIfMissing(caches / kPredecessorFolder / "favicons", caches / kOwnFolder / "favicons");
+  copyIfMissing(caches / kPredecessor.folder / "favicons", caches / kOwnFolder / "favicons");
   const auto support = services_.files.applicationSupportFolder();
-  migrateConfig(support / kPredecessorFolder, support / kOwnFolder);
+  migrateConfig(support / kPredecessor.folder, support / kOwnFolder);
 }
 
 void LegacyPieMenuMigration::migrateUserDefaults() {
-  if (services_.environment.bundleIdentifier() == kPredecessorIdentifier) return;
-  if (services_.defaults.isEmpty()) services_.defaults.importPredecessorDomain();
+  if (services_.environment.bundleIdentifier() == kPredecessor.bundleIdentifier) return;
+  if (services_.defaults.isEmpty()) services_.defaults.importDomain(kPredecessor);
 }
 
 void LegacyPieMenuMigration::copyIfMissing(const std::filesystem::path& from, const std::filesystem::path& to) {
@@ -47,7 +45,8 @@ FileError LegacyPieMenuMigration::writeMigratedConfig(const std::filesystem::pat
   if (!document) return "cannot read " + from.string();
   if (!isValidUtf8(*document)) return from.string() + " is not UTF-8 text";
   if (auto error = services_.files.createFolder(to.parent_path())) return error;
-  return services_.files.replaceDurably(to, withOwnFaviconPaths(*document, services_.files.cachesFolder()));
+  return services_.files.replaceDurably(
+      to, withOwnFaviconPaths(*document, services_.files.cachesFolder(), kPredecessor.folder));
 }
 
 }  // namespace rondora

@@ -19,6 +19,7 @@ class LegacyPieMenuMigration {
     const ProcessEnvironment& environment;
     Log& log;
   };
+  static constexpr Predecessor kPredecessor{.bundleIdentifier = "io.github.rondora.PieMenu", .folder = "PieMenu"};
 
   explicit LegacyPieMenuMigration(const Services& services) : services_(services) {}
 

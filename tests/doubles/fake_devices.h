@@ -8,6 +8,7 @@
 #include "platform/application_icons.h"
 #include "platform/haptics.h"
 #include "platform/random_source.h"
+#include "platform/trackpads.h"
 
 // Small ports without state.
 
@@ -18,6 +19,11 @@ class FakeHaptics final : public Haptics {
   void perform(HapticPattern pattern) override { performed.push_back(pattern); }
 
   std::vector<HapticPattern> performed;
+};
+
+class FakeTrackpads final : public Trackpads {
+ public:
+  TrackpadAccess access() const override { return TrackpadAccess::none; }
 };
 
 /// The same numbers for the same seed on every machine (SplitMix64).

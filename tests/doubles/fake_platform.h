@@ -13,6 +13,7 @@
 #include "doubles/fake_session.h"
 #include "doubles/fake_status_bar.h"
 #include "doubles/fake_user_defaults.h"
+#include "doubles/fake_web.h"
 #include "doubles/fake_window_server.h"
 #include "doubles/fake_windows.h"
 #include "doubles/fake_workspace.h"
@@ -31,6 +32,8 @@ struct FakePlatform {
   FakeProcessEnvironment environment;
   FakeUserDefaults defaults;
   FakeFileSystem files;
+  FakeWeb web{time};
+  FakePictureCodec pictureCodec;
   FakePasteboard pasteboard;
   FakeWorkspace workspace;
   FakeWindowServer windowServer{workspace};
@@ -43,6 +46,7 @@ struct FakePlatform {
   /// Hot keys and event monitors.
   FakeKeyboard keyboard{[this] { return overlay.holdsKeyboard(); }};
   FakeHaptics haptics;
+  FakeTrackpads trackpads;
   FakeStatusBar statusBar;
   FakeApplicationShell shell;
   FakePermissionService permissions;

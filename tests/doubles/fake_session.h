@@ -7,6 +7,7 @@
 
 #include "doubles/value_at.h"
 #include "platform/application_shell.h"
+#include "platform/instance_channel.h"
 #include "platform/permission_service.h"
 #include "platform/process_environment.h"
 
@@ -20,7 +21,10 @@ class FakeApplicationShell final : public ApplicationShell {
   void setMainMenu(std::vector<MenuEntry> entries) override { mainMenu = std::move(entries); }
   void activateIgnoringOtherApps() override { ++activations; }
   void terminate() override { ++terminations; }
-  void relaunch() override {}
+  void openNewInstance(std::function<void()> opened) override { openingInstance = std::move(opened); }
+  void setShouldTerminateAfterLastWindowClosed(std::function<bool()> shouldTerminate) override {
+    shouldTerminateAfterLastWindowClosed = std::move(shouldTerminate);
+  }
   [[nodiscard]] Subscription onDidBecomeActive(std::function<void()> observer) override {
     return becameActive_.subscribe(std::move(observer));
   }
@@ -30,6 +34,9 @@ class FakeApplicationShell final : public ApplicationShell {
   std::vector<MenuEntry> mainMenu;
   int activations = 0;
   int terminations = 0;
+  /// A new instance is being opened; the test calls this when it has.
+  std::function<void()> openingInstance;
+  std::function<bool()> shouldTerminateAfterLastWindowClosed;
 
  private:
   Signal<> becameActive_;
@@ -53,6 +60,29 @@ class FakeProcessEnvironment final : public ProcessEnvironment {
 
   std::map<std::string, std::string, std::less<>> variables;
   std::string identifier = "org.example.Rondora";
+};
+
+class FakeInstanceChannel final : public InstanceChannel {
+ public:
+  Claim claim() override {
+    const Claim answer = claims.front();
+    if (claims.size() > 1) claims.erase(claims.begin());
+    isHeld = answer == Claim::first;
+    return answer;
+  }
+  void release() override { isHeld = false; }
+  bool askForSettings() override {
+    ++asked;
+    return answers;
+  }
+  void serve(SessionRequests requests) override { served = std::move(requests); }
+
+  /// The answers to come; the last one stays.
+  std::vector<Claim> claims{Claim::first};
+  bool answers = true;
+  bool isHeld = false;
+  int asked = 0;
+  SessionRequests served;
 };
 
 }  // namespace rondora

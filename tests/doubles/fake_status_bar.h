@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -17,6 +18,7 @@ class FakeStatusBar final : public StatusBar {
   };
 
   std::unique_ptr<StatusItem> makeStatusItem(const StatusItemDescription& description) override {
+    if (whenMade) whenMade();
     items.push_back(std::make_shared<Record>(Record{description}));
     return std::make_unique<Item>(*this, items.back());
   }
@@ -30,6 +32,7 @@ class FakeStatusBar final : public StatusBar {
   }
 
   std::vector<std::shared_ptr<Record>> items;
+  std::function<void()> whenMade;
   /// Why no item is visible, if so.
   std::optional<std::string> problem;
 

@@ -19,7 +19,7 @@ class FakeUserDefaults final : public UserDefaults {
   bool boolean(std::string_view key) const override { return valueAt(values, key) == Value(true); }
   void setBoolean(std::string_view key, bool value) override { values[std::string(key)] = value; }
   bool isEmpty() const override { return values.empty(); }
-  bool importPredecessorDomain() override {
+  bool importDomain(const Predecessor& /*predecessor*/) override {
     values.insert(predecessor.begin(), predecessor.end());
     return !predecessor.empty();
   }

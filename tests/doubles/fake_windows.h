@@ -38,6 +38,7 @@ class FakeWindows final : public Windows {
   bool isOnboardingUp = false;
   /// Previewed texts; an empty one each time that the preview is hidden.
   std::vector<std::string> previews;
+  std::string previewHint;
 
  private:
   struct FakeSettingsWindow final : SettingsWindow {
@@ -60,7 +61,10 @@ class FakeWindows final : public Windows {
 
   struct FakePopover final : SnippetPreviewPopover {
     explicit FakePopover(FakeWindows& windows) : windows_(windows) {}
-    void show(std::string_view text, const Place& /*place*/) override { windows_.previews.emplace_back(text); }
+    void show(const SnippetPreview& preview, const Place& /*place*/) override {
+      windows_.previews.push_back(preview.text);
+      windows_.previewHint = preview.hint;
+    }
     void hide() override {
       if (!windows_.previews.empty() && !windows_.previews.back().empty()) windows_.previews.emplace_back();
     }

@@ -13,7 +13,7 @@ import sys
 CORE_BASE = ["base", "platform", "model"]
 CORE_DATA = CORE_BASE + ["localization"]
 CORE_SERVICES = CORE_DATA + ["storage", "icons"]
-FEATURES = ["pie", "actions", "windows", "commands", "input", "running_apps", "permissions"]
+FEATURES = ["pie", "actions", "windows", "commands", "input", "running_apps", "permissions", "settings"]
 
 # What a layer may include, besides itself. Siblings are missing on purpose: app/ hands one what it needs of another.
 ALLOWED = {
@@ -30,8 +30,8 @@ ALLOWED = {
     "platform/linux": CORE_BASE + ["pie", "platform/posix"],
     "platform/macos": CORE_BASE + ["pie", "platform/posix"],
     "ui/painting": CORE_BASE + ["pie"],
-    "ui/qt": CORE_BASE + ["pie", "platform/qt", "ui/painting"],
-    "ui/appkit": CORE_BASE + ["pie", "ui/painting"],
+    "ui/qt": CORE_BASE + ["pie", "settings", "platform/qt", "ui/painting"],
+    "ui/appkit": CORE_BASE + ["pie", "settings", "ui/painting"],
 }
 BACKENDS = ["platform/posix", "platform/qt", "platform/linux", "platform/macos", "ui/qt", "ui/appkit"]
 NESTED = BACKENDS + ["ui/painting"]

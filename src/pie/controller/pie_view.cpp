@@ -15,6 +15,23 @@ constexpr double kFrameTolerance = 0.002;
 constexpr double kFadeShare = 0.6;
 constexpr double kMaxFade = 0.12;  // seconds
 
+/// The ring lies above full-screen applications and panels, is shown on whichever space is current, takes the keyboard
+/// without becoming the main window, and leaves window cycling and the active application alone.
+constexpr OverlayPanelStyle kPanelStyle{
+    .windowLevel = 1000,
+    .collectionBehavior = OverlayPanelStyle::kMoveToActiveSpace | OverlayPanelStyle::kTransient |
+                          OverlayPanelStyle::kIgnoresCycle | OverlayPanelStyle::kFullScreenAuxiliary,
+    .isBorderless = true,
+    .isFloating = true,
+    .nonactivating = true,
+    .canBecomeKey = true,
+    .canBecomeMain = false,
+    .hasShadow = false,
+    .isOpaque = false,
+    .isAnimated = false,
+    .hidesOnDeactivate = false,
+    .hasFixedAppearance = true};
+
 }  // namespace
 
 PieView::PieView(const Ports& ports, Point center, const RingLayout& layout, std::size_t itemCount,
@@ -25,7 +42,7 @@ PieView::PieView(const Ports& ports, Point center, const RingLayout& layout, std
       tracking_(ports.haptics, ports.pointer, layout, itemCount),
       animation_(animation),
       fade_(itemCount, std::min(kFadeShare * animation.duration, kMaxFade)) {
-  panel_ = ports_.overlayPanels.makePanel(OverlayPanelStyle{}, frame_, *this);
+  panel_ = ports_.overlayPanels.makePanel(kPanelStyle, frame_, *this);
 }
 
 PieView::~PieView() = default;

@@ -1,9 +1,7 @@
 #include "platform/posix/posix_file_system.h"
 
-#include <pwd.h>
 #include <sys/stat.h>
 
-#include <array>
 #include <cerrno>
 #include <system_error>
 #include <vector>
@@ -16,30 +14,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
-fs::path homeFolder(const ProcessEnvironment& environment) {
-  if (const auto home = environment.variable("HOME"); home && fs::path(*home).is_absolute()) return *home;
-  std::array<char, 16384> text{};
-  passwd entry{};
-  passwd* found = nullptr;
-  if (getpwuid_r(getuid(), &entry, text.data(), text.size(), &found) == 0 && found) return found->pw_dir;
-  return "/";
-}
-
-/// Relative paths are ignored (XDG base directories 0.8).
-fs::path userFolder(const ProcessEnvironment& environment, std::string_view variable, const char* underHome) {
-  if (const auto value = environment.variable(variable); value && fs::path(*value).is_absolute()) return *value;
-  return homeFolder(environment) / underHome;
-}
-
 bool isLongerThanRead(const struct stat& status) {
   return status.st_size > static_cast<off_t>(PosixFileSystem::kMaxFileSize);
 }
 
 }  // namespace
-
-PosixFileSystem::PosixFileSystem(const ProcessEnvironment& environment)
-    : applicationSupportFolder_(userFolder(environment, "XDG_CONFIG_HOME", ".config")),
-      cachesFolder_(userFolder(environment, "XDG_CACHE_HOME", ".cache")) {}
 
 bool PosixFileSystem::exists(const fs::path& path) const {
   std::error_code error;

@@ -1,21 +1,27 @@
 #pragma once
 
+#include <utility>
+
 #include "platform/file_system.h"
-#include "platform/process_environment.h"
 
 namespace rondora::desktop {
 
-/// POSIX files, in the folders of the XDG base directory specification.
+/// Plain POSIX files in the user's folders, which the platform names.
 class PosixFileSystem final : public FileSystem {
  public:
   /// Size limit of `read` in bytes.
   static constexpr std::size_t kMaxFileSize = 64 << 20;
 
-  /// Reads XDG_CONFIG_HOME, XDG_CACHE_HOME and HOME once.
-  explicit PosixFileSystem(const ProcessEnvironment& environment);
+  struct Folders {
+    std::filesystem::path applicationSupport;
+    std::filesystem::path caches;
+  };
 
-  std::filesystem::path applicationSupportFolder() const override { return applicationSupportFolder_; }
-  std::filesystem::path cachesFolder() const override { return cachesFolder_; }
+  /// Both folders are absolute paths; they need not exist.
+  explicit PosixFileSystem(Folders folders) : folders_(std::move(folders)) {}
+
+  std::filesystem::path applicationSupportFolder() const override { return folders_.applicationSupport; }
+  std::filesystem::path cachesFolder() const override { return folders_.caches; }
 
   bool exists(const std::filesystem::path& path) const override;
   std::optional<std::string> read(const std::filesystem::path& path) const override;
@@ -25,8 +31,7 @@ class PosixFileSystem final : public FileSystem {
   FileError copy(const std::filesystem::path& from, const std::filesystem::path& to) override;
 
  private:
-  std::filesystem::path applicationSupportFolder_;
-  std::filesystem::path cachesFolder_;
+  Folders folders_;
 };
 
 }  // namespace rondora::desktop

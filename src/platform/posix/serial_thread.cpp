@@ -1,15 +1,8 @@
 #include "platform/posix/serial_thread.h"
 
-#include <pthread.h>
-
 #include <utility>
 
 namespace rondora::desktop {
-namespace {
-
-constexpr std::size_t kMaxThreadName = 15;  // bytes, pthread_setname_np(3)
-
-}  // namespace
 
 SerialThread::~SerialThread() {
   std::deque<Work> dropped;
@@ -31,8 +24,7 @@ void SerialThread::async(Work work) {
 }
 
 void SerialThread::run() {
-  const std::size_t cut = label_.size() > kMaxThreadName ? label_.size() - kMaxThreadName : 0;
-  pthread_setname_np(pthread_self(), label_.c_str() + cut);
+  if (nameThread_ != nullptr) nameThread_(label_);
   std::unique_lock lock(mutex_);
   while (true) {
     wakeUp_.wait(lock, [this] { return isEnding_ || !waiting_.empty(); });

@@ -13,8 +13,11 @@ namespace rondora::desktop {
 /// A serial queue on its own thread, which starts with the first work.
 class SerialThread final : public SerialQueue {
  public:
-  /// Debuggers and process lists show the last 15 bytes of the label.
-  explicit SerialThread(std::string label) : label_(std::move(label)) {}
+  /// Names the calling thread for debuggers and process lists; systems differ in how. Null leaves it unnamed.
+  using NameThread = void (*)(const std::string& label);
+
+  explicit SerialThread(std::string label, NameThread nameThread = nullptr)
+      : label_(std::move(label)), nameThread_(nameThread) {}
   ~SerialThread() override;
   SerialThread(const SerialThread&) = delete;
   SerialThread& operator=(const SerialThread&) = delete;
@@ -25,6 +28,7 @@ class SerialThread final : public SerialQueue {
   void run();
 
   std::string label_;
+  NameThread nameThread_;
   std::mutex mutex_;
   std::condition_variable wakeUp_;
   std::deque<Work> waiting_;

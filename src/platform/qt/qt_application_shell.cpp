@@ -26,6 +26,10 @@ void neverRestart(QSessionManager& manager) { manager.setRestartHint(QSessionMan
 
 QtApplicationShell::QtApplicationShell() : context_(std::make_unique<QuitFilter>()) {
   qApp->installEventFilter(context_.get());
+  QGuiApplication::setQuitOnLastWindowClosed(false);
+  QObject::connect(qApp, &QGuiApplication::lastWindowClosed, context_.get(), [this] {
+    if (shouldTerminateAfterLastWindowClosed_ && shouldTerminateAfterLastWindowClosed_()) terminate();
+  });
   QObject::connect(qApp, &QGuiApplication::applicationStateChanged, context_.get(), [this](Qt::ApplicationState state) {
     if (state == Qt::ApplicationActive) didBecomeActive_.send();
   });
@@ -35,10 +39,6 @@ QtApplicationShell::QtApplicationShell() : context_(std::make_unique<QuitFilter>
 }
 
 QtApplicationShell::~QtApplicationShell() = default;
-
-void QtApplicationShell::setActivationPolicy(ActivationPolicy policy) {
-  QGuiApplication::setQuitOnLastWindowClosed(policy == ActivationPolicy::regular);
-}
 
 void QtApplicationShell::setMainMenu(std::vector<MenuEntry> entries) { mainMenu_ = std::move(entries); }
 
@@ -52,9 +52,13 @@ void QtApplicationShell::activateIgnoringOtherApps() {
 
 void QtApplicationShell::terminate() { QCoreApplication::quit(); }
 
-void QtApplicationShell::relaunch() {
-  isRelaunchRequested_ = true;
-  QCoreApplication::quit();
+void QtApplicationShell::openNewInstance(std::function<void()> opened) {
+  isNewInstanceRequested_ = true;
+  opened();
+}
+
+void QtApplicationShell::setShouldTerminateAfterLastWindowClosed(std::function<bool()> shouldTerminate) {
+  shouldTerminateAfterLastWindowClosed_ = std::move(shouldTerminate);
 }
 
 Subscription QtApplicationShell::onDidBecomeActive(std::function<void()> observer) {

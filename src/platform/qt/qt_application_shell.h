@@ -17,22 +17,24 @@ class QtApplicationShell : public ApplicationShell {
   QtApplicationShell();
   ~QtApplicationShell() override;
 
-  /// A program without windows has no entry in any dock or task bar of its own accord; only quitting depends on it.
-  void setActivationPolicy(ActivationPolicy policy) override;
+  /// Without effect: on this desktop a program without windows has no entry in a dock or task bar anyway.
+  void setActivationPolicy(ActivationPolicy /*policy*/) override {}
   /// Stored, not shown: the status item's menu has the same entries.
   void setMainMenu(std::vector<MenuEntry> entries) override;
   void activateIgnoringOtherApps() override;
   void terminate() override;
-  /// Ends the event loop; the new instance starts when this one has given everything back.
-  void relaunch() override;
-  bool isRelaunchRequested() const { return isRelaunchRequested_; }
+  /// Only remembers the request: `main` starts the new instance when this one has given everything back.
+  void openNewInstance(std::function<void()> opened) override;
+  bool isNewInstanceRequested() const { return isNewInstanceRequested_; }
+  void setShouldTerminateAfterLastWindowClosed(std::function<bool()> shouldTerminate) override;
   Subscription onDidBecomeActive(std::function<void()> observer) override;
 
   const std::vector<MenuEntry>& mainMenu() const { return mainMenu_; }
 
  private:
   std::vector<MenuEntry> mainMenu_;
-  bool isRelaunchRequested_ = false;
+  bool isNewInstanceRequested_ = false;
+  std::function<bool()> shouldTerminateAfterLastWindowClosed_;
   Signal<> didBecomeActive_;
   /// Receiver of the connections and the event filter; disconnected when destroyed.
   std::unique_ptr<QObject> context_;

@@ -10,6 +10,7 @@
 #include "doubles/virtual_time.h"
 #include "live/desktop/cut_process.h"
 #include "platform/linux/desktop/file_user_defaults.h"
+#include "platform/linux/desktop/xdg_folders.h"
 #include "platform/posix/posix_file_system.h"
 #include "storage/config_manager.h"
 #include "storage/legacy_pie_menu_migration.h"
@@ -45,7 +46,7 @@ struct User {
 
   TemporaryFolder folder{inMemory()};
   FakeProcessEnvironment environment = environmentIn(folder.path());
-  PosixFileSystem files{environment};
+  PosixFileSystem files{xdgFolders(environment)};
   VirtualTime time;
   FakeLog log;
   SeededRandom random;

@@ -5,7 +5,6 @@
 
 #include "desktop/temporary_folder.h"
 #include "doubles/fake_log.h"
-#include "doubles/fake_session.h"
 #include "platform/posix/posix_file_system.h"
 
 namespace rondora::desktop {
@@ -13,15 +12,10 @@ namespace {
 
 class FileUserDefaultsTest : public testing::Test {
  protected:
-  static FakeProcessEnvironment environmentIn(const std::filesystem::path& folder) {
-    FakeProcessEnvironment environment;
-    environment.variables = {{"HOME", "/"}, {"XDG_CONFIG_HOME", folder.string()}};
-    return environment;
-  }
   std::filesystem::path file(const char* folder) const { return folder_.path() / folder / "defaults"; }
 
   TemporaryFolder folder_;
-  PosixFileSystem files_{environmentIn(folder_.path())};
+  PosixFileSystem files_{{.applicationSupport = folder_.path(), .caches = folder_.path()}};
   FakeLog log_;
 };
 
@@ -44,12 +38,13 @@ TEST_F(FileUserDefaultsTest, KeepsValuesAndForeignLinesAcrossStarts) {
 
 TEST_F(FileUserDefaultsTest, ImportsThePredecessorsValuesIfAny) {
   FileUserDefaults defaults(files_, log_);
-  EXPECT_FALSE(defaults.importPredecessorDomain());
+  const Predecessor predecessor{"org.example.PieMenu", "PieMenu"};
+  EXPECT_FALSE(defaults.importDomain(predecessor));
   writeFile(file("PieMenu"), "\n");
-  EXPECT_FALSE(defaults.importPredecessorDomain());
+  EXPECT_FALSE(defaults.importDomain(predecessor));
   EXPECT_FALSE(std::filesystem::exists(file("Rondora")));
   writeFile(file("PieMenu"), "pie.hasSeenPermissionIntro=true\n");
-  EXPECT_TRUE(defaults.importPredecessorDomain());
+  EXPECT_TRUE(defaults.importDomain(predecessor));
   EXPECT_TRUE(defaults.boolean("pie.hasSeenPermissionIntro"));
 }
 

@@ -9,6 +9,7 @@
 #include "desktop/temporary_folder.h"
 #include "doubles/fake_session.h"
 #include "live/desktop/system_call_spy.h"
+#include "platform/linux/desktop/xdg_folders.h"
 
 namespace rondora::desktop {
 namespace {
@@ -28,19 +29,19 @@ class PosixFileSystemTest : public testing::Test {
     return names;
   }
 
-  FakeProcessEnvironment environment_;
   TemporaryFolder folder_;
-  PosixFileSystem files_{environment_};
+  PosixFileSystem files_{{.applicationSupport = folder_.path(), .caches = folder_.path()}};
 };
 
-TEST_F(PosixFileSystemTest, HonoursAbsoluteXdgFolders) {
-  environment_.variables = {{"HOME", "/home/ada"}, {"XDG_CONFIG_HOME", "/data/settings"}};
-  EXPECT_EQ(PosixFileSystem(environment_).applicationSupportFolder(), "/data/settings");
-  EXPECT_EQ(PosixFileSystem(environment_).cachesFolder(), "/home/ada/.cache");
-  environment_.variables["XDG_CONFIG_HOME"] = "settings";
-  environment_.variables["XDG_CACHE_HOME"] = "";
-  EXPECT_EQ(PosixFileSystem(environment_).applicationSupportFolder(), "/home/ada/.config");
-  EXPECT_EQ(PosixFileSystem(environment_).cachesFolder(), "/home/ada/.cache");
+TEST(XdgFoldersTest, FollowTheEnvironmentAndIgnoreRelativePaths) {
+  FakeProcessEnvironment environment;
+  environment.variables = {{"HOME", "/home/ada"}, {"XDG_CONFIG_HOME", "/data/settings"}};
+  EXPECT_EQ(xdgFolders(environment).applicationSupport, "/data/settings");
+  EXPECT_EQ(xdgFolders(environment).caches, "/home/ada/.cache");
+  environment.variables["XDG_CONFIG_HOME"] = "settings";
+  environment.variables["XDG_CACHE_HOME"] = "";
+  EXPECT_EQ(xdgFolders(environment).applicationSupport, "/home/ada/.config");
+  EXPECT_EQ(xdgFolders(environment).caches, "/home/ada/.cache");
 }
 
 TEST_F(PosixFileSystemTest, ReplaceFlushesTheFileAndThenTheFolder) {

@@ -7,50 +7,45 @@
 
 namespace rondora {
 
-Program::Program(FakePlatform& on)
-    : desktop(on),
-      configManager({on.files, on.time, on.log, on.random, notifications}),
-      permissions(on.permissions, on.time, on.shell),
-      history(on.workspace),
-      runningAppsMenuItems(on.workspace, history, on.environment.identifier),
-      actions(on.actionPorts<ActionServices::Ports>(), on.serialQueues.make()),
-      delegate(services()) {}
-
-AppServices Program::services() {
-  return {desktop.time,
-          desktop.log,
-          desktop.random,
-          desktop.defaults,
-          desktop.environment,
-          desktop.workspace,
-          desktop.screens,
-          desktop.keyboard,
-          desktop.keyboard,
-          desktop.statusBar,
-          desktop.windows,
-          desktop.shell,
-          desktop.permissions,
-          notifications,
-          configManager,
-          localization,
-          permissions.snapshot(),
-          history,
-          runningAppsMenuItems,
-          actions.appLauncher,
-          subActions,
-          [this] { return makePieMenuWindow(); },
-          [this] { ++switcherRestorations; },
-          [this](const std::optional<std::string>& problem) { statusItemProblems.push_back(problem); }};
-}
-
-std::unique_ptr<PieMenuWindowController> Program::makePieMenuWindow() {
-  if (whenOverlayIsMade) whenOverlayIsMade();
-  auto made = std::make_unique<PieMenuWindowController>(
-      PieMenuWindowController::Ports{desktop.overlay, desktop.screens, desktop.overlay, desktop.haptics,
-                                     desktop.keyboard, desktop.time, desktop.time},
-      PieMenuWindowController::Environment{});
-  overlay = made.get();
-  return made;
+Platform ProgramTest::platform() {
+  return {.log = desktop.log,
+          .clock = desktop.time,
+          .random = desktop.random,
+          .mainQueue = desktop.time,
+          .files = desktop.files,
+          .defaults = desktop.defaults,
+          .environment = desktop.environment,
+          .network = desktop.web,
+          .pictureCodec = desktop.pictureCodec,
+          .hotkeyService = desktop.keyboard,
+          .eventMonitors = desktop.keyboard,
+          .keyEvents = desktop.keyEvents,
+          .pointer = desktop.overlay,
+          .screens = desktop.screens,
+          .haptics = desktop.haptics,
+          .trackpads = desktop.trackpads,
+          .overlayPanels = desktop.overlay,
+          .statusBar = desktop.statusBar,
+          .windows = desktop.windows,
+          .shell = desktop.shell,
+          .workspace = desktop.workspace,
+          .pasteboard = desktop.pasteboard,
+          .permissionService = desktop.permissions,
+          .windowList = desktop.windowServer,
+          .frontProcess = desktop.windowServer,
+          .accessibility = desktop.accessibility,
+          .spaces = desktop.windowServer,
+          .symbolicHotKeys = desktop.windowServer,
+          .subActions = subActions,
+          .instance = instance,
+          .makeSerialQueue = [this](std::string_view) { return desktop.serialQueues.make(); },
+          .useInterfaceLanguage = [this](AppLanguage language) { languages.push_back(language); },
+          .onInstalledApplicationsChanged = {},
+          .warmUp = {},
+          .restoreNativeAppSwitcher = [this] { ending.emplace_back("switcher"); },
+          .handOverClipboard = [this] { ending.emplace_back("clipboard"); },
+          .modifierNames = kPcModifierNames,
+          .pasteKeys = "Ctrl+V"};
 }
 
 ProgramTest::ProgramTest() {
@@ -60,7 +55,7 @@ ProgramTest::ProgramTest() {
   editor = desktop.workspace.start("org.example.editor");
   desktop.defaults.setBoolean(AppLaunchState::kHasSeenPermissionIntro, true);
   desktop.overlay.moveTo(kPointer);
-  program.subActions.target = editor;
+  subActions.target = editor;
 }
 
 PieMenu ProgramTest::menu(const std::string& name, HotkeyConfig hotkey, PieMenuKind kind) {
@@ -86,14 +81,14 @@ void ProgramTest::useMenus(std::vector<PieMenu> menus) {
   for (PieMenu& special : std::vector{runningAppsMenu({}), appCommandsMenu({})}) {
     if (std::ranges::find(menus, special.kind, &PieMenu::kind) == menus.end()) menus.push_back(std::move(special));
   }
-  PieConfiguration configuration = program.configManager.current();
+  PieConfiguration configuration = program.config().current();
   configuration.menus = std::move(menus);
-  program.configManager.save(std::move(configuration));
+  program.config().save(std::move(configuration));
   desktop.time.runUntilIdle();
 }
 
 void ProgramTest::launch() {
-  program.delegate.applicationDidFinishLaunching();
+  program.start();
   desktop.time.runUntilIdle();
 }
 
@@ -114,15 +109,15 @@ void ProgramTest::pointAtSector(std::size_t index) {
   desktop.overlay.moveTo(kPointer + Point{std::cos(angle), std::sin(angle)} * kDistance);
 }
 
-std::string ProgramTest::shownMenu() const {
-  const auto& id = program.overlay->displayedMenuId();
+std::string ProgramTest::shownMenu() {
+  const auto& id = program.pieMenuWindow().displayedMenuId();
   if (!isMenuUp() || !id) return "";
-  const PieMenu* menu = program.configManager.current().menu(*id);
+  const PieMenu* menu = program.config().current().menu(*id);
   return menu == nullptr ? "unknown" : menu->name;
 }
 
-std::string ProgramTest::highlightedItem() const {
-  const auto selection = program.overlay->currentSelection();
+std::string ProgramTest::highlightedItem() {
+  const auto selection = program.pieMenuWindow().currentSelection();
   if (!selection) return "";
   if (const auto* chosen = std::get_if<PieMenuItem>(&*selection)) return chosen->title;
   return std::get<PieSubAction>(*selection).title;

@@ -7,16 +7,9 @@
 #include <utility>
 #include <vector>
 
-#include "app/action_services.h"
-#include "app/app_delegate.h"
-#include "base/notification_center.h"
+#include "app/program.h"
 #include "commands/sub_actions.h"
 #include "doubles/fake_platform.h"
-#include "localization/localization_store.h"
-#include "permissions/permissions_monitor.h"
-#include "running_apps/running_apps_activation_history.h"
-#include "running_apps/running_apps_menu_items.h"
-#include "storage/config_manager.h"
 
 namespace rondora {
 
@@ -36,29 +29,6 @@ class FakeSubActions final : public SubActions {
   std::vector<Completion> requests;
   std::vector<std::int32_t> prefetched;
   std::vector<std::pair<std::string, std::int32_t>> performed;
-};
-
-/// The program as the composition root puts it together, on a desktop of its own.
-struct Program {
-  explicit Program(FakePlatform& on);
-
-  AppServices services();
-  std::unique_ptr<PieMenuWindowController> makePieMenuWindow();
-
-  FakePlatform& desktop;
-  NotificationCenter notifications;
-  ConfigManager configManager;
-  LocalizationStore localization;
-  PermissionsMonitor permissions;
-  RunningAppsActivationHistory history;
-  RunningAppsMenuItems runningAppsMenuItems;
-  ActionServices actions;
-  FakeSubActions subActions;
-  std::function<void()> whenOverlayIsMade;
-  int switcherRestorations = 0;
-  std::vector<std::optional<std::string>> statusItemProblems;
-  PieMenuWindowController* overlay = nullptr;
-  AppDelegate delegate;
 };
 
 /// A desktop on which a text editor is in front of a browser and the user has seen the introduction long ago.
@@ -91,14 +61,23 @@ class ProgramTest : public testing::Test {
   void releaseChord() { release({Key::kSpaceKey, Key::kOptionKey, Key::kControlKey}); }
   void pointAtSector(std::size_t index);
   bool isMenuUp() const { return desktop.overlay.holdsKeyboard(); }
-  std::string shownMenu() const;
-  std::string highlightedItem() const;
+  std::string shownMenu();
+  std::string highlightedItem();
   std::string frontApplication() const { return desktop.workspace.frontmostApplication()->bundleIdentifier.value(); }
 
+  Platform platform();
+
   FakePlatform desktop;
+  FakeSubActions subActions;
+  FakeInstanceChannel channel;
+  SingleInstance instance{{&channel}, desktop.log};
+  /// What happened of the last steps of the program's end, in order.
+  std::vector<std::string> ending;
+  /// The languages that the toolkit was put into.
+  std::vector<AppLanguage> languages;
   RunningApplication browser;
   RunningApplication editor;
-  Program program{desktop};
+  Program program{platform()};
 };
 
 }  // namespace rondora

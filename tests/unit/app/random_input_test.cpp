@@ -9,7 +9,7 @@
 namespace rondora {
 namespace {
 
-/// A user with ten nervous fingers, who in the end lets everything go.
+/// Random keys, pointer moves and changes of the document; at the end every key is released.
 class RandomInputTest : public ProgramTest {
  protected:
   enum class Document { staysAsItIs, changes };
@@ -53,27 +53,26 @@ class RandomInputTest : public ProgramTest {
       case 3:
         return desktop.time.advance(static_cast<double>(below(30)) / 100);
       case 4:
-        if (!program.subActions.requests.empty())
-          program.subActions.requests.back()({PieSubAction{"Quit", "", {}, {}, {}}});
+        if (!subActions.requests.empty()) subActions.requests.back()({PieSubAction{"Quit", "", {}, {}, {}}});
         return;
       case 10:
         return shuffleHotkeys();
       case 11:
-        return program.delegate.trackpadGestureMonitor().onTap(4);
+        return program.delegate().triggers().trackpadGestureMonitor().onTap(4);
       default:
         return useHands();
     }
   }
   void shuffleHotkeys() {
-    PieConfiguration configuration = program.configManager.current();
+    PieConfiguration configuration = program.config().current();
     auto& menus = configuration.menus;
     for (PieMenu& each : menus) std::swap(each.hotkey, menus[below(menus.size())].hotkey);
     std::swap(menus[0], menus[below(menus.size())]);
     menus[below(menus.size())].runningAppsMenuEnabled ^= true;
     menus[0].trackpadFingerCount = 4;
-    program.configManager.save(std::move(configuration));
+    program.config().save(std::move(configuration));
   }
-  void letEverythingGo() {
+  void releaseEverything() {
     while (!down_.empty()) {
       desktop.keyboard.release(down_.back());
       down_.pop_back();
@@ -87,7 +86,7 @@ class RandomInputTest : public ProgramTest {
       const auto living = std::ranges::count(desktop.overlay.panels, false, &PanelRecord::isGone);
       ASSERT_EQ(living, isMenuUp() ? 1 : 0);
     }
-    letEverythingGo();
+    releaseEverything();
     std::erase_if(desktop.overlay.panels, [](const auto& panel) { return panel->isGone; });
   }
   void expectAtRest() {
@@ -103,7 +102,7 @@ class RandomInputTest : public ProgramTest {
   std::vector<std::uint16_t> down_;
 };
 
-TEST_F(RandomInputTest, LettingEverythingGoAlwaysEndsTheMenu) {
+TEST_F(RandomInputTest, ReleasingEveryKeyAlwaysEndsTheMenu) {
   launch();
   for (int round = 0; round < 2000; ++round) {
     play(Document::staysAsItIs);
@@ -113,7 +112,7 @@ TEST_F(RandomInputTest, LettingEverythingGoAlwaysEndsTheMenu) {
   expectAtRest();
 }
 
-TEST_F(RandomInputTest, EscapeEndsTheMenuWhateverTheDocumentDid) {
+TEST_F(RandomInputTest, EscapeEndsTheMenuWhileTheDocumentChanges) {
   launch();
   for (int round = 0; round < 100; ++round) {
     play(Document::changes);

@@ -19,8 +19,8 @@ class SessionReportTest : public ProgramTest {
       if (isTapped) menus.back().trackpadFingerCount = 3;
     }
     useMenus(menus);
-    return SessionReport(program.localization, kPcModifierNames)
-        .findings(facts, program.configManager.current(), program.delegate.hotkeyManager());
+    return SessionReport(program.localization(), kPcModifierNames)
+        .findings(facts, program.config().current(), program.delegate().hotkeyManager());
   }
   /// The statements of what works ("+") or fails ("-") that begin so.
   static std::vector<std::string> outline(const std::vector<SessionFinding>& findings) {
@@ -33,7 +33,7 @@ class SessionReportTest : public ProgramTest {
   }
 };
 
-TEST_F(SessionReportTest, SaysWhatWorksAndWhatToDoAboutWhatDoesNot) {
+TEST_F(SessionReportTest, ListsWhatWorksAndRemediesForTheRest) {
   using Outline = std::vector<std::string>;
   const HotkeyConfig controlSpace{49, carbon::kControl};
   const HotkeyConfig superTab{48, carbon::kCommand};
@@ -63,18 +63,18 @@ TEST_F(SessionReportTest, NamesMenuAndKeysOfARefusedHotkey) {
   ASSERT_NE(refused, findings.end());
   EXPECT_EQ(refused->statement, "The hotkey of the menu “Menu 1” is already taken by another program.");
   EXPECT_THAT(refused->remedy, testing::StartsWith("Free Super + Tab in the other program"));
-  const auto& menus = program.configManager.current().menus;
-  EXPECT_EQ(firstMenuWithWorkingHotkey(menus, *program.delegate.hotkeyManager()), &menus.front());
+  const auto& menus = program.config().current().menus;
+  EXPECT_EQ(firstMenuWithWorkingHotkey(menus, *program.delegate().hotkeyManager()), &menus.front());
 }
 
-TEST_F(SessionReportTest, HotkeysFollowWhereTheKeyboardPutsItsModifiers) {
+TEST_F(SessionReportTest, HotkeysAreRegisteredAgainWhenModifiersMove) {
   launchWith({menu("main", {49, 0})});
   desktop.keyboard.foreignOwners = {{49, 0}};
   desktop.keyboard.moveModifiers();
-  EXPECT_EQ(program.delegate.hotkeyManager()->failedRegistrationMenuIndices(), std::vector{0});
+  EXPECT_EQ(program.delegate().hotkeyManager()->failedRegistrationMenuIndices(), std::vector{0});
   desktop.keyboard.foreignOwners.clear();
   desktop.keyboard.moveModifiers();
-  EXPECT_TRUE(program.delegate.hotkeyManager()->failedRegistrationMenuIndices().empty());
+  EXPECT_TRUE(program.delegate().hotkeyManager()->failedRegistrationMenuIndices().empty());
 }
 
 }  // namespace

@@ -10,7 +10,7 @@
 #include "doubles/fake_log.h"
 #include "doubles/virtual_time.h"
 #include "storage/configuration_json.h"
-#include "storage/debounced_save.h"
+#include "storage/edit_session.h"
 
 namespace rondora {
 namespace {
@@ -188,28 +188,40 @@ TEST_F(ConfigManagerTest, OnlyADocumentCanBeImported) {
   EXPECT_EQ(manager->current().lastModified, time.now());
 }
 
-TEST_F(ConfigManagerTest, ABurstOfEditsIsSavedOnceInItsLastState) {
+TEST_F(ConfigManagerTest, EditsOfOneBurstAllCountAndAreSavedOnce) {
   start();
-  DebouncedSave debounced(*manager, time);
-  PieConfiguration edited = manager->current();
-  const auto edit = [&](const char* name) {
-    edited.menus[0].name = name;
-    debounced.edit(edited);
-  };
+  EditSession session(*manager, time);
+  session.edit([](PieConfiguration& document) { document.language = AppLanguage::german; });
   for (const char* name : {"E", "Ed", "Edi"}) {
-    edit(name);
+    session.edit([name](PieConfiguration& document) { document.menus[0].name = name; });
     time.advance(0.219);
     EXPECT_EQ(posts, 0);
   }
+  EXPECT_EQ(session.document().menus[0].name, "Edi");
   time.advance(0.001);
   EXPECT_EQ(posts, 1);
   EXPECT_EQ(nameOnDisk(), "Edi");
-  edit("Edit");
-  debounced.flush();
+  EXPECT_EQ(manager->current().language, AppLanguage::german);
+  session.edit([](PieConfiguration& document) { document.menus[0].name = "Edit"; });
+  session.flush();
   EXPECT_EQ(nameOnDisk(), "Edit");
   time.advance(1);
-  debounced.flush();
+  session.flush();
   EXPECT_EQ(posts, 2);
+}
+
+TEST_F(ConfigManagerTest, APendingEditNeverUndoesAnImport) {
+  start();
+  const std::string exported = "/home/user/backup.json";
+  ASSERT_EQ(manager->exportConfiguration(exported), std::nullopt);
+  EditSession session(*manager, time);
+  session.edit([](PieConfiguration& document) { document.menus[0].name = "Edited"; });
+  EXPECT_EQ(manager->importConfiguration("/home/user/missing.json"), StringKey::importRefused);
+  EXPECT_EQ(session.document().menus[0].name, "Edited") << "a refused import leaves the edit alone";
+  EXPECT_EQ(manager->importConfiguration(exported), std::nullopt);
+  time.advance(1);
+  EXPECT_EQ(nameOnDisk(), "Main");
+  EXPECT_EQ(session.document().menus[0].name, "Main");
 }
 
 }  // namespace

@@ -6,7 +6,6 @@ namespace rondora::desktop {
 namespace {
 
 constexpr const char* kFileName = "defaults";
-constexpr const char* kPredecessorFolder = "PieMenu";
 
 }  // namespace
 
@@ -41,10 +40,10 @@ void FileUserDefaults::setBoolean(std::string_view key, bool value) { set(key, v
 
 bool FileUserDefaults::isEmpty() const { return values_.empty(); }
 
-bool FileUserDefaults::importPredecessorDomain() {
-  Values predecessor = load(files_.applicationSupportFolder() / kPredecessorFolder / kFileName);
-  if (predecessor.empty()) return false;
-  values_ = std::move(predecessor);
+bool FileUserDefaults::importDomain(const Predecessor& predecessor) {
+  Values imported = load(files_.applicationSupportFolder() / predecessor.folder / kFileName);
+  if (imported.empty()) return false;
+  values_ = std::move(imported);
   write();
   return true;
 }

@@ -22,7 +22,7 @@ class FileUserDefaults final : public UserDefaults {
   bool boolean(std::string_view key) const override;
   void setBoolean(std::string_view key, bool value) override;
   bool isEmpty() const override;
-  bool importPredecessorDomain() override;
+  bool importDomain(const Predecessor& predecessor) override;
 
  private:
   using Values = std::map<std::string, std::string, std::less<>>;

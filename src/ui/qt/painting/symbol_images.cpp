@@ -2,7 +2,9 @@
 
 #include <QPainter>
 #include <QSvgRenderer>
+#include <string>
 
+#include "model/symbol_name.h"
 #include "platform/qt/qt_text.h"
 #include "ui/qt/painting/qt_conversions.h"
 #include "ui/qt/painting/symbol_table.h"
@@ -16,8 +18,6 @@ static void initializeSymbols() {
 namespace rondora {
 
 namespace {
-
-constexpr std::string_view kNeutralSymbol = "app";
 
 QImage transparentSquare(int side) {
   QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
@@ -48,9 +48,12 @@ QImage embeddedSymbolImage(std::string_view file, int side, Color tint) {
 }
 
 QImage symbolImage(std::string_view name, int side, Color tint) {
-  const auto entry = findSymbol(name);
-  const QImage image = entry ? embeddedSymbolImage(entry->file, side, tint) : QImage();
-  return image.isNull() ? embeddedSymbolImage(kNeutralSymbol, side, tint) : image;
+  for (const std::string& candidate : symbolCandidates(name)) {
+    const auto entry = findSymbol(candidate);
+    const QImage image = entry ? embeddedSymbolImage(entry->file, side, tint) : QImage();
+    if (!image.isNull()) return image;
+  }
+  return {};
 }
 
 }  // namespace rondora

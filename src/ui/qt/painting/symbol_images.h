@@ -7,7 +7,7 @@
 
 namespace rondora {
 
-/// The system symbol in `tint`, `side` pixels high and wide. A name that nobody knows gives a neutral symbol.
+/// The system symbol in `tint`, `side` pixels high and wide. An unknown name gives a neutral symbol.
 QImage symbolImage(std::string_view name, int side, Color tint);
 
 /// The embedded picture of that base name; a null image when there is none.

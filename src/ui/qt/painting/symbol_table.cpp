@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <string>
 
 namespace rondora {
 
@@ -122,25 +121,18 @@ constexpr auto kSymbols = std::to_array<SymbolEntry>({
     {"cpu.fill", "cpu-fill"},
     {"tv.fill", "tv-fill"},
     {"option", "option"},
+    {"app", "app"},
 });
-
-constexpr std::string_view kFilled = ".fill";
-
-std::optional<SymbolEntry> findExactly(std::string_view name) {
-  const auto found =
-      std::find_if(kSymbols.begin(), kSymbols.end(), [&](const auto& entry) { return entry.name == name; });
-  if (found == kSymbols.end()) return std::nullopt;
-  return *found;
-}
 
 }  // namespace
 
 std::span<const SymbolEntry> symbolTable() { return kSymbols; }
 
 std::optional<SymbolEntry> findSymbol(std::string_view name) {
-  if (auto entry = findExactly(name)) return entry;
-  if (name.ends_with(kFilled)) return findExactly(name.substr(0, name.size() - kFilled.size()));
-  return findExactly(std::string(name).append(kFilled));
+  const auto found =
+      std::find_if(kSymbols.begin(), kSymbols.end(), [&](const auto& entry) { return entry.name == name; });
+  if (found == kSymbols.end()) return std::nullopt;
+  return *found;
 }
 
 }  // namespace rondora

@@ -14,7 +14,7 @@ struct SymbolEntry {
 };
 
 std::span<const SymbolEntry> symbolTable();
-/// A name with or without its ".fill" ending finds the other form when it has no entry of its own.
+/// Exactly this name; what to try for a name without an entry says model/symbol_name.h.
 std::optional<SymbolEntry> findSymbol(std::string_view name);
 
 }  // namespace rondora

@@ -8,18 +8,18 @@
 
 namespace rondora {
 
-QtWindows::QtWindows(WindowContents contents) : contents_(std::move(contents)) {}
+QtWindows::QtWindows(Contents contents) : contents_(std::move(contents)) {}
 
 std::unique_ptr<SettingsWindow> QtWindows::makeSettingsWindow() {
-  return std::make_unique<QtSettingsWindow>(contents_);
+  return std::make_unique<QtSettingsWindow>(contents_());
 }
 
 std::unique_ptr<OnboardingWindow> QtWindows::makeOnboardingWindow() {
-  return std::make_unique<QtOnboardingWindow>(contents_);
+  return std::make_unique<QtOnboardingWindow>(contents_());
 }
 
 std::unique_ptr<SnippetPreviewPopover> QtWindows::makeSnippetPreviewPopover() {
-  return std::make_unique<QtSnippetPreviewPopover>([texts = contents_.texts] { return texts().snippetHint; });
+  return std::make_unique<QtSnippetPreviewPopover>();
 }
 
 }  // namespace rondora

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/qt/qt_text.h"
 #include "platform/qt/qt_x11_access.h"
 #include "ui/qt/windows/interface_language.h"
 
@@ -17,8 +18,6 @@ namespace rondora {
 
 namespace {
 
-constexpr int kMaxTextWidth = 320;
-constexpr int kMaxLines = 12;
 constexpr int kPadding = 12;
 constexpr int kSpaceAboveHint = 8;
 constexpr double kCornerRadius = 9;
@@ -33,7 +32,7 @@ const QColor kBorder(255, 255, 255, 56);
 const QColor kText(244, 244, 247);
 const QColor kHintText(172, 174, 182);
 
-void setText(QTextDocument& document, const QString& text, double fontScale) {
+void setText(QTextDocument& document, const QString& text, double fontScale, int width) {
   QFont font = interfaceFontFor(text);
   font.setPointSizeF(font.pointSizeF() * fontScale);
   QTextOption option;
@@ -43,7 +42,7 @@ void setText(QTextDocument& document, const QString& text, double fontScale) {
   document.setDefaultFont(font);
   document.setDefaultTextOption(option);
   document.setPlainText(text);
-  document.setTextWidth(kMaxTextWidth);
+  document.setTextWidth(width);
 }
 
 /// End position of the text that fits into `lines` lines; negative when all of it fits.
@@ -80,12 +79,14 @@ SnippetNote::SnippetNote()
   setAttribute(Qt::WA_TranslucentBackground);
 }
 
-void SnippetNote::setTexts(const QString& snippet, const QString& hint) {
-  setText(snippet_, snippet, 1);
-  if (const int end = endOfLines(snippet_, kMaxLines); end >= 0) {
-    setText(snippet_, snippet.left(end - kRoomOfEllipsis).trimmed() + kEllipsis, 1);
+void SnippetNote::setPreview(const SnippetPreview& preview) {
+  const QString snippet = toQString(preview.text);
+  const QString hint = toQString(preview.hint);
+  setText(snippet_, snippet, 1, preview.maxLineWidth);
+  if (const int end = endOfLines(snippet_, preview.maxLines); end >= 0) {
+    setText(snippet_, snippet.left(end - kRoomOfEllipsis).trimmed() + kEllipsis, 1, preview.maxLineWidth);
   }
-  setText(hint_, hint, kHintFontScale);
+  setText(hint_, hint, kHintFontScale, preview.maxLineWidth);
   const double width = std::ceil(std::max(snippet_.idealWidth(), hint_.idealWidth()));
   snippet_.setTextWidth(width);
   hint_.setTextWidth(width);

@@ -3,6 +3,8 @@
 #include <QTextDocument>
 #include <QWidget>
 
+#include "platform/windows.h"
+
 namespace rondora {
 
 /// The preview window of a snippet: its beginning and a hint about what happens to it. Looks like a part of the ring,
@@ -11,8 +13,8 @@ class SnippetNote : public QWidget {
  public:
   SnippetNote();
 
-  /// Resizes to fit the texts; long snippets are truncated.
-  void setTexts(const QString& snippet, const QString& hint);
+  /// Takes the size that the texts need.
+  void setPreview(const SnippetPreview& preview);
 
  protected:
   void paintEvent(QPaintEvent* event) override;

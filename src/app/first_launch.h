@@ -1,0 +1,57 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "base/observable.h"
+#include "base/weak_self.h"
+#include "permissions/permissions_snapshot.h"
+#include "platform/application_shell.h"
+#include "platform/main_queue.h"
+#include "platform/permission_service.h"
+#include "platform/process_environment.h"
+#include "platform/user_defaults.h"
+#include "platform/windows.h"
+#include "storage/app_launch_state.h"
+#include "storage/config_manager.h"
+
+namespace rondora {
+
+/// Introduces the program to a new user: the onboarding window until the permissions are there, then the settings once.
+/// Main thread.
+class FirstLaunch {
+ public:
+  /// All outlive this.
+  struct Services {
+    MainQueue& mainQueue;
+    UserDefaults& defaults;
+    const ProcessEnvironment& environment;
+    const PermissionService& permissionService;
+    const CurrentValue<PermissionsSnapshot>& permissions;
+    const ConfigManager& config;
+    Windows& windows;
+    ApplicationShell& shell;
+    std::function<void()> openSettings;
+  };
+
+  explicit FirstLaunch(const Services& services);
+
+  /// Marks an installation from before the settings opened by themselves; first of all at launch.
+  void migrateLaunchState();
+  void presentPermissionsIfNeeded();
+  void presentSettingsOnceIfPermissionsComplete();
+  /// All permissions are there: closes the onboarding window if it is up and has the program come forward.
+  void finishOnboardingIfUp();
+  bool hasOnboarding() const { return onboarding_ != nullptr; }
+  bool isOnboardingUp() const { return onboarding_ && onboarding_->isUp(); }
+
+ private:
+  void onboardingFinished();
+
+  Services services_;
+  AppLaunchState launchState_;
+  std::unique_ptr<OnboardingWindow> onboarding_;
+  WeakSelf<FirstLaunch> weakSelf_{this};
+};
+
+}  // namespace rondora

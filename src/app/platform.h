@@ -1,0 +1,98 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "app/single_instance.h"
+#include "commands/sub_actions.h"
+#include "input/hotkeys/hotkey_display.h"
+#include "platform/accessibility.h"
+#include "platform/application_shell.h"
+#include "platform/clock.h"
+#include "platform/event_monitors.h"
+#include "platform/file_system.h"
+#include "platform/front_process.h"
+#include "platform/haptics.h"
+#include "platform/hotkey_service.h"
+#include "platform/key_event_poster.h"
+#include "platform/log.h"
+#include "platform/main_queue.h"
+#include "platform/network_fetch.h"
+#include "platform/overlay_panel.h"
+#include "platform/pasteboard.h"
+#include "platform/permission_service.h"
+#include "platform/picture_codec.h"
+#include "platform/pointer.h"
+#include "platform/process_environment.h"
+#include "platform/random_source.h"
+#include "platform/screens.h"
+#include "platform/serial_queue.h"
+#include "platform/spaces.h"
+#include "platform/status_item.h"
+#include "platform/symbolic_hot_keys.h"
+#include "platform/trackpads.h"
+#include "platform/user_defaults.h"
+#include "platform/window_list.h"
+#include "platform/windows.h"
+#include "platform/workspace.h"
+
+namespace rondora {
+
+/// Everything that a Program needs of the system it runs on: an answer for each port, and what differs between systems
+/// otherwise. All references outlive the program. Functions may be empty unless said otherwise.
+struct Platform {
+  Log& log;
+  Clock& clock;
+  RandomSource& random;
+  MainQueue& mainQueue;
+  FileSystem& files;
+  UserDefaults& defaults;
+  const ProcessEnvironment& environment;
+  NetworkFetch& network;
+  PictureCodec& pictureCodec;
+
+  HotkeyService& hotkeyService;
+  EventMonitors& eventMonitors;
+  KeyEventPoster& keyEvents;
+  Pointer& pointer;
+  Screens& screens;
+  Haptics& haptics;
+  const Trackpads& trackpads;
+  OverlayPanels& overlayPanels;
+  StatusBar& statusBar;
+  Windows& windows;
+  ApplicationShell& shell;
+
+  Workspace& workspace;
+  Pasteboard& pasteboard;
+  PermissionService& permissionService;
+  WindowList& windowList;
+  FrontProcess& frontProcess;
+  Accessibility& accessibility;
+  Spaces& spaces;
+  SymbolicHotKeys& symbolicHotKeys;
+  SubActions& subActions;
+  /// Already claimed.
+  SingleInstance& instance;
+
+  /// Never empty.
+  std::function<std::unique_ptr<SerialQueue>(std::string_view label)> makeSerialQueue;
+  /// Puts what the toolkit itself shows into the language.
+  std::function<void(AppLanguage)> useInterfaceLanguage;
+  /// Calls back when applications were installed or removed.
+  std::function<Subscription(std::function<void()>)> onInstalledApplicationsChanged;
+  /// Prepares whatever the first ring would wait for; called once, on a turn after the launch.
+  std::function<void()> warmUp;
+  /// Gives the system's application switcher its keys back.
+  std::function<void()> restoreNativeAppSwitcher;
+  /// Leaves the clipboard's content to the system when the program ends.
+  std::function<void()> handOverClipboard;
+
+  ModifierNames modifierNames;
+  /// Display text of the keys that paste.
+  std::string_view pasteKeys;
+};
+
+}  // namespace rondora

@@ -1,0 +1,142 @@
+#include "app/program.h"
+
+#include "base/file_url.h"
+#include "input/hotkeys/hotkey_display.h"
+#include "settings/window_texts.h"
+
+namespace rondora {
+
+Program::Program(const Platform& platform)
+    : platform_(platform),
+      config_({platform.files, platform.clock, platform.log, platform.random, notifications_}),
+      edits_(config_, platform.mainQueue),
+      permissions_(platform.permissionService, platform.mainQueue, platform.shell),
+      activationHistory_(platform.workspace),
+      runningAppsMenuItems_(platform.workspace, activationHistory_, platform.environment.bundleIdentifier()),
+      actions_(actionPorts(), platform.makeSerialQueue(RunningAppFocus::kQueueLabel)),
+      titles_(platform.workspace),
+      favicons_({platform.network, platform.pictureCodec, platform.files, platform.clock, platform.mainQueue}),
+      report_(localization_, platform.modifierNames),
+      pieMenuWindow_(ringPorts(), ringEnvironment()),
+      switchboard_(switchboardServices()),
+      delegate_(delegateServices()) {
+  if (platform_.useInterfaceLanguage) {
+    interfaceLanguage_ = localization_.currentLanguage().subscribe(platform_.useInterfaceLanguage);
+  }
+  faviconPrefetch_ = config_.configuration().subscribe(
+      [this](const PieConfiguration& configuration) { favicons_.prefetch(configuration); });
+}
+
+void Program::start() {
+  const auto iconsChanged = [this] { delegate_.iconsChanged(); };
+  favicons_.onPicture = iconsChanged;
+  if (platform_.onInstalledApplicationsChanged) {
+    installedApplications_ = platform_.onInstalledApplicationsChanged(iconsChanged);
+  }
+  delegate_.applicationDidFinishLaunching();
+  platform_.instance.serve(sessionRequests());
+  if (platform_.warmUp) platform_.mainQueue.async(platform_.warmUp);
+}
+
+void Program::end() {
+  edits_.flush();
+  delegate_.applicationWillTerminate();
+  if (platform_.handOverClipboard) platform_.handOverClipboard();
+  platform_.instance.release();
+}
+
+ActionServices::Ports Program::actionPorts() const {
+  return {platform_.workspace,     platform_.pasteboard, platform_.permissionService,
+          platform_.keyEvents,     platform_.windowList, platform_.frontProcess,
+          platform_.accessibility, platform_.spaces,     platform_.symbolicHotKeys,
+          platform_.mainQueue,     platform_.clock,      platform_.log};
+}
+
+PieMenuWindowController::Ports Program::ringPorts() const {
+  return {platform_.overlayPanels, platform_.screens,   platform_.pointer, platform_.haptics,
+          platform_.eventMonitors, platform_.mainQueue, platform_.clock};
+}
+
+PieMenuWindowController::Environment Program::ringEnvironment() {
+  return {.hapticFeedbackEnabled = [this] { return config_.current().hapticFeedbackEnabled; },
+          .displayTitle = [this](const PieMenuItem& item) { return titles_.title(item); }};
+}
+
+MenuSwitchboard::Services Program::switchboardServices() {
+  return {.mainQueue = platform_.mainQueue,
+          .random = platform_.random,
+          .environment = platform_.environment,
+          .workspace = platform_.workspace,
+          .eventMonitors = platform_.eventMonitors,
+          .windows = platform_.windows,
+          .config = config_,
+          .runningAppsMenuItems = runningAppsMenuItems_,
+          .appLauncher = actions_.appLauncher,
+          .subActions = platform_.subActions,
+          .pieMenuWindow = pieMenuWindow_,
+          .snippetHint = [this] { return snippetHint(localization_, platform_.pasteKeys); }};
+}
+
+AppDelegate::Services Program::delegateServices() {
+  return {.mainQueue = platform_.mainQueue,
+          .log = platform_.log,
+          .defaults = platform_.defaults,
+          .environment = platform_.environment,
+          .workspace = platform_.workspace,
+          .screens = platform_.screens,
+          .hotkeyService = platform_.hotkeyService,
+          .eventMonitors = platform_.eventMonitors,
+          .statusBar = platform_.statusBar,
+          .windows = platform_.windows,
+          .shell = platform_.shell,
+          .permissionService = platform_.permissionService,
+          .notifications = notifications_,
+          .config = config_,
+          .localization = localization_,
+          .permissions = permissions_.snapshot(),
+          .activationHistory = activationHistory_,
+          .switchboard = switchboard_,
+          .restoreNativeAppSwitcher = platform_.restoreNativeAppSwitcher,
+          .publishStatusItemProblem = [this](const auto& problem) { statusItemProblem_ = problem; }};
+}
+
+/// Of the first menu that its hotkey opens; empty when no hotkey opens one.
+std::string Program::firstHotkey() const {
+  const HotkeyManager* manager = delegate_.hotkeyManager();
+  const PieMenu* menu = manager == nullptr ? nullptr : firstMenuWithWorkingHotkey(config_.current().menus, *manager);
+  return menu == nullptr ? "" : displayString(menu->hotkey, localization_.language(), platform_.modifierNames);
+}
+
+WindowContents Program::windowContents() {
+  return {
+      .texts = [this] { return windowTexts(localization_, firstHotkey(), config_.configURL().string()); },
+      .onTextsChanged =
+          [this](std::function<void()> observer) {
+            return notifications_.addObserver(ConfigManager::configurationDidChange, std::move(observer));
+          },
+      .documentPath = config_.configURL().string(),
+      .openDocumentFolder = [this] { openDocumentFolder(); },
+      .language = [this] { return localization_.language(); },
+      .chooseLanguage =
+          [this](AppLanguage language) {
+            edits_.edit([language](PieConfiguration& document) { document.language = language; });
+          },
+      .quit = [this] { delegate_.quitApp(); },
+      .findings = [this] { return report_.findings(sessionFacts(), config_.current(), delegate_.hotkeyManager()); }};
+}
+
+SessionFacts Program::sessionFacts() const {
+  return {.isWayland = isWaylandSession(platform_.environment),
+          .showsStatusItem = !statusItemProblem_,
+          .canPressKeys = platform_.permissionService.isProcessTrusted(),
+          .trackpads = platform_.trackpads.access()};
+}
+
+SessionRequests Program::sessionRequests() {
+  return {.showSettings = [this] { delegate_.applicationShouldHandleReopen(false); },
+          .trigger = [this](std::string_view menuId) { return delegate_.trigger(menuId); }};
+}
+
+void Program::openDocumentFolder() { platform_.workspace.openUrl(fileUrl(config_.configURL().parent_path().string())); }
+
+}  // namespace rondora

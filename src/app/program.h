@@ -1,0 +1,86 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "app/action_services.h"
+#include "app/app_delegate.h"
+#include "app/item_titles.h"
+#include "app/menu_switchboard.h"
+#include "app/platform.h"
+#include "app/session_report.h"
+#include "base/notification_center.h"
+#include "icons/favicons.h"
+#include "localization/localization_store.h"
+#include "permissions/permissions_monitor.h"
+#include "running_apps/running_apps_activation_history.h"
+#include "running_apps/running_apps_menu_items.h"
+#include "settings/window_contents.h"
+#include "storage/config_manager.h"
+#include "storage/edit_session.h"
+
+namespace rondora {
+
+/// The whole program on any platform: makes the objects of the core and holds the rules that connect them. Creating it
+/// reads and repairs the document. Main thread.
+class Program {
+ public:
+  explicit Program(const Platform& platform);
+  Program(const Program&) = delete;
+  Program& operator=(const Program&) = delete;
+
+  void start();
+  /// Saves pending edits and gives back what was taken from the desktop and the session. Once, at the end.
+  void end();
+
+  /// For the shell's windows; callable after construction, valid as long as the program.
+  WindowContents windowContents();
+  /// For the rasterizer: the file with the picture of a web site; nothing while there is none.
+  std::optional<std::filesystem::path> sitePicture(std::string_view site) const { return favicons_.picture(site); }
+
+  AppDelegate& delegate() { return delegate_; }
+  MenuSwitchboard& switchboard() { return switchboard_; }
+  PieMenuWindowController& pieMenuWindow() { return pieMenuWindow_; }
+  ConfigManager& config() { return config_; }
+  EditSession& edits() { return edits_; }
+  const LocalizationStore& localization() const { return localization_; }
+  PermissionsMonitor& permissions() { return permissions_; }
+  const RunningAppsActivationHistory& activationHistory() const { return activationHistory_; }
+  const std::optional<std::string>& statusItemProblem() const { return statusItemProblem_; }
+
+ private:
+  ActionServices::Ports actionPorts() const;
+  PieMenuWindowController::Ports ringPorts() const;
+  PieMenuWindowController::Environment ringEnvironment();
+  MenuSwitchboard::Services switchboardServices();
+  AppDelegate::Services delegateServices();
+
+  std::string firstHotkey() const;
+  SessionFacts sessionFacts() const;
+  SessionRequests sessionRequests();
+  void openDocumentFolder();
+
+  Platform platform_;
+  NotificationCenter notifications_;
+  ConfigManager config_;
+  EditSession edits_;
+  LocalizationStore localization_;
+  Subscription interfaceLanguage_;
+  PermissionsMonitor permissions_;
+  RunningAppsActivationHistory activationHistory_;
+  RunningAppsMenuItems runningAppsMenuItems_;
+  ActionServices actions_;
+  ItemTitles titles_;
+  Favicons favicons_;
+  Subscription faviconPrefetch_;
+  SessionReport report_;
+  std::optional<std::string> statusItemProblem_;
+  PieMenuWindowController pieMenuWindow_;
+  MenuSwitchboard switchboard_;
+  AppDelegate delegate_;
+  Subscription installedApplications_;
+};
+
+}  // namespace rondora

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/windows.h"
+
+namespace rondora {
+
+/// The preview of a snippet: its text without white space around it, cut to a length that stays cheap to lay out.
+/// Nothing for a snippet without visible text.
+std::optional<SnippetPreview> snippetPreview(std::string_view snippet, std::string hint);
+
+}  // namespace rondora

@@ -1,0 +1,66 @@
+#include "app/trigger_sources.h"
+
+#include <utility>
+
+namespace rondora {
+
+TriggerSources::TriggerSources(const Services& services) : services_(services) {
+  trackpadGestureMonitor_.onTap = weakSelf_.bind([](TriggerSources& self, std::int64_t fingerCount) {
+    self.services_.switchboard.handleTrackpadGesture(fingerCount);
+  });
+}
+
+void TriggerSources::makeHotkeyManager() {
+  hotkeyManager_ = std::make_unique<HotkeyManager>(services_.hotkeyService, services_.log);
+  hotkeyManager_->onHotkeyPressed = onMainQueue(&MenuSwitchboard::handleHotkeyPressed);
+  hotkeyManager_->onHotkeyReleased = onMainQueue(&MenuSwitchboard::handleHotkeyReleased);
+  MenuSwitchboard& switchboard = services_.switchboard;
+  grabbedKeyRouter_ = std::make_unique<GrabbedKeyRouter>(
+      *hotkeyManager_,
+      GrabbedKeyRouter::Overlay{
+          [&switchboard](HotkeyManager::MenuIndices indices) { return switchboard.showsOneOf(indices); },
+          [&switchboard](const KeyEvent& event) { return switchboard.quickSelects(event); }});
+  grabbedKeyMonitor_ = services_.eventMonitors.addLocalMonitor(
+      kKeyDownAndKeyUpMask, weakSelf_.bind([](TriggerSources& self, const KeyEvent& event) {
+        return self.services_.switchboard.isMenuVisible() && self.grabbedKeyRouter_->offer(event);
+      }));
+}
+
+std::function<void(HotkeyManager::MenuIndices)> TriggerSources::onMainQueue(
+    void (MenuSwitchboard::*handle)(const MenuSwitchboard::Candidates&)) const {
+  auto handled = weakSelf_.bind([handle](TriggerSources& self, const MenuSwitchboard::Candidates& candidates) {
+    (self.services_.switchboard.*handle)(candidates);
+  });
+  return [&mainQueue = services_.mainQueue, handled = std::move(handled)](HotkeyManager::MenuIndices indices) {
+    mainQueue.async(
+        [handled, candidates = MenuSwitchboard::Candidates(indices.begin(), indices.end())] { handled(candidates); });
+  };
+}
+
+void TriggerSources::setUp() {
+  if (hotkeyManager_) {
+    hotkeyManager_->unregisterAll();
+  } else {
+    makeHotkeyManager();
+  }
+  hotkeyManager_->registerAll(services_.config.current().menus);
+  setUpTrackpadGesture();
+}
+
+void TriggerSources::setUpTrackpadGesture() {
+  std::set<std::int64_t> fingerCounts;
+  for (const auto& [fingerCount, menuIndex] : services_.config.current().trackpadGestureTargets()) {
+    fingerCounts.insert(fingerCount);
+  }
+  if (fingerCounts == activeTrackpadFingerCounts_) return;
+  activeTrackpadFingerCounts_ = fingerCounts;
+  if (fingerCounts.empty()) return trackpadGestureMonitor_.stop();
+  trackpadGestureMonitor_.start(std::move(fingerCounts));
+}
+
+void TriggerSources::tearDown() {
+  if (hotkeyManager_) hotkeyManager_->unregisterAll();
+  trackpadGestureMonitor_.stop();
+}
+
+}  // namespace rondora

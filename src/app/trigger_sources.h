@@ -1,0 +1,59 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <set>
+
+#include "app/menu_switchboard.h"
+#include "base/weak_self.h"
+#include "input/gestures/trackpad_gesture_monitor.h"
+#include "input/hotkeys/grabbed_key_router.h"
+#include "input/hotkeys/hotkey_manager.h"
+#include "platform/event_monitors.h"
+#include "platform/hotkey_service.h"
+#include "platform/log.h"
+#include "platform/main_queue.h"
+#include "storage/config_manager.h"
+
+namespace rondora {
+
+/// Hotkeys and trackpad taps of the document's menus, and the way of their triggers to the switchboard. Main thread.
+class TriggerSources {
+ public:
+  /// All outlive this.
+  struct Services {
+    MainQueue& mainQueue;
+    Log& log;
+    HotkeyService& hotkeyService;
+    EventMonitors& eventMonitors;
+    const ConfigManager& config;
+    MenuSwitchboard& switchboard;
+  };
+
+  explicit TriggerSources(const Services& services);
+
+  /// Registers the hotkeys of the present document and listens for its finger counts; what was registered before goes.
+  void setUp();
+  void tearDown();
+  /// Null before the first `setUp`.
+  const HotkeyManager* hotkeyManager() const { return hotkeyManager_.get(); }
+  TrackpadGestureMonitor& trackpadGestureMonitor() { return trackpadGestureMonitor_; }
+
+ private:
+  void makeHotkeyManager();
+  /// Wraps a trigger so that it is handled on a later turn of the main queue, from whatever thread it comes.
+  std::function<void(HotkeyManager::MenuIndices)> onMainQueue(
+      void (MenuSwitchboard::*handle)(const MenuSwitchboard::Candidates&)) const;
+  void setUpTrackpadGesture();
+
+  Services services_;
+  TrackpadGestureMonitor trackpadGestureMonitor_;
+  std::set<std::int64_t> activeTrackpadFingerCounts_;
+  std::unique_ptr<HotkeyManager> hotkeyManager_;
+  std::unique_ptr<GrabbedKeyRouter> grabbedKeyRouter_;
+  Subscription grabbedKeyMonitor_;
+  WeakSelf<TriggerSources> weakSelf_{this};
+};
+
+}  // namespace rondora

@@ -1,0 +1,38 @@
+#include "settings/window_texts.h"
+
+#include <utility>
+
+namespace rondora {
+
+WindowTexts windowTexts(const LocalizationStore& localization, std::string firstHotkey,
+                        const std::string& documentPath) {
+  const auto text = [&](StringKey key) { return std::string(localization.text(key)); };
+  return {.settingsTitle = text(StringKey::settingsTitle),
+          .settingsIntroduction = text(StringKey::onboardingWhatItIs),
+          .documentHeading = text(StringKey::settingsConfigurationFile),
+          .openFolder = text(StringKey::settingsOpenFolder),
+          .language = text(StringKey::settingsLanguage),
+          .copy = text(StringKey::settingsCopy),
+          .sessionHeading = text(StringKey::settingsSession),
+          .works = text(StringKey::sessionWorks),
+          .fails = text(StringKey::sessionFails),
+          .quit = text(StringKey::quit),
+          .close = text(StringKey::settingsClose),
+          .onboardingTitle = text(StringKey::onboardingTitle),
+          .onboardingHeadline = text(StringKey::onboardingGreeting),
+          .onboardingIntroduction = text(StringKey::onboardingWhatItIs),
+          .onboardingHowToOpen = localization.text(StringKey::onboardingHowToOpen, firstHotkey),
+          .onboardingHotkey = std::move(firstHotkey),
+          .onboardingHowToChoose = text(StringKey::onboardingHowToChoose),
+          .onboardingWhereItLives = localization.text(StringKey::onboardingConfigurationFile, documentPath),
+          .onboardingDone = text(StringKey::onboardingGetStarted)};
+}
+
+std::string snippetHint(const LocalizationStore& localization, std::string_view pasteKeys) {
+  constexpr std::string_view kKeysInText = "Command+V";
+  std::string hint(localization.text(StringKey::snippetHint));
+  if (const auto at = hint.find(kKeysInText); at != std::string::npos) hint.replace(at, kKeysInText.size(), pasteKeys);
+  return hint;
+}
+
+}  // namespace rondora

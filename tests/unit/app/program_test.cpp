@@ -1,0 +1,103 @@
+#include "app/program.h"
+
+#include <gmock/gmock.h>
+
+#include "permissions/app_relauncher.h"
+#include "unit/app/program.h"
+
+namespace rondora {
+namespace {
+
+using testing::ElementsAre;
+
+using RunningProgramTest = ProgramTest;
+
+TEST_F(RunningProgramTest, ChosenLanguageReachesDocumentMenusAndWindowsTogether) {
+  launchWith({menu("main", {49, kControlOption})});
+  WindowContents contents = program.windowContents();
+  const WindowTexts english = contents.texts();
+  EXPECT_EQ(english.onboardingHotkey, "Ctrl + Alt + Space");
+  EXPECT_NE(english.onboardingWhereItLives.find(contents.documentPath), std::string::npos);
+  int changes = 0;
+  const Subscription observer = contents.onTextsChanged([&] { ++changes; });
+
+  contents.chooseLanguage(AppLanguage::german);
+  EXPECT_EQ(contents.language(), AppLanguage::english) << "a choice is debounced like every edit";
+  desktop.time.advance(0.22);
+  EXPECT_EQ(changes, 1);
+  EXPECT_THAT(languages, ElementsAre(AppLanguage::english, AppLanguage::german));
+  const std::string settings(program.localization().text(StringKey::settings));
+  const auto& entries = desktop.statusBar.items.back()->description.menu;
+  EXPECT_NE(contents.texts().settingsTitle, english.settingsTitle);
+  EXPECT_EQ(entries.at(0).title, settings);
+  EXPECT_EQ(entries.at(2).title, program.localization().text(StringKey::quit));
+  EXPECT_EQ(desktop.shell.mainMenu.front().title, settings);
+}
+
+TEST_F(RunningProgramTest, EndSavesEditsReleasesKeysAndLeavesTheSession) {
+  PieMenu tapped = menu("tapped", {49, kControlOption});
+  tapped.trackpadFingerCount = 3;
+  launchWith({tapped});
+  EXPECT_TRUE(channel.served.trigger(tapped.id.string()));
+  instance.claim();
+  program.edits().edit([](PieConfiguration& document) { document.menus[0].name = "edited"; });
+  program.end();
+  EXPECT_EQ(program.config().current().menus[0].name, "edited");
+  EXPECT_EQ(desktop.keyboard.registrationCount(), 0U);
+  EXPECT_TRUE(program.delegate().triggers().trackpadGestureMonitor().fingerCounts().empty());
+  EXPECT_THAT(ending, ElementsAre("switcher", "clipboard"));
+  EXPECT_FALSE(channel.isHeld);
+}
+
+TEST_F(RunningProgramTest, PreviewNamesTheKeysThatPasteHere) {
+  launchWith({menu("plain", {kKKey, 0})});
+  press({kKKey});
+  pointAtSector(1);
+  EXPECT_NE(desktop.windows.previewHint.find("Ctrl+V"), std::string::npos);
+  EXPECT_EQ(desktop.windows.previewHint.find("Command"), std::string::npos);
+}
+
+TEST_F(RunningProgramTest, HapticsFollowTheDocument) {
+  for (const bool isOn : {true, false}) {
+    useMenus({menu("plain", {kKKey, 0})});
+    program.edits().edit([isOn](PieConfiguration& document) { document.hapticFeedbackEnabled = isOn; });
+    if (isOn) launch();
+    desktop.time.advance(1);
+    desktop.haptics.performed.clear();
+    press({kKKey});
+    program.pieMenuWindow().advanceRunningAppsSelection();
+    EXPECT_EQ(desktop.haptics.performed.empty(), !isOn);
+    press({Key::kEscapeKey});
+    release({kKKey, Key::kEscapeKey});
+  }
+}
+
+TEST_F(RunningProgramTest, DeliversTheReleaseOfAKeyThatWentUpBeforeTheMenuWasUp) {
+  launchWith({menu("main", {kKKey, 0})});
+  desktop.keyboard.press(kKKey);
+  program.config().save(program.config().current());
+  desktop.keyboard.release(kKKey);
+  desktop.time.runUntilIdle();
+  EXPECT_EQ(desktop.overlay.panels.size(), 1U);
+  EXPECT_FALSE(isMenuUp());
+}
+
+TEST_F(RunningProgramTest, RequestForNoMenuIsRefusedWithOneLine) {
+  launch();
+  const Uuid unknown = desktop.random.uuid();
+  EXPECT_FALSE(channel.served.trigger(unknown.string()));
+  EXPECT_FALSE(channel.served.trigger("chord\nerror: forged"));
+  EXPECT_THAT(desktop.log.lines,
+              ElementsAre(FakeLog::Line{LogLevel::error, "trigger skipped: no menu has the id " + unknown.string()},
+                          FakeLog::Line{LogLevel::error, "trigger skipped: this is no menu's id"}));
+}
+
+TEST_F(RunningProgramTest, RelaunchEndsThisInstanceOnceTheNewOneIsOpen) {
+  AppRelauncher(desktop.shell).relaunch();
+  EXPECT_EQ(desktop.shell.terminations, 0);
+  desktop.shell.openingInstance();
+  EXPECT_EQ(desktop.shell.terminations, 1);
+}
+
+}  // namespace
+}  // namespace rondora
