@@ -5,15 +5,17 @@
 #include <limits>
 #include <string>
 
+#include "platform/key_event.h"
+
 namespace rondora {
 namespace {
 
-constexpr double kLongestWait = 0.5;  // seconds
-constexpr double kKeyHold = 0.012;    // seconds
-constexpr double kNextLook = 0.02;    // seconds
+constexpr double kMaxWait = 0.5;        // seconds, for the target
+constexpr double kMaxRingWait = 3;      // seconds, for a ring to close
+constexpr double kKeyHold = 0.012;      // seconds
+constexpr double kPollInterval = 0.02;  // seconds
 
 constexpr std::uint64_t kNumericPadFlag = 0x200000;
-constexpr std::uint64_t kSecondaryFunctionFlag = 0x800000;
 
 // Left, right, down, up.
 constexpr std::array<std::int64_t, 4> kArrowKeyCodes = {123, 124, 125, 126};
@@ -27,11 +29,9 @@ bool contains(const std::array<std::int64_t, count>& codes, std::int64_t code) {
 
 }  // namespace
 
-std::uint64_t KeystrokeSender::eventFlags(std::int64_t keyCode, std::int64_t modifiers) {
-  const auto stored = static_cast<std::uint64_t>(modifiers);
-  if (contains(kArrowKeyCodes, keyCode)) return stored | kNumericPadFlag | kSecondaryFunctionFlag;
-  if (contains(kFunctionKeyCodes, keyCode)) return stored | kSecondaryFunctionFlag;
-  return stored;
+std::uint64_t KeystrokeSender::ownFlags(std::int64_t keyCode) {
+  if (contains(kArrowKeyCodes, keyCode)) return kNumericPadFlag | event_flags::kFunction;
+  return contains(kFunctionKeyCodes, keyCode) ? event_flags::kFunction : 0;
 }
 
 void KeystrokeSender::perform(std::int64_t keyCode, std::int64_t modifiers, std::optional<std::int32_t> targetPID) {
@@ -40,17 +40,31 @@ void KeystrokeSender::perform(std::int64_t keyCode, std::int64_t modifiers, std:
     ports_.log.error("keystroke skipped: Accessibility permission not granted");
     return;
   }
-  const WallTime deadline = ports_.clock.now() + kLongestWait;
-  ports_.whenFrontmost(targetPID, deadline, weak_.bind([keyCode, modifiers](KeystrokeSender& self) {
-    self.postWhenApplicationsAreReached(keyCode, modifiers);
+  const WallTime deadline = ports_.clock.now() + kMaxWait;
+  const Request request{keyCode, modifiers, targetPID};
+  ports_.whenFrontmost(targetPID, deadline, weakSelf_.bind([request](KeystrokeSender& self) {
+    if (self.ports_.keyEvents.reachesApplications()) return self.post(request.keyCode, request.modifiers);
+    self.waitForRing(request, {self.ports_.clock.uptime() + kMaxRingWait});
   }));
 }
 
-void KeystrokeSender::postWhenApplicationsAreReached(std::int64_t keyCode, std::int64_t modifiers) {
-  if (ports_.keyEvents.reachesApplications()) return post(keyCode, modifiers);
-  ports_.mainQueue.after(kNextLook, weak_.bind([keyCode, modifiers](KeystrokeSender& self) {
-    self.postWhenApplicationsAreReached(keyCode, modifiers);
-  }));
+// The ring may have brought another application to the front: only the target gets the key.
+void KeystrokeSender::waitForRing(const Request& request, RingWait wait) {
+  const bool isClosed = ports_.keyEvents.reachesApplications();
+  if (isClosed && isFrontmost(request.targetPID)) return post(request.keyCode, request.modifiers);
+  const double uptime = ports_.clock.uptime();
+  if (isClosed && !wait.ringWasClosed) wait = {std::min(wait.latestUptime, uptime + kMaxWait), true};
+  if (uptime >= wait.latestUptime) {
+    return ports_.log.error("keystroke skipped: a ring was open and the target was not frontmost after it");
+  }
+  ports_.mainQueue.after(kPollInterval,
+                         weakSelf_.bind([request, wait](KeystrokeSender& self) { self.waitForRing(request, wait); }));
+}
+
+bool KeystrokeSender::isFrontmost(std::optional<std::int32_t> pid) const {
+  if (!pid) return true;
+  const auto frontmost = ports_.workspace.frontmostApplication();
+  return frontmost && frontmost->processIdentifier == *pid;
 }
 
 void KeystrokeSender::post(std::int64_t keyCode, std::int64_t modifiers) {
@@ -71,7 +85,7 @@ void KeystrokeSender::post(std::int64_t keyCode, std::int64_t modifiers) {
 std::optional<SyntheticKeyEvent> KeystrokeSender::makeEvent(std::int64_t keyCode, std::int64_t modifiers, bool isDown) {
   if (keyCode < 0 || keyCode > std::numeric_limits<std::uint16_t>::max() || modifiers < 0) return std::nullopt;
   return ports_.keyEvents.makeKeyEvent(KeyEventSourceState::privateState, static_cast<std::uint16_t>(keyCode), isDown,
-                                       eventFlags(keyCode, modifiers));
+                                       {static_cast<std::uint64_t>(modifiers), ownFlags(keyCode)});
 }
 
 }  // namespace rondora

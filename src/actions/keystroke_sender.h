@@ -37,20 +37,38 @@ class KeystrokeSender {
 
   /// Waits up to half a second, without blocking, for the target to be frontmost, then types the key either way.
   /// Without a target it types at once. A key code and a mask of 0 stand for an empty recording: nothing is typed.
-  /// Where a menu that was opened meanwhile would take the key, it goes out when that is closed.
+  /// While a ring is open the key would go to the ring. It then waits up to three seconds for the ring to close, and
+  /// after that up to half a second for the target; a key that cannot go to its target by then is dropped and logged.
   void perform(std::int64_t keyCode, std::int64_t modifiers, std::optional<std::int32_t> targetPID);
-  /// Types the key at once: down, 12 ms, up. A key code that no key has, or a negative mask, types nothing.
+  /// Types the key at once: down, 12 ms, up. Types nothing when the keyboard lacks the key or one of the modifiers, or
+  /// when the mask is negative.
   void post(std::int64_t keyCode, std::int64_t modifiers);
 
-  /// The stored mask (event flags) with the bits that keyboards set by themselves for arrows and navigation keys.
-  static std::uint64_t eventFlags(std::int64_t keyCode, std::int64_t modifiers);
+  /// The bits that keyboards set by themselves in the events of arrows and navigation keys.
+  static std::uint64_t ownFlags(std::int64_t keyCode);
+  /// The stored mask (event flags) with the key's own bits.
+  static std::uint64_t eventFlags(std::int64_t keyCode, std::int64_t modifiers) {
+    return static_cast<std::uint64_t>(modifiers) | ownFlags(keyCode);
+  }
 
  private:
-  void postWhenApplicationsAreReached(std::int64_t keyCode, std::int64_t modifiers);
+  struct Request {
+    std::int64_t keyCode = 0;
+    std::int64_t modifiers = 0;
+    std::optional<std::int32_t> targetPID;
+  };
+
+  struct RingWait {
+    double latestUptime = 0;
+    bool ringWasClosed = false;
+  };
+
+  void waitForRing(const Request& request, RingWait wait);
+  bool isFrontmost(std::optional<std::int32_t> pid) const;
   std::optional<SyntheticKeyEvent> makeEvent(std::int64_t keyCode, std::int64_t modifiers, bool isDown);
 
   Ports ports_;
-  WeakSelf<KeystrokeSender> weak_{this};
+  WeakSelf<KeystrokeSender> weakSelf_{this};
 };
 
 }  // namespace rondora

@@ -5,18 +5,30 @@
 
 namespace rondora {
 
-/// Whose modifiers a synthetic event is seen with by other sources: nobody's, or the keyboard's.
+/// The modifier state that a synthetic event takes part in: a private one, or the hardware keyboard's.
 enum class KeyEventSourceState { privateState, hidSystemState };
-/// Where an event enters the system: as if the session had made it, or as if the hardware had.
+/// Where an event enters the system: at the login session or at the hardware.
 enum class KeyEventTap { session, hid };
+
+/// Event flags (platform/key_event.h) of a key event, by their origin.
+struct KeyFlags {
+  /// What the user would hold.
+  std::uint64_t modifiers = 0;
+  /// What a keyboard sets by itself for this key (arrows, navigation keys).
+  std::uint64_t own = 0;
+
+  std::uint64_t all() const { return modifiers | own; }
+};
 
 /// A key event made ready to be posted.
 struct SyntheticKeyEvent {
   KeyEventSourceState source = KeyEventSourceState::privateState;
   std::uint16_t keyCode = 0;
   bool isDown = false;
-  /// Event flags (platform/key_event.h): the exact modifiers that the receiver is to see.
+  /// Event flags: the exact modifiers that the receiver sees.
   std::uint64_t flags = 0;
+  /// The backend's own code of the key.
+  std::uint16_t nativeKeyCode = 0;
 
   friend bool operator==(const SyntheticKeyEvent&, const SyntheticKeyEvent&) = default;
 };
@@ -29,7 +41,7 @@ class KeyEventPoster {
 
   /// An event with these flags; nothing when the keyboard has no such key, or no key for one of the modifiers.
   virtual std::optional<SyntheticKeyEvent> makeKeyEvent(KeyEventSourceState source, std::uint16_t keyCode, bool isDown,
-                                                        std::uint64_t flags) = 0;
+                                                        const KeyFlags& flags) = 0;
   /// False while our own overlay would take what is typed.
   virtual bool reachesApplications() const = 0;
   /// Keys that the user holds stay as they are for the user: neither do they change what the receiver sees, nor are

@@ -11,15 +11,19 @@ constexpr double kPollInterval = 0.02;  // seconds
 }  // namespace
 
 void FrontmostAppWaiter::poll(std::optional<std::int32_t> pid, WallTime deadline, std::function<void()> then) {
-  if (!pid || isFrontmost(*pid)) return then();
-  if (clock_.now() < deadline) {
-    mainQueue_.after(kPollInterval, weak_.bind([pid, deadline, then = std::move(then)](FrontmostAppWaiter& self) {
-      self.poll(pid, deadline, then);
-    }));
+  if (!pid) return then();
+  pollUntil({*pid, deadline, clock_.uptime() + (deadline - clock_.now()), std::move(then)});
+}
+
+void FrontmostAppWaiter::pollUntil(Wait wait) {
+  if (isFrontmost(wait.pid)) return wait.then();
+  if (clock_.now() < wait.deadline && clock_.uptime() < wait.latestUptime) {
+    mainQueue_.after(kPollInterval,
+                     weakSelf_.bind([wait = std::move(wait)](FrontmostAppWaiter& self) { self.pollUntil(wait); }));
     return;
   }
-  log_.standard("target pid " + std::to_string(*pid) + " not frontmost in time, acting anyway");
-  then();
+  log_.standard("target pid " + std::to_string(wait.pid) + " not frontmost in time, acting anyway");
+  wait.then();
 }
 
 bool FrontmostAppWaiter::isFrontmost(std::int32_t pid) const {

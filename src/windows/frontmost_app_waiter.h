@@ -19,17 +19,26 @@ class FrontmostAppWaiter {
       : workspace_(workspace), mainQueue_(mainQueue), clock_(clock), log_(log) {}
 
   /// Runs `then` once: at once when `pid` is absent or already frontmost, else as soon as a later look finds it so, or
-  /// when `deadline` has passed. Polls are independent of each other and only the waiter's own end cancels them.
+  /// when `deadline` has passed. A wall clock that is set back does not prolong the wait. Polls are independent of each
+  /// other; only destroying the waiter cancels them.
   void poll(std::optional<std::int32_t> pid, WallTime deadline, std::function<void()> then);
 
  private:
+  struct Wait {
+    std::int32_t pid = 0;
+    WallTime deadline = 0;
+    double latestUptime = 0;
+    std::function<void()> then;
+  };
+
+  void pollUntil(Wait wait);
   bool isFrontmost(std::int32_t pid) const;
 
   Workspace& workspace_;
   MainQueue& mainQueue_;
   Clock& clock_;
   Log& log_;
-  WeakSelf<FrontmostAppWaiter> weak_{this};
+  WeakSelf<FrontmostAppWaiter> weakSelf_{this};
 };
 
 }  // namespace rondora

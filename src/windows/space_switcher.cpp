@@ -52,7 +52,8 @@ void SpaceSwitcher::press(const KeyCombination& key) {
 }
 
 void SpaceSwitcher::post(const KeyCombination& key, bool isDown) {
-  const auto event = ports_.keyEvents.makeKeyEvent(KeyEventSourceState::hidSystemState, key.keyCode, isDown, key.flags);
+  const auto event =
+      ports_.keyEvents.makeKeyEvent(KeyEventSourceState::hidSystemState, key.keyCode, isDown, {key.flags});
   if (event) ports_.keyEvents.post(*event, KeyEventTap::hid);
 }
 

@@ -20,9 +20,9 @@ class FakeKeyEvents final : public KeyEventPoster {
   explicit FakeKeyEvents(const Clock& clock) : clock_(clock) {}
 
   std::optional<SyntheticKeyEvent> makeKeyEvent(KeyEventSourceState source, std::uint16_t keyCode, bool isDown,
-                                                std::uint64_t flags) override {
-    if (missingKeys.contains(keyCode)) return std::nullopt;
-    return SyntheticKeyEvent{source, keyCode, isDown, flags};
+                                                const KeyFlags& flags) override {
+    if (missingKeys.contains(keyCode) || (flags.modifiers & missingModifiers) != 0) return std::nullopt;
+    return SyntheticKeyEvent{source, keyCode, isDown, flags.all()};
   }
   bool reachesApplications() const override { return !isTakenByOverlay; }
   void post(const SyntheticKeyEvent& event, KeyEventTap tap) override {
@@ -30,6 +30,8 @@ class FakeKeyEvents final : public KeyEventPoster {
   }
 
   std::set<std::uint16_t> missingKeys;
+  /// Event flags of modifiers that the keyboard lacks.
+  std::uint64_t missingModifiers = 0;
   bool isTakenByOverlay = false;
   std::vector<Posted> posted;
 

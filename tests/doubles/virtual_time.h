@@ -25,8 +25,10 @@ class VirtualTime final : public MainQueue, public Clock {
     return cancelling(schedule(interval, std::move(work), interval));
   }
 
-  WallTime now() const override { return kStart + elapsed_; }
+  WallTime now() const override { return kStart + elapsed_ - setBack_; }
   double uptime() const override { return kUptimeAtStart + elapsed_; }
+  /// The user sets the wall clock back.
+  void setWallClockBack(double seconds) { setBack_ += seconds; }
   /// Advances the time without running due work: the main thread is blocked.
   void sleep(double seconds) override { elapsed_ += seconds; }
 
@@ -88,6 +90,7 @@ class VirtualTime final : public MainQueue, public Clock {
   }
 
   double elapsed_ = 0;
+  double setBack_ = 0;
   std::uint64_t lastSequence_ = 0;
   /// By due time, then by order of arrival.
   std::map<std::pair<double, std::uint64_t>, Ref> schedule_;

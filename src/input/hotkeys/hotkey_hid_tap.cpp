@@ -37,6 +37,7 @@ void HotkeyHIDTap::start(const std::vector<PieMenu>& menus) {
   for (std::size_t i = 0; i < menus.size(); ++i) {
     if (needsTap(menus[i])) bind(menus[i].hotkey, static_cast<std::uint32_t>(i));
   }
+  if (!hasPort()) return;
   claimsCommandTab_ = hasBinding(kCommandTab);
   claimsCommandShiftTab_ = hasBinding(kCommandShiftTab);
 }

@@ -82,20 +82,61 @@ TEST_F(KeystrokeSenderTest, WaitsForTheTargetWhoeverElseIsWaitedForAndTypesAnywa
   EXPECT_EQ(posted.size(), 4U);
 }
 
-TEST_F(KeystrokeSenderTest, AnOverlayThatWouldTakeTheKeyIsWaitedFor) {
+/// A ring opens before the key is due, and after a second something else happens.
+struct RingCase {
+  const char* name;
+  bool closes;
+  bool leavesTarget;
+  bool returnsInTime;
+  bool isTyped;
+};
+class RingBeforeKeystrokeTest : public KeystrokeSenderTest, public testing::WithParamInterface<RingCase> {};
+
+TEST_P(RingBeforeKeystrokeTest, TypesIntoTheTargetOrNowhere) {
+  const auto editor = desktop_.workspace.start("editor");
   desktop_.keyEvents.isTakenByOverlay = true;
-  sender_.perform(8, kCommand, std::nullopt);
-  desktop_.time.advance(10);
+  sender_.perform(8, kCommand, editor.processIdentifier);
+  desktop_.time.setWallClockBack(3600);
+  desktop_.time.advance(1);
   EXPECT_THAT(desktop_.keyEvents.posted, IsEmpty());
+  desktop_.keyEvents.isTakenByOverlay = !GetParam().closes;
+  if (GetParam().leavesTarget) desktop_.workspace.start("terminal");
+  desktop_.time.advance(0.3);
+  if (GetParam().returnsInTime) desktop_.workspace.bringForward(editor.processIdentifier);
+  desktop_.time.advance(2);
   desktop_.keyEvents.isTakenByOverlay = false;
-  desktop_.time.advance(0.021);
+  desktop_.workspace.bringForward(editor.processIdentifier);
+  desktop_.time.advance(3);
+  EXPECT_EQ(desktop_.keyEvents.posted.size(), GetParam().isTyped ? 2U : 0U);
+  EXPECT_EQ(desktop_.time.pendingCount(), 0U);
+}
+
+INSTANTIATE_TEST_SUITE_P(Cases, RingBeforeKeystrokeTest,
+                         testing::Values(RingCase{"Closes", true, false, false, true},
+                                         RingCase{"StaysOpen", false, false, false, false},
+                                         RingCase{"LaunchesAnother", true, true, false, false},
+                                         RingCase{"ReturnsInTime", true, true, true, true}),
+                         [](const auto& test) { return test.param.name; });
+
+TEST_F(KeystrokeSenderTest, WallClockSetBackDoesNotProlongTheWait) {
+  sender_.perform(8, kCommand, 4711);
+  desktop_.time.setWallClockBack(3600);
+  desktop_.time.advance(0.6);
   EXPECT_EQ(desktop_.keyEvents.posted.size(), 2U);
 }
 
 TEST_F(KeystrokeSenderTest, AKeyThatCannotBeMadeIsLoggedAndTypesNothing) {
   desktop_.keyEvents.missingKeys = {200};
-  const std::pair<std::int64_t, std::int64_t> keystrokes[] = {
-      {200, 0}, {-1, 0}, {65536, kCommand}, {8, -1}, {std::numeric_limits<std::int64_t>::min(), 0}};
+  desktop_.keyEvents.missingModifiers = event_flags::kFunction;
+  sender_.perform(123, 0, std::nullopt);
+  EXPECT_EQ(std::exchange(desktop_.keyEvents.posted, {}).size(), 2U) << "the bit of an arrow key is not a held Fn";
+  const std::pair<std::int64_t, std::int64_t> keystrokes[] = {{8, 0x800000},
+                                                              {123, 0x800000},
+                                                              {200, 0},
+                                                              {-1, 0},
+                                                              {65536, kCommand},
+                                                              {8, -1},
+                                                              {std::numeric_limits<std::int64_t>::min(), 0}};
   for (const auto& [key, modifiers] : keystrokes) {
     sender_.perform(key, modifiers, std::nullopt);
     EXPECT_EQ(desktop_.log.lines.back(),

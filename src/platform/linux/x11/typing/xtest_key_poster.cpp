@@ -42,20 +42,20 @@ void XTestKeyPoster::readKeymap() {
 }
 
 std::optional<SyntheticKeyEvent> XTestKeyPoster::makeKeyEvent(KeyEventSourceState source, std::uint16_t keyCode,
-                                                              bool isDown, std::uint64_t flags) {
+                                                              bool isDown, const KeyFlags& flags) {
   const auto key = xKeyCodeForSending(keyCode);
   if (!available() || !key || !modifierKeys_->known[*key]) return std::nullopt;
-  if (!modifierKeys_->canSet(modifiersOf(flags))) return std::nullopt;
-  return SyntheticKeyEvent{source, keyCode, isDown, flags};
+  const bool needsFn = (flags.modifiers & event_flags::kFunction) != 0;  // X11 never sees the Fn key
+  if (needsFn || !modifierKeys_->canSet(modifiersOf(flags.modifiers))) return std::nullopt;
+  return SyntheticKeyEvent{source, keyCode, isDown, flags.all(), *key};
 }
 
 void XTestKeyPoster::post(const SyntheticKeyEvent& event, KeyEventTap /*tap*/) {
-  const auto key = xKeyCodeForSending(event.keyCode);
-  if (!key || !available()) return;
   if (event.isDown) {
     const int locked = (event.flags & kAlphaShift) != 0 ? XCB_MOD_MASK_LOCK : 0;
     heldKeys_.freeHeldKeys();
-    typing_.down(modifierKeys_, {*key, modifiersOf(event.flags), static_cast<std::uint8_t>(locked)});
+    typing_.down(modifierKeys_, {static_cast<xcb_keycode_t>(event.nativeKeyCode), modifiersOf(event.flags),
+                                 static_cast<std::uint8_t>(locked)});
   } else {
     typing_.up();
     if (typing_.isHolding()) followUser();

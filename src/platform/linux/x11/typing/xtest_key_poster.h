@@ -26,7 +26,7 @@ class XTestKeyPoster final : public KeyEventPoster {
   bool available() const { return keyboard_.available(); }
 
   std::optional<SyntheticKeyEvent> makeKeyEvent(KeyEventSourceState source, std::uint16_t keyCode, bool isDown,
-                                                std::uint64_t flags) override;
+                                                const KeyFlags& flags) override;
   bool reachesApplications() const override { return !heldKeys_.overlayHasKeyboard(); }
   void post(const SyntheticKeyEvent& event, KeyEventTap tap) override;
 
