@@ -5,6 +5,7 @@
 #include <limits>
 #include <string>
 
+#include "base/trace.h"
 #include "platform/key_event.h"
 
 namespace rondora {
@@ -44,6 +45,7 @@ void KeystrokeSender::perform(std::int64_t keyCode, std::int64_t modifiers, std:
   const Request request{keyCode, modifiers, targetPID};
   ports_.whenFrontmost(targetPID, deadline, weakSelf_.bind([request](KeystrokeSender& self) {
     if (self.ports_.keyEvents.reachesApplications()) return self.post(request.keyCode, request.modifiers);
+    trace::line("keystroke: key ", request.keyCode, " waits for the open ring");
     self.waitForRing(request, {self.ports_.clock.uptime() + kMaxRingWait});
   }));
 }

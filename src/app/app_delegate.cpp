@@ -26,7 +26,6 @@ AppDelegate::AppDelegate(const Services& services)
       triggers_({.mainQueue = services.mainQueue,
                  .log = services.log,
                  .hotkeyService = services.hotkeyService,
-                 .eventMonitors = services.eventMonitors,
                  .config = services.config,
                  .switchboard = services.switchboard}) {
   statusMenu_ = std::make_unique<StatusMenu>(

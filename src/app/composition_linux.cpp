@@ -106,11 +106,11 @@ struct CompositionLinux::Running {
   QtNativeEvents events;
   x11::X11Keymap keymap{connection, mainQueue};
   x11::RawKeyReleases rawKeyReleases{connection};
-  x11::X11KeyStream keyboard{connection, rawKeyReleases, mainQueue};
-  x11::X11HotkeyService hotkeys{connection, keymap, keyboard};
-  x11::X11EventMonitors eventMonitors{keymap, keyboard};
-  x11::X11InputGrab inputGrab{connection, keyboard, mainQueue};
-  x11::X11Pointer pointer{connection, inputGrab};
+  x11::X11KeyStream keys{connection, keymap, rawKeyReleases, mainQueue};
+  x11::X11HotkeyService hotkeys{connection, keymap, keys};
+  x11::X11EventMonitors eventMonitors{keymap, keys};
+  x11::X11InputGrab inputGrab{connection, keys, mainQueue};
+  x11::X11Pointer pointer{connection, keys, inputGrab};
   x11::X11Screens screens{connection, mainQueue};
   desktop::InstalledApplications installed{environment};
   x11::X11ClientWindows clientWindows{connection};
@@ -121,7 +121,7 @@ struct CompositionLinux::Running {
   QtPictureRasterizer rasterizer{applicationIcons, [this](std::string_view site) { return program.sitePicture(site); }};
   x11::X11OverlayPanels overlayPanels{connection, inputGrab, rasterizer};
   desktop::NoHaptics haptics;
-  x11::XTestKeyPoster keyPoster{connection, keymap, keyboard, rawKeyReleases};
+  x11::XTestKeyPoster keyPoster{connection, keymap, keys, rawKeyReleases};
   x11::WindowOwners windowOwners;
   x11::X11WindowList windowList{connection, clientWindows, workspace, windowOwners};
   x11::X11FrontProcess frontProcess{connection, clientWindows, workspace, windowOwners};

@@ -8,9 +8,12 @@
 #include <cstdio>
 #include <cstdlib>
 #include <optional>
+#include <string>
+#include <string_view>
 #include <utility>
 
 #include "app/composition_linux.h"
+#include "base/trace.h"
 #include "platform/linux/desktop/journal_log.h"
 #include "platform/linux/x11/typing/synthetic_key_guard.h"
 #include "platform/qt/qt_messages.h"
@@ -97,6 +100,12 @@ int run(int argc, char** argv, int endSignals, rondora::Log& log) {
   return status;
 }
 
+void beginTraceIfAsked(rondora::Log& log) {
+  const char* wish = std::getenv("RONDORA_TRACE");
+  if (wish == nullptr || std::string_view(wish) != "1") return;
+  rondora::trace::begin([&log](const std::string& line) { log.standard(line); });
+}
+
 /// Replaces the process by a new instance. Returns on failure.
 void becomeNewInstance(char** argv) {
   sigset_t signals;
@@ -111,6 +120,7 @@ void becomeNewInstance(char** argv) {
 int main(int argc, char** argv) {
   const rondora::x11::SyntheticKeyGuard guard;
   rondora::desktop::JournalLog log;
+  beginTraceIfAsked(log);
   CompositionLinux::runLegacyMigration(log);
   if (!canReachDisplay()) {
     std::fputs("rondora: no X server can be reached; set DISPLAY\n", stderr);

@@ -15,15 +15,9 @@ void TriggerSources::makeHotkeyManager() {
   hotkeyManager_->onHotkeyPressed = onMainQueue(&MenuSwitchboard::handleHotkeyPressed);
   hotkeyManager_->onHotkeyReleased = onMainQueue(&MenuSwitchboard::handleHotkeyReleased);
   MenuSwitchboard& switchboard = services_.switchboard;
-  grabbedKeyRouter_ = std::make_unique<GrabbedKeyRouter>(
-      *hotkeyManager_,
-      GrabbedKeyRouter::Overlay{
-          [&switchboard](HotkeyManager::MenuIndices indices) { return switchboard.showsOneOf(indices); },
-          [&switchboard](const KeyEvent& event) { return switchboard.quickSelects(event); }});
-  grabbedKeyMonitor_ = services_.eventMonitors.addLocalMonitor(
-      kKeyDownAndKeyUpMask, weakSelf_.bind([](TriggerSources& self, const KeyEvent& event) {
-        return self.services_.switchboard.isMenuVisible() && self.grabbedKeyRouter_->offer(event);
-      }));
+  hotkeyManager_->followRing(
+      {[&switchboard](HotkeyManager::MenuIndices indices) { return switchboard.showsOneOf(indices); },
+       [&switchboard](const KeyEvent& event) { return switchboard.quickSelects(event); }});
 }
 
 std::function<void(HotkeyManager::MenuIndices)> TriggerSources::onMainQueue(

@@ -8,9 +8,7 @@
 #include "app/menu_switchboard.h"
 #include "base/weak_self.h"
 #include "input/gestures/trackpad_gesture_monitor.h"
-#include "input/hotkeys/grabbed_key_router.h"
 #include "input/hotkeys/hotkey_manager.h"
-#include "platform/event_monitors.h"
 #include "platform/hotkey_service.h"
 #include "platform/log.h"
 #include "platform/main_queue.h"
@@ -26,7 +24,6 @@ class TriggerSources {
     MainQueue& mainQueue;
     Log& log;
     HotkeyService& hotkeyService;
-    EventMonitors& eventMonitors;
     const ConfigManager& config;
     MenuSwitchboard& switchboard;
   };
@@ -51,8 +48,6 @@ class TriggerSources {
   TrackpadGestureMonitor trackpadGestureMonitor_;
   std::set<std::int64_t> activeTrackpadFingerCounts_;
   std::unique_ptr<HotkeyManager> hotkeyManager_;
-  std::unique_ptr<GrabbedKeyRouter> grabbedKeyRouter_;
-  Subscription grabbedKeyMonitor_;
   WeakSelf<TriggerSources> weakSelf_{this};
 };
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <algorithm>
-#include <cstdint>
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <utility>
@@ -33,36 +33,85 @@ class Subscription {
   std::function<void()> cancel_;
 };
 
-/// A list of callbacks that survives subscribing and unsubscribing during a call, and its own end. Single-threaded.
+/// Callbacks in the order in which they were added. They may add and remove callbacks, and destroy the list, during a
+/// walk; a callback added during a walk is not part of it. A walk allocates nothing. Single-threaded.
+template <class Callback>
+class CallbackTable {
+ public:
+  [[nodiscard]] Subscription add(Callback callback) const {
+    auto entry = std::make_shared<Callback>(std::move(callback));
+    state_->entries.push_back(entry);
+    return Subscription([weak = std::weak_ptr<State>(state_), entry = std::weak_ptr<Callback>(entry)] {
+      if (const auto state = weak.lock()) state->remove(entry.lock());
+    });
+  }
+
+  /// Ends when `visit` returns true, and returns that.
+  template <class Visit>
+  bool walk(Visit visit) const {
+    const auto state = state_;
+    ++state->walks;
+    bool isDone = false;
+    const std::size_t count = state->entries.size();
+    for (std::size_t i = 0; i < count && !isDone; ++i) {
+      const std::shared_ptr<Callback> entry = state->entries[i];
+      isDone = entry && visit(*entry);
+    }
+    if (--state->walks == 0) std::erase(state->entries, nullptr);
+    return isDone;
+  }
+
+  std::size_t size() const { return state_->entries.size(); }
+
+ private:
+  struct State {
+    std::vector<std::shared_ptr<Callback>> entries;
+    int walks = 0;
+
+    // A walk goes by index: leave a gap then.
+    void remove(const std::shared_ptr<Callback>& entry) {
+      std::replace(entries.begin(), entries.end(), entry, std::shared_ptr<Callback>());
+      if (walks == 0) std::erase(entries, nullptr);
+    }
+  };
+  std::shared_ptr<State> state_ = std::make_shared<State>();
+};
+
+/// Observers of an event. See CallbackTable.
 template <class... Args>
 class Signal {
  public:
   using Slot = std::function<void(Args...)>;
 
-  [[nodiscard]] Subscription subscribe(Slot slot) const {
-    const std::uint64_t id = ++state_->lastId;
-    state_->slots.emplace_back(id, std::make_shared<Slot>(std::move(slot)));
-    return Subscription([weak = std::weak_ptr<State>(state_), id] {
-      if (auto state = weak.lock()) std::erase_if(state->slots, [id](const auto& entry) { return entry.first == id; });
+  [[nodiscard]] Subscription subscribe(Slot slot) const { return slots_.add(std::move(slot)); }
+  void send(Args... args) const {
+    slots_.walk([&](const Slot& slot) {
+      slot(args...);
+      return false;
     });
   }
-
-  void send(Args... args) const {
-    const auto state = state_;
-    const auto slots = state->slots;
-    for (const auto& [id, slot] : slots) {
-      const bool stillThere = std::any_of(state->slots.begin(), state->slots.end(),
-                                          [id = id](const auto& entry) { return entry.first == id; });
-      if (stillThere) (*slot)(args...);
-    }
-  }
+  std::size_t size() const { return slots_.size(); }
 
  private:
-  struct State {
-    std::uint64_t lastId = 0;
-    std::vector<std::pair<std::uint64_t, std::shared_ptr<Slot>>> slots;
-  };
-  std::shared_ptr<State> state_ = std::make_shared<State>();
+  CallbackTable<Slot> slots_;
+};
+
+/// Callbacks each of which may consume what it is offered; later ones then do not receive it. See CallbackTable.
+template <class... Args>
+class CallbackList {
+ public:
+  /// Returns true when it consumed the event.
+  using Callback = std::function<bool(Args...)>;
+
+  [[nodiscard]] Subscription add(Callback callback) { return callbacks_.add(std::move(callback)); }
+  bool offer(Args... args) const {
+    return callbacks_.walk([&](const Callback& callback) { return callback(args...); });
+  }
+  bool isEmpty() const { return callbacks_.size() == 0; }
+  std::size_t size() const { return callbacks_.size(); }
+
+ private:
+  CallbackTable<Callback> callbacks_;
 };
 
 /// A current-value publisher: a subscriber gets the present value at once and every later one.

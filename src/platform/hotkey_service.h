@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "base/observable.h"
+#include "platform/key_event.h"
 
 namespace rondora {
 
@@ -24,28 +25,32 @@ struct HotKeyEvent {
   EventHotKeyID id;
 };
 
-/// System-wide hot keys. Modifiers match exactly, whatever Caps Lock and Num Lock do; a press is reported once however
-/// long the key is held, a release when the key itself goes up, also when the combination was registered anew
-/// meanwhile. While the program's overlay holds the keyboard nothing is reported but hot keys whose key is itself a
-/// modifier: all other keys, releases of reported presses included, are then key events (platform/event_monitors.h); a
-/// release that comes when the overlay is gone is reported, wherever the press was. Main thread.
+/// System-wide hot keys, also while the program's overlay holds the keyboard. Modifiers match exactly; Caps Lock and
+/// Num Lock do not count. Each physical press is reported once, its release when the key itself goes up, also when the
+/// combination was registered again meanwhile. The event monitors (platform/event_monitors.h) receive neither a
+/// reported press, its repeats and its release, nor any repeat of a registered combination. Main thread.
 class HotkeyService {
  public:
-  /// Receives nothing when the event carries no event data. Returns 0 when handled.
+  /// Receives null when the event carries no data. Returns 0 when handled.
   using Handler = std::function<int(const HotKeyEvent*)>;
+
+  /// True when a press that makes a hot key while the overlay holds the keyboard is the overlay's key event instead.
+  using OverlayRule = std::function<bool(const KeyEvent& press, const EventHotKeyID& id)>;
 
   virtual ~HotkeyService() = default;
 
   /// `keyCode` is a virtual key code, `carbonModifiers` a Carbon mask. The registration lives as long as the result;
-  /// nothing when another program owns the combination, or the key does not exist here.
+  /// nothing when another program owns the combination, or the keyboard lacks the key or a modifier.
   [[nodiscard]] virtual std::optional<Subscription> registerEventHotKey(std::uint32_t keyCode,
                                                                         std::uint32_t carbonModifiers,
                                                                         EventHotKeyID id) = 0;
-  /// Calls back after the keyboard has put its modifiers elsewhere: on the way a live registration may have been lost
-  /// to another program, and one that was refused may be possible now. Who registered should do it anew.
+  /// Calls back after the modifier map changed: another program may have taken a live registration, and a refused one
+  /// may now be possible. Register again.
   [[nodiscard]] virtual Subscription onModifiersMoved(std::function<void()> observer) = 0;
   /// The handler is called synchronously from the event loop.
   [[nodiscard]] virtual Subscription installEventHandler(Handler handler) = 0;
+  /// Only a platform whose overlay takes the keys of hot keys too applies the rule.
+  virtual void setOverlayRule(OverlayRule /*rule*/) {}
 };
 
 }  // namespace rondora

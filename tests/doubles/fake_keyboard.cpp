@@ -20,19 +20,14 @@ std::uint64_t modifierFlag(std::uint16_t keyCode) {
 
 }  // namespace
 
-template <class T>
-Subscription FakeKeyboard::add(const Table<T>& table, T value) {
-  const std::uint64_t id = ++lastId_;
-  table->emplace(id, std::move(value));
-  return Subscription([weak = std::weak_ptr(table), id] {
-    if (const auto found = weak.lock()) found->erase(id);
-  });
-}
-
 std::optional<Subscription> FakeKeyboard::registerEventHotKey(std::uint32_t keyCode, std::uint32_t carbonModifiers,
                                                               EventHotKeyID id) {
   if (foreignOwners.contains({keyCode, carbonModifiers}) || isRegistered(keyCode, carbonModifiers)) return std::nullopt;
-  return add(registrations_, Registration{keyCode, carbonModifiers, id});
+  const std::uint64_t number = ++lastRegistration_;
+  registrations_->emplace(number, Registration{keyCode, carbonModifiers, id});
+  return Subscription([weak = std::weak_ptr(registrations_), number] {
+    if (const auto registrations = weak.lock()) registrations->erase(number);
+  });
 }
 
 Subscription FakeKeyboard::onModifiersMoved(std::function<void()> observer) {
@@ -40,16 +35,19 @@ Subscription FakeKeyboard::onModifiersMoved(std::function<void()> observer) {
 }
 
 Subscription FakeKeyboard::installEventHandler(HotkeyService::Handler handler) {
-  return add(handlers_, std::move(handler));
+  return handlers_.subscribe(
+      [handler = std::move(handler)](const HotKeyEvent* event, int& status) { status = handler(event); });
 }
 
 Subscription FakeKeyboard::addLocalMonitor(std::uint32_t eventMask, EventMonitors::Handler handler) {
-  return add(monitors_, Monitor{eventMask, std::move(handler)});
+  return monitors_.add([eventMask, handler = std::move(handler)](std::uint32_t mask, const KeyEvent& event) {
+    return (eventMask & mask) != 0 && handler(event);
+  });
 }
 
 std::uint64_t FakeKeyboard::currentModifierFlags() const {
   std::uint64_t flags = 0;
-  for (const std::uint16_t keyCode : held_) flags |= modifierFlag(keyCode);
+  for (const auto& [keyCode, hotKey] : held_) flags |= modifierFlag(keyCode);
   return flags;
 }
 
@@ -65,15 +63,12 @@ KeyEvent FakeKeyboard::event(KeyEventType type, std::uint16_t keyCode) const {
 
 void FakeKeyboard::deliverToMonitors(const KeyEvent& event) const {
   const std::uint32_t mask = event.type == KeyEventType::flagsChanged ? kFlagsChangedMask : kKeyDownAndKeyUpMask;
-  const auto monitors = *monitors_;
-  for (const auto& [id, monitor] : monitors) {
-    if ((monitor.mask & mask) != 0 && monitors_->contains(id) && monitor.handler(event)) return;
-  }
+  monitors_.offer(mask, event);
 }
 
 int FakeKeyboard::send(const HotKeyEvent* event) const {
   int status = -1;
-  for (const auto& [id, handler] : *handlers_) status = handler(event);
+  handlers_.send(event, status);
   return status;
 }
 
@@ -85,36 +80,38 @@ std::optional<EventHotKeyID> FakeKeyboard::registered(std::uint32_t keyCode, std
 }
 
 void FakeKeyboard::press(std::uint16_t keyCode) {
-  const KeyEvent before = event(KeyEventType::keyDown, keyCode);
-  held_.insert(keyCode);
-  owedReleases_.erase(keyCode);
+  const KeyEvent down = event(KeyEventType::keyDown, keyCode);
+  const bool isForOverlay = overlayHoldsKeyboard_();
+  held_[keyCode] = std::nullopt;
   if (modifierFlag(keyCode) != 0) {
-    if (overlayHoldsKeyboard_()) deliverToMonitors(event(KeyEventType::flagsChanged, keyCode));
+    if (isForOverlay) deliverToMonitors(event(KeyEventType::flagsChanged, keyCode));
     return;
   }
-  const auto modifiers = static_cast<std::uint32_t>(CarbonModifiers::carbon(before.modifierFlags));
+  const auto modifiers = static_cast<std::uint32_t>(CarbonModifiers::carbon(down.modifierFlags));
   const auto hotKey = registered(keyCode, modifiers);
-  if (hotKey) owedReleases_[keyCode] = modifiers;
-  if (overlayHoldsKeyboard_()) return deliverToMonitors(before);
-  if (hotKey) sendHotKey(kEventHotKeyPressed, *hotKey);
+  if (hotKey && !(isForOverlay && overlayRule_ && overlayRule_(down, *hotKey))) {
+    held_[keyCode] = modifiers;
+    return sendHotKey(kEventHotKeyPressed, *hotKey);
+  }
+  if (isForOverlay) deliverToMonitors(down);
 }
 
 void FakeKeyboard::release(std::uint16_t keyCode) {
-  if (held_.erase(keyCode) == 0) return;
-  const auto owed = owedReleases_.extract(keyCode);
-  const bool isModifier = modifierFlag(keyCode) != 0;
-  if (overlayHoldsKeyboard_()) {
-    return deliverToMonitors(event(isModifier ? KeyEventType::flagsChanged : KeyEventType::keyUp, keyCode));
-  }
-  const auto hotKey = owed ? registered(keyCode, owed.mapped()) : std::nullopt;
-  if (hotKey) sendHotKey(kEventHotKeyReleased, *hotKey);
+  const auto held = held_.extract(keyCode);
+  if (!held) return;
+  const auto hotKey = held.mapped() ? registered(keyCode, *held.mapped()) : std::nullopt;
+  if (hotKey) return sendHotKey(kEventHotKeyReleased, *hotKey);
+  const auto type = modifierFlag(keyCode) != 0 ? KeyEventType::flagsChanged : KeyEventType::keyUp;
+  if (overlayHoldsKeyboard_()) deliverToMonitors(event(type, keyCode));
 }
 
 void FakeKeyboard::repeat(std::uint16_t keyCode) {
-  if (!held_.contains(keyCode) || !overlayHoldsKeyboard_()) return;
+  const auto held = held_.find(keyCode);
+  if (held == held_.end() || held->second || !overlayHoldsKeyboard_()) return;
   KeyEvent repeated = event(KeyEventType::keyDown, keyCode);
   repeated.isRepeat = true;
-  deliverToMonitors(repeated);
+  const auto modifiers = static_cast<std::uint32_t>(CarbonModifiers::carbon(repeated.modifierFlags));
+  if (!isRegistered(keyCode, modifiers)) deliverToMonitors(repeated);
 }
 
 void FakeKeyboard::tap(std::uint16_t keyCode) {

@@ -12,8 +12,8 @@
 
 namespace rondora {
 
-/// The physical keyboard together with who gets its events: the overlay while it holds the keyboard, else the hot keys
-/// that match, else nobody whom a test could ask. The layout is US; Shift does not change what a key types.
+/// The physical keyboard and the consumers of its events: hot keys first, then the overlay while it holds the keyboard.
+/// The layout is US; Shift does not change what a key types.
 class FakeKeyboard final : public HotkeyService, public EventMonitors {
  public:
   enum Key : std::uint16_t {
@@ -34,6 +34,7 @@ class FakeKeyboard final : public HotkeyService, public EventMonitors {
                                                                 EventHotKeyID id) override;
   [[nodiscard]] Subscription onModifiersMoved(std::function<void()> observer) override;
   [[nodiscard]] Subscription installEventHandler(HotkeyService::Handler handler) override;
+  void setOverlayRule(OverlayRule rule) override { overlayRule_ = std::move(rule); }
   [[nodiscard]] Subscription addLocalMonitor(std::uint32_t eventMask, EventMonitors::Handler handler) override;
   std::uint64_t currentModifierFlags() const override;
 
@@ -41,7 +42,7 @@ class FakeKeyboard final : public HotkeyService, public EventMonitors {
   void release(std::uint16_t keyCode);
   /// The keyboard repeats a key that is held.
   void repeat(std::uint16_t keyCode);
-  /// The key goes up, but nobody is told.
+  /// The key goes up, but no event reports it.
   void releaseUnseen(std::uint16_t keyCode) { held_.erase(keyCode); }
   void tap(std::uint16_t keyCode);
   void pressAll(std::initializer_list<std::uint16_t> keyCodes);
@@ -51,8 +52,8 @@ class FakeKeyboard final : public HotkeyService, public EventMonitors {
     return registered(keyCode, carbonModifiers).has_value();
   }
   std::size_t registrationCount() const { return registrations_->size(); }
-  std::size_t handlerCount() const { return handlers_->size(); }
-  std::size_t monitorCount() const { return monitors_->size(); }
+  std::size_t handlerCount() const { return handlers_.size(); }
+  std::size_t monitorCount() const { return monitors_.size(); }
   /// The user chooses another layout.
   void moveModifiers() { modifiersMoved_.send(); }
   /// Sends a hot-key event past the keyboard, as the system would.
@@ -67,15 +68,7 @@ class FakeKeyboard final : public HotkeyService, public EventMonitors {
     std::uint32_t carbonModifiers = 0;
     EventHotKeyID id;
   };
-  struct Monitor {
-    std::uint32_t mask = 0;
-    EventMonitors::Handler handler;
-  };
-  template <class T>
-  using Table = std::shared_ptr<std::map<std::uint64_t, T>>;
 
-  template <class T>
-  [[nodiscard]] Subscription add(const Table<T>& table, T value);
   KeyEvent event(KeyEventType type, std::uint16_t keyCode) const;
   void deliverToMonitors(const KeyEvent& event) const;
   std::optional<EventHotKeyID> registered(std::uint32_t keyCode, std::uint32_t carbonModifiers) const;
@@ -86,13 +79,14 @@ class FakeKeyboard final : public HotkeyService, public EventMonitors {
 
   std::function<bool()> overlayHoldsKeyboard_;
   Signal<> modifiersMoved_;
-  std::uint64_t lastId_ = 0;
-  Table<Registration> registrations_ = std::make_shared<std::map<std::uint64_t, Registration>>();
-  Table<HotkeyService::Handler> handlers_ = std::make_shared<std::map<std::uint64_t, HotkeyService::Handler>>();
-  Table<Monitor> monitors_ = std::make_shared<std::map<std::uint64_t, Monitor>>();
-  std::set<std::uint16_t> held_;
-  /// The Carbon modifiers of the hot keys that are down, by key code.
-  std::map<std::uint16_t, std::uint32_t> owedReleases_;
+  OverlayRule overlayRule_;
+  std::uint64_t lastRegistration_ = 0;
+  std::shared_ptr<std::map<std::uint64_t, Registration>> registrations_ =
+      std::make_shared<std::map<std::uint64_t, Registration>>();
+  Signal<const HotKeyEvent*, int&> handlers_;
+  CallbackList<std::uint32_t, const KeyEvent&> monitors_;
+  /// Keys that are down; with the Carbon modifiers of the hot key that the press made.
+  std::map<std::uint16_t, std::optional<std::uint32_t>> held_;
 };
 
 }  // namespace rondora

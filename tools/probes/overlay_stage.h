@@ -36,9 +36,9 @@ struct OverlayStage {
   QtNativeEvents events;
   x11::X11Keymap keymap{connection, mainQueue};
   x11::RawKeyReleases rawKeyReleases{connection};
-  x11::X11KeyStream keyboard{connection, rawKeyReleases, mainQueue};
-  x11::X11InputGrab inputGrab{connection, keyboard, mainQueue};
-  x11::X11Pointer pointer{connection, inputGrab};
+  x11::X11KeyStream keys{connection, keymap, rawKeyReleases, mainQueue};
+  x11::X11InputGrab inputGrab{connection, keys, mainQueue};
+  x11::X11Pointer pointer{connection, keys, inputGrab};
   ThemeIcons icons;
   QtPictureRasterizer rasterizer{icons};
   x11::X11OverlayPanels panels{connection, inputGrab, rasterizer};

@@ -8,8 +8,6 @@ namespace rondora {
 namespace {
 
 constexpr std::uint32_t kSignature = 0x50494521;  // "PIE!"
-/// More keys than a hand can hold down, so that noting one does not allocate.
-constexpr std::size_t kExpectedHeldKeys = 32;
 
 bool fits32Bits(std::int64_t value) { return std::in_range<std::uint32_t>(value); }
 
@@ -17,11 +15,12 @@ bool isLeftToTap(const HotkeyConfig& hotkey) { return hotkey.isStandaloneFn() ||
 
 }  // namespace
 
-HotkeyManager::HotkeyManager(HotkeyService& service, Log& log) : service_(service), log_(log) {
-  held_.reserve(kExpectedHeldKeys);
-}
+HotkeyManager::HotkeyManager(HotkeyService& service, Log& log) : service_(service), log_(log) {}
 
-HotkeyManager::~HotkeyManager() { unregisterAll(); }
+HotkeyManager::~HotkeyManager() {
+  service_.setOverlayRule(nullptr);
+  unregisterAll();
+}
 
 void HotkeyManager::registerAll(const std::vector<PieMenu>& menus) {
   unregisterAll();
@@ -91,19 +90,23 @@ void HotkeyManager::recordRegistration(bool ok, const HotkeyConfig& hotkey,
   }
 }
 
+// The result refers to `id` when no registration has it.
+HotkeyManager::MenuIndices HotkeyManager::menusOf(const EventHotKeyID& id) const {
+  const auto found = registrations_.find(id.id);
+  return found == registrations_.end() ? MenuIndices(&id.id, 1) : MenuIndices(found->second.menuIndices);
+}
+
 int HotkeyManager::handleHotKeyEvent(const HotKeyEvent* event) {
   if (event == nullptr) return 0;
-  const auto found = registrations_.find(event->id.id);
-  const bool isKnown = found != registrations_.end();
-  const MenuIndices indices = isKnown ? MenuIndices(found->second.menuIndices) : MenuIndices(&event->id.id, 1);
-  if (event->kind == kEventHotKeyPressed) {
-    if (isKnown) markHeld(found->second.hotkey);
-    pressed(indices);
-  } else if (event->kind == kEventHotKeyReleased) {
-    if (isKnown) forgetHeld(found->second.hotkey.keyCode);
-    released(indices);
-  }
+  if (event->kind == kEventHotKeyPressed) pressed(menusOf(event->id));
+  if (event->kind == kEventHotKeyReleased) released(menusOf(event->id));
   return 0;
+}
+
+void HotkeyManager::followRing(Ring ring) {
+  service_.setOverlayRule([this, ring = std::move(ring)](const KeyEvent& press, const EventHotKeyID& id) {
+    return ring.quickSelects(press) && ring.showsOneOf(menusOf(id));
+  });
 }
 
 void HotkeyManager::pressed(MenuIndices indices) const {
@@ -121,36 +124,6 @@ const HotkeyManager::Registration* HotkeyManager::liveRegistration(std::int64_t 
     if (registration.hotkey == wanted) return &registration;
   }
   return nullptr;
-}
-
-bool HotkeyManager::isHeld(std::int64_t keyCode) const {
-  return std::any_of(held_.begin(), held_.end(),
-                     [keyCode](const HotkeyConfig& hotkey) { return hotkey.keyCode == keyCode; });
-}
-
-void HotkeyManager::markHeld(const HotkeyConfig& hotkey) {
-  forgetHeld(hotkey.keyCode);
-  held_.push_back(hotkey);
-}
-
-void HotkeyManager::forgetHeld(std::int64_t keyCode) {
-  std::erase_if(held_, [keyCode](const HotkeyConfig& hotkey) { return hotkey.keyCode == keyCode; });
-}
-
-void HotkeyManager::reportPress(const Registration& registration) {
-  markHeld(registration.hotkey);
-  pressed(registration.menuIndices);
-}
-
-bool HotkeyManager::reportRelease(std::int64_t keyCode) {
-  const auto found = std::find_if(held_.begin(), held_.end(),
-                                  [keyCode](const HotkeyConfig& hotkey) { return hotkey.keyCode == keyCode; });
-  if (found == held_.end()) return false;
-  const Registration* registration = liveRegistration(keyCode, found->carbonModifiers);
-  held_.erase(found);
-  if (registration == nullptr) return false;
-  released(registration->menuIndices);
-  return true;
 }
 
 }  // namespace rondora

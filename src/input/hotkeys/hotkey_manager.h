@@ -18,7 +18,7 @@
 
 namespace rondora {
 
-/// Makes the hotkeys of the menus system-wide triggers and says which menus were triggered. Main thread.
+/// Makes the hotkeys of the menus system-wide triggers and reports which menus were triggered. Main thread.
 class HotkeyManager {
  public:
   /// Positions in the menus of the last `registerAll`, valid during the call. The callback must not register anew.
@@ -28,6 +28,14 @@ class HotkeyManager {
     HotkeyConfig hotkey;
     std::vector<std::uint32_t> menuIndices;
     Subscription reference;
+  };
+
+  /// The ring on screen, for hotkeys that are pressed while it is open.
+  struct Ring {
+    /// The ring shows one of these menus.
+    std::function<bool(MenuIndices)> showsOneOf;
+    /// The key chooses an item of the ring.
+    std::function<bool(const KeyEvent&)> quickSelects;
   };
 
   HotkeyManager(HotkeyService& service, Log& log);
@@ -41,6 +49,8 @@ class HotkeyManager {
   /// Replaces all registrations by those of `menus`.
   void registerAll(const std::vector<PieMenu>& menus);
   void unregisterAll();
+  /// Hotkeys come before the ring's keys, but a hotkey that is also a quick-select key in its own menu's ring selects.
+  void followRing(Ring ring);
 
   /// Menus whose hotkey could not be registered.
   const std::vector<int>& failedRegistrationMenuIndices() const { return failedRegistrationMenuIndices_; }
@@ -49,14 +59,6 @@ class HotkeyManager {
 
   /// The registration of exactly this combination, or null.
   const Registration* liveRegistration(std::int64_t keyCode, std::int64_t carbonModifiers) const;
-  /// A press of a hot key with this key was reported and its release was not.
-  bool isHeld(std::int64_t keyCode) const;
-  /// For who sees keys that the service does not. A release is reported when the press was and its hot key still is
-  /// live; else the result is false.
-  void reportPress(const Registration& registration);
-  bool reportRelease(std::int64_t keyCode);
-  /// The key went up unnoticed.
-  void forgetHeld(std::int64_t keyCode);
 
  private:
   struct HotkeyEntry {
@@ -77,15 +79,13 @@ class HotkeyManager {
   int handleHotKeyEvent(const HotKeyEvent* event);
   void pressed(MenuIndices indices) const;
   void released(MenuIndices indices) const;
-  void markHeld(const HotkeyConfig& hotkey);
+  MenuIndices menusOf(const EventHotKeyID& id) const;
 
   HotkeyService& service_;
   Log& log_;
   std::vector<int> failedRegistrationMenuIndices_;
   /// Live registrations by hot-key id, which is the index of the first menu.
   std::map<std::uint32_t, Registration> registrations_;
-  /// Hot keys that are down. They outlive their registrations: the key may be held across a new `registerAll`.
-  std::vector<HotkeyConfig> held_;
   Subscription handler_;
   std::unique_ptr<HotkeyHIDTap> hidTap_;
   WeakSelf<HotkeyManager> weakSelf_{this};

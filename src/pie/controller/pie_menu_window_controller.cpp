@@ -4,6 +4,7 @@
 #include <cmath>
 #include <utility>
 
+#include "base/trace.h"
 #include "model/appearance_fields.h"
 #include "pie/controller/opening_animation.h"
 #include "pie/controller/pie_view.h"
@@ -54,6 +55,7 @@ void PieMenuWindowController::show(const PieMenu& menu, std::optional<std::vecto
   installMonitors();
   window_->open();
   showMouseLocation_ = ports_.pointer.location();
+  if (trace::isOn) trace::line("ring: menu ", menu.id.string(), " opens with ", displayed_.items.size(), " sectors");
 }
 
 void PieMenuWindowController::warmUp(const PieMenu& menu, std::optional<std::vector<PieMenuItem>> itemsOverride) const {
@@ -113,6 +115,7 @@ void PieMenuWindowController::installMonitors() {
 
 void PieMenuWindowController::hide() {
   if (!window_) return;
+  trace::line("ring: closes");
   tearDown();
   if (const auto hidden = onHide) hidden();
 }
@@ -182,6 +185,7 @@ std::optional<PreviewSurroundings> PieMenuWindowController::highlightedSurroundi
 
 void PieMenuWindowController::advanceRunningAppsSelection() {
   if (!highlightState_ || displayed_.items.empty() || !chordNavigation_.admitsStep(ports_.clock.uptime())) return;
+  trace::line("ring: steps");
   restingPlace_ = ports_.pointer.location();
   highlightState_->advanceSelection(displayed_.items.size(), hapticFeedbackEnabled());
 }

@@ -1,3 +1,4 @@
+#include "doubles/key_contract.h"
 #include "platform/linux/x11/keyboard/key_codes.h"
 #include "x11_test.h"
 
@@ -5,7 +6,6 @@ namespace rondora::live {
 namespace {
 
 using testing::Contains;
-using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
@@ -30,7 +30,7 @@ class RepeatingKeysTest : public ChordTest {
   }
 };
 
-TEST(KeyCodesTest, NamePlacesOfTheKeyboardAndTheMenuKeyStandsInForFn) {
+TEST(KeyCodesTest, NamePlacesAndMenuStandsInForFn) {
   EXPECT_EQ(x11::xKeyCode(kSpace), 65);
   for (std::uint32_t code = 0; code < 128; ++code) {
     const auto key = x11::xKeyCode(code);
@@ -59,7 +59,7 @@ TEST_F(ChordTest, MatchesModifiersExactlyWhateverTheLocksDo) {
   }
 }
 
-TEST_F(HotkeyServiceTest, LeavesNothingGrabbedWhenAnotherClientOwnsOneVariant) {
+TEST_F(HotkeyServiceTest, GivesAllVariantsBackWhenOneIsForeign) {
   XClient other(server_.display());
   ASSERT_TRUE(other.grabKey(key::space, kControlMask | kAltMask | kNumLockMask));
   EXPECT_FALSE(registerHotkey(kSpace, kControlOption));
@@ -70,7 +70,7 @@ TEST_F(HotkeyServiceTest, LeavesNothingGrabbedWhenAnotherClientOwnsOneVariant) {
   EXPECT_TRUE(registerHotkey(kEscape, kControlOption));
 }
 
-TEST_F(HotkeyServiceTest, RefusesWhatNoKeyboardHas) {
+TEST_F(HotkeyServiceTest, RefusesKeysThatNoKeyboardHas) {
   EXPECT_FALSE(registerHotkey(110, 0));
   EXPECT_FALSE(registerHotkey(0xFFFFFFFF, 0));
   EXPECT_FALSE(registerHotkey(kSpace, 0x20000)) << "Fn";
@@ -89,7 +89,7 @@ TEST_F(ChordTest, EndsARegistrationAndKeepsItsTwin) {
   EXPECT_TRUE(user_.grabKey(key::space, kControlMask | kAltMask));
 }
 
-TEST_F(ChordTest, AHandlerMayRegisterEverythingAnew) {
+TEST_F(ChordTest, HandlerMayRegisterEverythingAgain) {
   const auto handler = hotkeys_.installEventHandler([this](const HotKeyEvent*) {
     registrations_.clear();
     EXPECT_TRUE(registerHotkey(kSpace, kControlOption, 7));
@@ -125,7 +125,7 @@ TEST_F(ChordTest, FollowsModifiersThatMove) {
   EXPECT_THAT(reports(), IsEmpty()) << "without an Alt key the combination is another one";
 }
 
-TEST_F(ChordTest, TellsWhenModifiersMoveToWhereAnotherProgramIs) {
+TEST_F(ChordTest, ReportsModifiersMovedOntoAForeignGrab) {
   XClient other(server_.display());
   ASSERT_TRUE(other.grabKey(key::space, kControlMask | XCB_MOD_MASK_3));
   std::optional<bool> isRegisteredAnew;
@@ -139,29 +139,40 @@ TEST_F(ChordTest, TellsWhenModifiersMoveToWhereAnotherProgramIs) {
   EXPECT_FALSE(*isRegisteredAnew);
 }
 
-TEST_F(RepeatingKeysTest, AHeldKeyIsPressedOnceAndReleasedByTheKeyAloneHoweverOftenTheOverlayComes) {
-  pressChord();
-  letKeysRepeat();
-  EXPECT_THAT(reports(), ElementsAre("+1"));
-  openPanel().reset();
-  letKeysRepeat();
-  EXPECT_THAT(keysSeen(), IsEmpty());
-  auto panel = openPanel();
-  ASSERT_TRUE(eventually([&] { return keyEvents_.size() >= 2; }));
-  EXPECT_THAT(keysSeen(), Each("repeat space"));
-  panel.reset();
-  letKeysRepeat();
-  user_.keyUp(key::alt);
-  user_.keyUp(key::control);
-  EXPECT_THAT(reports(), IsEmpty());
-  user_.keyUp(key::space);
-  EXPECT_THAT(reports(), ElementsAre("-1"));
-  tapChord();
-  EXPECT_THAT(reports(), ElementsAre("+1", "-1"));
+class X11KeyBenchTest : public RepeatingKeysTest, public KeyBench {
+ protected:
+  void SetUp() override {}
+
+  HotkeyService& hotkeys() override { return hotkeys_; }
+  EventMonitors& monitors() override { return monitors_; }
+  void press(std::uint16_t key) override {
+    user_.keyDown(*x11::xKeyCode(key));
+    drain();
+  }
+  void release(std::uint16_t key) override {
+    user_.keyUp(*x11::xKeyCode(key));
+    drain();
+  }
+  void repeat(std::uint16_t /*key*/) override { letKeysRepeat(); }
+  void setOverlay(bool isUp) override {
+    panel_ = isUp ? openPanel() : nullptr;
+    drain();
+  }
+
+  std::unique_ptr<OverlayPanel> panel_;
+};
+
+TEST_F(X11KeyBenchTest, KeepsTheContractOfTheKeyPorts) {
+  for (const KeyStory& story : kKeyStories) {
+    EXPECT_EQ(KeyContract(*this).outcomeOf(story), story.outcome) << story.name;
+    setOverlay(false);
+    for (const int key : {40, 49, 18, 59, 58}) release(static_cast<std::uint16_t>(key));
+    EXPECT_TRUE(user_.nothingIsGrabbed());
+  }
 }
 
 /// Letting go of Control first leaves Alt and the key, which window managers like to bind.
-TEST_F(RepeatingKeysTest, AKeyHeldBeyondTheOverlayReachesNobodyElse) {
+TEST_F(RepeatingKeysTest, KeyHeldBeyondTheOverlayReachesNoOtherClient) {
   ASSERT_TRUE(registerHotkey(kEscape, 0, 2));
   pressChord();
   reports();
@@ -177,7 +188,7 @@ TEST_F(RepeatingKeysTest, AKeyHeldBeyondTheOverlayReachesNobodyElse) {
   EXPECT_THAT(other.eventTypes(), Not(Contains(XCB_KEY_PRESS)));
 
   user_.tap(key::escape);
-  EXPECT_THAT(reports(), ElementsAre("+2", "-2")) << "another key is the user's next wish";
+  EXPECT_THAT(reports(), ElementsAre("+2", "-2")) << "another key is new input";
   user_.keyUp(key::space);
   drain();
   EXPECT_TRUE(user_.nothingIsGrabbed());
@@ -186,20 +197,24 @@ TEST_F(RepeatingKeysTest, AKeyHeldBeyondTheOverlayReachesNobodyElse) {
   EXPECT_THAT(other.eventTypes(), ElementsAre(XCB_KEY_PRESS, XCB_KEY_RELEASE));
 }
 
-TEST_F(HotkeyServiceTest, APressAfterAReleaseThatNobodySawIsNotLost) {
-  ASSERT_TRUE(registerHotkey(kEscape, 0));
-  auto panel = openPanel();
-  user_.keyDown(key::escape);
-  EXPECT_THAT(keysSeen(), ElementsAre("down \x1b"));
-  panel.reset();
+TEST_F(HotkeyServiceTest, KeysOfOwnWindowsReachTheMonitorsThatMayConsumeThem) {
+  const xcb_window_t window = coverArea(handle_.get(), {0, 0, 50, 50});
+  xcb_set_input_focus(handle_.get(), XCB_INPUT_FOCUS_POINTER_ROOT, window, XCB_CURRENT_TIME);
   drain();
-  user_.keyUp(key::escape);
-  EXPECT_THAT(reports(), ElementsAre("-1"));
-  user_.tap(key::escape);
-  EXPECT_THAT(reports(), ElementsAre("+1", "-1"));
+  int passedOn = 0;
+  const auto toolkit = connection_.addEventHandler([&](const xcb_generic_event_t& event) {
+    passedOn += event.response_type == XCB_KEY_PRESS;
+    return false;
+  });
+  user_.tap(key::q);
+  EXPECT_THAT(keysSeen(), ElementsAre("down q", "up q"));
+  const auto recorder = monitors_.addLocalMonitor(kKeyDownAndKeyUpMask, [](const KeyEvent&) { return true; });
+  user_.tap(key::q);
+  drain();
+  EXPECT_EQ(passedOn, 1);
 }
 
-TEST_F(ChordTest, AKeyPressedBesideAHeldHotkeyIsNotLostLater) {
+TEST_F(ChordTest, SecondKeyBesideAHeldHotkeyIsRecognisedLater) {
   ASSERT_TRUE(registerHotkey(kEscape, kControlOption, 2));
   pressChord();
   user_.keyDown(key::escape);
@@ -210,7 +225,7 @@ TEST_F(ChordTest, AKeyPressedBesideAHeldHotkeyIsNotLostLater) {
   EXPECT_THAT(reports(), ElementsAre("+2", "-2"));
 }
 
-TEST_F(ChordTest, WatchesNobodysKeysOnceEverythingIsUp) {
+TEST_F(ChordTest, RawReleasesAreDeselectedWhenAllKeysAreUp) {
   pressChord();
   reports();
   openPanel().reset();

@@ -69,7 +69,7 @@ class KeyPosterTest : public X11Test {
   }
 
   KeyLogger logger_;
-  std::optional<x11::XTestKeyPoster> poster_{std::in_place, connection_, keymap_, keyboard_, rawReleases_};
+  std::optional<x11::XTestKeyPoster> poster_{std::in_place, connection_, keymap_, keys_, rawReleases_};
 };
 
 TEST_F(KeyPosterTest, PressesTheKeyOfThatPlaceOnEveryLayout) {

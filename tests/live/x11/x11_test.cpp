@@ -75,11 +75,11 @@ X11Test::X11Test(std::vector<std::string> serverArguments, double pixelsPerPoint
       connection_(handle_.get(), 0, pixelsPerPoint),
       keymap_(connection_, time_),
       rawReleases_(connection_),
-      keyboard_(connection_, rawReleases_, time_),
-      hotkeys_(connection_, keymap_, keyboard_),
-      monitors_(keymap_, keyboard_),
-      inputGrab_(connection_, keyboard_, time_),
-      pointer_(connection_, inputGrab_),
+      keys_(connection_, keymap_, rawReleases_, time_),
+      hotkeys_(connection_, keymap_, keys_),
+      monitors_(keymap_, keys_),
+      inputGrab_(connection_, keys_, time_),
+      pointer_(connection_, keys_, inputGrab_),
       panels_(connection_, inputGrab_, rasterizer_) {
   reportHandler_ = hotkeys_.installEventHandler([this](const HotKeyEvent* event) {
     reports_.push_back((event->kind == kEventHotKeyPressed ? "+" : "-") + std::to_string(event->id.id));

@@ -96,7 +96,7 @@ class X11Test : public testing::Test {
   x11::X11Connection connection_;
   x11::X11Keymap keymap_;
   x11::RawKeyReleases rawReleases_;
-  x11::X11KeyStream keyboard_;
+  x11::X11KeyStream keys_;
   x11::X11HotkeyService hotkeys_;
   x11::X11EventMonitors monitors_;
   x11::X11InputGrab inputGrab_;

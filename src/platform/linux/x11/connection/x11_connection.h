@@ -12,7 +12,6 @@
 
 #include "base/observable.h"
 #include "base/owned.h"
-#include "platform/linux/x11/connection/callback_list.h"
 
 namespace rondora::x11 {
 

@@ -5,23 +5,9 @@
 #include <limits>
 #include <utility>
 
+#include "platform/linux/x11/connection/input_extension.h"
+
 namespace rondora::x11 {
-namespace {
-
-// Raw events reach a client during another one's grab from version 2.1 on.
-constexpr std::uint16_t kInputMajor = 2;
-constexpr std::uint16_t kInputMinor = 2;
-
-std::uint8_t setUpInputExtension(xcb_connection_t* connection) {
-  const xcb_query_extension_reply_t* extension = xcb_get_extension_data(connection, &xcb_input_id);
-  if (extension == nullptr || !extension->present) return 0;
-  const auto cookie = xcb_input_xi_query_version(connection, kInputMajor, kInputMinor);
-  const Reply<xcb_input_xi_query_version_reply_t> reply(xcb_input_xi_query_version_reply(connection, cookie, nullptr));
-  return extension->major_opcode;
-}
-
-}  // namespace
-
 RawKeyReleases::RawKeyReleases(X11Connection& connection)
     : connection_(connection), inputExtension_(setUpInputExtension(connection.get())) {
   eventHandler_ = connection.addEventHandler([this](const xcb_generic_event_t& event) { return handleEvent(event); });
@@ -49,7 +35,7 @@ bool RawKeyReleases::handleEvent(const xcb_generic_event_t& event) const {
   return false;
 }
 
-// Raw key events are selected nowhere else on the master devices, so the mask is ours alone.
+// No other code selects raw key events of the master devices, so the mask can be replaced.
 void RawKeyReleases::select(std::uint32_t mask) const {
   if (inputExtension_ == 0) return;
   struct {

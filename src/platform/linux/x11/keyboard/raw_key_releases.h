@@ -5,22 +5,22 @@
 #include <cstdint>
 
 #include "base/observable.h"
-#include "platform/linux/x11/connection/callback_list.h"
 #include "platform/linux/x11/connection/x11_connection.h"
 
 namespace rondora::x11 {
 
-/// Key releases whichever client they go to, asked for only while somebody listens. Main thread.
+/// Raw key releases, which arrive whichever client receives the release itself. Selected only while there is an
+/// observer. Main thread.
 class RawKeyReleases {
  public:
   explicit RawKeyReleases(X11Connection& connection);
   ~RawKeyReleases();
 
-  /// Without the extension nobody is ever told.
+  /// False without the X Input extension: no release is reported then.
   bool available() const { return inputExtension_ != 0; }
   /// The extension's major opcode; 0 without it.
   std::uint8_t inputExtension() const { return inputExtension_; }
-  /// Tells of every release from this request on, some more than once. The result of the callback does not matter.
+  /// Reports every release from this request on, some more than once. The callback's result is ignored.
   [[nodiscard]] Subscription watch(CallbackList<xcb_keycode_t>::Callback observer);
 
  private:

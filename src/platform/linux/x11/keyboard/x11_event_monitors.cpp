@@ -6,11 +6,8 @@
 
 namespace rondora::x11 {
 
-X11EventMonitors::X11EventMonitors(X11Keymap& keymap, X11KeyStream& keyboard) : keymap_(keymap) {
-  keyObserver_ = keyboard.addKeyObserver([this](const X11Key& key) {
-    handleKey(key);
-    return false;
-  });
+X11EventMonitors::X11EventMonitors(X11Keymap& keymap, X11KeyStream& keys) : keymap_(keymap) {
+  keys_ = keys.consume(KeyConsumer::monitors, [this](const X11Key& key) { return handleKey(key); });
   modifierObserver_ = keymap.onHeldModifiersChanged([this](std::uint8_t held, xcb_keycode_t key) {
     handleHeldModifiers(held, key);
     return false;
@@ -21,11 +18,11 @@ Subscription X11EventMonitors::addLocalMonitor(std::uint32_t eventMask, Handler 
   return (eventMask == kFlagsChangedMask ? flagsMonitors_ : keyMonitors_).add(std::move(handler));
 }
 
-// A modifier key changes the flags and is no key-down of its own.
-void X11EventMonitors::handleKey(const X11Key& key) {
-  if (!key.isForOverlay || keyMonitors_.isEmpty() || keymap_.isModifierKey(key.code)) return;
+// A modifier key changes the flags; it makes no key-down.
+bool X11EventMonitors::handleKey(const X11Key& key) const {
+  if (key.target == KeyTarget::hotkey || keyMonitors_.isEmpty() || keymap_.isModifierKey(key.code)) return false;
   const KeyEventType type = key.direction == KeyDirection::down ? KeyEventType::keyDown : KeyEventType::keyUp;
-  keyMonitors_.offer(keymap_.keyEvent(type, key.code, key.state, key.isRepeat));
+  return keyMonitors_.offer(keymap_.keyEvent(type, key.code, key.state, key.isRepeat));
 }
 
 void X11EventMonitors::handleHeldModifiers(std::uint8_t held, xcb_keycode_t key) {

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/trace.h"
+#include "model/carbon_modifiers.h"
 #include "platform/linux/x11/keyboard/key_codes.h"
 
 namespace rondora::x11 {
@@ -17,12 +19,9 @@ bool existsHere(const X11Connection& connection, xcb_keycode_t key) {
 
 }  // namespace
 
-X11HotkeyService::X11HotkeyService(X11Connection& connection, X11Keymap& keymap, X11KeyStream& keyboard)
+X11HotkeyService::X11HotkeyService(X11Connection& connection, X11Keymap& keymap, X11KeyStream& keys)
     : connection_(connection), keymap_(keymap), grabbedMasks_(keymap.masks()) {
-  keyObserver_ = keyboard.addKeyObserver([this](const X11Key& key) {
-    handleKey(key);
-    return false;
-  });
+  keys_ = keys.consume(KeyConsumer::hotkeys, [this](const X11Key& key) { return handleKey(key); });
   keymapObserver_ = keymap.onChanged([this] { followKeymap(); });
 }
 
@@ -55,7 +54,7 @@ Subscription X11HotkeyService::installEventHandler(Handler handler) {
   });
 }
 
-// All variants are asked for before the first answer is awaited: one round trip.
+// All requests go out before the first reply is awaited: one round trip.
 bool X11HotkeyService::grab(Combination combination) const {
   std::vector<xcb_void_cookie_t> cookies;
   for (const std::uint16_t locks : keymap_.masks().lockCombinations()) {
@@ -69,11 +68,14 @@ bool X11HotkeyService::grab(Combination combination) const {
     if (error) isOurs = false;
   }
   if (!isOurs) ungrab(combination);
+  trace::line("grab: hotkey ", int{combination.key}, " modifiers ", combination.modifiers,
+              isOurs ? " is ours" : " belongs to another client");
   return isOurs;
 }
 
-// Also lets go of variants that belong to another client: the server then does nothing.
+// The server ignores the request for a variant that belongs to another client.
 void X11HotkeyService::ungrab(Combination combination) const {
+  trace::line("grab: hotkey ", int{combination.key}, " modifiers ", combination.modifiers, " is given back");
   for (const std::uint16_t locks : grabbedMasks_.lockCombinations()) {
     xcb_ungrab_key(connection_.get(), combination.key, connection_.root(),
                    static_cast<std::uint16_t>(combination.modifiers | locks));
@@ -98,38 +100,48 @@ bool X11HotkeyService::isNeeded(Combination combination) const {
   });
 }
 
-void X11HotkeyService::handleKey(const X11Key& key) {
-  if (key.direction == KeyDirection::up) {
-    handleRelease(key);
-  } else if (!key.isRepeat) {
-    handlePress(key);
-  }
+bool X11HotkeyService::handleKey(const X11Key& key) {
+  if (key.target == KeyTarget::ownWindow) return false;
+  if (key.direction == KeyDirection::up) return handleRelease(key);
+  if (!key.isRepeat) return handlePress(key);
+  return key.taker == KeyConsumer::hotkeys || liveRegistration(key) != nullptr;
 }
 
-// A modifier key alone makes no key event for the overlay.
-bool X11HotkeyService::isReportedHere(const X11Key& key) const {
-  return !key.isForOverlay || keymap_.isModifierKey(key.code);
-}
-
-void X11HotkeyService::handlePress(const X11Key& key) {
+const X11HotkeyService::Registration* X11HotkeyService::liveRegistration(const X11Key& key) const {
   const auto held = static_cast<std::uint16_t>(key.state & kAllModifiers & ~grabbedMasks_.locks());
-  pressedWith_[key.code].reset();
-  forEachRegistrationOf(key.code, [&](const Registration& registration) {
-    if (registration.xModifiers != held) return;
-    pressedWith_[key.code] = registration.carbonModifiers;
-    if (isReportedHere(key)) send(kEventHotKeyPressed, registration.id);
+  const auto found = std::find_if(registrations_.begin(), registrations_.end(), [&](const Registration& registration) {
+    return registration.key == key.code && registration.xModifiers == held;
   });
+  return found == registrations_.end() ? nullptr : &*found;
 }
 
-void X11HotkeyService::handleRelease(const X11Key& key) {
-  const auto modifiers = std::exchange(pressedWith_[key.code], std::nullopt);
-  if (!modifiers || !isReportedHere(key)) return;
+bool X11HotkeyService::handlePress(const X11Key& key) {
+  const Registration* live = liveRegistration(key);
+  if (live == nullptr) return false;
+  const bool mayYield = key.target == KeyTarget::overlay && overlayRule_;
+  if (mayYield && overlayRule_(keymap_.keyEvent(KeyEventType::keyDown, key.code, key.state, false), live->id)) {
+    return false;
+  }
+  const auto modifiers = live->xModifiers;
   forEachRegistrationOf(key.code, [&](const Registration& registration) {
-    if (registration.carbonModifiers == *modifiers) send(kEventHotKeyReleased, registration.id);
+    if (registration.xModifiers == modifiers) send(kEventHotKeyPressed, registration.id);
   });
+  return true;
 }
 
-// The visitor may register and unregister: walk by number, past none that came meanwhile.
+// The combination may have been registered again since the press.
+bool X11HotkeyService::handleRelease(const X11Key& key) {
+  if (key.taker != KeyConsumer::hotkeys) return false;
+  bool isReported = false;
+  forEachRegistrationOf(key.code, [&](const Registration& registration) {
+    if (registration.carbonModifiers != CarbonModifiers::carbon(key.flagsAtPress)) return;
+    isReported = true;
+    send(kEventHotKeyReleased, registration.id);
+  });
+  return isReported;
+}
+
+// The visitor may register and unregister: go by number, and leave out registrations made during the walk.
 template <class Visitor>
 void X11HotkeyService::forEachRegistrationOf(xcb_keycode_t key, Visitor visit) {
   const std::uint64_t last = lastNumber_;
@@ -144,6 +156,7 @@ void X11HotkeyService::forEachRegistrationOf(xcb_keycode_t key, Visitor visit) {
 }
 
 void X11HotkeyService::send(std::uint32_t kind, EventHotKeyID id) {
+  trace::line("hotkey ", id.id, kind == kEventHotKeyPressed ? " pressed" : " released");
   const HotKeyEvent event{kind, id};
   handlers_.offer(&event);
 }

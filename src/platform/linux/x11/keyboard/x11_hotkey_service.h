@@ -10,24 +10,24 @@
 #include "base/observable.h"
 #include "base/weak_self.h"
 #include "platform/hotkey_service.h"
-#include "platform/linux/x11/connection/callback_list.h"
 #include "platform/linux/x11/connection/x11_connection.h"
 #include "platform/linux/x11/keyboard/x11_key_stream.h"
 #include "platform/linux/x11/keyboard/x11_keymap.h"
 
 namespace rondora::x11 {
 
-/// Hot keys as passive grabs on the root window. While the overlay has the keyboard only modifier keys are reported:
-/// whoever watches the overlay's keys (X11EventMonitors) sees every other combination and its release there.
+/// Hot keys as passive grabs on the root window. While the overlay has the keyboard, when no passive grab fires, the
+/// service recognises them among the overlay's keys.
 class X11HotkeyService : public HotkeyService {
  public:
-  X11HotkeyService(X11Connection& connection, X11Keymap& keymap, X11KeyStream& keyboard);
+  X11HotkeyService(X11Connection& connection, X11Keymap& keymap, X11KeyStream& keys);
   ~X11HotkeyService() override;
 
   std::optional<Subscription> registerEventHotKey(std::uint32_t keyCode, std::uint32_t carbonModifiers,
                                                   EventHotKeyID id) override;
   Subscription onModifiersMoved(std::function<void()> observer) override;
   Subscription installEventHandler(Handler handler) override;
+  void setOverlayRule(OverlayRule rule) override { overlayRule_ = std::move(rule); }
 
  private:
   struct Registration {
@@ -47,10 +47,10 @@ class X11HotkeyService : public HotkeyService {
   void ungrab(Combination combination) const;
   void unregister(std::uint64_t number);
   bool isNeeded(Combination combination) const;
-  void handleKey(const X11Key& key);
-  bool isReportedHere(const X11Key& key) const;
-  void handlePress(const X11Key& key);
-  void handleRelease(const X11Key& key);
+  bool handleKey(const X11Key& key);
+  const Registration* liveRegistration(const X11Key& key) const;
+  bool handlePress(const X11Key& key);
+  bool handleRelease(const X11Key& key);
   template <class Visitor>
   void forEachRegistrationOf(xcb_keycode_t key, Visitor visit);
   void send(std::uint32_t kind, EventHotKeyID id);
@@ -62,12 +62,10 @@ class X11HotkeyService : public HotkeyService {
   std::uint64_t lastNumber_ = 0;
   /// What the live grabs were made with.
   ModifierMasks grabbedMasks_;
-  /// By X key code: the Carbon modifiers of the hot key that the held key made. Outlives the registration, which may be
-  /// made anew meanwhile.
-  std::array<std::optional<std::uint32_t>, 256> pressedWith_;
   CallbackList<const HotKeyEvent*> handlers_;
+  OverlayRule overlayRule_;
   Signal<> modifiersMoved_;
-  Subscription keyObserver_;
+  Subscription keys_;
   Subscription keymapObserver_;
   WeakSelf<X11HotkeyService> weakSelf_{this};
 };

@@ -2,77 +2,123 @@
 
 #include <xcb/xcb.h>
 
-#include <bitset>
+#include <array>
+#include <cstddef>
 #include <cstdint>
+#include <functional>
+#include <optional>
 
 #include "base/observable.h"
-#include "platform/linux/x11/connection/callback_list.h"
 #include "platform/linux/x11/connection/x11_connection.h"
 #include "platform/linux/x11/keyboard/held_key_grabs.h"
 #include "platform/linux/x11/keyboard/raw_key_releases.h"
+#include "platform/linux/x11/keyboard/x11_keymap.h"
 #include "platform/main_queue.h"
 
 namespace rondora::x11 {
 
-enum class KeyDirection { down, up };
+/// The consumers of key events, in the order in which they receive each event. A consumer that takes an event ends its
+/// way. This is the only place that states the order: an event tap becomes the enumerator before `hotkeys`.
+enum class KeyConsumer : std::uint8_t { hotkeys, monitors };
+inline constexpr std::size_t kKeyConsumerCount = 2;
 
-/// A key of which a grab of ours told.
-struct X11Key {
-  xcb_keycode_t code = 0;
-  /// The modifiers before the event, as the X server has them.
-  std::uint16_t state = 0;
-  KeyDirection direction = KeyDirection::down;
-  bool isRepeat = false;
-  /// The overlay holds the keyboard: the key is a word to it, whichever combination it makes.
-  bool isForOverlay = false;
+enum class KeyDirection : std::uint8_t { down, up };
+
+/// Whose key event it is: that of a passive grab, that of the overlay's active grab, or that of a window of ours.
+enum class KeyTarget : std::uint8_t { hotkey, overlay, ownWindow };
+
+/// Pixels of the root window.
+struct PixelPosition {
+  int x = 0;
+  int y = 0;
 };
 
-/// Follows each key that a grab of ours saw going down until it is up again, whoever is told of that: a hot key's press
-/// comes by its passive grab, its repeats and release by the overlay's grab or, once that has ended, to another client
-/// (then raw events tell). So a held key is never taken for pressed anew, and a new press never for a repeat. What a
-/// key held beyond the overlay repeats is nobody's: it neither types into the window beneath nor starts anything. Main
-/// thread.
+struct X11Key {
+  xcb_keycode_t code = 0;
+  KeyDirection direction = KeyDirection::down;
+  /// False for keys of own windows.
+  bool isRepeat = false;
+  KeyTarget target = KeyTarget::hotkey;
+  /// X mask of the modifiers before the event.
+  std::uint16_t state = 0;
+  /// Of a release that another client received: those of the latest key event.
+  xcb_timestamp_t time = XCB_CURRENT_TIME;
+  PixelPosition pointer;
+  /// Of a repeat or release: the consumer that took the press, and the event flags of the press.
+  std::optional<KeyConsumer> taker;
+  std::uint64_t flagsAtPress = 0;
+};
+
+/// Turns the X events of keys into one ordered stream: each physical press arrives once without `isRepeat`, its release
+/// once, whichever grab or raw event reports them. Holds the only record of the keys that are down.
+///
+/// A key of a passive grab is followed until it is up, also beyond the overlay's grab; releases that go to other
+/// clients come as raw events. Repeats of a key that outlasts the overlay reach no client: the stream grabs that key
+/// until its release. Main thread; allocates nothing per event.
 class X11KeyStream {
  public:
-  /// All outlive this.
-  X11KeyStream(X11Connection& connection, RawKeyReleases& rawReleases, MainQueue& mainQueue);
+  /// Returns true when it takes the event.
+  using Callback = std::function<bool(const X11Key&)>;
 
-  /// Each physical press comes once without `isRepeat`, its release once. The result of the callback does not matter.
-  [[nodiscard]] Subscription addKeyObserver(CallbackList<const X11Key&>::Callback observer) {
-    return keys_.add(std::move(observer));
-  }
+  /// Arguments must outlive the object.
+  X11KeyStream(X11Connection& connection, X11Keymap& keymap, RawKeyReleases& rawReleases, MainQueue& mainQueue);
+
+  /// One callback a consumer. Repeats and release of a key go first to the consumer that took its press.
+  [[nodiscard]] Subscription consume(KeyConsumer consumer, Callback callback);
 
   /// Call it just before the request that grabs the keyboard.
   void beginOverlay();
   /// Call it just before the request that ungrabs the keyboard.
   void endOverlay();
   bool overlayHasKeyboard() const { return overlayHasKeyboard_; }
-  /// Call it just before a key is typed into another program: no key that is still held takes it from there. The typed
-  /// key ends the repeating of the others.
-  void freeHeldKeys() { heldKeys_.releaseAll(); }
+  /// Call it just before typing into another program: ends the grabs of keys that outlast the overlay.
+  void ungrabHeldKeys();
+
+  /// The latest press of a grabbed key; nothing when it was handled more than `maxAge` seconds ago.
+  std::optional<PixelPosition> pointerAtPress(double maxAge) const;
 
  private:
+  struct HeldKey {
+    bool isDown = false;
+    /// Grabbed by `heldKeyGrabs_`.
+    bool isGrabbed = false;
+    std::optional<KeyConsumer> taker;
+    std::uint64_t flagsAtPress = 0;
+  };
+
   bool handleEvent(const xcb_generic_event_t& event);
+  bool handleOwnWindow(const xcb_key_press_event_t& event);
   void handlePress(const xcb_key_press_event_t& event);
-  void handleHeldPress(const xcb_key_press_event_t& event);
+  void handleGrabbedPress(const xcb_key_press_event_t& event);
   void handleRelease(const xcb_key_release_event_t& event);
+  void note(const xcb_key_press_event_t& event);
   void noteUp(xcb_keycode_t key);
+  X11Key latest(xcb_keycode_t key, KeyDirection direction) const;
+  std::optional<KeyConsumer> deliver(const X11Key& key) const;
+  bool offer(KeyConsumer consumer, const X11Key& key) const;
   void settled();
   void watchRawReleases();
   void stopWatchingWhenNothingIsDown();
+  void forgetAll();
   void forgetKeysThatAreUp();
 
   X11Connection& connection_;
+  X11Keymap& keymap_;
   RawKeyReleases& rawReleases_;
   MainQueue& mainQueue_;
-  HeldKeyGrabs heldKeys_;
-  std::bitset<256> down_;
-  std::uint16_t lastState_ = 0;
+  HeldKeyGrabs heldKeyGrabs_;
+  /// By X key code.
+  std::array<HeldKey, 256> held_;
+  int downCount_ = 0;
+  /// State, time and pointer of the latest key event.
+  X11Key latest_;
+  /// When the latest press was handled, in seconds of the steady clock.
+  double pressedAt_ = 0;
   bool overlayHasKeyboard_ = false;
   Subscription watch_;
-  /// Runs while events from before the ungrab may still be on their way to us.
+  /// Runs while events from before the ungrab may still be on their way.
   Subscription settling_;
-  CallbackList<const X11Key&> keys_;
+  std::array<Callback, kKeyConsumerCount> consumers_;
   Subscription eventHandler_;
 };
 

@@ -14,7 +14,6 @@
 #include "base/owned.h"
 #include "base/weak_self.h"
 #include "platform/key_event.h"
-#include "platform/linux/x11/connection/callback_list.h"
 #include "platform/linux/x11/connection/x11_connection.h"
 #include "platform/main_queue.h"
 

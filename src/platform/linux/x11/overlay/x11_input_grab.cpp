@@ -3,6 +3,8 @@
 #include <optional>
 #include <utility>
 
+#include "base/trace.h"
+
 namespace rondora::x11 {
 namespace {
 
@@ -24,8 +26,8 @@ bool isFocusOfGrab(const xcb_generic_event_t& event) {
 
 }  // namespace
 
-X11InputGrab::X11InputGrab(X11Connection& connection, X11KeyStream& keyboard, MainQueue& mainQueue)
-    : connection_(connection), keyboard_(keyboard), mainQueue_(mainQueue) {
+X11InputGrab::X11InputGrab(X11Connection& connection, X11KeyStream& keys, MainQueue& mainQueue)
+    : connection_(connection), keys_(keys), mainQueue_(mainQueue) {
   eventHandler_ = connection.addEventHandler([this](const xcb_generic_event_t& event) { return handleEvent(event); });
 }
 
@@ -39,7 +41,7 @@ void X11InputGrab::take(InputGrabSink& sink) {
   hasKeyboard_ = hasPointer_ = false;
   heldButtons_.reset();
   attempts_ = 0;
-  keyboard_.beginOverlay();
+  keys_.beginOverlay();
   attempt(connection_.lastEventTime());
 }
 
@@ -68,6 +70,7 @@ void X11InputGrab::attempt(xcb_timestamp_t time) {
     const Reply<xcb_grab_pointer_reply_t> reply(xcb_grab_pointer_reply(connection, *pointer, nullptr));
     hasPointer_ = reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
   }
+  trace::line("grab: attempt ", attempts_, " keyboard ", hasKeyboard_, " pointer ", hasPointer_);
   if (!hasKeyboard_ || !hasPointer_) retryLater();
   if (!pointer) return;
   const Reply<xcb_query_pointer_reply_t> reply(xcb_query_pointer_reply(connection, place, nullptr));
@@ -93,7 +96,7 @@ void X11InputGrab::giveBack(const InputGrabSink& sink) {
 
 void X11InputGrab::letGo() {
   retry_.reset();
-  keyboard_.endOverlay();
+  keys_.endOverlay();
   if (std::exchange(hasKeyboard_, false)) xcb_ungrab_keyboard(connection_.get(), XCB_CURRENT_TIME);
   if (!std::exchange(hasPointer_, false)) return connection_.flush();
   const auto cookie = xcb_query_pointer(connection_.get(), connection_.root());

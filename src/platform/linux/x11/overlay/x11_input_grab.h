@@ -27,7 +27,7 @@ class InputGrabSink {
 /// window nor Enter and Leave matter. Keys go by X11KeyStream. Main thread.
 class X11InputGrab {
  public:
-  X11InputGrab(X11Connection& connection, X11KeyStream& keyboard, MainQueue& mainQueue);
+  X11InputGrab(X11Connection& connection, X11KeyStream& keys, MainQueue& mainQueue);
   ~X11InputGrab();
 
   /// Takes the place of whoever had the grab. Asks with the time of the last event; while another client holds one of
@@ -50,7 +50,7 @@ class X11InputGrab {
   void handleRelease(xcb_button_t button);
 
   X11Connection& connection_;
-  X11KeyStream& keyboard_;
+  X11KeyStream& keys_;
   MainQueue& mainQueue_;
   InputGrabSink* sink_ = nullptr;
   xcb_cursor_t cursor_ = XCB_CURSOR_NONE;

@@ -3,15 +3,14 @@
 #include <xcb/xcb_cursor.h>
 
 #include <initializer_list>
-#include <utility>
 
 #include "base/owned.h"
 
 namespace rondora::x11 {
 namespace {
 
-/// Longer than a key press takes to be handled, shorter than a hand takes to go anywhere.
-constexpr auto kFresh = std::chrono::milliseconds(50);
+/// Longer than the handling of a key press, shorter than a deliberate movement.
+constexpr double kFreshSeconds = 0.05;
 
 /// The first of the names that the user's cursor theme knows.
 xcb_cursor_t loadCursor(xcb_cursor_context_t* context, std::initializer_list<const char*> names) {
@@ -23,12 +22,8 @@ xcb_cursor_t loadCursor(xcb_cursor_context_t* context, std::initializer_list<con
 
 }  // namespace
 
-X11Pointer::X11Pointer(X11Connection& connection, X11InputGrab& inputGrab)
-    : connection_(connection), inputGrab_(inputGrab) {
-  events_ = connection.addEventHandler([this](const xcb_generic_event_t& event) {
-    noteKey(event);
-    return false;
-  });
+X11Pointer::X11Pointer(X11Connection& connection, const X11KeyStream& keys, X11InputGrab& inputGrab)
+    : connection_(connection), keys_(keys), inputGrab_(inputGrab) {
   xcb_cursor_context_t* context = nullptr;
   auto* screen = const_cast<xcb_screen_t*>(&connection.screen());
   if (xcb_cursor_context_new(connection.get(), screen, &context) < 0) return;
@@ -45,27 +40,18 @@ X11Pointer::~X11Pointer() {
   }
 }
 
-// Events that another program made up have a response type of their own.
-void X11Pointer::noteKey(const xcb_generic_event_t& event) {
-  if (event.response_type != XCB_KEY_PRESS) return;
-  const auto& key = reinterpret_cast<const xcb_key_press_event_t&>(event);
-  if (key.root != connection_.root()) return;
-  atKeyPress_ =
-      Known{{static_cast<double>(key.root_x), static_cast<double>(key.root_y)}, std::chrono::steady_clock::now()};
-}
-
-std::optional<Point> X11Pointer::askServer() const {
+std::optional<PixelPosition> X11Pointer::askServer() const {
   const auto cookie = xcb_query_pointer(connection_.get(), connection_.root());
   const Reply<xcb_query_pointer_reply_t> reply(xcb_query_pointer_reply(connection_.get(), cookie, nullptr));
   if (!reply) return std::nullopt;
-  return Point{static_cast<double>(reply->root_x), static_cast<double>(reply->root_y)};
+  return PixelPosition{reply->root_x, reply->root_y};
 }
 
 Point X11Pointer::location() const {
-  const auto known = std::exchange(atKeyPress_, std::nullopt);
-  const bool isFresh = known && std::chrono::steady_clock::now() - known->since < kFresh;
-  const auto inPixels = isFresh ? known->inPixels : askServer();
-  return inPixels.value_or(Point{}) * (1 / connection_.pixelsPerPoint());
+  auto pixels = keys_.pointerAtPress(kFreshSeconds);
+  if (!pixels) pixels = askServer();
+  if (!pixels) return {};
+  return Point{static_cast<double>(pixels->x), static_cast<double>(pixels->y)} * (1 / connection_.pixelsPerPoint());
 }
 
 void X11Pointer::setCursor(CursorShape shape) {

@@ -20,13 +20,9 @@ ModifierSet modifiersOf(std::uint64_t flags) {
 
 }  // namespace
 
-XTestKeyPoster::XTestKeyPoster(X11Connection& connection, X11Keymap& keymap, X11KeyStream& heldKeys,
+XTestKeyPoster::XTestKeyPoster(X11Connection& connection, X11Keymap& keymap, X11KeyStream& keys,
                                RawKeyReleases& rawReleases)
-    : connection_(connection),
-      keymap_(keymap),
-      heldKeys_(heldKeys),
-      rawReleases_(rawReleases),
-      keyboard_(connection.get()) {
+    : connection_(connection), keymap_(keymap), keys_(keys), rawReleases_(rawReleases), keyboard_(connection.get()) {
   readKeymap();
   keymapObserver_ = keymap.onChanged([this] { readKeymap(); });
   if (available()) keyboard_.releaseAll();
@@ -53,7 +49,7 @@ std::optional<SyntheticKeyEvent> XTestKeyPoster::makeKeyEvent(KeyEventSourceStat
 void XTestKeyPoster::post(const SyntheticKeyEvent& event, KeyEventTap /*tap*/) {
   if (event.isDown) {
     const int locked = (event.flags & kAlphaShift) != 0 ? XCB_MOD_MASK_LOCK : 0;
-    heldKeys_.freeHeldKeys();
+    keys_.ungrabHeldKeys();
     typing_.down(modifierKeys_, {static_cast<xcb_keycode_t>(event.nativeKeyCode), modifiersOf(event.flags),
                                  static_cast<std::uint8_t>(locked)});
   } else {

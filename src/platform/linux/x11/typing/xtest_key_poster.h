@@ -19,7 +19,7 @@ namespace rondora::x11 {
 class XTestKeyPoster final : public KeyEventPoster {
  public:
   /// All outlive this. Lets go of keys that an earlier run left pressed.
-  XTestKeyPoster(X11Connection& connection, X11Keymap& keymap, X11KeyStream& heldKeys, RawKeyReleases& rawReleases);
+  XTestKeyPoster(X11Connection& connection, X11Keymap& keymap, X11KeyStream& keys, RawKeyReleases& rawReleases);
   ~XTestKeyPoster() override;
 
   /// The server can make fake events.
@@ -27,7 +27,7 @@ class XTestKeyPoster final : public KeyEventPoster {
 
   std::optional<SyntheticKeyEvent> makeKeyEvent(KeyEventSourceState source, std::uint16_t keyCode, bool isDown,
                                                 const KeyFlags& flags) override;
-  bool reachesApplications() const override { return !heldKeys_.overlayHasKeyboard(); }
+  bool reachesApplications() const override { return !keys_.overlayHasKeyboard(); }
   void post(const SyntheticKeyEvent& event, KeyEventTap tap) override;
 
  private:
@@ -37,7 +37,7 @@ class XTestKeyPoster final : public KeyEventPoster {
 
   X11Connection& connection_;
   X11Keymap& keymap_;
-  X11KeyStream& heldKeys_;
+  X11KeyStream& keys_;
   RawKeyReleases& rawReleases_;
   XTestKeyboard keyboard_;
   SyntheticTyping typing_{keyboard_};

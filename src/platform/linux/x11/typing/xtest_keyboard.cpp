@@ -6,6 +6,7 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/linux/x11/connection/input_extension.h"
 #include "platform/linux/x11/connection/x11_connection.h"
 #include "platform/linux/x11/connection/xcb_xkb.h"
 
@@ -14,8 +15,6 @@ namespace {
 
 // The server names the keyboard that core XTEST requests come from "<master> XTEST keyboard".
 constexpr std::string_view kSyntheticNameEnd = "XTEST keyboard";
-constexpr std::uint16_t kInputMajor = 2;
-constexpr std::uint16_t kInputMinor = 2;
 constexpr std::uint8_t kEveryModifier = 0xFF;
 // The first look at all finds no keyboards yet, later ones seldom find others.
 constexpr int kAttempts = 4;
@@ -26,16 +25,11 @@ bool hasExtension(xcb_connection_t* connection, xcb_extension_t& extension) {
 }
 
 bool setUpExtensions(xcb_connection_t* connection) {
-  if (!hasExtension(connection, xcb_test_id) || !hasExtension(connection, xcb_input_id) ||
-      !hasExtension(connection, xcb_xkb_id)) {
-    return false;
-  }
-  const auto input = xcb_input_xi_query_version(connection, kInputMajor, kInputMinor);
-  const auto keyboard = xcb_xkb_use_extension(connection, XCB_XKB_MAJOR_VERSION, XCB_XKB_MINOR_VERSION);
-  const Reply<xcb_input_xi_query_version_reply_t> inputReply(
-      xcb_input_xi_query_version_reply(connection, input, nullptr));
-  const Reply<xcb_xkb_use_extension_reply_t> keyboardReply(xcb_xkb_use_extension_reply(connection, keyboard, nullptr));
-  return keyboardReply && keyboardReply->supported;
+  if (!hasExtension(connection, xcb_test_id) || !hasExtension(connection, xcb_xkb_id)) return false;
+  const auto cookie = xcb_xkb_use_extension(connection, XCB_XKB_MAJOR_VERSION, XCB_XKB_MINOR_VERSION);
+  const bool hasInput = setUpInputExtension(connection) != 0;
+  const Reply<xcb_xkb_use_extension_reply_t> reply(xcb_xkb_use_extension_reply(connection, cookie, nullptr));
+  return hasInput && reply && reply->supported;
 }
 
 KeySet keySet(const std::uint8_t (&bits)[32]) {

@@ -1,0 +1,30 @@
+#include "doubles/fake_keyboard.h"
+
+#include "doubles/key_contract.h"
+
+namespace rondora {
+namespace {
+
+class FakeKeyBench final : public KeyBench {
+ public:
+  HotkeyService& hotkeys() override { return keyboard_; }
+  EventMonitors& monitors() override { return keyboard_; }
+  void press(std::uint16_t key) override { keyboard_.press(key); }
+  void release(std::uint16_t key) override { keyboard_.release(key); }
+  void repeat(std::uint16_t key) override { keyboard_.repeat(key); }
+  void setOverlay(bool isUp) override { isOverlayUp_ = isUp; }
+
+ private:
+  bool isOverlayUp_ = false;
+  FakeKeyboard keyboard_{[this] { return isOverlayUp_; }};
+};
+
+TEST(FakeKeyboardTest, KeepsTheContractOfTheKeyPorts) {
+  for (const KeyStory& story : kKeyStories) {
+    FakeKeyBench bench;
+    EXPECT_EQ(KeyContract(bench).outcomeOf(story), story.outcome) << story.name;
+  }
+}
+
+}  // namespace
+}  // namespace rondora
