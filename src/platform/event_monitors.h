@@ -14,12 +14,12 @@ inline constexpr std::uint32_t kFlagsChangedMask = 4096;
 /// Key events that the program itself receives: while its overlay is up, that is all of them. Main thread.
 class EventMonitors {
  public:
-  /// Returns true when it consumed the event, which is then not delivered further. May end its own monitor.
+  /// Returns true to consume the event: later monitors do not receive it. May end its own monitor.
   using Handler = std::function<bool(const KeyEvent&)>;
 
   virtual ~EventMonitors() = default;
 
-  /// `eventMask` is one of the masks above. Handlers are asked in the order in which they were added.
+  /// `eventMask` is one of the masks above. Handlers are called in the order in which they were added.
   [[nodiscard]] virtual Subscription addLocalMonitor(std::uint32_t eventMask, Handler handler) = 0;
   /// The modifiers physically held after the events handled so far, as event flags; locks are left out.
   virtual std::uint64_t currentModifierFlags() const = 0;

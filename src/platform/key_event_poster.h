@@ -33,7 +33,7 @@ struct SyntheticKeyEvent {
   friend bool operator==(const SyntheticKeyEvent&, const SyntheticKeyEvent&) = default;
 };
 
-/// Types into whatever holds the keyboard focus. Main thread; where the system has shortcuts for spaces
+/// Types into the window with the keyboard focus. Main thread; where the system has shortcuts for spaces
 /// (platform/symbolic_hot_keys.h), also the queue that presses them, one at a time.
 class KeyEventPoster {
  public:
@@ -42,10 +42,9 @@ class KeyEventPoster {
   /// An event with these flags; nothing when the keyboard has no such key, or no key for one of the modifiers.
   virtual std::optional<SyntheticKeyEvent> makeKeyEvent(KeyEventSourceState source, std::uint16_t keyCode, bool isDown,
                                                         const KeyFlags& flags) = 0;
-  /// False while our own overlay would take what is typed.
+  /// False while our own overlay would receive the typed key.
   virtual bool reachesApplications() const = 0;
-  /// Keys that the user holds stay as they are for the user: neither do they change what the receiver sees, nor are
-  /// they left released or pressed by this.
+  /// Keys that the user holds neither change what the receiver sees, nor does their state change for the user.
   virtual void post(const SyntheticKeyEvent& event, KeyEventTap tap) = 0;
 };
 

@@ -23,7 +23,7 @@ class AppLauncherTest : public ::testing::Test {
   AppLauncher& launcher_ = actions_.appLauncher;
 };
 
-TEST_F(AppLauncherTest, StartsAnApplicationBringsItForwardOrOpensWhatCannotBeBroughtForward) {
+TEST_F(AppLauncherTest, StartsActivatesOrOpensAnApplication) {
   desktop_.workspace.install("editor", "Editor");
   execute(LaunchApp{"editor"});
   EXPECT_THAT(desktop_.workspace.openedApplications, ElementsAre("/apps/editor"));
@@ -55,7 +55,7 @@ TEST_F(AppLauncherTest, TakesTheFirstLiveOrdinaryInstance) {
   EXPECT_EQ(launcher_.runningApplication("editor")->processIdentifier, first.processIdentifier);
 }
 
-TEST_F(AppLauncherTest, CopiesASnippetInPlaceOfWhatWasOnThePasteboard) {
+TEST_F(AppLauncherTest, CopiedSnippetReplacesThePasteboard) {
   desktop_.pasteboard.setData("picture", "bytes");
   execute(Snippet{""});
   EXPECT_EQ(desktop_.pasteboard.data("picture"), "bytes");
@@ -65,7 +65,7 @@ TEST_F(AppLauncherTest, CopiesASnippetInPlaceOfWhatWasOnThePasteboard) {
   EXPECT_EQ(desktop_.pasteboard.data("picture"), std::nullopt);
 }
 
-TEST_F(AppLauncherTest, OpensAnAddressExactlyAsItIsStoredAndOnlyApplicationsThatAreThere) {
+TEST_F(AppLauncherTest, OpensStoredAddressesAndPresentApplications) {
   const auto runAll = [this] {
     execute(LaunchApp{"missing"});
     for (const auto kind : {MacOSSystemActionKind::missionControl, MacOSSystemActionKind::applicationWindows,

@@ -62,7 +62,7 @@ TEST_F(KeystrokeSenderTest, WithoutThePermissionItNeitherWaitsNorTypes) {
   EXPECT_TRUE(desktop_.log.contains(LogLevel::error, "keystroke skipped: Accessibility permission not granted"));
 }
 
-TEST_F(KeystrokeSenderTest, WaitsForTheTargetWhoeverElseIsWaitedForAndTypesAnywayWhenItStaysBehind) {
+TEST_F(KeystrokeSenderTest, WaitsForTheTargetAndTypesAnywayInTheEnd) {
   const auto& posted = desktop_.keyEvents.posted;
   const auto editor = desktop_.workspace.start("editor");
   desktop_.workspace.leaveAll();
@@ -145,7 +145,7 @@ TEST_F(KeystrokeSenderTest, AKeyThatCannotBeMadeIsLoggedAndTypesNothing) {
   EXPECT_THAT(desktop_.keyEvents.posted, IsEmpty());
 }
 
-TEST(FrontmostAppWaiter, LeavesNothingBehindThatCouldCallItAfterItsEnd) {
+TEST(FrontmostAppWaiter, CancelsItsPollsWhenDestroyed) {
   FakePlatform desktop;
   auto waiter = std::make_unique<FrontmostAppWaiter>(desktop.workspace, desktop.time, desktop.time, desktop.log);
   waiter->poll(4711, desktop.time.now() + 0.5, [] { FAIL(); });

@@ -68,7 +68,7 @@ TEST(HotkeyDisplay, SaysUnassignedInRussianAndElseInEnglish) {
   EXPECT_EQ(glyphString(std::nullopt), "");
 }
 
-TEST(HotkeyDisplay, ReadsAKeystrokesModifiersAsEventFlagsAndCallsCommandSuperOnAPcKeyboard) {
+TEST(HotkeyDisplay, ReadsKeystrokeModifiersAsEventFlags) {
   EXPECT_EQ(keystrokeDisplayString(0, event_flags::kCommand, AppLanguage::english), "Cmd + A");
   EXPECT_EQ(keystrokeDisplayString(40, event_flags::kControl | event_flags::kShift, AppLanguage::english),
             "Ctrl + Shift + K");

@@ -12,7 +12,7 @@ PieMenu menuWith(HotkeyConfig hotkey, PieMenuKind kind = PieMenuKind::standard) 
   return menu;
 }
 
-TEST(HotkeyHIDTap, BindsWhatTheHotKeyServiceCannotServeAndThenNeedsThePermission) {
+TEST(HotkeyHIDTap, BindsWhatTheHotKeyServiceCannotServe) {
   PieMenu disabled = menuWith({63, 0}, PieMenuKind::appCommands);
   disabled.runningAppsMenuEnabled = false;
   HotkeyHIDTap tap;

@@ -131,7 +131,7 @@ TEST_F(RunningAppFocusTest, PrefersAnOpenWindowToAMinimizedTarget) {
   EXPECT_THAT(journal(), ElementsAre("open: AXMain=1", "open: AXRaise"));
 }
 
-TEST_F(RunningAppFocusTest, KeepsAMinimizedTargetThatIsNoStandardWindowWhenNothingElseIsThere) {
+TEST_F(RunningAppFocusTest, KeepsAMinimizedDialogThatIsTheOnlyWindow) {
   desktop_.accessibility.addWindow(pid_, "dialog", kWindow, true, "AXDialog");
   focus();
   EXPECT_THAT(journal(), ElementsAre("dialog: AXMain=1", "dialog: AXRaise"));

@@ -15,20 +15,20 @@ namespace rondora::x11 {
 /// X key codes.
 using KeySet = std::bitset<256>;
 
-/// The modifiers that a keystroke may ask for, in the order in which they are pressed.
+/// The modifiers of a keystroke, in the order in which they are pressed.
 enum class Modifier : std::uint8_t { control, option, shift, command };
 inline constexpr std::size_t kModifierCount = 4;
 /// One bit for each Modifier, by its number.
 using ModifierSet = std::bitset<kModifierCount>;
 
-/// How a set of modifiers comes about: by keys held down and, where no key will do, by locked modifiers (X mask).
+/// The means to set modifiers: keys held down and, for modifiers without a suitable key, locked modifiers (X mask).
 struct Chord {
   std::vector<xcb_keycode_t> keys;
   std::uint8_t lockedMask = 0;
   friend bool operator==(const Chord&, const Chord&) = default;
 };
 
-/// What the keys of the present mapping do to the modifiers.
+/// The effect of the present mapping's keys on the modifiers.
 struct ModifierKeys {
   struct Setters {
     /// X mask of the modifier; 0 when no key sets it.
@@ -37,25 +37,25 @@ struct ModifierKeys {
     std::vector<xcb_keycode_t> keys;
   };
 
-  /// Stand for something.
+  /// Keys with a meaning.
   KeySet known;
   /// Change a modifier or the layout for as long as they are down.
   KeySet holding;
-  /// Toggle a lock: the modifiers go on when they are up again.
+  /// Toggle a lock, which outlasts their release.
   KeySet locking;
   /// Locks that such keys toggle, without Num Lock, which belongs to the number pad and not to a keystroke.
   std::uint8_t toggledMask = 0;
   std::uint8_t numLockMask = 0;
   /// By Modifier.
   std::array<Setters, kModifierCount> setters;
-  /// By the number of a ModifierSet: its keys, all down, make these modifiers and change neither layout nor lock. Not
-  /// so where two modifiers together switch the layout.
+  /// By the number of a ModifierSet: its keys, all down, set exactly these modifiers and change neither layout nor
+  /// lock. False where two modifiers together switch the layout.
   std::bitset<1U << kModifierCount> combinable;
 
   bool canSet(ModifierSet modifiers) const;
-  /// Of modifiers that can be set, with no key out of `avoided`.
+  /// Requires `canSet`; uses no key in `avoided`.
   Chord chordFor(ModifierSet modifiers, const KeySet& avoided) const;
-  /// These keys, all down, do no more than each of them alone.
+  /// These keys, all down, have only the effects that each has alone.
   bool canBeHeldTogether(const KeySet& keys) const;
 };
 

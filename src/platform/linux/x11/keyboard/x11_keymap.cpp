@@ -61,7 +61,7 @@ void X11Keymap::setClientFlags() const {
       xcb_xkb_per_client_flags_reply(connection_.get(), cookie, nullptr));
 }
 
-// Only adds to what the connection is told: the toolkit has made its own choice there.
+// Adds to the toolkit's selection.
 void X11Keymap::selectEvents() const {
   constexpr std::uint16_t kMapParts = XCB_XKB_MAP_PART_KEY_TYPES | XCB_XKB_MAP_PART_KEY_SYMS |
                                       XCB_XKB_MAP_PART_MODIFIER_MAP | XCB_XKB_MAP_PART_VIRTUAL_MODS |
@@ -75,7 +75,7 @@ void X11Keymap::selectEvents() const {
       kMapParts, kMapParts, &details);
 }
 
-// Once: from then on the events tell.
+// Once: afterwards the events report changes.
 void X11Keymap::readHeldModifiers() {
   const auto cookie = xcb_xkb_get_state(connection_.get(), XCB_XKB_ID_USE_CORE_KBD);
   const Reply<xcb_xkb_get_state_reply_t> reply(xcb_xkb_get_state_reply(connection_.get(), cookie, nullptr));
@@ -143,7 +143,7 @@ void X11Keymap::readModifiers() {
 
 void X11Keymap::noteModifierKey(std::size_t modifier, xcb_keycode_t key) {
   modifierKeys_.set(key);
-  if (modifier < XCB_MAP_INDEX_1) return;  // Shift, Lock and Control have their place
+  if (modifier < XCB_MAP_INDEX_1) return;  // Shift, Lock and Control are fixed
   const auto note = [&](std::uint16_t& mask, xkb_keysym_t first, xkb_keysym_t second) {
     if (mask == 0 && hasKeysym(key, first, second)) mask = maskOf(modifier);
   };
@@ -193,11 +193,11 @@ std::string X11Keymap::characters(xcb_keycode_t key, std::uint16_t state) {
 }
 
 std::string X11Keymap::charactersIgnoringModifiers(xcb_keycode_t key, std::uint16_t state) {
-  // Num Lock decides what the keys of the number pad are; it is no modifier that somebody holds.
+  // Num Lock selects the meaning of the number pad; it is not a held modifier.
   return textOf(key, state & static_cast<std::uint32_t>(masks_.shift | masks_.numLock), state);
 }
 
-// By way of the keysym: Control is to change nothing about the text.
+// Through the keysym, so that Control does not change the text.
 std::string X11Keymap::textOf(xcb_keycode_t key, std::uint32_t modifiers, std::uint16_t state) {
   refreshIfStale();
   if (!state_) return {};

@@ -19,7 +19,7 @@
 
 namespace rondora::x11 {
 
-/// Where the current keyboard mapping has put the modifiers, as masks of X; 0 for one that no key sets.
+/// The modifiers of the current keyboard mapping as X masks; 0 for a modifier that no key sets.
 struct ModifierMasks {
   std::uint16_t shift = XCB_MOD_MASK_SHIFT;
   std::uint16_t control = XCB_MOD_MASK_CONTROL;
@@ -31,12 +31,12 @@ struct ModifierMasks {
   friend bool operator==(const ModifierMasks&, const ModifierMasks&) = default;
 
   std::uint16_t locks() const { return static_cast<std::uint16_t>(capsLock | numLock | scrollLock); }
-  /// Every combination of the locks, none of them first.
+  /// Every combination of the locks, the empty one first.
   std::vector<std::uint16_t> lockCombinations() const;
 };
 
-/// The mapping of the core keyboard: follows the server's, so layouts, groups and moved modifiers are the user's own.
-/// Also sets how the connection sees the keyboard: detectable auto-repeat, XKB state in core events. Main thread.
+/// The mapping of the core keyboard; follows the server's, so layouts, groups and the modifier map are the user's own.
+/// Also sets the connection's keyboard flags: detectable auto-repeat, XKB state in core events. Main thread.
 class X11Keymap {
  public:
   X11Keymap(X11Connection& connection, MainQueue& mainQueue);
@@ -44,26 +44,26 @@ class X11Keymap {
   /// Null when the server has none.
   xkb_keymap* keymap() const { return keymap_.get(); }
   const ModifierMasks& masks() const { return masks_; }
-  /// Nothing when the mask asks for a modifier that the keyboard does not have, Fn included.
+  /// Nothing when the keyboard lacks one of the modifiers; X11 never has Fn.
   std::optional<std::uint16_t> xModifiers(std::uint32_t carbonModifiers) const;
   /// Event flags of an X modifier mask; locks are left out.
   std::uint64_t eventFlags(std::uint32_t xModifiers) const;
-  /// The modifiers physically held after the events handled so far, as event flags. The server would answer for events
-  /// that still wait, too: a release would then overtake the motion before it.
+  /// The modifiers physically held after the events handled so far, as event flags. A reply of the server would include
+  /// events that are still queued: a release would then overtake the motion before it.
   std::uint64_t heldEventFlags() const { return eventFlags(heldModifiers_); }
   bool isModifierKey(xcb_keycode_t key) const { return modifierKeys_[key]; }
 
   /// The texts that the key types in `state`, the state field of a core event.
   std::string characters(xcb_keycode_t key, std::uint16_t state);
-  /// With Shift as the only modifier that counts.
+  /// With Shift as the only modifier.
   std::string charactersIgnoringModifiers(xcb_keycode_t key, std::uint16_t state);
   KeyEvent keyEvent(KeyEventType type, xcb_keycode_t key, std::uint16_t state, bool isRepeat);
 
-  /// Called after the mapping was read anew.
+  /// Called after the mapping was read again.
   [[nodiscard]] Subscription onChanged(std::function<void()> observer) {
     return changed_.subscribe(std::move(observer));
   }
-  /// Called when a modifier went down or up, with the modifiers held after it (X mask) and the key that did it.
+  /// Called when a modifier went down or up, with the modifiers held after it (X mask) and the key.
   using HeldModifiersObserver = std::function<bool(std::uint8_t, xcb_keycode_t)>;
   [[nodiscard]] Subscription onHeldModifiersChanged(HeldModifiersObserver observer) {
     return heldModifiersChanged_.add(std::move(observer));

@@ -2,14 +2,14 @@
 
 namespace rondora::x11 {
 
-/// A small process beside the program that outlives it by a moment: when the program ends without a word (a crash, or
-/// SIGKILL, while a key is pressed), it lets go of whatever the XTEST keyboard holds. Where the guard is killed too,
-/// XTestKeyPoster does so at the next start.
+/// A companion process that outlives the program by a moment: when the program crashes or is killed while it holds a
+/// key, the guard releases every key of the XTEST keyboard. When the guard is killed too, XTestKeyPoster does so at the
+/// next start.
 class SyntheticKeyGuard {
  public:
-  /// Call it first of all, before there are threads. Without a process to spare there is no guard.
+  /// Call it before any thread starts. When fork fails there is no guard.
   SyntheticKeyGuard();
-  /// The program ends in order: nothing is left to do.
+  /// The program ends in order: the guard ends without releasing anything.
   ~SyntheticKeyGuard();
   SyntheticKeyGuard(const SyntheticKeyGuard&) = delete;
   SyntheticKeyGuard& operator=(const SyntheticKeyGuard&) = delete;

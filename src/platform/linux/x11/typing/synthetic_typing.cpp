@@ -5,8 +5,8 @@
 namespace rondora::x11 {
 namespace {
 
-// Each further round answers a key that the user moved during the one before.
-constexpr int kMostRounds = 16;
+// Each further round follows a key that the user pressed or released during the one before.
+constexpr int kMaxRounds = 16;
 
 template <class Function>
 void forEachKey(const KeySet& keys, Function function) {
@@ -37,15 +37,15 @@ void SyntheticTyping::down(std::shared_ptr<const ModifierKeys> keys, const Synth
   keyboard_.press(keystroke.key);
 }
 
-// The user's release of the same key would cut ours short; and two keys at once switch sticky keys off.
+// The user's release of the same key would end ours; and two keys at once switch sticky keys off.
 KeySet SyntheticTyping::unsuitableKeys(const KeyboardLook& look) {
   return look.stickyKeys ? KeySet().set() : look.physical;
 }
 
-// Letting go of a key that toggles a lock ends its toggling; only then are the locks what the user means them to be.
+// The release of a lock key completes its toggle; only then do the locks have the state that the user wants.
 KeyboardLook SyntheticTyping::lookWithoutLockKeys() {
   KeyboardLook look = keyboard_.look();
-  for (int round = 0; round < kMostRounds && (look.logical & keys_->locking).any(); ++round) {
+  for (int round = 0; round < kMaxRounds && (look.logical & keys_->locking).any(); ++round) {
     forEachKey(look.logical & keys_->locking, [this](xcb_keycode_t key) { keyboard_.release(key); });
     look = keyboard_.look();
   }
@@ -68,10 +68,10 @@ void SyntheticTyping::up() {
   }
   const KeyboardLook look = lookWithoutLockKeys();
   giveBackLocks(typed, look.lockedMask);
-  if (mend(look)) settle();
+  if (correct(look)) settle();
 }
 
-// What the user toggled meanwhile counts from where the user had left it.
+// A lock that the user toggled during the keystroke is toggled from its earlier state.
 void SyntheticTyping::giveBackLocks(const Typed& typed, std::uint8_t locked) {
   const int toggled = (locked ^ typed.during) & keys_->toggledMask;
   const std::uint8_t wanted = maskOf(typed.before ^ toggled);
@@ -80,13 +80,13 @@ void SyntheticTyping::giveBackLocks(const Typed& typed, std::uint8_t locked) {
 }
 
 void SyntheticTyping::settle() {
-  for (int round = 0; round < kMostRounds && touched_.any(); ++round) {
-    if (!mend(keyboard_.look())) return;
+  for (int round = 0; round < kMaxRounds && touched_.any(); ++round) {
+    if (!correct(keyboard_.look())) return;
   }
 }
 
-// False when all was as it should be.
-bool SyntheticTyping::mend(const KeyboardLook& look) {
+// False when nothing needed a correction.
+bool SyntheticTyping::correct(const KeyboardLook& look) {
   const bool followed = followReleases(look);
   const bool gaveBack = giveBackKeys(look);
   if (!followed && !gaveBack) touched_ &= look.synthetic;
@@ -94,12 +94,12 @@ bool SyntheticTyping::mend(const KeyboardLook& look) {
 }
 
 bool SyntheticTyping::followReleases(const KeyboardLook& look) {
-  const KeySet heldForNobody = touched_ & look.synthetic & ~look.physical;
-  forEachKey(heldForNobody, [this](xcb_keycode_t key) { keyboard_.release(key); });
-  return heldForNobody.any();
+  const KeySet heldByUsAlone = touched_ & look.synthetic & ~look.physical;
+  forEachKey(heldByUsAlone, [this](xcb_keycode_t key) { keyboard_.release(key); });
+  return heldByUsAlone.any();
 }
 
-// A key that toggles a lock would toggle it once more, and with sticky keys a modifier would outlive its release.
+// A lock key would toggle once more, and with sticky keys a modifier would outlive its release.
 bool SyntheticTyping::giveBackKeys(const KeyboardLook& look) {
   const KeySet missing = touched_ & look.physical & ~look.logical & ~keys_->locking;
   const bool canGiveBack = !look.stickyKeys && keys_->canBeHeldTogether(look.physical & keys_->holding);

@@ -59,7 +59,7 @@ void XTestKeyPoster::post(const SyntheticKeyEvent& event, KeyEventTap /*tap*/) {
   connection_.flush();
 }
 
-// The user may have let go before the watch began.
+// The user may have released the key before the watch began.
 void XTestKeyPoster::followUser() {
   if (!releaseWatch_) {
     releaseWatch_ = rawReleases_.watch([this](xcb_keycode_t) {

@@ -14,11 +14,11 @@
 
 namespace rondora::x11 {
 
-/// Types through the XTEST extension, on the connection that also holds our grabs: what was ungrabbed before a key is
-/// posted no longer takes it. Main thread: nothing types from another one, as this desktop has no shortcuts for spaces.
+/// Types through the XTEST extension, on the connection that also holds our grabs: a grab released before a key is
+/// posted no longer takes it. Main thread only; X11 has no shortcuts for spaces that another thread would press.
 class XTestKeyPoster final : public KeyEventPoster {
  public:
-  /// All outlive this. Lets go of keys that an earlier run left pressed.
+  /// Arguments must outlive the object. Releases keys that an earlier run left pressed.
   XTestKeyPoster(X11Connection& connection, X11Keymap& keymap, X11KeyStream& keys, RawKeyReleases& rawReleases);
   ~XTestKeyPoster() override;
 

@@ -62,7 +62,7 @@ XTestKeyboard::XTestKeyboard(xcb_connection_t* connection)
   root_ = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
 }
 
-// All requests go out before the first answer is awaited.
+// All requests go out before the first reply is awaited.
 struct XTestKeyboard::Questions {
   Questions(xcb_connection_t* connection, const Devices& known)
       : keymap(xcb_query_keymap(connection)),
@@ -97,7 +97,7 @@ KeyboardLook XTestKeyboard::look() {
   return look;
 }
 
-/// Returns the keyboards that there are.
+/// Returns the present keyboards.
 XTestKeyboard::Devices XTestKeyboard::answer(const Questions& questions, KeyboardLook& look) const {
   const Reply<xcb_query_keymap_reply_t> keymap(xcb_query_keymap_reply(connection_, questions.keymap, nullptr));
   if (keymap) look.logical = keySet(keymap->keys);
@@ -137,7 +137,7 @@ void XTestKeyboard::fake(std::uint8_t type, xcb_keycode_t key) const {
 void XTestKeyboard::press(xcb_keycode_t key) { fake(XCB_KEY_PRESS, key); }
 void XTestKeyboard::release(xcb_keycode_t key) { fake(XCB_KEY_RELEASE, key); }
 
-// To whoever has grabbed the keyboard, which for this moment is us, unless another client has it.
+// The event goes to the client that has grabbed the keyboard: for this moment us, unless another client has it.
 void XTestKeyboard::releaseUnseen(xcb_keycode_t key) {
   const auto grab =
       xcb_grab_keyboard(connection_, 0, root_, XCB_CURRENT_TIME, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);

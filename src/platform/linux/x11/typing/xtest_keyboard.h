@@ -10,13 +10,13 @@
 
 namespace rondora::x11 {
 
-/// The keyboards of an X server, and its XTEST keyboard for fake events. One thread at a time.
+/// The keyboards of an X server and its XTEST keyboard, the source of fake events. One thread at a time.
 class XTestKeyboard final : public SyntheticKeyboard {
  public:
   /// Does not own the connection.
   explicit XTestKeyboard(xcb_connection_t* connection);
 
-  /// The server has the extensions for it.
+  /// The server has the extensions that this needs.
   bool available() const { return available_; }
 
   /// One round trip, two when keyboards were plugged in or out since the last look.
@@ -27,7 +27,7 @@ class XTestKeyboard final : public SyntheticKeyboard {
   void setLocks(std::uint8_t affected, std::uint8_t locked) override;
   void clearLatches() override;
 
-  /// Lets go of whatever the XTEST keyboard holds, and waits until that is done. True when there was something.
+  /// Releases every key of the XTEST keyboard and waits for the server. True when there was one.
   bool releaseAll();
 
  private:
