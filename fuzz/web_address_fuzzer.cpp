@@ -23,7 +23,9 @@ void checkAddress(const WebAddress& address) {
   require(isPrintable(address.path()), "the path needs no quoting");
   require(address.path().find('#') == std::string_view::npos, "there is no fragment");
   require(address.host().find_first_of("/?#@ \r\n") == std::string::npos, "the host ends where the address says");
-  require(address.resolve(address.path()) == address, "its own path leads to itself");
+  // A reference that begins with two slashes names a host.
+  const bool isPathReference = !address.path().starts_with("//");
+  require(!isPathReference || address.resolve(address.path()) == address, "its own path leads to itself");
   require(address.root().origin() == address.origin(), "the front page has the same origin");
 }
 
