@@ -36,13 +36,16 @@ class PreparedPicture {
  public:
   virtual ~PreparedPicture() = default;
 
-  /// Sets the snapshot of the screen beneath the picture, opaque and at the target's resolution. Comes before the first
-  /// `paint`; without it the glass is imitated.
+  /// Sets the snapshot of the screen beneath the picture, at the target's resolution; its alpha is ignored. Comes
+  /// before the first `paint`; without it the glass is imitated.
   virtual void setBackdrop(const PixelBuffer& screen) = 0;
 
   /// Clears `view.dirty` to transparent and paints every layer in its state there. `states` has one entry per layer; a
   /// fractional entry blends the two states next to it.
   virtual void paint(std::span<const double> states, const PictureView& view, PixelBuffer target) = 0;
+
+  /// Does now what the next `paint` with other states would take time for.
+  virtual void prepareChanges() {}
 };
 
 /// Turns pictures into pixels. Main thread.

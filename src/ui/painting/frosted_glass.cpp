@@ -119,12 +119,12 @@ std::uint32_t packed(Rgb color) {
 }
 
 /// A position between two neighbours in a row of `count` small pixels, each `factor` large pixels wide.
-struct Between {
+struct Neighbours {
   int first;
   int second;
-  std::uint32_t weight;
+  std::uint32_t weight;  // of the second, in 256ths
 
-  Between(int large, int factor, int count) {
+  Neighbours(int large, int factor, int count) {
     const int place = (2 * large + 1) * 128 / factor - 128;  // 256ths of a small pixel
     const int whole = place >> 8;
     first = std::clamp(whole, 0, count - 1);
@@ -133,36 +133,63 @@ struct Between {
   }
 };
 
-void grow(const std::vector<std::uint32_t>& small, int width, int height, int factor, PixelBuffer target) {
-  std::vector<std::uint32_t> line(static_cast<std::size_t>(width));
-  std::vector<Between> columns;
-  columns.reserve(static_cast<std::size_t>(target.width));
-  for (int x = 0; x < target.width; ++x) columns.emplace_back(x, factor, width);
-  for (int y = 0; y < target.height; ++y) {
-    const Between rows(y, factor, height);
-    const std::uint32_t* upper = small.data() + static_cast<std::ptrdiff_t>(rows.first) * width;
-    const std::uint32_t* lower = small.data() + static_cast<std::ptrdiff_t>(rows.second) * width;
-    std::transform(upper, upper + width, lower, line.begin(),
-                   [&](std::uint32_t a, std::uint32_t b) { return mixedPixel(a, b, rows.weight); });
-    std::transform(columns.begin(), columns.end(), target.pixels + static_cast<std::ptrdiff_t>(y) * target.stride,
-                   [pixels = line.data()](const Between& place) {
-                     return mixedPixel(pixels[place.first], pixels[place.second], place.weight);
-                   });
-  }
+/// Writes the first `count` of the `factor` pixels from the middle of `a` to that of `b`, as `mixedPixel` gives them,
+/// by adding only. Returns the end of what it wrote.
+std::uint32_t* enlarge(std::uint32_t a, std::uint32_t b, int factor, int count, std::uint32_t* target) {
+  const std::uint32_t step = 256 / static_cast<std::uint32_t>(factor);
+  const std::uint32_t first = factor == 1 ? 0 : step / 2;
+  const auto start = [first](std::uint32_t from, std::uint32_t to) { return from * (256 - first) + to * first; };
+  std::uint32_t even = start(a & kEvenComponents, b & kEvenComponents);
+  std::uint32_t odd = start(a >> 8 & kEvenComponents, b >> 8 & kEvenComponents);
+  const std::uint32_t evenStep = ((b & kEvenComponents) - (a & kEvenComponents)) * step;
+  const std::uint32_t oddStep = ((b >> 8 & kEvenComponents) - (a >> 8 & kEvenComponents)) * step;
+  for (int i = 0; i < count; ++i, even += evenStep, odd += oddStep)
+    *target++ = (even >> 8 & kEvenComponents) | (odd & ~kEvenComponents);
+  return target;
 }
+
+int shrinkingFactor(double deviation) {
+  int factor = 1;
+  while (factor < 16 && factor * 3.0 <= deviation) factor *= 2;
+  return factor;
+}
+
+double deviationOf(const Frost& frost) { return std::clamp(frost.blurRadius, 0.0, 500.0) / 2; }
 
 }  // namespace
 
-void frost(const PixelBuffer& screen, const Frost& frost, PixelBuffer target) {
-  const double deviation = std::clamp(frost.blurRadius, 0.0, 500.0) / 2;
-  int factor = 1;
-  while (factor < 16 && factor * 3.0 <= deviation) factor *= 2;
-  Tile tile = shrunk(screen, factor);
-  smooth(tile, meanRadius(deviation / factor));
-  std::vector<std::uint32_t> small(tile.pixels.size());
-  std::transform(tile.pixels.begin(), tile.pixels.end(), small.begin(),
+FrostedGlass::FrostedGlass(const PixelBuffer& screen, const Frost& frost)
+    : width_(screen.width), height_(screen.height), factor_(shrinkingFactor(deviationOf(frost))) {
+  Tile tile = shrunk(screen, factor_);
+  smooth(tile, meanRadius(deviationOf(frost) / factor_));
+  smallWidth_ = tile.width;
+  smallHeight_ = tile.height;
+  small_.resize(tile.pixels.size());
+  std::transform(tile.pixels.begin(), tile.pixels.end(), small_.begin(),
                  [glass = Glass(frost)](Rgb color) { return packed(glass(color)); });
-  grow(small, tile.width, tile.height, factor, target);
+  line_.resize(static_cast<std::size_t>(smallWidth_));
+}
+
+void FrostedGlass::copyRow(int y, std::uint32_t* target) {
+  const Neighbours rows(y, factor_, smallHeight_);
+  const std::uint32_t* upper = small_.data() + static_cast<std::ptrdiff_t>(rows.first) * smallWidth_;
+  const std::uint32_t* lower = small_.data() + static_cast<std::ptrdiff_t>(rows.second) * smallWidth_;
+  std::transform(upper, upper + smallWidth_, lower, line_.begin(),
+                 [&](std::uint32_t a, std::uint32_t b) { return mixedPixel(a, b, rows.weight); });
+  std::uint32_t* const end = target + width_;
+  target = std::fill_n(target, std::min(factor_ / 2, width_), line_.front());
+  for (std::size_t x = 0; x + 1 < line_.size() && target < end; ++x) {
+    target = enlarge(line_[x], line_[x + 1], factor_, std::min(factor_, static_cast<int>(end - target)), target);
+  }
+  std::fill(target, end, line_.back());
+}
+
+void FrostedGlass::copyTo(const PixelBuffer& target) {
+  for (int y = 0; y < height_; ++y) copyRow(y, target.pixels + static_cast<std::ptrdiff_t>(y) * target.stride);
+}
+
+void frost(const PixelBuffer& screen, const Frost& frost, PixelBuffer target) {
+  FrostedGlass(screen, frost).copyTo(target);
 }
 
 }  // namespace rondora

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cstdint>
+#include <vector>
+
 #include "base/color.h"
 #include "platform/picture_rasterizer.h"
 
@@ -14,8 +17,31 @@ struct Frost {
   Color veil{0, 0, 0, 0};
 };
 
-/// Fills `target` with `screen` seen through the glass. Both have the same size; `screen` is opaque and is extended at
-/// its edges by its outermost pixels. The time is proportional to the area and independent of the radius.
+/// A screen seen through the glass. Kept in fewer pixels than the screen has, and enlarged row by row.
+class FrostedGlass {
+ public:
+  /// Reads `screen`, whose alpha is ignored, and extends it at its edges by its outermost pixels. The time is
+  /// proportional to the area and independent of the radius.
+  FrostedGlass(const PixelBuffer& screen, const Frost& frost);
+
+  int width() const { return width_; }
+  int height() const { return height_; }
+  /// Writes the `width` opaque pixels of row `y`, 0 to `height` − 1.
+  void copyRow(int y, std::uint32_t* target);
+  /// As copyRow, for all rows of a buffer of the screen's size.
+  void copyTo(const PixelBuffer& target);
+
+ private:
+  int width_;
+  int height_;
+  int factor_;
+  int smallWidth_;
+  int smallHeight_;
+  std::vector<std::uint32_t> small_;
+  std::vector<std::uint32_t> line_;
+};
+
+/// Fills `target` with `screen`, of the same size, as it is seen through the glass.
 void frost(const PixelBuffer& screen, const Frost& frost, PixelBuffer target);
 
 }  // namespace rondora

@@ -256,6 +256,9 @@ TEST_F(OverlayWithoutSharedMemoryTest, WhereTheScreenCannotBeReadEdgesAreHard) {
 TEST_F(OverlayPanelTest, IsOpenBetweenItsPartsWhileTheCompositorComesAndGoes) {
   startCompositor();
   cover({0, 0, 640, 480});
+  auto unpainted = panels_.makePanel({}, kFrame, sink_);
+  EXPECT_TRUE(eventually([&] { return capture(kArea).at(110, 150) == kCoverColor; }));
+  close(unpainted);
   const auto panel = openTwoLayers();
   const auto looksRight = [this] { return looksOpenBetweenItsParts(); };
   EXPECT_TRUE(eventually(looksRight));

@@ -32,7 +32,9 @@ class SolidRasterizer : public PictureRasterizer {
     Prepared(SolidRasterizer& rasterizer, Picture source) : owner(rasterizer), picture(std::move(source)) {}
 
     void setBackdrop(const PixelBuffer& screen) override {
-      owner.backdrops.emplace_back(screen.pixels, screen.pixels + std::ptrdiff_t{screen.stride} * screen.height);
+      auto& seen =
+          owner.backdrops.emplace_back(screen.pixels, screen.pixels + std::ptrdiff_t{screen.stride} * screen.height);
+      for (std::uint32_t& pixel : seen) pixel |= 0xFF000000U;  // the screen's alpha is undefined
     }
 
     void paint(std::span<const double> states, const PictureView& view, PixelBuffer target) override {

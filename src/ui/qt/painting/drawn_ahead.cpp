@@ -32,15 +32,18 @@ DrawnAhead::DrawnAhead(QImage inFrontOfBlack, const QImage& inFrontOfWhite)
   }
 }
 
-bool DrawnAhead::compose(const QImage& backdrop, QImage& target) const {
+bool DrawnAhead::compose(FrostedGlass& backdrop, const PixelBuffer& target) const {
   const int width = inFrontOfBlack_.width();
-  if (backdrop.size() != inFrontOfBlack_.size() || target.size() != inFrontOfBlack_.size()) return false;
+  const int height = inFrontOfBlack_.height();
+  if (backdrop.width() != width || backdrop.height() != height) return false;
+  if (target.width != width || target.height != height) return false;
+  std::vector<std::uint32_t> behind(static_cast<std::size_t>(width));
   const std::uint8_t* light = light_.data();
-  for (int y = 0; y < target.height(); ++y, light += width) {
+  for (int y = 0; y < height; ++y, light += width) {
     const std::uint32_t* own = pixelsOf(inFrontOfBlack_, y);
-    const std::uint32_t* behind = pixelsOf(backdrop, y);
-    auto* row = reinterpret_cast<std::uint32_t*>(target.scanLine(y));
-    for (int x = 0; x < width; ++x) row[x] = own[x] + dimmedPixel(behind[x], light[x]);
+    std::uint32_t* row = target.pixels + static_cast<std::ptrdiff_t>(y) * target.stride;
+    backdrop.copyRow(y, behind.data());
+    for (int x = 0; x < width; ++x) row[x] = own[x] + dimmedPixel(behind[static_cast<std::size_t>(x)], light[x]);
   }
   return true;
 }

@@ -6,6 +6,9 @@
 #include <cstdint>
 #include <vector>
 
+#include "platform/picture_rasterizer.h"
+#include "ui/painting/frosted_glass.h"
+
 namespace rondora {
 
 /// The pixels of a picture but for what shines through its glass, which comes in with one pass over them.
@@ -15,9 +18,9 @@ class DrawnAhead {
   /// comes through a pixel is how much they differ.
   DrawnAhead(QImage inFrontOfBlack, const QImage& inFrontOfWhite);
 
-  /// The picture in front of `backdrop`, which is opaque. Both images are of the picture's size; false, and `target` as
-  /// it was, where they are not.
-  bool compose(const QImage& backdrop, QImage& target) const;
+  /// Writes the picture in front of `backdrop`. Both are of the picture's size; false, and `target` as it was, where
+  /// they are not.
+  bool compose(FrostedGlass& backdrop, const PixelBuffer& target) const;
 
   std::size_t byteCount() const { return byteCount(inFrontOfBlack_.size()); }
   /// Of a picture of that many pixels.

@@ -13,10 +13,10 @@ namespace rondora {
 namespace {
 
 /// No panel is larger; a picture that claims to be is cut off.
-constexpr int kLargestSide = 8192;
+constexpr int kMaxSide = 8192;
 
 QSize pixelSize(Size size, double scale) {
-  return toPixelRect({{0, 0}, size}, scale).size().expandedTo({1, 1}).boundedTo({kLargestSide, kLargestSide});
+  return toPixelRect({{0, 0}, size}, scale).size().expandedTo({1, 1}).boundedTo({kMaxSide, kMaxSide});
 }
 
 QImage blankImage(QSize size) {
@@ -37,12 +37,9 @@ bool isSame(const Picture& a, const Picture& b) {
          std::equal(a.layers.rbegin(), a.layers.rend(), b.layers.rbegin(), b.layers.rend());
 }
 
-QImage frosted(const PixelBuffer& screen, const BackdropPaint& paint, double pixelsPerPoint) {
-  QImage image(screen.width, screen.height, QImage::Format_RGB32);
-  frost(screen, {paint.blurRadius * pixelsPerPoint, paint.saturation, paint.brightest, paint.veil},
-        {reinterpret_cast<std::uint32_t*>(image.bits()), image.width(), image.height(),
-         static_cast<int>(image.bytesPerLine() / 4)});
-  return image;
+PixelBuffer buffer(QImage& image) {
+  return {reinterpret_cast<std::uint32_t*>(image.bits()), image.width(), image.height(),
+          static_cast<int>(image.bytesPerLine() / 4)};
 }
 
 }  // namespace
@@ -67,8 +64,8 @@ bool DrawnPicture::isOf(const Picture& picture, double pixelsPerPoint, IconImage
 }
 
 std::size_t DrawnPicture::byteCount() const {
-  constexpr std::size_t kAboutALayer = 8192;
-  return layers_.size() * kAboutALayer + (ahead_ ? ahead_->byteCount() : 0);
+  constexpr std::size_t kBytesPerLayer = 8192;
+  return layers_.size() * kBytesPerLayer + (ahead_ ? ahead_->byteCount() : 0);
 }
 
 /// Each that differs from the others.
@@ -110,7 +107,6 @@ void DrawnPicture::begin() {
     layer.makeRoom();
     if (layer.hasStates()) largest = largest.expandedTo(layer.bounds().size());
   }
-  composed_ = blankImage(size_);
   scratch_ = QImage(largest, QImage::Format_ARGB32_Premultiplied);
 }
 
@@ -124,34 +120,66 @@ void DrawnPicture::end() {
 
 /// Glass is imitated from here on; no pixels of the screen are held.
 void DrawnPicture::forgetBackdrop() {
-  backdrop_ = {};
+  backdrops_.clear();
   for (PreparedLayer& layer : layers_) {
     layer.setBackdrop([this](const BackdropPaint& paint) { return toQBrush(paint, pixelsPerPoint_); });
   }
 }
 
 void DrawnPicture::setBackdrop(const PixelBuffer& screen) {
-  const auto paints = backdrops();
-  std::vector<QImage> images;
-  images.reserve(paints.size());
-  for (const BackdropPaint* paint : paints) images.push_back(frosted(screen, *paint, pixelsPerPoint_));
+  for (const BackdropPaint* paint : backdrops()) {
+    const Frost frost{paint->blurRadius * pixelsPerPoint_, paint->saturation, paint->brightest, paint->veil};
+    backdrops_.push_back({paint, FrostedGlass(screen, frost), {}});
+  }
+}
+
+/// Makes the pixels of the backdrops, unless they are there, and has the layers draw with them.
+void DrawnPicture::useBackdrops() {
+  if (backdrops_.empty() || !backdrops_.front().image.isNull()) return;
+  for (Backdrop& backdrop : backdrops_) {
+    backdrop.image = QImage(backdrop.seen.width(), backdrop.seen.height(), QImage::Format_RGB32);
+    backdrop.seen.copyTo(buffer(backdrop.image));
+  }
   for (PreparedLayer& layer : layers_) {
-    layer.setBackdrop([&](const BackdropPaint& wanted) {
-      const auto found =
-          std::find_if(paints.begin(), paints.end(), [&](const BackdropPaint* paint) { return *paint == wanted; });
-      return QBrush(images[static_cast<std::size_t>(found - paints.begin())]);
+    layer.setBackdrop([this](const BackdropPaint& wanted) {
+      const auto isWanted = [&](const Backdrop& backdrop) { return *backdrop.paint == wanted; };
+      return QBrush(std::find_if(backdrops_.begin(), backdrops_.end(), isWanted)->image);
     });
   }
-  if (images.size() == 1) backdrop_ = images.front();
 }
 
 void DrawnPicture::paint(std::span<const double> states, const PictureView& view, PixelBuffer target) {
+  if (showAhead(states, view, target)) return;
+  beginComposing();
   const auto paint = [&] {
     compose(states);
     show(view, target);
   };
-  const bool isReady = isComposed(states) || composeAhead(states);
-  isPlain(view) && isReady ? show(view, target) : paintUndivided(paint);
+  isPlain(view) && isComposed(states) ? show(view, target) : paintUndivided(paint);
+}
+
+/// The first frame straight from what was drawn ahead, if it was.
+bool DrawnPicture::showAhead(std::span<const double> states, const PictureView& view, PixelBuffer target) {
+  const auto isFirst = [](double state) { return state == 0; };
+  const bool isWhole = toPixelRect(view.dirty, view.pixelsPerPoint).contains(QRect({0, 0}, size_));
+  return ahead_ && composed_.isNull() && backdrops_.size() == 1 && isPlain(view) && isWhole &&
+         std::all_of(states.begin(), states.end(), isFirst) && ahead_->compose(backdrops_.front().seen, target);
+}
+
+/// Starts with what was drawn ahead, in which all layers are in state 0.
+void DrawnPicture::beginComposing() {
+  if (!composed_.isNull()) return;
+  composed_ = QImage(size_, QImage::Format_ARGB32_Premultiplied);
+  if (ahead_ && backdrops_.size() == 1 && ahead_->compose(backdrops_.front().seen, buffer(composed_))) {
+    shown_.assign(layers_.size(), 0);
+  } else {
+    composed_.fill(Qt::transparent);
+  }
+}
+
+void DrawnPicture::prepareChanges() {
+  beginComposing();
+  useBackdrops();
 }
 
 bool DrawnPicture::isPlain(const PictureView& view) const {
@@ -195,15 +223,6 @@ void DrawnPicture::drawScaled(QPainter& painter, const PictureView& view, QRect 
   painter.drawImage(QPoint(0, 0), composed_);
 }
 
-/// The first frame from what was drawn ahead, if it was.
-bool DrawnPicture::composeAhead(std::span<const double> states) {
-  const auto isFirst = [](double state) { return state == 0; };
-  if (!ahead_ || !shown_.empty() || !std::all_of(states.begin(), states.end(), isFirst)) return false;
-  if (!ahead_->compose(backdrop_, composed_)) return false;
-  shown_.assign(states.begin(), states.end());
-  return true;
-}
-
 /// Brings `composed_` up to date with the states.
 void DrawnPicture::compose(std::span<const double> states) {
   if (shown_.empty()) return composeFirst(states);
@@ -212,12 +231,14 @@ void DrawnPicture::compose(std::span<const double> states) {
     if (shown_[i] != states[i]) changed_.push_back(layers_[i].bounds());
     shown_[i] = states[i];
   }
+  if (!changed_.empty()) useBackdrops();
   for (const QRect& changed : changed_) draw(changed);
 }
 
 void DrawnPicture::composeFirst(std::span<const double> states) {
   shown_.assign(states.begin(), states.end());
   shown_.resize(layers_.size(), 0);
+  useBackdrops();
   QPainter painter(&composed_);
   for (std::size_t i = 0; i < layers_.size(); ++i) layers_[i].drawOnce(painter, shown_[i], scratch_);
 }

@@ -10,6 +10,7 @@
 
 #include "base/display_list.h"
 #include "platform/picture_rasterizer.h"
+#include "ui/painting/frosted_glass.h"
 #include "ui/qt/painting/drawn_ahead.h"
 #include "ui/qt/painting/icon_images.h"
 #include "ui/qt/painting/prepared_layer.h"
@@ -39,8 +40,16 @@ class DrawnPicture {
   /// While shown, as `PreparedPicture`.
   void setBackdrop(const PixelBuffer& screen);
   void paint(std::span<const double> states, const PictureView& view, PixelBuffer target);
+  void prepareChanges();
 
  private:
+  /// What shines through the glass of one kind; its pixels are made when they are first drawn with.
+  struct Backdrop {
+    const BackdropPaint* paint;
+    FrostedGlass seen;
+    QImage image;
+  };
+
   void forgetBackdrop();
   std::vector<const BackdropPaint*> backdrops() const;
   QImage drawnOnGlass(const QBrush& backdrop);
@@ -49,7 +58,9 @@ class DrawnPicture {
   void show(const PictureView& view, PixelBuffer target) const;
   void drawPlain(QPainter& painter, QRect dirty) const;
   void drawScaled(QPainter& painter, const PictureView& view, QRect dirty) const;
-  bool composeAhead(std::span<const double> states);
+  void useBackdrops();
+  bool showAhead(std::span<const double> states, const PictureView& view, PixelBuffer target);
+  void beginComposing();
   void compose(std::span<const double> states);
   void composeFirst(std::span<const double> states);
   void draw(const QRect& changed);
@@ -62,9 +73,9 @@ class DrawnPicture {
   std::optional<DrawnAhead> ahead_;
 
   bool isShown_ = false;
-  /// What shines through the glass where it is one and the same everywhere.
-  QImage backdrop_;
-  /// The picture in the states `shown_`, at its own scale and opacity.
+  std::vector<Backdrop> backdrops_;
+  /// The picture in the states `shown_`, at its own scale and opacity. Null while only the first frame was painted,
+  /// from what was drawn ahead.
   QImage composed_;
   QImage scratch_;
   std::vector<double> shown_;

@@ -13,10 +13,10 @@ namespace rondora {
 namespace {
 
 /// Some twenty usual rings at one pixel a point, six at two.
-constexpr std::size_t kMostKeptBytes = 16 << 20;
-constexpr std::ptrdiff_t kMostKept = 32;
+constexpr std::size_t kMaxKeptBytes = 16 << 20;
+constexpr std::ptrdiff_t kMaxKept = 32;
 /// A larger one is not worth all others.
-constexpr std::size_t kMostDrawnAheadBytes = kMostKeptBytes / 2;
+constexpr std::size_t kMaxDrawnAheadBytes = kMaxKeptBytes / 2;
 
 /// One showing of a picture.
 class QtPreparedPicture : public PreparedPicture {
@@ -32,6 +32,7 @@ class QtPreparedPicture : public PreparedPicture {
   void paint(std::span<const double> states, const PictureView& view, PixelBuffer target) override {
     picture_->paint(states, view, target);
   }
+  void prepareChanges() override { picture_->prepareChanges(); }
 
  private:
   std::shared_ptr<DrawnPicture> picture_;
@@ -64,7 +65,7 @@ std::unique_ptr<PreparedPicture> QtPictureRasterizer::prepare(Picture picture, d
 
 void QtPictureRasterizer::prepareAhead(Picture picture, double pixelsPerPoint) {
   const auto kept = pictureOf(std::move(picture), pixelsPerPoint);
-  if (kept->byteCountAhead() > kMostDrawnAheadBytes) return;
+  if (kept->byteCountAhead() > kMaxDrawnAheadBytes) return;
   kept->drawAhead();
   keepFew();
 }
@@ -85,11 +86,11 @@ std::shared_ptr<DrawnPicture> QtPictureRasterizer::pictureOf(Picture picture, do
 }
 
 void QtPictureRasterizer::keepFew() {
-  kept_.erase(kept_.begin(), kept_.end() - std::min(std::ssize(kept_), kMostKept));
+  kept_.erase(kept_.begin(), kept_.end() - std::min(std::ssize(kept_), kMaxKept));
   std::size_t bytes = 0;
   const auto isTooMuch = [&bytes](const std::shared_ptr<DrawnPicture>& kept) {
     bytes += kept->byteCount();
-    return bytes > kMostKeptBytes;
+    return bytes > kMaxKeptBytes;
   };
   kept_.erase(kept_.begin(), std::find_if(kept_.rbegin(), kept_.rend(), isTooMuch).base());
 }

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <optional>
 
 namespace rondora::x11 {
 namespace {
@@ -82,27 +83,30 @@ bool PixelSurface::share() {
   return true;
 }
 
-void PixelSurface::put(xcb_drawable_t target, xcb_gcontext_t context, std::uint8_t depth, const PixelRect& rect) {
-  segment_ != 0 ? putBySegment(target, context, depth, rect) : putByRequests(target, context, depth, rect);
+std::uint32_t PixelSurface::put(xcb_drawable_t target, xcb_gcontext_t context, std::uint8_t depth,
+                                const PixelRect& rect) {
+  return segment_ != 0 ? putBySegment(target, context, depth, rect) : putByRequests(target, context, depth, rect);
 }
 
-void PixelSurface::putBySegment(xcb_drawable_t target, xcb_gcontext_t context, std::uint8_t depth,
-                                const PixelRect& rect) {
+std::uint32_t PixelSurface::putBySegment(xcb_drawable_t target, xcb_gcontext_t context, std::uint8_t depth,
+                                         const PixelRect& rect) {
   const auto x = static_cast<std::uint16_t>(rect.x);
   const auto y = static_cast<std::uint16_t>(rect.y);
-  xcb_shm_put_image(connection_.get(), target, context, static_cast<std::uint16_t>(width_),
-                    static_cast<std::uint16_t>(height_), x, y, static_cast<std::uint16_t>(rect.width),
-                    static_cast<std::uint16_t>(rect.height), static_cast<std::int16_t>(x), static_cast<std::int16_t>(y),
-                    depth, XCB_IMAGE_FORMAT_Z_PIXMAP, 0, segment_, 0);
+  const auto cookie = xcb_shm_put_image(
+      connection_.get(), target, context, static_cast<std::uint16_t>(width_), static_cast<std::uint16_t>(height_), x, y,
+      static_cast<std::uint16_t>(rect.width), static_cast<std::uint16_t>(rect.height), static_cast<std::int16_t>(x),
+      static_cast<std::int16_t>(y), depth, XCB_IMAGE_FORMAT_Z_PIXMAP, 0, segment_, 0);
+  return cookie.sequence;
 }
 
 // As many rows a request as the server takes.
-void PixelSurface::putByRequests(xcb_drawable_t target, xcb_gcontext_t context, std::uint8_t depth,
-                                 const PixelRect& rect) {
+std::uint32_t PixelSurface::putByRequests(xcb_drawable_t target, xcb_gcontext_t context, std::uint8_t depth,
+                                          const PixelRect& rect) {
   constexpr std::size_t kHeaderBytes = 64;
   const std::size_t limit = std::size_t{4} * xcb_get_maximum_request_length(connection_.get()) - kHeaderBytes;
   const auto rowPixels = static_cast<std::size_t>(rect.width);
   const int rowsAtOnce = std::max(1, static_cast<int>(limit / (rowPixels * sizeof(std::uint32_t))));
+  std::optional<std::uint32_t> first;
   for (int y = rect.y; y < rect.bottom(); y += rowsAtOnce) {
     const int count = std::min(rowsAtOnce, rect.bottom() - y);
     rows_.resize(rowPixels * static_cast<std::size_t>(count));
@@ -110,11 +114,14 @@ void PixelSurface::putByRequests(xcb_drawable_t target, xcb_gcontext_t context, 
       const std::uint32_t* from = pixels_ + static_cast<std::ptrdiff_t>(y + row) * width_ + rect.x;
       std::copy_n(from, rowPixels, rows_.begin() + static_cast<std::ptrdiff_t>(rowPixels) * row);
     }
-    xcb_put_image(connection_.get(), XCB_IMAGE_FORMAT_Z_PIXMAP, target, context, static_cast<std::uint16_t>(rect.width),
-                  static_cast<std::uint16_t>(count), static_cast<std::int16_t>(rect.x), static_cast<std::int16_t>(y), 0,
-                  depth, static_cast<std::uint32_t>(rows_.size() * sizeof(std::uint32_t)),
-                  reinterpret_cast<const std::uint8_t*>(rows_.data()));
+    const auto cookie = xcb_put_image(connection_.get(), XCB_IMAGE_FORMAT_Z_PIXMAP, target, context,
+                                      static_cast<std::uint16_t>(rect.width), static_cast<std::uint16_t>(count),
+                                      static_cast<std::int16_t>(rect.x), static_cast<std::int16_t>(y), 0, depth,
+                                      static_cast<std::uint32_t>(rows_.size() * sizeof(std::uint32_t)),
+                                      reinterpret_cast<const std::uint8_t*>(rows_.data()));
+    if (!first) first = cookie.sequence;
   }
+  return first.value_or(0);
 }
 
 xcb_shm_get_image_cookie_t PixelSurface::request(xcb_drawable_t source, const PixelRect& part) const {

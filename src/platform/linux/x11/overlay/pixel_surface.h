@@ -27,9 +27,10 @@ class PixelSurface {
   PixelSurface(const PixelSurface&) = delete;
   PixelSurface& operator=(const PixelSurface&) = delete;
 
-  PixelBuffer buffer() { return {pixels_, width_, height_, width_}; }
-  /// Copies `rect`, which lies inside the surface, to the same place of the drawable. Not flushed.
-  void put(xcb_drawable_t target, xcb_gcontext_t context, std::uint8_t depth, const PixelRect& rect);
+  PixelBuffer buffer() const { return {pixels_, width_, height_, width_}; }
+  /// Copies `rect`, which lies inside the surface and is not empty, to the same place of the drawable. Not flushed.
+  /// Returns the number of the first request.
+  std::uint32_t put(xcb_drawable_t target, xcb_gcontext_t context, std::uint8_t depth, const PixelRect& rect);
   /// Has the server fill the surface with `part`, as large as the surface, of a window; filled when the reply is there.
   /// Works with shared memory only.
   xcb_shm_get_image_cookie_t request(xcb_drawable_t source, const PixelRect& part) const;
@@ -38,8 +39,8 @@ class PixelSurface {
 
  private:
   bool share();
-  void putBySegment(xcb_drawable_t target, xcb_gcontext_t context, std::uint8_t depth, const PixelRect& rect);
-  void putByRequests(xcb_drawable_t target, xcb_gcontext_t context, std::uint8_t depth, const PixelRect& rect);
+  std::uint32_t putBySegment(xcb_drawable_t target, xcb_gcontext_t context, std::uint8_t depth, const PixelRect& rect);
+  std::uint32_t putByRequests(xcb_drawable_t target, xcb_gcontext_t context, std::uint8_t depth, const PixelRect& rect);
   std::size_t byteCount() const;
 
   const X11Connection& connection_;

@@ -10,7 +10,6 @@
 namespace rondora::x11 {
 namespace {
 
-constexpr std::uint32_t kOpaque = 0xFF000000;
 constexpr auto kUntilRepainted = std::chrono::milliseconds(120);
 
 bool hasFamiliarPixels(const X11Connection& connection) {
@@ -46,41 +45,46 @@ bool showsAnotherSystem(const X11Connection& connection) {
 
 ScreenPiece::ScreenPiece(const X11Connection& connection, const PixelRect& area, const PixelRect& part)
     : connection_(connection), area_(area), part_(part) {
-  received_.emplace(connection, PixelTransport::sharedMemory, part.width, part.height);
+  received_ = std::make_unique<PixelSurface>(connection, PixelTransport::sharedMemory, part.width, part.height);
   cookie_ = received_->request(connection.root(), part);
-  connection.flush();
 }
 
 ScreenPiece::~ScreenPiece() {
-  if (received_) xcb_discard_reply(connection_.get(), cookie_.sequence);
+  if (isPending_) xcb_discard_reply(connection_.get(), cookie_.sequence);
 }
 
 std::optional<PixelBuffer> ScreenPiece::pixels() {
-  if (received_) takeOver();
-  if (pixels_.empty()) return std::nullopt;
-  return PixelBuffer{pixels_.data(), area_.width, area_.height, area_.width};
+  if (isPending_ && !receive()) received_.reset();
+  if (!extended_.empty()) return PixelBuffer{extended_.data(), area_.width, area_.height, area_.width};
+  if (!received_) return std::nullopt;
+  return received_->buffer();
 }
 
-void ScreenPiece::takeOver() {
+/// Waits for the reply. False when the server refused.
+bool ScreenPiece::receive() {
+  isPending_ = false;
   const Reply<xcb_shm_get_image_reply_t> reply(xcb_shm_get_image_reply(connection_.get(), cookie_, nullptr));
-  if (reply) {
-    const PixelBuffer part = received_->buffer();
-    pixels_.resize(static_cast<std::size_t>(area_.width) * static_cast<std::size_t>(area_.height));
-    const int first = std::max(area_.x, part_.x);
-    const int last = std::min(area_.right(), part_.right()) - 1;
-    for (int y = 0; y < area_.height; ++y) {
-      std::uint32_t* target = pixels_.data() + static_cast<std::ptrdiff_t>(y) * area_.width;
-      const int row = std::clamp(area_.y + y - part_.y, 0, part.height - 1);
-      const std::uint32_t* source = part.pixels + static_cast<std::ptrdiff_t>(row) * part.stride;
-      std::uint32_t* const from = target + (first - area_.x);
-      std::uint32_t* const to = std::transform(source + (first - part_.x), source + (last + 1 - part_.x), from,
-                                               [](std::uint32_t pixel) { return pixel | kOpaque; });
-      std::fill(target, from, *from);
-      std::fill(to, target + area_.width, *(to - 1));
-    }
+  if (!reply) return false;
+  if (part_ != area_) extend();
+  return true;
+}
+
+void ScreenPiece::extend() {
+  const PixelBuffer part = received_->buffer();
+  extended_.resize(static_cast<std::size_t>(area_.width) * static_cast<std::size_t>(area_.height));
+  const int left = part_.x - area_.x;
+  for (int y = 0; y < area_.height; ++y) {
+    std::uint32_t* target = extended_.data() + static_cast<std::ptrdiff_t>(y) * area_.width;
+    const int row = std::clamp(area_.y + y - part_.y, 0, part.height - 1);
+    const std::uint32_t* source = part.pixels + static_cast<std::ptrdiff_t>(row) * part.stride;
+    std::uint32_t* const end = std::copy_n(source, part.width, target + left);
+    std::fill_n(target, left, *source);
+    std::fill(end, target + area_.width, *(end - 1));
   }
   received_.reset();
 }
+
+std::unique_ptr<PixelSurface> ScreenPiece::releaseSurface() { return std::move(received_); }
 
 ScreenReader::ScreenReader(X11Connection& connection, PixelTransport transport)
     : connection_(connection),

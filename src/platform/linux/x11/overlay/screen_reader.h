@@ -20,25 +20,31 @@ namespace rondora::x11 {
 /// A piece of the screen as it was when asked for.
 class ScreenPiece {
  public:
-  /// Sends the request and does not wait. `part` lies inside both the root window and `area`.
+  /// Queues the request: neither flushes nor waits. `part` lies inside both the root window and `area`.
   ScreenPiece(const X11Connection& connection, const PixelRect& area, const PixelRect& part);
   ~ScreenPiece();
   ScreenPiece(const ScreenPiece&) = delete;
   ScreenPiece& operator=(const ScreenPiece&) = delete;
 
-  /// Opaque pixels of the whole area, where it reaches beyond the root window as there at its edge. Waits for the
-  /// server the first time. Nothing when it refused.
+  /// The pixels of the whole area, of undefined alpha; beyond the root window those at its edge are repeated. Waits for
+  /// the server the first time. Nothing when it refused.
   std::optional<PixelBuffer> pixels();
+  /// The surface that holds the pixels, for another use; null when none of the area's size does. `pixels` is not called
+  /// afterwards.
+  std::unique_ptr<PixelSurface> releaseSurface();
 
  private:
-  void takeOver();
+  bool receive();
+  void extend();
 
   const X11Connection& connection_;
   PixelRect area_;
   PixelRect part_;
-  std::optional<PixelSurface> received_;
+  std::unique_ptr<PixelSurface> received_;
   xcb_shm_get_image_cookie_t cookie_{};
-  std::vector<std::uint32_t> pixels_;
+  bool isPending_ = true;
+  /// Of the area, where it is larger than what was received.
+  std::vector<std::uint32_t> extended_;
 };
 
 /// Reads what the screen shows, where that is quick and tells the truth: from a server on this machine, and not from

@@ -38,10 +38,11 @@ X11OverlayPanel::X11OverlayPanel(const OverlayResources& resources, const Rect& 
   beneath_ = resources.screenReader.read(frame_);
   createWindow();
   setProperties();
-  surface_.emplace(resources.connection, resources.transport, frame_.width, frame_.height);
   compositorObserver_ = resources.compositor.onChanged([this] { compositorChanged(); });
   eventHandler_ =
       resources.connection.addEventHandler([this](const xcb_generic_event_t& event) { return handleEvent(event); });
+  if (isTransparent()) map();
+  resources.connection.flush();
 }
 
 X11OverlayPanel::~X11OverlayPanel() {
@@ -51,11 +52,10 @@ X11OverlayPanel::~X11OverlayPanel() {
   xcb_connection_t* xcb = resources_.connection.get();
   xcb_unmap_window(xcb, window_);
   resources_.inputGrab.giveBack(*this);
-  surface_.reset();
   xcb_free_gc(xcb, context_);
   xcb_destroy_window(xcb, window_);
   resources_.connection.flush();
-  if (isMapped_) resources_.screenReader.panelWentAway();
+  if (isShown_) resources_.screenReader.panelWentAway();
 }
 
 // No background on a plain visual: the server would paint a black square before the picture comes.
@@ -122,7 +122,7 @@ void X11OverlayPanel::dirtyWhole() {
 // A hidden window keeps no pixels: they are put as a whole when it is shown.
 void X11OverlayPanel::display() {
   paintDirty();
-  if (isMapped_) {
+  if (isShown_) {
     putDirty();
     resources_.connection.flush();
   }
@@ -134,12 +134,19 @@ void X11OverlayPanel::setBackdrop() {
   hasBackdrop_ = true;
   const auto snapshot = beneath_ ? beneath_->pixels() : std::nullopt;
   if (snapshot) picture_->setBackdrop(*snapshot);
-  if (isTransparent()) return beneath_.reset();
-  if (snapshot) composition_.setSnapshot(*snapshot);
+  if (isTransparent()) {
+    if (beneath_) surface_ = beneath_->releaseSurface();
+    beneath_.reset();
+  } else if (snapshot) {
+    composition_.setSnapshot(*snapshot);
+  }
 }
 
 void X11OverlayPanel::paintDirty() {
   if (picture_ && !hasBackdrop_) setBackdrop();
+  if (!surface_) {
+    surface_ = std::make_unique<PixelSurface>(resources_.connection, resources_.transport, frame_.width, frame_.height);
+  }
   for (const Rect& rect : dirty_) {
     const PixelRect pixels = pixelsOf(rect);
     if (pixels.isEmpty() || !picture_) continue;
@@ -161,15 +168,34 @@ void X11OverlayPanel::put(const PixelRect& rect) {
   if (!rect.isEmpty()) surface_->put(window_, context_, resources_.depth, rect);
 }
 
-// Nothing is sent to the server before `makeKey`, so that map, picture and grabs reach it together.
-void X11OverlayPanel::orderFrontRegardless() {
-  paintDirty();
-  updateShape();
+// Mapping a window costs a compositor most of what showing it does. Without a picture it is transparent, so it is
+// mapped when it is made, and the compositor works while the picture is painted.
+void X11OverlayPanel::map() {
+  if (std::exchange(isMapped_, true)) return;
   raise();
   rootSelection_ = resources_.connection.selectRootEventsMeanwhile(XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
   xcb_map_window(resources_.connection.get(), window_);
-  isMapped_ = true;
-  put({0, 0, frame_.width, frame_.height});
+}
+
+// Not flushed: `makeKey` sends picture and grabs together.
+void X11OverlayPanel::orderFrontRegardless() {
+  paintDirty();
+  updateShape();
+  map();
+  isShown_ = true;
+  putWhole();
+}
+
+void X11OverlayPanel::makeKey() {
+  const auto prepareChanges = weakSelf_.bind([](X11OverlayPanel& self) {
+    if (self.picture_) self.picture_->prepareChanges();
+  });
+  resources_.inputGrab.take(*this);  // reports the pointer, at which the panel may be destroyed
+  prepareChanges();
+}
+
+void X11OverlayPanel::putWhole() {
+  wholePut_ = surface_->put(window_, context_, resources_.depth, {0, 0, frame_.width, frame_.height});
   dirty_.clear();
 }
 
@@ -179,12 +205,11 @@ void X11OverlayPanel::updateShape() {
 }
 
 void X11OverlayPanel::compositorChanged() {
-  if (!isMapped_) return;
+  if (!isShown_) return;
   dirtyWhole();
   paintDirty();
   updateShape();
-  put({0, 0, frame_.width, frame_.height});
-  dirty_.clear();
+  putWhole();
   resources_.connection.flush();
 }
 
@@ -226,7 +251,9 @@ bool X11OverlayPanel::handleEvent(const xcb_generic_event_t& event) {
     case XCB_EXPOSE: {
       const auto& expose = reinterpret_cast<const xcb_expose_event_t&>(event);
       if (expose.window != window_) return false;
-      put({expose.x, expose.y, expose.width, expose.height});
+      // One that the server sent before it got to the latest picture says nothing new.
+      const bool isNew = static_cast<std::int32_t>(event.full_sequence - wholePut_) >= 0;
+      if (isShown_ && isNew) put({expose.x, expose.y, expose.width, expose.height});
       resources_.connection.flush();
       return true;
     }

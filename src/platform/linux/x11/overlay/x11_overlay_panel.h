@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/observable.h"
+#include "base/weak_self.h"
 #include "platform/linux/x11/connection/selection_owner_watch.h"
 #include "platform/linux/x11/connection/x11_connection.h"
 #include "platform/linux/x11/overlay/dirty_rects.h"
@@ -49,8 +50,8 @@ class X11OverlayPanel : public OverlayPanel, private InputGrabSink {
   void setAppearancePhase(double scale, double opacity) override;
   void display() override;
   void orderFrontRegardless() override;
-  void makeKey() override { resources_.inputGrab.take(*this); }
-  bool isVisible() const override { return isMapped_; }
+  void makeKey() override;
+  bool isVisible() const override { return isShown_; }
   Point mouseLocationOutsideOfEventStream() const override;
 
   xcb_window_t windowId() const { return window_; }
@@ -62,6 +63,8 @@ class X11OverlayPanel : public OverlayPanel, private InputGrabSink {
   void setBackdrop();
   void paintDirty();
   void putDirty();
+  void map();
+  void putWhole();
   void put(const PixelRect& rect);
   void updateShape();
   void compositorChanged();
@@ -85,7 +88,7 @@ class X11OverlayPanel : public OverlayPanel, private InputGrabSink {
   /// Made before the window, which must not be seen in it; kept only where we have to compose it ourselves.
   std::unique_ptr<ScreenPiece> beneath_;
   bool hasBackdrop_ = false;
-  std::optional<PixelSurface> surface_;
+  std::unique_ptr<PixelSurface> surface_;
   ShapedComposition composition_;
   std::unique_ptr<PreparedPicture> picture_;
   std::vector<Rect> layerBounds_;
@@ -93,11 +96,15 @@ class X11OverlayPanel : public OverlayPanel, private InputGrabSink {
   PictureView view_;
   DirtyRects dirty_;
   bool isMapped_ = false;
+  bool isShown_ = false;
+  /// The request number of the latest put of the whole window.
+  std::uint32_t wholePut_ = 0;
   int raisesLeft_;
   Subscription compositorObserver_;
   /// Tells of windows that come to lie above the panel.
   Subscription rootSelection_;
   Subscription eventHandler_;
+  WeakSelf<X11OverlayPanel> weakSelf_{this};
 };
 
 class X11OverlayPanels : public OverlayPanels {
