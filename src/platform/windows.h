@@ -36,8 +36,8 @@ class OnboardingWindow {
 /// The beginning of a snippet and below it a line that says what happens to it.
 struct SnippetPreview {
   /// Never empty; further lines than `maxLines` of `maxLineWidth` (points) are cut off with an ellipsis.
-  std::string text;
-  std::string hint;
+  std::string text = {};
+  std::string hint = {};
   int maxLines = 12;
   int maxLineWidth = 320;
 };

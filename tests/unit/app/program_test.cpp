@@ -83,7 +83,7 @@ TEST_F(RunningProgramTest, DeliversTheReleaseOfAKeyThatWentUpBeforeTheMenuWasUp)
 }
 
 TEST_F(RunningProgramTest, RequestForNoMenuIsRefusedWithOneLine) {
-  launch();
+  launchWith({});
   const Uuid unknown = desktop.random.uuid();
   EXPECT_FALSE(channel.served.trigger(unknown.string()));
   EXPECT_FALSE(channel.served.trigger("chord\nerror: forged"));

@@ -287,7 +287,7 @@ TEST_P(StoryTest, Holds) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Stories, StoryTest, testing::ValuesIn(readStories()),
-                         [](const auto& info) { return info.param.name; });
+                         [](const auto& each) { return each.param.name; });
 
 }  // namespace
 }  // namespace rondora
