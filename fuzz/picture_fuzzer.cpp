@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "icons/picture_sizes.h"
 #include "require.h"
 #include "ui/qt/painting/qt_picture_codec.h"
 
@@ -22,11 +23,13 @@ QImage decoded(const std::string& png) {
 }
 
 void check(std::string_view bytes) {
+  if (!statesPlausibleSizes(bytes)) return;
   QtPictureCodec codec;
   const auto thumbnail = codec.thumbnail(bytes, kSide);
   if (!thumbnail) return;
   const QImage image = decoded(*thumbnail);
   require(!image.isNull(), "a thumbnail is a PNG");
+  require(statesPlausibleSizes(*thumbnail), "a thumbnail states its own sizes");
   require(std::max(image.width(), image.height()) <= kSide, "a thumbnail fits into the square");
   const auto again = codec.thumbnail(*thumbnail, kSide);
   require(again && decoded(*again).size() == image.size(), "a thumbnail keeps its size");

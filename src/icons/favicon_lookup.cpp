@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "icons/favicon_links.h"
+#include "icons/picture_sizes.h"
 
 namespace rondora {
 namespace {
@@ -104,7 +105,7 @@ void FaviconLookup::tryNextPicture() {
 }
 
 void FaviconLookup::pictureArrived(std::optional<Answer> answer) {
-  if (answer && answer->response.isComplete) {
+  if (answer && answer->response.isComplete && statesPlausibleSizes(answer->response.body)) {
     if (auto picture = ports_.codec.thumbnail(answer->response.body, kPictureSide)) {
       return finish({FaviconOutcome::found, *std::move(picture)});
     }

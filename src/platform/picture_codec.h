@@ -6,7 +6,7 @@
 
 namespace rondora {
 
-/// Decodes untrusted pictures. Main thread.
+/// Decodes untrusted pictures whose stated sizes are plausible. Main thread.
 class PictureCodec {
  public:
   virtual ~PictureCodec() = default;

@@ -61,11 +61,11 @@ class FakeWeb final : public NetworkFetch {
   MainQueue& mainQueue_;
 };
 
-/// Decodes "picture …" to "png …" and rejects all other bytes.
+/// Decodes "picture …" and PNG to "png …" and rejects all other bytes.
 class FakePictureCodec final : public PictureCodec {
  public:
   std::optional<std::string> thumbnail(std::string_view bytes, int /*side*/) override {
-    if (!bytes.starts_with("picture ")) return std::nullopt;
+    if (!bytes.starts_with("picture ") && !bytes.starts_with("\x89PNG\r\n")) return std::nullopt;
     return "png " + std::string(bytes.substr(8));
   }
 };

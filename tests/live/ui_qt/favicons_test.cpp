@@ -6,6 +6,7 @@
 #include <QTemporaryDir>
 
 #include "desktop/wait.h"
+#include "icons/picture_sizes.h"
 #include "live/ui_qt/web_server.h"
 #include "platform/qt/event_turns.h"
 #include "platform/qt/qt_network_fetch.h"
@@ -127,7 +128,8 @@ TEST_F(WebTest, RequestsCanBeCancelled) {
 TEST(PictureCodecTest, ScalesPixelPicturesOnly) {
   QtPictureCodec codec;
   const auto read = [&codec](const QByteArray& bytes) {
-    const auto png = codec.thumbnail(bytes.toStdString(), 96);
+    const auto png =
+        statesPlausibleSizes(bytes.toStdString()) ? codec.thumbnail(bytes.toStdString(), 96) : std::nullopt;
     return png ? QImage::fromData(QByteArray::fromStdString(*png), "PNG") : QImage();
   };
   EXPECT_EQ(read(picture(16, "png")).size(), QSize(16, 16));
@@ -146,6 +148,10 @@ TEST(PictureCodecTest, ScalesPixelPicturesOnly) {
   EXPECT_TRUE(read("<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>").isNull());
   EXPECT_TRUE(read("<html>").isNull());
   EXPECT_TRUE(read({}).isNull());
+  for (const QByteArray& tooMuch : {picture(1500, "png"), QByteArray(png).insert(33, "\x40\x00\x00\x00tEXt", 8)}) {
+    const QByteArray icon = QByteArray::fromHex("00000100010030300000010020000000ffff16000000") + tooMuch;
+    EXPECT_FALSE(statesPlausibleSizes(tooMuch.toStdString()) || statesPlausibleSizes(icon.toStdString()));
+  }
 }
 
 }  // namespace

@@ -91,7 +91,7 @@ TEST_F(FaviconsTest, FallsBackToFaviconIcoWithoutUsableLinks) {
       "<link rel=icon sizes=96x96 href=broken.png><link rel=icon href=http://www.a.org/insecure.png>"
       "<link rel=icon href=https://localhost/inside.png><link rel=icon href=https://192.168.0.1/inside.png>"
       "<link rel=icon href=huge.png>");
-  web.pages["https://www.a.org/start/broken.png"] = page("<html>not here</html>");
+  web.pages["https://www.a.org/start/broken.png"] = page("\x89PNG\r\n\x1a\n\x40 bytes are not here");
   web.pages["https://www.a.org/start/huge.png"] = page("picture " + std::string(2 << 20, 'x'));
   web.pages["https://www.a.org/favicon.ico"] = page("picture usual");
   use({item("favicon:a.org")});
