@@ -9,7 +9,6 @@
 #include "doubles/fake_overlay_panels.h"
 #include "doubles/fake_pasteboard.h"
 #include "doubles/fake_screens.h"
-#include "doubles/fake_serial_queues.h"
 #include "doubles/fake_session.h"
 #include "doubles/fake_status_bar.h"
 #include "doubles/fake_user_defaults.h"
@@ -39,7 +38,6 @@ struct FakePlatform {
   FakeWindowServer windowServer{workspace};
   FakeAccessibility accessibility;
   FakeKeyEvents keyEvents{time};
-  FakeSerialQueues serialQueues;
   FakeScreens screens;
   /// Also the pointer.
   FakeOverlayPanels overlay{time};
@@ -51,6 +49,8 @@ struct FakePlatform {
   FakeApplicationShell shell;
   FakePermissionService permissions;
 
+  /// A queue whose work runs in virtual time, too.
+  std::unique_ptr<SerialQueue> serialQueue() { return std::make_unique<SerialQueueInVirtualTime>(time); }
   /// The ports of ActionServices.
   template <class Ports>
   Ports actionPorts() {

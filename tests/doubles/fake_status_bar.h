@@ -13,17 +13,15 @@ namespace rondora {
 /// The tray, with the items of this program.
 class FakeStatusBar final : public StatusBar {
  public:
-  struct Record {
-    StatusItemDescription description;
-  };
+  using Record = StatusItemDescription;
 
   std::unique_ptr<StatusItem> makeStatusItem(const StatusItemDescription& description) override {
     if (whenMade) whenMade();
-    items.push_back(std::make_shared<Record>(Record{description}));
+    items.push_back(std::make_shared<Record>(description));
     return std::make_unique<Item>(*this, items.back());
   }
   /// The user chooses an entry of the newest item's menu.
-  void choose(std::size_t index) { items.back()->description.menu.at(index).action(); }
+  void choose(std::size_t index) { items.back()->menu.at(index).action(); }
 
   /// A tray appears, or the last one disappears.
   void change(std::optional<std::string> newProblem) {
@@ -40,9 +38,7 @@ class FakeStatusBar final : public StatusBar {
   class Item final : public StatusItem {
    public:
     Item(FakeStatusBar& bar, std::shared_ptr<Record> record) : bar_(bar), record_(std::move(record)) {}
-    void setMenuTitle(std::size_t index, const std::string& title) override {
-      record_->description.menu.at(index).title = title;
-    }
+    void setMenuTitle(std::size_t index, const std::string& title) override { record_->menu.at(index).title = title; }
     std::optional<std::string> visibilityProblem() const override { return bar_.problem; }
     Subscription onVisibilityChanged(std::function<void()> observer) override {
       return bar_.changed_.subscribe(std::move(observer));

@@ -5,9 +5,11 @@
 #include <map>
 #include <memory>
 #include <utility>
+#include <vector>
 
 #include "platform/clock.h"
 #include "platform/main_queue.h"
+#include "platform/serial_queue.h"
 
 namespace rondora {
 
@@ -94,6 +96,17 @@ class VirtualTime final : public MainQueue, public Clock {
   std::uint64_t lastSequence_ = 0;
   /// By due time, then by order of arrival.
   std::map<std::pair<double, std::uint64_t>, Ref> schedule_;
+};
+
+/// Work on the main queue that ends with the object.
+class SerialQueueInVirtualTime final : public SerialQueue {
+ public:
+  explicit SerialQueueInVirtualTime(MainQueue& queue) : queue_(queue) {}
+  void async(Work work) override { work_.push_back(queue_.workItem(0, std::move(work))); }
+
+ private:
+  MainQueue& queue_;
+  std::vector<Subscription> work_;
 };
 
 }  // namespace rondora

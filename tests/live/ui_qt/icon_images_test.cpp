@@ -98,7 +98,7 @@ TEST_F(IconImagesTest, EverySymbolThatTheProgramUsesExists) {
   const LocalizationStore localization;
   StatusMenu({.shell = shell, .statusBar = statusBar, .localization = localization, .openSettings = {}, .quitApp = {}})
       .setupStatusBar();
-  for (const MenuEntry& entry : statusBar.items.back()->description.menu) {
+  for (const MenuEntry& entry : statusBar.items.back()->menu) {
     if (!entry.isSeparator) used.insert(entry.symbol);
   }
   EXPECT_GE(used.size(), 49u + 5 + 1);

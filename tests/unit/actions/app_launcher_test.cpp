@@ -19,7 +19,7 @@ class AppLauncherTest : public ::testing::Test {
   }
 
   FakePlatform desktop_;
-  ActionServices actions_{desktop_.actionPorts<ActionServices::Ports>(), desktop_.serialQueues.make()};
+  ActionServices actions_{desktop_.actionPorts<ActionServices::Ports>(), desktop_.serialQueue()};
   AppLauncher& launcher_ = actions_.appLauncher;
 };
 

@@ -15,14 +15,15 @@ using ::testing::IsEmpty;
 
 constexpr std::int64_t kCommand = 0x100000;
 
-class KeystrokeSenderTest : public ::testing::Test {
- protected:
+struct Sender {
   FakePlatform desktop_;
   FrontmostAppWaiter waiter_{desktop_.workspace, desktop_.time, desktop_.time, desktop_.log};
   KeystrokeSender sender_{{desktop_.permissions,
                            [this](auto pid, WallTime deadline, auto then) { waiter_.poll(pid, deadline, then); },
                            desktop_.keyEvents, desktop_.workspace, desktop_.time, desktop_.time, desktop_.log}};
 };
+
+class KeystrokeSenderTest : public ::testing::Test, protected Sender {};
 
 TEST_F(KeystrokeSenderTest, PressesHoldsAndReleasesOneKey) {
   sender_.perform(8, kCommand, desktop_.workspace.start("org.example.editor").processIdentifier);
@@ -82,41 +83,36 @@ TEST_F(KeystrokeSenderTest, WaitsForTheTargetAndTypesAnywayInTheEnd) {
   EXPECT_EQ(posted.size(), 4U);
 }
 
-/// A ring opens before the key is due, and after a second something else happens.
-struct RingCase {
-  const char* name;
-  bool closes;
-  bool leavesTarget;
-  bool returnsInTime;
-  bool isTyped;
-};
-class RingBeforeKeystrokeTest : public KeystrokeSenderTest, public testing::WithParamInterface<RingCase> {};
-
-TEST_P(RingBeforeKeystrokeTest, TypesIntoTheTargetOrNowhere) {
-  const auto editor = desktop_.workspace.start("editor");
-  desktop_.keyEvents.isTakenByOverlay = true;
-  sender_.perform(8, kCommand, editor.processIdentifier);
-  desktop_.time.setWallClockBack(3600);
-  desktop_.time.advance(1);
-  EXPECT_THAT(desktop_.keyEvents.posted, IsEmpty());
-  desktop_.keyEvents.isTakenByOverlay = !GetParam().closes;
-  if (GetParam().leavesTarget) desktop_.workspace.start("terminal");
-  desktop_.time.advance(0.3);
-  if (GetParam().returnsInTime) desktop_.workspace.bringForward(editor.processIdentifier);
-  desktop_.time.advance(2);
-  desktop_.keyEvents.isTakenByOverlay = false;
-  desktop_.workspace.bringForward(editor.processIdentifier);
-  desktop_.time.advance(3);
-  EXPECT_EQ(desktop_.keyEvents.posted.size(), GetParam().isTyped ? 2U : 0U);
-  EXPECT_EQ(desktop_.time.pendingCount(), 0U);
+TEST(RingBeforeKeystroke, KeyIsTypedIntoTheTargetOrNowhere) {
+  const struct {
+    const char* ring;
+    bool closes, leavesTarget, returnsInTime, isTyped;
+  } cases[] = {{"closes", true, false, false, true},
+               {"stays open", false, false, false, false},
+               {"launches another", true, true, false, false},
+               {"returns in time", true, true, true, true}};
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.ring);
+    Sender sender;
+    FakePlatform& desktop = sender.desktop_;
+    const auto editor = desktop.workspace.start("editor");
+    desktop.keyEvents.isTakenByOverlay = true;
+    sender.sender_.perform(8, kCommand, editor.processIdentifier);
+    desktop.time.setWallClockBack(3600);
+    desktop.time.advance(1);
+    EXPECT_THAT(desktop.keyEvents.posted, IsEmpty());
+    desktop.keyEvents.isTakenByOverlay = !each.closes;
+    if (each.leavesTarget) desktop.workspace.start("terminal");
+    desktop.time.advance(0.3);
+    if (each.returnsInTime) desktop.workspace.bringForward(editor.processIdentifier);
+    desktop.time.advance(2);
+    desktop.keyEvents.isTakenByOverlay = false;
+    desktop.workspace.bringForward(editor.processIdentifier);
+    desktop.time.advance(3);
+    EXPECT_EQ(desktop.keyEvents.posted.size(), each.isTyped ? 2U : 0U);
+    EXPECT_EQ(desktop.time.pendingCount(), 0U);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Cases, RingBeforeKeystrokeTest,
-                         testing::Values(RingCase{"Closes", true, false, false, true},
-                                         RingCase{"StaysOpen", false, false, false, false},
-                                         RingCase{"LaunchesAnother", true, true, false, false},
-                                         RingCase{"ReturnsInTime", true, true, true, true}),
-                         [](const auto& test) { return test.param.name; });
 
 TEST_F(KeystrokeSenderTest, WallClockSetBackDoesNotProlongTheWait) {
   sender_.perform(8, kCommand, 4711);

@@ -46,5 +46,22 @@ TEST_F(LaunchTest, CallbacksThatOutliveTheProgramDoNothing) {
   EXPECT_EQ(desktop.keyboard.monitorCount(), 0U);
 }
 
+TEST_F(LaunchTest, NewInstallStaysNewAfterTheIntroduction) {
+  desktop.defaults.values.clear();
+  AppLaunchState state(desktop.defaults, desktop.environment);
+  state.applySettingsAutoOpenMigrationForExistingInstallsIfNeeded();
+  EXPECT_TRUE(desktop.defaults.boolean("pie.settingsAutoOpenAfterPermissionsMigrationDone"));
+  EXPECT_TRUE(state.shouldShowPermissionsOnboarding(true, false));
+  state.markPermissionIntroSeen();
+  state.applySettingsAutoOpenMigrationForExistingInstallsIfNeeded();
+  EXPECT_FALSE(desktop.defaults.hasValue("pie.hasAutoOpenedSettingsAfterPermissions"));
+  EXPECT_FALSE(state.shouldShowPermissionsOnboarding(false, false));
+  EXPECT_TRUE(state.shouldShowPermissionsOnboarding(false, true)) << "accessibility is missing";
+  for (const std::string value : {"", "11", "1"}) {
+    desktop.environment.variables["RONDORA_FIRST_LAUNCH"] = value;
+    EXPECT_EQ(state.shouldShowPermissionsOnboarding(true, true), value == "1") << value;
+  }
+}
+
 }  // namespace
 }  // namespace rondora

@@ -38,7 +38,7 @@ Platform ProgramTest::platform() {
           .symbolicHotKeys = desktop.windowServer,
           .subActions = subActions,
           .instance = instance,
-          .makeSerialQueue = [this](std::string_view) { return desktop.serialQueues.make(); },
+          .makeSerialQueue = [this](std::string_view) { return desktop.serialQueue(); },
           .useInterfaceLanguage = [this](AppLanguage language) { languages.push_back(language); },
           .onInstalledApplicationsChanged = {},
           .warmUp = {},

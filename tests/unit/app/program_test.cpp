@@ -12,7 +12,7 @@ using testing::ElementsAre;
 
 using RunningProgramTest = ProgramTest;
 
-TEST_F(RunningProgramTest, ChosenLanguageReachesDocumentMenusAndWindowsTogether) {
+TEST_F(RunningProgramTest, ChosenLanguageReachesDocumentMenusAndWindows) {
   launchWith({menu("main", {49, kControlOption})});
   WindowContents contents = program.windowContents();
   const WindowTexts english = contents.texts();
@@ -27,7 +27,7 @@ TEST_F(RunningProgramTest, ChosenLanguageReachesDocumentMenusAndWindowsTogether)
   EXPECT_EQ(changes, 1);
   EXPECT_THAT(languages, ElementsAre(AppLanguage::english, AppLanguage::german));
   const std::string settings(program.localization().text(StringKey::settings));
-  const auto& entries = desktop.statusBar.items.back()->description.menu;
+  const auto& entries = desktop.statusBar.items.back()->menu;
   EXPECT_NE(contents.texts().settingsTitle, english.settingsTitle);
   EXPECT_EQ(entries.at(0).title, settings);
   EXPECT_EQ(entries.at(2).title, program.localization().text(StringKey::quit));
@@ -49,30 +49,7 @@ TEST_F(RunningProgramTest, EndSavesEditsReleasesKeysAndLeavesTheSession) {
   EXPECT_FALSE(channel.isHeld);
 }
 
-TEST_F(RunningProgramTest, PreviewNamesTheKeysThatPasteHere) {
-  launchWith({menu("plain", {kKKey, 0})});
-  press({kKKey});
-  pointAtSector(1);
-  EXPECT_NE(desktop.windows.previewHint.find("Ctrl+V"), std::string::npos);
-  EXPECT_EQ(desktop.windows.previewHint.find("Command"), std::string::npos);
-}
-
-TEST_F(RunningProgramTest, HapticsFollowTheDocument) {
-  for (const bool isOn : {true, false}) {
-    useMenus({menu("plain", {kKKey, 0})});
-    program.edits().edit([isOn](PieConfiguration& document) { document.hapticFeedbackEnabled = isOn; });
-    if (isOn) launch();
-    desktop.time.advance(1);
-    desktop.haptics.performed.clear();
-    press({kKKey});
-    program.pieMenuWindow().advanceRunningAppsSelection();
-    EXPECT_EQ(desktop.haptics.performed.empty(), !isOn);
-    press({Key::kEscapeKey});
-    release({kKKey, Key::kEscapeKey});
-  }
-}
-
-TEST_F(RunningProgramTest, DeliversTheReleaseOfAKeyThatWentUpBeforeTheMenuWasUp) {
+TEST_F(RunningProgramTest, DeliversAReleaseThatPrecedesTheMenu) {
   launchWith({menu("main", {kKKey, 0})});
   desktop.keyboard.press(kKKey);
   program.config().save(program.config().current());

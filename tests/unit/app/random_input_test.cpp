@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <functional>
 #include <iterator>
 #include <random>
 
@@ -32,8 +33,7 @@ class RandomInputTest : public ProgramTest {
 
   void useHands() {
     const std::uint16_t key = kKeys[below(std::size(kKeys))];
-    const bool isDown = std::find(down_.begin(), down_.end(), key) != down_.end();
-    if (!isDown) {
+    if (std::ranges::count(down_, key) == 0) {
       down_.push_back(key);
       return desktop.keyboard.press(key);
     }
@@ -42,26 +42,21 @@ class RandomInputTest : public ProgramTest {
     desktop.keyboard.release(key);
   }
   void doSomething(Document document) {
-    switch (below(document == Document::changes ? 12 : 10)) {
-      case 0:
-        return pointAtSector(below(4));
-      case 1:
-        return below(2) == 0 ? desktop.overlay.moveTo(kPointer) : desktop.keyboard.tap(Key::kEscapeKey);
-      case 2:
-        if (below(4) == 0) desktop.overlay.click();
-        return;
-      case 3:
-        return desktop.time.advance(static_cast<double>(below(30)) / 100);
-      case 4:
-        if (!subActions.requests.empty()) subActions.requests.back()({PieSubAction{"Quit", "", {}, {}, {}}});
-        return;
-      case 10:
-        return shuffleHotkeys();
-      case 11:
-        return program.delegate().triggers().trackpadGestureMonitor().onTap(4);
-      default:
-        return useHands();
-    }
+    const std::function<void()> rare[] = {
+        [&] { pointAtSector(below(4)); },
+        [&] { below(2) == 0 ? desktop.overlay.moveTo(kPointer) : desktop.keyboard.tap(Key::kEscapeKey); },
+        [&] {
+          if (below(4) == 0) desktop.overlay.click();
+        },
+        [&] { desktop.time.advance(static_cast<double>(below(30)) / 100); },
+        [&] {
+          if (!subActions.requests.empty()) subActions.requests.back()({PieSubAction{"Quit", "", {}, {}, {}}});
+        },
+        [&] { shuffleHotkeys(); },
+        [&] { program.delegate().triggers().trackpadGestureMonitor().onTap(4); }};
+    constexpr std::size_t kHands = 5, kChanges = 2;
+    const std::size_t choice = below(std::size(rare) + kHands - (document == Document::changes ? 0 : kChanges));
+    choice < kHands ? useHands() : rare[choice - kHands]();
   }
   void shuffleHotkeys() {
     PieConfiguration configuration = program.config().current();

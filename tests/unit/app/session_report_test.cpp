@@ -67,15 +67,5 @@ TEST_F(SessionReportTest, NamesMenuAndKeysOfARefusedHotkey) {
   EXPECT_EQ(firstMenuWithWorkingHotkey(menus, *program.delegate().hotkeyManager()), &menus.front());
 }
 
-TEST_F(SessionReportTest, HotkeysAreRegisteredAgainWhenModifiersMove) {
-  launchWith({menu("main", {49, 0})});
-  desktop.keyboard.foreignOwners = {{49, 0}};
-  desktop.keyboard.moveModifiers();
-  EXPECT_EQ(program.delegate().hotkeyManager()->failedRegistrationMenuIndices(), std::vector{0});
-  desktop.keyboard.foreignOwners.clear();
-  desktop.keyboard.moveModifiers();
-  EXPECT_TRUE(program.delegate().hotkeyManager()->failedRegistrationMenuIndices().empty());
-}
-
 }  // namespace
 }  // namespace rondora

@@ -1,51 +1,14 @@
+#include "doubles/stories.h"
+
 #include <algorithm>
-#include <fstream>
-#include <functional>
 #include <iterator>
 #include <map>
 #include <sstream>
-#include <stdexcept>
 
 #include "unit/app/program.h"
 
-// Plays tests/fixtures/stories/*.txt. A story is a name, then actions ("press control space") and expectations
-// ("= menu chord"), each on a line of its own; a line that starts with "#" is a comment.
-
 namespace rondora {
 namespace {
-
-using Words = std::vector<std::string>;
-
-struct Story {
-  std::string name;
-  std::vector<std::pair<std::string, std::string>> lines;  // place, text
-};
-
-std::vector<Story> readStories() {
-  std::vector<Story> stories;
-  for (const char* name : {"triggers", "choices", "app_commands", "document_changes", "launch", "ring_warmer"}) {
-    const std::string file(name);
-    std::ifstream stream(RONDORA_FIXTURES "/stories/" + file + ".txt");
-    if (!stream) throw std::runtime_error("cannot read " + file);
-    int number = 0;
-    for (std::string line; std::getline(stream, line);) {
-      ++number;
-      if (line.empty() || line.starts_with("#")) continue;
-      if (line.starts_with("story ")) {
-        stories.push_back({line.substr(6), {}});
-      } else {
-        stories.back().lines.emplace_back(file + ":" + std::to_string(number), line);
-      }
-    }
-  }
-  return stories;
-}
-
-std::string joined(const Words& words) {
-  std::string text;
-  for (const std::string& word : words) text += (text.empty() ? "" : " ") + word;
-  return text.empty() ? "none" : text;
-}
 
 template <class Range>
 std::string numbers(const Range& range) {
@@ -61,8 +24,23 @@ Words split(const std::string& text, char separator) {
   return words;
 }
 
-class StoryTest : public ProgramTest, public testing::WithParamInterface<Story> {
- protected:
+/// The vocabulary of fixtures/stories/*.txt.
+class ProgramStory : public ProgramTest, public Story {
+ public:
+  ProgramStory() {
+    addActions();
+    addObservations();
+    for (auto& [verb, action] : actions) {
+      action = [this, action = std::move(action)](const Words& words) {
+        action(words);
+        desktop.time.runUntilIdle();
+      };
+    }
+  }
+
+ private:
+  void TestBody() override {}
+
   static std::uint16_t key(const std::string& name) {
     static const std::map<std::string, int> kKeys = {{"control", Key::kControlKey},
                                                      {"option", Key::kOptionKey},
@@ -114,6 +92,10 @@ class StoryTest : public ProgramTest, public testing::WithParamInterface<Story> 
     for (const std::string& text : texts) menus.push_back(menuFrom(text));
     useMenus(std::move(menus));
     if (!std::exchange(isLaunched, true)) launch();
+  }
+  void useHaptics(bool isOn) {
+    program.edits().edit([isOn](PieConfiguration& document) { document.hapticFeedbackEnabled = isOn; });
+    program.edits().flush();
   }
   void strike(const Words& keys) {
     for (const auto& each : keys) desktop.keyboard.press(key(each));
@@ -182,112 +164,103 @@ class StoryTest : public ProgramTest, public testing::WithParamInterface<Story> 
   }
   TrackpadGestureMonitor& trackpad() { return program.delegate().triggers().trackpadGestureMonitor(); }
 
-  void act(const std::string& verb, const Words& words);
-  std::string observe(const std::string& what);
+  void addActions();
+  void addObservations();
 
   std::map<std::string, Uuid> ids;
   bool isLaunched = false;
 };
 
-void StoryTest::act(const std::string& verb, const Words& words) {
+void ProgramStory::addActions() {
   using W = const Words&;
-  const std::map<std::string, std::function<void(W)>> actions = {
-      {"menus", [&](W texts) { saveMenus(texts); }},
-      {"press", [&](W keys) { std::ranges::for_each(keys, [&](auto& each) { desktop.keyboard.press(key(each)); }); }},
+  actions = {
+      {"menus", [this](W texts) { saveMenus(texts); }},
+      {"press",
+       [this](W keys) { std::ranges::for_each(keys, [this](auto& each) { desktop.keyboard.press(key(each)); }); }},
       {"release",
-       [&](W keys) { std::ranges::for_each(keys, [&](auto& each) { desktop.keyboard.release(key(each)); }); }},
-      {"strike", [&](W keys) { strike(keys); }},
-      {"repeat", [&](W keys) { desktop.keyboard.repeat(key(keys[0])); }},
-      {"lose", [&](W keys) { desktop.keyboard.releaseUnseen(key(keys[0])); }},
-      {"fn", [&](W w) { fn(w[0] == "down"); }},
-      {"step", [&](W keys) { step(key(keys[0])); }},
-      {"wait", [&](W w) { desktop.time.advance(std::stod(w[0])); }},
-      {"point", [&](W w) { pointAtSector(std::stoul(w[0]) - 1); }},
-      {"centre", [&](W) { desktop.overlay.moveTo(kPointer); }},
-      {"click", [&](W) { desktop.overlay.click(); }},
-      {"deafen", [&](W) { trackpad().stop(); }},
-      {"tap", [&](W w) { trackpad().onTap(std::stol(w[0])); }},
-      {"request", [&](W w) { EXPECT_TRUE(program.delegate().trigger(ids.at(w[0]).string())); }},
-      {"front", [&](W w) { bringForward(w[0]); }},
-      {"quit", [&](W w) { desktop.workspace.quit(application(w[0]).processIdentifier); }},
-      {"agent", [&](W) { startAgent(); }},
-      {"targetless", [&](W) { subActions.target.reset(); }},
-      {"unidentified", [&](W) { subActions.target->bundleIdentifier.reset(); }},
-      {"answer", [&](W w) { answer(w); }},
-      {"newcomer", [&](W) { desktop.defaults.values.clear(); }},
-      {"permit", [&](W w) { permit(w); }},
+       [this](W keys) { std::ranges::for_each(keys, [&](auto& each) { desktop.keyboard.release(key(each)); }); }},
+      {"strike", [this](W keys) { strike(keys); }},
+      {"repeat", [this](W keys) { desktop.keyboard.repeat(key(keys[0])); }},
+      {"lose", [this](W keys) { desktop.keyboard.releaseUnseen(key(keys[0])); }},
+      {"fn", [this](W w) { fn(w[0] == "down"); }},
+      {"step", [this](W keys) { step(key(keys[0])); }},
+      {"wait", [this](W w) { desktop.time.advance(std::stod(w[0])); }},
+      {"point", [this](W w) { pointAtSector(std::stoul(w[0]) - 1); }},
+      {"centre", [this](W) { desktop.overlay.moveTo(kPointer); }},
+      {"click", [this](W) { desktop.overlay.click(); }},
+      {"deafen", [this](W) { trackpad().stop(); }},
+      {"tap", [this](W w) { trackpad().onTap(std::stol(w[0])); }},
+      {"request", [this](W w) { EXPECT_TRUE(program.delegate().trigger(ids.at(w[0]).string())); }},
+      {"front", [this](W w) { bringForward(w[0]); }},
+      {"quit", [this](W w) { desktop.workspace.quit(application(w[0]).processIdentifier); }},
+      {"agent", [this](W) { startAgent(); }},
+      {"targetless", [this](W) { subActions.target.reset(); }},
+      {"unidentified", [this](W) { subActions.target->bundleIdentifier.reset(); }},
+      {"answer", [this](W w) { answer(w); }},
+      {"newcomer", [this](W) { desktop.defaults.values.clear(); }},
+      {"permit", [this](W w) { permit(w); }},
       {"taken",
-       [&](W) {
+       [this](W) {
          desktop.keyboard.foreignOwners.insert({49, kControlOption});
        }},
-      {"freed", [&](W) { desktop.keyboard.foreignOwners.clear(); }},
-      {"tray", [&](W w) { desktop.statusBar.change(w[0] == "gone" ? std::optional(w[0]) : std::nullopt); }},
-      {"screens", [&](W) { desktop.screens.change({}); }},
-      {"activate", [&](W) { desktop.shell.becomeActive(); }},
-      {"finish", [&](W) { desktop.windows.closeOnboarding(); }},
-      {"choose", [&](W w) { desktop.statusBar.choose(w[0] == "settings" ? 0 : 2); }},
-      {"reopen", [&](W) { EXPECT_TRUE(program.delegate().applicationShouldHandleReopen(false)); }},
-      {"icons", [&](W) { program.delegate().iconsChanged(); }},
-      {"end", [&](W) { program.end(); }},
+      {"freed", [this](W) { desktop.keyboard.foreignOwners.clear(); }},
+      {"tray", [this](W w) { desktop.statusBar.change(w[0] == "gone" ? std::optional(w[0]) : std::nullopt); }},
+      {"screens", [this](W) { desktop.screens.change({}); }},
+      {"activate", [this](W) { desktop.shell.becomeActive(); }},
+      {"finish", [this](W) { desktop.windows.closeOnboarding(); }},
+      {"choose", [this](W w) { desktop.statusBar.choose(w[0] == "settings" ? 0 : 2); }},
+      {"reopen", [this](W) { EXPECT_TRUE(program.delegate().applicationShouldHandleReopen(false)); }},
+      {"icons", [this](W) { program.delegate().iconsChanged(); }},
+      {"end", [this](W) { program.end(); }},
+      {"layout", [this](W) { desktop.keyboard.moveModifiers(); }},
+      {"haptics", [this](W w) { useHaptics(w[0] == "on"); }},
+      {"advance", [this](W) { program.pieMenuWindow().advanceRunningAppsSelection(); }},
   };
-  ASSERT_TRUE(actions.contains(verb));
-  actions.at(verb)(words);
-  desktop.time.runUntilIdle();
 }
 
-std::string StoryTest::observe(const std::string& what) {
+void ProgramStory::addObservations() {
   const auto count = [](auto number) { return std::to_string(number); };
-  const auto orNone = [](const std::string& text) { return text.empty() ? "none" : text; };
-  const std::map<std::string, std::function<std::string()>> observations = {
-      {"menu", [&] { return isMenuUp() ? shownMenu() : "none"; }},
-      {"highlight", [&] { return orNone(highlightedItem()); }},
-      {"front", [&] { return applicationName(desktop.workspace.frontmostApplication()->processIdentifier); }},
-      {"restored", [&] { return applicationNames(desktop.workspace.activationRequests); }},
-      {"panels", [&] { return count(desktop.overlay.panels.size()); }},
-      {"previews", [&] { return previews(); }},
-      {"keystrokes", [&] { return count(desktop.keyEvents.posted.size() / 2); }},
-      {"clipboard", [&] { return desktop.pasteboard.string.value_or("none"); }},
-      {"opened", [&] { return opened(); }},
-      {"fingers", [&] { return numbers(trackpad().fingerCounts()); }},
-      {"requests", [&] { return count(subActions.requests.size()); }},
-      {"performed", [&] { return performed(); }},
-      {"prefetched", [&] { return applicationNames(subActions.prefetched); }},
-      {"onboarding", [&] { return desktop.windows.isOnboardingUp ? "up" : "none"; }},
-      {"settings", [&] { return count(desktop.windows.settingsShown); }},
-      {"settings-windows", [&] { return count(desktop.windows.settingsWindowsMade); }},
-      {"introduced", [&] { return desktop.defaults.boolean(AppLaunchState::kHasSeenPermissionIntro) ? "yes" : "no"; }},
-      {"listen-requests", [&] { return count(desktop.permissions.listenRequests); }},
-      {"activations", [&] { return count(desktop.shell.activations); }},
-      {"terminations", [&] { return count(desktop.shell.terminations); }},
-      {"outlives-windows", [&] { return desktop.shell.shouldTerminateAfterLastWindowClosed() ? "no" : "yes"; }},
-      {"registered", [&] { return desktop.keyboard.isRegistered(49, kControlOption) ? "yes" : "no"; }},
-      {"tray-problem", [&] { return program.statusItemProblem().value_or("none"); }},
-      {"log-lines", [&] { return count(desktop.log.lines.size()); }},
-      {"prepared", [&] { return prepared(); }},
-      {"prepared-now", [&] { return count(desktop.overlay.warmedUp.size()); }},
-      {"shown-was-prepared", [&] { return shownWasPrepared() ? "yes" : "no"; }},
+  observations = {
+      {"menu", [this] { return isMenuUp() ? shownMenu() : "none"; }},
+      {"highlight", [this] { return highlightedItem().empty() ? "none" : highlightedItem(); }},
+      {"front", [this] { return applicationName(desktop.workspace.frontmostApplication()->processIdentifier); }},
+      {"restored", [this] { return applicationNames(desktop.workspace.activationRequests); }},
+      {"panels", [this, count] { return count(desktop.overlay.panels.size()); }},
+      {"previews", [this] { return previews(); }},
+      {"keystrokes", [this, count] { return count(desktop.keyEvents.posted.size() / 2); }},
+      {"clipboard", [this] { return desktop.pasteboard.string.value_or("none"); }},
+      {"opened", [this] { return opened(); }},
+      {"fingers", [this] { return numbers(trackpad().fingerCounts()); }},
+      {"requests", [this, count] { return count(subActions.requests.size()); }},
+      {"performed", [this] { return performed(); }},
+      {"prefetched", [this] { return applicationNames(subActions.prefetched); }},
+      {"onboarding", [this] { return desktop.windows.isOnboardingUp ? "up" : "none"; }},
+      {"settings", [this, count] { return count(desktop.windows.settingsShown); }},
+      {"settings-windows", [this, count] { return count(desktop.windows.settingsWindowsMade); }},
+      {"introduced", [this] { return yesOrNo(desktop.defaults.boolean(AppLaunchState::kHasSeenPermissionIntro)); }},
+      {"listen-requests", [this, count] { return count(desktop.permissions.listenRequests); }},
+      {"activations", [this, count] { return count(desktop.shell.activations); }},
+      {"terminations", [this, count] { return count(desktop.shell.terminations); }},
+      {"outlives-windows", [this] { return desktop.shell.shouldTerminateAfterLastWindowClosed() ? "no" : "yes"; }},
+      {"registered", [this] { return yesOrNo(desktop.keyboard.isRegistered(49, kControlOption)); }},
+      {"tray-problem", [this] { return program.statusItemProblem().value_or("none"); }},
+      {"log-lines", [this, count] { return count(desktop.log.lines.size()); }},
+      {"ticks", [this, count] { return count(std::exchange(desktop.haptics.performed, {}).size()); }},
+      {"preview-hint", [this] { return desktop.windows.previewHint; }},
+      {"prepared", [this] { return prepared(); }},
+      {"prepared-now", [this, count] { return count(desktop.overlay.warmedUp.size()); }},
+      {"shown-was-prepared", [this] { return yesOrNo(shownWasPrepared()); }},
   };
-  return observations.contains(what) ? observations.at(what)() : "nothing known as " + what;
 }
 
-TEST_P(StoryTest, Holds) {
-  for (const auto& [place, text] : GetParam().lines) {
-    SCOPED_TRACE(place + ": " + text);
-    Words words = split(text, ' ');
-    const bool isExpectation = words.front() == "=";
-    if (isExpectation) words.erase(words.begin());
-    const std::string first = words.front();
-    words.erase(words.begin());
-    if (isExpectation) {
-      ASSERT_EQ(observe(first), joined(words));
-    } else {
-      ASSERT_NO_FATAL_FAILURE(act(first, words));
-    }
-  }
-}
+class StoryTest : public testing::TestWithParam<const char*> {};
 
-INSTANTIATE_TEST_SUITE_P(Stories, StoryTest, testing::ValuesIn(readStories()),
-                         [](const auto& each) { return each.param.name; });
+TEST_P(StoryTest, Holds) { playStories<ProgramStory>(GetParam()); }
+
+INSTANTIATE_TEST_SUITE_P(Stories, StoryTest,
+                         testing::Values("triggers", "choices", "app_commands", "document_changes", "launch",
+                                         "ring_warmer"),
+                         [](const auto& each) { return each.param; });
 
 }  // namespace
 }  // namespace rondora

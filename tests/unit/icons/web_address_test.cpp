@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "doubles/stories.h"
+#include "icons/favicon_links.h"
+
 namespace rondora {
 namespace {
 
@@ -32,27 +35,32 @@ TEST(WebAddressTest, RejectsOtherTexts) {
   EXPECT_EQ(parsed("http://example.org/" + std::string(2048, 'a')), "");
 }
 
-TEST(WebAddressTest, ResolvesReferences) {
-  const auto page = WebAddress::parse("http://a/b/c/d?q");
-  ASSERT_TRUE(page);
-  const auto resolved = [&page](std::string_view reference) {
-    const auto address = page->resolve(reference);
-    return address ? address->text() : "";
-  };
-  // Examples of RFC 3986, sections 5.4.1 and 5.4.2.
-  EXPECT_EQ(resolved("g"), "http://a/b/c/g");
-  EXPECT_EQ(resolved("/g"), "http://a/g");
-  EXPECT_EQ(resolved("//g"), "http://g/");
-  EXPECT_EQ(resolved("?y"), "http://a/b/c/d?y");
-  EXPECT_EQ(resolved("g?y#s"), "http://a/b/c/g?y");
-  EXPECT_EQ(resolved(""), "http://a/b/c/d?q");
-  EXPECT_EQ(resolved("."), "http://a/b/c/");
-  EXPECT_EQ(resolved("../../../g"), "http://a/g");
-  EXPECT_EQ(resolved("g;x=1/../y"), "http://a/b/c/y");
-  EXPECT_EQ(resolved("g?y/../x"), "http://a/b/c/g?y/../x");
-  EXPECT_EQ(resolved(" https://b/\n"), "https://b/");
-  EXPECT_EQ(resolved("data:image/png;base64,AAAA"), "");
-  EXPECT_EQ(resolved("g:h"), "");
+struct AddressStory : Story {
+  AddressStory() {
+    actions = {{"page", [this](const Words& w) { page = WebAddress::parse(w.at(0)); }},
+               {"link", [this](const Words& w) { link = page->resolve(w.empty() ? "" : w[0]); }},
+               {"html", [this](const Words& w) { links = faviconLinks(page.value(), joined(w)); }}};
+    observations = {{"leads-to", [this] { return link ? link->text() : "none"; }},
+                    {"icons", [this] { return icons(); }}};
+  }
+  std::string icons() const {
+    Words texts;
+    for (const WebAddress& address : links) texts.push_back(address.text());
+    return joined(texts);
+  }
+
+  std::optional<WebAddress> page;
+  std::optional<WebAddress> link;
+  std::vector<WebAddress> links;
+};
+
+TEST(AddressStories, HappenAsTold) { playStories<AddressStory>("addresses"); }
+
+TEST(AddressStories, ReferencesAreTrimmed) {
+  EXPECT_EQ(WebAddress::parse("http://a/")->resolve(" https://b/\n")->text(), "https://b/");
+  const auto links = faviconLinks(WebAddress::parse("https://a.org/").value(), "<LINK REL='icon'\n HREF = i.ico />");
+  ASSERT_EQ(links.size(), 1U);
+  EXPECT_EQ(links[0].text(), "https://a.org/i.ico");
 }
 
 }  // namespace

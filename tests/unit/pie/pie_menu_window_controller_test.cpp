@@ -4,16 +4,14 @@
 
 #include <algorithm>
 #include <cmath>
-#include <fstream>
 #include <functional>
-#include <iterator>
 #include <map>
 #include <memory>
 #include <random>
-#include <sstream>
 
 #include "doubles/allocation_counter.h"
 #include "doubles/fake_platform.h"
+#include "doubles/stories.h"
 #include "pie/picture/ring_picture.h"
 
 namespace rondora {
@@ -22,8 +20,6 @@ namespace {
 using Index = std::optional<std::size_t>;
 
 constexpr Point kOpenedAt{640, 400};
-
-using Words = std::vector<std::string>;
 
 std::vector<PieMenuItem> makeItems(std::size_t count) {
   std::vector<PieMenuItem> items(count);
@@ -43,7 +39,7 @@ struct Overlay {
     menu.animationDuration = 0;
     controller->onItemSelected = [this](const PieMenuItem& item) { chosen("item " + item.title); };
     controller->onCommandSelected = [this](const PieSubAction& command) { chosen("command " + command.title); };
-    controller->onHoverChanged = [this](const PieMenuItem* item) { hovers.push_back(item ? item->title : "none"); };
+    controller->onHoverChanged = [this](const PieMenuItem* item) { hovers.push_back(item ? item->title : "-"); };
     controller->onHide = [this] { reports.emplace_back("hidden"); };
   }
 
@@ -75,7 +71,7 @@ struct Overlay {
 
 class OverlayTest : public testing::Test, protected Overlay {};
 
-// A story is a line "# NAME", then actions and, after "=> ", what is observed. Lists are emptied when they are read.
+// The vocabulary of fixtures/stories/overlay.txt. Lists are emptied when they are read.
 
 std::uint16_t keyCode(const std::string& name) {
   static const std::map<std::string, int> kCodes = {
@@ -96,72 +92,63 @@ HotkeyConfig chord(const std::string& text) {
   return {key == "unset" ? -1 : keyCode(key), CarbonModifiers::carbon(flagsOf(text))};
 }
 
-class Story : public Overlay {
- public:
-  void act(const Words& words) {
-    const bool isDone = pressKeys(words) || moveDesktop(words) || callController(words);
-    ASSERT_TRUE(isDone) << words.at(0);
-  }
+struct OverlayStory : Overlay, Story {
+  using W = const Words&;
 
-  bool pressKeys(const Words& words) {
-    static const std::map<std::string, void (FakeKeyboard::*)(std::uint16_t)> kActions = {
-        {"press", &FakeKeyboard::press},   {"release", &FakeKeyboard::release},      {"tap", &FakeKeyboard::tap},
-        {"repeat", &FakeKeyboard::repeat}, {"unseen", &FakeKeyboard::releaseUnseen},
-    };
-    const auto found = kActions.find(words[0]);
-    if (found == kActions.end()) return false;
-    for (std::size_t i = 1; i < words.size(); ++i) (desktop.keyboard.*found->second)(keyCode(words[i]));
-    return true;
-  }
-
-  bool moveDesktop(const Words& words) {
-    const auto point = [&] { return Point{std::stod(words.at(1)), std::stod(words.at(2))}; };
-    const std::map<std::string, std::function<void()>> actions = {
-        {"pointer", [&] { moveBy(point().x, point().y); }},
-        {"flick", [&] { desktop.overlay.flick = kOpenedAt + point(); }},
-        {"exit", [&] { panel().sink.pointerExited(); }},
-        {"enter", [&] { panel().sink.pointerEntered(); }},
-        {"click", [&] { desktop.overlay.click(); }},
-        {"wait", [&] { desktop.time.advance(std::stod(words.at(1))); }},
-        {"idle", [&] { desktop.time.runUntilIdle(); }},
-        {"screens", [&] { desktop.screens.change(desktop.screens.screens); }},
-        {"refuse-grab", [&] { desktop.overlay.refusesGrab = true; }},
-        {"no-haptics", [&] { haptics = false; }},
-        {"items", [&] { menu.items = makeItems(std::stoul(words.at(1))); }},
-        {"kind", [&] { menu.kind = *pieMenuKindFromRawValue(words.at(1)); }},
-    };
-    const auto found = actions.find(words[0]);
-    if (found != actions.end()) found->second();
-    return found != actions.end();
-  }
-
-  bool callController(const Words& words) {
-    const auto word = [&](std::size_t i) { return i < words.size() ? words[i] : std::string(); };
-    const std::map<std::string, std::function<void()>> actions = {
-        {"open", [&] { show(words.size() > 1 ? std::optional(chord(words[1])) : std::nullopt); }},
+  OverlayStory() {
+    actions = {
+        {"press", keys(&FakeKeyboard::press)},
+        {"release", keys(&FakeKeyboard::release)},
+        {"tap", keys(&FakeKeyboard::tap)},
+        {"repeat", keys(&FakeKeyboard::repeat)},
+        {"unseen", keys(&FakeKeyboard::releaseUnseen)},
+        {"pointer", [this](W w) { moveBy(point(w).x, point(w).y); }},
+        {"flick", [this](W w) { desktop.overlay.flick = kOpenedAt + point(w); }},
+        {"exit", [this](W) { panel().sink.pointerExited(); }},
+        {"enter", [this](W) { panel().sink.pointerEntered(); }},
+        {"click", [this](W) { desktop.overlay.click(); }},
+        {"wait", [this](W w) { desktop.time.advance(std::stod(w.at(0))); }},
+        {"idle", [this](W) { desktop.time.runUntilIdle(); }},
+        {"screens", [this](W) { desktop.screens.change(desktop.screens.screens); }},
+        {"refuse-grab", [this](W) { desktop.overlay.refusesGrab = true; }},
+        {"no-haptics", [this](W) { haptics = false; }},
+        {"items", [this](W w) { menu.items = makeItems(std::stoul(w.at(0))); }},
+        {"kind", [this](W w) { menu.kind = *pieMenuKindFromRawValue(w.at(0)); }},
+        {"open", [this](W w) { show(w.empty() ? std::nullopt : std::optional(chord(w[0]))); }},
         {"commands",
-         [&] {
-           showCommands({word(2), word(3)}, std::stod(word(1)));
+         [this](W w) {
+           showCommands({w.at(1), w.at(2)}, std::stod(w.at(0)));
          }},
-        {"hide", [&] { controller->hide(); }},
-        {"destroy", [&] { controller.reset(); }},
-        {"step", [&] { controller->advanceRunningAppsSelection(); }},
-        {"main-key-up", [&] { controller->clearChordNavigationIgnoreUntilMainKeyUp(); }},
-        {"arm", [&] { arm(chord(word(1))); }},
-        {"send", [&] { send(keyCode(word(1)), flagsOf(word(2))); }},
-        {"match",
-         [&] {
-           chosen_ = controller->quickSelectIndex({.keyCode = static_cast<std::uint16_t>(std::stoi(word(1))),
-                                                   .characters = word(3),
-                                                   .charactersIgnoringModifiers = word(2)});
-         }},
+        {"hide", [this](W) { controller->hide(); }},
+        {"destroy", [this](W) { controller.reset(); }},
+        {"step", [this](W) { controller->advanceRunningAppsSelection(); }},
+        {"main-key-up", [this](W) { controller->clearChordNavigationIgnoreUntilMainKeyUp(); }},
+        {"arm", [this](W w) { arm(chord(w.at(0))); }},
+        {"send", [this](W w) { send(keyCode(w.at(0)), flagsOf(joined(w))); }},
+        {"match", [this](W w) { match(w); }},
     };
-    const auto found = actions.find(words[0]);
-    if (found != actions.end()) found->second();
-    return found != actions.end();
+    observations = {
+        {"highlight", [this] { return highlight(); }},
+        {"command", [this] { return std::get<PieSubAction>(*controller->currentSelection()).title; }},
+        {"reports", [this] { return joined(std::exchange(reports, {})); }},
+        {"hovers", [this] { return joined(std::exchange(hovers, {})); }},
+        {"consumed", [this] { return yesOrNo(consumed); }},
+        {"chooses", [this] { return matched ? std::to_string(*matched) : "none"; }},
+        {"ticks", [this] { return std::to_string(desktop.haptics.performed.size()); }},
+        {"monitors", [this] { return std::to_string(desktop.keyboard.monitorCount()); }},
+        {"cursor", [this] { return desktop.overlay.cursors.back() == CursorShape::arrow ? "arrow" : "hand"; }},
+        {"opened-at", [this] { return openedAt(); }},
+        {"drawn", [this] { return drawn(); }},
+    };
   }
 
-  void showCommands(const Words& titles, double rotation) {
+  std::function<void(W)> keys(void (FakeKeyboard::*act)(std::uint16_t)) {
+    return [this, act](W w) {
+      for (const std::string& name : w) (desktop.keyboard.*act)(keyCode(name));
+    };
+  }
+  static Point point(W w) { return {std::stod(w.at(0)), std::stod(w.at(1))}; }
+  void showCommands(W titles, double rotation) {
     std::vector<PieSubAction> commands(titles.size());
     for (std::size_t i = 0; i < titles.size(); ++i) commands[i].title = titles[i];
     controller->show(menu, std::nullopt, std::nullopt, AppCommands{commands, makeItems(titles.size()), rotation});
@@ -170,60 +157,31 @@ class Story : public Overlay {
     KeyEvent event;
     event.keyCode = key;
     event.modifierFlags = flags;
-    consumed_ = controller->handleKeyEvent(event);
+    consumed = controller->handleKeyEvent(event);
+  }
+  void match(W w) {
+    matched = controller->quickSelectIndex({.keyCode = static_cast<std::uint16_t>(std::stoi(w.at(0))),
+                                            .characters = w.at(2),
+                                            .charactersIgnoringModifiers = w.at(1)});
   }
   void arm(const HotkeyConfig& hotkey) {
     controller->scheduleClickModeModifierChordReleaseDismissal(hotkey, [this] { reports.emplace_back("released"); });
   }
-
-  std::string observed(const std::string& what) {
-    const auto list = [](Words& words) {
-      std::string text;
-      for (const std::string& each : std::exchange(words, {})) text += (text.empty() ? "" : ", ") + each;
-      return text;
-    };
-    if (what == "highlight") return highlight();
-    if (what == "command") return std::get<PieSubAction>(*controller->currentSelection()).title;
-    if (what == "reports") return list(reports);
-    if (what == "hovers") return list(hovers);
-    if (what == "consumed") return consumed_ ? "yes" : "no";
-    if (what == "chooses") return chosen_ ? std::to_string(*chosen_) : "none";
-    if (what == "ticks") return std::to_string(desktop.haptics.performed.size());
-    if (what == "monitors") return std::to_string(desktop.keyboard.monitorCount());
-    if (what == "cursor") return desktop.overlay.cursors.back() == CursorShape::arrow ? "arrow" : "hand";
-    if (what == "opened-at") {
-      const Point moved = controller->showMouseLocation() - kOpenedAt;
-      return std::to_string(std::lround(moved.x)) + " " + std::to_string(std::lround(moved.y));
-    }
+  std::string openedAt() const {
+    const Point moved = controller->showMouseLocation() - kOpenedAt;
+    return std::to_string(std::lround(moved.x)) + " " + std::to_string(std::lround(moved.y));
+  }
+  std::string drawn() const {
     const auto& states = panel().layerStates;
     const auto lit = std::find(states.begin() + 1, states.end(), ring_layers::kHighlighted);
     return std::to_string(lit - states.begin() - 1);
   }
 
- private:
-  bool consumed_ = false;
-  Index chosen_;
+  bool consumed = false;
+  Index matched;
 };
 
-TEST(OverlayStories, HappenAsTold) {
-  std::ifstream file(RONDORA_FIXTURES "/stories/overlay.txt");
-  ASSERT_TRUE(file);
-  std::unique_ptr<Story> story;
-  std::string name;
-  for (std::string line; std::getline(file, line);) {
-    if (line.starts_with("# ")) {
-      story = std::make_unique<Story>();
-      name = line.substr(2);
-    } else if (line.starts_with("=> ")) {
-      const std::size_t space = std::min(line.find(' ', 3), line.size());
-      const std::string expected = space < line.size() ? line.substr(space + 1) : "";
-      EXPECT_EQ(story->observed(line.substr(3, space - 3)), expected) << name << ": " << line;
-    } else if (!line.empty()) {
-      std::istringstream words(line);
-      story->act({std::istream_iterator<std::string>(words), {}});
-    }
-  }
-}
+TEST(OverlayStories, HappenAsTold) { playStories<OverlayStory>("overlay"); }
 
 TEST_F(OverlayTest, OpensAtThePointerAndLeavesNothingBehind) {
   controller->warmUp(menu, std::nullopt);

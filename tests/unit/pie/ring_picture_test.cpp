@@ -24,24 +24,24 @@ constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 struct Ring {
   PieMenu menu;
-  std::vector<std::string> titles;
   RingLayout layout;
   Picture picture;
 };
 
 /// Items that the menu lacks are filled in.
-Ring ringOf(std::size_t count, PieMenu menu = {}) {
+Ring ringOf(std::size_t count, PieMenu menu = {}, const std::optional<std::string>& application = {}) {
   for (std::size_t i = menu.items.size(); i < count; ++i) {
     PieMenuItem& item = menu.items.emplace_back();
     item.title = "Item " + std::to_string(i);
     item.icon = "star.fill";
   }
   Ring ring;
-  for (const PieMenuItem& item : menu.items) ring.titles.push_back(item.title);
+  std::vector<std::string> titles;
+  for (const PieMenuItem& item : menu.items) titles.push_back(item.title);
   ring.menu = std::move(menu);
   ring.layout = RingLayout::make(ring.menu, ring.menu.rotationDegrees, count, 400);
   const auto labels = resolvedShortcutLabels(ring.menu.items);
-  ring.picture = makeRingPicture(ring.menu, ring.layout, {ring.menu.items, ring.titles, labels});
+  ring.picture = makeRingPicture(ring.menu, ring.layout, {ring.menu.items, titles, labels, application});
   return ring;
 }
 
@@ -109,7 +109,7 @@ TEST(RingPictureTest, ContentsStayInsideTheirSectorsAndApart) {
   }
 }
 
-TEST(RingPictureTest, IconsTakeTheSizeAndPlaceThatTheMenuAsksForAndTheTitlesFirstCharacterWhereThereIsNone) {
+TEST(RingPictureTest, IconHasTheMenusSizeAndPlaceOrShowsAnInitial) {
   PieMenu menu;
   menu.iconSize = 30;
   menu.iconDistance = 0.4;
@@ -123,7 +123,7 @@ TEST(RingPictureTest, IconsTakeTheSizeAndPlaceThatTheMenuAsksForAndTheTitlesFirs
   EXPECT_EQ(std::get<TextCommand>(ring.picture.layers[ring_layers::sector(0)].states[0].back()).text, "Ü");
 }
 
-TEST(RingPictureTest, NothingIsDrawnOutsideItsLayerNorALayerOutsideThePicture) {
+TEST(RingPictureTest, DrawingsStayInTheirLayersAndLayersInThePicture) {
   for (const std::size_t count : {0u, 1u, 2u, 6u, 36u}) {
     const Ring ring = ringOf(count);
     ASSERT_EQ(ring.picture.layers.size(), count + 3);
@@ -141,7 +141,7 @@ TEST(RingPictureTest, NothingIsDrawnOutsideItsLayerNorALayerOutsideThePicture) {
   }
 }
 
-TEST(RingPictureTest, TheTitleOfTheHighlightedItemFitsIntoTheHub) {
+TEST(RingPictureTest, HighlightedTitleFitsIntoTheHub) {
   const Ring ring = ringOf(3);
   const PictureLayer& title = ring.picture.layers[ring_layers::title(3)];
   EXPECT_TRUE(title.states.at(static_cast<std::size_t>(ring_layers::titleState(std::nullopt))).empty());
@@ -153,12 +153,10 @@ TEST(RingPictureTest, TheTitleOfTheHighlightedItemFitsIntoTheHub) {
   }
 }
 
-TEST(RingPictureTest, TheHubShowsTheCatOfMenusWithPawsAndTheApplicationOfMenusThatHaveOne) {
+TEST(RingPictureTest, HubShowsTheCatOrTheApplication) {
   PieMenu menu;
-  const auto figure = [&](std::optional<std::string> application) {
-    const RingLayout layout = RingLayout::make(menu, 0, 0, 400);
-    const Picture picture = makeRingPicture(menu, layout, {{}, {}, {}, std::move(application)});
-    return picture.layers[ring_layers::figure(0)].states[0];
+  const auto figure = [&](const std::optional<std::string>& application) {
+    return ringOf(0, menu, application).picture.layers[ring_layers::figure(0)].states[0];
   };
   EXPECT_NE(find<FillCommand>(figure(std::nullopt)), nullptr);
   menu.pawDecorationEnabled = false;
@@ -167,23 +165,20 @@ TEST(RingPictureTest, TheHubShowsTheCatOfMenusWithPawsAndTheApplicationOfMenusTh
   const DisplayList icon = figure("org.example.Editor");
   ASSERT_EQ(icon.size(), 1u);
   EXPECT_EQ(find<IconCommand>(icon)->name, "org.example.Editor");
-  EXPECT_DOUBLE_EQ(find<IconCommand>(icon)->rect.size.width, RingLayout::make(menu, 0, 0, 400).hubRadius());
+  EXPECT_DOUBLE_EQ(find<IconCommand>(icon)->rect.size.width, ringOf(0, menu).layout.hubRadius());
 }
 
-void change(double& number, double factor) { number = number == 0 ? 10 * factor : number * factor; }
-void change(bool& flag, double) { flag = !flag; }
-void change(std::string& color, double) { color = "#00FF00"; }
-void change(LiquidGlassSettings& glass, double factor) {
-  if (factor < 1) {
-    glass.variant = LiquidGlassVariant::clear;
+template <class T>
+void change(T& value, double factor) {
+  if constexpr (std::is_same_v<T, double>) {
+    value = value == 0 ? 10 * factor : value * factor;
+  } else if constexpr (std::is_same_v<T, LiquidGlassSettings>) {
+    value = factor < 1 ? T{.variant = LiquidGlassVariant::clear} : T{.tintOpacity = 0.2};
+  } else if constexpr (std::is_same_v<T, bool>) {
+    value = !value;
   } else {
-    glass.tintOpacity = 0.2;
+    value = "#00FF00";
   }
-}
-
-Picture pictureOf(const PieMenu& menu, const std::optional<std::string>& application) {
-  const Ring ring = ringOf(6, menu);
-  return makeRingPicture(ring.menu, ring.layout, {ring.menu.items, ring.titles, {}, application});
 }
 
 TEST(RingPictureTest, EveryAppearanceFieldChangesTheRing) {
@@ -193,7 +188,8 @@ TEST(RingPictureTest, EveryAppearanceFieldChangesTheRing) {
     for (const double factor : {0.85, 1.15}) {
       PieMenu menu;
       std::visit([&](auto member) { change(menu.*member, factor); }, field.member);
-      EXPECT_NE(pictureOf(menu, application), pictureOf({}, application)) << field.name << " times " << factor;
+      EXPECT_NE(ringOf(6, menu, application).picture, ringOf(6, {}, application).picture)
+          << field.name << " times " << factor;
     }
   }
 }

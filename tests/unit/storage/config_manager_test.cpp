@@ -8,6 +8,7 @@
 #include "doubles/fake_devices.h"
 #include "doubles/fake_file_system.h"
 #include "doubles/fake_log.h"
+#include "doubles/stories.h"
 #include "doubles/virtual_time.h"
 #include "storage/configuration_json.h"
 #include "storage/edit_session.h"
@@ -21,12 +22,7 @@ using testing::SizeIs;
 using testing::StartsWith;
 using Operation = FakeFileSystem::Operation;
 
-constexpr std::string_view kFolder = "/home/user/.config/Rondora";
-// The moment at which virtual time starts.
-constexpr std::string_view kBackup = "/home/user/.config/Rondora/config.broken-2023-03-08T202640";
-
-class ConfigManagerTest : public testing::Test {
- protected:
+struct Config {
   void start() {
     manager = std::make_unique<ConfigManager>(ConfigManager::Services{files, time, log, random, notifications});
     observer = notifications.addObserver(ConfigManager::configurationDidChange, [this] { ++posts; });
@@ -39,12 +35,6 @@ class ConfigManagerTest : public testing::Test {
   std::string document() { return files.files[url]; }
   nlohmann::json json() { return nlohmann::json::parse(document(), nullptr, false); }
   std::string nameOnDisk() { return json()["menus"][0]["name"]; }
-  std::vector<std::string> errors() const {
-    std::vector<std::string> texts;
-    for (const auto& line : log.lines) texts.push_back((line.level == LogLevel::error ? "" : "standard: ") + line.text);
-    return texts;
-  }
-
   FakeFileSystem files;
   VirtualTime time;
   FakeLog log;
@@ -53,8 +43,72 @@ class ConfigManagerTest : public testing::Test {
   std::unique_ptr<ConfigManager> manager;
   Subscription observer;
   int posts = 0;
-  const std::string url = std::string(kFolder) + "/config.json";
+  const std::string url = "/home/user/.config/Rondora/config.json";
 };
+
+/// An edit session is made when it is first used; "log" is emptied when it is read.
+struct ConfigStory : Config, Story {
+  using W = const Words&;
+
+  ConfigStory() {
+    static const std::map<std::string, Operation> kOperations = {{"read", Operation::read},
+                                                                 {"create", Operation::createFolder},
+                                                                 {"replace", Operation::replaceDurably},
+                                                                 {"copy", Operation::copy}};
+    const auto rest = [](W w) { return joined({w.begin() + 1, w.end()}); };
+    actions = {{"put", [=, this](W w) { files.put(w.at(0), rest(w)); }},
+               {"fail", [=, this](W w) { files.failures[kOperations.at(w.at(0))] = rest(w); }},
+               {"too-long", [this](W) { files.tooLong = {url}; }},
+               {"start", [this](W) { start(); }},
+               {"rename", [this](W w) { rename(w.at(0)); }},
+               {"endless", [this](W) { saveEndless(); }},
+               {"export", [this](W w) { EXPECT_EQ(manager->exportConfiguration(w.at(0)), std::nullopt); }},
+               {"import", [this](W w) { imported = manager->importConfiguration(w.at(0)); }},
+               {"wait", [this](W w) { time.advance(std::stod(w.at(0))); }},
+               {"edit", [this](W w) { session().edit([&](auto& document) { document.menus[0].name = w.at(0); }); }},
+               {"german", [this](W) { session().edit([](auto& each) { each.language = AppLanguage::german; }); }},
+               {"flush", [this](W) { session().flush(); }}};
+    observations = {{"disk", [this] { return json()["menus"].is_array() ? nameOnDisk() : document(); }},
+                    {"memory", [this] { return manager->current().menus.at(0).name; }},
+                    {"session", [this] { return session().document().menus.at(0).name; }},
+                    {"menus", [this] { return std::to_string(manager->current().menus.size()); }},
+                    {"language", [this] { return std::string(rawValue(manager->current().language)); }},
+                    {"stamped-now", [this] { return yesOrNo(manager->current().lastModified == time.now()); }},
+                    {"posts", [this] { return std::to_string(posts); }},
+                    {"refused", [this] { return yesOrNo(imported == StringKey::importRefused); }},
+                    {"kept-aside", [this] { return keptAside(); }},
+                    {"log", [this] { return errors(); }}};
+  }
+  EditSession& session() { return edits ? *edits : edits.emplace(*manager, time); }
+  void saveEndless() {
+    PieConfiguration endless = manager->current();
+    endless.menus[0].iconSize = std::numeric_limits<double>::infinity();
+    manager->save(endless);
+  }
+  /// The stamp is the moment at which virtual time starts.
+  std::string keptAside() const {
+    Words contents;
+    for (const auto& [path, bytes] : files.files) {
+      if (path.string().find("/config.broken-2023-03-08T202640") != std::string::npos) contents.push_back(bytes);
+    }
+    return joined(contents);
+  }
+  std::string errors() {
+    Words texts;
+    for (const auto& [level, text] : std::exchange(log.lines, {})) {
+      EXPECT_EQ(level, LogLevel::error);
+      texts.push_back(text);
+    }
+    return joined(texts);
+  }
+
+  std::optional<EditSession> edits;
+  std::optional<StringKey> imported;
+};
+
+class ConfigManagerTest : public testing::Test, protected Config {};
+
+TEST(ConfigStories, HappenAsTold) { playStories<ConfigStory>("config_manager"); }
 
 TEST_F(ConfigManagerTest, FirstStartWritesTheFirstRunDocument) {
   start();
@@ -63,54 +117,6 @@ TEST_F(ConfigManagerTest, FirstStartWritesTheFirstRunDocument) {
   EXPECT_EQ(json()["menus"][0]["globalSidebarIconColorHex"], "#007AFF");
   EXPECT_THAT(log.lines, IsEmpty());
   EXPECT_EQ(manager->current().lastModified, kDistantPast);
-}
-
-TEST_F(ConfigManagerTest, UndecodableFilesAreKeptAsideAndReplaced) {
-  for (const std::string bytes : {"{", "[", "]"}) {
-    files.put(url, bytes);
-    start();
-    EXPECT_EQ(json()["menus"].size(), 3U);
-  }
-  const std::string stem(kBackup);
-  EXPECT_EQ(files.files[stem + ".json"], "{");
-  EXPECT_EQ(files.files[stem + "-2.json"], "[");
-  EXPECT_EQ(files.files[stem + "-3.json"], "]");
-  EXPECT_THAT(errors().at(0), StartsWith("decodeConfig failed: not JSON: "));
-  EXPECT_EQ(errors().at(1), "config unreadable, backup saved: " + stem + ".json");
-}
-
-TEST_F(ConfigManagerTest, WhateverFailsAtTheStartIsLoggedAndLeavesAMenu) {
-  struct Case {
-    std::map<Operation, std::string> failures;
-    bool isTooLong;
-    std::string left;  // on disk as the document
-    std::vector<std::string> errors;
-  };
-  const std::string folderMissing = "failed to create config dir: read-only";
-  const std::string keptAside = "config unreadable, backup saved: " + std::string(kBackup) + ".json";
-  const Case cases[] = {
-      {{{Operation::copy, "no space"}},
-       false,
-       "{\n",
-       {"decodeConfig failed: menus: expected an array", "config backup failed: no space"}},
-      {{}, true, "{\n", {"decodeConfig failed: document: too long", keptAside}},
-      {{{Operation::read, "denied"}}, false, "{\n", {}},
-      {{{Operation::createFolder, "read-only"}, {Operation::replaceDurably, "read-only"}},
-       false,
-       R"({"menus")",
-       {folderMissing, "decodeConfig failed: menus: expected an array", keptAside, "writeLocal failed: read-only"}},
-  };
-  for (const Case& each : cases) {
-    files = {};
-    log.lines.clear();
-    files.put(url, R"({"menus": 1})");
-    files.failures = each.failures;
-    if (each.isTooLong) files.tooLong = {url};
-    start();
-    EXPECT_THAT(manager->current().menus, SizeIs(3));
-    EXPECT_THAT(document(), StartsWith(each.left));
-    EXPECT_EQ(errors(), each.errors);
-  }
 }
 
 TEST_F(ConfigManagerTest, SaveStampsPublishesWritesAndNotifiesInThisOrder) {
@@ -147,21 +153,6 @@ TEST_F(ConfigManagerTest, SaveKeepsOneMenuOfEachSpecialKind) {
   EXPECT_EQ(written["schemaVersion"], 3);
 }
 
-TEST_F(ConfigManagerTest, ASaveThatCannotBeWrittenHoldsInMemory) {
-  start();
-  const std::string before = document();
-  files.failures = {{Operation::replaceDurably, "disk full"}};
-  rename("Edited");
-  PieConfiguration endless = manager->current();
-  endless.menus[0].iconSize = std::numeric_limits<double>::infinity();
-  manager->save(endless);
-  EXPECT_EQ(manager->current().menus[0].name, "Edited");
-  EXPECT_EQ(document(), before);
-  EXPECT_EQ(posts, 2);
-  EXPECT_THAT(errors(),
-              ElementsAre("writeLocal failed: disk full", "writeLocal failed: iconSize: not a finite number"));
-}
-
 TEST_F(ConfigManagerTest, ASaveFromASubscriberIsTheOneOnDisk) {
   start();
   const Subscription answering = manager->configuration().subscribe([&](const PieConfiguration& each) {
@@ -170,58 +161,6 @@ TEST_F(ConfigManagerTest, ASaveFromASubscriberIsTheOneOnDisk) {
   rename("Edited");
   EXPECT_EQ(manager->current().menus[0].name, "Again");
   EXPECT_EQ(nameOnDisk(), "Again");
-}
-
-TEST_F(ConfigManagerTest, OnlyADocumentCanBeImported) {
-  start();
-  const std::string exported = "/home/user/.config/Rondora/backup.json";
-  ASSERT_EQ(manager->exportConfiguration(exported), std::nullopt);
-  rename("Edited");
-  files.put("/tmp/other.json", R"({"menus": [{}]})");
-  for (const char* path : {"/tmp/other.json", "/tmp/missing.json"}) {
-    EXPECT_EQ(manager->importConfiguration(path), StringKey::importRefused) << path;
-    EXPECT_EQ(nameOnDisk(), "Edited");
-  }
-  time.advance(1);
-  EXPECT_EQ(manager->importConfiguration(exported), std::nullopt);
-  EXPECT_EQ(nameOnDisk(), "Main");
-  EXPECT_EQ(manager->current().lastModified, time.now());
-}
-
-TEST_F(ConfigManagerTest, EditsOfOneBurstAllCountAndAreSavedOnce) {
-  start();
-  EditSession session(*manager, time);
-  session.edit([](PieConfiguration& document) { document.language = AppLanguage::german; });
-  for (const char* name : {"E", "Ed", "Edi"}) {
-    session.edit([name](PieConfiguration& document) { document.menus[0].name = name; });
-    time.advance(0.219);
-    EXPECT_EQ(posts, 0);
-  }
-  EXPECT_EQ(session.document().menus[0].name, "Edi");
-  time.advance(0.001);
-  EXPECT_EQ(posts, 1);
-  EXPECT_EQ(nameOnDisk(), "Edi");
-  EXPECT_EQ(manager->current().language, AppLanguage::german);
-  session.edit([](PieConfiguration& document) { document.menus[0].name = "Edit"; });
-  session.flush();
-  EXPECT_EQ(nameOnDisk(), "Edit");
-  time.advance(1);
-  session.flush();
-  EXPECT_EQ(posts, 2);
-}
-
-TEST_F(ConfigManagerTest, APendingEditNeverUndoesAnImport) {
-  start();
-  const std::string exported = "/home/user/backup.json";
-  ASSERT_EQ(manager->exportConfiguration(exported), std::nullopt);
-  EditSession session(*manager, time);
-  session.edit([](PieConfiguration& document) { document.menus[0].name = "Edited"; });
-  EXPECT_EQ(manager->importConfiguration("/home/user/missing.json"), StringKey::importRefused);
-  EXPECT_EQ(session.document().menus[0].name, "Edited") << "a refused import leaves the edit alone";
-  EXPECT_EQ(manager->importConfiguration(exported), std::nullopt);
-  time.advance(1);
-  EXPECT_EQ(nameOnDisk(), "Main");
-  EXPECT_EQ(session.document().menus[0].name, "Main");
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include "app/action_services.h"
 #include "doubles/fake_platform.h"
+#include "doubles/stories.h"
 
 namespace rondora {
 namespace {
@@ -13,9 +14,8 @@ using ::testing::IsEmpty;
 
 constexpr std::uint32_t kWindow = 0x01020304;
 
-class RunningAppFocusTest : public ::testing::Test {
- protected:
-  RunningAppFocusTest() {
+struct Focus {
+  Focus() {
     editor_ = desktop_.workspace.start("editor");
     desktop_.workspace.start("browser");
     pid_ = editor_.processIdentifier;
@@ -23,19 +23,56 @@ class RunningAppFocusTest : public ::testing::Test {
   }
   bool focus() {
     const bool succeeded = actions_.runningAppFocus.focus(editor_);
-    desktop_.serialQueues.run();
+    desktop_.time.runUntilIdle();
     return succeeded;
   }
-  std::string lastLine() const { return desktop_.log.lines.empty() ? "" : desktop_.log.lines.back().text; }
-  const std::vector<std::string>& journal() const { return desktop_.accessibility.journal; }
 
   FakePlatform desktop_;
-  ActionServices actions_{desktop_.actionPorts<ActionServices::Ports>(), desktop_.serialQueues.make()};
+  ActionServices actions_{desktop_.actionPorts<ActionServices::Ports>(), desktop_.serialQueue()};
+  std::vector<std::string>& journal_ = desktop_.accessibility.journal;
   RunningApplication editor_;
   std::int32_t pid_ = 0;
 };
 
-TEST_F(RunningAppFocusTest, ShowsTheProcessAndMakesItFrontmostThenRaisesItsWindow) {
+/// The target is the window of number 16909060; "journal" is emptied when it is read.
+struct FocusStory : Focus, Story {
+  using W = const Words&;
+
+  FocusStory() {
+    auto& server = desktop_.windowServer;
+    actions = {{"window", [this](W w) { addWindow(w); }},
+               {"unlisted", [this](W w) { desktop_.accessibility.addUnlistedWindow(w.at(0), kWindow, false); }},
+               {"unnamed", [this](W) { editor_.bundleIdentifier.reset(); }},
+               {"untrusted", [this](W) { desktop_.permissions.trusted = false; }},
+               {"front-status", [&](W w) { server.frontStatus = std::stoi(w.at(0)); }},
+               {"lookup-status", [&](W w) { server.lookupStatus = std::stoi(w.at(0)); }},
+               {"windowless", [&](W) { server.listed = std::vector<WindowListEntry>(); }},
+               {"unavailable", [&](W) { server.isAvailable = false; }},
+               {"next-space", [this](W) { moveToNextSpace(); }},
+               {"focus", [this](W) { succeeded = focus(); }}};
+    observations = {{"succeeded", [this] { return yesOrNo(succeeded); }},
+                    {"front", [this] { return *desktop_.workspace.frontmostApplication()->bundleIdentifier; }},
+                    {"journal", [this] { return joined(std::exchange(journal_, {})); }},
+                    {"log", [this] { return desktop_.log.lines.empty() ? "none" : desktop_.log.lines.back().text; }}};
+  }
+  void moveToNextSpace() {
+    desktop_.windowServer.spacesOfWindows[kWindow] = {30};
+    desktop_.windowServer.displays = std::vector<DisplaySpaces>{{{10, 20, 30}, 20}};
+  }
+  /// Name, number, state and, if it is not a standard window, subrole.
+  void addWindow(W w) {
+    const auto minimized = w.at(2) == "silent" ? std::nullopt : std::optional(w.at(2) == "minimized");
+    const auto window = desktop_.accessibility.addWindow(pid_, w.at(0), static_cast<std::uint32_t>(std::stoul(w.at(1))),
+                                                         minimized, w.size() > 3 ? w[3] : "AXStandardWindow");
+    if (w.at(2) == "stubborn") window->refusedActions = {"AXRaise"};
+  }
+
+  bool succeeded = false;
+};
+
+class RunningAppFocusTest : public ::testing::Test, protected Focus {};
+
+TEST_F(RunningAppFocusTest, ShowsTheProcessThenRaisesItsWindow) {
   desktop_.workspace.hide(pid_);
   editor_.isHidden = true;
   const auto window = desktop_.accessibility.addWindow(pid_, "window", kWindow, false);
@@ -43,9 +80,9 @@ TEST_F(RunningAppFocusTest, ShowsTheProcessAndMakesItFrontmostThenRaisesItsWindo
   EXPECT_THAT(desktop_.windowServer.frontRequests, ElementsAre(FakeWindowServer::FrontRequest{pid_, kWindow, 0x200}));
   EXPECT_EQ(desktop_.workspace.frontmostApplication()->processIdentifier, pid_);
   EXPECT_FALSE(desktop_.workspace.frontmostApplication()->isHidden);
-  EXPECT_THAT(journal(), IsEmpty()) << "the caller does not wait for the application";
-  desktop_.serialQueues.run();
-  EXPECT_THAT(journal(), ElementsAre("window: AXMain=1", "window: AXRaise"));
+  EXPECT_THAT(journal_, IsEmpty()) << "the caller does not wait for the application";
+  desktop_.time.runUntilIdle();
+  EXPECT_THAT(journal_, ElementsAre("window: AXMain=1", "window: AXRaise"));
   EXPECT_EQ(desktop_.accessibility.applicationElement(pid_)->messagingTimeout, 0.25);
   EXPECT_THAT(desktop_.log.lines, IsEmpty());
 }
@@ -69,23 +106,6 @@ TEST_F(RunningAppFocusTest, TellsTheProcessInTwoRecordsThatTheWindowIsKey) {
   desktop_.windowServer.takesEventRecords = false;
   EXPECT_TRUE(focus());
   EXPECT_EQ(records.size(), 2U);
-}
-
-TEST_F(RunningAppFocusTest, SaysWhyAnApplicationCannotBeMadeFrontmost) {
-  editor_.bundleIdentifier.reset();
-  desktop_.windowServer.frontStatus = -50;
-  EXPECT_FALSE(focus());
-  EXPECT_EQ(lastLine(), "focus ?: SLPSSetFrontProcess failed -50");
-  desktop_.windowServer.lookupStatus = -600;
-  EXPECT_FALSE(focus());
-  EXPECT_EQ(lastLine(), "focus ?: GetProcessForPID failed -600");
-  desktop_.windowServer.listed = std::vector<WindowListEntry>();
-  EXPECT_FALSE(focus());
-  EXPECT_EQ(lastLine(), "focus ?: no eligible window");
-  desktop_.windowServer.isAvailable = false;
-  EXPECT_FALSE(focus());
-  EXPECT_EQ(lastLine(), "focus ?: SkyLight symbols unavailable");
-  EXPECT_THAT(journal(), IsEmpty());
 }
 
 TEST(FrontmostWindowID, TakesTheFirstOrdinaryVisibleWindowOfTheProcess) {
@@ -114,55 +134,7 @@ TEST(FrontmostWindowID, TakesTheFirstOrdinaryVisibleWindowOfTheProcess) {
             7U);
 }
 
-TEST_F(RunningAppFocusTest, RestoresTheFirstMinimizedWindowWhenAllAre) {
-  desktop_.accessibility.addWindow(pid_, "palette", 1, false, "AXFloatingWindow");
-  desktop_.accessibility.addWindow(pid_, "silent", 2, std::nullopt);
-  desktop_.accessibility.addWindow(pid_, "first", 3, true);
-  desktop_.accessibility.addWindow(pid_, "second", kWindow, true);
-  focus();
-  EXPECT_EQ(lastLine(), "focus editor: restoring minimized window");
-  EXPECT_THAT(journal(), ElementsAre("first: AXMinimized=0", "first: AXMain=1", "first: AXRaise"));
-}
-
-TEST_F(RunningAppFocusTest, PrefersAnOpenWindowToAMinimizedTarget) {
-  desktop_.accessibility.addWindow(pid_, "target", kWindow, true);
-  desktop_.accessibility.addWindow(pid_, "open", 3, false);
-  focus();
-  EXPECT_THAT(journal(), ElementsAre("open: AXMain=1", "open: AXRaise"));
-}
-
-TEST_F(RunningAppFocusTest, KeepsAMinimizedDialogThatIsTheOnlyWindow) {
-  desktop_.accessibility.addWindow(pid_, "dialog", kWindow, true, "AXDialog");
-  focus();
-  EXPECT_THAT(journal(), ElementsAre("dialog: AXMain=1", "dialog: AXRaise"));
-}
-
-TEST_F(RunningAppFocusTest, FindsAWindowThatTheApplicationDoesNotList) {
-  desktop_.accessibility.addWindow(pid_, "numberless", 0, false);
-  desktop_.accessibility.addUnlistedWindow("unlisted", kWindow, false);
-  focus();
-  EXPECT_THAT(journal(), ElementsAre("unlisted: AXMain=1", "unlisted: AXRaise"));
-}
-
-TEST_F(RunningAppFocusTest, GoesToTheWindowsSpaceWhenItIsNotFoundOrRefusesToRise) {
-  desktop_.windowServer.spacesOfWindows[kWindow] = {30};
-  desktop_.windowServer.displays = std::vector<DisplaySpaces>{{{10, 20, 30}, 20}};
-  focus();
-  EXPECT_EQ(lastLine(), "focus editor: switching space by 1 step(s) via shortcut");
-  desktop_.log.lines.clear();
-  desktop_.accessibility.addWindow(pid_, "window", kWindow, false)->refusedActions = {"AXRaise"};
-  focus();
-  EXPECT_EQ(lastLine(), "focus editor: switching space by 1 step(s) via shortcut");
-}
-
-TEST_F(RunningAppFocusTest, WithoutThePermissionTheApplicationStillComesForward) {
-  desktop_.permissions.trusted = false;
-  desktop_.accessibility.addWindow(pid_, "window", kWindow, false);
-  EXPECT_TRUE(focus());
-  EXPECT_EQ(desktop_.workspace.frontmostApplication()->processIdentifier, pid_);
-  EXPECT_THAT(journal(), IsEmpty());
-  EXPECT_EQ(lastLine(), "focus editor: AX not trusted, skip raise");
-}
+TEST(RunningAppFocusStories, HappenAsTold) { playStories<FocusStory>("focus"); }
 
 }  // namespace
 }  // namespace rondora
