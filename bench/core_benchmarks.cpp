@@ -1,4 +1,4 @@
-// What the core's hot paths and the document cost.
+// CPU time of the core's hot paths and of reading and writing the document.
 
 #include <benchmark/benchmark.h>
 
@@ -20,7 +20,7 @@ namespace {
 
 using namespace rondora;
 
-/// Any sequence will do, as long as it is the same in every run.
+/// Any sequence, but the same in every run.
 class CountingRandom : public RandomSource {
  public:
   std::uint64_t next() override { return value_ += 0x9E3779B97F4A7C15U; }
@@ -109,7 +109,7 @@ void buildDisplayList(benchmark::State& state) {
 }
 BENCHMARK(buildDisplayList)->Apply(ringSizes)->Unit(benchmark::kMicrosecond);
 
-/// Argument 0 stands for the document of a first run, others for that many menus of 36 items.
+/// Argument 0 is the first-run document, others are the number of menus of 36 items.
 std::string documentOf(std::size_t menus) {
   CountingRandom random;
   PieConfiguration configuration = PieConfiguration::defaultConfig(random);
@@ -135,7 +135,7 @@ void decode(benchmark::State& state) {
 }
 BENCHMARK(decode)->Apply(documentSizes);
 
-/// What the JSON library takes for the same text, into its own values.
+/// The JSON library alone, for the same text.
 void bareParse(benchmark::State& state) {
   const std::string text = documentOf(size(state));
   for (auto _ : state) benchmark::DoNotOptimize(nlohmann::ordered_json::parse(text));

@@ -1,5 +1,5 @@
-// What the ring costs between trigger and first frame, and afterwards for every frame. The argument is the number of
-// pixels a point, in percent.
+// CPU time of the ring between trigger and first frame, and of each later frame. The argument is the number of pixels
+// per point, in percent.
 
 #include <benchmark/benchmark.h>
 
@@ -49,7 +49,7 @@ PieMenu menuOfEight() {
 
 struct Ring {
   Picture makePicture() const { return makeRingPicture(menu, layout, {menu.items, titles, labels}); }
-  /// One that no picture kept equals.
+  /// A picture that is not in the cache.
   Picture makeNewPicture() {
     titles.front() = "Title " + std::to_string(++pictures);
     return makePicture();
@@ -110,7 +110,7 @@ void prepareAndPaintFirstFrame(benchmark::State& state) {
 }
 BENCHMARK(prepareAndPaintFirstFrame)->Apply(scales);
 
-/// The screen as it may be seen through the glass.
+/// A screen beneath the glass.
 Canvas noise(const Picture& picture, double pixelsPerPoint) {
   Canvas screen(picture, pixelsPerPoint);
   for (std::size_t i = 0; i < screen.pixels.size(); ++i) {
@@ -119,7 +119,7 @@ Canvas noise(const Picture& picture, double pixelsPerPoint) {
   return screen;
 }
 
-/// Prepares each of the pictures that `next` makes and paints it over a screen.
+/// Prepares each picture that `next` returns and paints it over a screen.
 template <class Next>
 void paintOverScreen(benchmark::State& state, const Picture& any, Next next) {
   Canvas canvas(any, pixelsPerPoint(state));
@@ -137,7 +137,7 @@ void prepareAndPaintFirstGlass(benchmark::State& state) {
 }
 BENCHMARK(prepareAndPaintFirstGlass)->Apply(scales);
 
-/// As above, of a ring that was prepared at idle: what an opening usually is.
+/// The same for a ring that was pre-rendered at idle, the usual case.
 void prepareAndPaintKeptGlass(benchmark::State& state) {
   const Ring ring;
   warmRasterizer().prepareAhead(ring.makePicture(), pixelsPerPoint(state));

@@ -1,4 +1,4 @@
-// What the program takes while nothing happens, how soon it is ready, and whether it grows; beside a peer.
+// Memory and wake-ups at rest, start-up time and growth of the program; beside a peer.
 
 #include <filesystem>
 #include <fstream>
@@ -37,7 +37,7 @@ double numberIn(const std::filesystem::path& file, const std::string& key) {
   throw std::runtime_error("no " + key + " in " + file.string());
 }
 
-/// Which program a process runs, and in which environment; nothing for a process that is gone, or none at all.
+/// The program file and the environment of a process; nothing if there is no such process.
 std::string startOf(const std::filesystem::path& folder) {
   std::error_code error;
   const auto program = std::filesystem::read_symlink(folder / "exe", error);
@@ -46,7 +46,7 @@ std::string startOf(const std::filesystem::path& folder) {
   return program.string() + '\n' + std::string(std::istreambuf_iterator<char>(environment), {});
 }
 
-/// In /proc, of the process and of those that it made to help it, which need not be its children.
+/// The /proc folders of the process and of its helper processes, which need not be its children.
 std::vector<std::filesystem::path> foldersOf(const ChildProcess& process) {
   const std::filesystem::path all = "/proc";
   const std::string start = startOf(all / std::to_string(process.pid()));
@@ -92,7 +92,7 @@ void reportMemory(const std::string& name, const ChildProcess& process) {
   reportValue(name + ".rss", "MiB", megabytes(process, "Rss:"));
 }
 
-/// Some seconds after the start, when all that is done at leisure is done; then a minute of rest.
+/// Some seconds after the start, when idle work is done; then a minute of rest.
 void atRest(const std::string& name, Start start, std::uint8_t key) {
   constexpr seconds kLeisure{10};
   Stage stage(name, Compositor::picom);
@@ -118,11 +118,10 @@ void binarySize(const std::string& name, const std::string& file) {
   reportValue(name, "MiB", static_cast<double>(std::filesystem::file_size(file)) / (1024 * 1024));
 }
 
-/// As fast as the ring comes and goes, but for some: a ring that follows another so closely does not look through its
-/// glass.
+/// As fast as the ring opens and closes, with some slower ones: a ring that follows another at once takes no snapshot.
 void growth(int openings) {
   constexpr int kWarmUp = 100;
-  constexpr int kAtLeisure = 20;  // each so many
+  constexpr int kSlowOpening = 20;  // one of so many
   Stage stage("growth", Compositor::picom);
   const auto process = own(stage).process;
   for (int i = 0; i < kWarmUp; ++i) stage.openAndClose(kOwnKey);
@@ -132,7 +131,7 @@ void growth(int openings) {
   reportAfter(kWarmUp);
   for (int i = 0; i < openings; ++i) {
     if (i == openings / 2) reportAfter(i);
-    if (i % kAtLeisure == 0) {
+    if (i % kSlowOpening == 0) {
       stage.openAndClose(kOwnKey);
     } else {
       stage.openAndCloseQuickly(kOwnKey);

@@ -1,5 +1,5 @@
-// The opening after a minute in which nothing happened, beside the one that follows it, for both programs; and what the
-// same rest does to memory that a program had just used, whatever the program.
+// The opening after a minute of rest, beside the one that follows it, for both programs; and the effect of the same
+// rest on memory that any program has just used.
 
 #include <chrono>
 #include <cstdint>
@@ -19,7 +19,7 @@ namespace {
 
 constexpr std::chrono::seconds kRest{60};
 
-/// About what an opening touches.
+/// About as much memory as an opening touches.
 class UsedMemory {
  public:
   double millisecondsToRead() {

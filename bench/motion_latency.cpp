@@ -30,7 +30,7 @@ Position inSector(int index) {
           Stage::kCenter.y + static_cast<int>(std::lround(kInSector * std::sin(angle)))};
 }
 
-/// Round the ring, by three sectors a move, so that both sectors of a change lie apart.
+/// Around the ring by three sectors per move, so that the two sectors of a change do not touch.
 void timeMoves(const std::string& name, Compositor compositor, int moves) {
   Stage stage(name, compositor);
   const auto own = startRondora(stage.desktop, stage.client);
@@ -53,7 +53,7 @@ void timeMoves(const std::string& name, Compositor compositor, int moves) {
   report(name + ".complete", "ms", complete);
 }
 
-/// Captures that differ from the one before, from the first to the last change of an opening.
+/// The captures with a change, from the first to the last one of an opening.
 void countFrames(int openings) {
   Stage stage("animation", Compositor::picom);
   const auto own = startRondora(stage.desktop, stage.client);
@@ -63,7 +63,7 @@ void countFrames(int openings) {
   for (int i = 0; i < openings; ++i) {
     const auto changes = stage.changesWhileOpening(kOwnAnimatedKey, milliseconds(350));
     stage.close(kOwnAnimatedKey);
-    if (changes.size() < 2) {  // something else kept the machine busy all the while
+    if (changes.size() < 2) {  // the machine was too busy
       ++lost;
       continue;
     }

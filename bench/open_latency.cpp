@@ -1,5 +1,5 @@
-// From the press of the hotkey to the ring on screen, beside a peer and beside a bare window under the same server,
-// window manager and compositor.
+// From the press of the hotkey to the ring on screen, beside a peer and a bare window under the same server, window
+// manager and compositor.
 
 #include <algorithm>
 #include <iostream>
@@ -25,7 +25,7 @@ void warmUp(Stage& stage, std::initializer_list<std::uint8_t> keys) {
   }
 }
 
-/// What the openings took, in turns.
+/// The latencies of the openings, in turns.
 struct Run {
   Samples first, complete, animated, peer, bare;
 
@@ -91,7 +91,7 @@ void warmAlone(const std::string& name, int items, Compositor compositor, int op
   report(name + ".complete", "ms", complete);
 }
 
-/// A user does not press the hotkey in the very moment in which it is bound.
+/// No user presses the hotkey in the moment in which it is bound.
 void firstAfterStart(int starts) {
   constexpr seconds kSettling{2};
   Stage stage("first", Compositor::picom);

@@ -1,4 +1,4 @@
-// Opens the ring again and again for a profiler to watch: tools/lib/profile_opening.py. Prints nothing.
+// Opens the ring repeatedly for a profiler, tools/lib/profile_opening.py. Prints nothing.
 
 #include "support/contenders.h"
 #include "support/measurement.h"

@@ -1,4 +1,4 @@
-// What the time of an opening grows with: each of the four at three sizes, the others as usual.
+// How the latency of an opening grows with each of four sizes, at three values each; the others stay at their default.
 
 #include <string>
 #include <vector>

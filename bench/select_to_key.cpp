@@ -1,5 +1,5 @@
-// From letting go of the trigger over a keystroke item to the key in the application that the user came from. 150 ms
-// of it are fixed: so long the restored application is given before it gets keys.
+// From the release of the trigger over a keystroke item to the key event in the restored application. 150 ms of it are
+// the fixed delay before a restored application gets keys.
 
 #include <chrono>
 #include <stdexcept>

@@ -1,4 +1,4 @@
-// From letting go of the switcher's trigger to the window of the previous application being active.
+// From the release of the switcher's trigger until the previous application's window is active.
 
 #include <chrono>
 #include <memory>

@@ -1,4 +1,4 @@
-# What `cmake --install` puts in place; the target `rondora` is there when RONDORA_DESKTOP is on.
+# The files of `cmake --install`; the target `rondora` exists if RONDORA_DESKTOP is on.
 install(TARGETS rondora RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(FILES ${CMAKE_SOURCE_DIR}/packaging/io.github.rondora.Rondora.desktop
   DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)

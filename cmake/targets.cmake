@@ -1,4 +1,4 @@
-# What every target of the project has in common.
+# Options of all targets, and functions that declare them.
 
 add_library(rondora_options INTERFACE)
 target_include_directories(rondora_options INTERFACE ${CMAKE_SOURCE_DIR}/src)
@@ -14,7 +14,7 @@ endif()
 if(RONDORA_SANITIZERS)
   target_compile_options(rondora_options INTERFACE -fsanitize=${RONDORA_SANITIZERS} -fno-omit-frame-pointer)
   target_link_options(rondora_options INTERFACE -fsanitize=${RONDORA_SANITIZERS})
-  # GCC's flow analysis loses track of std::optional between the checks that the sanitizers insert.
+  # False positives: GCC's flow analysis loses track of std::optional between the sanitizers' checks.
   target_compile_options(rondora_options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
   if(RONDORA_SANITIZERS MATCHES "undefined")
     target_compile_options(rondora_options INTERFACE -fno-sanitize-recover=undefined)

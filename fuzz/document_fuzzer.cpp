@@ -12,8 +12,8 @@
 #include "storage/config_manager.h"
 #include "storage/configuration_json.h"
 
-// Whatever document is read must be written and read back equal; so must a single item. A start of the program must
-// leave a document behind that the next start leaves as it is, and lose nothing of one that cannot be read.
+// Every document that is read must be written and read back equal; so must a single item. A start of the program must
+// leave a document that the next start does not change, and must lose nothing of an unreadable one.
 
 namespace rondora {
 namespace {
@@ -40,7 +40,7 @@ void requireFixedPoint(const Coding<T>& coding, const T& value, RandomSource& ra
   require(written(coding, std::get<T>(again)) == text, "what is read back is written the same");
 }
 
-/// The items of the single-menu form of old are repaired (or found beyond repair) only when they are read again.
+/// Items of the old single-menu form are repaired, or refused, only when they are read again.
 bool mayComeFromSingleMenuForm(const PieConfiguration& value) {
   return value.menus.size() == 1 && value.menus[0].name == "Main" && value.lastModified == kDistantPast;
 }
@@ -93,7 +93,7 @@ void checkStarts(std::string_view bytes) {
   if (second != first) require(starts.start() == second, "a start leaves a repaired document as it is");
 }
 
-/// Most inputs are no documents; starting on each of those would try the same over and over, and slowly.
+/// Most inputs are no documents; a start with each of them would repeat the same slow test.
 bool isWorthStarting(std::string_view bytes) {
   SeededRandom random;
   return bytes.size() % 32 == 0 || std::holds_alternative<PieConfiguration>(decodeConfiguration(bytes, random));

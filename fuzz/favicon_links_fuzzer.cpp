@@ -6,7 +6,7 @@
 #include "icons/favicon_links.h"
 #include "require.h"
 
-// A page is whatever a server sends: any bytes give a few distinct web addresses, each of which reads back as itself.
+// A server may send any bytes as a page: they give a few distinct web addresses, each of which reads back as itself.
 
 namespace rondora {
 namespace {

@@ -16,8 +16,8 @@
 #include "storage/legacy_favicon_paths.h"
 #include "storage/legacy_pie_menu_migration.h"
 
-// The predecessor's document is carried over with its paths into the favicon cache changed, and nothing else; what is
-// no text is left alone.
+// The migration rewrites paths into the favicon cache in the predecessor's document, and nothing else; what is no text
+// stays as it is.
 
 namespace rondora {
 namespace {
@@ -36,7 +36,7 @@ constexpr std::array<Path, 4> kPaths = {{
     {"home\\/user\\/.cache\\/PieMenu\\/favicons\\/", "home\\/user\\/.cache\\/Rondora\\/favicons\\/"},
 }};
 
-/// How long the path is that was changed at the start of both texts; 0 when none was.
+/// The length of the rewritten path at the start of both texts; 0 for none.
 std::size_t changedPathLength(std::string_view before, std::string_view after) {
   for (const Path& path : kPaths) {
     if (before.starts_with(path.former) && after.starts_with(path.own)) return path.own.size();

@@ -10,8 +10,8 @@
 #include "require.h"
 #include "ui/qt/painting/qt_picture_codec.h"
 
-// A picture is whatever a server sends: any bytes give either nothing or a PNG that fits into the square, and which
-// stays the same size when it is read again.
+// A server may send any bytes as a picture: they give nothing, or a PNG that fits into the square and keeps its size
+// when it is read again.
 
 namespace rondora {
 namespace {
@@ -38,7 +38,7 @@ void check(std::string_view bytes) {
 }  // namespace
 }  // namespace rondora
 
-/// The readers of most formats are plug-ins, which the toolkit looks for from the application's folder.
+/// Most formats are read by plug-ins, which the toolkit searches for relative to the application's folder.
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
   static const QCoreApplication application(*argc, *argv);
   qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});

@@ -1,6 +1,6 @@
-// The lower limit of an opening: what the server and the compositor cost without a program's work. A passive grab holds
-// Control, Alt and N; the key moves a window with a painted background to the pointer, maps it and grabs the keyboard;
-// Escape unmaps it. Both are one write without an answer to wait for.
+// The lower limit of an opening: server and compositor without a program's work. A passive grab on Control, Alt and N;
+// the key moves a window with a painted background to the pointer, maps it and grabs the keyboard; Escape unmaps it.
+// Both are a single write that waits for no reply.
 
 #include <xcb/xcb.h>
 

@@ -29,11 +29,11 @@ struct OwnSetting {
 /// hotkeys are never bound.
 Contender startRondora(const live::PrivateDesktop& desktop, live::XClient& client, const OwnSetting& setting = {});
 
-/// The peer with a ring of eight items, likewise. It is seen only from outside.
+/// The peer with a ring of eight items, likewise; observed only from outside.
 Contender startPeer(const live::PrivateDesktop& desktop, live::XClient& client);
 
-/// A program that only maps a painted window (bare_window.cpp), likewise: the limit that the server and the compositor
-/// set.
+/// A program that only maps a painted window (bare_window.cpp), likewise: the lower limit set by server and
+/// compositor.
 Contender startBareWindow(const live::PrivateDesktop& desktop, live::XClient& client);
 
 }  // namespace rondora::bench

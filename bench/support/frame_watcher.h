@@ -19,8 +19,8 @@ using Moment = std::chrono::steady_clock::time_point;
 
 double millisecondsBetween(Moment from, Moment to);
 
-/// Looks at a square of the screen again and again through shared memory, as fast as the server answers. What a
-/// compositor paints counts.
+/// Captures a square of the screen repeatedly through shared memory, as fast as the server answers, as the compositor
+/// shows it.
 class FrameWatcher {
  public:
   /// Pixels of the root window; the ring is expected between the two radii.
@@ -29,20 +29,20 @@ class FrameWatcher {
   FrameWatcher(const FrameWatcher&) = delete;
   FrameWatcher& operator=(const FrameWatcher&) = delete;
 
-  /// What is on screen now is what changes are told from.
+  /// Makes the current screen the baseline for changes.
   void keepAsBaseline();
-  /// Sends a key press and returns when the request has left, not when it was answered.
+  /// Sends a key press; returns once it is sent, without a round trip.
   Moment press(std::uint8_t keyCode);
   Moment movePointer(live::Position position);
   /// The moment of the first capture in which `pixels` or more of the ring differ from the baseline.
   std::optional<Moment> firstChange(std::size_t pixels, std::chrono::milliseconds limit);
   /// The moment of the first capture, the latest one included, after which nothing changed for `stillness`.
   std::optional<Moment> lastChange(std::chrono::milliseconds stillness, std::chrono::milliseconds limit);
-  /// Waits until the ring's place looks like the baseline again and has done so for `stillness`.
+  /// Waits until the ring's area has equalled the baseline for `stillness`.
   bool waitForBaseline(std::chrono::milliseconds stillness, std::chrono::milliseconds limit);
   /// Captures for as long as `duration` and counts how many differed from the one before.
   std::vector<Moment> changesDuring(std::chrono::milliseconds duration);
-  /// Writes the latest capture as a portable pixmap, for people to check what was timed.
+  /// Writes the latest capture as a portable pixmap, to check by eye what was timed.
   void save(const std::filesystem::path& file) const;
 
  private:
@@ -56,7 +56,7 @@ class FrameWatcher {
   };
 
   Frame makeFrame();
-  /// Into the current frame, which then becomes the previous one.
+  /// The current frame becomes the previous one first.
   Moment capture();
   bool differsFromPrevious() const;
   std::size_t changedPixels(std::size_t enough) const;

@@ -4,8 +4,8 @@
 
 namespace rondora::bench {
 
-/// Runs what BENCHMARK registered and prints one JSON object a line, named `prefix` and the benchmark's name: the CPU
-/// time of one call, of several repetitions the median. Returns the status that the program ends with.
+/// Runs all registered benchmarks and prints one JSON object per line, named `prefix` plus the benchmark's name: the
+/// CPU time of one call, the median of several repetitions. Returns the exit status.
 int runBenchmarks(int argc, char** argv, const std::string& prefix);
 
 }  // namespace rondora::bench

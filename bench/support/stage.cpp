@@ -19,7 +19,7 @@ constexpr int kOuterRadius = 220;
 constexpr std::size_t kVisible = 50;  // changed pixels
 constexpr milliseconds kLimit{5000};
 constexpr milliseconds kStillness{60};
-/// Between two rings. A ring of ours that comes sooner does not look through its glass, which costs less.
+/// Between two rings. A ring of ours that opens sooner takes no snapshot, which costs less.
 constexpr milliseconds kPause{150};
 
 void require(bool condition, const std::string& failure) {
@@ -28,7 +28,7 @@ void require(bool condition, const std::string& failure) {
 
 }  // namespace
 
-// With a tray: without one the program would show its settings window.
+// With a tray: without one the program shows its settings window.
 Stage::Stage(std::string name, Compositor compositor)
     : desktop({WindowManager::openbox, compositor, Tray::tint2}), client(desktop.display()), name_(std::move(name)) {
   showBackground();
@@ -47,16 +47,16 @@ void Stage::setMonitors(const std::vector<Area>& monitors) {
   rememberBackground();
 }
 
-/// Something that fills the screen, so that a capture has something to change from, and that holds the focus.
+/// A window that fills the screen and has the focus, so that captures have a background.
 void Stage::showBackground() {
   background_ = desktop.start({"xterm", "-fullscreen", "-T", "Background", "-e", "cat"});
   require(waitUntil([this] { return client.title(client.activeWindow()) == "Background"; }), "no background");
 }
 
-// All keys on one device: with each change of the device the server announces a new keyboard map, which the window
+// All keys on one device: at each change of the device the server announces a new keyboard map, which the window
 // manager reads before anything else.
 Moment Stage::press(std::uint8_t key) {
-  // The peer holds the keyboard longer than its ring is to be seen.
+  // The peer holds the keyboard grab longer than its ring is visible.
   require(waitUntil([this] { return client.nothingIsGrabbed(); }), "the keyboard stays taken");
   client.fakeKeyDown(key::control);
   client.fakeKeyDown(key::alt);

@@ -14,32 +14,32 @@ namespace rondora::bench {
 
 /// Milliseconds from the press of a hotkey.
 struct Opening {
-  double firstChange = 0;  // the first capture in which the ring is to be seen
-  double complete = 0;     // the first one after which nothing changed
+  double firstChange = 0;  // the first capture that shows the ring
+  double complete = 0;     // the first one without a later change
 };
 
-/// A desktop for one or both programs, with the pointer in its middle and an eye on it. Whatever does not happen in
-/// time is thrown as std::runtime_error.
+/// A desktop for one or both programs, with the pointer in its middle and a frame watcher. Throws std::runtime_error on
+/// every deadline that is missed.
 class Stage {
  public:
   static constexpr live::Position kCenter{640, 400};
 
-  /// `name` is what pictures are called: with RONDORA_BENCH_PICTURES=FOLDER in the environment each capture that a
-  /// time was taken by goes there.
+  /// `name` names the pictures: with RONDORA_BENCH_PICTURES=FOLDER in the environment each timed capture is written
+  /// there.
   Stage(std::string name, live::Compositor compositor);
 
   /// Replaces the monitors of the screen.
   void setMonitors(const std::vector<live::Area>& monitors);
-  /// Control, Alt and `key`; the ring is open and stands still when this returns.
+  /// Control, Alt and `key`; returns when the ring is open and still.
   Opening open(std::uint8_t key);
-  /// Takes the ring away again, with nothing chosen, and waits until the screen and the keyboard are as before.
+  /// Closes the ring without a choice and waits until screen and keyboard are as before.
   void close(std::uint8_t key);
   Opening openAndClose(std::uint8_t key);
-  /// After a failure: all keys up, and whatever ring there is gone.
+  /// After a failure: releases all keys and closes any ring.
   void recover();
-  /// Without waiting for anything to stand still.
+  /// Without waiting for a still picture.
   void openAndCloseQuickly(std::uint8_t key);
-  /// Opens and returns when the captures of the next `duration` differed from the ones before them.
+  /// Opens the ring; returns the times of the captures with a change within `duration`.
   std::vector<Moment> changesWhileOpening(std::uint8_t key, std::chrono::milliseconds duration);
   void savePicture(const std::string& what);
 

@@ -6,7 +6,7 @@
 
 namespace rondora::bench {
 
-/// What one run measured, in one unit.
+/// The samples of one run, in one unit.
 class Samples {
  public:
   void add(double value) { values_.push_back(value); }
@@ -20,11 +20,11 @@ class Samples {
   std::vector<double> values_;
 };
 
-/// Prints one JSON object on a line of its own: name, unit, samples of a run, p50, p95, p99. Of several runs each
-/// figure is the median.
+/// Prints one line with a JSON object: name, unit, samples per run, p50, p95, p99; with several runs the median of
+/// each.
 void report(const std::string& name, const std::string& unit, const std::vector<Samples>& runs);
 void report(const std::string& name, const std::string& unit, const Samples& samples);
-/// A figure that is not a distribution.
+/// A single figure.
 void reportValue(const std::string& name, const std::string& unit, double value);
 
 }  // namespace rondora::bench

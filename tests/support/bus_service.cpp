@@ -18,7 +18,7 @@ BusService::BusService(const std::string& busAddress, const char* name, Answer a
       G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr));
   guint result = 0;
   if (reply) g_variant_get(reply.get(), "(u)", &result);
-  if (result != kIsOwner) throw std::runtime_error("somebody else on the bus is " + std::string(name));
+  if (result != kIsOwner) throw std::runtime_error("name taken on the bus: " + std::string(name));
 }
 
 BusService::~BusService() { g_dbus_connection_close_sync(bus_.get(), nullptr, nullptr); }

@@ -9,14 +9,14 @@
 
 namespace rondora::live {
 
-/// A program on the session bus that owns a name and answers what it is asked.
+/// A program on the session bus that owns a name and answers calls.
 class BusService {
  public:
-  /// Called on a thread of the bus with who asks, for what and with which arguments. The answer is a tuple; null leaves
-  /// the call to the bus.
+  /// Called on the thread of the bus with caller, method and arguments. Returns the reply as a tuple; null leaves the
+  /// call to the bus.
   using Answer = std::function<GVariant*(const std::string& caller, const std::string& method, GVariant* arguments)>;
 
-  /// Throws std::runtime_error when the bus or the name cannot be had.
+  /// Throws std::runtime_error without a bus, or if the name is taken.
   BusService(const std::string& busAddress, const char* name, Answer answer);
   ~BusService();
   BusService(const BusService&) = delete;

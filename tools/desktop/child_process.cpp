@@ -23,7 +23,7 @@ ChildProcess::ChildProcess(const std::vector<std::string>& arguments,
   pid_ = fork();
   if (pid_ < 0) throw std::runtime_error("cannot start " + arguments.front());
   if (pid_ > 0) return;
-  // Only what is safe between fork and exec from here on.
+  // From here on only async-signal-safe calls, as between any fork and exec.
   prctl(PR_SET_PDEATHSIG, SIGKILL);
   if (inheritedDescriptor >= 0) fcntl(inheritedDescriptor, F_SETFD, 0);
   execvp(pointers.front(), pointers.data());
@@ -33,7 +33,7 @@ ChildProcess::ChildProcess(const std::vector<std::string>& arguments,
 ChildProcess::ChildProcess(ChildProcess&& other) noexcept
     : pid_(std::exchange(other.pid_, -1)), status_(other.status_) {}
 
-// Some window managers let a request to end pass while they are busy.
+// Some window managers ignore SIGTERM while they are busy.
 ChildProcess::~ChildProcess() {
   if (!isRunning()) return;
   terminate();

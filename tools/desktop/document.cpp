@@ -6,7 +6,7 @@
 namespace rondora::live {
 namespace {
 
-/// Another one every time.
+/// A different one for each call.
 std::string menuId() {
   static std::int64_t number = 100'000'000'000;  // twelve digits
   return "00000000-0000-4000-8000-" + std::to_string(++number);
@@ -49,7 +49,7 @@ Document menu(const std::string& name, Hotkey hotkey, std::vector<Document> item
 }
 
 Document document(std::vector<Document> menus) {
-  // The other special menus are there and switched off, so that the program has nothing to add.
+  // Both special menus are present and disabled, so that the program adds none.
   for (const char* kind : {"runningApps", "appCommands"}) {
     const bool isThere = std::any_of(menus.begin(), menus.end(),
                                      [kind](const Document& given) { return given.value("kind", "") == kind; });

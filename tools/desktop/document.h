@@ -6,7 +6,7 @@
 
 namespace rondora::live {
 
-/// Configuration documents as a user's program might write them, built without the program's own code.
+/// Configuration documents, built without the program's own code.
 using Document = nlohmann::ordered_json;
 
 struct Hotkey {

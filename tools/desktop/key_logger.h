@@ -12,7 +12,7 @@
 
 namespace rondora::live {
 
-/// A key event as an application gets it.
+/// A key event as an application receives it.
 struct LoggedKey {
   std::uint8_t code = 0;
   bool isPress = false;
@@ -21,34 +21,34 @@ struct LoggedKey {
   std::chrono::steady_clock::time_point received;
 };
 
-/// What a window tells of itself.
+/// The properties of a window.
 struct WindowLook {
   std::string title;
-  /// WM_CLASS; the title where it is empty.
+  /// WM_CLASS; the title if empty.
   std::string applicationClass = {};
   int width = 300, height = 200;
-  /// The user cannot change the size, so that tiling window managers leave it alone.
+  /// Fixed size; tiling window managers let such windows float.
   bool isFixed = false;
   bool isTransparent = false;
-  /// _NET_WM_WINDOW_TYPE; an ordinary window where it is empty.
+  /// _NET_WM_WINDOW_TYPE; an ordinary window if empty.
   std::string type = {};
-  /// _NET_WM_ICON; none where it is empty.
+  /// _NET_WM_ICON; none if empty.
   std::vector<std::uint32_t> icon = {};
 };
 
-/// An application with one window that writes down the keys which it gets.
+/// An application with one window that records its key events.
 class KeyLogger {
  public:
-  /// The window is mapped; whether it has the focus is for the window manager to say.
+  /// Maps the window; the window manager decides about the focus.
   KeyLogger(const std::string& display, const WindowLook& look);
   KeyLogger(const std::string& display, const std::string& title) : KeyLogger(display, WindowLook{title}) {}
 
   xcb_window_t window() const { return window_; }
-  /// Gives its window the input focus; for a desktop without a window manager.
+  /// Sets the input focus to its window; for a desktop without a window manager.
   void takeFocus();
-  /// What came since the last question, once the server has sent everything so far.
+  /// The events since the last call, after a round trip to the server.
   std::vector<LoggedKey> take();
-  /// Waits for a release of the key, at most until `deadline`; all that came by then.
+  /// Waits for a release of the key, at most until `deadline`; returns the events until then.
   std::vector<LoggedKey> takeUntilReleaseOf(
       std::uint8_t code, std::chrono::steady_clock::time_point deadline = std::chrono::steady_clock::now() + kPatience);
 

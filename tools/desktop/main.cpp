@@ -1,4 +1,4 @@
-// Brings up a private desktop and runs a command on it; the desktop goes with the command.
+// Brings up a private desktop and runs a command on it; the desktop ends with the command.
 
 #include <csignal>
 #include <cstdlib>

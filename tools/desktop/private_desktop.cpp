@@ -11,7 +11,7 @@
 namespace rondora::live {
 namespace {
 
-// They would make programs see the session that runs the desktop.
+// Variables that would lead programs to the user's own session.
 constexpr const char* kForeignVariables =
     "WAYLAND_DISPLAY XDG_SESSION_TYPE XDG_CURRENT_DESKTOP DESKTOP_SESSION XAUTHORITY QT_QPA_PLATFORM QT_SCALE_FACTOR "
     "RONDORA_FIRST_LAUNCH";
@@ -27,7 +27,7 @@ std::map<std::string, std::string> privateEnvironment(const std::filesystem::pat
     std::filesystem::permissions(home / folder, std::filesystem::perms::owner_all);
     environment[name] = (home / folder).string();
   }
-  // The default applications, whatever else is installed on the machine.
+  // Fixed default applications, whatever else is installed.
   writeFile(home / "config" / "mimeapps.list",
             "[Default Applications]\ntext/plain=org.xfce.mousepad.desktop\ninode/directory=pcmanfm.desktop\n");
   std::filesystem::create_directories(home / "bin");
@@ -43,8 +43,8 @@ void require(bool came, const char* what) {
   if (!came) throw std::runtime_error(std::string("did not come up: ") + what);
 }
 
-/// The command with the foreign variables unset, run by `script`, which gets `argument` and the command as its own
-/// arguments.
+/// The command without the user's session variables, run by `script`, whose arguments are `argument` and the
+/// command.
 std::vector<std::string> inShell(const std::string& script, const std::string& argument,
                                  const std::vector<std::string>& command) {
   std::vector<std::string> result{"sh", "-c", std::string("unset ") + kForeignVariables + "; " + script, "sh",
@@ -53,7 +53,7 @@ std::vector<std::string> inShell(const std::string& script, const std::string& a
   return result;
 }
 
-/// The file passes for the journal, so that the program writes nothing to the machine's own.
+/// Makes the file look like the journal, so that the program logs nothing to the machine's own.
 std::vector<std::string> withOutputIn(const std::filesystem::path& file, const std::vector<std::string>& command) {
   return inShell(R"(log=$1; shift; : >"$log"; export JOURNAL_STREAM=$(stat -c %d:%i "$log"))"
                  R"(; exec "$@" >"$log" 2>&1 </dev/null)",
@@ -88,7 +88,7 @@ PrivateDesktop::~PrivateDesktop() {
   endRemainingProcesses();
 }
 
-// Applications that the desktop's programs or its bus started. They would go on writing to the folder.
+// Applications that the desktop's programs or its bus started would keep writing to the folder.
 void PrivateDesktop::endRemainingProcesses() const {
   for (const int signal : {SIGTERM, SIGKILL}) {
     const auto areGone = [&] {
@@ -136,7 +136,7 @@ void PrivateDesktop::startWindowManager(WindowManager manager) {
   if (manager == WindowManager::openbox) startPart({"openbox"});
   if (manager == WindowManager::xfwm4) startPart({"xfwm4", "--compositor=off"});
   if (manager == WindowManager::i3) {
-    // Without a configuration it would ask for one; this one binds no keys.
+    // Without a configuration i3 starts its wizard; this one binds no keys.
     const auto configuration = configHome() / "i3" / "config";
     writeFile(configuration, "font pango:monospace 8\n");
     startPart({"i3", "-c", configuration});
@@ -166,7 +166,7 @@ void PrivateDesktop::addApplication(const std::string& id, const std::string& ti
       "[Desktop Entry]\nType=Application\nName=" + title + "\nStartupWMClass=" + title + "\nExec=" + command + "\n");
 }
 
-// It tells its address to the programs that it starts itself.
+// The session manager exports its address to the programs that it starts itself.
 void PrivateDesktop::startSessionManager() {
   const auto announcement = folder_.path() / "session-manager";
   const auto script = folder_.path() / "announce";
@@ -181,7 +181,7 @@ void PrivateDesktop::startSessionManager() {
 }
 
 void PrivateDesktop::setMonitors(const std::vector<Area>& monitors) {
-  // The server takes no monitor under a name that it has already.
+  // The server refuses a second monitor of the same name.
   std::vector<std::string> removal{"xrandr"}, command{"xrandr"};
   for (; monitorCount_ > 0; --monitorCount_) {
     removal.insert(removal.end(), {"--delmonitor", monitorName(monitorCount_ - 1)});
@@ -189,7 +189,7 @@ void PrivateDesktop::setMonitors(const std::vector<Area>& monitors) {
   for (const auto& [x, y, width, height] : monitors) {
     const auto length = [](int pixels) { return std::to_string(pixels) + '/' + std::to_string(pixels / 4); };
     const bool isFirst = monitorCount_ == 0;
-    // The server keeps a monitor of its own for an output that none of ours has.
+    // The server keeps an automatic monitor for each output that has no other.
     command.insert(command.end(),
                    {"--setmonitor", (isFirst ? "*" : "") + monitorName(monitorCount_++),
                     length(width) + 'x' + length(height) + '+' + std::to_string(x) + '+' + std::to_string(y),

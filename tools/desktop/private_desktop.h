@@ -25,9 +25,9 @@ struct DesktopParts {
   std::string screen = "1280x800x24";  // width x height x depth
 };
 
-/// A desktop apart from the user's: X server, session bus, the given parts and XDG folders, all ready when the
-/// constructor returns. Throws std::runtime_error when a part does not come up. The destructor ends every process that
-/// was started on the desktop, by whichever program, and removes the folders.
+/// A desktop of its own: X server, session bus, the given parts and XDG folders, all ready when the
+/// constructor returns. Throws std::runtime_error when a part does not come up. The destructor ends every process on
+/// the desktop, whichever program started it, and removes the folders.
 class PrivateDesktop {
  public:
   explicit PrivateDesktop(DesktopParts parts = {});
@@ -44,21 +44,21 @@ class PrivateDesktop {
   std::unique_ptr<ChildProcess> start(const std::vector<std::string>& command) const;
   /// The same with this process's standard input, output and error.
   std::unique_ptr<ChildProcess> startInTerminal(const std::vector<std::string>& command) const;
-  /// Starts the X screen's tray, which is ready when this returns.
+  /// Starts a tray and waits until it is ready.
   std::unique_ptr<ChildProcess> startTray() const;
-  /// Runs a program to its end and returns its output; nothing when it failed.
+  /// Runs a program to its end and returns its output; nothing if it failed.
   std::optional<std::string> outputOf(const std::vector<std::string>& command) const;
 
-  /// Makes `id` an application that opens one terminal window with that title and window class.
+  /// Installs an application `id` that opens one terminal window with that title and window class.
   void addApplication(const std::string& id, const std::string& title) const;
   /// Programs started afterwards belong to a session, which `endSession` shuts down.
   void startSessionManager();
   void endSession() { sessionManager_->terminate(); }
-  /// The session manager's list of programs to start the next time.
+  /// The session manager's list of programs for the next login.
   std::filesystem::path savedSession() const { return folder_.path() / ".XSM-Default"; }
   /// Replaces the monitors of the server; the first one becomes the primary monitor.
   void setMonitors(const std::vector<Area>& monitors);
-  /// Ends the X server under all its clients.
+  /// Kills the X server while clients are connected.
   void killServer() { server_.terminate(); }
 
  private:

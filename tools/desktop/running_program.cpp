@@ -13,16 +13,16 @@
 namespace rondora::live {
 namespace {
 
-constexpr int kSmallestRing = 200;          // pixels; smaller override-redirect windows are tool tips and the like
+constexpr int kSmallestRing = 200;          // pixels; smaller override-redirect windows are tool tips, menus …
 constexpr std::size_t kGrabsPerHotkey = 4;  // with and without Caps Lock and Num Lock
 
-// The user has been through the introduction, and no window opens by itself.
+// The introduction is over, and no window opens by itself.
 constexpr const char* kDefaults =
     "pie.hasSeenPermissionIntro=true\n"
     "pie.hasAutoOpenedSettingsAfterPermissions=true\n"
     "pie.settingsAutoOpenAfterPermissionsMigrationDone=true\n";
 
-/// At least one: without a readable document the program makes its first-run one.
+/// At least one: an unreadable document is replaced by the first-run document.
 std::size_t hotkeysIn(const std::string& configuration) {
   const Document parsed = Document::parse(configuration, nullptr, false);
   if (!parsed.is_object()) return 1;
@@ -56,7 +56,7 @@ RunningProgram::RunningProgram(PrivateDesktop& desktop, XClient& client, const s
   if (!ready || !process_->isRunning()) {
     throw std::runtime_error("the program bound no hotkey: " + readFile(desktop.logFile("rondora")));
   }
-  // The others follow at once, unless somebody else has them.
+  // The others follow at once, unless another client has grabbed them.
   const std::size_t all = kGrabsPerHotkey * hotkeysIn(configuration);
   waitUntil([this, all] { return boundKeys() >= all; }, std::chrono::seconds(1));
 }
@@ -89,7 +89,7 @@ bool RunningProgram::waitForNoRing() {
 }
 
 bool RunningProgram::isWaiting() const {
-  // Another thread than the main one reads what the X server sends.
+  // The toolkit reads the X connection on a thread of its own.
   const std::filesystem::path threads = "/proc/" + std::to_string(pid()) + "/task";
   std::error_code error;
   for (const auto& thread : std::filesystem::directory_iterator(threads, error)) {

@@ -12,7 +12,7 @@ namespace rondora::live {
 
 enum class Introduction { seen, due };
 
-/// The program, started on a private desktop as a user would start it, and what can be seen of it from outside.
+/// The program, started on a private desktop as a user starts it, and observed from outside.
 class RunningProgram {
  public:
   /// With `configuration` as its document (empty for none); its hotkeys are bound when this returns.
@@ -22,30 +22,30 @@ class RunningProgram {
 
   pid_t pid() const { return process_->pid(); }
   bool isRunning() const { return process_->isRunning(); }
-  /// All its threads sleep: on a busy machine a program that has much to do may not come to do it.
+  /// All its threads sleep: it has no work left, even if a busy machine delays it.
   bool isWaiting() const;
-  /// What it shows beside the window manager, the topmost last: the ring, menus and notes.
+  /// Its override-redirect windows, the topmost last: the ring, menus and the snippet preview.
   std::vector<TopLevel> popups();
-  /// The open ring; nothing while there is none.
+  /// The open ring, if any.
   std::optional<TopLevel> ring();
   bool waitForRing();
   bool waitForNoRing();
-  /// What the screen shows where the ring is, once it has stopped changing.
+  /// The screen in the ring's area, once it has stopped changing.
   Capture settledPicture();
-  /// Waits until the screen there differs from `before`, and returns what it settled to; nothing when it stays.
+  /// Waits until that area differs from `before` and is still; nothing if it does not change.
   std::optional<Capture> pictureAfterChange(const Capture& before);
 
   std::size_t boundKeys() { return client_.resourceCount(pid(), "PASSIVE GRAB"); }
-  /// Asks the program to end; its exit status, or nothing when it goes on.
+  /// Sends SIGTERM; the exit status, or nothing if the program keeps running.
   std::optional<int> terminate();
   std::optional<int> waitForExit();
-  /// Lines that it wrote so far.
+  /// The lines it has logged.
   std::vector<std::string> logLines() const;
 
   /// Managed windows of the program: settings and the like, never the ring.
   std::vector<xcb_window_t> managedWindows();
 
-  /// The program's file: that of this build, or RONDORA_PROGRAM of the environment.
+  /// The program's file: $RONDORA_PROGRAM, else that of this build.
   static std::string file();
   static std::filesystem::path document(const PrivateDesktop& desktop);
   static std::filesystem::path defaults(const PrivateDesktop& desktop);

@@ -12,7 +12,7 @@
 
 namespace rondora {
 
-/// A folder that goes with all it holds.
+/// A folder that is removed with its content.
 class TemporaryFolder {
  public:
   explicit TemporaryFolder(const std::filesystem::path& parent = std::filesystem::temp_directory_path()) {
@@ -20,7 +20,7 @@ class TemporaryFolder {
     if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("cannot make a temporary folder");
     path_ = pattern;
   }
-  // Programs that lost their display may still be writing something while they end.
+  // Programs that lost their display may still write while they end.
   ~TemporaryFolder() {
     const auto isGone = [this] {
       std::error_code error;
@@ -43,7 +43,7 @@ inline std::string readFile(const std::filesystem::path& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-/// Makes missing folders.
+/// Creates missing folders.
 inline void writeFile(const std::filesystem::path& path, const std::string& text) {
   std::filesystem::create_directories(path.parent_path());
   std::ofstream(path, std::ios::binary) << text;

@@ -6,16 +6,16 @@
 
 namespace rondora::live {
 
-/// Long enough for a loaded machine; only a failing test ever waits that long.
+/// Long enough for a loaded machine; only a failing test waits that long.
 inline constexpr std::chrono::seconds kPatience{30};
 
-/// How often a long test is to try; more than a few by RONDORA_TEST_ROUNDS.
+/// The number of rounds of a long test; RONDORA_TEST_ROUNDS overrides it.
 inline int rounds(int byDefault) {
   const char* wanted = std::getenv("RONDORA_TEST_ROUNDS");
   return wanted == nullptr ? byDefault : std::atoi(wanted);
 }
 
-/// Asks again and again until the condition holds; false when the time is up.
+/// Polls the condition until it holds; false after the deadline.
 template <class Condition>
 bool waitUntil(Condition condition, std::chrono::milliseconds limit = kPatience) {
   const auto deadline = std::chrono::steady_clock::now() + limit;

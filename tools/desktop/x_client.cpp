@@ -40,7 +40,7 @@ XClient::XClient(const std::string& display) : connection_(xcb_connect(display.c
   sync();
 }
 
-// Its name is the server's, "Xvfb keyboard"; the other one is for faked events.
+// It is named after the server, "Xvfb keyboard"; the other one is the XTEST keyboard.
 std::uint8_t XClient::findKeyboard() {
   ask(get(), xcb_input_xi_query_version, xcb_input_xi_query_version_reply, 2, 2);
   const auto devices = ask(get(), xcb_input_xi_query_device, xcb_input_xi_query_device_reply, XCB_INPUT_DEVICE_ALL);
@@ -89,7 +89,7 @@ Position XClient::pointer() {
   return reply ? Position{reply->root_x, reply->root_y} : Position{-1, -1};
 }
 
-/// The server stamps a change of a property with its time.
+/// Property changes carry the server's time.
 xcb_timestamp_t XClient::serverTime() {
   xcb_change_property(get(), XCB_PROP_MODE_APPEND, window_, XCB_ATOM_WM_NAME, XCB_ATOM_STRING, 8, 0, "");
   sync();
@@ -130,8 +130,8 @@ void XClient::sendToRoot(xcb_window_t window, const std::string& type, const std
   sync();
 }
 
-// The answer shows that it looks at its events. Openbox 3.6 says long before that it is there, and what it does not
-// look at by then, windows that ask to be mapped among it, is lost.
+// The answer shows that it reads its events. Openbox 3.6 announces itself long before that and loses events of the time
+// between, map requests among them.
 bool XClient::windowManagerAnswers() {
   sendToRoot(window_, "_NET_REQUEST_FRAME_EXTENTS", {});
   return !property<Numbers>(window_, atom("_NET_FRAME_EXTENTS")).empty();

@@ -14,7 +14,7 @@
 
 namespace rondora::live {
 
-/// X key codes of a PC keyboard; they name the place of a key, whatever the layout makes of it.
+/// X key codes of a PC keyboard; they name the place of a key, independent of the layout.
 namespace key {
 inline constexpr std::uint8_t escape = 9, digit1 = 10, digit2 = 11, digit3 = 12, digit0 = 19, q = 24, t = 28,
                               control = 37, enter = 36, a = 38, shift = 50, alt = 64, space = 65, n = 57, b = 56,
@@ -40,7 +40,7 @@ struct TopLevel {
   bool isOverrideRedirect = false;
 };
 
-/// What was on the screen in an area; one value 0x00RRGGBB a pixel.
+/// The content of a screen area; one value 0x00RRGGBB for each pixel.
 struct Capture {
   Area area;
   std::vector<std::uint32_t> pixels;
@@ -50,75 +50,75 @@ struct Capture {
   friend bool operator==(const Capture& left, const Capture& right) { return left.pixels == right.pixels; }
 };
 
-/// An independent client of the X server: presses keys, moves the pointer and looks at what came of it. Requests are
-/// answered by the server before the call returns.
+/// An independent client of the X server: presses keys, moves the pointer and observes the result. The server has
+/// handled each request when the call returns.
 class XClient {
  public:
   explicit XClient(const std::string& display);
 
-  /// For what this class does not do.
+  /// The connection, for other requests.
   xcb_connection_t* get() const { return connection_.get(); }
   xcb_window_t root() const { return screen_->root; }
   xcb_atom_t atom(const std::string& name);
-  /// Returns once the server has done all that was asked of it.
+  /// Returns once the server has handled all requests.
   void sync();
 
-  /// On the server's own keyboard, as a user does; what other programs fake comes from another one.
+  /// On the server's own keyboard, like a user; XTEST events of other programs come from another device.
   void keyDown(std::uint8_t keyCode);
   void keyUp(std::uint8_t keyCode);
   void tap(std::uint8_t keyCode);
   void movePointer(Position position);
   void click(std::uint8_t button = XCB_BUTTON_INDEX_1);
   Position pointer();
-  /// Returns once the server's own clock is that much further, whatever else the machine does: then it has done by
-  /// itself (repeated held keys) all that was due.
+  /// Returns once the server's clock has advanced by that much, so that key repeats due by then have happened, however
+  /// busy the machine is.
   void letServerRun(std::chrono::milliseconds time);
 
-  /// Asks the window manager for something that costs nothing; true once one has answered.
+  /// Sends the window manager a cheap request; true once it has answered.
   bool windowManagerAnswers();
   xcb_window_t selectionOwner(const std::string& name);
   xcb_window_t activeWindow();
   xcb_window_t inputFocus();
-  /// Windows that the window manager manages.
+  /// Managed windows (_NET_CLIENT_LIST).
   std::vector<xcb_window_t> clientList();
   std::vector<xcb_window_t> windowsTitled(const std::string& title);
   std::string title(xcb_window_t window);
-  /// Asks the window manager to close or to activate a window, as a pager does.
+  /// Requests of a pager to the window manager.
   void requestClose(xcb_window_t window);
   void requestActivation(xcb_window_t window);
   std::vector<TopLevel> topLevels();
-  /// Where a process shows itself in the tray: its visible window inside one of the tray's.
+  /// The tray icon of a process: its visible window inside one of the tray's.
   std::optional<Area> trayIconOf(pid_t process);
 
-  /// The process behind a resource; 0 when the server does not know.
+  /// The process that owns a resource; 0 if unknown.
   pid_t ownerOf(std::uint32_t resource);
   /// How many resources of a type ("WINDOW", "PASSIVE GRAB", …) the connections of a process hold.
   std::size_t resourceCount(pid_t process, const std::string& type);
 
-  /// As another program that fakes events.
+  /// On the XTEST keyboard, like another program.
   void fakeKeyDown(std::uint8_t keyCode);
   void fakeKeyUp(std::uint8_t keyCode);
-  /// Modifiers in force, locks and layout included: the state field of a key event that came now.
+  /// The current state field of key events: modifiers, locks and layout.
   std::uint16_t keyboardState();
-  /// What the applications see of the key.
+  /// As applications see it.
   bool isKeyDown(std::uint8_t keyCode);
 
-  /// No key is down and no modifier is in force, locks included.
+  /// No key is down, no modifier and no lock is set.
   bool keyboardIsAtRest();
-  /// Nobody else holds the keyboard: this client gets it for a moment.
+  /// No other client has grabbed the keyboard; grabs it for a moment to find out.
   bool keyboardIsFree();
-  /// Nobody else holds the keyboard or the pointer.
+  /// No other client has grabbed the keyboard or the pointer.
   bool nothingIsGrabbed();
-  /// Binds the key for itself until it is disconnected; false when somebody else has it.
+  /// Grabs the key until the connection closes; false if another client has it.
   bool grabKey(std::uint8_t keyCode, std::uint16_t modifiers);
 
-  /// The clipboard's text as its owner gives it; nothing when there is no owner or no answer.
+  /// The clipboard's text; nothing without an owner or an answer.
   std::optional<std::string> clipboardText();
-  /// Counts how often the clipboard got a new owner or content since this client connected.
+  /// The number of clipboard changes since this client connected.
   std::size_t clipboardChanges();
 
   Capture capture(Area area);
-  /// What the area shows once it has stopped changing.
+  /// The area once it has stopped changing.
   Capture settledCapture(Area area);
 
  private:
@@ -127,20 +127,20 @@ class XClient {
   void fakeInput(std::uint8_t type, std::uint8_t detail, Position position = {});
   xcb_timestamp_t serverTime();
   void drainEvents();
-  /// A text or a vector of 32-bit values; empty where there is none of that kind.
+  /// A text or a vector of 32-bit values; empty if there is none of that type.
   template <class Values>
   Values property(xcb_window_t window, xcb_atom_t name);
   void sendToRoot(xcb_window_t window, const std::string& type, const std::uint32_t (&data)[5]);
   std::optional<TopLevel> describe(xcb_window_t window);
   std::vector<xcb_window_t> childrenOf(xcb_window_t window);
-  /// Below `window` at `corner`: the first visible window of `inner` that lies in one of `outer`.
+  /// Below `window` at `corner`: the first visible window of `inner` inside one of `outer`.
   std::optional<Area> windowInside(pid_t outer, pid_t inner, xcb_window_t window, Position corner);
 
   UniqueCPtr<xcb_connection_t, xcb_disconnect> connection_;
   const xcb_screen_t* screen_ = nullptr;
   xcb_window_t window_ = XCB_NONE;
   std::uint8_t xfixesEvent_ = 0;
-  /// Code of the first event of the input extension, and the keyboard that stands for the user's.
+  /// The input extension's first event code, and the device that stands for the user's keyboard.
   std::uint8_t inputEvent_ = 0;
   std::uint8_t keyboard_ = 0;
   std::size_t clipboardChanges_ = 0;

@@ -8,7 +8,7 @@
 
 namespace rondora::live {
 
-/// The server's answer to a request that consists of `xcb_NAME` and `xcb_NAME_reply`; null when it refused.
+/// The reply to the request `xcb_NAME`, read with `xcb_NAME_reply`; null on an error.
 template <class Cookie, class Answer, class... Wanted, class... Given>
 UniqueCPtr<Answer, std::free> ask(xcb_connection_t* connection, Cookie (*request)(xcb_connection_t*, Wanted...),
                                   Answer* (*reply)(xcb_connection_t*, Cookie, xcb_generic_error_t**), Given... given) {

@@ -13,7 +13,7 @@ namespace rondora::live {
 
 XServer::XServer(const std::string& screen, const std::vector<std::string>& extraArguments) {
   const int number = memfd_create("display", MFD_CLOEXEC);
-  // Without -noreset the server forgets its monitors when the last client leaves.
+  // Without -noreset the server drops its monitors when the last client disconnects.
   std::vector<std::string> arguments = {
       "Xvfb",      "-displayfd", std::to_string(number), "-noreset", "-screen", "0", screen,
       "-nolisten", "tcp",        "+extension",           "RANDR"};

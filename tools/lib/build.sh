@@ -1,4 +1,4 @@
-# What the commands that build have in common. Source from the top folder of the checkout. Needs bash.
+# Shared by the commands that build. Source it from the top folder of the checkout. Needs bash.
 
 if [ -z "${CMAKE_CXX_COMPILER_LAUNCHER:-}" ] && command -v ccache >/dev/null; then
   export CMAKE_CXX_COMPILER_LAUNCHER=ccache

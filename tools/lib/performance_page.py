@@ -14,7 +14,7 @@ import subprocess
 import sys
 from pathlib import Path
 
-# A heading, what is measured how, and the names it covers. Names that no section covers come last.
+# A heading, the method, and a pattern for its names. Names without a section come last.
 SECTIONS = [
     ("Opening the ring",
      "From the press of the hotkey (XTest) to the first capture of the screen in which at least 50 pixels of the ring's "
@@ -32,11 +32,11 @@ SECTIONS = [
     ("Moving", "From a pointer motion (XTest) to the highlight on screen, in the ring without animation, and how often "
      "the opening animation of the other ring paints: the mean time between two frames of an opening, and the longest.",
      r"^(move|animation)\."),
-    ("Choosing", "From letting go of the trigger to the key event in the target, and to the target window being active. "
-     "The key path contains two fixed times: 150 ms until the restored application takes keys, and 12 ms between press "
+    ("Choosing", "From the release of the trigger to the key event in the target, and until the target window is active. "
+     "The key path contains two fixed times: 150 ms until the restored application gets keys, and 12 ms between press "
      "and release.", r"^(select|switch)"),
     ("Footprint", "At rest after start-up, beside the peer; wake-ups are voluntary context switches. Memory and wake-ups "
-     "are those of all processes of a program, ours having a small one beside it.", r"^footprint\."),
+     "are those of all processes of a program; ours has a small companion process.", r"^footprint\."),
     ("The core",
      "Google Benchmark, CPU time of one call, median of three repetitions. The number behind a name is that of the "
      "sectors; of `decode`, `bareParse` and `encode` that of menus of 36 items, 0 being the first-run document.",
@@ -69,7 +69,7 @@ def machine():
 
 
 def read_lines(folder):
-    """Figures, and the circumstances of each program's run."""
+    """The figures, and date and load of each program's run."""
     figures, runs = [], []
     for file in sorted(Path(folder).glob("*.jsonl")):
         for line in file.read_text(encoding="utf-8").splitlines():
@@ -93,7 +93,7 @@ def table(figures):
 
 
 def comparison(figures):
-    """Our openings beside those of the contenders that took turns with them."""
+    """Our openings beside those of the contenders in the same run."""
     names = ("open.warm.picom", "open.warm.picom.peer", "open.warm.picom.bare")
     found = {figure["name"]: figure for figure in figures}
     if any(name not in found for name in names):
@@ -112,7 +112,7 @@ def circumstances(runs):
 
 
 def notes(heading):
-    """What people wrote about a section: the part of the notes under the same heading."""
+    """The notes on a section: the part of the notes file under the same heading."""
     file = Path(__file__).resolve().parents[2] / "docs" / "performance-notes.md"
     if not file.exists():
         return ""
@@ -138,7 +138,7 @@ def main():
             print("\n\n".join([f"## {heading}"] + [part for part in parts if part]) + "\n")
     if figures:
         print(f"## More\n\n{table(figures)}\n")
-    print("## When this was measured\n\nThe load average counts what else the machine did; the bench itself adds about "
+    print("## When this was measured\n\nThe load average includes other programs; the bench itself adds about "
           f"one.\n\n{circumstances(runs)}")
     return 0
 

@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""Times the stages of an opening inside the unchanged program, with the kernel's probes on its functions.
+"""Times the stages of an opening inside the unchanged program, with kernel probes on its functions.
 
 usage: profile_opening.py FOLDER
 
 FOLDER is a build folder that holds the program `rondora` and bench/opening_for_profile. Needs root, and a kernel with
-uprobes. Prints one JSON object a line. An opening that is watched takes longer than one that is not.
+uprobes. Prints one JSON object a line. The probes themselves make an opening slower.
 """
 
 import json
@@ -54,7 +54,7 @@ STAGES = [
 
 
 def symbol_offset(program, pattern):
-    """Of the function in the file, as uprobes want it."""
+    """The offset of the function in the file, for uprobes."""
     found = None
     for line in subprocess.run(["nm", program], capture_output=True, text=True, check=True).stdout.splitlines():
         address, kind, name = (line.split() + ["", ""])[:3]
@@ -70,7 +70,7 @@ def symbol_offset(program, pattern):
 
 
 def change_probes(line):
-    """Adds to what is there; the file knows neither truncating nor seeking."""
+    """Appends; the file supports neither truncation nor seeking."""
     events = os.open(TRACING / "uprobe_events", os.O_WRONLY | os.O_APPEND)
     try:
         os.write(events, (line + "\n").encode("ascii"))
@@ -108,7 +108,7 @@ def record(folder):
 
 
 def openings(events):
-    """What happened from each press until the ring was seen, and a moment more."""
+    """The events from each press until shortly after the ring was seen."""
     moments = None
     for time, name in events:
         if name == "press":

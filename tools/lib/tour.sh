@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# A short tour of the program, played as an independent client would: keys and pointer through XTest, and only what the
-# X server, the window manager and the screen show counts. Needs a private desktop of 1280x800: tour.sh PROGRAM FOLDER
+# A short tour of the program, played by an independent client: keys and pointer through XTEST, checked only by the X
+# server, the window manager and the screen. Needs a private desktop of 1280x800: tour.sh PROGRAM FOLDER
 # Numbered PNG files go to FOLDER; the exit status says whether every step succeeded.
 set -euo pipefail
 program=$1
@@ -19,7 +19,7 @@ wait_until() {
   done
 }
 
-# A zombie has ended, too.
+# A zombie counts as ended.
 process_has_ended() {
   local state
   state=$(sed -n 's/^State:[[:space:]]*\(.\).*/\1/p' "/proc/$1/status" 2>/dev/null) || return 0
@@ -28,7 +28,7 @@ process_has_ended() {
 
 start_program() {
   mkdir -p "$XDG_CONFIG_HOME"/{gtk-3.0,Rondora}
-  # A blinking cursor would make two pictures of the same differ.
+  # A blinking cursor would make two pictures of the same state differ.
   printf '[Settings]\ngtk-cursor-blink=0\n' >"$XDG_CONFIG_HOME/gtk-3.0/settings.ini"
   # Keeps the settings closed after the introduction.
   echo 'pie.hasAutoOpenedSettingsAfterPermissions=true' >"$XDG_CONFIG_HOME/Rondora/defaults"
@@ -70,7 +70,7 @@ active_is() { grep -q "\"$1\"" <<<"$(active_class)"; }
 # The resource ids of one client share their upper bits.
 belongs_to_program() { [ $(($1 & ~0x1fffff)) -eq "$program_resources" ]; }
 
-# Prints "ID WIDTHxHEIGHT CENTRE_X CENTRE_Y" of the open ring: a window of the program that no window manager manages.
+# Prints "ID WIDTHxHEIGHT CENTRE_X CENTRE_Y" of the open ring: the program's large override-redirect window.
 ring() {
   local id size position width height x y facts
   while read -r id size position; do

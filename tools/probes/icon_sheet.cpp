@@ -1,5 +1,5 @@
-// Shows every icon that the program draws itself, each with its name: writes a PNG for a scale. Further arguments are
-// shown instead: icon texts as an item holds them.
+// Writes a PNG with every icon that the program draws itself, each with its name, at a scale. Further arguments are
+// icon texts of items to show instead.
 
 #include <QImage>
 #include <QPainter>

@@ -17,7 +17,7 @@
 
 namespace rondora {
 
-/// What the program makes to show a ring, and nothing else of it. Needs the application object, on X.
+/// The program's objects for showing a ring, and no others. Needs the application object, on X.
 struct OverlayStage {
   OverlayStage(const QtX11Access& access, double pixelsPerPoint)
       : connection(access.connection, access.screenNumber, pixelsPerPoint),
@@ -25,7 +25,7 @@ struct OverlayStage {
     rasterizer.warmUp();
   }
 
-  /// Everything that was asked of the server is done when this returns.
+  /// Returns once the server has handled all requests.
   void sync() const {
     const x11::Reply<xcb_get_input_focus_reply_t> reply(
         xcb_get_input_focus_reply(connection.get(), xcb_get_input_focus(connection.get()), nullptr));

@@ -1,5 +1,5 @@
-// Shows what the ring looks like without opening it: writes a PNG for a number of items, a highlighted item, a scale, a
-// background, a writing direction and any appearance key.
+// Renders the ring into a PNG without opening it: number of items, highlighted item, scale, background, writing
+// direction and appearance keys are arguments.
 
 #include <QImage>
 #include <QPainter>
@@ -42,7 +42,7 @@ int main(int argc, char** argv) {
                      {"highlight", "Index of the highlighted item, -1 for none.", "index", "-1"},
                      {"scale", "Pixels a point.", "factor", "1"},
                      {"background", "white, black, busy or photo.", "name", "busy"},
-                     {"imitation", "Imitate the glass, as where nobody can tell what lies beneath."},
+                     {"imitation", "Imitate the glass, as without a snapshot."},
                      {"application", "The application whose icon stands in the hub.", "id"},
                      {"set", "An appearance key, such as menuRadius=180; may be repeated.", "key=value"},
                      {"arabic", "Right-to-left titles."}});

@@ -33,7 +33,7 @@ class NoSink : public OverlayPanelSink {
   void panelLost() override {}
 };
 
-/// What the ring is opened over: one window that fills the screen.
+/// The background of the ring: one window that fills the screen.
 class Wallpaper : public QWidget {
  public:
   Wallpaper() : QWidget(nullptr, Qt::BypassWindowManagerHint | Qt::FramelessWindowHint) {
@@ -63,7 +63,7 @@ void letTimePass() {
   QThread::msleep(kGlance);
 }
 
-/// Until the area has looked the same, and as `wanted` says, for three glances.
+/// Returns once three captures in a row are equal and satisfy `wanted`.
 std::optional<QImage> settled(const QRect& area, const std::function<bool(const QImage&)>& wanted) {
   QElapsedTimer clock;
   clock.start();
@@ -101,7 +101,7 @@ class Stage {
   }
 
  private:
-  /// Half a pixel or none around the middle of the screen.
+  /// At most half a pixel from the middle of the screen.
   QRect areaOf(const SampleRing& ring) const {
     const auto side = static_cast<int>(std::ceil(ring.picture.size.width * scale_));
     return {600 - side / 2, 450 - side / 2, side, side};

@@ -13,7 +13,7 @@
 #include "pie/geometry/ring_layout.h"
 #include "platform/application_icons.h"
 
-// A ring to look at: invented items, and things to open it over.
+// A sample ring: invented items, and backgrounds.
 
 namespace rondora {
 
@@ -30,13 +30,13 @@ struct SampleRing {
   Picture picture;
 
   static SampleRing make(PieMenu menu, const std::optional<std::string>& application = std::nullopt);
-  /// What each layer shows while that item is highlighted.
+  /// The state of each layer while that item is highlighted.
   std::vector<double> states(std::optional<std::size_t> highlighted) const;
 };
 
 PieMenu sampleMenu(std::size_t itemCount, bool rightToLeft);
 
-/// Sets one appearance key of the menu, such as "menuRadius=180" or "variant=clear"; false for what is none.
+/// Sets one appearance key of the menu, such as "menuRadius=180" or "variant=clear"; false for other text.
 bool setAppearance(PieMenu& menu, const QString& keyAndValue);
 
 /// "white", "black", "busy" (text, windows and pictures) or "photo".

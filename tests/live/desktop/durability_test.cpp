@@ -8,21 +8,21 @@
 #include "doubles/fake_log.h"
 #include "doubles/fake_session.h"
 #include "doubles/virtual_time.h"
-#include "live/desktop/cut_process.h"
+#include "live/desktop/system_call_spy.h"
 #include "platform/linux/desktop/file_user_defaults.h"
 #include "platform/linux/desktop/xdg_folders.h"
 #include "platform/posix/posix_file_system.h"
 #include "storage/config_manager.h"
 #include "storage/legacy_pie_menu_migration.h"
 
-// What is on disk when the program is killed at any system call of a write.
+// What is on disk when the program is killed before any system call that changes files.
 
 namespace rondora::desktop {
 namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kNoStop = std::numeric_limits<int>::max();
+constexpr int kNoCall = std::numeric_limits<int>::max();
 
 /// A folder in memory, where hundreds of flushes are cheap.
 fs::path inMemory() { return fs::is_directory("/dev/shm") ? "/dev/shm" : fs::temp_directory_path(); }
@@ -71,16 +71,16 @@ TEST(CutWriting, SaveLeavesTheOldOrTheNewDocument) {
     edited.menus[0].name = std::string(100'000, 'E');
     user.manager->save(std::move(edited));
   };
-  ASSERT_EQ(runUntilStop(kNoStop, save), Ending::completed);
+  ASSERT_EQ(runUntilCall(kNoCall, save), Ending::completed);
   const std::string after = readFile(user.document());
   ASSERT_NE(after, before);
 
   Ending ending = Ending::cut;
   bool wasThere = false;
-  for (int stop = 1; ending == Ending::cut; ++stop) {
-    SCOPED_TRACE(stop);
+  for (int call = 1; ending == Ending::cut; ++call) {
+    SCOPED_TRACE(call);
     putLinkedDocument(user, before);
-    ending = runUntilStop(stop, save);
+    ending = runUntilCall(call, save);
     const std::string found = readFile(user.document());
     ASSERT_TRUE(found == after || (found == before && !wasThere)) << found.substr(0, 200);
     wasThere = found == after;
@@ -104,11 +104,11 @@ std::vector<std::string> documentAndBackups(const User& user) {
 TEST(CutWriting, StartKeepsAnUnreadableDocument) {
   const std::string broken(100'000, '{');
   Ending ending = Ending::cut;
-  for (int stop = 1; ending == Ending::cut; ++stop) {
-    SCOPED_TRACE(stop);
+  for (int call = 1; ending == Ending::cut; ++call) {
+    SCOPED_TRACE(call);
     User user;
     writeFile(user.document(), broken);
-    ending = runUntilStop(stop, [&] { user.start(); });
+    ending = runUntilCall(call, [&] { user.start(); });
     const auto texts = documentAndBackups(user);
     ASSERT_THAT(texts, testing::Contains(broken));
     if (ending == Ending::completed) {
@@ -127,8 +127,8 @@ void expectWholeOrMissing(const fs::path& path, const std::string& whole) {
 
 TEST(CutMigration, CopiesEachFileWholeAndResumesAtTheNextStart) {
   Ending ending = Ending::cut;
-  for (int stop = 1; ending == Ending::cut; ++stop) {
-    SCOPED_TRACE(stop);
+  for (int call = 1; ending == Ending::cut; ++call) {
+    SCOPED_TRACE(call);
     User user;
     const std::string defaults = "pie.hasSeenPermissionIntro=true\n";
     const fs::path favicons = user.cacheHome() / "Rondora" / "favicons";
@@ -137,7 +137,7 @@ TEST(CutMigration, CopiesEachFileWholeAndResumesAtTheNextStart) {
     writeFile(user.cacheHome() / "PieMenu" / "favicons" / "a.png", "first");
     writeFile(user.cacheHome() / "PieMenu" / "favicons" / "b" / "c.png", "second");
 
-    ending = runUntilStop(stop, [&] { user.migrate(); });
+    ending = runUntilCall(call, [&] { user.migrate(); });
     expectWholeOrMissing(user.document(), migratedDocument("Rondora"));
     expectWholeOrMissing(user.configHome() / "Rondora" / "defaults", defaults);
     EXPECT_EQ(readFile(user.configHome() / "PieMenu" / "config.json"), migratedDocument("PieMenu"));

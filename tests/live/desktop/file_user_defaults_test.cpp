@@ -36,16 +36,10 @@ TEST_F(FileUserDefaultsTest, KeepsValuesAndForeignLinesAcrossStarts) {
   EXPECT_FALSE(second.hasValue("see"));
 }
 
-TEST_F(FileUserDefaultsTest, ImportsThePredecessorsValuesIfAny) {
-  FileUserDefaults defaults(files_, log_);
-  const Predecessor predecessor{"org.example.PieMenu", "PieMenu"};
-  EXPECT_FALSE(defaults.importDomain(predecessor));
+TEST_F(FileUserDefaultsTest, ImportsNothingFromAnEmptyPredecessor) {
   writeFile(file("PieMenu"), "\n");
-  EXPECT_FALSE(defaults.importDomain(predecessor));
+  EXPECT_FALSE(FileUserDefaults(files_, log_).importDomain({"org.example.PieMenu", "PieMenu"}));
   EXPECT_FALSE(std::filesystem::exists(file("Rondora")));
-  writeFile(file("PieMenu"), "pie.hasSeenPermissionIntro=true\n");
-  EXPECT_TRUE(defaults.importDomain(predecessor));
-  EXPECT_TRUE(defaults.boolean("pie.hasSeenPermissionIntro"));
 }
 
 TEST_F(FileUserDefaultsTest, LogsAFailedWriteAndKeepsTheValueForThisRun) {

@@ -37,40 +37,25 @@ class Journal {
   FileDescriptor socket_;
 };
 
-class JournalLogTest : public testing::Test {
- protected:
-  ~JournalLogTest() override { unsetenv("JOURNAL_STREAM"); }
-};
-
-TEST_F(JournalLogTest, SendsWholeMessagesWithTheirLevel) {
-  const Journal journal;
-  JournalLog log(journal.path());
-  log.error("two\nlines");
-  using std::string_literals::operator""s;
-  EXPECT_EQ(journal.receive(), "PRIORITY=3\nSYSLOG_IDENTIFIER=rondora\nMESSAGE\n\x09\0\0\0\0\0\0\0two\nlines\n"s);
-  log.standard("started");
-  EXPECT_EQ(journal.receive().substr(0, 11), "PRIORITY=5\n");
-}
-
-TEST_F(JournalLogTest, FallsBackToStandardError) {
+TEST(JournalLogTest, SendsWholeMessagesWithTheirLevelElseUsesStandardError) {
   auto journal = std::make_unique<Journal>();
   JournalLog log(journal->path());
-  journal.reset();
-  testing::internal::CaptureStderr();
+  log.error("two\nlines");
+  using std::string_literals::operator""s;
+  EXPECT_EQ(journal->receive(), "PRIORITY=3\nSYSLOG_IDENTIFIER=rondora\nMESSAGE\n\x09\0\0\0\0\0\0\0two\nlines\n"s);
   log.standard("started");
-  log.error("cannot\nwrite");
-  EXPECT_EQ(testing::internal::GetCapturedStderr(), "started\nerror: cannot write\n");
-}
+  EXPECT_EQ(journal->receive().substr(0, 11), "PRIORITY=5\n");
 
-TEST_F(JournalLogTest, UsesStandardErrorWhenItIsTheJournal) {
-  const Journal journal;
   testing::internal::CaptureStderr();
   struct stat status {};
   fstat(STDERR_FILENO, &status);
   setenv("JOURNAL_STREAM", (std::to_string(status.st_dev) + ":" + std::to_string(status.st_ino)).c_str(), 1);
-  JournalLog(journal.path()).standard("started");
-  EXPECT_EQ(testing::internal::GetCapturedStderr(), "started\n");
-  EXPECT_EQ(journal.receive(), "");
+  JournalLog(journal->path()).standard("standard error is the journal");
+  unsetenv("JOURNAL_STREAM");
+  EXPECT_EQ(journal->receive(), "");
+  journal.reset();
+  log.error("cannot\nwrite");
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "standard error is the journal\nerror: cannot write\n");
 }
 
 }  // namespace

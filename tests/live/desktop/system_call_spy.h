@@ -1,12 +1,13 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
 namespace rondora::desktop {
 
-/// Records the calls of this process that bring a file to disk, and can make them fail. Replaces the C library's
-/// functions. One instance at a time, one thread.
+/// Records the calls of this process that bring a file to disk, and can make them fail or kill the process. Replaces
+/// the C library's functions. One instance at a time, one thread.
 class SystemCallSpy {
  public:
   /// The call of that name, or "create", fails with that error; empty for none.
@@ -22,6 +23,13 @@ class SystemCallSpy {
   int writesSoFar = 0;
   std::string failingCall;
   int error = 0;
+  /// SIGKILL ends the process before its call of that number that changes files, counted from 1; 0 for none.
+  int killingCall = 0;
 };
+
+enum class Ending { completed, cut };
+/// Runs `action` in a child process that is killed before its call of that number. Throws std::runtime_error when the
+/// child fails by itself.
+Ending runUntilCall(int number, const std::function<void()>& action);
 
 }  // namespace rondora::desktop

@@ -34,7 +34,7 @@ class EndToEndTest : public testing::Test {
     client_.movePointer(kSomewhere);
   }
 
-  /// What the desktop was like, for whoever reads of the failure.
+  /// Prints the state of the desktop after a failure.
   void TearDown() override {
     if (!HasFailure() || !program_) return;
     for (const std::string& line : program_->logLines()) std::cerr << "program: " << line << '\n';
@@ -53,17 +53,17 @@ class EndToEndTest : public testing::Test {
     client_.keyUp(key::alt);
     client_.keyUp(key::control);
   }
-  /// Opens the ring of Control, Alt and the key, and keeps the modifiers down. Once its picture stands still, keyboard
-  /// and pointer are its own, too: they are asked for in one go.
+  /// Opens the ring of Control, Alt and the key, and holds the modifiers. Once its picture is still, the ring has
+  /// grabbed keyboard and pointer as well: all requests go out together.
   testing::AssertionResult open(std::uint8_t keyCode = key::space) {
     holdChord(keyCode);
     if (!program_->waitForRing()) return testing::AssertionFailure() << "no ring after the hotkey";
     program_->settledPicture();
     return testing::AssertionSuccess();
   }
-  /// Moves the pointer from where the ring was opened.
+  /// Moves the pointer relative to the centre of the ring.
   void pointTo(int right, int down) { client_.movePointer({kSomewhere.x + right, kSomewhere.y + down}); }
-  /// Opens the ring, points and lets go.
+  /// Opens the ring, points and releases the chord.
   void choose(int right, int down, std::uint8_t keyCode = key::space) {
     client_.movePointer(kSomewhere);
     ASSERT_TRUE(open(keyCode));
@@ -72,7 +72,7 @@ class EndToEndTest : public testing::Test {
     ASSERT_TRUE(program_->waitForNoRing());
   }
 
-  /// Ends the line in the bystander's terminal, and returns what was typed there since the last time.
+  /// Ends the line in the bystander's terminal and returns its text.
   std::string typedText() {
     const std::size_t before = typedLength_;
     client_.tap(key::enter);
@@ -87,7 +87,7 @@ class EndToEndTest : public testing::Test {
     return waitUntil([&] { return client_.title(client_.activeWindow()) == title; });
   }
   bool waitForSettings() { return waitForActive("Rondora Settings"); }
-  /// Any window of the program but the ring.
+  /// Any managed window of the program.
   bool waitForWindow() {
     return waitUntil([&] { return !program_->managedWindows().empty(); });
   }
@@ -98,13 +98,13 @@ class EndToEndTest : public testing::Test {
   bool waitForClipboard(const std::string& text) {
     return waitUntil([&] { return client_.clipboardText() == text; });
   }
-  /// How the ring must leave the desktop, however it was closed.
+  /// The state of the desktop after every ring: no window, no grab, no key.
   void expectAtRest() {
     EXPECT_TRUE(program_->waitForNoRing());
     EXPECT_TRUE(waitUntil([&] { return client_.nothingIsGrabbed(); }));
     EXPECT_TRUE(waitForRest());
   }
-  /// No key is down, and the program has nothing more to do that could change this.
+  /// No key is down, and the program is idle.
   bool waitForRest() {
     constexpr int kLookedAt = 5;
     int quiet = 0;

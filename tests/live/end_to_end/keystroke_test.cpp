@@ -7,9 +7,8 @@ namespace rondora::live {
 namespace {
 
 constexpr std::uint16_t kShift = 0x01, kControl = 0x04, kAlt = 0x08, kSuper = 0x40;
-constexpr int kB = 11;
 
-/// Where an item lies, what it types, and how that arrives.
+/// An item: its position, its keystroke, and the key event that arrives.
 struct Target {
   int right, down;
   int keyCode, flags;
@@ -17,7 +16,7 @@ struct Target {
   std::uint16_t state;
 };
 
-// An arrow carries two more bits, which no application sees.
+// An arrow carries two more flags, which X11 applications do not see.
 constexpr Target kTargets[] = {{0, -kMiddleOfRing, 8, kControlFlag, 54, kControl},
                                {kMiddleOfRing, 0, 123, kShiftFlag, 113, kShift},
                                {0, kMiddleOfRing, 100, 0, 74, 0},
@@ -40,7 +39,7 @@ class KeystrokeTest : public UnderWindowManager {
     start(document({menu("Main", kControlAltSpace, items, -45)}));
   }
 
-  /// Chooses the item in the way of that number: by letting go, or by a click while the chord is still held.
+  /// Chooses the item: for an even `way` by release, for an odd one by a click while the chord is held.
   void choose(const Target& target, int way) {
     client_.movePointer(kSomewhere);
     ASSERT_TRUE(open());
@@ -60,7 +59,7 @@ class KeystrokeTest : public UnderWindowManager {
 INSTANTIATE_TEST_SUITE_P(Live, KeystrokeTest,
                          testing::Values(WindowManager::openbox, WindowManager::xfwm4, WindowManager::i3), nameOf);
 
-TEST_P(KeystrokeTest, EachOneArrivesOnceAsItWasChosenWhereTheUserWorked) {
+TEST_P(KeystrokeTest, KeystrokesArriveOnceInTheActiveWindow) {
   KeyLogger other(desktop_.display(), "Other");
   ASSERT_TRUE(waitForActive("Other"));
   client_.requestActivation(logger_->window());
@@ -84,11 +83,8 @@ TEST_P(KeystrokeTest, EachOneArrivesOnceAsItWasChosenWhereTheUserWorked) {
   expectAtRest();
   EXPECT_TRUE(std::ranges::all_of(logger_->take(), isModifier)) << "late";
   EXPECT_TRUE(std::ranges::all_of(other.take(), isModifier)) << "strayed";
-}
 
-/// The key of the first choice comes due while the ring of the next one is open.
-TEST_P(KeystrokeTest, NoneIsLostToARingThatIsOpenedAgainAtOnce) {
-  logger_->take();
+  // The first keystroke falls due while the next ring is open.
   ASSERT_NO_FATAL_FAILURE(choose(kTargets[0], 0));
   client_.movePointer(kSomewhere);
   ASSERT_TRUE(open());
@@ -103,7 +99,7 @@ TEST_P(KeystrokeTest, NoneIsLostToARingThatIsOpenedAgainAtOnce) {
   expectAtRest();
 }
 
-/// The program, caught while it holds a key.
+/// The program is stopped while it holds a key.
 class KilledWhileTypingTest : public KeystrokeTest {
  protected:
   const Target& target_ = kTargets[0];
@@ -124,7 +120,7 @@ class KilledWhileTypingTest : public KeystrokeTest {
     kill(program_->pid(), SIGCONT);
     ASSERT_TRUE(program_->waitForExit());
   }
-  /// The small process that lets go of the keys of a program which crashed on this display.
+  /// The companion process that releases the keys if the program crashes on this display.
   pid_t guard() {
     const std::string display = "DISPLAY=" + desktop_.display();
     for (const auto& entry : std::filesystem::directory_iterator("/proc")) {
@@ -138,7 +134,7 @@ class KilledWhileTypingTest : public KeystrokeTest {
 
 INSTANTIATE_TEST_SUITE_P(Live, KilledWhileTypingTest, testing::Values(WindowManager::openbox), nameOf);
 
-TEST_P(KilledWhileTypingTest, NothingStaysPressedHoweverTheProgramEnds) {
+TEST_P(KilledWhileTypingTest, NoKeyStaysDownHoweverTheProgramEnds) {
   const Document configuration = Document::parse(readFile(RunningProgram::document(desktop_)));
   for (const int signal : {SIGTERM, SIGSEGV, SIGABRT, SIGKILL}) {
     SCOPED_TRACE(strsignal(signal));
@@ -155,25 +151,9 @@ TEST_P(KilledWhileTypingTest, NothingStaysPressedHoweverTheProgramEnds) {
   kill(guardian, SIGKILL);
   ASSERT_TRUE(waitUntil([&] { return guard() == 0; }));
   ASSERT_NO_FATAL_FAILURE(killProgram(SIGKILL));
-  EXPECT_TRUE(client_.isKeyDown(target_.code)) << "the test shows nothing";
+  EXPECT_TRUE(client_.isKeyDown(target_.code)) << "the key was released without the guard: this test shows nothing";
   start(configuration);
-  EXPECT_TRUE(client_.keyboardIsAtRest()) << "the next start lets go";
-}
-
-/// An independent word on what arrives; the second letter comes with Caps Lock on.
-TEST_F(EndToEndTest, ATerminalGetsWhatIsTyped) {
-  start(document({menu("Main", kControlAltSpace, {keystrokeItem(kB, 0), keystrokeItem(kB, kShiftFlag)}, -90)}));
-  const auto typedKeys = [&] {
-    return std::ranges::count_if(program_->logLines(),
-                                 [](const auto& line) { return line.find("keystroke sent") != line.npos; });
-  };
-  choose(0, -kMiddleOfRing);
-  ASSERT_TRUE(waitUntil([&] { return typedKeys() == 1; }));
-  client_.tap(key::capsLock);
-  choose(0, kMiddleOfRing);
-  ASSERT_TRUE(waitUntil([&] { return typedKeys() == 2; }));
-  client_.tap(key::capsLock);
-  EXPECT_EQ(typedText(), "bB");
+  EXPECT_TRUE(client_.keyboardIsAtRest()) << "the next start releases it";
 }
 
 }  // namespace

@@ -13,10 +13,10 @@ using testing::AnyOf;
 using testing::Each;
 using testing::SizeIs;
 
-class OpeningWaitsTest : public UnderWindowManager {
+class OpeningWaitsTest : public EndToEndTest {
  protected:
   void SetUp() override {
-    UnderWindowManager::SetUp();
+    EndToEndTest::SetUp();
     setenv("REPLY_WAITS", log().c_str(), 1);
     setenv("LD_PRELOAD", RONDORA_REPLY_WAITS, 1);
     start(document({menu("Clock", kControlAltSpace, snippetItems("Clock", 12), -15)}));
@@ -37,10 +37,8 @@ class OpeningWaitsTest : public UnderWindowManager {
   }
 };
 
-INSTANTIATE_TEST_SUITE_P(Live, OpeningWaitsTest, testing::Values(WindowManager::openbox), nameOf);
-
 /// The terminal has the focus, so the key reaches the program by its passive grab.
-TEST_P(OpeningWaitsTest, HotkeyWaitsForThePictureBeneathOnly) {
+TEST_F(OpeningWaitsTest, HotkeyWaitsForTheSnapshotOnly) {
   for (int round = 0; round < 3; ++round) {
     client_.movePointer({kSomewhere.x + 20 * round, kSomewhere.y});
     const std::size_t start = readFile(log()).size();

@@ -7,7 +7,7 @@ namespace {
 
 constexpr const char* kNoBus = "DBUS_SESSION_BUS_ADDRESS=unix:path=/nonexistent";
 
-/// The program among the others of a session: its second start, and who asks it for a menu.
+/// Second starts, and menus that other programs of the session request.
 class SessionTest : public EndToEndTest {
  protected:
   /// Starts the program once more, and returns its exit status once it has ended.
@@ -16,14 +16,14 @@ class SessionTest : public EndToEndTest {
     if (!waitUntil([&] { return !second->isRunning(); })) return std::nullopt;
     return second->wait();
   }
-  /// What another program of the session is told.
+  /// The reply to another program; nothing on an error.
   std::optional<std::string> trigger(const std::string& menuId) {
     return desktop_.outputOf({"gdbus", "call", "--session", "--dest", "io.github.rondora.Rondora", "--object-path",
                               "/io/github/rondora/Rondora", "--method", "io.github.rondora.Rondora.Trigger", menuId});
   }
 };
 
-TEST_F(SessionTest, ASecondStartOpensTheSettingsOfTheFirst) {
+TEST_F(SessionTest, SecondStartShowsTheSettingsOfTheFirst) {
   start(document({menu("Main", kControlAltSpace, snippetItems("Main", 4))}));
   EXPECT_EQ(startAgain(), 0);
   EXPECT_TRUE(waitForSettings());
@@ -35,11 +35,11 @@ TEST_F(SessionTest, ASecondStartOpensTheSettingsOfTheFirst) {
   kill(program_->pid(), SIGKILL);
   EXPECT_TRUE(program_->waitForExit());
   start(document({menu("Main", kControlAltSpace, snippetItems("Main", 4))}));
-  EXPECT_EQ(startAgain(kNoBus), 0) << "what the killed one left behind is in nobody's way";
+  EXPECT_EQ(startAgain(kNoBus), 0) << "files of a killed instance block nothing";
   EXPECT_TRUE(waitForSettings());
 }
 
-TEST_F(SessionTest, AMenuOpensForWhoeverOwnsTheKeys) {
+TEST_F(SessionTest, ProgramsThatOwnKeysCanOpenMenus) {
   const Document other = menu("Other", {}, snippetItems("Other", 4), -45);
   start(document({menu("Main", kControlAltSpace, snippetItems("Main", 4)), other}));
   ASSERT_TRUE(client_.grabKey(key::f9, 0));

@@ -155,7 +155,7 @@ TEST_P(PictureRasterizerTest, GlassShowsTheBackdropOrAnImitation) {
   }
 }
 
-TEST_P(PictureRasterizerTest, APictureThatIsKeptAndChangesLooksLikeANewOneOnEveryBackdropAndTwiceAtATime) {
+TEST_P(PictureRasterizerTest, KeptPicturesEqualNewOnesOnEveryBackdrop) {
   Picture picture = ring();
   BackdropPaint glass;
   glass.imitation = {0.2, 0.2, 0.2, 0.7};

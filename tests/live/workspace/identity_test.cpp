@@ -24,7 +24,7 @@ std::vector<std::string> idsOf(const std::vector<RunningApplication>& applicatio
 }
 
 /// By the id of their toolkit, the instance or the class of their windows, or their program file.
-TEST_F(IdentityTest, KnowsADozenApplicationsByWhateverTheyTell) {
+TEST_F(IdentityTest, IdentifiesADozenApplications) {
   std::map<std::string, std::string> commands = {{"debian-xterm", "xterm"},
                                                  {"org.pwmt.zathura", "zathura"},
                                                  {"org.xfce.mousepad", "mousepad"},
@@ -49,7 +49,7 @@ TEST_F(IdentityTest, KnowsADozenApplicationsByWhateverTheyTell) {
   EXPECT_FALSE(workspace().urlForApplication("org.example.Nothing"));
 }
 
-TEST_F(IdentityTest, AnApplicationIsAProcessWithItsWindowsAndNamelessWhereTheyAreButNoPanel) {
+TEST_F(IdentityTest, ProcessesWithWindowsAreApplicationsPanelsAreNot) {
   const auto nameless = startWithWindow({"xev", "-name", "nameless window"}, "nameless window");
   EXPECT_EQ(workspace().frontmostApplication()->bundleIdentifier, std::nullopt);
   EXPECT_EQ(workspace().frontmostApplication()->localizedName, "nameless window");
@@ -104,7 +104,7 @@ TEST_F(IdentityTest, PicturesComeFromTheDesktopEntryAndFromTheWindow) {
   EXPECT_FALSE(underTest_.windows.icon(connection.root()));
 }
 
-TEST_F(IdentityTest, WindowsMayVanishWhileTheyAreLookedAt) {
+TEST_F(IdentityTest, WindowsMayVanishAtAnyTime) {
   std::atomic<bool> done = false;
   std::thread restless([this, &done] {
     for (int i = 0; i < 150; ++i) {

@@ -1,5 +1,5 @@
+#include <algorithm>
 #include <array>
-#include <optional>
 #include <random>
 #include <stop_token>
 #include <thread>
@@ -34,8 +34,8 @@ class KeyPosterTest : public X11Test {
   bool release(std::uint16_t keyCode, std::uint64_t flags) { return send(keyCode, flags, false); }
   bool type(std::uint16_t keyCode, std::uint64_t flags) { return press(keyCode, flags) && release(keyCode, flags); }
   bool send(std::uint16_t keyCode, std::uint64_t flags, bool isDown, std::uint64_t ownFlags = 0) {
-    const auto event = poster_->makeKeyEvent(KeyEventSourceState::privateState, keyCode, isDown, {flags, ownFlags});
-    if (event) poster_->post(*event, KeyEventTap::session);
+    const auto event = poster_.makeKeyEvent(KeyEventSourceState::privateState, keyCode, isDown, {flags, ownFlags});
+    if (event) poster_.post(*event, KeyEventTap::session);
     drain();
     return event.has_value();
   }
@@ -48,7 +48,7 @@ class KeyPosterTest : public X11Test {
     drain();
   }
 
-  /// What the logger got besides modifiers since the last question: "+38:5", "-38:5" (code and state).
+  /// The logger's keys since the last call, without modifiers: "+38:5", "-38:5" (code and state).
   std::vector<std::string> typed() {
     std::vector<std::string> texts;
     for (const LoggedKey& key : logger_.take()) {
@@ -61,7 +61,7 @@ class KeyPosterTest : public X11Test {
     const std::string rest = std::to_string(code) + ':' + std::to_string(state);
     return ElementsAre('+' + rest, '-' + rest);
   }
-  /// Nothing is down for the applications, and another program that fakes keys finds each of them up.
+  /// No key is down, neither for applications nor for the XTEST keyboard.
   void expectAtRest() {
     drain();
     EXPECT_TRUE(user_.keyboardIsAtRest());
@@ -69,18 +69,18 @@ class KeyPosterTest : public X11Test {
   }
 
   KeyLogger logger_;
-  std::optional<x11::XTestKeyPoster> poster_{std::in_place, connection_, keymap_, keys_, rawReleases_};
+  x11::XTestKeyPoster poster_{connection_, keymap_, keys_, rawReleases_};
 };
 
 struct Layout {
   const char* name;
   const char* option;
   std::uint16_t state;
-  /// What the A key types in that state.
+  /// The text of the A key in that state.
   const char* letter;
 };
 
-/// In the last layout Control and Shift together switch the layout: typing them must not.
+/// Control and Shift switch the last layout; a keystroke with both must not.
 TEST_F(KeyPosterTest, PressesTheKeyOfThatPlaceOnEveryLayout) {
   const Layout layouts[] = {{"us", "", 0, "a"}, {"fr", "", 0, "q"},  {"de", "", 0, "a"},
                             {"ru", "", 0, "ф"}, {"ara", "", 0, "ش"}, {"us,ru", "grp:ctrl_shift_toggle", 1U << 13, "ф"}};
@@ -96,7 +96,7 @@ TEST_F(KeyPosterTest, PressesTheKeyOfThatPlaceOnEveryLayout) {
   }
 }
 
-TEST_F(KeyPosterTest, AModifierThatTheKeyboardLacksIsNeverReplaced) {
+TEST_F(KeyPosterTest, MissingModifierIsNeverReplaced) {
   runTool({"setxkbmap", "us", "-option", "altwin:alt_win"});
   ASSERT_TRUE(eventually([&] { return keymap_.masks().command == 0; }));
   EXPECT_FALSE(type(kVirtualC, kCommandFlag));
@@ -105,10 +105,10 @@ TEST_F(KeyPosterTest, AModifierThatTheKeyboardLacksIsNeverReplaced) {
   EXPECT_THAT(typed(), isOne(kC, kAltMask));
   EXPECT_FALSE(type(66, 0)) << "no key has this code";
   EXPECT_FALSE(type(kVirtualC, event_flags::kFunction));
-  EXPECT_TRUE(send(123, 0, true, event_flags::kFunction)) << "an arrow carries the bit by itself";
+  EXPECT_TRUE(send(123, 0, true, event_flags::kFunction)) << "an arrow always carries the bit";
 }
 
-TEST_F(KeyPosterTest, CapsLockDoesNotChangeWhatIsTypedAndStaysTheUsers) {
+TEST_F(KeyPosterTest, LocksChangeNothingAndStayAsTheyAre) {
   user_.tap(key::capsLock);
   ASSERT_TRUE(type(kVirtualA, 0));
   EXPECT_THAT(typed(), isOne(key::a, 0));
@@ -120,7 +120,7 @@ TEST_F(KeyPosterTest, CapsLockDoesNotChangeWhatIsTypedAndStaysTheUsers) {
   EXPECT_EQ(user_.keyboardState(), kLockMask | kNumLockMask);
 }
 
-TEST_F(KeyPosterTest, WhatTheUserHoldsIsNotTypedAndIsGivenBack) {
+TEST_F(KeyPosterTest, HeldKeysAreNotTypedAndStayHeld) {
   runTool({"setxkbmap", "de"});
   ASSERT_TRUE(eventually([&] { return keymap_.characters(key::q, XCB_MOD_MASK_5) == "@"; }));
   const std::uint8_t held[] = {key::control, key::shift, kAltGr, kC};
@@ -129,7 +129,7 @@ TEST_F(KeyPosterTest, WhatTheUserHoldsIsNotTypedAndIsGivenBack) {
   const std::uint16_t state = user_.keyboardState();
   ASSERT_EQ(state, kControlMask | kShiftMask | XCB_MOD_MASK_5);
   ASSERT_TRUE(type(kVirtualC, kShiftFlag));
-  EXPECT_THAT(typed(), isOne(kC, kShiftMask)) << "pressed once more although it is held";
+  EXPECT_THAT(typed(), isOne(kC, kShiftMask)) << "the held key is pressed again";
   EXPECT_EQ(user_.keyboardState(), state);
 
   for (const std::uint8_t code : held) user_.keyUp(code);
@@ -154,33 +154,23 @@ TEST_F(KeyPosterTest, StickyModifiersNeitherLeakNorStay) {
   EXPECT_TRUE(x11::XTestKeyboard(handle_.get()).look().stickyKeys) << "switched off by two keys at once";
 }
 
-TEST_F(KeyPosterTest, WhatIsPressedGoesUpAtTheEndOfTheProgram) {
-  press(kVirtualC, kCommandFlag);
-  poster_.reset();
-  expectAtRest();
-}
-
-/// A user who types on while the program does.
-void typeOn(const std::stop_token& isDone, const std::string& display, unsigned seed) {
+TEST_F(KeyPosterTest, NoModifierStaysWhateverTheUserTypesMeanwhile) {
   constexpr std::uint8_t kKeys[] = {key::control, key::shift, key::alt, key::super, kAltGr, key::q};
-  XClient user(display);
-  std::mt19937 random(seed);
-  x11::KeySet down;
-  while (!isDone.stop_requested()) {
-    const std::uint8_t code = kKeys[random() % std::size(kKeys)];
-    down.flip(code);
-    down[code] ? user.keyDown(code) : user.keyUp(code);
-    std::this_thread::sleep_for(std::chrono::microseconds(random() % 4000));
-  }
-  for (const std::uint8_t code : kKeys) user.keyUp(code);
-}
-
-TEST_F(KeyPosterTest, NoModifierStaysWhateverTheUserDoesMeanwhile) {
   const unsigned seed = std::random_device{}();
   SCOPED_TRACE("seed " + std::to_string(seed));
   std::mt19937 random(seed);
   for (int round = rounds(40); round > 0; --round) {
-    std::jthread fingers(typeOn, server_.display(), static_cast<unsigned>(random()));
+    std::jthread fingers([this, &kKeys, random = std::mt19937(random())](const std::stop_token& isDone) mutable {
+      XClient user(server_.display());
+      x11::KeySet down;
+      while (!isDone.stop_requested()) {
+        const std::uint8_t code = kKeys[random() % std::size(kKeys)];
+        down.flip(code);
+        down[code] ? user.keyDown(code) : user.keyUp(code);
+        std::this_thread::sleep_for(std::chrono::microseconds(random() % 4000));
+      }
+      for (const std::uint8_t code : kKeys) user.keyUp(code);
+    });
     for (int i = 0; i < 5; ++i) {
       const std::uint64_t flags = random() % 16 << 17;
       ASSERT_TRUE(press(kVirtualC, flags));
@@ -191,12 +181,10 @@ TEST_F(KeyPosterTest, NoModifierStaysWhateverTheUserDoesMeanwhile) {
     fingers.join();
     ASSERT_TRUE(eventually([&] { return x11::XTestKeyboard(handle_.get()).look().synthetic.none(); }));
     ASSERT_TRUE(user_.keyboardIsAtRest());
-    int presses = 0, releases = 0;
-    for (const LoggedKey& key : logger_.take()) {
-      if (key.code == kC) ++(key.isPress ? presses : releases);
+    const auto keys = logger_.take();
+    for (const bool isPress : {true, false}) {
+      ASSERT_EQ(std::ranges::count_if(keys, [&](auto& key) { return key.code == kC && key.isPress == isPress; }), 5);
     }
-    ASSERT_EQ(presses, 5);
-    ASSERT_EQ(releases, 5);
   }
 }
 

@@ -22,7 +22,7 @@ class OverlayPanelTest : public X11Test {
  protected:
   using X11Test::X11Test;
 
-  /// The screen after everything that we have asked for so far.
+  /// The screen after all requests so far.
   Capture capture(Area area) {
     drain();
     return user_.capture(area);
@@ -31,8 +31,8 @@ class OverlayPanelTest : public X11Test {
     panel.reset();
     drain();
   }
-  /// A panel of two layers side by side with a transparent stripe of 20 points between them; the right one is in that
-  /// state before it is on the screen.
+  /// A panel of two layers side by side with a transparent stripe of 20 points between them. The right one has that
+  /// state before the panel is mapped.
   std::unique_ptr<OverlayPanel> openTwoLayers(double stateOfRight = 0, const Rect& frame = kFrame) {
     const Size size = frame.size;
     const double half = size.width / 2;
@@ -47,23 +47,23 @@ class OverlayPanelTest : public X11Test {
     panel->makeKey();
     return panel;
   }
-  /// The area is in the bystander's colour, wherever nothing lies above.
+  /// Fills the area with the bystander's colour.
   void cover(const Area& area) {
     other_.cover(area);
     ASSERT_TRUE(eventually([&] { return user_.capture(area).at(area.x + 1, area.y + 1) == kCoverColor; }));
   }
-  /// The one backdrop that was read is all in the bystander's colour.
+  /// Exactly one backdrop was read, all of it in the bystander's colour.
   void expectCoveredBackdrop() {
     ASSERT_EQ(rasterizer_.backdrops.size(), 1U);
     EXPECT_EQ(rasterizer_.backdrops[0], std::vector<std::uint32_t>(200 * 200, 0xFF000000U | kCoverColor));
   }
-  /// Layers and what lies between them.
+  /// Shows its left layer and, between the layers, the window beneath.
   bool looksOpenBetweenItsParts() {
     const Capture shown = capture(kArea);
     return shown.at(110, 150) == SolidRasterizer::color(0) && shown.at(200, 150) == kCoverColor;
   }
 
-  /// The overlay's window is not the whole rectangle.
+  /// The overlay's window has a bounding shape.
   bool isShaped() {
     for (const TopLevel& top : user_.topLevels()) {
       if (!top.isViewable || !(top.area == kArea)) continue;
@@ -94,7 +94,7 @@ class ScaledOverlayTest : public OverlayPanelTest {
   ScaledOverlayTest() : OverlayPanelTest({"-r"}, 1.5) {}
 };
 
-TEST_F(OverlayPanelTest, TellsWhatKeysTypeAndWhichModifiersAreHeldAndGo) {
+TEST_F(OverlayPanelTest, ReportsTextAndModifiersOfKeys) {
   auto panel = openPanel();
   user_.tap(key::capsLock);
   user_.tap(key::numLock);
@@ -102,7 +102,7 @@ TEST_F(OverlayPanelTest, TellsWhatKeysTypeAndWhichModifiersAreHeldAndGo) {
   user_.keyDown(key::shift);
   user_.tap(key::q);
   drain();
-  ASSERT_EQ(keyEvents_.size(), 2U) << "modifier keys are no key-downs";
+  ASSERT_EQ(keyEvents_.size(), 2U) << "modifiers send no key-down";
   EXPECT_EQ(keyEvents_[0].keyCode, 12);
   EXPECT_EQ(keyEvents_[0].characters, "q") << "Shift against Caps Lock; Control changes nothing";
   EXPECT_EQ(keyEvents_[0].charactersIgnoringModifiers, "Q");
@@ -136,20 +136,7 @@ TEST_F(OverlayPanelTest, MovesAndKeysAllocateNothing) {
   EXPECT_EQ(keyEvents_.size(), 6u);
 }
 
-TEST_F(OverlayPanelTest, TheFirstMonitorDecidesBeforeLaterOnes) {
-  keyMonitor_ =
-      monitors_.addLocalMonitor(kKeyDownAndKeyUpMask, [](const KeyEvent& event) { return event.keyCode == kSpace; });
-  const auto later = monitors_.addLocalMonitor(kKeyDownAndKeyUpMask, [this](const KeyEvent& event) {
-    keyEvents_.push_back(event);
-    return true;
-  });
-  auto panel = openPanel();
-  user_.tap(key::space);
-  user_.tap(key::q);
-  EXPECT_THAT(keysSeen(), ElementsAre("down q", "up q"));
-}
-
-TEST_F(OverlayPanelTest, WaitsForAKeyboardThatAnotherClientHoldsAsLongAsAKeyIsPressed) {
+TEST_F(OverlayPanelTest, WaitsForAKeyboardThatAnotherClientHolds) {
   ASSERT_TRUE(other_.grabKeyboard());
   auto panel = openPanel();
   const double letGo = time_.uptime() + 0.7;
@@ -161,7 +148,7 @@ TEST_F(OverlayPanelTest, WaitsForAKeyboardThatAnotherClientHoldsAsLongAsAKeyIsPr
   EXPECT_EQ(sink_.lost, 0);
 }
 
-TEST_F(OverlayPanelTest, LearnsWhereThePointerWentWhileAnotherClientHeldIt) {
+TEST_F(OverlayPanelTest, WaitsForAPointerThatAnotherClientHolds) {
   ASSERT_TRUE(other_.grabPointer());
   auto panel = openPanel();
   user_.movePointer({700, 500});
@@ -169,11 +156,10 @@ TEST_F(OverlayPanelTest, LearnsWhereThePointerWentWhileAnotherClientHeldIt) {
   other_.letGo();
   EXPECT_TRUE(eventually([&] { return !sink_.moves.empty(); }));
   EXPECT_THAT(sink_.moves, ElementsAre(Point{600, 400}));
-}
+  close(panel);
 
-TEST_F(OverlayPanelTest, GivesUpWhenThePointerStaysElsewhere) {
   ASSERT_TRUE(other_.grabPointer());
-  auto panel = openPanel();
+  panel = openPanel();
   ASSERT_TRUE(eventually([&] { return sink_.lost == 1; }));
   drain();
   EXPECT_TRUE(other_.keyboardIsFree());
@@ -181,7 +167,7 @@ TEST_F(OverlayPanelTest, GivesUpWhenThePointerStaysElsewhere) {
   EXPECT_EQ(sink_.lost, 1);
 }
 
-TEST_F(OverlayPanelTest, OnePanelClosesWhileItStillWaitsOrWhileANewerOneIsUp) {
+TEST_F(OverlayPanelTest, ClosesWhileItWaitsAndBesideANewerPanel) {
   ASSERT_TRUE(other_.grabKeyboard());
   openPanel().reset();
   other_.letGo();
@@ -197,7 +183,7 @@ TEST_F(OverlayPanelTest, OnePanelClosesWhileItStillWaitsOrWhileANewerOneIsUp) {
   EXPECT_EQ(sink_.lost, 0);
 }
 
-TEST_F(OverlayPanelTest, TheWindowBeneathSeesNoHalfClick) {
+TEST_F(OverlayPanelTest, WindowBeneathGetsNoPartOfAClick) {
   other_.cover({0, 0, 1280, 800});
   user_.movePointer({400, 300});
   auto panel = openPanel();
@@ -221,7 +207,7 @@ TEST_F(OverlayPanelTest, TheWindowBeneathSeesNoHalfClick) {
   EXPECT_THAT(other_.eventTypes(), ElementsAre(XCB_BUTTON_PRESS, XCB_BUTTON_RELEASE));
 }
 
-TEST_F(OverlayPanelTest, WithoutACompositorWhatWasBeneathShinesThroughAndComesBack) {
+TEST_F(OverlayPanelTest, BlendsOverTheSnapshotWithoutACompositor) {
   cover({0, 0, 640, 480});
   const Capture desktop = capture(kArea);
   auto panel = openTwoLayers();
@@ -236,24 +222,31 @@ TEST_F(OverlayPanelTest, WithoutACompositorWhatWasBeneathShinesThroughAndComesBa
   EXPECT_EQ(capture(kArea), desktop);
 }
 
-TEST_F(OverlayPanelTest, BeyondTheScreenTheBackdropGoesOnAsAtItsEdge) {
+TEST_F(OverlayPanelTest, RepeatsTheScreensEdgeBeyondIt) {
   cover({0, 0, 100, 100});
   const auto panel = openPanel({{-100, -100}, {200, 200}});
   expectCoveredBackdrop();
 }
 
-TEST_F(OverlayWithoutSharedMemoryTest, WhereTheScreenCannotBeReadEdgesAreHard) {
+TEST_F(OverlayWithoutSharedMemoryTest, HasHardEdgesWithoutASnapshot) {
   const Capture desktop = capture(kArea);
-  const auto panel = openTwoLayers(SolidRasterizer::kTranslucent);
+  auto panel = openTwoLayers(SolidRasterizer::kTranslucent);
   panel->setAppearancePhase(1, 0.5);
   panel->display();
   const Capture shown = capture(kArea);
-  EXPECT_EQ(shown.at(110, 150), SolidRasterizer::color(0)) << "seen at once, as nothing can fade";
+  EXPECT_EQ(shown.at(110, 150), SolidRasterizer::color(0)) << "opaque at once: without a snapshot nothing fades";
   EXPECT_EQ(shown.at(290, 150), desktop.at(290, 150));
   EXPECT_TRUE(rasterizer_.backdrops.empty());
+  close(panel);
+  panel = openTwoLayers(1, {{100, 0}, {800, 800}});
+  const Capture all = capture({100, 0, 800, 800});
+  for (const int y : {0, 300, 600, 799}) {
+    EXPECT_EQ(all.at(100, y), SolidRasterizer::color(0));
+    EXPECT_EQ(all.at(899, y), SolidRasterizer::color(1));
+  }
 }
 
-TEST_F(OverlayPanelTest, IsOpenBetweenItsPartsWhileTheCompositorComesAndGoes) {
+TEST_F(OverlayPanelTest, StaysTransparentWhenTheCompositorChanges) {
   startCompositor();
   cover({0, 0, 640, 480});
   auto unpainted = panels_.makePanel({}, kFrame, sink_);
@@ -269,15 +262,6 @@ TEST_F(OverlayPanelTest, IsOpenBetweenItsPartsWhileTheCompositorComesAndGoes) {
   startCompositor();
   EXPECT_TRUE(eventually([this] { return !isShaped(); })) << "the compositor may paint all of it";
   EXPECT_TRUE(eventually(looksRight));
-}
-
-TEST_F(OverlayWithoutSharedMemoryTest, PutsALargePictureInSeveralRequests) {
-  const auto panel = openTwoLayers(1, {{100, 0}, {800, 800}});
-  const Capture shown = capture({100, 0, 800, 800});
-  for (const int y : {0, 300, 600, 799}) {
-    EXPECT_EQ(shown.at(100, y), SolidRasterizer::color(0));
-    EXPECT_EQ(shown.at(899, y), SolidRasterizer::color(1));
-  }
 }
 
 TEST_F(OverlayPanelTest, ComesBackAfterBeingCoveredAndStaysOnTop) {

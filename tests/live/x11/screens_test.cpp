@@ -34,12 +34,12 @@ TEST(MonitorLayoutTest, OldAndHostileStrutsLeaveAScreen) {
   EXPECT_EQ(withoutStruts(kLeftMonitor, hostile), kLeftMonitor);
 }
 
-TEST(MonitorLayoutTest, WhatTheWindowManagerAnnouncesFillsTheGaps) {
+TEST(MonitorLayoutTest, WorkAreasFillTheGaps) {
   const PixelRect ofDesktop{0, 32, 3000, 968};
   EXPECT_EQ(visibleFrame(kLeftMonitor, kRoot, {{}, {}, ofDesktop}), (PixelRect{0, 32, 1000, 968}));
   EXPECT_EQ(visibleFrame(kRightMonitor, kRoot, {{}, {}, ofDesktop}), kRightMonitor) << "begins below the panel";
   EXPECT_EQ(visibleFrame(kLeftMonitor, kRoot, {{}, {strut({0, 0, 0, 20})}, ofDesktop}), (PixelRect{0, 0, 1000, 980}))
-      << "struts tell the monitors apart";
+      << "struts are per monitor";
   EXPECT_EQ(visibleFrame(kLeftMonitor, kRoot, {{}, {}, PixelRect{2000, 0, 1000, 1000}}), kLeftMonitor);
 
   const std::vector<PixelRect> ofMonitors =
@@ -66,7 +66,7 @@ TEST_F(ScreensTest, FollowsTheMonitors) {
   EXPECT_EQ(screens_.main()->frame, (Rect{{640, 0}, {640, 800}}));
 }
 
-TEST_F(ScreensTest, LeavesOutWhatPanelsKeep) {
+TEST_F(ScreensTest, LeavesOutThePanelsStruts) {
   EXPECT_EQ(screens_.main()->visibleFrame, screens_.main()->frame);
   Bystander panel(server_.display());
   const xcb_window_t window = panel.cover({0, 0, 1280, 30});
@@ -89,7 +89,7 @@ TEST_F(ScreensTest, LeavesOutWhatPanelsKeep) {
   EXPECT_TRUE(leaves({{100, 0}, {1180, 756}})) << "another desktop leaves less";
   set(panel.root(), "_GTK_WORKAREAS_D1", XCB_ATOM_CARDINAL, {120, 20, 900, 700});
   set(panel.root(), "_GTK_WORKAREAS_D0", XCB_ATOM_CARDINAL, {0, 0, 1280, 800});
-  EXPECT_TRUE(leaves({{120, 20}, {900, 700}})) << "the window manager knows best";
+  EXPECT_TRUE(leaves({{120, 20}, {900, 700}})) << "the window manager's own list of work areas wins";
 }
 
 }  // namespace

@@ -11,13 +11,13 @@
 
 namespace rondora::live {
 
-/// Paints each layer's bounds in one colour that tells which state it is in: 0xFF000000 | 0x404040 × (state + 1), but
-/// half transparent grey in state 2.
+/// Paints each layer's bounds in the colour of its state: 0xFF000000 | 0x404040 × (state + 1), but half transparent
+/// grey in state 2.
 class SolidRasterizer : public PictureRasterizer {
  public:
   static constexpr double kTranslucent = 2;
 
-  /// What the pictures were told to lie over, the latest last; of each the pixels, row by row.
+  /// The pixels of each backdrop that was set, the latest last, row by row.
   std::vector<std::vector<std::uint32_t>> backdrops;
 
   std::unique_ptr<PreparedPicture> prepare(Picture picture, double /*pixelsPerPoint*/) override {

@@ -33,23 +33,23 @@ inline constexpr std::uint16_t kControlMask = XCB_MOD_MASK_CONTROL;
 inline constexpr std::uint16_t kAltMask = XCB_MOD_MASK_1;
 inline constexpr std::uint16_t kNumLockMask = XCB_MOD_MASK_2;
 
-/// An override-redirect window of that client over the area, in one colour, that is told of buttons and keys.
+/// Maps that client's override-redirect window over the area, in one colour; it receives button and key events.
 xcb_window_t coverArea(xcb_connection_t* connection, const Area& area);
 inline constexpr std::uint32_t kCoverColor = 0x00FF00;
 
-/// Another program, which grabs and covers.
+/// Another client, with grabs and windows.
 class Bystander : public XClient {
  public:
   using XClient::XClient;
 
   bool grabKeyboard();
   bool grabPointer();
-  /// Gives back what it grabbed.
+  /// Ends its grabs.
   void letGo();
-  /// Gives the input focus to a window of its own.
+  /// Sets the input focus to a window of its own.
   void takeFocus();
   xcb_window_t cover(const Area& area);
-  /// What came for this client so far, by event type.
+  /// The types of the events that it received.
   std::vector<int> eventTypes();
 };
 
@@ -64,26 +64,26 @@ struct RecordingSink : OverlayPanelSink {
   void panelLost() override { ++lost; }
 };
 
-/// The input side of the program on a private X server. Keys do not repeat unless a test says so. The main queue's time
-/// passes in `eventually` only, and never faster than the real one.
+/// The input side of the program on a private X server. Keys do not repeat by default. The main queue's time advances
+/// in `eventually` only, and never faster than real time.
 class X11Test : public testing::Test {
  protected:
   explicit X11Test(std::vector<std::string> serverArguments = {"-r"}, double pixelsPerPoint = 1);
   ~X11Test() override;
 
-  /// Handles events and what becomes due until the condition holds; false when it takes too long.
+  /// Handles events and due work until the condition holds; false after the deadline.
   bool eventually(const std::function<bool()>& condition);
-  /// Handles everything that the server has said so far.
+  /// Handles all events so far, after a round trip.
   void drain();
 
-  /// Registers the combination under the number and writes down what comes of it.
+  /// Registers the combination under the number and records its reports.
   bool registerHotkey(std::uint32_t keyCode, std::uint32_t carbonModifiers, std::uint32_t id = 1);
   void pressChord();
   void releaseChord();
   void tapChord();
-  /// What hot keys reported since the last question: "+1" pressed, "-1" released.
+  /// The reports of hot keys since the last call: "+1" pressed, "-1" released.
   std::vector<std::string> reports();
-  /// What key monitors saw since the last question: "down space", "repeat space", "up q" …
+  /// The events of key monitors since the last call: "down space", "repeat space", "up q" …
   std::vector<std::string> keysSeen();
 
   std::unique_ptr<OverlayPanel> openPanel(Rect frame = {{100, 100}, {200, 200}});
