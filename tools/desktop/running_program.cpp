@@ -81,7 +81,10 @@ std::optional<TopLevel> RunningProgram::ring() {
 }
 
 bool RunningProgram::waitForRing() {
-  return waitUntil([this] { return ring().has_value(); });
+  return waitUntil([this] {
+    const auto open = ring();
+    return open && client_.isPainted(*open);
+  });
 }
 
 bool RunningProgram::waitForNoRing() {

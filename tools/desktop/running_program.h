@@ -28,6 +28,7 @@ class RunningProgram {
   std::vector<TopLevel> popups();
   /// The open ring, if any.
   std::optional<TopLevel> ring();
+  /// Until the ring is open and painted.
   bool waitForRing();
   bool waitForNoRing();
   /// The screen in the ring's area, once it has stopped changing.

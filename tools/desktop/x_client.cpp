@@ -327,6 +327,17 @@ Capture XClient::capture(Area area) {
   return {area, {first, first + area.width * area.height}};
 }
 
+bool XClient::isPainted(const TopLevel& window) {
+  const int left = std::max(0, -window.area.x);
+  const int right = std::min<int>(window.area.width, screen_->width_in_pixels - window.area.x);
+  if (right <= left) return false;
+  const auto image = ask(get(), xcb_get_image, xcb_get_image_reply, XCB_IMAGE_FORMAT_Z_PIXMAP, window.window, left,
+                         window.area.height / 2, right - left, 1, ~0U);
+  if (!image) return false;
+  const auto* bytes = xcb_get_image_data(image.get());
+  return std::any_of(bytes, bytes + xcb_get_image_data_length(image.get()), [](auto byte) { return byte != 0; });
+}
+
 Capture XClient::settledCapture(Area area) {
   Capture last = capture(area);
   int same = 0;

@@ -118,6 +118,8 @@ class XClient {
   std::size_t clipboardChanges();
 
   Capture capture(Area area);
+  /// The window's own pixels in its middle row are not all transparent black.
+  bool isPainted(const TopLevel& window);
   /// The area once it has stopped changing.
   Capture settledCapture(Area area);
 
