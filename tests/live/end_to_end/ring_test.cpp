@@ -187,11 +187,6 @@ TEST_P(RingTest, ManyOpeningsChooseNothingAndLeakNothing) {
   const auto windows = held("WINDOW"), pixmaps = held("PIXMAP"), grabs = held("PASSIVE GRAB");
 
   for (int i = 0; i < kOpenings; ++i) ASSERT_NO_FATAL_FAILURE(openAndLeave(i)) << "opening " << i;
-  for (int i = 0; i < 20; ++i) {  // the chord is up before the ring is mapped
-    holdChord(key::space);
-    releaseChord();
-    ASSERT_TRUE(program_->waitForNoRing());
-  }
 
   expectAtRest();
   EXPECT_EQ(client_.clipboardChanges(), choices);
@@ -200,6 +195,14 @@ TEST_P(RingTest, ManyOpeningsChooseNothingAndLeakNothing) {
   EXPECT_LE(held("WINDOW"), windows + kSlack);
   EXPECT_LE(held("PIXMAP"), pixmaps + kSlack);
   EXPECT_EQ(held("PASSIVE GRAB"), grabs);
+
+  for (int i = 0; i < 20; ++i) {  // the chord is up before the ring is mapped; a next press may step
+    holdChord(key::space);
+    releaseChord();
+    ASSERT_TRUE(program_->waitForNoRing());
+  }
+  expectAtRest();
+  EXPECT_TRUE(program_->popups().empty());
   choose(0, -kMiddleOfRing);
   EXPECT_TRUE(waitForClipboard("Clock 0"));
 }
