@@ -15,32 +15,31 @@ namespace rondora {
 class FakeFileSystem final : public FileSystem {
  public:
   using Path = std::filesystem::path;
-  enum class Operation { read, createFolder, replaceDurably, copy };
 
   Path applicationSupportFolder() const override { return "/home/user/.config"; }
   Path cachesFolder() const override { return "/home/user/.cache"; }
 
   bool exists(const Path& path) const override { return files.contains(path) || folders.contains(path); }
   std::optional<std::string> read(const Path& path) const override {
-    if (isTooLong(path) || injectedFailure(Operation::read)) return std::nullopt;
+    if (isTooLong(path) || injectedFailure("read")) return std::nullopt;
     return valueAt(files, path);
   }
   bool isTooLong(const Path& path) const override { return tooLong.contains(path); }
   FileError createFolder(const Path& path) override {
-    if (auto failure = injectedFailure(Operation::createFolder)) return failure;
+    if (auto failure = injectedFailure("create")) return failure;
     if (!folders.contains(path)) changes.push_back("create " + path.string());
     makeFolders(path);
     return std::nullopt;
   }
   FileError replaceDurably(const Path& path, std::string_view bytes) override {
-    if (auto failure = injectedFailure(Operation::replaceDurably)) return failure;
+    if (auto failure = injectedFailure("replace")) return failure;
     if (!folders.contains(path.parent_path())) return "No such file or directory";
     changes.push_back("replace " + path.string());
     files[path] = bytes;
     return std::nullopt;
   }
   FileError copy(const Path& from, const Path& to) override {
-    if (auto failure = injectedFailure(Operation::copy)) return failure;
+    if (auto failure = injectedFailure("copy")) return failure;
     if (!exists(from) || !folders.contains(to.parent_path())) return "No such file or directory";
     if (exists(to)) return "File exists";
     changes.push_back("copy " + from.string() + " " + to.string());
@@ -59,7 +58,8 @@ class FakeFileSystem final : public FileSystem {
   }
   void remove(const Path& file) { files.erase(file); }
 
-  std::map<Operation, std::string> failures;
+  /// By operation: "read", "create" (a folder), "replace", "copy".
+  std::map<std::string, std::string> failures;
   /// Existing files that are too long to read.
   std::set<Path> tooLong;
   /// Changes in order, such as "replace /home/user/.config/Rondora/config.json".
@@ -68,7 +68,7 @@ class FakeFileSystem final : public FileSystem {
   std::set<Path> folders;
 
  private:
-  FileError injectedFailure(Operation operation) const { return valueAt(failures, operation); }
+  FileError injectedFailure(const char* operation) const { return valueAt(failures, operation); }
   void makeFolders(Path path) {
     for (; path.has_relative_path(); path = path.parent_path()) folders.insert(path);
   }

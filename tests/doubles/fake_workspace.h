@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <iterator>
 #include <map>
 #include <set>
 #include <string>
@@ -59,9 +58,8 @@ class FakeWorkspace final : public Workspace {
   }
   std::vector<RunningApplication> runningApplications() const override { return running_; }
   std::vector<RunningApplication> runningApplications(std::string_view bundleIdentifier) const override {
-    std::vector<RunningApplication> found;
-    std::copy_if(running_.begin(), running_.end(), std::back_inserter(found),
-                 [&](const auto& application) { return application.bundleIdentifier == bundleIdentifier; });
+    auto found = running_;
+    std::erase_if(found, [&](const auto& each) { return each.bundleIdentifier != bundleIdentifier; });
     return found;
   }
   bool activate(const RunningApplication& application) override {

@@ -56,14 +56,11 @@ class ProgramTest : public testing::Test {
 
   /// Presses and releases go through the main queue, as everything else.
   void press(std::initializer_list<std::uint16_t> keys);
-  void pressChord() { press({Key::kControlKey, Key::kOptionKey, Key::kSpaceKey}); }
   void release(std::initializer_list<std::uint16_t> keys);
-  void releaseChord() { release({Key::kSpaceKey, Key::kOptionKey, Key::kControlKey}); }
   void pointAtSector(std::size_t index);
   bool isMenuUp() const { return desktop.overlay.holdsKeyboard(); }
   std::string shownMenu();
   std::string highlightedItem();
-  std::string frontApplication() const { return desktop.workspace.frontmostApplication()->bundleIdentifier.value(); }
 
   Platform platform();
 

@@ -84,7 +84,15 @@ class RandomInputTest : public ProgramTest {
     releaseEverything();
     std::erase_if(desktop.overlay.panels, [](const auto& panel) { return panel->isGone; });
   }
-  void expectAtRest() {
+  void playRounds(int rounds, Document document) {
+    launch();
+    for (int round = 0; round < rounds; ++round) {
+      play(document);
+      if (HasFatalFailure()) return;
+      if (document == Document::changes) press({Key::kEscapeKey});
+      ASSERT_FALSE(isMenuUp()) << "round " << round << ": " << shownMenu();
+      release({Key::kEscapeKey});
+    }
     EXPECT_EQ(desktop.keyboard.monitorCount(), 0U);
     EXPECT_EQ(desktop.keyboard.handlerCount(), 1U);
     EXPECT_EQ(desktop.keyboard.currentModifierFlags(), 0U);
@@ -97,27 +105,9 @@ class RandomInputTest : public ProgramTest {
   std::vector<std::uint16_t> down_;
 };
 
-TEST_F(RandomInputTest, ReleasingEveryKeyAlwaysEndsTheMenu) {
-  launch();
-  for (int round = 0; round < 2000; ++round) {
-    play(Document::staysAsItIs);
-    ASSERT_FALSE(isMenuUp()) << "round " << round << ": " << shownMenu();
-    if (HasFatalFailure()) return;
-  }
-  expectAtRest();
-}
+TEST_F(RandomInputTest, ReleasingEveryKeyAlwaysEndsTheMenu) { playRounds(2000, Document::staysAsItIs); }
 
-TEST_F(RandomInputTest, EscapeEndsTheMenuWhileTheDocumentChanges) {
-  launch();
-  for (int round = 0; round < 100; ++round) {
-    play(Document::changes);
-    if (HasFatalFailure()) return;
-    press({Key::kEscapeKey});
-    ASSERT_FALSE(isMenuUp()) << "round " << round << ": " << shownMenu();
-    release({Key::kEscapeKey});
-  }
-  expectAtRest();
-}
+TEST_F(RandomInputTest, EscapeEndsTheMenuWhileTheDocumentChanges) { playRounds(100, Document::changes); }
 
 }  // namespace
 }  // namespace rondora

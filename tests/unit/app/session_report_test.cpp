@@ -22,34 +22,31 @@ class SessionReportTest : public ProgramTest {
     return SessionReport(program.localization(), kPcModifierNames)
         .findings(facts, program.config().current(), program.delegate().hotkeyManager());
   }
-  /// The statements of what works ("+") or fails ("-") that begin so.
-  static std::vector<std::string> outline(const std::vector<SessionFinding>& findings) {
-    std::vector<std::string> result;
+  /// The beginnings of the statements, each after "+" for what works or "-" for what fails.
+  static std::string outline(const std::vector<SessionFinding>& findings) {
+    std::string text;
     for (const SessionFinding& finding : findings) {
       EXPECT_EQ(finding.works, finding.remedy.empty()) << finding.statement;
-      result.push_back((finding.works ? "+" : "-") + finding.statement.substr(0, 20));
+      text += (finding.works ? "+" : "-") + finding.statement.substr(0, 20);
     }
-    return result;
+    return text;
   }
 };
 
 TEST_F(SessionReportTest, ListsWhatWorksAndRemediesForTheRest) {
-  using Outline = std::vector<std::string>;
   const HotkeyConfig controlSpace{49, carbon::kControl};
   const HotkeyConfig superTab{48, carbon::kCommand};
   desktop.keyboard.foreignOwners = {{49, carbon::kControl}};
   launch();
   SessionFacts wayland{.isWayland = true}, bare{.showsStatusItem = false, .canPressKeys = false};
   SessionFacts locked{.trackpads = TrackpadAccess::unreadable};
-  const Outline tail{"+Rondora’s icon is ", "+Keystrokes reach the"};
-  const auto with = [&](Outline head) { return head.insert(head.end(), tail.begin(), tail.end()), head; };
+  const std::string rest = "+Rondora’s icon is +Keystrokes reach the";
 
-  EXPECT_EQ(outline(report({}, {{49, 0}, superTab})), with({"+This is an X11 sessi", "+Every menu that has "}));
+  EXPECT_EQ(outline(report({}, {{49, 0}, superTab})), "+This is an X11 sessi+Every menu that has " + rest);
   EXPECT_EQ(outline(report({}, {{49, 0}, controlSpace, {63, 0}})),
-            with({"+This is an X11 sessi", "-The hotkey of the me", "-Rondora cannot use t"}));
-  EXPECT_EQ(outline(report(wayland, Hotkeys{{49, 0}})), with({"-This is a Wayland se"}));
-  EXPECT_EQ(outline(report(bare, {})),
-            (Outline{"+This is an X11 sessi", "-This desktop has no ", "-The X server accepts"}));
+            "+This is an X11 sessi-The hotkey of the me-Rondora cannot use t" + rest);
+  EXPECT_EQ(outline(report(wayland, Hotkeys{{49, 0}})), "-This is a Wayland se" + rest);
+  EXPECT_EQ(outline(report(bare, {})), "+This is an X11 sessi-This desktop has no -The X server accepts");
   EXPECT_EQ(report({}, Hotkeys{HotkeyConfig{}}, true).back().statement.substr(0, 30), "This version does not react to");
   EXPECT_EQ(report(locked, Hotkeys{HotkeyConfig{}}, true).back().statement.substr(0, 30),
             "Rondora may not read the track");

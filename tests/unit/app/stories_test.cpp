@@ -10,13 +10,6 @@
 namespace rondora {
 namespace {
 
-template <class Range>
-std::string numbers(const Range& range) {
-  Words words;
-  for (const auto number : range) words.push_back(std::to_string(number));
-  return joined(words);
-}
-
 Words split(const std::string& text, char separator) {
   std::istringstream stream(text);
   Words words;
@@ -97,9 +90,10 @@ class ProgramStory : public ProgramTest, public Story {
     program.edits().edit([isOn](PieConfiguration& document) { document.hapticFeedbackEnabled = isOn; });
     program.edits().flush();
   }
-  void strike(const Words& keys) {
-    for (const auto& each : keys) desktop.keyboard.press(key(each));
-    for (const auto& each : keys) desktop.keyboard.release(key(each));
+  std::function<void(const Words&)> keys(void (FakeKeyboard::*act)(std::uint16_t)) {
+    return [this, act](const Words& names) {
+      for (const std::string& name : names) (desktop.keyboard.*act)(key(name));
+    };
   }
   void step(std::uint16_t stepped) {
     press({stepped});
@@ -162,6 +156,11 @@ class ProgramStory : public ProgramTest, public Story {
   bool shownWasPrepared() const {
     return std::ranges::count(desktop.overlay.warmedUp, desktop.overlay.keyPanel()->picture) > 0;
   }
+  std::string fingers() {
+    Words words;
+    for (const auto count : trackpad().fingerCounts()) words.push_back(std::to_string(count));
+    return joined(words);
+  }
   TrackpadGestureMonitor& trackpad() { return program.delegate().triggers().trackpadGestureMonitor(); }
 
   void addActions();
@@ -175,13 +174,11 @@ void ProgramStory::addActions() {
   using W = const Words&;
   actions = {
       {"menus", [this](W texts) { saveMenus(texts); }},
-      {"press",
-       [this](W keys) { std::ranges::for_each(keys, [this](auto& each) { desktop.keyboard.press(key(each)); }); }},
-      {"release",
-       [this](W keys) { std::ranges::for_each(keys, [&](auto& each) { desktop.keyboard.release(key(each)); }); }},
-      {"strike", [this](W keys) { strike(keys); }},
-      {"repeat", [this](W keys) { desktop.keyboard.repeat(key(keys[0])); }},
-      {"lose", [this](W keys) { desktop.keyboard.releaseUnseen(key(keys[0])); }},
+      {"press", keys(&FakeKeyboard::press)},
+      {"release", keys(&FakeKeyboard::release)},
+      {"repeat", keys(&FakeKeyboard::repeat)},
+      {"lose", keys(&FakeKeyboard::releaseUnseen)},
+      {"strike", [this](W w) { keys (&FakeKeyboard::press)(w), keys (&FakeKeyboard::release)(w); }},
       {"fn", [this](W w) { fn(w[0] == "down"); }},
       {"step", [this](W keys) { step(key(keys[0])); }},
       {"wait", [this](W w) { desktop.time.advance(std::stod(w[0])); }},
@@ -201,7 +198,7 @@ void ProgramStory::addActions() {
       {"permit", [this](W w) { permit(w); }},
       {"taken",
        [this](W) {
-         desktop.keyboard.foreignOwners.insert({49, kControlOption});
+         desktop.keyboard.foreignOwners = {{49, kControlOption}};
        }},
       {"freed", [this](W) { desktop.keyboard.foreignOwners.clear(); }},
       {"tray", [this](W w) { desktop.statusBar.change(w[0] == "gone" ? std::optional(w[0]) : std::nullopt); }},
@@ -230,7 +227,7 @@ void ProgramStory::addObservations() {
       {"keystrokes", [this, count] { return count(desktop.keyEvents.posted.size() / 2); }},
       {"clipboard", [this] { return desktop.pasteboard.string.value_or("none"); }},
       {"opened", [this] { return opened(); }},
-      {"fingers", [this] { return numbers(trackpad().fingerCounts()); }},
+      {"fingers", [this] { return fingers(); }},
       {"requests", [this, count] { return count(subActions.requests.size()); }},
       {"performed", [this] { return performed(); }},
       {"prefetched", [this] { return applicationNames(subActions.prefetched); }},
@@ -253,14 +250,11 @@ void ProgramStory::addObservations() {
   };
 }
 
-class StoryTest : public testing::TestWithParam<const char*> {};
-
-TEST_P(StoryTest, Holds) { playStories<ProgramStory>(GetParam()); }
-
-INSTANTIATE_TEST_SUITE_P(Stories, StoryTest,
-                         testing::Values("triggers", "choices", "app_commands", "document_changes", "launch",
-                                         "ring_warmer"),
-                         [](const auto& each) { return each.param; });
+TEST(ProgramStories, HappenAsTold) {
+  for (const char* file : {"triggers", "choices", "app_commands", "document_changes", "launch", "ring_warmer"}) {
+    playStories<ProgramStory>(file);
+  }
+}
 
 }  // namespace
 }  // namespace rondora

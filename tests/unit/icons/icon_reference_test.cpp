@@ -27,8 +27,7 @@ TEST(IconReferenceTest, ParsesEachKind) {
       {"🇫🇷🇳🇴", IconKind::emoji, "🇫🇷"},
       {"👩🏿‍❤️‍💋‍👨🏻🍕", IconKind::emoji, "👩🏿‍❤️‍💋‍👨🏻"},
       {"🙂 smile", IconKind::emoji, "🙂"},
-      {"level 7️⃣", IconKind::symbol, "level 7️⃣"},
-  };
+      {"level 7️⃣", IconKind::symbol, "level 7️⃣"}};
   for (const Case& c : cases) {
     EXPECT_EQ(IconReference::parse(c.icon), (IconReference{c.kind, c.name})) << c.icon;
   }

@@ -16,7 +16,7 @@ PreviewSurroundings around(Point ringCenter, double radius, double angle) {
   return {squareAround(ringCenter, radius), ringCenter + Point{std::cos(angle), std::sin(angle)} * radius, kScreen};
 }
 
-TEST(PreviewPlace, LiesBesideTheRingOnTheSectorsSideElseOnTheOtherElseBelowOrAbove) {
+TEST(PreviewPlace, LiesBesideTheRingElseBelowOrAboveIt) {
   const Point center = kScreen.center();
   const Point right = previewCorner(around(center, 150, 0.3), {300, 100});
   EXPECT_EQ(right.x, center.x + 170);
@@ -28,7 +28,7 @@ TEST(PreviewPlace, LiesBesideTheRingOnTheSectorsSideElseOnTheOtherElseBelowOrAbo
   EXPECT_EQ(previewCorner(around(center, 150, -1), {600, 100}).y, center.y - 270);
 }
 
-TEST(PreviewPlace, NeverLeavesTheScreenAndCoversTheRingOnlyWhereNothingElseIsFree) {
+TEST(PreviewPlace, StaysOnTheScreenAndBesideTheRingWhereThereIsRoom) {
   SeededRandom random;
   const auto number = [&](int low, int high) {
     return low + static_cast<double>(random.below(static_cast<std::uint64_t>(high - low)));

@@ -14,13 +14,8 @@ namespace {
 /// "changes" and "log" are emptied when they are read.
 struct MigrationStory : Story {
   using W = const Words&;
-  using Operation = FakeFileSystem::Operation;
 
   MigrationStory() {
-    static const std::map<std::string, Operation> kOperations = {{"read", Operation::read},
-                                                                 {"create", Operation::createFolder},
-                                                                 {"replace", Operation::replaceDurably},
-                                                                 {"copy", Operation::copy}};
     actions = {{"put",
                 [this](W w) {
                   files.put(w.at(0), joined({w.begin() + 1, w.end()}));
@@ -38,7 +33,7 @@ struct MigrationStory : Story {
                {"identifier", [this](W w) { environment.identifier = w.at(0); }},
                {"fail",
                 [this](W w) {
-                  files.failures = {{kOperations.at(w.at(0)), joined({w.begin() + 1, w.end()})}};
+                  files.failures = {{w.at(0), joined({w.begin() + 1, w.end()})}};
                 }},
                {"run", [this](W) {
                   LegacyPieMenuMigration({files, defaults, environment, log}).run();
@@ -49,17 +44,9 @@ struct MigrationStory : Story {
                     {"favicon", [this] { return content("/home/user/.cache/Rondora/favicons/a.png"); }},
                     {"document", [this] { return content("/home/user/.config/Rondora/config.json"); }},
                     {"old-document", [this] { return content("/home/user/.config/PieMenu/config.json"); }},
-                    {"log", [this] { return lines(); }}};
+                    {"log", [this] { return log.take(); }}};
   }
   std::string content(const std::string& path) { return valueAt(files.files, path).value_or("none"); }
-  std::string lines() {
-    Words texts;
-    for (const auto& [level, text] : std::exchange(log.lines, {})) {
-      EXPECT_EQ(level, LogLevel::error);
-      texts.push_back(text);
-    }
-    return joined(texts);
-  }
 
   FakeFileSystem files;
   FakeUserDefaults defaults;

@@ -97,10 +97,7 @@ TEST_F(RunningAppFocusTest, TellsTheProcessInTwoRecordsThatTheWindowIsKey) {
     expected[8] = static_cast<std::uint8_t>(i + 1);
     for (std::size_t byte = 32; byte < 48; ++byte) expected[byte] = 0xFF;
     expected[58] = 0x10;
-    expected[60] = 0x04;
-    expected[61] = 0x03;
-    expected[62] = 0x02;
-    expected[63] = 0x01;
+    for (std::uint8_t byte = 1; byte <= 4; ++byte) expected[64U - byte] = byte;
     EXPECT_EQ(records[i], expected) << i;
   }
   desktop_.windowServer.takesEventRecords = false;
