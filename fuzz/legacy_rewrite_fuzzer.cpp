@@ -82,7 +82,7 @@ void check(std::string_view bytes) {
   if (!files.exists(kOwn)) return;
   const std::string& after = files.files[kOwn];
   requireOnlyPathsChanged(bytes, after);
-  require(withOwnFaviconPaths(after, files.cachesFolder()) == after, "a second rewrite changes nothing");
+  require(withOwnFaviconPaths(after, files.cachesFolder(), "PieMenu") == after, "a second rewrite changes nothing");
   require(isJson(after) == isJson(bytes), "JSON stays JSON");
 }
 

@@ -50,7 +50,7 @@ class HotkeyService {
   /// The handler is called synchronously from the event loop.
   [[nodiscard]] virtual Subscription installEventHandler(Handler handler) = 0;
   /// Only a platform whose overlay takes the keys of hot keys too applies the rule.
-  virtual void setOverlayRule(OverlayRule /*rule*/) {}
+  virtual void setOverlayRule(const OverlayRule& /*rule*/) {}
 };
 
 }  // namespace rondora

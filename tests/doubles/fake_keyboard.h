@@ -34,7 +34,7 @@ class FakeKeyboard final : public HotkeyService, public EventMonitors {
                                                                 EventHotKeyID id) override;
   [[nodiscard]] Subscription onModifiersMoved(std::function<void()> observer) override;
   [[nodiscard]] Subscription installEventHandler(HotkeyService::Handler handler) override;
-  void setOverlayRule(OverlayRule rule) override { overlayRule_ = std::move(rule); }
+  void setOverlayRule(const OverlayRule& rule) override { overlayRule_ = rule; }
   [[nodiscard]] Subscription addLocalMonitor(std::uint32_t eventMask, EventMonitors::Handler handler) override;
   std::uint64_t currentModifierFlags() const override;
 

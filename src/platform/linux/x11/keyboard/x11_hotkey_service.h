@@ -27,7 +27,7 @@ class X11HotkeyService : public HotkeyService {
                                                   EventHotKeyID id) override;
   Subscription onModifiersMoved(std::function<void()> observer) override;
   Subscription installEventHandler(Handler handler) override;
-  void setOverlayRule(OverlayRule rule) override { overlayRule_ = std::move(rule); }
+  void setOverlayRule(const OverlayRule& rule) override { overlayRule_ = rule; }
 
  private:
   struct Registration {
