@@ -1,10 +1,8 @@
 #include "settings/window_texts.h"
 
-#include <utility>
-
 namespace rondora {
 
-WindowTexts windowTexts(const LocalizationStore& localization, std::string firstHotkey,
+WindowTexts windowTexts(const LocalizationStore& localization, const std::string& firstHotkey,
                         const std::string& documentPath) {
   const auto text = [&](StringKey key) { return std::string(localization.text(key)); };
   return {.settingsTitle = text(StringKey::settingsTitle),
@@ -22,7 +20,7 @@ WindowTexts windowTexts(const LocalizationStore& localization, std::string first
           .onboardingHeadline = text(StringKey::onboardingGreeting),
           .onboardingIntroduction = text(StringKey::onboardingWhatItIs),
           .onboardingHowToOpen = localization.text(StringKey::onboardingHowToOpen, firstHotkey),
-          .onboardingHotkey = std::move(firstHotkey),
+          .onboardingHotkey = firstHotkey,
           .onboardingHowToChoose = text(StringKey::onboardingHowToChoose),
           .onboardingWhereItLives = localization.text(StringKey::onboardingConfigurationFile, documentPath),
           .onboardingDone = text(StringKey::onboardingGetStarted)};

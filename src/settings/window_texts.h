@@ -9,7 +9,7 @@
 namespace rondora {
 
 /// `firstHotkey` is the display text of the hotkey that a new user presses first; empty when no menu has one.
-WindowTexts windowTexts(const LocalizationStore& localization, std::string firstHotkey,
+WindowTexts windowTexts(const LocalizationStore& localization, const std::string& firstHotkey,
                         const std::string& documentPath);
 
 /// The line below a snippet's preview. `pasteKeys` are the keys that paste on this system, such as "Ctrl+V".
