@@ -139,9 +139,9 @@ TEST_F(OverlayPanelTest, MovesAndKeysAllocateNothing) {
 TEST_F(OverlayPanelTest, WaitsForAKeyboardThatAnotherClientHolds) {
   ASSERT_TRUE(other_.grabKeyboard());
   auto panel = openPanel();
-  const double letGo = time_.uptime() + 0.7;
-  ASSERT_TRUE(eventually([&] { return sink_.lost > 0 || time_.uptime() >= letGo; }));
-  other_.letGo();
+  const double ungrabTime = time_.uptime() + 0.7;
+  ASSERT_TRUE(eventually([&] { return sink_.lost > 0 || time_.uptime() >= ungrabTime; }));
+  other_.ungrab();
   ASSERT_TRUE(eventually([&] { return !other_.keyboardIsFree(); }));
   user_.tap(key::q);
   EXPECT_THAT(keysSeen(), ElementsAre("down q", "up q"));
@@ -153,7 +153,7 @@ TEST_F(OverlayPanelTest, WaitsForAPointerThatAnotherClientHolds) {
   auto panel = openPanel();
   user_.movePointer({700, 500});
   EXPECT_THAT(sink_.moves, IsEmpty());
-  other_.letGo();
+  other_.ungrab();
   EXPECT_TRUE(eventually([&] { return !sink_.moves.empty(); }));
   EXPECT_THAT(sink_.moves, ElementsAre(Point{600, 400}));
   close(panel);
@@ -170,7 +170,7 @@ TEST_F(OverlayPanelTest, WaitsForAPointerThatAnotherClientHolds) {
 TEST_F(OverlayPanelTest, ClosesWhileItWaitsAndBesideANewerPanel) {
   ASSERT_TRUE(other_.grabKeyboard());
   openPanel().reset();
-  other_.letGo();
+  other_.ungrab();
   auto first = openPanel();
   EXPECT_FALSE(other_.keyboardIsFree());
   auto second = openPanel();

@@ -44,7 +44,7 @@ bool Bystander::grabPointer() {
   return reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
 }
 
-void Bystander::letGo() {
+void Bystander::ungrab() {
   xcb_ungrab_keyboard(get(), XCB_CURRENT_TIME);
   xcb_ungrab_pointer(get(), XCB_CURRENT_TIME);
   sync();

@@ -45,7 +45,7 @@ class Bystander : public XClient {
   bool grabKeyboard();
   bool grabPointer();
   /// Ends its grabs.
-  void letGo();
+  void ungrab();
   /// Sets the input focus to a window of its own.
   void takeFocus();
   xcb_window_t cover(const Area& area);

@@ -18,7 +18,7 @@ bool ClipboardHandover::begin() {
   window_ = xcb_generate_id(xcb);
   xcb_create_window(xcb, 0, window_, connection_.root(), -1, -1, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_ONLY,
                     XCB_COPY_FROM_PARENT, 0, nullptr);
-  // What is to be kept has to be named: some managers keep nothing otherwise.
+  // Name the targets: some managers save nothing otherwise.
   const xcb_atom_t targets[] = {connection_.atom("UTF8_STRING"), connection_.atom("text/plain;charset=utf-8"),
                                 connection_.atom("text/plain"), XCB_ATOM_STRING};
   const xcb_atom_t property = connection_.atom("RONDORA_SAVE_TARGETS");

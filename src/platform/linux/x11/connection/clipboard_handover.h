@@ -7,9 +7,9 @@
 
 namespace rondora::x11 {
 
-/// Asks the clipboard manager to keep what this program has on the clipboard when the program is gone: SAVE_TARGETS, as
-/// freedesktop.org describes it (ClipboardManager). The manager fetches the text from the toolkit meanwhile, and takes
-/// the clipboard over when the window that asked is gone. Main thread.
+/// Hands this program's clipboard contents to the clipboard manager before the program ends: SAVE_TARGETS of
+/// freedesktop.org's ClipboardManager. The manager fetches the text from the toolkit, and takes the clipboard over when
+/// the requesting window is gone. Main thread.
 class ClipboardHandover {
  public:
   explicit ClipboardHandover(X11Connection& connection);
@@ -17,10 +17,10 @@ class ClipboardHandover {
   ClipboardHandover(const ClipboardHandover&) = delete;
   ClipboardHandover& operator=(const ClipboardHandover&) = delete;
 
-  /// False where the clipboard is not this program's or there is no manager. Otherwise the events of the connection
-  /// have to be handled until `hasEnded`, which it may never do: the manager may hang.
+  /// False when this program does not own the clipboard or no manager runs. On true, handle the connection's events
+  /// until `hasEnded`, for a limited time: the manager may hang.
   bool begin();
-  /// The clipboard is the manager's now, or the manager refused.
+  /// The manager has taken the clipboard or has refused.
   bool hasEnded() const;
 
  private:

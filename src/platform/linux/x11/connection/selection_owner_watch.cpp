@@ -37,7 +37,7 @@ void SelectionOwnerWatch::selectOwnerChanges() {
   const Reply<xcb_xfixes_query_version_reply_t> version(
       xcb_xfixes_query_version_reply(xcb, xcb_xfixes_query_version(xcb, 5, 0), nullptr));
   ownerChangeEvent_ = static_cast<std::uint8_t>(extension->first_event + XCB_XFIXES_SELECTION_NOTIFY);
-  // On a window of our own: the toolkit has made its selections on the root.
+  // On a window of our own: on the root window the toolkit has its own selection.
   const xcb_window_t window = xcb_generate_id(xcb);
   xcb_create_window(xcb, 0, window, connection_.root(), -1, -1, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_ONLY,
                     XCB_COPY_FROM_PARENT, 0, nullptr);

@@ -10,7 +10,7 @@
 
 namespace rondora::x11 {
 
-/// Whether somebody owns one of the selections by which a screen's services are known (ICCCM 2.8): "_NET_WM_CM" for the
+/// Watches whether a selection has an owner that announces a service of the screen (ICCCM 2.8): "_NET_WM_CM" for the
 /// compositor, "_NET_SYSTEM_TRAY" for the tray. Main thread.
 class SelectionOwnerWatch {
  public:

@@ -54,7 +54,7 @@ void X11Connection::noteTime(const xcb_generic_event_t& event) {
     case XCB_BUTTON_PRESS:
     case XCB_BUTTON_RELEASE:
     case XCB_MOTION_NOTIFY:
-      // These five share their first fields.
+      // These five have the same leading fields.
       lastEventTime_ = reinterpret_cast<const xcb_key_press_event_t&>(event).time;
       break;
     case XCB_PROPERTY_NOTIFY:
@@ -70,16 +70,16 @@ void X11Connection::selectRootEvents(std::uint32_t eventMask) {
   applyRootEventMask();
 }
 
-Subscription X11Connection::selectRootEventsMeanwhile(std::uint32_t eventMask) {
-  meanwhileMasks_.push_back(eventMask);
+Subscription X11Connection::selectRootEventsTemporarily(std::uint32_t eventMask) {
+  temporaryMasks_.push_back(eventMask);
   applyRootEventMask();
   return Subscription([this, eventMask] {
-    meanwhileMasks_.erase(std::find(meanwhileMasks_.begin(), meanwhileMasks_.end(), eventMask));
+    temporaryMasks_.erase(std::find(temporaryMasks_.begin(), temporaryMasks_.end(), eventMask));
     applyRootEventMask();
   });
 }
 
-// The toolkit has made its selection by the time the first of us adds to it.
+// Read at the first use: by then the toolkit has made its selection.
 std::uint32_t& X11Connection::rootEventMask() {
   if (!rootEventMask_) {
     const auto cookie = xcb_get_window_attributes(connection_, root());
@@ -91,7 +91,7 @@ std::uint32_t& X11Connection::rootEventMask() {
 
 void X11Connection::applyRootEventMask() {
   std::uint32_t mask = rootEventMask();
-  for (const std::uint32_t meanwhile : meanwhileMasks_) mask |= meanwhile;
+  for (const std::uint32_t temporary : temporaryMasks_) mask |= temporary;
   xcb_change_window_attributes(connection_, root(), XCB_CW_EVENT_MASK, &mask);
 }
 

@@ -18,14 +18,14 @@ namespace rondora::x11 {
 template <class T>
 using Reply = UniqueCPtr<T, std::free>;
 
-/// The X connection that the toolkit and all our backends share: the server treats hot keys, grabs and the overlay as
-/// one client's, so that none of them locks the others out. Does not own the connection. Main thread.
+/// The X connection shared by the toolkit and all backends: to the server, hot keys, grabs and the overlay are one
+/// client's, so that none locks the others out. Does not own the connection. Main thread.
 class X11Connection {
  public:
   /// Returns true when it consumed the event, which then reaches neither later handlers nor the toolkit.
   using EventHandler = CallbackList<const xcb_generic_event_t&>::Callback;
 
-  /// `pixelsPerPoint` is the scale that the user's desktop asks for, 1 or more in steps of any size.
+  /// `pixelsPerPoint` is the scale factor of the desktop, at least 1; fractions are allowed.
   X11Connection(xcb_connection_t* connection, int screenNumber, double pixelsPerPoint);
 
   xcb_connection_t* get() const { return connection_; }
@@ -34,26 +34,26 @@ class X11Connection {
   double pixelsPerPoint() const { return pixelsPerPoint_; }
   void flush() const { xcb_flush(connection_); }
 
-  /// The atom of that name, made when it is new; asks the server once a name.
+  /// The atom of that name, created when missing; cached, so a name costs one round trip once.
   xcb_atom_t atom(std::string_view name) const;
-  /// Asks for several atoms in one round trip.
+  /// Interns several atoms in one round trip.
   void internAtoms(const std::vector<std::string_view>& names) const;
 
-  /// Every event of the connection is shown to the handlers in the order in which they came.
+  /// The handler receives every event of the connection that no earlier handler consumed.
   [[nodiscard]] Subscription addEventHandler(EventHandler handler);
-  /// Called by the toolkit's event loop for every event before it looks at it itself.
+  /// The toolkit's event loop calls it for every event, before it handles the event itself.
   bool dispatch(const xcb_generic_event_t& event);
 
-  /// Adds to what the connection is told about the root window, keeping what the toolkit selected.
+  /// Adds events to the connection's selection on the root window; keeps what the toolkit selected.
   void selectRootEvents(std::uint32_t eventMask);
-  /// As selectRootEvents, until the result ends, which it does before the connection. Asks the server only the first
-  /// time.
-  [[nodiscard]] Subscription selectRootEventsMeanwhile(std::uint32_t eventMask);
+  /// As selectRootEvents, for the life of the subscription, which must end before the connection. Only the first call
+  /// makes a round trip.
+  [[nodiscard]] Subscription selectRootEventsTemporarily(std::uint32_t eventMask);
 
-  /// The server time of the last event that carried one, for requests that must name the event that caused them.
+  /// The server time of the last event that carried one, for requests that must name the time of the event behind them.
   xcb_timestamp_t lastEventTime() const { return lastEventTime_; }
 
-  /// The property's value as a whole; nothing when it is missing or of another type (XCB_ATOM_ANY accepts all).
+  /// The whole value of the property; nothing when it is missing or of another type (XCB_ATOM_ANY accepts all).
   std::optional<std::vector<std::uint8_t>> property(xcb_window_t window, xcb_atom_t name, xcb_atom_t type) const;
   /// A list of 32-bit values (windows, atoms, cardinals); empty when missing.
   std::vector<std::uint32_t> property32(xcb_window_t window, xcb_atom_t name, xcb_atom_t type) const;
@@ -72,7 +72,7 @@ class X11Connection {
   xcb_timestamp_t lastEventTime_ = XCB_CURRENT_TIME;
   mutable std::map<std::string, xcb_atom_t, std::less<>> atoms_;
   std::optional<std::uint32_t> rootEventMask_;
-  std::vector<std::uint32_t> meanwhileMasks_;
+  std::vector<std::uint32_t> temporaryMasks_;
   CallbackList<const xcb_generic_event_t&> handlers_;
 };
 

@@ -31,7 +31,7 @@ void HeldKeyGrabs::grab(xcb_keycode_t key) const {
       connection_.get(), XCB_CURRENT_TIME, connection_.root(), XCB_CURSOR_NONE, key, keyboard_, 1, 1,
       XCB_INPUT_GRAB_TYPE_KEYCODE, XCB_INPUT_GRAB_MODE_22_ASYNC, XCB_INPUT_GRAB_MODE_22_ASYNC,
       XCB_INPUT_GRAB_OWNER_NO_OWNER, &kKeyEvents, &kAnyModifier);
-  // Where another client has such a grab, ours fails and that client receives the repeats.
+  // Where another client holds such a grab, this one fails and that client receives the repeats.
   xcb_discard_reply(connection_.get(), cookie.sequence);
 }
 

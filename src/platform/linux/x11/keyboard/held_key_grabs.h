@@ -10,9 +10,9 @@
 
 namespace rondora::x11 {
 
-/// Passive grabs of single keys with any modifier, for keys that are still down when the overlay gives the keyboard
-/// back: their repeats must neither type nor fire other grabs. They are XI2 grabs: the server grants those although
-/// another client has a core grab of the key, and they come before core grabs. Nothing is flushed. Main thread.
+/// Passive grabs of single keys with any modifier, for keys that are still down when the overlay ungrabs the keyboard:
+/// their repeats must neither type nor activate other grabs. They are XI2 grabs: the server grants those although
+/// another client has a core grab of the key, and checks them before core grabs. Nothing is flushed. Main thread.
 class HeldKeyGrabs {
  public:
   /// `inputExtension` is the extension's major opcode; with 0 (none) nothing is grabbed.
@@ -23,7 +23,7 @@ class HeldKeyGrabs {
   /// Ends the active grab that a repeat may have started.
   void ungrabKeyboard() const;
 
-  /// The core event that is equal to an event of these grabs; nothing when `event` is another one.
+  /// The core event equivalent to an event of these grabs; nothing for any other event.
   std::optional<xcb_key_press_event_t> coreEvent(const xcb_generic_event_t& event) const;
 
  private:

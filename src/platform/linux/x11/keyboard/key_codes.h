@@ -15,7 +15,7 @@ namespace rondora::x11 {
 std::optional<xcb_keycode_t> xKeyCode(std::uint32_t virtualKeyCode);
 /// As xKeyCode, but also for 110 (the context-menu key), which is sent and never reported.
 std::optional<xcb_keycode_t> xKeyCodeForSending(std::uint32_t virtualKeyCode);
-/// KeyEvent::kNoKeyCode when the key has none.
+/// KeyEvent::kNoKeyCode when the key has no virtual key code.
 std::uint16_t virtualKeyCode(xcb_keycode_t xKeyCode);
 
 }  // namespace rondora::x11

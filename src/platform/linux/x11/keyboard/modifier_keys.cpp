@@ -17,7 +17,7 @@ struct KeysymPair {
   xkb_keysym_t right;
 };
 
-// By Modifier.
+// Indexed by Modifier.
 constexpr KeysymPair kKeysyms[] = {{XKB_KEY_Control_L, XKB_KEY_Control_R},
                                    {XKB_KEY_Alt_L, XKB_KEY_Alt_R},
                                    {XKB_KEY_Shift_L, XKB_KEY_Shift_R},
@@ -30,10 +30,10 @@ struct Effect {
   bool changesLayout = false;
 };
 
-/// A keyboard of nobody's, on which keys are tried.
-class Trial {
+/// A private keyboard state on which key presses are simulated.
+class SimulatedKeyboard {
  public:
-  explicit Trial(xkb_keymap* keymap) : keymap_(keymap), state_(xkb_state_new(keymap)) {}
+  explicit SimulatedKeyboard(xkb_keymap* keymap) : keymap_(keymap), state_(xkb_state_new(keymap)) {}
 
   bool knows(xcb_keycode_t key) const { return xkb_keymap_num_layouts_for_key(keymap_, key) > 0; }
   void reset(xkb_layout_index_t layout) { xkb_state_update_mask(state_.get(), 0, 0, 0, 0, 0, layout); }
@@ -68,7 +68,7 @@ class Trial {
 class Reader {
  public:
   explicit Reader(xkb_keymap* keymap)
-      : trial_(keymap),
+      : keyboard_(keymap),
         layouts_(xkb_keymap_num_layouts(keymap)),
         first_(static_cast<xcb_keycode_t>(xkb_keymap_min_keycode(keymap))),
         last_(static_cast<xcb_keycode_t>(std::min<xkb_keycode_t>(xkb_keymap_max_keycode(keymap), 255))) {}
@@ -82,20 +82,20 @@ class Reader {
 
  private:
   void noteKey(xcb_keycode_t key) {
-    keys_.known[key] = trial_.knows(key);
+    keys_.known[key] = keyboard_.knows(key);
     for (xkb_layout_index_t layout = 0; layout < layouts_; ++layout) {
-      const Effect effect = trial_.effectOf(key, layout);
+      const Effect effect = keyboard_.effectOf(key, layout);
       if (effect.mask != 0 || effect.shiftsLayout) keys_.holding.set(key);
       if (effect.lockedMask == 0) continue;
       keys_.locking.set(key);
       keys_.toggledMask |= effect.lockedMask;
-      if (trial_.keysym(key, layout) == XKB_KEY_Num_Lock) keys_.numLockMask |= effect.lockedMask;
+      if (keyboard_.keysym(key, layout) == XKB_KEY_Num_Lock) keys_.numLockMask |= effect.lockedMask;
     }
     if (!keys_.holding[key]) return;
     for (std::size_t modifier = 0; modifier < kModifierCount; ++modifier) noteSetter(modifier, key);
   }
 
-  // The lower key code is the one on the left, for each of the four.
+  // Called in ascending order of key codes: of each pair the left key has the lower one.
   void noteSetter(std::size_t modifier, xcb_keycode_t key) {
     ModifierKeys::Setters& setters = keys_.setters[modifier];
     const std::uint8_t mask = maskSetBy(key, kKeysyms[modifier]);
@@ -106,10 +106,10 @@ class Reader {
 
   /// 0 unless the key is one of the pair, and sets the same modifiers and nothing else, in every layout.
   std::uint8_t maskSetBy(xcb_keycode_t key, KeysymPair keysyms) {
-    const std::uint8_t mask = trial_.effectOf(key, 0).mask;
+    const std::uint8_t mask = keyboard_.effectOf(key, 0).mask;
     for (xkb_layout_index_t layout = 0; layout < layouts_; ++layout) {
-      const xkb_keysym_t keysym = trial_.keysym(key, layout);
-      const Effect effect = trial_.effectOf(key, layout);
+      const xkb_keysym_t keysym = keyboard_.keysym(key, layout);
+      const Effect effect = keyboard_.effectOf(key, layout);
       const bool isPlain = effect.mask == mask && effect.lockedMask == 0 && !effect.changesLayout;
       if (!isPlain || (keysym != keysyms.left && keysym != keysyms.right)) return 0;
     }
@@ -130,20 +130,20 @@ class Reader {
   }
 
   bool makesExactly(ModifierSet modifiers, std::uint8_t wanted, xkb_layout_index_t layout) {
-    trial_.reset(layout);
+    keyboard_.reset(layout);
     for (std::size_t i = 0; i < kModifierCount; ++i) {
-      if (modifiers[i]) trial_.press(keys_.setters[i].keys.front());
+      if (modifiers[i]) keyboard_.press(keys_.setters[i].keys.front());
     }
-    const bool isExact = trial_.modifiers(XKB_STATE_MODS_DEPRESSED) == wanted &&
-                         trial_.modifiers(XKB_STATE_MODS_LOCKED) == 0 &&
-                         trial_.layout(XKB_STATE_LAYOUT_EFFECTIVE) == layout;
+    const bool isExact = keyboard_.modifiers(XKB_STATE_MODS_DEPRESSED) == wanted &&
+                         keyboard_.modifiers(XKB_STATE_MODS_LOCKED) == 0 &&
+                         keyboard_.layout(XKB_STATE_LAYOUT_EFFECTIVE) == layout;
     for (std::size_t i = 0; i < kModifierCount; ++i) {
-      if (modifiers[i]) trial_.release(keys_.setters[i].keys.front());
+      if (modifiers[i]) keyboard_.release(keys_.setters[i].keys.front());
     }
     return isExact;
   }
 
-  Trial trial_;
+  SimulatedKeyboard keyboard_;
   xkb_layout_index_t layouts_;
   xcb_keycode_t first_;
   xcb_keycode_t last_;

@@ -21,14 +21,14 @@ inline constexpr std::size_t kModifierCount = 4;
 /// One bit for each Modifier, by its number.
 using ModifierSet = std::bitset<kModifierCount>;
 
-/// The means to set modifiers: keys held down and, for modifiers without a suitable key, locked modifiers (X mask).
+/// How to set modifiers: keys to hold down and, for modifiers without a suitable key, modifiers to lock (X mask).
 struct Chord {
   std::vector<xcb_keycode_t> keys;
   std::uint8_t lockedMask = 0;
   friend bool operator==(const Chord&, const Chord&) = default;
 };
 
-/// The effect of the present mapping's keys on the modifiers.
+/// What the keys of the current mapping do to the modifiers.
 struct ModifierKeys {
   struct Setters {
     /// X mask of the modifier; 0 when no key sets it.
@@ -37,19 +37,19 @@ struct ModifierKeys {
     std::vector<xcb_keycode_t> keys;
   };
 
-  /// Keys with a meaning.
+  /// Keys that the mapping defines.
   KeySet known;
-  /// Change a modifier or the layout for as long as they are down.
+  /// Keys that change a modifier or the layout while they are down.
   KeySet holding;
-  /// Toggle a lock, which outlasts their release.
+  /// Keys that toggle a lock, which outlasts their release.
   KeySet locking;
-  /// Locks that such keys toggle, without Num Lock, which belongs to the number pad and not to a keystroke.
+  /// The locks that such keys toggle, without Num Lock, which selects the number pad's meaning and no keystroke's.
   std::uint8_t toggledMask = 0;
   std::uint8_t numLockMask = 0;
-  /// By Modifier.
+  /// Indexed by Modifier.
   std::array<Setters, kModifierCount> setters;
-  /// By the number of a ModifierSet: its keys, all down, set exactly these modifiers and change neither layout nor
-  /// lock. False where two modifiers together switch the layout.
+  /// Indexed by ModifierSet: the first keys of these modifiers, all down, set exactly these modifiers and change
+  /// neither layout nor lock. False where two modifiers together switch the layout.
   std::bitset<1U << kModifierCount> combinable;
 
   bool canSet(ModifierSet modifiers) const;

@@ -9,8 +9,8 @@
 
 namespace rondora::x11 {
 
-/// Raw key releases, which arrive whichever client receives the release itself. Selected only while there is an
-/// observer. Main thread.
+/// Raw key releases, reported whichever client receives the key event. Selected only while there is an observer. Main
+/// thread.
 class RawKeyReleases {
  public:
   explicit RawKeyReleases(X11Connection& connection);
@@ -20,7 +20,7 @@ class RawKeyReleases {
   bool available() const { return inputExtension_ != 0; }
   /// The extension's major opcode; 0 without it.
   std::uint8_t inputExtension() const { return inputExtension_; }
-  /// Reports every release from this request on, some more than once. The callback's result is ignored.
+  /// Reports every release after this request, some more than once. The callback's result is ignored.
   [[nodiscard]] Subscription watch(CallbackList<xcb_keycode_t>::Callback observer);
 
  private:

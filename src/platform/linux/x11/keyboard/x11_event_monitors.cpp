@@ -18,7 +18,7 @@ Subscription X11EventMonitors::addLocalMonitor(std::uint32_t eventMask, Handler 
   return (eventMask == kFlagsChangedMask ? flagsMonitors_ : keyMonitors_).add(std::move(handler));
 }
 
-// A modifier key changes the flags; it makes no key-down.
+// A modifier key changes the flags; it makes no key-down event.
 bool X11EventMonitors::handleKey(const X11Key& key) const {
   if (key.target == KeyTarget::hotkey || keyMonitors_.isEmpty() || keymap_.isModifierKey(key.code)) return false;
   const KeyEventType type = key.direction == KeyDirection::down ? KeyEventType::keyDown : KeyEventType::keyUp;

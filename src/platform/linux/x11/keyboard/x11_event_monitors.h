@@ -9,7 +9,7 @@
 
 namespace rondora::x11 {
 
-/// Keys that go to the overlay or to a window of the program, and the modifiers.
+/// Monitors of the keys that go to the overlay or to a window of the program, and of the modifiers.
 class X11EventMonitors : public EventMonitors {
  public:
   X11EventMonitors(X11Keymap& keymap, X11KeyStream& keys);

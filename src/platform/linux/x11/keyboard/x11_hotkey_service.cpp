@@ -75,7 +75,7 @@ bool X11HotkeyService::grab(Combination combination) const {
 
 // The server ignores the request for a variant that belongs to another client.
 void X11HotkeyService::ungrab(Combination combination) const {
-  trace::line("grab: hotkey ", int{combination.key}, " modifiers ", combination.modifiers, " is given back");
+  trace::line("grab: hotkey ", int{combination.key}, " modifiers ", combination.modifiers, " is released");
   for (const std::uint16_t locks : grabbedMasks_.lockCombinations()) {
     xcb_ungrab_key(connection_.get(), combination.key, connection_.root(),
                    static_cast<std::uint16_t>(combination.modifiers | locks));
@@ -141,7 +141,7 @@ bool X11HotkeyService::handleRelease(const X11Key& key) {
   return isReported;
 }
 
-// The visitor may register and unregister: go by number, and leave out registrations made during the walk.
+// The visitor may register and unregister: iterate by number, and skip registrations made during the walk.
 template <class Visitor>
 void X11HotkeyService::forEachRegistrationOf(xcb_keycode_t key, Visitor visit) {
   const std::uint64_t last = lastNumber_;
@@ -161,7 +161,7 @@ void X11HotkeyService::send(std::uint32_t kind, EventHotKeyID id) {
   handlers_.offer(&event);
 }
 
-// The grabs name physical keys and real modifiers, so a new layout alone leaves them in force.
+// The grabs name physical keys and real modifiers, so a change of layout alone leaves them in force.
 void X11HotkeyService::followKeymap() {
   if (keymap_.masks() == grabbedMasks_) return;
   for (const Registration& registration : registrations_) {

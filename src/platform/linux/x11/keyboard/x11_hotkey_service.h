@@ -16,8 +16,8 @@
 
 namespace rondora::x11 {
 
-/// Hot keys as passive grabs on the root window. While the overlay has the keyboard, when no passive grab fires, the
-/// service recognises them among the overlay's keys.
+/// Hot keys as passive grabs on the root window. While the overlay holds the keyboard, no passive grab activates, so
+/// the service matches the overlay's keys instead.
 class X11HotkeyService : public HotkeyService {
  public:
   X11HotkeyService(X11Connection& connection, X11Keymap& keymap, X11KeyStream& keys);
@@ -35,7 +35,7 @@ class X11HotkeyService : public HotkeyService {
     xcb_keycode_t key = 0;
     std::uint32_t carbonModifiers = 0;
     EventHotKeyID id;
-    /// Nothing while the keyboard has no such modifier, or since another program has the combination.
+    /// Nothing while the keyboard lacks one of the modifiers, or another program has grabbed the combination.
     std::optional<std::uint16_t> xModifiers;
   };
   struct Combination {
@@ -60,7 +60,7 @@ class X11HotkeyService : public HotkeyService {
   X11Keymap& keymap_;
   std::vector<Registration> registrations_;
   std::uint64_t lastNumber_ = 0;
-  /// What the live grabs were made with.
+  /// The masks with which the current grabs were made.
   ModifierMasks grabbedMasks_;
   CallbackList<const HotKeyEvent*> handlers_;
   OverlayRule overlayRule_;

@@ -48,10 +48,10 @@ void X11KeyStream::beginOverlay() {
   ungrabHeldKeys();
 }
 
-// From the watch on each release is reported: before the ungrab by the grab, after it by a raw event. The held keys are
-// grabbed before the keyboard is given back, so that no repeat goes elsewhere.
+// Once the watch has begun, every release is reported: before the ungrab by the grab, after it by a raw event. The held
+// keys are grabbed before the keyboard is ungrabbed, so that no repeat goes elsewhere.
 void X11KeyStream::endOverlay() {
-  trace::line("grab: the overlay gives keyboard and pointer back");
+  trace::line("grab: the overlay ungrabs the keyboard");
   overlayHasKeyboard_ = false;
   watchRawReleases();
   for (std::size_t key = 0; key < held_.size(); ++key) {
@@ -95,7 +95,7 @@ bool X11KeyStream::handleEvent(const xcb_generic_event_t& event) {
   return true;
 }
 
-// Such a key may go up in another window, so it is not recorded as held.
+// Such a key may be released in another window, so it is not recorded as held.
 bool X11KeyStream::handleOwnWindow(const xcb_key_press_event_t& event) {
   X11Key key;
   key.code = event.detail;
@@ -152,7 +152,7 @@ void X11KeyStream::handleGrabbedPress(const xcb_key_press_event_t& event) {
 void X11KeyStream::handleRelease(const xcb_key_release_event_t& event) {
   note(event);
   noteUp(event.detail);
-  // The passive grab ends here: other clients receive the releases of keys pressed meanwhile.
+  // The passive grab ends here: other clients receive the releases of keys pressed during it.
   if (!overlayHasKeyboard_ && !watch_ && downCount_ > 0) {
     watchRawReleases();
     forgetKeysThatAreUp();

@@ -17,14 +17,14 @@
 
 namespace rondora::x11 {
 
-/// The consumers of key events, in the order in which they receive each event. A consumer that takes an event ends its
-/// way. This is the only place that states the order: an event tap becomes the enumerator before `hotkeys`.
+/// The consumers of key events, in the order in which they receive each event; an event that one takes reaches no later
+/// one. This is the only place that states the order: an event tap becomes the enumerator before `hotkeys`.
 enum class KeyConsumer : std::uint8_t { hotkeys, monitors };
 inline constexpr std::size_t kKeyConsumerCount = 2;
 
 enum class KeyDirection : std::uint8_t { down, up };
 
-/// Whose key event it is: that of a passive grab, that of the overlay's active grab, or that of a window of ours.
+/// What receives the key event: a passive grab, the overlay's active grab, or a window of this program.
 enum class KeyTarget : std::uint8_t { hotkey, overlay, ownWindow };
 
 /// Pixels of the root window.
@@ -41,10 +41,10 @@ struct X11Key {
   KeyTarget target = KeyTarget::hotkey;
   /// X mask of the modifiers before the event.
   std::uint16_t state = 0;
-  /// Of a release that another client received: those of the latest key event.
+  /// For a release that another client received, those of the latest key event.
   xcb_timestamp_t time = XCB_CURRENT_TIME;
   PixelPosition pointer;
-  /// Of a repeat or release: the consumer that took the press, and the event flags of the press.
+  /// For a repeat or release: the consumer that took the press, and the event flags of the press.
   std::optional<KeyConsumer> taker;
   std::uint64_t flagsAtPress = 0;
 };
@@ -52,8 +52,8 @@ struct X11Key {
 /// Turns the X events of keys into one ordered stream: each physical press arrives once without `isRepeat`, its release
 /// once, whichever grab or raw event reports them. Holds the only record of the keys that are down.
 ///
-/// A key of a passive grab is followed until it is up, also beyond the overlay's grab; releases that go to other
-/// clients come as raw events. Repeats of a key that outlasts the overlay reach no client: the stream grabs that key
+/// A key of a passive grab is followed until its release, also past the overlay's grab; releases that go to other
+/// clients arrive as raw events. Repeats of a key that outlasts the overlay reach no client: the stream grabs that key
 /// until its release. Main thread; allocates nothing per event.
 class X11KeyStream {
  public:
@@ -63,7 +63,7 @@ class X11KeyStream {
   /// Arguments must outlive the object.
   X11KeyStream(X11Connection& connection, X11Keymap& keymap, RawKeyReleases& rawReleases, MainQueue& mainQueue);
 
-  /// One callback a consumer. Repeats and release of a key go first to the consumer that took its press.
+  /// One callback per consumer. Repeats and release of a key go first to the consumer that took its press.
   [[nodiscard]] Subscription consume(KeyConsumer consumer, Callback callback);
 
   /// Call it just before the request that grabs the keyboard.
@@ -116,7 +116,7 @@ class X11KeyStream {
   double pressedAt_ = 0;
   bool overlayHasKeyboard_ = false;
   Subscription watch_;
-  /// Runs while events from before the ungrab may still be on their way.
+  /// Runs while events from before the ungrab may still arrive.
   Subscription settling_;
   std::array<Callback, kKeyConsumerCount> consumers_;
   Subscription eventHandler_;

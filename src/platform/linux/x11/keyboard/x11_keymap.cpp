@@ -13,7 +13,7 @@
 namespace rondora::x11 {
 namespace {
 
-/// What all events of the keyboard extension begin with.
+/// The fields with which all events of the keyboard extension begin.
 struct XkbEventHeader {
   std::uint8_t responseType;
   std::uint8_t xkbType;
@@ -75,14 +75,14 @@ void X11Keymap::selectEvents() const {
       kMapParts, kMapParts, &details);
 }
 
-// Once: afterwards the events report changes.
+// Once: afterwards events report the changes.
 void X11Keymap::readHeldModifiers() {
   const auto cookie = xcb_xkb_get_state(connection_.get(), XCB_XKB_ID_USE_CORE_KBD);
   const Reply<xcb_xkb_get_state_reply_t> reply(xcb_xkb_get_state_reply(connection_.get(), cookie, nullptr));
   heldModifiers_ = reply ? reply->baseMods : std::uint8_t{0};
 }
 
-// Never consumes: the toolkit follows the keyboard too.
+// Consumes no event: the toolkit follows the keyboard too.
 bool X11Keymap::handleEvent(const xcb_generic_event_t& event) {
   if (event.response_type == XCB_MAPPING_NOTIFY) {
     if (reinterpret_cast<const xcb_mapping_notify_event_t&>(event).request != XCB_MAPPING_POINTER) markStale();
@@ -107,7 +107,7 @@ bool X11Keymap::handleEvent(const xcb_generic_event_t& event) {
   return false;
 }
 
-// A change of layout comes as a burst of events; read the mapping once after it.
+// A change of layout arrives as a burst of events: read the mapping once, after it.
 void X11Keymap::markStale() {
   if (std::exchange(isStale_, true)) return;
   mainQueue_.async(weakSelf_.bind([](X11Keymap& self) { self.refreshIfStale(); }));

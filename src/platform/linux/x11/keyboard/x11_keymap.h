@@ -31,7 +31,7 @@ struct ModifierMasks {
   friend bool operator==(const ModifierMasks&, const ModifierMasks&) = default;
 
   std::uint16_t locks() const { return static_cast<std::uint16_t>(capsLock | numLock | scrollLock); }
-  /// Every combination of the locks, the empty one first.
+  /// All combinations of the locks, the empty one first.
   std::vector<std::uint16_t> lockCombinations() const;
 };
 
@@ -41,7 +41,7 @@ class X11Keymap {
  public:
   X11Keymap(X11Connection& connection, MainQueue& mainQueue);
 
-  /// Null when the server has none.
+  /// Null when the server has no keymap.
   xkb_keymap* keymap() const { return keymap_.get(); }
   const ModifierMasks& masks() const { return masks_; }
   /// Nothing when the keyboard lacks one of the modifiers; X11 never has Fn.
@@ -53,13 +53,13 @@ class X11Keymap {
   std::uint64_t heldEventFlags() const { return eventFlags(heldModifiers_); }
   bool isModifierKey(xcb_keycode_t key) const { return modifierKeys_[key]; }
 
-  /// The texts that the key types in `state`, the state field of a core event.
+  /// The text that the key types in `state`, the state field of a core event.
   std::string characters(xcb_keycode_t key, std::uint16_t state);
-  /// With Shift as the only modifier.
+  /// As `characters`, with Shift as the only modifier.
   std::string charactersIgnoringModifiers(xcb_keycode_t key, std::uint16_t state);
   KeyEvent keyEvent(KeyEventType type, xcb_keycode_t key, std::uint16_t state, bool isRepeat);
 
-  /// Called after the mapping was read again.
+  /// Called after the mapping has been read again.
   [[nodiscard]] Subscription onChanged(std::function<void()> observer) {
     return changed_.subscribe(std::move(observer));
   }

@@ -18,7 +18,7 @@ bool contains(const PixelRect& outer, const PixelRect& inner) {
   return inner.x >= outer.x && inner.y >= outer.y && inner.right() <= outer.right() && inner.bottom() <= outer.bottom();
 }
 
-// A strut is measured from the edge of the root window, so on an inner monitor it counts only where it reaches into it.
+// A strut is measured from the edge of the root window, so it counts only on a monitor that its edge crosses.
 PixelRect withoutStruts(const PixelRect& monitor, const PixelRect& root, std::span<const Strut> struts) {
   int left = monitor.x;
   int right = monitor.right();

@@ -7,11 +7,11 @@
 
 #include "base/pixel_rect.h"
 
-// Monitors and what panels keep of them, in pixels of the root window.
+// Monitors and the space that desktop panels reserve on them, in pixels of the root window.
 
 namespace rondora::x11 {
 
-/// Space along the edges of the root window that a panel keeps for itself; start and end are inclusive.
+/// Space that a panel reserves along the edges of the root window; start and end are inclusive.
 struct Strut {
   struct Side {
     int thickness = 0;
@@ -31,20 +31,20 @@ struct Strut {
   static Strut fromProperty(std::span<const std::uint32_t> values);
 };
 
-/// What tells how much of the monitors is free, from the surest to the roughest.
+/// The sources for the free part of a monitor, the most reliable first.
 struct WorkAreas {
-  /// One rectangle a monitor, as some window managers give them; those know panels that are part of the desktop shell.
+  /// One rectangle per monitor, as some window managers publish; they know panels that are part of the desktop shell.
   std::vector<PixelRect> ofMonitors;
   std::vector<Strut> struts;
-  /// _NET_WORKAREA of the present desktop, one rectangle for all monitors together: of use where there is one monitor
-  /// or where no panel keeps anything in a way that others can read.
+  /// _NET_WORKAREA of the current desktop, one rectangle for all monitors together: used when there is only one monitor
+  /// or no window has a strut.
   std::optional<PixelRect> ofDesktop;
 };
 
-/// The four values of each rectangle one after the other.
+/// Each rectangle is four values: x, y, width and height.
 std::vector<PixelRect> rectsFromProperty(std::span<const std::uint32_t> values);
 
-/// The part of the monitor that panels leave free; the whole monitor when nothing would be left of it.
+/// The part of the monitor that panels leave free; the whole monitor when they leave nothing.
 PixelRect visibleFrame(const PixelRect& monitor, const PixelRect& root, const WorkAreas& areas);
 
 }  // namespace rondora::x11

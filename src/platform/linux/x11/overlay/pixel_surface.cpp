@@ -11,7 +11,7 @@
 namespace rondora::x11 {
 namespace {
 
-/// A descriptor of that many zero bytes in memory; negative when there are none.
+/// A memory file of that many zero bytes; negative on failure.
 int memoryDescriptor(std::size_t bytes) {
   const int descriptor = memfd_create("rondora-pixels", MFD_CLOEXEC);
   if (descriptor >= 0 && ftruncate(descriptor, static_cast<off_t>(bytes)) != 0) {
@@ -21,7 +21,7 @@ int memoryDescriptor(std::size_t bytes) {
   return descriptor;
 }
 
-// Handing a descriptor to a server across the network would end the connection.
+// Passing a descriptor to a server across the network would end the connection.
 bool canPassDescriptors(xcb_connection_t* connection) {
   sockaddr_storage address{};
   socklen_t length = sizeof(address);
@@ -99,7 +99,7 @@ std::uint32_t PixelSurface::putBySegment(xcb_drawable_t target, xcb_gcontext_t c
   return cookie.sequence;
 }
 
-// As many rows a request as the server takes.
+// Each request carries as many rows as the server accepts.
 std::uint32_t PixelSurface::putByRequests(xcb_drawable_t target, xcb_gcontext_t context, std::uint8_t depth,
                                           const PixelRect& rect) {
   constexpr std::size_t kHeaderBytes = 64;

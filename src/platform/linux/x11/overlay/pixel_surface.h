@@ -15,10 +15,10 @@ namespace rondora::x11 {
 
 enum class PixelTransport { sharedMemory, requests };
 
-/// How pixels get to this server fastest. Asks it once, with a shared page to try.
+/// The fastest way to transfer pixels to this server. Tries one shared page.
 PixelTransport bestTransport(const X11Connection& connection);
 
-/// Pixels that we share with the server: we paint and it copies them into a window, or the other way round.
+/// Pixels shared with the server: painted here and copied into a window, or read from a window by the server.
 class PixelSurface {
  public:
   /// `width` and `height` in pixels, at least 1. Starts transparent.
@@ -31,10 +31,10 @@ class PixelSurface {
   /// Copies `rect`, which lies inside the surface and is not empty, to the same place of the drawable. Not flushed.
   /// Returns the number of the first request.
   std::uint32_t put(xcb_drawable_t target, xcb_gcontext_t context, std::uint8_t depth, const PixelRect& rect);
-  /// Has the server fill the surface with `part`, as large as the surface, of a window; filled when the reply is there.
-  /// Works with shared memory only.
+  /// Has the server copy `part` of a window, which has the surface's size, into the surface; complete when the reply
+  /// has arrived. Works with shared memory only.
   xcb_shm_get_image_cookie_t request(xcb_drawable_t source, const PixelRect& part) const;
-  /// What has at least that alpha (1 to 255), as rectangles sorted by row.
+  /// Collects the pixels of at least that alpha (1 to 255) as rectangles sorted by row.
   void findOpaqueParts(std::uint8_t leastAlpha, std::vector<xcb_rectangle_t>& parts) const;
 
  private:

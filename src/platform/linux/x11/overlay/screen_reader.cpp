@@ -24,7 +24,7 @@ bool hasFamiliarPixels(const X11Connection& connection) {
   return false;
 }
 
-/// XWayland calls its monitors so; the windows are in a place of their own there, and the root window is black.
+/// XWayland names its monitors so; it leaves the root window black and keeps the windows elsewhere.
 bool showsAnotherSystem(const X11Connection& connection) {
   xcb_connection_t* xcb = connection.get();
   const xcb_query_extension_reply_t* extension = xcb_get_extension_data(xcb, &xcb_randr_id);
@@ -60,7 +60,7 @@ std::optional<PixelBuffer> ScreenPiece::pixels() {
   return received_->buffer();
 }
 
-/// Waits for the reply. False when the server refused.
+/// Waits for the reply. Returns false when the server refused.
 bool ScreenPiece::receive() {
   isPending_ = false;
   const Reply<xcb_shm_get_image_reply_t> reply(xcb_shm_get_image_reply(connection_.get(), cookie_, nullptr));
@@ -108,7 +108,7 @@ PixelRect ScreenReader::readRoot() const {
   return root ? PixelRect{0, 0, root->width, root->height} : PixelRect{};
 }
 
-// Where the screen has just become smaller, the server refuses.
+// The server refuses when the screen has just shrunk.
 std::unique_ptr<ScreenPiece> ScreenReader::read(const PixelRect& area) const {
   if (!isReadable_ || std::chrono::steady_clock::now() - lastPanel_ < kUntilRepainted) return nullptr;
   const PixelRect part = intersection(area, root_);

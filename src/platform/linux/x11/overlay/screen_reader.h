@@ -17,7 +17,7 @@
 
 namespace rondora::x11 {
 
-/// A piece of the screen as it was when asked for.
+/// A snapshot of an area of the screen.
 class ScreenPiece {
  public:
   /// Queues the request: neither flushes nor waits. `part` lies inside both the root window and `area`.
@@ -26,11 +26,10 @@ class ScreenPiece {
   ScreenPiece(const ScreenPiece&) = delete;
   ScreenPiece& operator=(const ScreenPiece&) = delete;
 
-  /// The pixels of the whole area, of undefined alpha; beyond the root window those at its edge are repeated. Waits for
-  /// the server the first time. Nothing when it refused.
+  /// The pixels of the whole area, of undefined alpha; outside the root window they repeat those at its edge. Waits for
+  /// the server the first time. Nothing when the server refused.
   std::optional<PixelBuffer> pixels();
-  /// The surface that holds the pixels, for another use; null when none of the area's size does. `pixels` is not called
-  /// afterwards.
+  /// The surface that holds the pixels, for reuse; null when none has the area's size. Do not call `pixels` afterwards.
   std::unique_ptr<PixelSurface> releaseSurface();
 
  private:
@@ -43,20 +42,20 @@ class ScreenPiece {
   std::unique_ptr<PixelSurface> received_;
   xcb_shm_get_image_cookie_t cookie_{};
   bool isPending_ = true;
-  /// Of the area, where it is larger than what was received.
+  /// The whole area, where it extends past the root window.
   std::vector<std::uint32_t> extended_;
 };
 
-/// Reads what the screen shows, where that is quick and tells the truth: from a server on this machine, and not from
-/// one whose root window is empty because another system shows its windows.
+/// Takes snapshots of the screen where that is fast and correct: from a local server whose root window shows the
+/// windows.
 class ScreenReader {
  public:
   ScreenReader(X11Connection& connection, PixelTransport transport);
 
   PixelTransport transport() const { return transport_; }
-  /// Nothing where the screen cannot be read, or would still show a panel of ours.
+  /// Null when the screen cannot be read or would still show a panel of ours.
   std::unique_ptr<ScreenPiece> read(const PixelRect& area) const;
-  /// What was beneath the panel is painted again only after a while.
+  /// The area beneath a panel that went away is repainted only after a while.
   void panelWentAway() { lastPanel_ = std::chrono::steady_clock::now(); }
 
  private:
@@ -65,7 +64,7 @@ class ScreenReader {
   const X11Connection& connection_;
   PixelTransport transport_;
   bool isReadable_;
-  /// Kept up to date by events, so that reading does not begin with a question.
+  /// Follows events, so that a snapshot needs no round trip before it.
   PixelRect root_;
   Subscription rootObserver_;
   std::chrono::steady_clock::time_point lastPanel_{};

@@ -10,7 +10,7 @@
 namespace rondora::x11 {
 namespace {
 
-// Without a snapshot a pixel is either shown or not, and translucent ones fade into this colour.
+// Without a snapshot a pixel is either visible or not, and translucent ones are blended with this colour.
 constexpr std::uint32_t kHardEdge = 0xFF15161A;
 constexpr std::uint8_t kHardEdgeAlpha = 0x90;
 constexpr std::uint8_t kSoftEdgeAlpha = 1;
@@ -44,7 +44,7 @@ void ShapedComposition::applyShape(const X11Connection& connection, xcb_window_t
                        0, 0, static_cast<std::uint32_t>(shape_.size()), shape_.data());
 }
 
-// A compositor re-reads a window whose shape is set, even to none, so a window without one is left alone.
+// A compositor re-reads a window whose shape is set, even to none, so an unshaped window is left alone.
 void ShapedComposition::removeShape(const X11Connection& connection, xcb_window_t window) {
   if (!isShaped_) return;
   isShaped_ = false;

@@ -20,7 +20,8 @@ class ShapedComposition {
   void setSnapshot(const PixelBuffer& snapshot) { snapshot_ = snapshot; }
   bool hasSnapshot() const { return snapshot_.has_value(); }
 
-  /// Makes the premultiplied pixels of `target` inside `rect` opaque but for their alpha.
+  /// Blends the premultiplied pixels of `target` inside `rect` over the snapshot; keeps their alpha, which makes the
+  /// shape.
   void blend(const PixelBuffer& target, const PixelRect& rect) const;
   /// Sets the window's shape to the visible pixels of `surface` where it changed. Not flushed.
   void applyShape(const X11Connection& connection, xcb_window_t window, const PixelSurface& surface);

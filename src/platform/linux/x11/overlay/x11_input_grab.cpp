@@ -32,7 +32,7 @@ X11InputGrab::X11InputGrab(X11Connection& connection, X11KeyStream& keys, MainQu
 }
 
 X11InputGrab::~X11InputGrab() {
-  if (sink_ != nullptr) letGo();
+  if (sink_ != nullptr) ungrab();
   if (heldButtons_.any()) ungrabPointer();
 }
 
@@ -45,8 +45,8 @@ void X11InputGrab::take(InputGrabSink& sink) {
   attempt(connection_.lastEventTime());
 }
 
-// All requests go out, with whatever was asked for before them, before the first answer is awaited. The pointer's place
-// is asked for behind its grab: motion before that was reported to somebody else.
+// All requests go out, behind those already queued, before the first reply is awaited. The pointer is queried after its
+// grab: motion before that went to another client.
 void X11InputGrab::attempt(xcb_timestamp_t time) {
   ++attempts_;
   std::optional<xcb_grab_keyboard_cookie_t> keyboard;
@@ -81,20 +81,20 @@ void X11InputGrab::retryLater() {
   retry_ = mainQueue_.workItem(kRetrySeconds, [this] { retry(); });
 }
 
-// With the current time: another client's grab may be younger than the event that asked for ours.
+// With the current time: the competing grab may be younger than the event behind ours.
 void X11InputGrab::retry() {
   if (attempts_ < (hasPointer_ ? kAttemptsWithPointer : kAttempts)) return attempt(XCB_CURRENT_TIME);
-  letGo();
+  ungrab();
   std::exchange(sink_, nullptr)->grabFailed();
 }
 
-void X11InputGrab::giveBack(const InputGrabSink& sink) {
+void X11InputGrab::release(const InputGrabSink& sink) {
   if (sink_ != &sink) return;
-  letGo();
+  ungrab();
   sink_ = nullptr;
 }
 
-void X11InputGrab::letGo() {
+void X11InputGrab::ungrab() {
   retry_.reset();
   keys_.endOverlay();
   if (std::exchange(hasKeyboard_, false)) xcb_ungrab_keyboard(connection_.get(), XCB_CURRENT_TIME);
@@ -118,8 +118,8 @@ void X11InputGrab::setCursor(xcb_cursor_t cursor) {
   connection_.flush();
 }
 
-// While a grab lasts the focus stays where it is. The toolkit would take its windows for inactive, and for activated
-// again at the end.
+// A grab does not move the focus, but the toolkit would take its windows for inactive and, at the end of the grab, for
+// activated again.
 bool X11InputGrab::handleEvent(const xcb_generic_event_t& event) {
   if (isFocusOfGrab(event)) return true;
   const int type = event.response_type & 0x7F;

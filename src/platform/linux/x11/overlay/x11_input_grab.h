@@ -11,40 +11,40 @@
 
 namespace rondora::x11 {
 
-/// Who the grabbed pointer is reported to, in pixels of the root window.
+/// Receives the events of the grabbed pointer, in pixels of the root window.
 class InputGrabSink {
  public:
   virtual ~InputGrabSink() = default;
 
-  /// Also told once when the pointer has been grabbed: where it is then.
+  /// Also called once when the pointer has been grabbed, with its position.
   virtual void grabbedPointerMoved(int x, int y) = 0;
   virtual void grabbedButtonPressed(int x, int y, xcb_button_t button) = 0;
-  /// Keyboard or pointer stayed with another client; nothing is held any more.
+  /// Another client kept keyboard or pointer; nothing is grabbed any more.
   virtual void grabFailed() = 0;
 };
 
-/// Keyboard and pointer of the whole screen, always both: active grabs on the root window, so neither the size of a
-/// window nor Enter and Leave matter. Keys go by X11KeyStream. Main thread.
+/// Grabs keyboard and pointer together, on the root window, so that neither the size of a window nor Enter and Leave
+/// matter. X11KeyStream delivers the keys. Main thread.
 class X11InputGrab {
  public:
   X11InputGrab(X11Connection& connection, X11KeyStream& keys, MainQueue& mainQueue);
   ~X11InputGrab();
 
-  /// Takes the place of whoever had the grab. Asks with the time of the last event; while another client holds one of
-  /// the two, asks again for about 0.2 s before `grabFailed`, and for about 3 s when only the keyboard is missing: the
-  /// key of another client's hotkey gives it back when it goes up.
+  /// Replaces an earlier sink. The first attempt names the time of the last event. While another client holds one of
+  /// the two, retries for about 0.2 s before `grabFailed`; for about 3 s when only the keyboard is missing, because the
+  /// key of another client's hotkey ends that client's grab when it is released.
   void take(InputGrabSink& sink);
-  /// Does nothing when `sink` no longer has the grab. A mouse button that is down stays ours until it is released, so
-  /// that no other window sees half a click.
-  void giveBack(const InputGrabSink& sink);
-  /// The pointer's look while it is grabbed.
+  /// Does nothing when `sink` no longer has the grab. The pointer stays grabbed until all mouse buttons are up, so that
+  /// no other window receives half a click.
+  void release(const InputGrabSink& sink);
+  /// The shape of the pointer during the grab.
   void setCursor(xcb_cursor_t cursor);
 
  private:
   void attempt(xcb_timestamp_t time);
   void retryLater();
   void retry();
-  void letGo();
+  void ungrab();
   void ungrabPointer();
   bool handleEvent(const xcb_generic_event_t& event);
   void handleRelease(xcb_button_t button);
@@ -58,7 +58,7 @@ class X11InputGrab {
   bool hasPointer_ = false;
   int attempts_ = 0;
   Subscription retry_;
-  /// Buttons that must go up before the pointer is given back.
+  /// Buttons that must go up before the pointer is ungrabbed.
   std::bitset<256> heldButtons_;
   Subscription eventHandler_;
 };

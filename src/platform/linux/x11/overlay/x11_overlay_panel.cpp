@@ -8,9 +8,9 @@
 namespace rondora::x11 {
 namespace {
 
-// Larger than any ring is drawn, small enough for the protocol and for memory.
+// Larger than any ring, within the limits of protocol and memory.
 constexpr int kMaxSide = 4096;
-// Another program that insists on being on top as we do must not keep both busy for ever.
+// Ends the contest with another program that keeps raising its window too.
 constexpr int kMaxRaises = 100;
 
 constexpr std::uint8_t kLeftButton = 1;
@@ -51,14 +51,14 @@ X11OverlayPanel::~X11OverlayPanel() {
   rootSelection_.reset();
   xcb_connection_t* xcb = resources_.connection.get();
   xcb_unmap_window(xcb, window_);
-  resources_.inputGrab.giveBack(*this);
+  resources_.inputGrab.release(*this);
   xcb_free_gc(xcb, context_);
   xcb_destroy_window(xcb, window_);
   resources_.connection.flush();
   if (isShown_) resources_.screenReader.panelWentAway();
 }
 
-// No background on a plain visual: the server would paint a black square before the picture comes.
+// No background without alpha: the server would paint a black square before the picture arrives.
 void X11OverlayPanel::createWindow() {
   xcb_connection_t* xcb = resources_.connection.get();
   window_ = xcb_generate_id(xcb);
@@ -119,7 +119,7 @@ void X11OverlayPanel::dirtyWhole() {
   dirty_.add({{0, 0}, {frame_.width * factor, frame_.height * factor}});
 }
 
-// A hidden window keeps no pixels: they are put as a whole when it is shown.
+// A hidden window keeps no pixels; showing it puts all of them.
 void X11OverlayPanel::display() {
   paintDirty();
   if (isShown_) {
@@ -129,7 +129,7 @@ void X11OverlayPanel::display() {
   dirty_.clear();
 }
 
-/// The picture was prepared while the server answered.
+/// Waits for the server only now, after the picture was prepared.
 void X11OverlayPanel::setBackdrop() {
   hasBackdrop_ = true;
   const auto snapshot = beneath_ ? beneath_->pixels() : std::nullopt;
@@ -168,12 +168,12 @@ void X11OverlayPanel::put(const PixelRect& rect) {
   if (!rect.isEmpty()) surface_->put(window_, context_, resources_.depth, rect);
 }
 
-// Mapping a window costs a compositor most of what showing it does. Without a picture it is transparent, so it is
-// mapped when it is made, and the compositor works while the picture is painted.
+// Mapping is most of what showing a window costs a compositor. Without a picture the window is transparent, so it is
+// mapped at once, and the compositor works while the picture is painted.
 void X11OverlayPanel::map() {
   if (std::exchange(isMapped_, true)) return;
   raise();
-  rootSelection_ = resources_.connection.selectRootEventsMeanwhile(XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
+  rootSelection_ = resources_.connection.selectRootEventsTemporarily(XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
   xcb_map_window(resources_.connection.get(), window_);
 }
 
@@ -190,7 +190,7 @@ void X11OverlayPanel::makeKey() {
   const auto prepareChanges = weakSelf_.bind([](X11OverlayPanel& self) {
     if (self.picture_) self.picture_->prepareChanges();
   });
-  resources_.inputGrab.take(*this);  // reports the pointer, at which the panel may be destroyed
+  resources_.inputGrab.take(*this);  // reports the pointer; the sink may destroy the panel
   prepareChanges();
 }
 
@@ -251,7 +251,7 @@ bool X11OverlayPanel::handleEvent(const xcb_generic_event_t& event) {
     case XCB_EXPOSE: {
       const auto& expose = reinterpret_cast<const xcb_expose_event_t&>(event);
       if (expose.window != window_) return false;
-      // One that the server sent before it got to the latest picture says nothing new.
+      // An event sent before the server handled the latest full put needs no repaint.
       const bool isNew = static_cast<std::int32_t>(event.full_sequence - wholePut_) >= 0;
       if (isShown_ && isNew) put({expose.x, expose.y, expose.width, expose.height});
       resources_.connection.flush();
@@ -271,13 +271,13 @@ bool X11OverlayPanel::handleEvent(const xcb_generic_event_t& event) {
   }
 }
 
-/// Only our own windows know where the panel is and have a reason to be above it.
+/// Only windows of this program may cover the panel: they know where it is.
 bool X11OverlayPanel::mayBeCoveredBy(xcb_window_t window) const {
   const xcb_setup_t& setup = *xcb_get_setup(resources_.connection.get());
   return (window & ~setup.resource_id_mask) == setup.resource_id_base;
 }
 
-// The server says of windows with an alpha channel that nothing covers them, so VisibilityNotify would not do.
+// The server reports a window with alpha as unobscured at all times, so VisibilityNotify is of no use.
 void X11OverlayPanel::raiseAgain() {
   if (!isMapped_ || raisesLeft_-- <= 0) return;
   raise();

@@ -35,9 +35,9 @@ struct OverlayResources {
   bool hasAlpha = false;
 };
 
-/// A bare window that the window manager never sees, painted from an image; keyboard and pointer come by grab. Without
-/// a compositor the window has the shape of the ring, and what shines through it is what the screen showed beneath when
-/// the panel was made; where that cannot be read, the ring has a hard and dark edge.
+/// A window that bypasses the window manager, painted from an image; keyboard and pointer come by grab. Without a
+/// compositor the window has the shape of the ring, blended with a snapshot of the screen taken when the panel was
+/// made; where the screen cannot be read, the ring has a hard, dark edge.
 class X11OverlayPanel : public OverlayPanel, private InputGrabSink {
  public:
   X11OverlayPanel(const OverlayResources& resources, const Rect& frame, OverlayPanelSink& sink);
@@ -85,7 +85,7 @@ class X11OverlayPanel : public OverlayPanel, private InputGrabSink {
   PixelRect frame_;
   xcb_window_t window_ = XCB_WINDOW_NONE;
   xcb_gcontext_t context_ = 0;
-  /// Made before the window, which must not be seen in it; kept only where we have to compose it ourselves.
+  /// Requested before the window is made, which must not be in it; kept only without a compositor.
   std::unique_ptr<ScreenPiece> beneath_;
   bool hasBackdrop_ = false;
   std::unique_ptr<PixelSurface> surface_;
@@ -97,11 +97,11 @@ class X11OverlayPanel : public OverlayPanel, private InputGrabSink {
   DirtyRects dirty_;
   bool isMapped_ = false;
   bool isShown_ = false;
-  /// The request number of the latest put of the whole window.
+  /// The sequence number of the latest put of the whole window.
   std::uint32_t wholePut_ = 0;
   int raisesLeft_;
   Subscription compositorObserver_;
-  /// Tells of windows that come to lie above the panel.
+  /// Reports windows that come to lie above the panel.
   Subscription rootSelection_;
   Subscription eventHandler_;
   WeakSelf<X11OverlayPanel> weakSelf_{this};
@@ -112,7 +112,7 @@ class X11OverlayPanels : public OverlayPanels {
   X11OverlayPanels(X11Connection& connection, X11InputGrab& inputGrab, PictureRasterizer& rasterizer);
   ~X11OverlayPanels() override;
 
-  /// The style's numbers are met by every panel: above all windows, on every desktop, never active.
+  /// Every panel satisfies the style: above all windows, on every desktop, never active.
   std::unique_ptr<OverlayPanel> makePanel(const OverlayPanelStyle& style, const Rect& frame,
                                           OverlayPanelSink& sink) override;
   void warmUp(Picture picture) override;

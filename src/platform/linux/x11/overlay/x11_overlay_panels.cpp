@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::uint8_t kAlphaDepth = 32;
 
-/// 0 when the screen has none.
+/// 0 when the screen has no visual with alpha.
 xcb_visualid_t alphaVisual(const xcb_screen_t& screen) {
   for (auto depth = xcb_screen_allowed_depths_iterator(&screen); depth.rem > 0; xcb_depth_next(&depth)) {
     if (depth.data->depth != kAlphaDepth) continue;

@@ -12,7 +12,7 @@ namespace {
 /// Longer than the handling of a key press, shorter than a deliberate movement.
 constexpr double kFreshSeconds = 0.05;
 
-/// The first of the names that the user's cursor theme knows.
+/// Loads the first of the names that the user's cursor theme has.
 xcb_cursor_t loadCursor(xcb_cursor_context_t* context, std::initializer_list<const char*> names) {
   for (const char* name : names) {
     if (const xcb_cursor_t cursor = xcb_cursor_load_cursor(context, name); cursor != XCB_CURSOR_NONE) return cursor;

@@ -12,7 +12,7 @@
 
 namespace rondora::x11 {
 
-/// Takes the pointer's position from the key event that was handled just now, else from the server.
+/// Takes the pointer's position from the key press that was just handled, otherwise from the server.
 class X11Pointer : public Pointer {
  public:
   /// Arguments must outlive the object.

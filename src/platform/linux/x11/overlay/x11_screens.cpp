@@ -10,14 +10,14 @@
 namespace rondora::x11 {
 namespace {
 
-// What the toolkit selects too: the mask of the connection is replaced as a whole.
+// Includes the toolkit's selection: a request replaces the connection's whole mask.
 constexpr std::uint16_t kRandrEvents = XCB_RANDR_NOTIFY_MASK_SCREEN_CHANGE | XCB_RANDR_NOTIFY_MASK_CRTC_CHANGE |
                                        XCB_RANDR_NOTIFY_MASK_OUTPUT_CHANGE | XCB_RANDR_NOTIFY_MASK_OUTPUT_PROPERTY;
 
-/// A window that comes or goes changes several properties.
+/// A window that opens or closes changes several properties.
 constexpr double kSettlingSeconds = 0.2;
 
-/// One rectangle a monitor, set by window managers of one family; there is one such property a desktop.
+/// One rectangle per monitor, published by some window managers, in one property per desktop.
 constexpr const char* kWorkAreasOfDesktop0 = "_GTK_WORKAREAS_D0";
 
 bool hasMonitorsRequest(xcb_connection_t* connection) {
@@ -71,7 +71,7 @@ bool X11Screens::handleEvent(const xcb_generic_event_t& event) {
   return false;
 }
 
-/// Of the root window, or of a window that keeps space for itself.
+/// True for properties of the root window or of a panel that affect the work areas.
 bool X11Screens::isAboutPanels(xcb_atom_t property) const {
   static constexpr const char* kNames[] = {"_NET_CLIENT_LIST",      "_NET_WORKAREA", "_NET_CURRENT_DESKTOP",
                                            "_NET_WM_STRUT_PARTIAL", "_NET_WM_STRUT", kWorkAreasOfDesktop0};
@@ -79,7 +79,7 @@ bool X11Screens::isAboutPanels(xcb_atom_t property) const {
                      [&](const char* name) { return property == connection_.atom(name); });
 }
 
-// Windows come and go all the time, and the next who asks for the work areas is somebody who opens a ring.
+// Windows open and close all the time: re-read while idle, so that opening a ring need not wait.
 void X11Screens::forgetWorkAreas() {
   workAreas_.reset();
   reading_ = mainQueue_.workItem(kSettlingSeconds, weakSelf_.bind([](X11Screens& self) {
@@ -87,7 +87,7 @@ void X11Screens::forgetWorkAreas() {
   }));
 }
 
-// One change of the monitors comes as several events.
+// One change of the monitors arrives as several events.
 void X11Screens::markMonitorsStale() {
   if (std::exchange(monitorsAreStale_, true)) return;
   mainQueue_.async(weakSelf_.bind([](X11Screens& self) { self.compareMonitors(); }));
@@ -140,7 +140,7 @@ WorkAreas X11Screens::readWorkAreas() const {
           ofDesktops[desktop]};
 }
 
-// All windows are asked before the first answer is awaited.
+// All requests go out before the first reply is awaited.
 std::vector<Strut> X11Screens::readStruts() const {
   const auto windows =
       connection_.property32(connection_.root(), connection_.atom("_NET_CLIENT_LIST"), XCB_ATOM_WINDOW);
@@ -168,12 +168,12 @@ std::vector<Strut> X11Screens::readStruts() const {
     watchesMore = watch(windows[i / 2]) || watchesMore;
     if (const Strut strut = Strut::fromProperty(values); !strut.isEmpty()) struts.push_back(strut);
   }
-  // What changed before the watch began is told by nobody.
+  // A property may have changed before its watch began: read again.
   return watchesMore ? readStruts() : struts;
 }
 
-/// A panel that changes what it keeps changes nothing else that we would hear of. Only panels have such a property, so
-/// this is no window of the toolkit's, whose selection it would replace; it may be gone by now.
+/// A changed strut shows only on the panel itself. Only panels have struts, so this is no window of the toolkit's,
+/// whose selection the request would replace; the window may be gone by now.
 bool X11Screens::watch(xcb_window_t panel) const {
   if (!watched_.insert(panel).second) return false;
   constexpr std::uint32_t kMask = XCB_EVENT_MASK_PROPERTY_CHANGE;

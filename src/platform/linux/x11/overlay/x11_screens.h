@@ -14,8 +14,8 @@
 
 namespace rondora::x11 {
 
-/// The monitors of RandR; the visible frames leave out what the panels of the desktop keep. What was asked once is kept
-/// until the server tells of a change.
+/// The monitors as RandR reports them; the visible frames exclude the space that desktop panels reserve. Cached until
+/// the server reports a change.
 class X11Screens : public Screens {
  public:
   X11Screens(X11Connection& connection, MainQueue& mainQueue);
@@ -43,7 +43,7 @@ class X11Screens : public Screens {
   bool isAboutPanels(xcb_atom_t property) const;
   WorkAreas readWorkAreas() const;
   std::vector<Strut> readStruts() const;
-  /// False when it is watched already.
+  /// False when the panel is watched already.
   bool watch(xcb_window_t panel) const;
   Screen screen(const Monitor& monitor) const;
   Rect inPoints(const PixelRect& rect) const;

@@ -17,16 +17,16 @@ namespace {
 
 constexpr char kEndsInOrder = 'e';
 
-// The server may still have requests of the dead program before it.
-constexpr int kLooks = 3;
+// The server may still have requests of the dead program queued.
+constexpr int kPasses = 3;
 constexpr timespec kPause{0, 50'000'000};
 
-/// True for a word, false for the end without one.
-bool waitForWord(int descriptor) {
-  char word = 0;
+/// True on the exit byte, false on EOF.
+bool waitForExitByte(int descriptor) {
+  char byte = 0;
   ssize_t count = 0;
   do {
-    count = read(descriptor, &word, 1);
+    count = read(descriptor, &byte, 1);
   } while (count < 0 && errno == EINTR);
   return count == 1;
 }
@@ -36,27 +36,27 @@ void releaseKeys() {
   if (xcb_connection_has_error(connection.get()) != 0) return;
   XTestKeyboard keyboard(connection.get());
   if (!keyboard.available()) return;
-  for (int look = 0; look < kLooks; ++look) {
-    if (look > 0) nanosleep(&kPause, nullptr);
+  for (int pass = 0; pass < kPasses; ++pass) {
+    if (pass > 0) nanosleep(&kPause, nullptr);
     keyboard.releaseAll();
   }
 }
 
-/// Whatever asks the program to end asks its whole group; the guard ends after it.
-void ignoreRequestsToEnd() {
+/// A signal that ends the program goes to its whole process group; the guard must end after the program.
+void ignoreTerminationSignals() {
   for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT}) std::signal(signal, SIG_IGN);
 }
 
 [[noreturn]] void guard(int descriptor) {
-  ignoreRequestsToEnd();
+  ignoreTerminationSignals();
   prctl(PR_SET_NAME, "rondora-keys");
-  if (!waitForWord(descriptor)) releaseKeys();
+  if (!waitForExitByte(descriptor)) releaseKeys();
   _exit(0);
 }
 
 }  // namespace
 
-// Forks twice: a guard that is nobody's child leaves no zombie behind.
+// Double fork: the guard is reparented and leaves no zombie.
 SyntheticKeyGuard::SyntheticKeyGuard() {
   int ends[2];
   if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) != 0) return;
@@ -67,14 +67,14 @@ SyntheticKeyGuard::SyntheticKeyGuard() {
     guard(ends[0]);
   }
   close(ends[0]);
-  wordOfTheProgram_ = ends[1];
+  exitByteEnd_ = ends[1];
   if (child > 0) waitpid(child, nullptr, 0);
 }
 
 SyntheticKeyGuard::~SyntheticKeyGuard() {
-  if (wordOfTheProgram_ < 0) return;
-  send(wordOfTheProgram_, &kEndsInOrder, 1, MSG_NOSIGNAL);  // the guard may have been killed
-  close(wordOfTheProgram_);
+  if (exitByteEnd_ < 0) return;
+  send(exitByteEnd_, &kEndsInOrder, 1, MSG_NOSIGNAL);  // the guard may have been killed
+  close(exitByteEnd_);
 }
 
 }  // namespace rondora::x11

@@ -5,7 +5,7 @@
 namespace rondora::x11 {
 namespace {
 
-// Each further round follows a key that the user pressed or released during the one before.
+// Each further round follows a key that the user pressed or released during the previous one.
 constexpr int kMaxRounds = 16;
 
 template <class Function>
@@ -24,7 +24,7 @@ void SyntheticTyping::down(std::shared_ptr<const ModifierKeys> keys, const Synth
   keys_ = std::move(keys);
   const KeyboardLook look = lookWithoutLockKeys();
   const KeySet held = look.logical | look.synthetic;
-  letGo(held & keys_->holding);
+  releaseHeld(held & keys_->holding);
   if (held[keystroke.key] && !keys_->holding[keystroke.key]) keyboard_.releaseUnseen(keystroke.key);
 
   const Chord chord = keys_->chordFor(keystroke.modifiers, unsuitableKeys(look).set(keystroke.key));
@@ -37,7 +37,7 @@ void SyntheticTyping::down(std::shared_ptr<const ModifierKeys> keys, const Synth
   keyboard_.press(keystroke.key);
 }
 
-// The user's release of the same key would end ours; and two keys at once switch sticky keys off.
+// The user's release of the same key would end ours; and two keys down at once turn sticky keys off.
 KeySet SyntheticTyping::unsuitableKeys(const KeyboardLook& look) {
   return look.stickyKeys ? KeySet().set() : look.physical;
 }
@@ -52,7 +52,7 @@ KeyboardLook SyntheticTyping::lookWithoutLockKeys() {
   return look;
 }
 
-void SyntheticTyping::letGo(const KeySet& keys) {
+void SyntheticTyping::releaseHeld(const KeySet& keys) {
   touched_ |= keys;
   forEachKey(keys, [this](xcb_keycode_t key) { keyboard_.release(key); });
 }
@@ -67,12 +67,12 @@ void SyntheticTyping::up() {
     touched_.set(*key);
   }
   const KeyboardLook look = lookWithoutLockKeys();
-  giveBackLocks(typed, look.lockedMask);
+  restoreLocks(typed, look.lockedMask);
   if (correct(look)) settle();
 }
 
 // A lock that the user toggled during the keystroke is toggled from its earlier state.
-void SyntheticTyping::giveBackLocks(const Typed& typed, std::uint8_t locked) {
+void SyntheticTyping::restoreLocks(const Typed& typed, std::uint8_t locked) {
   const int toggled = (locked ^ typed.during) & keys_->toggledMask;
   const std::uint8_t wanted = maskOf(typed.before ^ toggled);
   const std::uint8_t changed = maskOf((locked ^ wanted) & ~keys_->numLockMask);
@@ -85,10 +85,10 @@ void SyntheticTyping::settle() {
   }
 }
 
-// False when nothing needed a correction.
+// Returns false when nothing needed correction.
 bool SyntheticTyping::correct(const KeyboardLook& look) {
   const bool followed = followReleases(look);
-  const bool gaveBack = giveBackKeys(look);
+  const bool gaveBack = restoreKeys(look);
   if (!followed && !gaveBack) touched_ &= look.synthetic;
   return followed || gaveBack;
 }
@@ -100,7 +100,7 @@ bool SyntheticTyping::followReleases(const KeyboardLook& look) {
 }
 
 // A lock key would toggle once more, and with sticky keys a modifier would outlive its release.
-bool SyntheticTyping::giveBackKeys(const KeyboardLook& look) {
+bool SyntheticTyping::restoreKeys(const KeyboardLook& look) {
   const KeySet missing = touched_ & look.physical & ~look.logical & ~keys_->locking;
   const bool canGiveBack = !look.stickyKeys && keys_->canBeHeldTogether(look.physical & keys_->holding);
   if (missing.none() || !canGiveBack) return false;

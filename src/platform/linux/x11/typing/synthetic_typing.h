@@ -8,8 +8,8 @@
 
 namespace rondora::x11 {
 
-/// The state of the server's keyboards. The parts are read one after the other: the user may press or release a key
-/// between two reads.
+/// The state of the server's keyboards. Its parts are read by several requests: the user may press or release a key
+/// between two of them.
 struct KeyboardLook {
   /// Down in the merged keyboard that applications see.
   KeySet logical;
@@ -20,7 +20,7 @@ struct KeyboardLook {
   /// X masks.
   std::uint8_t lockedMask = 0;
   std::uint8_t latchedMask = 0;
-  /// A modifier that is tapped stays for the next key.
+  /// A tapped modifier applies to the next key.
   bool stickyKeys = false;
 };
 
@@ -48,50 +48,52 @@ struct SyntheticKeystroke {
   std::uint8_t lockedMask = 0;
 };
 
-/// Types a key while the user may hold others, and restores the user's state: a key is down for applications when the
-/// user holds it, a lock is on when the user set it. Any thread, one call at a time.
+/// Types a key while the user may hold others, and restores the user's state: applications see a key as down when the
+/// user holds it, and a lock as on when the user set it. Any thread, one call at a time.
 ///
-/// The server merges its keyboards: a key goes down for the applications when the first of them presses it, and up when
-/// the first of them releases it. So a fake release lets go of a key that the user holds, and a fake press restores it;
-/// then both keyboards hold the key. The user's release ends it for applications, and the XTEST keyboard, which then
-/// holds it alone, must follow (`settle`).
+/// The server merges its keyboards: applications see a key go down when the first of them presses it, and up when the
+/// first of them releases it. So a fake release releases a key that the user holds, and a fake press restores it; then
+/// both keyboards hold the key. The user's release ends it for applications, and the XTEST keyboard, which then holds
+/// it alone, must follow (`settle`).
 class SyntheticTyping {
  public:
   /// `keyboard` must outlive the object.
   explicit SyntheticTyping(SyntheticKeyboard& keyboard) : keyboard_(keyboard) {}
 
-  /// Presses the key; ends an earlier keystroke first. One look, or two when the user holds a key that toggles a lock.
+  /// Presses the key; ends an earlier keystroke first. Reads the state once, twice when the user holds a key that
+  /// toggles a lock.
   void down(std::shared_ptr<const ModifierKeys> keys, const SyntheticKeystroke& keystroke);
-  /// Releases it and restores the keys and locks of the user. One look, and one more after each correction.
+  /// Releases it and restores the keys and locks of the user. Reads the state once, and once more after each
+  /// correction.
   void up();
-  /// Follows releases by the user. Call it when a key was released while `isHolding`.
+  /// Follows releases by the user. Call it when a key is released while `isHolding`.
   void settle();
   /// The XTEST keyboard still holds a key for the user.
   bool isHolding() const { return touched_.any(); }
-  /// Releases all keys of ours; a modifier that the user holds goes up too.
+  /// Releases all keys pressed here; a modifier that the user holds goes up too.
   void finish();
 
  private:
   struct Typed {
     xcb_keycode_t key = 0;
     Chord chord;
-    /// Locks before the keystroke, and as set for it.
+    /// The locks before the keystroke, and as set for it.
     std::uint8_t before = 0;
     std::uint8_t during = 0;
   };
 
   static KeySet unsuitableKeys(const KeyboardLook& look);
   KeyboardLook lookWithoutLockKeys();
-  void letGo(const KeySet& keys);
-  void giveBackLocks(const Typed& typed, std::uint8_t locked);
+  void releaseHeld(const KeySet& keys);
+  void restoreLocks(const Typed& typed, std::uint8_t locked);
   bool correct(const KeyboardLook& look);
   bool followReleases(const KeyboardLook& look);
-  bool giveBackKeys(const KeyboardLook& look);
+  bool restoreKeys(const KeyboardLook& look);
 
   SyntheticKeyboard& keyboard_;
   std::shared_ptr<const ModifierKeys> keys_;
   std::optional<Typed> typed_;
-  /// Modifier keys that we pressed or released and that do not match the user's state yet.
+  /// Modifier keys pressed or released here that do not match the user's state yet.
   KeySet touched_;
 };
 

@@ -8,7 +8,7 @@ namespace {
 /// Event flag of Caps Lock.
 constexpr std::uint64_t kAlphaShift = 0x10000;
 
-// By Modifier.
+// Indexed by Modifier.
 constexpr std::uint64_t kFlags[] = {event_flags::kControl, event_flags::kOption, event_flags::kShift,
                                     event_flags::kCommand};
 

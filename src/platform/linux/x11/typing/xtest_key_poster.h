@@ -14,15 +14,15 @@
 
 namespace rondora::x11 {
 
-/// Types through the XTEST extension, on the connection that also holds our grabs: a grab released before a key is
-/// posted no longer takes it. Main thread only; X11 has no shortcuts for spaces that another thread would press.
+/// Types through the XTEST extension, on the connection that also holds the grabs: an ungrab takes effect before the
+/// key posted after it. Main thread only; X11 has no shortcuts for spaces that another thread would press.
 class XTestKeyPoster final : public KeyEventPoster {
  public:
   /// Arguments must outlive the object. Releases keys that an earlier run left pressed.
   XTestKeyPoster(X11Connection& connection, X11Keymap& keymap, X11KeyStream& keys, RawKeyReleases& rawReleases);
   ~XTestKeyPoster() override;
 
-  /// The server can make fake events.
+  /// The server has the XTEST extension and the keyboard extensions that typing needs.
   bool available() const { return keyboard_.available(); }
 
   std::optional<SyntheticKeyEvent> makeKeyEvent(KeyEventSourceState source, std::uint16_t keyCode, bool isDown,

@@ -13,10 +13,10 @@
 namespace rondora::x11 {
 namespace {
 
-// The server names the keyboard that core XTEST requests come from "<master> XTEST keyboard".
+// The server names the keyboard behind core XTEST requests "<master> XTEST keyboard".
 constexpr std::string_view kSyntheticNameEnd = "XTEST keyboard";
 constexpr std::uint8_t kEveryModifier = 0xFF;
-// The first look at all finds no keyboards yet, later ones seldom find others.
+// The first read knows no keyboards yet; later ones seldom find new ones.
 constexpr int kAttempts = 4;
 
 bool hasExtension(xcb_connection_t* connection, xcb_extension_t& extension) {
@@ -38,7 +38,7 @@ KeySet keySet(const std::uint8_t (&bits)[32]) {
   return keys;
 }
 
-/// Empty for a device that is gone.
+/// Empty when the device is gone.
 KeySet keysOf(xcb_connection_t* connection, xcb_input_query_device_state_cookie_t cookie) {
   const Reply<xcb_input_query_device_state_reply_t> reply(
       xcb_input_query_device_state_reply(connection, cookie, nullptr));
@@ -63,8 +63,8 @@ XTestKeyboard::XTestKeyboard(xcb_connection_t* connection)
 }
 
 // All requests go out before the first reply is awaited.
-struct XTestKeyboard::Questions {
-  Questions(xcb_connection_t* connection, const Devices& known)
+struct XTestKeyboard::Requests {
+  Requests(xcb_connection_t* connection, const Devices& known)
       : keymap(xcb_query_keymap(connection)),
         synthetic(xcb_input_query_device_state(connection, known.synthetic)),
         physical(ask(connection, known.physical)),
@@ -91,28 +91,28 @@ KeyboardLook XTestKeyboard::look() {
   KeyboardLook look;
   for (int attempt = 0; attempt < kAttempts; ++attempt) {
     look = {};
-    Devices present = answer(Questions(connection_, devices_), look);
+    Devices present = receive(Requests(connection_, devices_), look);
     if (std::exchange(devices_, present) == present) break;
   }
   return look;
 }
 
-/// Returns the present keyboards.
-XTestKeyboard::Devices XTestKeyboard::answer(const Questions& questions, KeyboardLook& look) const {
-  const Reply<xcb_query_keymap_reply_t> keymap(xcb_query_keymap_reply(connection_, questions.keymap, nullptr));
+/// Returns the current keyboards.
+XTestKeyboard::Devices XTestKeyboard::receive(const Requests& requests, KeyboardLook& look) const {
+  const Reply<xcb_query_keymap_reply_t> keymap(xcb_query_keymap_reply(connection_, requests.keymap, nullptr));
   if (keymap) look.logical = keySet(keymap->keys);
-  look.synthetic = keysOf(connection_, questions.synthetic);
-  for (const auto& cookie : questions.physical) look.physical |= keysOf(connection_, cookie);
-  const Reply<xcb_xkb_get_state_reply_t> state(xcb_xkb_get_state_reply(connection_, questions.state, nullptr));
+  look.synthetic = keysOf(connection_, requests.synthetic);
+  for (const auto& cookie : requests.physical) look.physical |= keysOf(connection_, cookie);
+  const Reply<xcb_xkb_get_state_reply_t> state(xcb_xkb_get_state_reply(connection_, requests.state, nullptr));
   if (state) {
     look.lockedMask = state->lockedMods;
     look.latchedMask = state->latchedMods;
   }
   const Reply<xcb_xkb_get_controls_reply_t> controls(
-      xcb_xkb_get_controls_reply(connection_, questions.controls, nullptr));
+      xcb_xkb_get_controls_reply(connection_, requests.controls, nullptr));
   look.stickyKeys = controls && (controls->enabledControls & XCB_XKB_BOOL_CTRL_STICKY_KEYS) != 0;
   const Reply<xcb_input_xi_query_device_reply_t> devices(
-      xcb_input_xi_query_device_reply(connection_, questions.devices, nullptr));
+      xcb_input_xi_query_device_reply(connection_, requests.devices, nullptr));
   return state && devices ? slavesOf(state->deviceID, *devices) : devices_;
 }
 
@@ -137,7 +137,7 @@ void XTestKeyboard::fake(std::uint8_t type, xcb_keycode_t key) const {
 void XTestKeyboard::press(xcb_keycode_t key) { fake(XCB_KEY_PRESS, key); }
 void XTestKeyboard::release(xcb_keycode_t key) { fake(XCB_KEY_RELEASE, key); }
 
-// The event goes to the client that has grabbed the keyboard: for this moment us, unless another client has it.
+// The event goes to the client that has grabbed the keyboard: this program, unless another client holds a grab.
 void XTestKeyboard::releaseUnseen(xcb_keycode_t key) {
   const auto grab =
       xcb_grab_keyboard(connection_, 0, root_, XCB_CURRENT_TIME, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
@@ -146,7 +146,7 @@ void XTestKeyboard::releaseUnseen(xcb_keycode_t key) {
   xcb_discard_reply(connection_, grab.sequence);
 }
 
-// The server refuses locks that are not affected.
+// The server refuses values for locks that are not affected.
 void XTestKeyboard::setLocks(std::uint8_t affected, std::uint8_t locked) {
   xcb_xkb_latch_lock_state(connection_, XCB_XKB_ID_USE_CORE_KBD, affected, affected & locked, 0, 0, 0, 0, 0);
 }

@@ -16,10 +16,10 @@ class XTestKeyboard final : public SyntheticKeyboard {
   /// Does not own the connection.
   explicit XTestKeyboard(xcb_connection_t* connection);
 
-  /// The server has the extensions that this needs.
+  /// The server has the extensions that typing needs.
   bool available() const { return available_; }
 
-  /// One round trip, two when keyboards were plugged in or out since the last look.
+  /// One round trip; two when a keyboard was plugged or unplugged since the last call.
   KeyboardLook look() override;
   void press(xcb_keycode_t key) override;
   void release(xcb_keycode_t key) override;
@@ -27,19 +27,19 @@ class XTestKeyboard final : public SyntheticKeyboard {
   void setLocks(std::uint8_t affected, std::uint8_t locked) override;
   void clearLatches() override;
 
-  /// Releases every key of the XTEST keyboard and waits for the server. True when there was one.
+  /// Releases every key of the XTEST keyboard and waits for the server. True when one was down.
   bool releaseAll();
 
  private:
-  struct Questions;
-  /// Slaves of the core keyboard, by device id; 0 stands for none.
+  struct Requests;
+  /// Slaves of the core keyboard, by device id; 0 for none.
   struct Devices {
     std::uint8_t synthetic = 0;
     std::vector<std::uint8_t> physical;
     friend bool operator==(const Devices&, const Devices&) = default;
   };
 
-  Devices answer(const Questions& questions, KeyboardLook& look) const;
+  Devices receive(const Requests& requests, KeyboardLook& look) const;
   static Devices slavesOf(std::uint8_t master, const xcb_input_xi_query_device_reply_t& list);
   void fake(std::uint8_t type, xcb_keycode_t key) const;
 

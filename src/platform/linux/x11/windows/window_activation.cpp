@@ -22,7 +22,7 @@ void raiseAndFocus(const X11Connection& connection, xcb_window_t window) {
 
 }  // namespace
 
-// A window manager that ended may leave the property on the root, but not its own window.
+// A window manager that ended may leave the property on the root window, but not the window that it names.
 bool hasWindowManager(const X11Connection& connection) {
   const xcb_atom_t name = connection.atom("_NET_SUPPORTING_WM_CHECK");
   const auto window = connection.property32(connection.root(), name, XCB_ATOM_WINDOW);
@@ -37,7 +37,7 @@ void activateWindow(const X11Connection& connection, const WindowInfo& target, x
   const xcb_atom_t desktopAtom = connection.atom("_NET_CURRENT_DESKTOP");
   const auto current = connection.property32(connection.root(), desktopAtom, XCB_ATOM_CARDINAL);
   const xcb_timestamp_t time = connection.lastEventTime();
-  // Openbox ignores a request for a window of another desktop (3.6), so go there first.
+  // Openbox 3.6 ignores a request for a window of another desktop, so switch there first.
   if (target.desktop && !current.empty() && current.front() != *target.desktop) {
     connection.sendToRoot(connection.root(), desktopAtom, {*target.desktop, time, 0, 0, 0});
   }

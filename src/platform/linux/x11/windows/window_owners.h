@@ -9,8 +9,8 @@
 
 namespace rondora::x11 {
 
-/// Which window belonged to which process when the windows were last listed, front to back, and which one was active
-/// when an application was last asked to come forward. Any thread.
+/// The process of each window when the windows were last listed, front to back, and the window that was active before
+/// the last activation. Any thread.
 class WindowOwners {
  public:
   struct Owned {

@@ -23,7 +23,7 @@ struct WindowInfo {
   /// Nothing when it is on all desktops, or there are none.
   std::optional<std::uint32_t> desktop;
   bool isIconified = false;
-  /// Neither a panel, a desktop, a passing helper, nor kept out of task lists.
+  /// False for panels, desktops and transient helpers, and for windows kept out of task lists.
   bool isOrdinary = true;
 };
 
@@ -34,7 +34,7 @@ using WindowPropertyCookies = std::array<xcb_get_property_cookie_t, 9>;
 void internWindowAtoms(const X11Connection& connection);
 /// Sends the property requests of a window. Does not wait.
 WindowPropertyCookies requestWindowProperties(const X11Connection& connection, xcb_window_t window);
-/// Waits for the replies. Nothing when the window is gone. The process is the one that the window names, the executable
+/// Waits for the replies. Nothing when the window is gone. The process is the one that the window names; the executable
 /// is left empty.
 std::optional<WindowInfo> readWindowProperties(const X11Connection& connection, xcb_window_t window,
                                                const WindowPropertyCookies& cookies);

@@ -10,10 +10,9 @@
 namespace rondora::x11 {
 namespace {
 
-/// The window manager may still be busy with the request of the main thread; a second one that comes after it would
-/// take the user back from wherever he went meanwhile. Nor is one due when the active window is another than before
-/// the first: it has been granted, and the user may have gone on.
-constexpr int kLooks = 20;
+/// The window manager may still be handling the main thread's request: poll before sending a second one, which would
+/// pull the user back if it arrived late. When the active window has changed, the first request took effect.
+constexpr int kPolls = 20;
 constexpr std::chrono::milliseconds kPause{5};
 
 /// A window of an application.
@@ -22,7 +21,7 @@ class WindowElement final : public AXElement {
   WindowElement(WorkerConnection& worker, const WindowOwners& owners, xcb_window_t window)
       : worker_(worker), owners_(owners), window_(window) {}
 
-  /// The window manager answers, not the application.
+  /// The window manager answers, not the application, so no time-out is needed.
   void setMessagingTimeout(double /*seconds*/) override {}
 
   std::optional<AXValue> attribute(std::string_view name) const override {
@@ -46,7 +45,7 @@ class WindowElement final : public AXElement {
     X11ClientWindows& windows = *worker_.windows();
     const xcb_window_t before = owners_.activeBefore();
     xcb_window_t active = windows.activeWindow();
-    for (int look = 0; look < kLooks && active == before && active != window_; ++look) {
+    for (int poll = 0; poll < kPolls && active == before && active != window_; ++poll) {
       std::this_thread::sleep_for(kPause);
       active = windows.activeWindow();
     }

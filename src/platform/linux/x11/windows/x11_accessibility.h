@@ -9,8 +9,8 @@
 
 namespace rondora::x11 {
 
-/// An X connection for a worker thread, which must not wait for the one that the main thread reads. Made by the thread
-/// that uses it, at the first use.
+/// An X connection of a worker thread's own, so that it does not wait for the main thread's. Opened at first use, by
+/// the thread that uses it.
 class WorkerConnection {
  public:
   explicit WorkerConnection(double pixelsPerPoint) : pixelsPerPoint_(pixelsPerPoint) {}
@@ -31,15 +31,15 @@ class WorkerConnection {
   std::unique_ptr<Connected, Disconnect> connected_;
 };
 
-/// What the accessibility interface of other systems tells of windows, over EWMH: their list, whether they are
-/// minimised, and raising them. One worker thread.
+/// Accessibility over EWMH: lists the windows of an application, reads and clears their minimised state, raises them.
+/// One worker thread.
 class X11Accessibility final : public Accessibility {
  public:
-  /// Both outlive this.
+  /// Arguments must outlive the object.
   X11Accessibility(WorkerConnection& worker, const WindowOwners& owners) : worker_(worker), owners_(owners) {}
 
   AXElementRef application(std::int32_t processIdentifier) override;
-  /// The window manager lists all windows; there are no others.
+  /// The window manager lists all windows, so there are none to find by token.
   AXElementRef windowByRemoteToken(std::int32_t /*ownerPID*/, std::uint32_t /*number*/) override { return nullptr; }
 
  private:
@@ -50,7 +50,7 @@ class X11Accessibility final : public Accessibility {
 /// The desktops of the window manager as the spaces of one display. One worker thread.
 class X11Spaces final : public Spaces {
  public:
-  /// `worker` outlives this.
+  /// `worker` must outlive the object.
   explicit X11Spaces(WorkerConnection& worker) : worker_(worker) {}
 
   std::optional<std::vector<std::uint64_t>> spacesForWindow(std::uint32_t window) const override;

@@ -9,7 +9,7 @@ namespace rondora::x11 {
 
 class X11ApplicationIcons final : public ApplicationIcons {
  public:
-  /// All outlive this.
+  /// Arguments must outlive the object.
   X11ApplicationIcons(const ApplicationCatalogue& catalogue, const X11ClientWindows& windows,
                       const Workspace& workspace)
       : catalogue_(catalogue), windows_(windows), workspace_(workspace) {}

@@ -11,7 +11,7 @@
 namespace rondora::x11 {
 namespace {
 
-/// Only the user's own processes can be read.
+/// Readable only for the user's own processes.
 std::string executableOf(std::int32_t processIdentifier) {
   if (processIdentifier <= 0) return {};
   std::error_code error;
@@ -22,7 +22,7 @@ std::string executableOf(std::int32_t processIdentifier) {
   return name;
 }
 
-/// Process by client, where a client is the part of a window's id that all resources of one connection share.
+/// Process by client; the client is the part of a window's id that all resources of one connection share.
 std::map<std::uint32_t, std::int32_t> processesOf(const X11Connection& connection,
                                                   xcb_res_query_client_ids_cookie_t cookie) {
   std::map<std::uint32_t, std::int32_t> processes;
@@ -130,7 +130,7 @@ std::vector<WindowInfo> X11ClientWindows::describeAll(std::span<const xcb_window
   return infos;
 }
 
-/// The focus may be on a part of an application's window.
+/// The focus may be on a child of an application's window.
 xcb_window_t X11ClientWindows::focusedWindow() const {
   const Reply<xcb_get_input_focus_reply_t> reply(
       xcb_get_input_focus_reply(connection_.get(), xcb_get_input_focus(connection_.get()), nullptr));

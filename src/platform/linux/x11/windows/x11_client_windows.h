@@ -19,14 +19,14 @@ struct WindowIcon {
   int height = 0;
 };
 
-/// The windows of all applications, as the window manager tells of them (EWMH), else as the server does. Windows may
-/// vanish at any time; what is asked about a vanished one is answered with nothing. Main thread.
+/// The windows of all applications, from the window manager (EWMH), otherwise from the server. A window may vanish at
+/// any time; queries about a vanished one return nothing. Main thread.
 class X11ClientWindows {
  public:
-  /// `connection` outlives this.
+  /// `connection` must outlive the object.
   explicit X11ClientWindows(X11Connection& connection);
 
-  /// All windows, topmost first, in three round trips.
+  /// All windows, topmost first; four round trips under a window manager.
   std::vector<WindowInfo> windows() const;
   std::optional<WindowInfo> describe(xcb_window_t window) const;
   /// The active window, else the one that holds the input focus; 0 for none.

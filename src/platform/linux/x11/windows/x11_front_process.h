@@ -18,7 +18,7 @@ class X11FrontProcess final : public FrontProcess {
   Lookup processForPID(std::int32_t processIdentifier) const override;
   /// Does nothing when the window's application is in front already.
   std::int32_t setFrontProcess(ProcessSerialNumber process, std::uint32_t window, std::uint32_t options) override;
-  /// The window manager tells windows which of them is active.
+  /// The window manager tells each window whether it is active.
   bool postsEventRecords() const override { return false; }
   void postEventRecord(ProcessSerialNumber /*process*/, const EventRecord& /*record*/) override {}
 

@@ -9,7 +9,7 @@
 namespace rondora::x11 {
 namespace {
 
-/// Panels, docks and helpers; the number only has to differ from 0.
+/// For panels, docks and helpers; any number but 0 would do.
 constexpr std::int64_t kAboveOrdinaryWindows = 3;
 
 struct Cookies {
@@ -37,14 +37,14 @@ WindowListEntry::Alpha alphaOf(const PropertyReply& reply) {
   return static_cast<double>(values.front()) / 0xFFFFFFFF;
 }
 
-/// Left, right, top and bottom; 0 where the window manager names none.
+/// Left, right, top and bottom; 0 where the window manager sets none.
 std::array<double, 4> extentsOf(const PropertyReply& reply) {
   std::array<double, 4> extents{};
   if (reply && reply->type == XCB_ATOM_CARDINAL) std::ranges::copy(values32(reply.get()), extents.begin());
   return extents;
 }
 
-/// The window with its frame, in points. The window's own origin is relative to the frame, hence the translated one.
+/// The window with its frame, in points. Translated: the window's own origin is relative to the frame.
 std::optional<Rect> boundsOf(const X11Connection& connection, const Cookies& cookies) {
   xcb_connection_t* c = connection.get();
   const Reply<xcb_get_geometry_reply_t> geometry(xcb_get_geometry_reply(c, cookies.geometry, nullptr));

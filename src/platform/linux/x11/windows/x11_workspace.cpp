@@ -10,10 +10,10 @@
 namespace rondora::x11 {
 namespace {
 
-/// Window ids of long ago may name other windows by now.
+/// A window id of long ago may name another window by now.
 constexpr std::size_t kMaxActivations = 256;
 
-/// What the windows of one application add up to.
+/// The windows of one application, merged.
 struct Group {
   RunningApplication application;
   std::size_t rank = 0;
@@ -23,7 +23,7 @@ bool isRegular(const RunningApplication& application) {
   return application.activationPolicy == ActivationPolicy::regular;
 }
 
-/// Ordinary windows stand for the application, others only where it has no ordinary one.
+/// Ordinary windows represent the application, others only where it has no ordinary one.
 void join(Group& group, const RunningApplication& window, std::size_t rank) {
   RunningApplication& application = group.application;
   if (isRegular(application) && !isRegular(window)) return;
@@ -104,7 +104,7 @@ std::optional<RunningApplication> X11Workspace::frontmostApplication() const {
 std::vector<RunningApplication> X11Workspace::runningApplications() const {
   std::vector<Group> groups;
   const auto windows = windows_.windows();
-  // The system gives the number of a process that ended to another one.
+  // The system reuses process identifiers.
   std::erase_if(applicationsOfProcesses_, [&windows](const auto& known) {
     return std::none_of(windows.begin(), windows.end(),
                         [&known](const WindowInfo& window) { return window.processIdentifier == known.first; });
@@ -151,7 +151,7 @@ bool X11Workspace::activate(const RunningApplication& application) {
   return true;
 }
 
-/// An open window before an iconified one, the wanted one before others, then the one that was active last.
+/// Prefers ordinary windows, then open to iconified ones, then the requested one, then the one that was active last.
 const WindowInfo* X11Workspace::windowToActivate(const RunningApplication& application,
                                                  const std::vector<WindowInfo>& windows) const {
   const auto preference = [&](const WindowInfo& window) {
@@ -167,7 +167,7 @@ const WindowInfo* X11Workspace::windowToActivate(const RunningApplication& appli
   return best;
 }
 
-/// Hidden means that every window is iconified.
+/// An application is hidden when all its windows are iconified, so restoring one is enough.
 void X11Workspace::unhide(const RunningApplication& application) {
   const auto windows = windows_.windows();
   if (const WindowInfo* target = windowToActivate(application, windows)) restoreWindow(connection_, target->window);
@@ -203,7 +203,7 @@ Subscription X11Workspace::onDidActivateApplication(std::function<void(const Run
   return didActivate_.subscribe(std::move(observer));
 }
 
-/// Whether the window manager names a window.
+/// Returns false when the window manager names no active window.
 bool X11Workspace::readActiveWindow() {
   frontmost_.reset();
   const auto active =
@@ -216,7 +216,7 @@ bool X11Workspace::readActiveWindow() {
   return true;
 }
 
-/// Between two windows the property often names none for a moment, and it is often set to what it was already.
+/// Between two windows the property is often empty for a moment, and it is often set to the value that it had.
 void X11Workspace::activeWindowChanged() {
   if (!readActiveWindow()) return;
   const bool isNew = !lastActivated_ || !lastActivated_->isSameProcess(*frontmost_);

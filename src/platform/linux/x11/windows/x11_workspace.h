@@ -11,23 +11,23 @@
 
 namespace rondora::x11 {
 
-/// Running applications are made of their windows: those with the same application id and process are one. Knows for
-/// each which of its windows was active last. Main thread.
+/// Derives the running applications from their windows: those with the same application id and process are one. Records
+/// for each which of its windows was active last. Main thread.
 class X11Workspace final : public Workspace {
  public:
-  /// All outlive this. Windows of our own process belong to `ownBundleIdentifier`.
+  /// Arguments must outlive the object. Windows of our own process belong to `ownBundleIdentifier`.
   X11Workspace(X11Connection& connection, X11ClientWindows& windows, ApplicationCatalogue& catalogue,
                std::string ownBundleIdentifier);
 
   std::optional<RunningApplication> frontmostApplication() const override;
   /// Topmost first.
   std::vector<RunningApplication> runningApplications() const override;
-  /// Of several processes the one that was active last first, those without an open window at the end: stacking says
-  /// little where windows lie side by side.
+  /// Of several processes the most recently active first, those without an open window last: stacking says little where
+  /// windows lie side by side.
   std::vector<RunningApplication> runningApplications(std::string_view bundleIdentifier) const override;
   bool activate(const RunningApplication& application) override;
   void unhide(const RunningApplication& application) override;
-  /// What runs is found too, installed or not.
+  /// Also finds applications that run without being installed.
   std::optional<ApplicationLocation> urlForApplication(std::string_view bundleIdentifier) const override;
   void openApplication(const ApplicationLocation& location) override;
   std::optional<ApplicationLocation> applicationAtPath(std::string_view path) const override;
@@ -35,10 +35,10 @@ class X11Workspace final : public Workspace {
   std::optional<std::string> applicationName(std::string_view bundleIdentifier) const override;
   [[nodiscard]] Subscription onDidActivateApplication(std::function<void(const RunningApplication&)> observer) override;
 
-  /// Smaller for a window that was active later.
+  /// Smaller for windows that were active more recently.
   std::size_t activationRank(xcb_window_t window) const;
-  /// The window's process. Several applications in one process, and those whose process is unknown, are told apart by
-  /// negative numbers of our own.
+  /// The window's process. Several applications in one process, and those of unknown process, are distinguished by
+  /// negative numbers.
   std::int32_t processIdentifierOf(const WindowInfo& window) const;
 
  private:
@@ -57,12 +57,12 @@ class X11Workspace final : public Workspace {
   std::string ownBundleIdentifier_;
   /// The application that each process was first seen as.
   mutable std::map<std::int32_t, std::string> applicationsOfProcesses_;
-  /// Applications with a number of our own: the first has -1.
+  /// Applications with a negative number: the first has -1.
   mutable std::vector<std::pair<std::int32_t, std::string>> furtherApplications_;
-  /// Last active first.
+  /// Most recently active first.
   std::vector<xcb_window_t> activations_;
   std::optional<RunningApplication> lastActivated_;
-  /// Of the window that the window manager named last; nothing while it names none.
+  /// The application of the active window; nothing while the window manager names none.
   std::optional<RunningApplication> frontmost_;
   Signal<const RunningApplication&> didActivate_;
   Subscription rootEvents_;
