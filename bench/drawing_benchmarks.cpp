@@ -11,8 +11,8 @@
 
 #include "model/palette.h"
 #include "model/pie_menu.h"
-#include "pie/controller/quick_select.h"
 #include "pie/geometry/ring_layout.h"
+#include "pie/labels/quick_select.h"
 #include "pie/picture/ring_picture.h"
 #include "platform/qt/qt_setup.h"
 #include "support/google_benchmark.h"

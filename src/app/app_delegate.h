@@ -17,7 +17,6 @@
 #include "localization/localization_store.h"
 #include "permissions/permissions_snapshot.h"
 #include "platform/application_shell.h"
-#include "platform/event_monitors.h"
 #include "platform/hotkey_service.h"
 #include "platform/log.h"
 #include "platform/main_queue.h"
@@ -45,7 +44,6 @@ class AppDelegate {
     Workspace& workspace;
     Screens& screens;
     HotkeyService& hotkeyService;
-    EventMonitors& eventMonitors;
     StatusBar& statusBar;
     Windows& windows;
     ApplicationShell& shell;

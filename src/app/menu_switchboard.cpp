@@ -157,8 +157,7 @@ void MenuSwitchboard::showAppCommands(const PieMenu& menu, const HotkeyConfig& t
 }
 
 bool MenuSwitchboard::holdsModifiers(const HotkeyConfig& hotkey) const {
-  const std::uint64_t required = CarbonModifiers::eventFlags(hotkey.carbonModifiers);
-  return (services_.eventMonitors.currentModifierFlags() & required) == required;
+  return allHeld(services_.eventMonitors.currentModifierFlags(), CarbonModifiers::eventFlags(hotkey.carbonModifiers));
 }
 
 void MenuSwitchboard::appCommandsResolved(const AppCommandsRequest& request, std::vector<PieSubAction> commands) {

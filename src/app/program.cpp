@@ -85,7 +85,6 @@ AppDelegate::Services Program::delegateServices() {
           .workspace = platform_.workspace,
           .screens = platform_.screens,
           .hotkeyService = platform_.hotkeyService,
-          .eventMonitors = platform_.eventMonitors,
           .statusBar = platform_.statusBar,
           .windows = platform_.windows,
           .shell = platform_.shell,

@@ -36,6 +36,9 @@ ALLOWED = {
 BACKENDS = ["platform/posix", "platform/qt", "platform/linux", "platform/macos", "ui/qt", "ui/appkit"]
 NESTED = BACKENDS + ["ui/painting"]
 
+# The rooms of pie/, lowest first. A room includes itself and lower ones.
+PIE_ROOMS = ["pie/geometry", "pie/labels", "pie/picture", "pie/controller"]
+
 # The only headers from outside the project that the core may use, besides those of the C++ standard library.
 CORE_LIBRARIES = {"nlohmann/json.hpp", "nlohmann/json_fwd.hpp", "utf8proc.h"}
 STANDARD_HEADER = re.compile(r"^[a-z][a-z0-9_]*$")
@@ -68,9 +71,16 @@ def is_core(path):
     return layer_of(path) not in BACKENDS and not knows_backends(path)
 
 
+def climbs_pie(path, target):
+    source, included = os.path.dirname(path), os.path.dirname(target)
+    if source not in PIE_ROOMS or included not in PIE_ROOMS:
+        return False
+    return PIE_ROOMS.index(included) > PIE_ROOMS.index(source)
+
+
 def may_include(path, target):
     source_layer, target_layer = layer_of(path), layer_of(target)
-    if target_layer is None:
+    if target_layer is None or climbs_pie(path, target):
         return False
     if knows_backends(path):
         return True
@@ -85,7 +95,7 @@ def check_include(path, bracket, target, exists):
     if not exists(target):
         return f'"{target}" is not a path below src/'
     if not may_include(path, target):
-        return f'{layer_of(path)} may not include "{target}"'
+        return f'{os.path.dirname(path)} may not include "{target}"'
     return None
 
 

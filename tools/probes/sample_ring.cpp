@@ -13,7 +13,7 @@
 
 #include "model/appearance_fields.h"
 #include "model/palette.h"
-#include "pie/controller/quick_select.h"
+#include "pie/labels/quick_select.h"
 #include "pie/picture/ring_picture.h"
 
 namespace rondora {

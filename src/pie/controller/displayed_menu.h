@@ -7,8 +7,8 @@
 #include "base/uuid.h"
 #include "model/pie_menu.h"
 #include "model/pie_sub_action.h"
-#include "pie/controller/quick_select.h"
 #include "pie/geometry/ring_layout.h"
+#include "pie/labels/quick_select.h"
 
 namespace rondora {
 

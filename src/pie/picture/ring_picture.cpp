@@ -1,6 +1,6 @@
 #include "pie/picture/ring_picture.h"
 
-#include "pie/controller/quick_select.h"
+#include "pie/labels/quick_select.h"
 #include "pie/picture/glass_style.h"
 #include "pie/picture/hub_picture.h"
 #include "pie/picture/ring_glass.h"

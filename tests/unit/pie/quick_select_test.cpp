@@ -1,4 +1,4 @@
-#include "pie/controller/quick_select.h"
+#include "pie/labels/quick_select.h"
 
 #include <gtest/gtest.h>
 

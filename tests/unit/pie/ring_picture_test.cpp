@@ -11,9 +11,9 @@
 #include "model/appearance_fields.h"
 #include "model/palette.h"
 #include "pie/controller/opening_animation.h"
-#include "pie/controller/quick_select.h"
 #include "pie/geometry/pie_sector_shape.h"
 #include "pie/geometry/sector_geometry.h"
+#include "pie/labels/quick_select.h"
 #include "ui/painting/frosted_glass.h"
 
 namespace rondora {

@@ -15,12 +15,12 @@ namespace rondora {
 
 namespace {
 
-constexpr qint64 kLargestFile = 16 << 20;
+constexpr qint64 kMaxFileBytes = 16 << 20;
 /// A drawing takes far longer than its size lets one expect.
-constexpr qint64 kLargestVectorFile = 1 << 20;
-constexpr int kLargestSide = 4096;
+constexpr qint64 kMaxVectorFileBytes = 1 << 20;
+constexpr int kMaxSide = 4096;
 
-bool isSensible(QSize size) { return !size.isEmpty() && size.width() <= kLargestSide && size.height() <= kLargestSide; }
+bool isSensible(QSize size) { return !size.isEmpty() && size.width() <= kMaxSide && size.height() <= kMaxSide; }
 
 QImage fitted(const QImage& image, int side) {
   if (image.isNull() || std::max(image.width(), image.height()) == side) return image;
@@ -29,8 +29,8 @@ QImage fitted(const QImage& image, int side) {
 
 /// Nothing is known of what a packed drawing unpacks to, so it counts as too large.
 bool isTooLarge(const QByteArray& format, qint64 bytes) {
-  if (format == "svg") return bytes > kLargestVectorFile;
-  return format == "svgz" || bytes > kLargestFile;
+  if (format == "svg") return bytes > kMaxVectorFileBytes;
+  return format == "svgz" || bytes > kMaxFileBytes;
 }
 
 /// Whether reading it at its own size would waste sharpness or time.
@@ -65,7 +65,7 @@ QImage windowImage(const ApplicationIconSource& source, int side) {
 /// In its own size; a drawing in that of a square of `side` pixels.
 QImage readImageFile(const QString& path, int side) {
   const QFileInfo file(path);
-  if (!file.isAbsolute() || !file.isFile() || file.size() > kLargestFile) return {};
+  if (!file.isAbsolute() || !file.isFile() || file.size() > kMaxFileBytes) return {};
   QImageReader reader(path);
   reader.setDecideFormatFromContent(true);
   reader.setAutoTransform(true);
@@ -94,8 +94,8 @@ bool isFullTile(const QImage& image) {
 QRectF placeInTile(const QImage& image, int side) {
   if (isFullTile(image)) return QRectF(0, 0, side, side);
   constexpr double kShare = 0.68;
-  constexpr double kMostEnlarged = 2.5;
-  const double largest = std::min(side * kShare, kMostEnlarged * std::max(image.width(), image.height()));
+  constexpr double kMaxEnlargement = 2.5;
+  const double largest = std::min(side * kShare, kMaxEnlargement * std::max(image.width(), image.height()));
   QRectF place(QPointF(0, 0), QSizeF(image.size()).scaled(largest, largest, Qt::KeepAspectRatio));
   place.moveCenter(QPointF(side / 2.0, side / 2.0));
   return place;

@@ -17,7 +17,7 @@ constexpr const char* kEmojiFont = "Noto Color Emoji";
 constexpr int kNativePixelSize = 109;
 constexpr int kMargin = 32;
 /// A sequence that the font does not know is drawn as its parts side by side.
-constexpr int kLargestWidth = 1024;
+constexpr int kMaxWidth = 1024;
 
 /// Selectors between text and emoji presentation. The font's sequences are spelled without them, and the toolkit would
 /// look for them in other fonts and so tear a sequence apart.
@@ -44,7 +44,7 @@ QRect opaqueBounds(const QImage& image) {
 QImage nativeImage(const QString& text) {
   const QFont font = emojiFont();
   const QFontMetrics metrics(font);
-  const int width = std::min(metrics.horizontalAdvance(text), kLargestWidth);
+  const int width = std::min(metrics.horizontalAdvance(text), kMaxWidth);
   QImage image(width + 2 * kMargin, metrics.height() + 2 * kMargin, QImage::Format_ARGB32_Premultiplied);
   image.fill(Qt::transparent);
   QPainter painter(&image);

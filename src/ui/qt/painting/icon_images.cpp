@@ -16,7 +16,7 @@ namespace rondora {
 namespace {
 
 /// Many more than a document's menus show; then everything is made anew.
-constexpr qsizetype kLargestCache = 1024;
+constexpr qsizetype kMaxCached = 1024;
 constexpr std::string_view kNeutralApplication = "window";
 constexpr std::string_view kSiteWithoutPicture = "globe";
 
@@ -73,7 +73,7 @@ QImage IconImages::image(const IconCommand& wanted, int side) {
   if (const auto found = cache_.constFind(key); found != cache_.constEnd()) return *found;
   Found made = make(icon, side);
   made.image.convertTo(QImage::Format_ARGB32_Premultiplied);
-  if (cache_.size() >= kLargestCache) cache_.clear();
+  if (cache_.size() >= kMaxCached) cache_.clear();
   if (made.keep) cache_.insert(key, made.image);
   return made.image;
 }

@@ -14,8 +14,8 @@ namespace rondora {
 namespace {
 
 /// More than any label shows; keeps a hostile title from costing time.
-constexpr qsizetype kLongestText = 1000;
-constexpr double kLargestFontPixels = 512;
+constexpr qsizetype kMaxTextLength = 1000;
+constexpr double kMaxFontPixels = 512;
 
 QFont::Weight toQWeight(FontWeight weight) {
   switch (weight) {
@@ -39,8 +39,8 @@ Qt::Alignment toQAlignment(TextAlignment alignment, bool rightToLeft) {
 
 QFont makeFont(const TextCommand& command, const QString& text, double pixelsPerPoint) {
   QFont font = interfaceFontFor(text);
-  font.setPixelSize(std::max(
-      1, static_cast<int>(std::lround(std::clamp(command.pointSize * pixelsPerPoint, 1.0, kLargestFontPixels)))));
+  font.setPixelSize(
+      std::max(1, static_cast<int>(std::lround(std::clamp(command.pointSize * pixelsPerPoint, 1.0, kMaxFontPixels)))));
   font.setWeight(toQWeight(command.weight));
   font.setHintingPreference(QFont::PreferVerticalHinting);
   font.setStyleStrategy(static_cast<QFont::StyleStrategy>(QFont::PreferAntialias | QFont::NoSubpixelAntialias));
@@ -55,7 +55,7 @@ QTextOption makeOption(TextAlignment alignment, bool rightToLeft) {
 }
 
 QString singleParagraph(std::string_view utf8) {
-  return toQString(utf8.substr(0, 4 * kLongestText)).simplified().left(kLongestText);
+  return toQString(utf8.substr(0, 4 * kMaxTextLength)).simplified().left(kMaxTextLength);
 }
 
 }  // namespace

@@ -10,8 +10,8 @@ namespace rondora {
 
 namespace {
 
-constexpr int kLargestSide = 1024;
-constexpr int kMostPictures = 64;
+constexpr int kMaxSide = 1024;
+constexpr int kMaxPictures = 64;
 
 /// The kinds whose size is known before anything is unpacked.
 bool isPixelFormat(const QByteArray& format) {
@@ -19,7 +19,7 @@ bool isPixelFormat(const QByteArray& format) {
   return std::find(kFormats.begin(), kFormats.end(), format) != kFormats.end();
 }
 
-bool isSensible(QSize size) { return !size.isEmpty() && size.width() <= kLargestSide && size.height() <= kLargestSide; }
+bool isSensible(QSize size) { return !size.isEmpty() && size.width() <= kMaxSide && size.height() <= kMaxSide; }
 
 /// The smallest that is large enough, else the largest.
 bool isMoreFitting(QSize a, QSize b, int side) {
@@ -35,7 +35,7 @@ QImage readMostFitting(QImageReader& reader, int side) {
   int best = 0;
   QSize bestSize = reader.size();
   // Of the other kinds only animations hold several pictures.
-  const int count = format == "ico" ? std::min(reader.imageCount(), kMostPictures) : 1;
+  const int count = format == "ico" ? std::min(reader.imageCount(), kMaxPictures) : 1;
   for (int i = 1; i < count && reader.jumpToImage(i); ++i) {
     const QSize size = reader.size();
     if (!isSensible(size) || !isMoreFitting(size, bestSize, side)) continue;
