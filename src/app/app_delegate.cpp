@@ -124,7 +124,7 @@ void AppDelegate::subscribeLanguage() {
 
 void AppDelegate::observeChanges() {
   configurationObserver_ = services_.notifications.addObserver(
-      ConfigManager::configurationDidChange, weakSelf_.bind([](AppDelegate& self) { self.configurationChanged(); }));
+      ConfigManager::kConfigurationDidChange, weakSelf_.bind([](AppDelegate& self) { self.configurationChanged(); }));
   modifiersObserver_ =
       services_.hotkeyService.onModifiersMoved(weakSelf_.bind([](AppDelegate& self) { self.setupTriggers(); }));
   didBecomeActiveObserver_ = services_.shell.onDidBecomeActive(weakSelf_.bind([](AppDelegate& self) {

@@ -111,7 +111,7 @@ WindowContents Program::windowContents() {
       .texts = [this] { return windowTexts(localization_, firstHotkey(), config_.configURL().string()); },
       .onTextsChanged =
           [this](std::function<void()> observer) {
-            return notifications_.addObserver(ConfigManager::configurationDidChange, std::move(observer));
+            return notifications_.addObserver(ConfigManager::kConfigurationDidChange, std::move(observer));
           },
       .documentPath = config_.configURL().string(),
       .openDocumentFolder = [this] { openDocumentFolder(); },

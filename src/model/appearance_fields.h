@@ -89,11 +89,11 @@ inline constexpr auto kAppearanceFields = [] {
 /// The row of a member; does not compile for a member without one.
 template <auto member>
 constexpr const AppearanceField& appearanceField() {
-  constexpr const AppearanceField* found =
+  constexpr const AppearanceField* kFound =
       std::find_if(kAppearanceFields.begin(), kAppearanceFields.end(),
                    [](const AppearanceField& field) { return field.member == AppearanceField::Member(member); });
-  static_assert(found != kAppearanceFields.end());
-  return *found;
+  static_assert(kFound != kAppearanceFields.end());
+  return *kFound;
 }
 
 /// A number of the menu as the ring shows it.

@@ -95,7 +95,7 @@ void ConfigManager::save(PieConfiguration configuration) {
   configuration_.send(std::move(configuration));
   // A subscriber may have saved too: write the newest.
   writeLocal(current());
-  services_.notifications.post(configurationDidChange);
+  services_.notifications.post(kConfigurationDidChange);
 }
 
 FileError ConfigManager::exportConfiguration(const std::filesystem::path& path) {

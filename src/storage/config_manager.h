@@ -19,7 +19,7 @@ namespace rondora {
 class ConfigManager {
  public:
   /// Posted after a save has been written.
-  static constexpr std::string_view configurationDidChange = "Rondora.configurationDidChange";
+  static constexpr std::string_view kConfigurationDidChange = "Rondora.configurationDidChange";
 
   struct Services {
     FileSystem& files;

@@ -4,9 +4,12 @@ if [ -z "${CMAKE_CXX_COMPILER_LAUNCHER:-}" ] && command -v ccache >/dev/null; th
   export CMAKE_CXX_COMPILER_LAUNCHER=ccache
 fi
 
+# print_seconds BEGIN: the time since then.
+print_seconds() { echo "  $((SECONDS - $1)) s"; }
+
 # build_preset PRESET [TARGET…]: configures and builds; quiet unless it fails.
 build_preset() {
-  local preset=$1 log
+  local preset=$1 log begin=$SECONDS
   shift
   log=$(mktemp)
   echo "Building $preset …"
@@ -16,6 +19,7 @@ build_preset() {
     return 1
   fi
   rm -f "$log"
+  print_seconds "$begin"
 }
 
 tests_passed=0
@@ -23,7 +27,7 @@ tests_failed=0
 
 # run_tests PRESET LABEL [CTEST ARGUMENT…]: adds to tests_passed and tests_failed. No test with the label is a failure.
 run_tests() {
-  local preset=$1 label=$2 log status=0 total failed
+  local preset=$1 label=$2 log status=0 total failed begin=$SECONDS
   shift 2
   log=$(mktemp)
   echo "Testing $preset: $label …"
@@ -36,6 +40,7 @@ run_tests() {
     grep -E '^[0-9]+% tests passed' "$log"
   fi
   rm -f "$log"
+  print_seconds "$begin"
   tests_passed=$((tests_passed + total - failed))
   tests_failed=$((tests_failed + failed))
   [ "$status" -eq 0 ]
@@ -43,13 +48,14 @@ run_tests() {
 
 # check NAME COMMAND…: counts as one test.
 check() {
-  local name=$1 log
+  local name=$1 log begin=$SECONDS
   shift
   log=$(mktemp)
   echo "Checking $name …"
   if "$@" >"$log" 2>&1 </dev/null; then
     tests_passed=$((tests_passed + 1))
     rm -f "$log"
+    print_seconds "$begin"
   else
     tail -n 100 "$log"
     rm -f "$log"

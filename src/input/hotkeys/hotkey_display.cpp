@@ -55,8 +55,8 @@ constexpr ModifierGlyph kGlyphs[] = {
     {carbon::kShift, "⇧"},      {carbon::kCommand, "⌘"},
 };
 
-template <std::size_t Size>
-std::optional<std::string_view> lookUp(const KeyName (&table)[Size], std::int64_t keyCode) {
+template <std::size_t size>
+std::optional<std::string_view> lookUp(const KeyName (&table)[size], std::int64_t keyCode) {
   const auto found = std::find_if(std::begin(table), std::end(table),
                                   [keyCode](const KeyName& row) { return row.keyCode == keyCode; });
   if (found == std::end(table)) return std::nullopt;

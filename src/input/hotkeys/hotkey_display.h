@@ -13,7 +13,7 @@
 
 namespace rondora {
 
-inline constexpr std::array<std::int64_t, 4> arrowKeyVirtualCodes = {123, 124, 125, 126};
+inline constexpr std::array<std::int64_t, 4> kArrowKeyVirtualCodes = {123, 124, 125, 126};
 
 /// What the modifiers are called, which differs with what is printed on the keys of a system's keyboards. Only texts
 /// for the user are made with it; masks and documents know nothing of it.

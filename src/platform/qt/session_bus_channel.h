@@ -9,7 +9,7 @@
 namespace rondora {
 
 /// The program's name on the session bus and the object behind it. Main thread.
-class SessionBusChannel : public QDBusVirtualObject, public InstanceChannel {
+class SessionBusChannel final : public QDBusVirtualObject, public InstanceChannel {
  public:
   static constexpr const char* kPath = "/io/github/rondora/Rondora";
   static constexpr const char* kUnknownMenu = "io.github.rondora.Rondora.Error.UnknownMenu";

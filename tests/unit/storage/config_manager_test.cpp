@@ -24,7 +24,7 @@ using testing::StartsWith;
 struct Config {
   void start() {
     manager = std::make_unique<ConfigManager>(ConfigManager::Services{files, time, log, random, notifications});
-    observer = notifications.addObserver(ConfigManager::configurationDidChange, [this] { ++posts; });
+    observer = notifications.addObserver(ConfigManager::kConfigurationDidChange, [this] { ++posts; });
   }
   void rename(const std::string& firstMenu) {
     PieConfiguration edited = manager->current();

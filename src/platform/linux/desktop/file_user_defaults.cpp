@@ -57,7 +57,7 @@ void FileUserDefaults::set(std::string_view key, std::string value) {
 
 void FileUserDefaults::write() const {
   std::string text;
-  for (const auto& [key, value] : values_) text += key + "=" + value + "\n";
+  for (const auto& [key, value] : values_) text.append(key).append("=").append(value).append("\n");
   FileError error = files_.createFolder(folder_);
   if (!error) error = files_.replaceDurably(folder_ / kFileName, text);
   if (error) log_.error("failed to write user defaults: " + *error);

@@ -100,9 +100,11 @@ double PreparedText::elide(double width, int maximumLines) {
   const QString text = layout_.text();
   const int start = layout_.lineAt(layout_.lineCount() - 1).textStart();
   const QFontMetricsF metrics(layout_.font());
+  const double step = std::max(1.0, width / 40);
   double height = 0;
-  for (double room = width; room > 0; room -= std::max(1.0, width / 40)) {
-    const QString line = metrics.elidedText(text.mid(start), Qt::ElideRight, room).replace(' ', QChar::Nbsp);
+  for (int i = 0; i * step < width; ++i) {
+    const QString line =
+        metrics.elidedText(text.mid(start), Qt::ElideRight, width - i * step).replace(' ', QChar::Nbsp);
     layout_.setText(text.left(start) + line);
     height = breakLines(width, maximumLines);
     if (showsWholeText()) break;

@@ -53,9 +53,10 @@ Picture sampler() {
 }  // namespace
 
 void QtPictureRasterizer::warmUp() {
-  std::array<std::uint32_t, 48 * 48> pixels{};
+  constexpr int kSide = 48;
+  std::array<std::uint32_t, std::size_t{kSide} * kSide> pixels{};
   const std::array<double, 1> states{};
-  prepare(sampler(), 1)->paint(states, {1, 1, 1, {{0, 0}, {48, 48}}}, {pixels.data(), 48, 48, 48});
+  prepare(sampler(), 1)->paint(states, {1, 1, 1, {{0, 0}, {kSide, kSide}}}, {pixels.data(), kSide, kSide, kSide});
   QIcon::fromTheme("folder").pixmap(48);
 }
 

@@ -50,7 +50,7 @@ QImage embeddedSymbolImage(std::string_view file, int side, Color tint) {
 QImage symbolImage(std::string_view name, int side, Color tint) {
   for (const std::string& candidate : symbolCandidates(name)) {
     const auto entry = findSymbol(candidate);
-    const QImage image = entry ? embeddedSymbolImage(entry->file, side, tint) : QImage();
+    QImage image = entry ? embeddedSymbolImage(entry->file, side, tint) : QImage();
     if (!image.isNull()) return image;
   }
   return {};

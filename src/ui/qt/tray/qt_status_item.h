@@ -12,7 +12,7 @@
 namespace rondora {
 
 /// An icon with a menu, which enters the tray as soon as there is one.
-class QtStatusItem : public StatusItem {
+class QtStatusItem final : public StatusItem {
  public:
   /// Both trays must outlive the item.
   QtStatusItem(const StatusItemDescription& description, const EmbeddingTray& embeddingTray,

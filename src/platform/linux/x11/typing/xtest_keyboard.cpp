@@ -75,6 +75,7 @@ struct XTestKeyboard::Requests {
   static std::vector<xcb_input_query_device_state_cookie_t> ask(xcb_connection_t* connection,
                                                                 const std::vector<std::uint8_t>& ids) {
     std::vector<xcb_input_query_device_state_cookie_t> cookies;
+    cookies.reserve(ids.size());
     for (const std::uint8_t id : ids) cookies.push_back(xcb_input_query_device_state(connection, id));
     return cookies;
   }

@@ -81,6 +81,7 @@ std::vector<WindowListEntry> X11WindowList::windows() const {
 
 std::vector<WindowListEntry> X11WindowList::describe(const std::vector<WindowInfo>& windows) const {
   std::vector<Cookies> cookies;
+  cookies.reserve(windows.size());
   for (const WindowInfo& info : windows) cookies.push_back(request(connection_, info.window));
   std::vector<WindowListEntry> entries;
   for (std::size_t i = 0; i < windows.size(); ++i) {

@@ -122,6 +122,7 @@ std::vector<RunningApplication> X11Workspace::runningApplications() const {
     }
   }
   std::vector<RunningApplication> applications;
+  applications.reserve(groups.size());
   for (Group& group : groups) applications.push_back(std::move(group.application));
   return applications;
 }
