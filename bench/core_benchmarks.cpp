@@ -20,7 +20,7 @@ namespace {
 
 using namespace rondora;
 
-/// Any sequence, but the same in every run.
+/// The same sequence in every run.
 class CountingRandom : public RandomSource {
  public:
   std::uint64_t next() override { return value_ += 0x9E3779B97F4A7C15U; }
@@ -135,7 +135,7 @@ void decode(benchmark::State& state) {
 }
 BENCHMARK(decode)->Apply(documentSizes);
 
-/// The JSON library alone, for the same text.
+/// The JSON library alone, on the same text.
 void bareParse(benchmark::State& state) {
   const std::string text = documentOf(size(state));
   for (auto _ : state) benchmark::DoNotOptimize(nlohmann::ordered_json::parse(text));

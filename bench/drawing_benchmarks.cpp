@@ -126,7 +126,7 @@ void paintOverScreen(benchmark::State& state, const Picture& any, Next next) {
   Canvas screen = noise(any, pixelsPerPoint(state));
   for (auto _ : state) {
     const auto prepared = warmRasterizer().prepare(next(), pixelsPerPoint(state));
-    prepared->setBackdrop({screen.pixels.data(), screen.side, screen.side, screen.side});
+    prepared->setSnapshot({screen.pixels.data(), screen.side, screen.side, screen.side});
     canvas.paint(*prepared);
   }
 }
@@ -137,10 +137,10 @@ void prepareAndPaintFirstGlass(benchmark::State& state) {
 }
 BENCHMARK(prepareAndPaintFirstGlass)->Apply(scales);
 
-/// The same for a ring that was pre-rendered at idle, the usual case.
+/// The same for a ring that was pre-rendered while idle, the usual case.
 void prepareAndPaintKeptGlass(benchmark::State& state) {
   const Ring ring;
-  warmRasterizer().prepareAhead(ring.makePicture(), pixelsPerPoint(state));
+  warmRasterizer().prerender(ring.makePicture(), pixelsPerPoint(state));
   paintOverScreen(state, ring.makePicture(), [&] { return ring.makePicture(); });
 }
 BENCHMARK(prepareAndPaintKeptGlass)->Apply(scales);

@@ -37,7 +37,7 @@ double numberIn(const std::filesystem::path& file, const std::string& key) {
   throw std::runtime_error("no " + key + " in " + file.string());
 }
 
-/// The program file and the environment of a process; nothing if there is no such process.
+/// The program file and environment of a process; nothing when it does not exist.
 std::string startOf(const std::filesystem::path& folder) {
   std::error_code error;
   const auto program = std::filesystem::read_symlink(folder / "exe", error);
@@ -92,7 +92,7 @@ void reportMemory(const std::string& name, const ChildProcess& process) {
   reportValue(name + ".rss", "MiB", megabytes(process, "Rss:"));
 }
 
-/// Some seconds after the start, when idle work is done; then a minute of rest.
+/// Waits for some seconds until idle work is done, then measures a minute of rest.
 void atRest(const std::string& name, Start start, std::uint8_t key) {
   constexpr seconds kLeisure{10};
   Stage stage(name, Compositor::picom);
@@ -105,7 +105,7 @@ void atRest(const std::string& name, Start start, std::uint8_t key) {
   reportValue(name + ".wakeups", "1/min", wakeUpsDuring(*process, seconds(60)));
 }
 
-/// From the start of the process until its hotkeys are bound, with everything in the disk cache.
+/// From the start of the process until its hotkeys are bound, with all files in the disk cache.
 void startUp(const std::string& name, Start start, int starts) {
   Stage stage(name, Compositor::picom);
   start(stage);
@@ -118,10 +118,11 @@ void binarySize(const std::string& name, const std::string& file) {
   reportValue(name, "MiB", static_cast<double>(std::filesystem::file_size(file)) / (1024 * 1024));
 }
 
-/// As fast as the ring opens and closes, with some slower ones: a ring that follows another at once takes no snapshot.
+/// As fast as the ring opens and closes, with some slower ones: a ring that follows another immediately takes no
+/// snapshot.
 void growth(int openings) {
   constexpr int kWarmUp = 100;
-  constexpr int kSlowOpening = 20;  // one of so many
+  constexpr int kSlowOpening = 20;  // one opening in this many
   Stage stage("growth", Compositor::picom);
   const auto process = own(stage).process;
   for (int i = 0; i < kWarmUp; ++i) stage.openAndClose(kOwnKey);

@@ -1,5 +1,5 @@
-// The opening after a minute of rest, beside the one that follows it, for both programs; and the effect of the same
-// rest on memory that any program has just used.
+// The opening after a minute of rest and the one after it, for both programs; and the effect of the same rest on memory
+// that was just used.
 
 #include <chrono>
 #include <cstdint>
@@ -19,7 +19,7 @@ namespace {
 
 constexpr std::chrono::seconds kRest{60};
 
-/// About as much memory as an opening touches.
+/// About as much memory as an opening uses.
 class UsedMemory {
  public:
   double millisecondsToRead() {

@@ -30,7 +30,7 @@ Position inSector(int index) {
           Stage::kCenter.y + static_cast<int>(std::lround(kInSector * std::sin(angle)))};
 }
 
-/// Around the ring by three sectors per move, so that the two sectors of a change do not touch.
+/// Moves around the ring by three sectors at a time, so that the two sectors of a change do not touch.
 void timeMoves(const std::string& name, Compositor compositor, int moves) {
   Stage stage(name, compositor);
   const auto own = startRondora(stage.desktop, stage.client);

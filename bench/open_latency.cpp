@@ -91,7 +91,7 @@ void warmAlone(const std::string& name, int items, Compositor compositor, int op
   report(name + ".complete", "ms", complete);
 }
 
-/// No user presses the hotkey in the moment in which it is bound.
+/// No user presses the hotkey at the moment when it is bound.
 void firstAfterStart(int starts) {
   constexpr seconds kSettling{2};
   Stage stage("first", Compositor::picom);

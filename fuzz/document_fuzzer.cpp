@@ -40,7 +40,7 @@ void requireFixedPoint(const Coding<T>& coding, const T& value, RandomSource& ra
   require(written(coding, std::get<T>(again)) == text, "what is read back is written the same");
 }
 
-/// Items of the old single-menu form are repaired, or refused, only when they are read again.
+/// Items of the old single-menu form are repaired or refused only on the second read.
 bool mayComeFromSingleMenuForm(const PieConfiguration& value) {
   return value.menus.size() == 1 && value.menus[0].name == "Main" && value.lastModified == kDistantPast;
 }
@@ -93,7 +93,7 @@ void checkStarts(std::string_view bytes) {
   if (second != first) require(starts.start() == second, "a start leaves a repaired document as it is");
 }
 
-/// Most inputs are no documents; a start with each of them would repeat the same slow test.
+/// Most inputs are no documents; a start with each of them would repeat one slow test.
 bool isWorthStarting(std::string_view bytes) {
   SeededRandom random;
   return bytes.size() % 32 == 0 || std::holds_alternative<PieConfiguration>(decodeConfiguration(bytes, random));

@@ -16,8 +16,8 @@
 #include "storage/legacy_favicon_paths.h"
 #include "storage/legacy_pie_menu_migration.h"
 
-// The migration rewrites paths into the favicon cache in the predecessor's document, and nothing else; what is no text
-// stays as it is.
+// The migration rewrites paths into the favicon cache in the predecessor's document, and nothing else; other bytes stay
+// unchanged.
 
 namespace rondora {
 namespace {
@@ -36,7 +36,7 @@ constexpr std::array<Path, 4> kPaths = {{
     {"home\\/user\\/.cache\\/PieMenu\\/favicons\\/", "home\\/user\\/.cache\\/Rondora\\/favicons\\/"},
 }};
 
-/// The length of the rewritten path at the start of both texts; 0 for none.
+/// The length of the rewritten path at the start of both texts; 0 when there is none.
 std::size_t changedPathLength(std::string_view before, std::string_view after) {
   for (const Path& path : kPaths) {
     if (before.starts_with(path.former) && after.starts_with(path.own)) return path.own.size();
@@ -78,7 +78,7 @@ void check(std::string_view bytes) {
 
   require(files.files[kFormer] == bytes, "the former document stays");
   require(files.exists(kOwn) == isValidUtf8(bytes), "texts are carried over");
-  require(files.exists(kOwn) == log.lines.empty(), "what is not carried over is logged");
+  require(files.exists(kOwn) == log.lines.empty(), "a document that is not copied is logged");
   if (!files.exists(kOwn)) return;
   const std::string& after = files.files[kOwn];
   requireOnlyPathsChanged(bytes, after);

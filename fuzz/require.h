@@ -5,7 +5,7 @@
 
 namespace rondora {
 
-/// Aborts unless the condition holds; the fuzzer then keeps the input.
+/// Aborts unless the condition holds; the fuzzer then saves the input.
 inline void require(bool holds, const char* what) {
   if (holds) return;
   std::fprintf(stderr, "does not hold: %s\n", what);

@@ -7,8 +7,8 @@
 #include "icons/web_address.h"
 #include "require.h"
 
-// The first line is an address, the rest a link on its page. What is accepted is safe to put into a request, and
-// reads back as itself.
+// The first line is an address, the rest a link on its page. Accepted addresses are safe in a request and read back as
+// themselves.
 
 namespace rondora {
 namespace {

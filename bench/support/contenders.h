@@ -22,7 +22,7 @@ struct Contender {
 struct OwnSetting {
   int items = 8;       // in each ring
   int otherMenus = 0;  // in the document before the rings, of eight items each and without a hotkey
-  double scale = 1;    // pixels a point
+  double scale = 1;    // pixels per point
 };
 
 /// This program with two rings, which differ in their opening animation only. Throws std::runtime_error when its

@@ -20,12 +20,12 @@ class AppLauncher {
   /// Brings a running application to the front; false when it cannot.
   using Focus = std::function<bool(const RunningApplication&)>;
 
-  /// The references outlive this.
+  /// The references must outlive the object.
   AppLauncher(Workspace& workspace, Pasteboard& pasteboard, Focus focus, KeystrokeSender& keystrokeSender);
 
-  /// Keystrokes go to the target process, or to whatever is frontmost when there is none.
+  /// Keystrokes go to the target process, or to the frontmost one when there is none.
   void execute(const PieMenuItem& item, std::optional<std::int32_t> targetPID);
-  /// Brings a running instance forward, else opens the application; nothing when it is not installed.
+  /// Brings a running instance forward, otherwise opens the application; does nothing when it is not installed.
   void launch(std::string_view bundleIdentifier);
   /// The first live instance that is an ordinary application, in the platform's order.
   std::optional<RunningApplication> runningApplication(std::string_view bundleIdentifier) const;

@@ -18,11 +18,11 @@ namespace rondora {
 /// Types one key combination into the application that the user works in. Main thread.
 class KeystrokeSender {
  public:
-  /// Runs `then` once the process is frontmost, at the deadline at the latest, at once without a process.
+  /// Runs `then` once the process is frontmost, at the latest at the deadline; immediately without a process.
   using WhenFrontmost =
       std::function<void(std::optional<std::int32_t> pid, WallTime deadline, std::function<void()> then)>;
 
-  /// The references outlive this.
+  /// The references must outlive the object.
   struct Ports {
     PermissionService& permissions;
     WhenFrontmost whenFrontmost;
@@ -36,15 +36,15 @@ class KeystrokeSender {
   explicit KeystrokeSender(Ports ports) : ports_(std::move(ports)) {}
 
   /// Waits up to half a second, without blocking, for the target to be frontmost, then types the key either way.
-  /// Without a target it types at once. A key code and a mask of 0 stand for an empty recording: nothing is typed.
-  /// While a ring is open the key would go to the ring. It then waits up to three seconds for the ring to close, and
-  /// after that up to half a second for the target; a key that cannot go to its target by then is dropped and logged.
+  /// Without a target it types at once. A key code and a mask of 0 are an empty recording: nothing is typed. While a
+  /// ring is open the key would go to the ring, so it waits up to three seconds for the ring to close, and then up to
+  /// half a second for the target; a key that cannot reach its target by then is dropped and logged.
   void perform(std::int64_t keyCode, std::int64_t modifiers, std::optional<std::int32_t> targetPID);
   /// Types the key at once: down, 12 ms, up. Types nothing when the keyboard lacks the key or one of the modifiers, or
   /// when the mask is negative.
   void post(std::int64_t keyCode, std::int64_t modifiers);
 
-  /// The bits that keyboards set by themselves in the events of arrows and navigation keys.
+  /// The bits that keyboards set in the events of arrows and navigation keys without any modifier.
   static std::uint64_t ownFlags(std::int64_t keyCode);
   /// The stored mask (event flags) with the key's own bits.
   static std::uint64_t eventFlags(std::int64_t keyCode, std::int64_t modifiers) {

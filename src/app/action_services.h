@@ -16,7 +16,7 @@ namespace rondora {
 
 /// The objects that run an item's action. Main thread.
 struct ActionServices {
-  /// All outlive this.
+  /// The references must outlive the object.
   struct Ports {
     Workspace& workspace;
     Pasteboard& pasteboard;

@@ -49,12 +49,12 @@ FirstLaunch::Services AppDelegate::firstLaunchServices() const {
           .openSettings = weakSelf_.bind([](AppDelegate& self) { self.openSettings(); })};
 }
 
-RingWarmer::Services AppDelegate::ringWarmerServices() const {
+RingPrerenderer::Services AppDelegate::ringPrerendererServices() const {
   MenuSwitchboard& switchboard = services_.switchboard;
   return {.config = services_.config,
           .workspace = services_.workspace,
           .mainQueue = services_.mainQueue,
-          .prepare = [&switchboard](const PieMenu& menu) { switchboard.warmUp(menu); },
+          .prerender = [&switchboard](const PieMenu& menu) { switchboard.prerender(menu); },
           .isRingOpen = [&switchboard] { return switchboard.isMenuVisible(); }};
 }
 
@@ -76,11 +76,11 @@ void AppDelegate::applicationDidFinishLaunching() {
   services_.mainQueue.after(kStatusItemSettlingTime, weakSelf_.bind([](AppDelegate& self) {
     self.evaluateStatusItemVisibility(HiddenStatusItem::openSettings);
   }));
-  ringWarmer_ = std::make_unique<RingWarmer>(ringWarmerServices());
+  ringPrerenderer_ = std::make_unique<RingPrerenderer>(ringPrerendererServices());
 }
 
 void AppDelegate::applicationWillTerminate() {
-  ringWarmer_.reset();
+  ringPrerenderer_.reset();
   triggers_.tearDown();
   if (services_.restoreNativeAppSwitcher) services_.restoreNativeAppSwitcher();
 }
@@ -101,7 +101,7 @@ bool AppDelegate::trigger(std::string_view menuId) {
   const auto id = Uuid::parse(menuId);
   if (!id || services_.config.current().menu(*id) == nullptr) {
     // Any program can send this text: the log repeats identifiers only.
-    services_.log.error("trigger skipped: " + (id ? "no menu has the id " + id->string() : "this is no menu's id"));
+    services_.log.error("trigger skipped: " + (id ? "no menu has the id " + id->string() : "malformed menu id"));
     return false;
   }
   services_.mainQueue.async(
@@ -110,7 +110,7 @@ bool AppDelegate::trigger(std::string_view menuId) {
 }
 
 void AppDelegate::iconsChanged() {
-  if (ringWarmer_) ringWarmer_->warm();
+  if (ringPrerenderer_) ringPrerenderer_->prerenderAll();
 }
 
 void AppDelegate::subscribeLanguage() {

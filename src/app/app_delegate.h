@@ -8,7 +8,7 @@
 
 #include "app/first_launch.h"
 #include "app/menu_switchboard.h"
-#include "app/ring_warmer.h"
+#include "app/ring_prerenderer.h"
 #include "app/status_menu.h"
 #include "app/trigger_sources.h"
 #include "base/notification_center.h"
@@ -32,10 +32,10 @@
 
 namespace rondora {
 
-/// Brings the program up in order, reacts to changes around it and takes it down. Main thread.
+/// Starts the program in order, reacts to changes around it and shuts it down. Main thread.
 class AppDelegate {
  public:
-  /// All outlive the delegate.
+  /// The references must outlive the delegate.
   struct Services {
     MainQueue& mainQueue;
     Log& log;
@@ -58,7 +58,7 @@ class AppDelegate {
 
     /// May be empty.
     std::function<void()> restoreNativeAppSwitcher;
-    /// Called with the reason why the user cannot see the status item, or with nothing.
+    /// Called with the reason why the user cannot see the status item; nothing when it is visible.
     std::function<void(const std::optional<std::string>&)> publishStatusItemProblem;
   };
 
@@ -69,14 +69,14 @@ class AppDelegate {
   void applicationDidFinishLaunching();
   void applicationWillTerminate();
   bool applicationShouldTerminateAfterLastWindowClosed() const { return false; }
-  /// The user started the program again while it runs.
+  /// The user started the program again while it was running.
   bool applicationShouldHandleReopen(bool hasVisibleWindows);
   void openSettings();
   void quitApp();
   /// Triggers a menu for another program, like a hotkey that is neither held nor repeated. False when no menu has this
   /// id.
   bool trigger(std::string_view menuId);
-  /// Prepared rings are out of date: a favicon arrived, or applications were installed or removed.
+  /// Invalidates pre-rendered rings: a favicon arrived, or applications were installed or removed.
   void iconsChanged();
 
   TriggerSources& triggers() { return triggers_; }
@@ -87,7 +87,7 @@ class AppDelegate {
   enum class HiddenStatusItem { openSettings, onlyReport };
 
   FirstLaunch::Services firstLaunchServices() const;
-  RingWarmer::Services ringWarmerServices() const;
+  RingPrerenderer::Services ringPrerendererServices() const;
   void subscribeLanguage();
   void setupTriggers();
   void observeChanges();
@@ -101,7 +101,7 @@ class AppDelegate {
   TriggerSources triggers_;
   std::unique_ptr<StatusMenu> statusMenu_;
   std::unique_ptr<FirstLaunch> firstLaunch_;
-  std::unique_ptr<RingWarmer> ringWarmer_;
+  std::unique_ptr<RingPrerenderer> ringPrerenderer_;
   std::unique_ptr<SettingsWindow> settingsWindow_;
   Subscription appActivationObserver_;
   Subscription configurationObserver_;

@@ -57,7 +57,7 @@
 namespace rondora {
 namespace {
 
-/// A clipboard manager that hangs must not keep the program from ending.
+/// Limits the wait for a clipboard manager that hangs.
 constexpr std::chrono::seconds kMaxHandover{1};
 
 Subscription watchReadable(int descriptor, std::function<void()> readable) {
@@ -68,7 +68,7 @@ Subscription watchReadable(int descriptor, std::function<void()> readable) {
 
 }  // namespace
 
-/// The program's place in the session, claimed before any of the user's files is read or written.
+/// The program's claim on the session, made before any of the user's files is read or written.
 struct CompositionLinux::Presence {
   explicit Presence(Log& log) : instance({&bus, &lockFile}, log) {}
 
@@ -79,7 +79,7 @@ struct CompositionLinux::Presence {
   SingleInstance instance;
 };
 
-/// One backend for each port, in the order in which they need each other, and the program on top of them.
+/// One backend for each port, in order of dependency, and the program on top of them.
 struct CompositionLinux::Running {
   Running(const QtX11Access& access, Log& programLog, SingleInstance& ownInstance)
       : log(programLog),
@@ -184,7 +184,7 @@ Platform CompositionLinux::Running::platform() {
           },
       .warmUp =
           [this] {
-            installed.warm();
+            installed.warmUp();
             rasterizer.warmUp();
           },
       .restoreNativeAppSwitcher = {},
@@ -193,7 +193,7 @@ Platform CompositionLinux::Running::platform() {
       .pasteKeys = "Ctrl+V"};
 }
 
-/// A clipboard manager, if there is one, takes the content and keeps it after the program's end.
+/// Hands the content to a clipboard manager, if there is one, which keeps it after the program's end.
 void CompositionLinux::Running::handOverClipboard() {
   x11::ClipboardHandover handover(connection);
   if (handover.begin()) handleEventsUntil([&handover] { return handover.hasEnded(); }, kMaxHandover);

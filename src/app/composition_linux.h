@@ -8,8 +8,8 @@ namespace rondora {
 
 class Log;
 
-/// Names the backend that answers each port on a Linux desktop, and makes the program with them. Lives between the
-/// toolkit's application object and the end of its X connection. Main thread.
+/// Chooses the backend of each port on a Linux desktop, and makes the program with them. Lives between the toolkit's
+/// application object and the end of its X connection. Main thread.
 class CompositionLinux {
  public:
   enum class State {
@@ -25,7 +25,7 @@ class CompositionLinux {
   /// Imports settings and document of the predecessor; the first action of the process.
   static void runLegacyMigration(Log& log);
 
-  /// `log` outlives this object.
+  /// `log` must outlive the object.
   CompositionLinux(QApplication& application, Log& log);
   ~CompositionLinux();
   CompositionLinux(const CompositionLinux&) = delete;

@@ -17,11 +17,11 @@
 
 namespace rondora {
 
-/// Introduces the program to a new user: the onboarding window until the permissions are there, then the settings once.
-/// Main thread.
+/// Introduces the program to a new user: the onboarding window until the permissions are granted, then the settings
+/// once. Main thread.
 class FirstLaunch {
  public:
-  /// All outlive this.
+  /// The references must outlive the object.
   struct Services {
     MainQueue& mainQueue;
     UserDefaults& defaults;
@@ -36,11 +36,11 @@ class FirstLaunch {
 
   explicit FirstLaunch(const Services& services);
 
-  /// Marks an installation from before the settings opened by themselves; first of all at launch.
+  /// Marks an installation that predates the automatic opening of the settings. Call it before anything else at launch.
   void migrateLaunchState();
   void presentPermissionsIfNeeded();
   void presentSettingsOnceIfPermissionsComplete();
-  /// All permissions are there: closes the onboarding window if it is up and has the program come forward.
+  /// Call it when all permissions are granted: closes an open onboarding window and brings the program forward.
   void finishOnboardingIfUp();
   bool hasOnboarding() const { return onboarding_ != nullptr; }
   bool isOnboardingUp() const { return onboarding_ && onboarding_->isUp(); }

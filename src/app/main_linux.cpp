@@ -28,14 +28,14 @@ constexpr int kFailure = 1;
 /// The composition that still holds grabs and claims. Global because exit handlers get no context.
 CompositionLinux* running = nullptr;
 
-/// Start another instance once everything is released.
+/// Start a new instance once everything is released.
 bool startAgain = false;
 
 void terminateRunning() {
   if (CompositionLinux* composition = std::exchange(running, nullptr)) composition->terminate();
 }
 
-/// The session management library calls exit() when the session manager is gone, so no other clean-up runs.
+/// The session management library calls exit() when the session manager is gone; no other clean-up runs then.
 void handleForeignExit() {
   if (running == nullptr) return;
   terminateRunning();

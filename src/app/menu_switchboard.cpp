@@ -106,9 +106,9 @@ std::optional<std::vector<PieMenuItem>> MenuSwitchboard::itemsOverride(const Pie
   return services_.runningAppsMenuItems.build(menu);
 }
 
-void MenuSwitchboard::warmUp(const PieMenu& menu) const {
+void MenuSwitchboard::prerender(const PieMenu& menu) const {
   if (menu.kind == PieMenuKind::appCommands) return;  // its commands are unknown before it opens
-  pieMenuWindow_.warmUp(menu, itemsOverride(menu));
+  pieMenuWindow_.prerender(menu, itemsOverride(menu));
 }
 
 void MenuSwitchboard::armModifierReleaseDismissal(const HotkeyConfig& hotkey) {

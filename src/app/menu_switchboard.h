@@ -27,7 +27,7 @@
 
 namespace rondora {
 
-/// Turns a trigger into a menu on screen, and a choice into an action on the application that was in front before. A
+/// Opens the menu that a trigger means, and runs the chosen action on the application that was frontmost before. A
 /// hotkey with modifiers is held, tapped to step and released to choose; a plain key is held and released to choose.
 /// Main thread.
 class MenuSwitchboard {
@@ -35,7 +35,7 @@ class MenuSwitchboard {
   /// Indices of the menus that share the trigger.
   using Candidates = std::vector<std::uint32_t>;
 
-  /// All outlive the switchboard.
+  /// The references must outlive the switchboard.
   struct Services {
     MainQueue& mainQueue;
     RandomSource& random;
@@ -59,11 +59,11 @@ class MenuSwitchboard {
   void handleTrackpadGesture(std::int64_t fingerCount);
   /// Triggers a menu, with or without a hotkey, for another program.
   void handleRequest(const Uuid& menuId);
-  /// Closes a special menu that the document has switched off.
+  /// Closes a special menu that has been switched off in the document.
   void dismissRunningAppsMenuIfDisabled();
   void prefetchAppCommands(const RunningApplication& application);
-  /// Pre-renders the menu's picture, so that its first opening costs no more than later ones.
-  void warmUp(const PieMenu& menu) const;
+  /// Pre-renders the menu's picture, so that its first opening is as fast as later ones.
+  void prerender(const PieMenu& menu) const;
 
   bool isMenuVisible() const { return pieMenuWindow_.isVisible(); }
   /// True when the menu on screen is one of these.
@@ -113,7 +113,7 @@ class MenuSwitchboard {
   PieMenuWindowController& pieMenuWindow_;
   std::unique_ptr<SnippetPreviewPopover> snippetPreviewPopover_;
   bool showsRunningApps_ = false;
-  /// In front when the menu opened; restored or forgotten exactly once.
+  /// The application in front when the menu opened; restored or forgotten exactly once.
   std::optional<RunningApplication> previousApp_;
   /// The one pending request for an application's commands that may open a menu.
   std::optional<Uuid> pendingAppCommandsToken_;

@@ -40,8 +40,8 @@
 
 namespace rondora {
 
-/// Everything that a Program needs of the system it runs on: an answer for each port, and what differs between systems
-/// otherwise. All references outlive the program. Functions may be empty unless said otherwise.
+/// Everything that a Program needs of its system: an implementation of each port, and the other differences between
+/// systems. All references must outlive the program. Functions may be empty unless stated otherwise.
 struct Platform {
   Log& log;
   Clock& clock;
@@ -79,15 +79,15 @@ struct Platform {
 
   /// Never empty.
   std::function<std::unique_ptr<SerialQueue>(std::string_view label)> makeSerialQueue;
-  /// Puts what the toolkit itself shows into the language.
+  /// Sets the language of the toolkit's own texts.
   std::function<void(AppLanguage)> useInterfaceLanguage;
-  /// Calls back when applications were installed or removed.
+  /// The observer is called when applications were installed or removed.
   std::function<Subscription(std::function<void()>)> onInstalledApplicationsChanged;
-  /// Prepares whatever the first ring would wait for; called once, on a turn after the launch.
+  /// Loads what the first ring would otherwise wait for; called once, on a turn after the launch.
   std::function<void()> warmUp;
-  /// Gives the system's application switcher its keys back.
+  /// Gives its keys back to the system's application switcher.
   std::function<void()> restoreNativeAppSwitcher;
-  /// Leaves the clipboard's content to the system when the program ends.
+  /// Hands the clipboard's content to the system when the program ends.
   std::function<void()> handOverClipboard;
 
   ModifierNames modifierNames;

@@ -99,7 +99,7 @@ AppDelegate::Services Program::delegateServices() {
           .publishStatusItemProblem = [this](const auto& problem) { statusItemProblem_ = problem; }};
 }
 
-/// Of the first menu that its hotkey opens; empty when no hotkey opens one.
+/// The hotkey of the first menu that its hotkey opens; empty when there is none.
 std::string Program::firstHotkey() const {
   const HotkeyManager* manager = delegate_.hotkeyManager();
   const PieMenu* menu = manager == nullptr ? nullptr : firstMenuWithWorkingHotkey(config_.current().menus, *manager);

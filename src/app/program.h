@@ -32,12 +32,12 @@ class Program {
   Program& operator=(const Program&) = delete;
 
   void start();
-  /// Saves pending edits and gives back what was taken from the desktop and the session. Once, at the end.
+  /// Saves pending edits and releases what the program holds of the desktop and the session. Call it once, at the end.
   void end();
 
   /// For the shell's windows; callable after construction, valid as long as the program.
   WindowContents windowContents();
-  /// For the rasterizer: the file with the picture of a web site; nothing while there is none.
+  /// For the rasterizer: the file with the picture of a web site; nothing when there is none.
   std::optional<std::filesystem::path> sitePicture(std::string_view site) const { return favicons_.picture(site); }
 
   AppDelegate& delegate() { return delegate_; }

@@ -54,7 +54,7 @@ void SessionReport::addHotkeys(std::vector<SessionFinding>& findings, const Sess
     if (!menuOpens) findings.push_back(hotkeyFails(menu));
     (menuOpens ? anyOpens : anyFails) = true;
   }
-  // On Wayland hotkeys arrive only at times, which another finding says.
+  // On Wayland hotkeys arrive only sometimes, which another finding states.
   if (anyOpens && !anyFails && !facts.isWayland) findings.push_back(works(StringKey::sessionHotkeysWork));
 }
 

@@ -12,7 +12,7 @@
 
 namespace rondora {
 
-/// The present state that the report depends on.
+/// The state that the report depends on.
 struct SessionFacts {
   bool isWayland = false;
   bool showsStatusItem = true;

@@ -5,7 +5,7 @@
 namespace rondora {
 namespace {
 
-/// An instance that is just ending has released its claims by the second round.
+/// By the second round an instance that is just ending has released its claims.
 constexpr int kRounds = 2;
 
 }  // namespace

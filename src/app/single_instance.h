@@ -14,15 +14,15 @@ class SingleInstance {
     first,
     /// Another instance runs and has shown its settings.
     handedOver,
-    /// Another instance runs and does not answer.
+    /// Another instance runs and does not reply.
     unanswered,
   };
 
-  /// `claim` tries and claims all `channels` in this order. They outlive this object.
+  /// `claim` tries and claims all `channels` in this order. They must outlive the object.
   SingleInstance(std::vector<InstanceChannel*> channels, Log& log);
 
   Start claim();
-  /// So that the next start can claim.
+  /// Lets the next start claim.
   void release();
   /// Only after `claim` returned `first`.
   void serve(const SessionRequests& requests);

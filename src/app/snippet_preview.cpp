@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::size_t kMaxLength = 9600;  // bytes, more than the preview's lines can hold
 
-/// Does not cut through a character.
+/// Never splits a character.
 std::string_view beginning(std::string_view text) {
   if (text.size() <= kMaxLength) return text;
   std::size_t length = kMaxLength;

@@ -8,8 +8,8 @@
 
 namespace rondora {
 
-/// The preview of a snippet: its text without white space around it, cut to a length that stays cheap to lay out.
-/// Nothing for a snippet without visible text.
+/// The preview of a snippet: its trimmed text, cut to a length that is cheap to lay out. Nothing for a snippet without
+/// visible text.
 std::optional<SnippetPreview> snippetPreview(std::string_view snippet, std::string hint);
 
 }  // namespace rondora

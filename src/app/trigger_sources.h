@@ -16,10 +16,10 @@
 
 namespace rondora {
 
-/// Hotkeys and trackpad taps of the document's menus, and the way of their triggers to the switchboard. Main thread.
+/// Hotkeys and trackpad taps of the document's menus; passes their triggers to the switchboard. Main thread.
 class TriggerSources {
  public:
-  /// All outlive this.
+  /// The references must outlive the object.
   struct Services {
     MainQueue& mainQueue;
     Log& log;
@@ -30,7 +30,7 @@ class TriggerSources {
 
   explicit TriggerSources(const Services& services);
 
-  /// Registers the hotkeys of the present document and listens for its finger counts; what was registered before goes.
+  /// Registers the hotkeys of the current document and listens for its finger counts; replaces earlier registrations.
   void setUp();
   void tearDown();
   /// Null before the first `setUp`.
@@ -39,7 +39,7 @@ class TriggerSources {
 
  private:
   void makeHotkeyManager();
-  /// Wraps a trigger so that it is handled on a later turn of the main queue, from whatever thread it comes.
+  /// Wraps a trigger so that a later turn of the main queue handles it, whichever thread it comes from.
   std::function<void(HotkeyManager::MenuIndices)> onMainQueue(
       void (MenuSwitchboard::*handle)(const MenuSwitchboard::Candidates&)) const;
   void setUpTrackpadGesture();

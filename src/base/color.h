@@ -13,7 +13,7 @@ struct Color {
   double alpha = 1;
   friend bool operator==(const Color&, const Color&) = default;
 
-  /// "#RRGGBB" in either case, with or without the leading number sign; nullopt for anything else.
+  /// "#RRGGBB" in either case, with or without the number sign; nullopt for anything else.
   static std::optional<Color> fromHex(std::string_view text);
 
   constexpr Color withAlpha(double newAlpha) const { return {red, green, blue, newAlpha}; }

@@ -9,7 +9,7 @@
 
 namespace rondora {
 
-/// Ends what it stands for (an observer, a monitor, a timer) when it is destroyed or reset. Move only.
+/// Ends its observer, monitor or timer when it is destroyed or reset. Move only.
 class Subscription {
  public:
   Subscription() = default;
@@ -33,8 +33,8 @@ class Subscription {
   std::function<void()> cancel_;
 };
 
-/// Callbacks in the order in which they were added. They may add and remove callbacks, and destroy the list, during a
-/// walk; a callback added during a walk is not part of it. A walk allocates nothing. Single-threaded.
+/// Callbacks in the order in which they were added. During a walk they may add and remove callbacks, and destroy the
+/// list; a callback added during a walk is not part of it. A walk allocates nothing. Single-threaded.
 template <class Callback>
 class CallbackTable {
  public:
@@ -68,7 +68,7 @@ class CallbackTable {
     std::vector<std::shared_ptr<Callback>> entries;
     int walks = 0;
 
-    // A walk goes by index: leave a gap then.
+    // A walk goes by index, so removal during a walk leaves a gap.
     void remove(const std::shared_ptr<Callback>& entry) {
       std::replace(entries.begin(), entries.end(), entry, std::shared_ptr<Callback>());
       if (walks == 0) std::erase(entries, nullptr);
@@ -96,7 +96,7 @@ class Signal {
   CallbackTable<Slot> slots_;
 };
 
-/// Callbacks each of which may consume what it is offered; later ones then do not receive it. See CallbackTable.
+/// Callbacks that may consume an event; later ones then do not receive it. See CallbackTable.
 template <class... Args>
 class CallbackList {
  public:
@@ -114,7 +114,7 @@ class CallbackList {
   CallbackTable<Callback> callbacks_;
 };
 
-/// A current-value publisher: a subscriber gets the present value at once and every later one.
+/// A current-value publisher: a subscriber receives the present value at once and every later one.
 template <class T>
 class CurrentValue {
  public:

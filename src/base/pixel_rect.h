@@ -17,7 +17,7 @@ struct PixelRect {
   constexpr bool isEmpty() const { return width <= 0 || height <= 0; }
 };
 
-/// What both have in common; empty, with negative sides, where they lie apart.
+/// The common part; empty, with negative sides, when the rectangles are apart.
 constexpr PixelRect intersection(const PixelRect& a, const PixelRect& b) {
   const int left = std::max(a.x, b.x);
   const int top = std::max(a.y, b.y);

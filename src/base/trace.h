@@ -4,8 +4,8 @@
 #include <sstream>
 #include <string>
 
-/// A line for each key, grab and change of state, for reports of keys that stay down. Off unless the program is started
-/// with RONDORA_TRACE=1; a call then is one branch. Main thread.
+/// One line for each key, grab and change of state, for reports of stuck keys. Off unless the program is started with
+/// RONDORA_TRACE=1; a call then is one branch. Main thread.
 namespace rondora::trace {
 
 // NOLINTBEGIN(cppcoreguidelines-avoid-non-const-global-variables): one switch for the process, set before all else.

@@ -21,7 +21,7 @@ class SubActions {
   virtual std::optional<RunningApplication> targetApp() = 0;
   /// Calls `completion` once, on a later turn of the main loop.
   virtual void resolve(const RunningApplication& application, Completion completion) = 0;
-  /// Reads the application's commands ahead of a `resolve`.
+  /// Reads the application's commands before they are needed.
   virtual void prefetch(const RunningApplication& application) = 0;
   virtual void perform(const PieSubAction& action, const std::optional<RunningApplication>& previousApp) = 0;
 };

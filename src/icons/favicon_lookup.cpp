@@ -23,7 +23,6 @@ bool isRedirection(int status) {
   return status == 301 || status == 302 || status == 303 || status == 307 || status == 308;
 }
 
-/// Statuses that ask to come back later.
 bool isTemporaryFailure(int status) {
   return status == 407 || status == 408 || status == 425 || status == 429 || status >= 500;
 }

@@ -10,8 +10,7 @@
 
 #include "model/pie_menu.h"
 
-// The one table of what a menu looks like. The document, the ring and the settings take every name, default and range
-// from here.
+// The table of a menu's appearance fields. Document, ring and settings take every name, default and range from here.
 
 namespace rondora {
 

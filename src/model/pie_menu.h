@@ -14,12 +14,12 @@
 
 namespace rondora {
 
-/// One ring with its trigger, items and looks. Lengths are points.
+/// A menu: its trigger, items and appearance. Lengths are points.
 struct PieMenu {
   static constexpr double kMinRingWidth = 22;
   static constexpr double kMinInnerRadius = 12;
 
-  /// Sets the default looks.
+  /// Sets the default appearance.
   PieMenu();
 
   Uuid id;
@@ -32,7 +32,7 @@ struct PieMenu {
   bool runningAppsMenuEnabled = true;
   /// 3, 4 or 5; other values mean none.
   std::int64_t trackpadFingerCount = 0;
-  // Looks, with the defaults and ranges of model/appearance_fields.h.
+  // Appearance, with the defaults and ranges of model/appearance_fields.h.
   double menuRadius = 0;
   double innerRadius = 0;
   /// Place of an icon's centre: 0 is the inner radius, 1 the outer one.
@@ -66,7 +66,7 @@ struct PieMenu {
   /// The default for these radii.
   static double defaultIconDistance(double innerRadius, double menuRadius);
 
-  /// Copies the looks that menus share.
+  /// Copies the appearance fields that menus share.
   void applySharedVisualSettings(const PieMenu& source);
 
   /// Drops later occurrences, ignoring case.

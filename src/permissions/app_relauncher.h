@@ -4,7 +4,7 @@
 
 namespace rondora {
 
-/// Restarts the program, for a permission that takes effect in a new process only. Main thread.
+/// Restarts the program, for a permission that takes effect only in a new process. Main thread.
 class AppRelauncher {
  public:
   explicit AppRelauncher(ApplicationShell& shell) : shell_(shell) {}

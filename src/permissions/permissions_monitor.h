@@ -9,7 +9,7 @@
 
 namespace rondora {
 
-/// Keeps a current snapshot of the permissions: reads them whenever the program becomes active and at intervals, more
+/// Publishes a current snapshot of the permissions: reads them when the program becomes active and periodically, more
 /// often while one is missing. Main thread.
 class PermissionsMonitor {
  public:

@@ -23,7 +23,7 @@ class ApplicationShell {
   /// Starts another instance of the program and then calls `opened`, also when that failed. A system on which only one
   /// instance can run at a time starts it when this one has ended.
   virtual void openNewInstance(std::function<void()> opened) = 0;
-  /// The shell asks this when the last window closes, and ends the program on true.
+  /// The shell calls it when the last window closes, and ends the program on true.
   virtual void setShouldTerminateAfterLastWindowClosed(std::function<bool()> shouldTerminate) = 0;
   [[nodiscard]] virtual Subscription onDidBecomeActive(std::function<void()> observer) = 0;
 };

@@ -11,7 +11,7 @@ namespace rondora {
 inline constexpr std::uint32_t kKeyDownAndKeyUpMask = 3072;
 inline constexpr std::uint32_t kFlagsChangedMask = 4096;
 
-/// Key events that the program itself receives: while its overlay is up, that is all of them. Main thread.
+/// Key events that the program itself receives; while its overlay is shown, these are all of them. Main thread.
 class EventMonitors {
  public:
   /// Returns true to consume the event: later monitors do not receive it. May end its own monitor.

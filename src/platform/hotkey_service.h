@@ -26,15 +26,15 @@ struct HotKeyEvent {
 };
 
 /// System-wide hot keys, also while the program's overlay holds the keyboard. Modifiers match exactly; Caps Lock and
-/// Num Lock do not count. Each physical press is reported once, its release when the key itself goes up, also when the
-/// combination was registered again meanwhile. The event monitors (platform/event_monitors.h) receive neither a
+/// Num Lock are ignored. Each physical press is reported once, and its release when the key itself goes up, even if the
+/// combination was registered again in between. The event monitors (platform/event_monitors.h) receive neither a
 /// reported press, its repeats and its release, nor any repeat of a registered combination. Main thread.
 class HotkeyService {
  public:
   /// Receives null when the event carries no data. Returns 0 when handled.
   using Handler = std::function<int(const HotKeyEvent*)>;
 
-  /// True when a press that makes a hot key while the overlay holds the keyboard is the overlay's key event instead.
+  /// True when a press that matches a hot key while the overlay holds the keyboard goes to the overlay instead.
   using OverlayRule = std::function<bool(const KeyEvent& press, const EventHotKeyID& id)>;
 
   virtual ~HotkeyService() = default;
@@ -44,12 +44,12 @@ class HotkeyService {
   [[nodiscard]] virtual std::optional<Subscription> registerEventHotKey(std::uint32_t keyCode,
                                                                         std::uint32_t carbonModifiers,
                                                                         EventHotKeyID id) = 0;
-  /// Calls back after the modifier map changed: another program may have taken a live registration, and a refused one
-  /// may now be possible. Register again.
+  /// Called after the modifier map changed: another program may have taken a live registration, and a refused one may
+  /// now be possible. Register again.
   [[nodiscard]] virtual Subscription onModifiersMoved(std::function<void()> observer) = 0;
   /// The handler is called synchronously from the event loop.
   [[nodiscard]] virtual Subscription installEventHandler(Handler handler) = 0;
-  /// Only a platform whose overlay takes the keys of hot keys too applies the rule.
+  /// Applied only by a platform whose overlay also receives the keys of hot keys.
   virtual void setOverlayRule(const OverlayRule& /*rule*/) {}
 };
 

@@ -12,7 +12,7 @@ struct SessionRequests {
   std::function<bool(std::string_view menuId)> trigger;
 };
 
-/// A single-instance claim for the session, and the channel by which other programs reach the instance. Main thread.
+/// The single-instance claim of the session, and the channel on which other programs reach the instance. Main thread.
 class InstanceChannel {
  public:
   enum class Claim { first, taken, unavailable };

@@ -29,7 +29,7 @@ struct KeyEvent {
   std::string charactersIgnoringModifiers;
   /// The modifiers held before the event, for flagsChanged those held after it; locks (Caps, Num) are left out.
   std::uint64_t modifierFlags = 0;
-  /// A key-down that the keyboard repeats by itself, also when the first press came before the overlay was up.
+  /// A key-down of the keyboard's auto-repeat, also when the first press came before the overlay was shown.
   bool isRepeat = false;
 
   static constexpr std::uint16_t kNoKeyCode = 0xFFFF;

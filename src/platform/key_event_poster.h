@@ -5,22 +5,22 @@
 
 namespace rondora {
 
-/// The modifier state that a synthetic event takes part in: a private one, or the hardware keyboard's.
+/// The modifier state that a synthetic event belongs to: a private one, or the hardware keyboard's.
 enum class KeyEventSourceState { privateState, hidSystemState };
 /// Where an event enters the system: at the login session or at the hardware.
 enum class KeyEventTap { session, hid };
 
 /// Event flags (platform/key_event.h) of a key event, by their origin.
 struct KeyFlags {
-  /// What the user would hold.
+  /// The modifiers that a user would hold.
   std::uint64_t modifiers = 0;
-  /// What a keyboard sets by itself for this key (arrows, navigation keys).
+  /// The flags that a keyboard sets for this key without any modifier (arrows, navigation keys).
   std::uint64_t own = 0;
 
   std::uint64_t all() const { return modifiers | own; }
 };
 
-/// A key event made ready to be posted.
+/// A key event that is ready to be posted.
 struct SyntheticKeyEvent {
   KeyEventSourceState source = KeyEventSourceState::privateState;
   std::uint16_t keyCode = 0;
@@ -44,7 +44,8 @@ class KeyEventPoster {
                                                         const KeyFlags& flags) = 0;
   /// False while our own overlay would receive the typed key.
   virtual bool reachesApplications() const = 0;
-  /// Keys that the user holds neither change what the receiver sees, nor does their state change for the user.
+  /// Keys that the user holds do not change what the receiver sees, and posting does not change their state for the
+  /// user.
   virtual void post(const SyntheticKeyEvent& event, KeyEventTap tap) = 0;
 };
 

@@ -9,8 +9,8 @@
 
 namespace rondora {
 
-/// How the overlay behaves on the desktop. The numbers are the ones of the windowing system that the program was
-/// conceived for; a platform maps them to what it has.
+/// How the overlay behaves on the desktop. The numbers are those of the windowing system that the program was designed
+/// for; a platform maps them to its own.
 struct OverlayPanelStyle {
   // Bits of `collectionBehavior`.
   static constexpr std::uint32_t kMoveToActiveSpace = 1U << 1;
@@ -22,7 +22,7 @@ struct OverlayPanelStyle {
   std::uint32_t collectionBehavior = 0;
   bool isBorderless = false;
   bool isFloating = false;
-  /// Showing it leaves the active application as it is.
+  /// Showing it leaves the active application active.
   bool nonactivating = false;
   bool canBecomeKey = false;
   bool canBecomeMain = false;
@@ -31,15 +31,15 @@ struct OverlayPanelStyle {
   /// The windowing system animates showing and hiding.
   bool isAnimated = true;
   bool hidesOnDeactivate = true;
-  /// Looks the same whatever appearance the desktop has.
+  /// Looks the same in every appearance of the desktop.
   bool hasFixedAppearance = false;
   friend bool operator==(const OverlayPanelStyle&, const OverlayPanelStyle&) = default;
 };
 
-/// What the overlay reports. Positions are in the panel's own coordinates (points, y down, origin at its top left) and
-/// may lie far outside the panel: where the panel keeps the pointer wherever it goes, entering and leaving are never
-/// reported, else leaving is before the move that left. Any call may destroy the panel, which then touches nothing of
-/// itself any more. Main thread.
+/// Receives the events of the overlay. Positions are in the panel's own coordinates (points, y down, origin at its top
+/// left) and may lie far outside the panel. A panel that grabs the pointer never reports entering and leaving;
+/// otherwise leaving is reported before the move that left. Any call may destroy the panel, which then accesses none of
+/// its members. Main thread.
 class OverlayPanelSink {
  public:
   virtual ~OverlayPanelSink() = default;
@@ -52,30 +52,30 @@ class OverlayPanelSink {
   virtual void panelLost() = 0;
 };
 
-/// One showing of the overlay: made hidden, ordered out when destroyed, at which moment keyboard and pointer are given
-/// back. Never changes which application is active. Main thread.
+/// One showing of the overlay: created hidden; the destructor hides it and releases keyboard and pointer. Never changes
+/// which application is active. Main thread.
 class OverlayPanel {
  public:
   virtual ~OverlayPanel() = default;
 
-  /// Sets what the panel shows; all layers are in state 0. The picture's size is the panel's.
+  /// Sets the picture, with all layers in state 0. The picture has the panel's size.
   virtual void setPicture(Picture picture) = 0;
-  /// `layer` and `state` are valid indices into the picture; a state between two whole numbers is a mixture of both.
-  /// Seen after the next `display`.
+  /// `layer` and `state` are valid indices into the picture; a fractional state blends the two states next to it. Takes
+  /// effect with the next `display`.
   virtual void setLayerState(std::size_t layer, double state) = 0;
-  /// Scales the picture around its anchor (1 is its own size) and fades it (1 is opaque). Seen after the next
+  /// Scales the picture about its anchor (1 is its own size) and fades it (1 is opaque). Takes effect with the next
   /// `display`.
   virtual void setAppearancePhase(double scale, double opacity) = 0;
-  /// Brings what changed to the screen.
+  /// Brings the changes to the screen.
   virtual void display() = 0;
 
-  /// Shows the panel above everything else, whatever application is active.
+  /// Shows the panel above everything else, whichever application is active.
   virtual void orderFrontRegardless() = 0;
-  /// From here on keyboard and pointer belong to the panel. Where the pointer is once it does so is reported as a move,
-  /// at once or later: before that nobody told the panel where it went.
+  /// Directs keyboard and pointer to the panel. Once it has the pointer, it reports the position as a move, at once or
+  /// later: earlier motion went elsewhere.
   virtual void makeKey() = 0;
   virtual bool isVisible() const = 0;
-  /// Where the pointer is now, outside the event stream.
+  /// The current position of the pointer, outside the event stream.
   virtual Point mouseLocationOutsideOfEventStream() const = 0;
 };
 
@@ -83,11 +83,11 @@ class OverlayPanels {
  public:
   virtual ~OverlayPanels() = default;
 
-  /// `frame` is in the coordinate space of the screens. `sink` outlives the panel.
+  /// `frame` is in the coordinate space of the screens. `sink` must outlive the panel.
   virtual std::unique_ptr<OverlayPanel> makePanel(const OverlayPanelStyle& style, const Rect& frame,
                                                   OverlayPanelSink& sink) = 0;
-  /// Does now what a panel's first showing of this picture would otherwise wait for. Shows nothing.
-  virtual void warmUp(Picture picture) = 0;
+  /// Pre-renders the picture, so that its first showing does not wait. Shows nothing.
+  virtual void prerender(Picture picture) = 0;
 };
 
 }  // namespace rondora

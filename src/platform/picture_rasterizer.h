@@ -36,15 +36,15 @@ class PreparedPicture {
  public:
   virtual ~PreparedPicture() = default;
 
-  /// Sets the snapshot of the screen beneath the picture, at the target's resolution; its alpha is ignored. Comes
+  /// Sets the snapshot of the screen beneath the picture, at the target's resolution; its alpha is ignored. Call it
   /// before the first `paint`; without it the glass is imitated.
-  virtual void setBackdrop(const PixelBuffer& screen) = 0;
+  virtual void setSnapshot(const PixelBuffer& screen) = 0;
 
   /// Clears `view.dirty` to transparent and paints every layer in its state there. `states` has one entry per layer; a
   /// fractional entry blends the two states next to it.
   virtual void paint(std::span<const double> states, const PictureView& view, PixelBuffer target) = 0;
 
-  /// Does now what the next `paint` with other states would take time for.
+  /// Prepares the next `paint` with other states, so that it is fast.
   virtual void prepareChanges() {}
 };
 
@@ -55,7 +55,7 @@ class PictureRasterizer {
 
   virtual std::unique_ptr<PreparedPicture> prepare(Picture picture, double pixelsPerPoint) = 0;
   /// Pre-renders a picture, so that `prepare` and the first `paint` of an equal picture are fast.
-  virtual void prepareAhead(Picture picture, double pixelsPerPoint) = 0;
+  virtual void prerender(Picture picture, double pixelsPerPoint) = 0;
 };
 
 }  // namespace rondora

@@ -24,20 +24,20 @@ enum class StatusItemLength { square, variable };
 enum class StatusItemImagePosition { imageOnly, imageBeforeTitle };
 enum class StatusItemRole { menuButton, button };
 
-/// The status item as the system is to make it; a backend maps what its tray knows.
+/// The status item that the system is to make; a backend maps it to its tray.
 struct StatusItemDescription {
-  /// The system keeps the item's place under this name.
+  /// The name under which the system saves the item's position.
   std::string autosaveName;
   StatusItemLength length = StatusItemLength::square;
   StatusItemImagePosition imagePosition = StatusItemImagePosition::imageOnly;
-  /// What screen readers call the item's kind.
+  /// The item's kind for screen readers.
   StatusItemRole role = StatusItemRole::menuButton;
   std::string toolTip;
   std::string accessibilityLabel;
   std::vector<MenuEntry> menu;
 };
 
-/// The program's place in the desktop's tray. Goes when it is destroyed. Main thread.
+/// The program's item in the desktop's tray; removed when destroyed. Main thread.
 class StatusItem {
  public:
   virtual ~StatusItem() = default;
@@ -45,7 +45,7 @@ class StatusItem {
   virtual void setMenuTitle(std::size_t index, const std::string& title) = 0;
   /// Why the user cannot see the item; nothing when the user can.
   virtual std::optional<std::string> visibilityProblem() const = 0;
-  /// Calls back some time after a tray came, went or took the item in, once things have settled.
+  /// Called some time after a tray appeared, vanished or accepted the item, once its state has settled.
   [[nodiscard]] virtual Subscription onVisibilityChanged(std::function<void()> observer) = 0;
 };
 

@@ -5,7 +5,7 @@
 
 namespace rondora {
 
-/// How the system knows the application that this program succeeds.
+/// How the system identifies the application that this program succeeds.
 struct Predecessor {
   std::string_view bundleIdentifier;
   /// Name of its folder below the folders for application data and caches.

@@ -33,7 +33,7 @@ class OnboardingWindow {
   virtual void closeAndFinish() = 0;
 };
 
-/// The beginning of a snippet and below it a line that says what happens to it.
+/// The beginning of a snippet, and below it a line that states what choosing it does.
 struct SnippetPreview {
   /// Never empty; further lines than `maxLines` of `maxLineWidth` (points) are cut off with an ellipsis.
   std::string text = {};
@@ -49,7 +49,7 @@ class SnippetPreviewPopover {
   using Place = std::function<Point(Size)>;
 
   virtual ~SnippetPreviewPopover() = default;
-  /// Replaces the present preview.
+  /// Replaces the current preview.
   virtual void show(const SnippetPreview& preview, const Place& place) = 0;
   virtual void hide() = 0;
 };

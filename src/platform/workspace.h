@@ -21,7 +21,7 @@ struct RunningApplication {
   ActivationPolicy activationPolicy = ActivationPolicy::regular;
   bool isTerminated = false;
   bool isHidden = false;
-  /// The window that was last active, opaque; 0 for none.
+  /// The most recently active window, opaque; 0 for none.
   std::uint64_t window = 0;
 
   /// The same application process, whatever its window.
@@ -37,7 +37,7 @@ struct ApplicationLocation {
   friend bool operator==(const ApplicationLocation&, const ApplicationLocation&) = default;
 };
 
-/// Running and installed applications. Main thread. Requests report no outcome: one that cannot be met has no effect.
+/// Running and installed applications. Main thread. Requests without a result have no effect when they fail.
 class Workspace {
  public:
   virtual ~Workspace() = default;
@@ -47,8 +47,8 @@ class Workspace {
   virtual std::vector<RunningApplication> runningApplications() const = 0;
   virtual std::vector<RunningApplication> runningApplications(std::string_view bundleIdentifier) const = 0;
 
-  /// Activates the application's last active window; no effect when it is already active. False when the application
-  /// has no window.
+  /// Activates the application's most recently active window; no effect when it is already active. False when the
+  /// application has no window.
   virtual bool activate(const RunningApplication& application) = 0;
 
   /// Shows the windows of an application that the user has hidden.

@@ -13,14 +13,14 @@ namespace rondora {
 /// Records the order of application activation. Main thread.
 class RunningAppsActivationHistory {
  public:
-  /// Beyond this many the longest inactive application is dropped.
+  /// When there are more, the least recently active application is dropped.
   static constexpr std::size_t kCapacity = 64;
 
   explicit RunningAppsActivationHistory(Workspace& workspace) : workspace_(workspace) {}
 
   /// Begins with the application that is frontmost now. Further calls change nothing.
   void startObservingIfNeeded();
-  /// Identifiers of the applications, the last activated first, each once.
+  /// Identifiers of the applications, the most recently activated first, each once.
   const std::vector<std::string>& bundleIdentifiers() const { return bundleIdentifiers_; }
 
  private:

@@ -19,7 +19,7 @@ struct WindowTexts {
   std::string language;
   std::string copy;
   std::string sessionHeading;
-  /// Screen readers say these for the marks before findings.
+  /// Screen-reader names of the marks before the findings.
   std::string works;
   std::string fails;
   std::string quit;

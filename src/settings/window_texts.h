@@ -8,7 +8,7 @@
 
 namespace rondora {
 
-/// `firstHotkey` is the display text of the hotkey that a new user presses first; empty when no menu has one.
+/// `firstHotkey` is the display text of the hotkey that a new user tries first; empty when no menu has one.
 WindowTexts windowTexts(const LocalizationStore& localization, const std::string& firstHotkey,
                         const std::string& documentPath);
 

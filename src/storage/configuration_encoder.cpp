@@ -130,7 +130,7 @@ std::optional<ordered_json> encodeDefaultEntries(const PieMenu& menu) {
   return array(menu.appCommandsDefaultEntries, encodeEntry);
 }
 
-/// The document has the default entries in the middle of the looks.
+/// The document stores the default entries between the appearance fields.
 constexpr auto kFieldAfterDefaultEntries = &PieMenu::shortcutDigitSizeScale;
 
 void writeAppearance(ObjectWriter& writer, const PieMenu& menu) {

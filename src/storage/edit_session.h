@@ -17,12 +17,12 @@ class EditSession {
   static constexpr double kDelay = 0.22;  // seconds
   using Edit = std::function<void(PieConfiguration&)>;
 
-  /// Both outlive the session.
+  /// Arguments must outlive the object.
   EditSession(ConfigManager& configManager, MainQueue& mainQueue);
 
   /// The document with all edits, saved or not.
   const PieConfiguration& document() const;
-  /// Applies the edit to the pending document at once and saves after the delay, which starts anew with each edit.
+  /// Applies the edit to the pending document at once and saves after the delay, which restarts with each edit.
   void edit(const Edit& edit);
   /// Saves pending edits at once: before the settings close or the program ends.
   void flush();

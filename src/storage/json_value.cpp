@@ -7,13 +7,13 @@
 namespace rondora {
 namespace {
 
-constexpr std::size_t kLongestDescription = 200;
+constexpr std::size_t kMaxDescriptionLength = 200;
 
 /// The parser's message without its own name and the offending text, which may be long and ill-formed.
 std::string shortened(std::string_view message) {
   if (const auto end = message.find("] "); end != std::string_view::npos) message.remove_prefix(end + 2);
   message = message.substr(0, message.find("; last read"));
-  return std::string(message.substr(0, kLongestDescription));
+  return std::string(message.substr(0, kMaxDescriptionLength));
 }
 
 /// Builds a value from the parser's events, with the open containers on a stack.
@@ -51,15 +51,15 @@ class ValueBuilder final : public nlohmann::json_sax<nlohmann::json> {
 
   template <class Content>
   bool add(Content content) {
-    if (++count_ > kMostJsonValues) return refuse("too many values");
+    if (++count_ > kMaxJsonValues) return refuse("too many values");
     place().content = std::move(content);
     return true;
   }
 
   template <class Container>
   bool open(Container container) {
-    if (open_.size() == kDeepestJson) return refuse("nested too deeply");
-    if (++count_ > kMostJsonValues) return refuse("too many values");
+    if (open_.size() == kMaxJsonDepth) return refuse("nested too deeply");
+    if (++count_ > kMaxJsonValues) return refuse("too many values");
     JsonValue& value = place();
     value.content = std::move(container);
     open_.push_back(&value);

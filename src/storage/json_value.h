@@ -32,10 +32,10 @@ struct JsonSyntaxError {
 };
 
 /// The parser rejects deeper nesting, so that code may recurse over a value.
-inline constexpr std::size_t kDeepestJson = 512;
+inline constexpr std::size_t kMaxJsonDepth = 512;
 /// The parser rejects more values: an item written as "{}," takes a hundred times as much memory. A thousand menus of
 /// 36 items have about 450,000.
-inline constexpr std::size_t kMostJsonValues = 600'000;
+inline constexpr std::size_t kMaxJsonValues = 600'000;
 
 /// Strict JSON in UTF-8 (a byte order mark is tolerated); numbers outside the range of double are errors.
 std::variant<JsonValue, JsonSyntaxError> parseJson(std::string_view text);

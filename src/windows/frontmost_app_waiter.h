@@ -18,9 +18,9 @@ class FrontmostAppWaiter {
   FrontmostAppWaiter(Workspace& workspace, MainQueue& mainQueue, Clock& clock, Log& log)
       : workspace_(workspace), mainQueue_(mainQueue), clock_(clock), log_(log) {}
 
-  /// Runs `then` once: at once when `pid` is absent or already frontmost, else as soon as a later look finds it so, or
-  /// when `deadline` has passed. A wall clock that is set back does not prolong the wait. Polls are independent of each
-  /// other; only destroying the waiter cancels them.
+  /// Runs `then` once: immediately when `pid` is absent or already frontmost, otherwise when a later poll finds it
+  /// frontmost or `deadline` has passed. A wall clock that is set back does not prolong the wait. Waits are independent
+  /// of each other; only destroying the waiter cancels them.
   void poll(std::optional<std::int32_t> pid, WallTime deadline, std::function<void()> then);
 
  private:

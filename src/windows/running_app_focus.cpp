@@ -9,7 +9,7 @@ namespace {
 using Elements = std::vector<AXElementRef>;
 
 constexpr std::uint32_t kUserGenerated = 0x200;
-constexpr double kSmallestSide = 100;       // points
+constexpr double kMinSide = 100;            // points
 constexpr double kMessagingTimeout = 0.25;  // seconds
 
 bool isVisible(const WindowListEntry::Alpha& alpha) {
@@ -20,7 +20,7 @@ bool isVisible(const WindowListEntry::Alpha& alpha) {
 
 bool isEligible(const WindowListEntry& window, std::int32_t ownerPID) {
   return window.ownerPID == ownerPID && window.layer == 0 && window.number && isVisible(window.alpha) &&
-         window.bounds && window.bounds->size.width >= kSmallestSide && window.bounds->size.height >= kSmallestSide;
+         window.bounds && window.bounds->size.width >= kMinSide && window.bounds->size.height >= kMinSide;
 }
 
 FrontProcess::EventRecord keyWindowRecord(std::uint32_t window, std::uint8_t phase) {

@@ -18,13 +18,13 @@
 
 namespace rondora {
 
-/// Brings a running application forward on the window that the user is likeliest to want, also from another space and
+/// Brings a running application forward with the window that the user most likely wants, also from another space and
 /// from the minimised state.
 class RunningAppFocus {
  public:
   static constexpr std::string_view kQueueLabel = "Rondora.RunningAppFocus.ax";
 
-  /// All outlive this.
+  /// The references must outlive the object.
   struct Ports {
     Workspace& workspace;
     WindowList& windowList;
@@ -39,15 +39,15 @@ class RunningAppFocus {
   RunningAppFocus(const Ports& ports, std::unique_ptr<SerialQueue> accessibilityQueue);
 
   /// False when the application could not be made frontmost; the caller then opens it instead. Does not wait for the
-  /// application: what needs its help follows on the accessibility queue. Main thread.
+  /// application: steps that need its reply follow on the accessibility queue. Main thread.
   bool focus(const RunningApplication& application);
 
-  /// The first ordinary window of the process that can be seen and is no palette: at least 100 by 100 points.
+  /// The first ordinary, visible window of the process that is no palette: at least 100 by 100 points.
   static std::optional<std::uint32_t> frontmostWindowID(const std::vector<WindowListEntry>& windows,
                                                         std::int32_t ownerPID);
-  /// Nothing where the system takes no event records. Main thread.
+  /// Does nothing where the system takes no event records. Main thread.
   void makeKeyWindow(std::uint32_t window, ProcessSerialNumber process);
-  /// Raises the window, or one that is not minimised, or restores one when all are. Accessibility queue.
+  /// Raises the window, otherwise one that is not minimised; restores one when all are. Accessibility queue.
   void raiseWindow(std::uint32_t window, std::int32_t ownerPID, const std::string& bundleID);
 
  private:
@@ -56,7 +56,7 @@ class RunningAppFocus {
   AXElementRef windowElement(const std::vector<AXElementRef>& windows, std::uint32_t window, std::int32_t ownerPID);
 
   Ports ports_;
-  /// Its end waits for work that uses the members above.
+  /// Its destructor waits for work that uses the members above.
   std::unique_ptr<SerialQueue> accessibilityQueue_;
 };
 

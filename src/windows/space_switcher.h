@@ -15,7 +15,7 @@ namespace rondora {
 /// The system's own shortcuts that move one space to the side; the values are their numbers in its settings.
 enum class SpaceShortcut { left = 79, right = 81 };
 
-/// Goes to the space of a window by the system's own shortcuts. Any thread, one at a time.
+/// Switches to the space of a window by the system's own shortcuts. Any thread, one at a time.
 class SpaceSwitcher {
  public:
   struct KeyCombination {
@@ -24,7 +24,7 @@ class SpaceSwitcher {
     friend bool operator==(const KeyCombination&, const KeyCombination&) = default;
   };
 
-  /// All outlive this.
+  /// The references must outlive the object.
   struct Ports {
     Spaces& spaces;
     SymbolicHotKeys& symbolicHotKeys;
@@ -35,11 +35,11 @@ class SpaceSwitcher {
 
   explicit SpaceSwitcher(const Ports& ports) : ports_(ports) {}
 
-  /// Presses the shortcut once for each space on the way, 60 ms apart; blocks as long.
+  /// Presses the shortcut once for each space on the way, 60 ms apart; blocks for that time.
   void switchSpaceWithSystemShortcut(std::uint32_t window, const std::string& bundleID);
-  /// How many spaces to the right the window lies, negative for the left; nothing when that cannot be told.
+  /// The number of spaces to the right, negative for the left; nothing when unknown.
   std::optional<std::int64_t> spaceSteps(std::uint32_t window) const;
-  /// Nothing when the user switched the shortcut off.
+  /// Nothing when the user has switched the shortcut off.
   std::optional<KeyCombination> configuredKey(SpaceShortcut shortcut) const;
 
  private:

@@ -8,7 +8,7 @@
 
 namespace rondora {
 
-/// Remembers what was typed, and when.
+/// Records what was typed, and when.
 class FakeKeyEvents final : public KeyEventPoster {
  public:
   struct Posted {

@@ -7,7 +7,7 @@
 namespace rondora {
 namespace {
 
-// By virtual key code, 0 to 50.
+// Indexed by virtual key code, 0 to 50.
 constexpr std::string_view kUsLayout = "asdfhgzxcv<bqweryt123465=97-80]ou[ip\rlj'k;\\,/nm.\t `";
 static_assert(kUsLayout.size() == 51);
 

@@ -26,7 +26,7 @@ class FakeKeyboard final : public HotkeyService, public EventMonitors {
     kEscapeKey = 53,
   };
 
-  /// `overlayHoldsKeyboard` is asked for every event.
+  /// `overlayHoldsKeyboard` is called for every event.
   explicit FakeKeyboard(std::function<bool()> overlayHoldsKeyboard)
       : overlayHoldsKeyboard_(std::move(overlayHoldsKeyboard)) {}
 
@@ -40,9 +40,9 @@ class FakeKeyboard final : public HotkeyService, public EventMonitors {
 
   void press(std::uint16_t keyCode);
   void release(std::uint16_t keyCode);
-  /// The keyboard repeats a key that is held.
+  /// The held key repeats.
   void repeat(std::uint16_t keyCode);
-  /// The key goes up, but no event reports it.
+  /// Releases the key without an event.
   void releaseUnseen(std::uint16_t keyCode) { held_.erase(keyCode); }
   void tap(std::uint16_t keyCode);
   void pressAll(std::initializer_list<std::uint16_t> keyCodes);
@@ -56,7 +56,7 @@ class FakeKeyboard final : public HotkeyService, public EventMonitors {
   std::size_t monitorCount() const { return monitors_.size(); }
   /// The user chooses another layout.
   void moveModifiers() { modifiersMoved_.send(); }
-  /// Sends a hot-key event past the keyboard, as the system would.
+  /// Sends a hot-key event directly, as the system would.
   int send(const HotKeyEvent* event) const;
 
   /// Combinations (key code, Carbon mask) that another program has taken.
@@ -85,7 +85,7 @@ class FakeKeyboard final : public HotkeyService, public EventMonitors {
       std::make_shared<std::map<std::uint64_t, Registration>>();
   Signal<const HotKeyEvent*, int&> handlers_;
   CallbackList<std::uint32_t, const KeyEvent&> monitors_;
-  /// Keys that are down; with the Carbon modifiers of the hot key that the press made.
+  /// Keys that are down, with the Carbon modifiers of the hot key that the press triggered.
   std::map<std::uint16_t, std::optional<std::uint32_t>> held_;
 };
 

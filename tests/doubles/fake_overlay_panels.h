@@ -36,7 +36,7 @@ class FakeOverlayPanels final : public OverlayPanels, public Pointer {
     panels.push_back(std::make_shared<PanelRecord>(PanelRecord{sink, frame}));
     return std::make_unique<Panel>(*this, panels.back());
   }
-  void warmUp(Picture picture) override { warmedUp.push_back(std::move(picture)); }
+  void prerender(Picture picture) override { prerendered.push_back(std::move(picture)); }
 
   Point location() const override { return location_; }
   void setCursor(CursorShape shape) override { cursors.push_back(shape); }
@@ -59,8 +59,8 @@ class FakeOverlayPanels final : public OverlayPanels, public Pointer {
   bool holdsKeyboard() const { return keyPanel() != nullptr; }
 
   /// Pictures requested for pre-rendering.
-  std::vector<Picture> warmedUp;
-  /// Every panel ever made, oldest first; a test may forget those that are gone.
+  std::vector<Picture> prerendered;
+  /// Every panel ever made, oldest first; a test may remove those that are gone.
   std::vector<std::shared_ptr<PanelRecord>> panels;
   std::vector<CursorShape> cursors;
   /// Another program holds the keyboard: the panel reports `panelLost` on a later turn.

@@ -34,7 +34,7 @@ class FakeApplicationShell final : public ApplicationShell {
   std::vector<MenuEntry> mainMenu;
   int activations = 0;
   int terminations = 0;
-  /// A new instance is being opened; the test calls this when it has.
+  /// Set while a new instance is being opened; the test calls it when the instance is open.
   std::function<void()> openingInstance;
   std::function<bool()> shouldTerminateAfterLastWindowClosed;
 
@@ -77,7 +77,7 @@ class FakeInstanceChannel final : public InstanceChannel {
   }
   void serve(SessionRequests requests) override { served = std::move(requests); }
 
-  /// The answers to come; the last one stays.
+  /// The results of the next claims; the last one stays.
   std::vector<Claim> claims{Claim::first};
   bool answers = true;
   bool isHeld = false;

@@ -36,7 +36,7 @@ class FakeWindows final : public Windows {
   int settingsShown = 0;
   int onboardingWindowsMade = 0;
   bool isOnboardingUp = false;
-  /// Previewed texts; an empty one each time that the preview is hidden.
+  /// Previewed texts; an empty one each time the preview is hidden.
   std::vector<std::string> previews;
   std::string previewHint;
 

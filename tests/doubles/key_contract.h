@@ -22,18 +22,18 @@ class KeyBench {
 
   virtual HotkeyService& hotkeys() = 0;
   virtual EventMonitors& monitors() = 0;
-  /// By virtual key code. All that follows from it is reported when these return.
+  /// By virtual key code. All resulting events have been reported when these return.
   virtual void press(std::uint16_t key) = 0;
   virtual void release(std::uint16_t key) = 0;
-  /// The key that is held repeats.
+  /// The held key repeats.
   virtual void repeat(std::uint16_t key) = 0;
   virtual void setOverlay(bool isUp) = 0;
 };
 
 /// `events`, word by word: "+K" press, "-K" release, "*K" repeat, "show1" the overlay of menu 1 takes the keyboard,
-/// "hide", "anew" the hotkeys are registered again, "none" no longer. `outcome`: "p1" and "r1", press and release of
-/// menu 1's hotkey; "+K", "*K" and "-K" reach the event monitors. Menu 0 opens with K, menu 1 with Control, Alt and
-/// Space, menu 2 with Control and 1, which is also a quick-select label.
+/// "hide", "register" the hotkeys are registered again, "none" they are unregistered. `outcome`: "p1" and "r1", press
+/// and release of menu 1's hotkey; "+K", "*K" and "-K" reach the event monitors. Menu 0 opens with K, menu 1 with
+/// Control, Alt and Space, menu 2 with Control and 1, which is also a quick-select label.
 struct KeyStory {
   const char* name;
   const char* events;
@@ -46,7 +46,7 @@ inline constexpr KeyStory kKeyStories[] = {{"ReleaseOfTheOpeningPress", "+K show
                                            {"TriggerThatIsALabel", "+C +1 show2 *1 -1 +1 -1", "p2 r2 +1 -1"},
                                            {"LabelInAnotherMenu", "show1 +C +1 -1", "p2 r2"},
                                            {"RepeatsWithoutTheModifiers", "+C +1 show2 -C *1", "p2"},
-                                           {"RegisteredAgainWhileHeld", "+K show0 anew *K -K", "p0 r0"},
+                                           {"RegisteredAgainWhileHeld", "+K show0 register *K -K", "p0 r0"},
                                            {"NoLongerRegistered", "+K show0 none *K -K", "p0 -K"},
                                            {"OverlayComesAndGoes", "+K show0 hide *K show0 *K -K", "p0 r0"},
                                            {"ReleasedBeyondTheOverlay", "show1 +K hide -K +K -K", "p0 r0 p0 r0"},
@@ -75,7 +75,7 @@ class KeyContract {
  private:
   void note(const std::string& what) { outcome_ += (outcome_.empty() ? "" : " ") + what; }
 
-  // A slow machine may repeat keys when no story asks for it, and more often than once.
+  // On a slow machine keys may repeat in any story, and more than once.
   void noteMonitored(const KeyEvent& event) {
     if (event.isRepeat && !std::exchange(expectsRepeat_, false)) return;
     for (const auto& [name, code] : kKeys) {
@@ -93,7 +93,7 @@ class KeyContract {
   }
 
   void happen(const std::string& event) {
-    if (event == "anew") return registerMenus();
+    if (event == "register") return registerMenus();
     if (event == "none") return manager_.registerAll({});
     if (event == "hide") return bench_.setOverlay(false);
     if (event.starts_with("show")) {

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Checks how the source tree is allowed to hang together.
+"""Checks the dependency rules of the source tree.
 
 usage: house_rules.py ROOT
 
@@ -15,7 +15,7 @@ CORE_DATA = CORE_BASE + ["localization"]
 CORE_SERVICES = CORE_DATA + ["storage", "icons"]
 FEATURES = ["pie", "actions", "windows", "commands", "input", "running_apps", "permissions", "settings"]
 
-# What a layer may include, besides itself. Siblings are missing on purpose: app/ hands one what it needs of another.
+# What a layer may include, besides itself. Siblings are missing on purpose: app/ injects what one needs from another.
 ALLOWED = {
     "base": [],
     "platform": ["base"],

@@ -8,11 +8,11 @@
 
 namespace rondora::live {
 
-/// A program that a test started. It ends with the object, and with the test program however that ends.
+/// A program started by a test. It ends with the object, or with the test program, even if that crashes.
 class ChildProcess {
  public:
   /// `environment` is added to the test's own. A descriptor named in `inheritedDescriptor` stays open in the child.
-  /// Throws std::runtime_error when no process could be made; a program that is missing exits with status 127.
+  /// Throws std::runtime_error when no process can be made; a missing program exits with status 127.
   ChildProcess(const std::vector<std::string>& arguments, const std::map<std::string, std::string>& environment = {},
                int inheritedDescriptor = -1);
   ChildProcess(ChildProcess&& other) noexcept;

@@ -6,7 +6,7 @@
 namespace rondora::live {
 namespace {
 
-/// A different one for each call.
+/// A new one for each call.
 std::string menuId() {
   static std::int64_t number = 100'000'000'000;  // twelve digits
   return "00000000-0000-4000-8000-" + std::to_string(++number);
@@ -35,7 +35,7 @@ std::vector<Document> snippetItems(const std::string& name, int count) {
 Document menu(const std::string& name, Hotkey hotkey, std::vector<Document> items, double rotationDegrees) {
   for (std::size_t i = 0; i < items.size(); ++i) {
     items[i]["sectorIndex"] = i;
-    items[i]["color"] = i % 2 == 0 ? "#FF2D55" : "#FF2D54";  // items of one colour would be given others
+    items[i]["color"] = i % 2 == 0 ? "#FF2D55" : "#FF2D54";  // the program recolours items of one colour
   }
   return {{"id", menuId()},
           {"name", name},

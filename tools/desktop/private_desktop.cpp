@@ -27,7 +27,7 @@ std::map<std::string, std::string> privateEnvironment(const std::filesystem::pat
     std::filesystem::permissions(home / folder, std::filesystem::perms::owner_all);
     environment[name] = (home / folder).string();
   }
-  // Fixed default applications, whatever else is installed.
+  // Default applications that do not depend on the installed ones.
   writeFile(home / "config" / "mimeapps.list",
             "[Default Applications]\ntext/plain=org.xfce.mousepad.desktop\ninode/directory=pcmanfm.desktop\n");
   std::filesystem::create_directories(home / "bin");
@@ -88,7 +88,7 @@ PrivateDesktop::~PrivateDesktop() {
   endRemainingProcesses();
 }
 
-// Applications that the desktop's programs or its bus started would keep writing to the folder.
+// Applications started by the desktop's programs or its bus would keep writing to the folder.
 void PrivateDesktop::endRemainingProcesses() const {
   for (const int signal : {SIGTERM, SIGKILL}) {
     const auto areGone = [&] {

@@ -13,10 +13,10 @@
 namespace rondora::live {
 namespace {
 
-constexpr int kSmallestRing = 200;          // pixels; smaller override-redirect windows are tool tips, menus …
+constexpr int kMinRingSide = 200;           // pixels; smaller override-redirect windows are tool tips, menus …
 constexpr std::size_t kGrabsPerHotkey = 4;  // with and without Caps Lock and Num Lock
 
-// The introduction is over, and no window opens by itself.
+// The introduction is over, and no window opens automatically.
 constexpr const char* kDefaults =
     "pie.hasSeenPermissionIntro=true\n"
     "pie.hasAutoOpenedSettingsAfterPermissions=true\n"
@@ -75,7 +75,7 @@ std::vector<TopLevel> RunningProgram::popups() {
 
 std::optional<TopLevel> RunningProgram::ring() {
   for (const TopLevel& window : popups()) {
-    if (window.area.width >= kSmallestRing && window.area.height >= kSmallestRing) return window;
+    if (window.area.width >= kMinRingSide && window.area.height >= kMinRingSide) return window;
   }
   return std::nullopt;
 }

@@ -20,7 +20,7 @@ class TemporaryFolder {
     if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("cannot make a temporary folder");
     path_ = pattern;
   }
-  // Programs that lost their display may still write while they end.
+  // Programs that lost their display may still write before they end.
   ~TemporaryFolder() {
     const auto isGone = [this] {
       std::error_code error;

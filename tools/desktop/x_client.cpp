@@ -130,7 +130,7 @@ void XClient::sendToRoot(xcb_window_t window, const std::string& type, const std
   sync();
 }
 
-// The answer shows that it reads its events. Openbox 3.6 announces itself long before that and loses events of the time
+// The reply shows that it reads its events. Openbox 3.6 announces itself long before that and loses the events in
 // between, map requests among them.
 bool XClient::windowManagerAnswers() {
   sendToRoot(window_, "_NET_REQUEST_FRAME_EXTENTS", {});

@@ -112,7 +112,7 @@ class XClient {
   /// Grabs the key until the connection closes; false if another client has it.
   bool grabKey(std::uint8_t keyCode, std::uint16_t modifiers);
 
-  /// The clipboard's text; nothing without an owner or an answer.
+  /// The clipboard's text; nothing without an owner or a reply.
   std::optional<std::string> clipboardText();
   /// The number of clipboard changes since this client connected.
   std::size_t clipboardChanges();
@@ -142,7 +142,7 @@ class XClient {
   const xcb_screen_t* screen_ = nullptr;
   xcb_window_t window_ = XCB_NONE;
   std::uint8_t xfixesEvent_ = 0;
-  /// The input extension's first event code, and the device that stands for the user's keyboard.
+  /// The input extension's first event code, and the device of the user's keyboard.
   std::uint8_t inputEvent_ = 0;
   std::uint8_t keyboard_ = 0;
   std::size_t clipboardChanges_ = 0;

@@ -28,15 +28,15 @@ PROBES = [
     ("list", "rondora", r"15makeRingPictureE"),
     ("window", "rondora", r"16X11OverlayPanels9makePanelE"),
     ("prepare", "rondora", r"19QtPictureRasterizer7prepareE"),
-    ("beneath", "rondora", r"15X11OverlayPanel11setBackdropEv"),
-    ("glass", "rondora", r"17QtPreparedPicture11setBackdropE"),
+    ("beneath", "rondora", r"15X11OverlayPanel11setSnapshotEv"),
+    ("glass", "rondora", r"17QtPreparedPicture11setSnapshotE"),
     ("paint", "rondora", r"17QtPreparedPicture5paintE"),
     ("put", "rondora", r"12PixelSurface3putE"),
     ("grab", "rondora", r"12X11InputGrab4takeE"),
 ]
 
-# A stage, and the two moments between which it lies ("name" for the entry, "name>" for the return). Where a stage
-# happens several times in an opening, its times are added.
+# A stage, and the two moments that bound it ("name" for the entry, "name>" for the return). The times of a stage that
+# occurs several times in an opening are added.
 STAGES = [
     ("key event: from the press to the program's handler", "press", "hotkey"),
     ("resolve: menu, application in front", "hotkey", "show"),

@@ -25,7 +25,7 @@ QImage draw(const SampleRing& ring, std::optional<std::size_t> highlighted, doub
   const ThemeIcons icons;
   QtPictureRasterizer rasterizer(icons);
   const auto prepared = rasterizer.prepare(ring.picture, scale);
-  if (seesBackground) prepared->setBackdrop(bufferOf(background));
+  if (seesBackground) prepared->setSnapshot(bufferOf(background));
   QImage image(background.size(), QImage::Format_ARGB32_Premultiplied);
   prepared->paint(ring.states(highlighted), {scale, 1, 1, {{0, 0}, ring.picture.size}}, bufferOf(image));
   QPainter(&background).drawImage(0, 0, image);

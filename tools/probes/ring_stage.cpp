@@ -1,5 +1,5 @@
-// Opens the ring for real, on the X server of DISPLAY, over several backgrounds, in every variant and direction, and
-// saves what the screen shows: FOLDER/VARIANT-BACKGROUND-DIRECTION.png. Settles by looking at the screen, not by time.
+// Opens the real ring on the X server of DISPLAY, over several backgrounds, in every variant and direction, and saves
+// the screen: FOLDER/VARIANT-BACKGROUND-DIRECTION.png. Waits for a still screen, not for a fixed time.
 
 #include <QDir>
 #include <QElapsedTimer>

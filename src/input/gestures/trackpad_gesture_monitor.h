@@ -7,7 +7,7 @@
 
 namespace rondora {
 
-/// Listens for taps of several fingers on trackpads. Without a port for such devices no tap ever comes. Main thread.
+/// Listens for taps of several fingers on trackpads. Without a port for such devices it reports no taps. Main thread.
 class TrackpadGestureMonitor {
  public:
   /// Receives the number of fingers.
@@ -15,7 +15,7 @@ class TrackpadGestureMonitor {
 
   void start(std::set<std::int64_t> fingerCounts) { fingerCounts_ = std::move(fingerCounts); }
   void stop() { fingerCounts_.clear(); }
-  /// What is listened for; empty when stopped.
+  /// The finger counts that it listens for; empty when stopped.
   const std::set<std::int64_t>& fingerCounts() const { return fingerCounts_; }
 
  private:

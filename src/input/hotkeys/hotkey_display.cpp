@@ -67,7 +67,7 @@ std::string_view unassignedText(AppLanguage language) {
   return language == AppLanguage::russian ? "Не назначено" : "Unassigned";
 }
 
-/// `isHeld` says which modifiers take part.
+/// `isHeld` tells which modifiers take part.
 std::string inWords(std::int64_t keyCode, const ModifierNames& names, auto isHeld) {
   std::string text;
   for (const ModifierWord& word : kWords) {

@@ -9,14 +9,14 @@
 #include "model/app_language.h"
 #include "model/hotkey_config.h"
 
-// Texts for key combinations; the platforms differ only in what they call the modifiers.
+// Texts for key combinations; platforms differ only in the names of the modifiers.
 
 namespace rondora {
 
 inline constexpr std::array<std::int64_t, 4> kArrowKeyVirtualCodes = {123, 124, 125, 126};
 
-/// What the modifiers are called, which differs with what is printed on the keys of a system's keyboards. Only texts
-/// for the user are made with it; masks and documents know nothing of it.
+/// The names of the modifiers, as printed on the keys of a system's keyboards. Used only in texts for the user, never
+/// in masks or documents.
 struct ModifierNames {
   std::string_view control = "Ctrl";
   std::string_view option = "Alt";

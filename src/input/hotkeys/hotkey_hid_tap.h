@@ -11,8 +11,8 @@
 namespace rondora {
 
 /// Serves the hotkeys that the system's hot-key service cannot: Fn alone, combinations with Fn, and those that the
-/// system's own application switcher takes first. Without an event-tap port it knows its bindings and stays silent.
-/// Main thread.
+/// system's own application switcher takes first. Without an event-tap port it records its bindings and reports no
+/// events. Main thread.
 class HotkeyHIDTap {
  public:
   struct Binding {
@@ -34,11 +34,11 @@ class HotkeyHIDTap {
   void start(const std::vector<PieMenu>& menus);
   void stop();
 
-  /// The hotkey needs this tap, alone or beside the hot-key service.
+  /// True when the hotkey needs this tap, alone or beside the hot-key service.
   static bool serves(const HotkeyConfig& hotkey);
   static bool requiresAccessibility(const std::vector<PieMenu>& menus);
 
-  /// The tap was created.
+  /// True once the event tap exists.
   bool hasPort() const { return false; }
   /// False without a port.
   bool deliversKeyEvents() const { return hasPort(); }

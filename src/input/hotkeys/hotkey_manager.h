@@ -21,7 +21,7 @@ namespace rondora {
 /// Makes the hotkeys of the menus system-wide triggers and reports which menus were triggered. Main thread.
 class HotkeyManager {
  public:
-  /// Positions in the menus of the last `registerAll`, valid during the call. The callback must not register anew.
+  /// Indices into the menus of the last `registerAll`, valid during the call. The callback must not call `registerAll`.
   using MenuIndices = std::span<const std::uint32_t>;
 
   struct Registration {
@@ -30,7 +30,7 @@ class HotkeyManager {
     Subscription reference;
   };
 
-  /// The ring on screen, for hotkeys that are pressed while it is open.
+  /// The open ring, for hotkeys that are pressed while it is shown.
   struct Ring {
     /// The ring shows one of these menus.
     std::function<bool(MenuIndices)> showsOneOf;
@@ -46,10 +46,11 @@ class HotkeyManager {
   std::function<void(MenuIndices)> onHotkeyPressed;
   std::function<void(MenuIndices)> onHotkeyReleased;
 
-  /// Replaces all registrations by those of `menus`.
+  /// Replaces all registrations with those of `menus`.
   void registerAll(const std::vector<PieMenu>& menus);
   void unregisterAll();
-  /// Hotkeys come before the ring's keys, but a hotkey that is also a quick-select key in its own menu's ring selects.
+  /// Hotkeys come before the ring's keys, except that a hotkey that is also a quick-select key in its own menu's ring
+  /// selects.
   void followRing(Ring ring);
 
   /// Menus whose hotkey could not be registered.

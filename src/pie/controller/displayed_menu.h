@@ -23,7 +23,7 @@ struct AppCommands {
   std::optional<std::string> application = std::nullopt;
 };
 
-/// A menu as one showing presents it. The picture rendered ahead and the one on screen are both made from this, so that
+/// A menu as one showing presents it. The pre-rendered picture and the one on screen are both made from it, so that
 /// they are equal.
 struct DisplayedMenu {
   std::optional<Uuid> menuId;

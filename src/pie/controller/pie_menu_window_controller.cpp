@@ -13,7 +13,7 @@
 namespace rondora {
 namespace {
 
-constexpr double kTremble = 4;  // points; a hand that holds still moves the pointer this far
+constexpr double kPointerSlop = 4;  // points; a hand that holds still moves the pointer this far
 constexpr double kMaxRadiusWithoutScreen = 400;
 constexpr double kMinRadiusOnScreen = 40;
 
@@ -58,10 +58,11 @@ void PieMenuWindowController::show(const PieMenu& menu, std::optional<std::vecto
   if (trace::isOn) trace::line("ring: menu ", menu.id.string(), " opens with ", displayed_.items.size(), " sectors");
 }
 
-void PieMenuWindowController::warmUp(const PieMenu& menu, std::optional<std::vector<PieMenuItem>> itemsOverride) const {
+void PieMenuWindowController::prerender(const PieMenu& menu,
+                                        std::optional<std::vector<PieMenuItem>> itemsOverride) const {
   const double radius = maxRadius(screenAt(ports_.screens, ports_.pointer.location()));
   const auto displayed = DisplayedMenu::make(menu, std::move(itemsOverride), std::nullopt, radius);
-  ports_.overlayPanels.warmUp(picture(menu, displayed));
+  ports_.overlayPanels.prerender(picture(menu, displayed));
 }
 
 Picture PieMenuWindowController::picture(const PieMenu& menu, const DisplayedMenu& displayed) const {
@@ -160,7 +161,7 @@ void PieMenuWindowController::selectDisplayed(std::size_t index) {
 void PieMenuWindowController::pointerAt(Point location) {
   if (!window_ || !restingPlace_) return;
   const Point moved = window_->screenPoint(location) - *restingPlace_;
-  if (!(std::hypot(moved.x, moved.y) <= kTremble)) restingPlace_.reset();
+  if (!(std::hypot(moved.x, moved.y) <= kPointerSlop)) restingPlace_.reset();
 }
 
 void PieMenuWindowController::pointerHovered(std::optional<std::size_t> index) {

@@ -63,8 +63,8 @@ class PieMenuWindowController {
   /// Replaces a menu that is shown, without `onHide`.
   void show(const PieMenu& menu, std::optional<std::vector<PieMenuItem>> itemsOverride,
             std::optional<HotkeyConfig> navigationHotkeyForChordRepeat, std::optional<AppCommands> appCommands);
-  /// Renders the menu's picture ahead of its first `show`.
-  void warmUp(const PieMenu& menu, std::optional<std::vector<PieMenuItem>> itemsOverride) const;
+  /// Pre-renders the menu's picture for its first `show`.
+  void prerender(const PieMenu& menu, std::optional<std::vector<PieMenuItem>> itemsOverride) const;
   /// Does nothing when nothing is shown.
   void hide();
   bool isVisible() const;

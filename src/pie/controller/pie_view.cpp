@@ -88,7 +88,7 @@ void PieView::advanceFade(double seconds) {
   });
 }
 
-/// Draws the first frame of the fade at once.
+/// Draws the first frame of the fade immediately.
 void PieView::showHighlight() {
   const auto highlighted = highlightedItem();
   const std::size_t itemCount = tracking_.itemCount();

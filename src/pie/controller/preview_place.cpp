@@ -9,12 +9,12 @@ namespace {
 /// Clears the highlighted sector, which grows, and the ring's shadow. Points.
 constexpr double kDistanceFromRing = 20;
 
-/// One axis: a stretch of `length` between `first` and `last`.
+/// Fits a stretch of `length` between `first` and `last`.
 double fitted(double start, double length, double first, double last) {
   return std::max(first, std::min(start, last - length));
 }
 
-/// Beside a ring from `ringStart` to `ringEnd`; nothing if neither side has room.
+/// The start beside a ring from `ringStart` to `ringEnd`; nothing if neither side has room.
 std::optional<double> beside(double ringStart, double ringEnd, double length, double first, double last,
                              bool prefersEnd) {
   const double after = ringEnd + kDistanceFromRing;

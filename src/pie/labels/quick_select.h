@@ -14,8 +14,8 @@ namespace rondora {
 /// The default label of a position; none from position 36 on.
 std::optional<std::string_view> defaultShortcutLabel(std::size_t position);
 
-/// At most one label per item, in item order: the item's own as typed, else the default of its position unless another
-/// item uses it as its own.
+/// At most one label per item, in item order: the item's own as typed, otherwise the default of its position unless
+/// another item has it as its own.
 std::vector<std::optional<std::string>> resolvedShortcutLabels(const std::vector<PieMenuItem>& items);
 
 /// The first label that equals the typed text, ignoring case (full mapping) and surrounding blanks.

@@ -11,7 +11,7 @@ namespace {
 constexpr Color kWhite{1, 1, 1, 1};
 constexpr Color kBlack{0, 0, 0, 1};
 
-/// Darkest under the ring, gone at the edge of the panel.
+/// Darkest under the ring, transparent at the edge of the panel.
 RadialGradientPaint shadowPaint(const RingLayout& layout) {
   const double width = layout.shadowWidth();
   const double reach = layout.outerRadius + width;

@@ -77,7 +77,7 @@ SectorContents::Disc SectorContents::pawPlace(const PieMenu& menu) const {
   return {distance, std::min(size * layout_.ringWidth() / 2, toEdge)};
 }
 
-/// The place nearest to the wanted one, seen from the corner, that touches neither icon nor hub.
+/// The place nearest to the wanted one, seen from the corner, at which the disc touches neither icon nor hub.
 std::optional<SectorContents::CornerPlace> SectorContents::cornerPlace(double inset, double radius) const {
   constexpr int kSteps = 32;
   std::optional<CornerPlace> place;

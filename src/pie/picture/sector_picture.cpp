@@ -24,13 +24,13 @@ Color itemColor(const PieMenuItem& item) {
   return Color::fromHex(item.color).value_or(Color::fromHex(kDefaultItemColor).value_or(kWhite));
 }
 
-/// White while it is legible, else dark ink; WCAG 2.1 requires a contrast of 3 for graphics and large text.
+/// White while it is legible, otherwise dark ink; WCAG 2.1 requires a contrast of 3 for graphics and large text.
 Color inkOn(Color background) {
   constexpr double kReadable = 3.1;
   return contrast(kWhite, background) >= kReadable ? kWhite : kInk;
 }
 
-/// The colour of stained glass: darker, light colours most, so that white is legible on all of them.
+/// The colour of stained glass: darkened, light colours most, so that white is legible on all of them.
 Color stainOf(Color color) {
   constexpr double kDepth = 1.5;
   constexpr double kLightest = 0.50;

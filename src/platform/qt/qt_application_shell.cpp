@@ -10,7 +10,7 @@ namespace rondora {
 
 namespace {
 
-/// Otherwise the toolkit closes every window before it ends the event loop.
+/// Without it the toolkit closes every window before it ends the event loop.
 class QuitFilter : public QObject {
  public:
   bool eventFilter(QObject* watched, QEvent* event) override {

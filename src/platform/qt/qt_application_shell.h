@@ -10,8 +10,8 @@ namespace rondora {
 /// The toolkit's application object as the application shell.
 ///
 /// Every way to quit (terminate, a signal, the session manager) ends the event loop without closing a window, because a
-/// close handler must run only when the user closes the window. The session manager is asked not to restart the
-/// program; that is the login item's task.
+/// close handler must run only when the user closes the window. The session manager is told not to restart the program;
+/// that is the login item's task.
 class QtApplicationShell : public ApplicationShell {
  public:
   QtApplicationShell();
@@ -23,7 +23,7 @@ class QtApplicationShell : public ApplicationShell {
   void setMainMenu(std::vector<MenuEntry> entries) override;
   void activateIgnoringOtherApps() override;
   void terminate() override;
-  /// Only remembers the request: `main` starts the new instance when this one has given everything back.
+  /// Only records the request: `main` starts the new instance after this one has released its resources.
   void openNewInstance(std::function<void()> opened) override;
   bool isNewInstanceRequested() const { return isNewInstanceRequested_; }
   void setShouldTerminateAfterLastWindowClosed(std::function<bool()> shouldTerminate) override;

@@ -28,7 +28,7 @@ QNetworkRequest makeRequest(const FetchRequest& request) {
   result.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
   result.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
   result.setRawHeader("User-Agent", "Mozilla/5.0 (compatible; Rondora)");
-  // Otherwise the toolkit sends the user's language.
+  // Without it the toolkit sends the user's language.
   result.setRawHeader("Accept-Language", "en");
   return result;
 }
@@ -58,7 +58,7 @@ class Transfer : public QObject {
   }
 
  private:
-  /// False when the body exceeds the limit.
+  /// Returns false when the body exceeds the limit.
   bool readOn() {
     const auto allowed = static_cast<qint64>(maxBodySize_ - response_.body.size());
     const QByteArray bytes = reply_->read(allowed);
@@ -119,7 +119,7 @@ bool QtNetworkFetch::canReach(std::string_view host) const {
 Subscription QtNetworkFetch::fetch(const FetchRequest& request, Completion completion) {
   if (!manager_) manager_ = std::make_unique<QNetworkAccessManager>();
   const QNetworkRequest asked = makeRequest(request);
-  // The toolkit would fetch files and its own resources, too.
+  // Left alone, the toolkit would also fetch files and its own resources.
   QNetworkReply* reply = manager_->get(isWebAddress(asked.url()) ? asked : QNetworkRequest());
   const QPointer transfer = new Transfer(*manager_, reply, request, std::move(completion));
   return Subscription([transfer] {

@@ -20,7 +20,7 @@ class QtPasteboard : public Pasteboard {
  private:
   void add(const QString& mimeType, QByteArray bytes);
 
-  /// Contents set since the last clear.
+  /// The contents set since the last clear.
   std::vector<std::pair<QString, QByteArray>> contents_;
 };
 

@@ -21,7 +21,7 @@ Rgb operator+(Rgb a, Rgb b) { return {a.red + b.red, a.green + b.green, a.blue +
 Rgb operator-(Rgb a, Rgb b) { return {a.red - b.red, a.green - b.green, a.blue - b.blue}; }
 Rgb operator*(Rgb a, float factor) { return {a.red * factor, a.green * factor, a.blue * factor}; }
 
-/// The screen scaled down: a blur removes the lost detail anyway, and blurring fewer pixels costs less.
+/// The screen scaled down: the blur removes the lost detail anyway, and fewer pixels blur faster.
 struct Tile {
   int width = 0;
   int height = 0;
@@ -58,7 +58,7 @@ Tile shrunk(const PixelBuffer& screen, int factor) {
   return tile;
 }
 
-/// Every pixel becomes the mean of itself and `radius` neighbours to either side.
+/// Replaces every pixel by the mean of itself and `radius` neighbours on either side.
 void smoothLine(const Rgb* source, Rgb* target, int count, std::ptrdiff_t step, int radius) {
   const auto at = [&](int i) { return source[std::clamp(i, 0, count - 1) * step]; };
   Rgb sum;
@@ -82,12 +82,12 @@ void smooth(Tile& tile, int radius) {
   }
 }
 
-/// The radius of three box filters that together spread like a Gaussian of that deviation.
+/// The radius of three box filters that together approximate a Gaussian of that deviation.
 int meanRadius(double deviation) {
   return static_cast<int>(std::lround((std::sqrt(4 * deviation * deviation + 1) - 1) / 2));
 }
 
-/// The colour change of a frost.
+/// The change of colour by the glass.
 class Glass {
  public:
   explicit Glass(const Frost& frost)
@@ -133,8 +133,8 @@ struct Neighbours {
   }
 };
 
-/// Writes the first `count` of the `factor` pixels from the middle of `a` to that of `b`, as `mixedPixel` gives them,
-/// by adding only. Returns the end of what it wrote.
+/// Writes the first `count` of the `factor` pixels from the middle of `a` to that of `b`, with the values of
+/// `mixedPixel`, using additions only. Returns the end of the written pixels.
 std::uint32_t* enlarge(std::uint32_t a, std::uint32_t b, int factor, int count, std::uint32_t* target) {
   const std::uint32_t step = 256 / static_cast<std::uint32_t>(factor);
   const std::uint32_t first = factor == 1 ? 0 : step / 2;

@@ -17,11 +17,11 @@ struct Frost {
   Color veil{0, 0, 0, 0};
 };
 
-/// A screen seen through the glass. Kept in fewer pixels than the screen has, and enlarged row by row.
+/// A screen seen through the glass. Stored at a lower resolution than the screen's, and enlarged row by row.
 class FrostedGlass {
  public:
-  /// Reads `screen`, whose alpha is ignored, and extends it at its edges by its outermost pixels. The time is
-  /// proportional to the area and independent of the radius.
+  /// Reads `screen`, whose alpha is ignored; beyond its edges the outermost pixels repeat. The time is proportional to
+  /// the area and independent of the radius.
   FrostedGlass(const PixelBuffer& screen, const Frost& frost);
 
   int width() const { return width_; }
@@ -41,7 +41,7 @@ class FrostedGlass {
   std::vector<std::uint32_t> line_;
 };
 
-/// Fills `target` with `screen`, of the same size, as it is seen through the glass.
+/// Fills `target` with the view of `screen`, of the same size, through the glass.
 void frost(const PixelBuffer& screen, const Frost& frost, PixelBuffer target);
 
 }  // namespace rondora

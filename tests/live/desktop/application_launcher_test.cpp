@@ -73,7 +73,7 @@ TEST_F(ApplicationLauncherTest, OmitsTheStartupIdAndPassesUrlsUnchanged) {
   EXPECT_EQ(report()[4], "arguments:--url report://a/%20b?c=$HOME;d");
 }
 
-TEST_F(ApplicationLauncherTest, RefusesWhatIsNotInstalled) {
+TEST_F(ApplicationLauncherTest, RefusesUninstalledApplications) {
   EXPECT_FALSE(installed_.launch("no-such-application", 1));
   EXPECT_FALSE(installed_.openUrl("no such url", 1));
   EXPECT_FALSE(installed_.launch("/System/Applications/Mission Control.app", 1));

@@ -55,10 +55,10 @@ TEST(InstalledApplicationsTest, ReturnsNamesAndIcons) {
   EXPECT_FALSE(installed.name("gone"));
 }
 
-TEST(InstalledApplicationsTest, ReportsEntriesThatComeAndGo) {
+TEST(InstalledApplicationsTest, ReportsAddedAndRemovedEntries) {
   FakeProcessEnvironment environment;
   InstalledApplications installed(environment);
-  installed.warm();
+  installed.warmUp();
   bool isReported = false;
   installed.onChanged = [&isReported] { isReported = true; };
   const auto waitUntil = [](const auto& condition) {

@@ -37,7 +37,7 @@ class Journal {
   FileDescriptor socket_;
 };
 
-TEST(JournalLogTest, SendsWholeMessagesWithTheirLevelElseUsesStandardError) {
+TEST(JournalLogTest, SendsRecordsElseUsesStandardError) {
   auto journal = std::make_unique<Journal>();
   JournalLog log(journal->path());
   log.error("two\nlines");

@@ -54,7 +54,7 @@ Ending runUntilCall(int number, const std::function<void()>& action) {
   constexpr int kFewestCalls = 6;  // create, set the mode, write, flush, rename, flush the folder
   if (number <= kFewestCalls) throw std::runtime_error("the child made too few calls");
   if (WIFEXITED(status) && WEXITSTATUS(status) == 0) return Ending::completed;
-  throw std::runtime_error("the child failed by itself");
+  throw std::runtime_error("the child failed in another way");
 }
 
 }  // namespace rondora::desktop

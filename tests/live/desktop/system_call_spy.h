@@ -29,7 +29,7 @@ class SystemCallSpy {
 
 enum class Ending { completed, cut };
 /// Runs `action` in a child process that is killed before its call of that number. Throws std::runtime_error when the
-/// child fails by itself.
+/// child fails in any other way.
 Ending runUntilCall(int number, const std::function<void()>& action);
 
 }  // namespace rondora::desktop

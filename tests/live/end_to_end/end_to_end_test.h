@@ -53,8 +53,8 @@ class EndToEndTest : public testing::Test {
     client_.keyUp(key::alt);
     client_.keyUp(key::control);
   }
-  /// Opens the ring of Control, Alt and the key, and holds the modifiers. Once its picture is still, the ring has
-  /// grabbed keyboard and pointer as well: all requests go out together.
+  /// Opens the ring of Control, Alt and the key, and holds the modifiers. Once its picture is still, the ring has also
+  /// grabbed keyboard and pointer: all requests go out together.
   testing::AssertionResult open(std::uint8_t keyCode = key::space) {
     holdChord(keyCode);
     if (!program_->waitForRing()) return testing::AssertionFailure() << "no ring after the hotkey";

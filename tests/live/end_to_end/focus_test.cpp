@@ -59,7 +59,7 @@ class FocusTest : public UnderWindowManager {
     run({"wmctrl", "-n", "2"});
     run({"wmctrl", "-F", "-r", title, "-t", "1"});
   }
-  /// i3 has no minimized windows; its scratchpad is the nearest thing.
+  /// i3 has no minimized windows; its scratchpad is the closest equivalent.
   void minimize(const std::string& title) {
     if (isTiling()) return run({"i3-msg", named(title), "move", "scratchpad"});
     run({"xdotool", "windowminimize", std::to_string(client_.windowsTitled(title).front())});

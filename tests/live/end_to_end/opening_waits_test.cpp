@@ -37,7 +37,7 @@ class OpeningWaitsTest : public EndToEndTest {
   }
 };
 
-/// The terminal has the focus, so the key reaches the program by its passive grab.
+/// The terminal has the focus, so the program receives the key by its passive grab.
 TEST_F(OpeningWaitsTest, HotkeyWaitsForTheSnapshotOnly) {
   ASSERT_TRUE(open()) << "the first fake key has every client read the keyboard map";
   releaseChord();

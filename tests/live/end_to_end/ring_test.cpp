@@ -8,14 +8,14 @@
 namespace rondora::live {
 namespace {
 
-constexpr int kFarthest = 260;
+constexpr int kMaxDistance = 260;
 
 /// The distances up to which the two differ, from the position to the right, down, to the left and up.
 std::array<int, 4> reaches(const Capture& before, const Capture& after, Position position) {
   constexpr Position kDirections[] = {{1, 0}, {0, 1}, {-1, 0}, {0, -1}};
   std::array<int, 4> found{};
   for (std::size_t i = 0; i < found.size(); ++i) {
-    for (int distance = 0; distance < kFarthest; ++distance) {
+    for (int distance = 0; distance < kMaxDistance; ++distance) {
       const int x = position.x + distance * kDirections[i].x, y = position.y + distance * kDirections[i].y;
       if (before.at(x, y) != after.at(x, y)) found[i] = distance;
     }
@@ -60,7 +60,7 @@ INSTANTIATE_TEST_SUITE_P(Live, RingTest, testing::Values(WindowManager::openbox,
 TEST_P(RingTest, CentreIsAtThePointerToThePixel) {
   for (const Position position : {Position{500, 380}, Position{641, 403}, Position{333, 508}}) {
     client_.movePointer(position);
-    const Area around{position.x - kFarthest, position.y - kFarthest, 2 * kFarthest, 2 * kFarthest};
+    const Area around{position.x - kMaxDistance, position.y - kMaxDistance, 2 * kMaxDistance, 2 * kMaxDistance};
     const Capture before = client_.settledCapture(around);
     ASSERT_TRUE(open());
     EXPECT_EQ(client_.pointer(), position);
@@ -131,8 +131,8 @@ TEST_P(RingTest, TappingTheKeyAgainStepsAndWraps) {
   expectAtRest();
 }
 
-/// A fast key repeat and a slow release. Control goes up first: Alt and Space, which remain, open a menu of the window
-/// manager.
+/// A fast key repeat and a slow release. Control is released first: Alt and Space, which remain, open a menu of the
+/// window manager.
 TEST_P(RingTest, HeldKeysNeitherStepNorType) {
   ASSERT_TRUE(desktop_.outputOf({"xset", "r", "rate", "60", "100"}));
   constexpr std::uint8_t kChord[] = {key::control, key::alt, key::space};
@@ -165,7 +165,7 @@ TEST_P(RingTest, HeldKeysNeitherStepNorType) {
   letKeysRepeat();
   pointTo(-kMiddleOfRing, 0);
   client_.keyUp(key::f9);
-  EXPECT_TRUE(waitForClipboard("Plain 3")) << "a plain key chooses when it goes up";
+  EXPECT_TRUE(waitForClipboard("Plain 3")) << "a plain key chooses when it is released";
   expectAtRest();
   EXPECT_EQ(typedText(), "");
 }

@@ -63,7 +63,7 @@ class Panel {
   BusService list_;
 };
 
-/// The status item in trays and panels that come and go. At first there is none.
+/// The status item in trays and panels that appear and vanish. At first there is none.
 class TrayTest : public EndToEndTest {
  protected:
   TrayTest() : EndToEndTest({WindowManager::openbox, Compositor::picom, Tray::none}) {}
@@ -97,7 +97,7 @@ class TrayTest : public EndToEndTest {
   }
 };
 
-TEST_F(TrayTest, TraysMayComeLateGoAndComeBack) {
+TEST_F(TrayTest, FollowsTraysThatAppearAndVanish) {
   startIn("en");
   ASSERT_TRUE(waitForSettings()) << "without a tray the settings are the only way in";
   const std::size_t lines = linesAboutTheItem();
@@ -116,7 +116,7 @@ TEST_F(TrayTest, TraysMayComeLateGoAndComeBack) {
   EXPECT_EQ(program_->waitForExit(), 0);
 }
 
-TEST_F(TrayTest, PanelsMayComeLateGoAndComeBack) {
+TEST_F(TrayTest, FollowsPanelsThatAppearAndVanish) {
   startIn("ar");
   ASSERT_TRUE(waitForWindow());
   std::optional<Panel> panel(desktop_);

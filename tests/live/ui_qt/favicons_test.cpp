@@ -55,7 +55,7 @@ class WebTest : public testing::Test {
   QtNetworkFetch network;
 };
 
-TEST_F(WebTest, ReportsAnswersUnchanged) {
+TEST_F(WebTest, ReportsRepliesUnchanged) {
   const auto page = getPage(WebServer::answering("hello"));
   ASSERT_TRUE(page);
   EXPECT_EQ(page->status, 200);
@@ -98,7 +98,7 @@ TEST_F(WebTest, BodiesEndAtTheLimit) {
   EXPECT_TRUE(!bomb || (bomb->body.size() <= 1000 && !bomb->isComplete));
 }
 
-TEST_F(WebTest, LateBrokenAndForeignAnswersFail) {
+TEST_F(WebTest, LateBrokenAndForeignRepliesFail) {
   EXPECT_FALSE(getPage([](QTcpSocket&) {}, 1000, 0.2));
   EXPECT_FALSE(getPage(WebServer::dripping("HTTP/1.1 200 OK\r\n\r\n", "x", 10), 100000, 0.3));
   EXPECT_FALSE(getPage(WebServer::saying("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\nshort")));

@@ -90,7 +90,7 @@ class PictureRasterizerTest : public testing::TestWithParam<double> {
   QtPictureRasterizer rasterizer{applications};
 };
 
-TEST_P(PictureRasterizerTest, ADirtyRectangleGetsTheFullPaintingAndNothingElseChanges) {
+TEST_P(PictureRasterizerTest, OnlyTheDirtyRectangleIsPainted) {
   const auto prepared = prepare(ring());
   for (const auto& [scale, opacity] : {std::pair{1.0, 1.0}, std::pair{0.85, 0.5}}) {
     PictureView view = wholeView(GetParam());
@@ -110,7 +110,7 @@ TEST_P(PictureRasterizerTest, ADirtyRectangleGetsTheFullPaintingAndNothingElseCh
   }
 }
 
-TEST_P(PictureRasterizerTest, ThePhaseFadesAndShrinksTowardsTheAnchor) {
+TEST_P(PictureRasterizerTest, AppearancePhaseFadesAndScalesAboutTheAnchor) {
   const auto prepared = prepare(ring());
   PictureView view = wholeView(GetParam());
   view.scale = 0.5;
@@ -124,7 +124,7 @@ TEST_P(PictureRasterizerTest, ThePhaseFadesAndShrinksTowardsTheAnchor) {
   EXPECT_EQ(small.at(pixels(165), pixels(120)), 0U) << "outside of half the radius";
 }
 
-TEST_P(PictureRasterizerTest, BetweenTwoStatesALayerIsAMixtureOfBoth) {
+TEST_P(PictureRasterizerTest, FractionalStateBlendsItsNeighbours) {
   const auto inState = [&](double state) {
     const auto prepared = prepare(ring());
     paintedWhole(*prepared, {0, 0, 0, 0});
@@ -139,7 +139,7 @@ TEST_P(PictureRasterizerTest, BetweenTwoStatesALayerIsAMixtureOfBoth) {
   }
 }
 
-TEST_P(PictureRasterizerTest, GlassShowsTheBackdropOrAnImitation) {
+TEST_P(PictureRasterizerTest, GlassShowsTheSnapshotOrAnImitation) {
   BackdropPaint glass;
   glass.imitation = {0, 0, 1, 0.5};
   glass.veil = {1, 0, 0, 0.5};
@@ -148,14 +148,14 @@ TEST_P(PictureRasterizerTest, GlassShowsTheBackdropOrAnImitation) {
   Canvas screen(GetParam(), 0xFF00FF00);
   for (const bool isTold : {true, false}) {
     const auto prepared = prepare(picture);
-    if (isTold) prepared->setBackdrop(screen.buffer());
+    if (isTold) prepared->setSnapshot(screen.buffer());
     const Canvas canvas = paintedWhole(*prepared, {0});
     EXPECT_LE(difference(canvas.at(canvas.side / 2, canvas.side / 2), isTold ? 0xFF808000U : 0xBF800040U), 2);
     EXPECT_EQ(canvas.at(1, 1), 0U);
   }
 }
 
-TEST_P(PictureRasterizerTest, KeptPicturesEqualNewOnesOnEveryBackdrop) {
+TEST_P(PictureRasterizerTest, CachedPicturesEqualNewOnesOverEverySnapshot) {
   Picture picture = ring();
   BackdropPaint glass;
   glass.imitation = {0.2, 0.2, 0.2, 0.7};
@@ -164,17 +164,17 @@ TEST_P(PictureRasterizerTest, KeptPicturesEqualNewOnesOnEveryBackdrop) {
   FillCommand pane{Path::circle(kCentre, 88.5), glass};
   picture.layers.insert(picture.layers.begin(), {{{0, 0}, {kSide, kSide}}, {{shadow, pane}}});
 
-  rasterizer.prepareAhead(picture, GetParam());
+  rasterizer.prerender(picture, GetParam());
   for (const std::uint32_t beneath : {0xFFFFFFFFU, 0U, 0xFF20C040U}) {
     Canvas screen(GetParam(), beneath);
     const auto on = [&](std::unique_ptr<PreparedPicture> prepared) {
-      if (beneath != 0) prepared->setBackdrop(screen.buffer());
+      if (beneath != 0) prepared->setSnapshot(screen.buffer());
       return prepared;
     };
     const auto kept = on(prepare(picture));
     auto second = on(prepare(picture));
     const auto expectLikeNew = [&](PreparedPicture& prepared, const std::vector<double>& states) {
-      constexpr int kRounding = 2;  // layers kept are blended once more than what is painted directly
+      constexpr int kRounding = 2;  // cached layers are blended once more than layers painted directly
       QtPictureRasterizer other(applications);
       const auto fresh = on(other.prepare(picture, GetParam()));
       expectSame(paintedWhole(prepared, states), paintedWhole(*fresh, states), kRounding);
@@ -189,7 +189,7 @@ TEST_P(PictureRasterizerTest, KeptPicturesEqualNewOnesOnEveryBackdrop) {
   }
 }
 
-TEST_P(PictureRasterizerTest, NothingOfTheScreenIsHeldAfterAShowing) {
+TEST_P(PictureRasterizerTest, SnapshotIsFreedAfterTheShowing) {
   const auto bytesInUse = [] {
     const auto heap = mallinfo2();
     return heap.uordblks + heap.hblkhd;
@@ -200,7 +200,7 @@ TEST_P(PictureRasterizerTest, NothingOfTheScreenIsHeldAfterAShowing) {
     const FillCommand pane{Path::circle(kCentre, radius), BackdropPaint{}};
     const auto prepared =
         rasterizer.prepare({{kSide, kSide}, kCentre, {{{{0, 0}, {kSide, kSide}}, {{pane}}}}}, GetParam());
-    prepared->setBackdrop(screen.buffer());
+    prepared->setSnapshot(screen.buffer());
     prepared->paint(std::vector<double>{0}, wholeView(GetParam()), canvas.buffer());
   };
   show(10);
@@ -253,7 +253,7 @@ class TextTest : public testing::Test {
   QtPictureRasterizer rasterizer{applications};
 };
 
-TEST_F(TextTest, TheLeadingEdgeFollowsTheDirectionOfTheText) {
+TEST_F(TextTest, LeadingEdgeFollowsTheTextDirection) {
   TextCommand command = textIn(kLine, "Files");
   command.alignment = TextAlignment::leading;
   EXPECT_LT(paint(command).left, 30);
@@ -263,7 +263,7 @@ TEST_F(TextTest, TheLeadingEdgeFollowsTheDirectionOfTheText) {
   EXPECT_LT(paint(command).left, 30);
 }
 
-TEST_F(TextTest, LongTextIsWrappedAndElidedInsideItsRectangle) {
+TEST_F(TextTest, LongTextIsWrappedAndElided) {
   TextCommand command = textIn({{50, 50}, {100, 60}}, "Some rather long title that will never ever fit into this");
   const Ink oneLine = paint(command);
   command.maximumLines = 2;
@@ -276,7 +276,7 @@ TEST_F(TextTest, LongTextIsWrappedAndElidedInsideItsRectangle) {
   EXPECT_GT(twoLines.rows, oneLine.rows * 3 / 2);
 }
 
-TEST_F(TextTest, WhatIsLeftOutIsAlwaysMarked) {
+TEST_F(TextTest, OmittedTextIsAlwaysMarked) {
   const std::vector<std::string> words = {"ملاحظات", "مع", "Firefox", "120", "نص", "طويل"};
   const auto pixels = [&](double width, std::size_t wordCount, int lines) {
     TextCommand command = textIn({{10, 50}, {width, 60}}, "");
@@ -294,7 +294,7 @@ TEST_F(TextTest, WhatIsLeftOutIsAlwaysMarked) {
   }
 }
 
-TEST_F(TextTest, HostileTextAndSizesAreDrawnWithoutHarm) {
+TEST_F(TextTest, HostileTextAndSizesAreHarmless) {
   EXPECT_EQ(paint(textIn(kLine, "")).rows, 0);
   EXPECT_GT(paint(textIn(kLine, std::string(4 << 20, 'W'))).rows, 0);
   EXPECT_GT(paint(textIn(kLine, "\xff\xfe\xc0 ok")).rows, 0);

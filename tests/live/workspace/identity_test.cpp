@@ -23,7 +23,7 @@ std::vector<std::string> idsOf(const std::vector<RunningApplication>& applicatio
   return ids;
 }
 
-/// By the id of their toolkit, the instance or the class of their windows, or their program file.
+/// Identifies them by toolkit id, window instance, window class or executable.
 TEST_F(IdentityTest, IdentifiesADozenApplications) {
   std::map<std::string, std::string> commands = {{"debian-xterm", "xterm"},
                                                  {"org.pwmt.zathura", "zathura"},
@@ -64,7 +64,7 @@ TEST_F(IdentityTest, ProcessesWithWindowsAreApplicationsPanelsAreNot) {
   EXPECT_EQ(running("tint2")->activationPolicy, ActivationPolicy::accessory);
 }
 
-/// A reparented window's own origin says nothing of its place on the screen.
+/// A reparented window's own origin is not its position on the screen.
 TEST_F(IdentityTest, WindowBoundsAreThoseOfTheFrame) {
   const auto terminal = startTerminal("framed");
   x11::WindowOwners owners;
@@ -96,7 +96,7 @@ TEST_F(IdentityTest, PicturesComeFromTheDesktopEntryAndFromTheWindow) {
   EXPECT_EQ(source->pixelHeight, 1);
   EXPECT_THAT(source->pixels, testing::ElementsAre(1, 2, 3));
 
-  // Openbox gives an icon to each window that has none; the root window it leaves alone.
+  // Openbox gives an icon to each window without one, except the root window.
   constexpr std::uint32_t kLie[] = {4000, 4000, 1, 2};
   const x11::X11Connection& connection = underTest_.connection;
   xcb_change_property(connection.get(), XCB_PROP_MODE_REPLACE, connection.root(), connection.atom("_NET_WM_ICON"),

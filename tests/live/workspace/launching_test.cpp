@@ -8,7 +8,7 @@ namespace {
 
 using LaunchingTest = WorkspaceTest;
 
-TEST_F(LaunchingTest, TheScreenSaverIsThereWhenTheDesktopHasOne) {
+TEST_F(LaunchingTest, FindsTheScreenSaverOfTheDesktop) {
   const char* path = "/System/Library/CoreServices/ScreenSaverEngine.app";
   EXPECT_FALSE(workspace().applicationAtPath(path));
   std::atomic<bool> isActive = false;

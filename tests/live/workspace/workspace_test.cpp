@@ -102,7 +102,7 @@ std::optional<RunningApplication> WorkspaceTest::running(const std::string& bund
 
 bool WorkspaceTest::becomesActive(xcb_window_t window) {
   const bool became = eventually([&] { return isActive(window); });
-  const auto& connection = underTest_.connection;  // its answer comes after the events of the change
+  const auto& connection = underTest_.connection;  // the reply arrives after the events of the change
   connection.property32(connection.root(), connection.atom("_NET_ACTIVE_WINDOW"), XCB_ATOM_WINDOW);
   return became && underTest_.handleEvents();
 }

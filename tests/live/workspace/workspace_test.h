@@ -19,7 +19,7 @@ namespace rondora::live {
 
 inline constexpr const char* kOwnIdentifier = "io.github.rondora.Rondora";
 
-/// Our connection to an X server, and what stands on it.
+/// Our connection to an X server, and the objects under test on it.
 class WorkspaceUnderTest {
  public:
   WorkspaceUnderTest(const std::string& display, ApplicationCatalogue& catalogue);
@@ -37,8 +37,8 @@ class WorkspaceUnderTest {
   x11::X11Workspace workspace;
 };
 
-/// One desktop for all tests of a program: GLib looks at its folders and at its bus only once. The window manager is
-/// the one that RONDORA_TEST_WINDOW_MANAGER names.
+/// One desktop for all tests of a program: GLib looks up its folders and its bus only once. RONDORA_TEST_WINDOW_MANAGER
+/// names the window manager.
 class WorkspaceTest : public testing::Test {
  protected:
   WorkspaceTest();
@@ -47,7 +47,7 @@ class WorkspaceTest : public testing::Test {
 
   const PrivateDesktop& desktop() const { return *desktop_; }
   x11::X11Workspace& workspace() { return underTest_.workspace; }
-  /// The workspace, asked by a user who acts now: later than everything that windows did on their own so far, such as
+  /// The workspace, with the time of a user action that is later than everything the windows did on their own, such as
   /// taking the focus when they appear.
   x11::X11Workspace& workspaceForUser();
 

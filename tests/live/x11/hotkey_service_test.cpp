@@ -122,7 +122,7 @@ class X11KeyBenchTest : public RepeatingKeysTest, public KeyBench {
   void repeat(std::uint16_t /*key*/) override { letKeysRepeat(); }
   void setOverlay(bool isUp) override {
     panel_ = isUp ? openPanel() : nullptr;
-    // Without a key event of its own the first attempt may carry too old a time stamp.
+    // Without a key event before it the first attempt may name too old a time.
     ASSERT_TRUE(eventually([&] { return !isUp || !user_.nothingIsGrabbed(); }));
     drain();
   }
@@ -139,7 +139,7 @@ TEST_F(X11KeyBenchTest, KeepsTheContractOfTheKeyPorts) {
   }
 }
 
-/// Control goes up first: Alt and the key remain, a combination that window managers bind.
+/// Control is released first: Alt and the key remain, a combination that window managers bind.
 TEST_F(RepeatingKeysTest, KeyHeldBeyondTheOverlayReachesNoOtherClient) {
   ASSERT_TRUE(registerHotkey(kEscape, 0, 2));
   pressChord();

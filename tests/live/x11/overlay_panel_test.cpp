@@ -52,10 +52,10 @@ class OverlayPanelTest : public X11Test {
     other_.cover(area);
     ASSERT_TRUE(eventually([&] { return user_.capture(area).at(area.x + 1, area.y + 1) == kCoverColor; }));
   }
-  /// Exactly one backdrop was read, all of it in the bystander's colour.
-  void expectCoveredBackdrop() {
-    ASSERT_EQ(rasterizer_.backdrops.size(), 1U);
-    EXPECT_EQ(rasterizer_.backdrops[0], std::vector<std::uint32_t>(200 * 200, 0xFF000000U | kCoverColor));
+  /// Exactly one snapshot was read, all of it in the bystander's colour.
+  void expectSnapshotOfCover() {
+    ASSERT_EQ(rasterizer_.snapshots.size(), 1U);
+    EXPECT_EQ(rasterizer_.snapshots[0], std::vector<std::uint32_t>(200 * 200, 0xFF000000U | kCoverColor));
   }
   /// Shows its left layer and, between the layers, the window beneath.
   bool looksOpenBetweenItsParts() {
@@ -213,7 +213,7 @@ TEST_F(OverlayPanelTest, BlendsOverTheSnapshotWithoutACompositor) {
   auto panel = openTwoLayers();
   EXPECT_TRUE(looksOpenBetweenItsParts());
   EXPECT_EQ(capture(kArea).at(290, 150), SolidRasterizer::color(0));
-  expectCoveredBackdrop();
+  expectSnapshotOfCover();
   panel->setLayerState(1, SolidRasterizer::kTranslucent);
   panel->display();
   EXPECT_TRUE(looksOpenBetweenItsParts());
@@ -225,7 +225,7 @@ TEST_F(OverlayPanelTest, BlendsOverTheSnapshotWithoutACompositor) {
 TEST_F(OverlayPanelTest, RepeatsTheScreensEdgeBeyondIt) {
   cover({0, 0, 100, 100});
   const auto panel = openPanel({{-100, -100}, {200, 200}});
-  expectCoveredBackdrop();
+  expectSnapshotOfCover();
 }
 
 TEST_F(OverlayWithoutSharedMemoryTest, HasHardEdgesWithoutASnapshot) {
@@ -236,7 +236,7 @@ TEST_F(OverlayWithoutSharedMemoryTest, HasHardEdgesWithoutASnapshot) {
   const Capture shown = capture(kArea);
   EXPECT_EQ(shown.at(110, 150), SolidRasterizer::color(0)) << "opaque at once: without a snapshot nothing fades";
   EXPECT_EQ(shown.at(290, 150), desktop.at(290, 150));
-  EXPECT_TRUE(rasterizer_.backdrops.empty());
+  EXPECT_TRUE(rasterizer_.snapshots.empty());
   close(panel);
   panel = openTwoLayers(1, {{100, 0}, {800, 800}});
   const Capture all = capture({100, 0, 800, 800});
@@ -255,7 +255,7 @@ TEST_F(OverlayPanelTest, StaysTransparentWhenTheCompositorChanges) {
   const auto panel = openTwoLayers();
   const auto looksRight = [this] { return looksOpenBetweenItsParts(); };
   EXPECT_TRUE(eventually(looksRight));
-  expectCoveredBackdrop();  // read from what the compositor shows
+  expectSnapshotOfCover();  // read from what the compositor shows
   compositor_.reset();
   EXPECT_TRUE(eventually([this] { return isShaped(); }));
   EXPECT_TRUE(eventually(looksRight));

@@ -17,7 +17,7 @@ PixelRect withoutStruts(const PixelRect& monitor, std::vector<Strut> struts) {
   return visibleFrame(monitor, kRoot, {{}, std::move(struts), {}});
 }
 
-TEST(MonitorLayoutTest, AStrutCountsOnTheMonitorsItLiesOn) {
+TEST(MonitorLayoutTest, StrutCountsOnTheMonitorsThatItCrosses) {
   const std::vector<Strut> struts = {
       strut({0, 0, 30, 0, 0, 0, 0, 0, 0, 999, 0, 0}),      // along the top of the left monitor
       strut({0, 50, 0, 0, 0, 0, 200, 999, 0, 0, 0, 0}),    // along the right edge

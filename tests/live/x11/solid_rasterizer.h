@@ -17,13 +17,13 @@ class SolidRasterizer : public PictureRasterizer {
  public:
   static constexpr double kTranslucent = 2;
 
-  /// The pixels of each backdrop that was set, the latest last, row by row.
-  std::vector<std::vector<std::uint32_t>> backdrops;
+  /// The pixels of each snapshot that was set, the latest last, row by row.
+  std::vector<std::vector<std::uint32_t>> snapshots;
 
   std::unique_ptr<PreparedPicture> prepare(Picture picture, double /*pixelsPerPoint*/) override {
     return std::make_unique<Prepared>(*this, std::move(picture));
   }
-  void prepareAhead(Picture /*picture*/, double /*pixelsPerPoint*/) override {}
+  void prerender(Picture /*picture*/, double /*pixelsPerPoint*/) override {}
 
   static constexpr std::uint32_t color(double state) { return 0x404040U * (static_cast<std::uint32_t>(state) + 1); }
 
@@ -31,9 +31,9 @@ class SolidRasterizer : public PictureRasterizer {
   struct Prepared : PreparedPicture {
     Prepared(SolidRasterizer& rasterizer, Picture source) : owner(rasterizer), picture(std::move(source)) {}
 
-    void setBackdrop(const PixelBuffer& screen) override {
+    void setSnapshot(const PixelBuffer& screen) override {
       auto& seen =
-          owner.backdrops.emplace_back(screen.pixels, screen.pixels + std::ptrdiff_t{screen.stride} * screen.height);
+          owner.snapshots.emplace_back(screen.pixels, screen.pixels + std::ptrdiff_t{screen.stride} * screen.height);
       for (std::uint32_t& pixel : seen) pixel |= 0xFF000000U;  // the screen's alpha is undefined
     }
 

@@ -38,7 +38,7 @@ TEST_F(KeystrokeSenderTest, PressesHoldsAndReleasesOneKey) {
       desktop_.log.contains(LogLevel::standard, "keystroke sent: key=8 flags=1048576 front=org.example.editor"));
 }
 
-TEST_F(KeystrokeSenderTest, EmptyRecordingTypesNothingButKeyZeroMay) {
+TEST_F(KeystrokeSenderTest, EmptyRecordingTypesNothing) {
   sender_.perform(0, 0, std::nullopt);
   EXPECT_THAT(desktop_.log.lines, IsEmpty());
   sender_.perform(0, kCommand, std::nullopt);
@@ -46,7 +46,7 @@ TEST_F(KeystrokeSenderTest, EmptyRecordingTypesNothingButKeyZeroMay) {
   EXPECT_TRUE(desktop_.log.contains(LogLevel::standard, "keystroke sent: key=0 flags=1048576 front=?"));
 }
 
-TEST_F(KeystrokeSenderTest, ArrowsAndNavigationKeysCarryTheBitsOfTheirKind) {
+TEST_F(KeystrokeSenderTest, ArrowsAndNavigationKeysCarryTheirFlags) {
   const std::pair<std::vector<std::int64_t>, std::uint64_t> kinds[] = {
       {{123, 124, 125, 126}, 0xA20000}, {{115, 116, 117, 119, 121}, 0x820000}, {{114, 118, 120, 122, 127}, 0x20000}};
   for (const auto& [keys, flags] : kinds) {
@@ -54,7 +54,7 @@ TEST_F(KeystrokeSenderTest, ArrowsAndNavigationKeysCarryTheBitsOfTheirKind) {
   }
 }
 
-TEST_F(KeystrokeSenderTest, WithoutThePermissionItNeitherWaitsNorTypes) {
+TEST_F(KeystrokeSenderTest, WithoutPermissionTypesNothing) {
   desktop_.permissions.trusted = false;
   const auto editor = desktop_.workspace.start("editor");
   sender_.perform(8, kCommand, editor.processIdentifier);
@@ -63,7 +63,7 @@ TEST_F(KeystrokeSenderTest, WithoutThePermissionItNeitherWaitsNorTypes) {
   EXPECT_TRUE(desktop_.log.contains(LogLevel::error, "keystroke skipped: Accessibility permission not granted"));
 }
 
-TEST_F(KeystrokeSenderTest, WaitsForTheTargetAndTypesAnywayInTheEnd) {
+TEST_F(KeystrokeSenderTest, WaitsForTheTargetThenTypesAnyway) {
   const auto& posted = desktop_.keyEvents.posted;
   const auto editor = desktop_.workspace.start("editor");
   desktop_.workspace.leaveAll();
@@ -115,7 +115,7 @@ TEST(RingBeforeKeystroke, KeyIsTypedIntoTheTargetOrNowhere) {
   }
 }
 
-TEST_F(KeystrokeSenderTest, AKeyThatCannotBeMadeIsLoggedAndTypesNothing) {
+TEST_F(KeystrokeSenderTest, ImpossibleKeyIsLoggedAndTypesNothing) {
   desktop_.keyEvents.missingKeys = {200};
   desktop_.keyEvents.missingModifiers = event_flags::kFunction;
   sender_.perform(123, 0, std::nullopt);

@@ -13,7 +13,7 @@
 
 namespace rondora {
 
-/// Applications that tell their commands when the test says so.
+/// Supplies an application's commands when the test does.
 class FakeSubActions final : public SubActions {
  public:
   std::optional<RunningApplication> targetApp() override { return target; }
@@ -68,9 +68,9 @@ class ProgramTest : public testing::Test {
   FakeSubActions subActions;
   FakeInstanceChannel channel;
   SingleInstance instance{{&channel}, desktop.log};
-  /// What happened of the last steps of the program's end, in order.
+  /// The last steps of the program's end, in the order in which they ran.
   std::vector<std::string> ending;
-  /// The languages that the toolkit was put into.
+  /// The languages set for the toolkit.
   std::vector<AppLanguage> languages;
   RunningApplication browser;
   RunningApplication editor;

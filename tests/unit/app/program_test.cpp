@@ -12,7 +12,7 @@ using testing::ElementsAre;
 
 using RunningProgramTest = ProgramTest;
 
-TEST_F(RunningProgramTest, ComesUpInOrder) {
+TEST_F(RunningProgramTest, StartsInOrder) {
   bool wasMade = false;
   desktop.statusBar.whenMade = [&] {
     wasMade = true;
@@ -28,7 +28,7 @@ TEST_F(RunningProgramTest, ComesUpInOrder) {
   EXPECT_GT(desktop.keyboard.registrationCount(), 0U);
 }
 
-TEST_F(RunningProgramTest, KeepsAToolTipDelayThatIsThere) {
+TEST_F(RunningProgramTest, KeepsAnExistingToolTipDelay) {
   desktop.defaults.setInteger("NSInitialToolTipDelay", 20);
   launch();
   EXPECT_EQ(desktop.defaults.values["NSInitialToolTipDelay"], FakeUserDefaults::Value(std::int64_t{20}));
@@ -115,14 +115,14 @@ TEST_F(RunningProgramTest, DeliversAReleaseThatPrecedesTheMenu) {
   EXPECT_FALSE(isMenuUp());
 }
 
-TEST_F(RunningProgramTest, RequestForNoMenuIsRefusedWithOneLine) {
+TEST_F(RunningProgramTest, RequestForUnknownMenuIsLogged) {
   launchWith({});
   const Uuid unknown = desktop.random.uuid();
   EXPECT_FALSE(channel.served.trigger(unknown.string()));
   EXPECT_FALSE(channel.served.trigger("chord\nerror: forged"));
   EXPECT_THAT(desktop.log.lines,
               ElementsAre(FakeLog::Line{LogLevel::error, "trigger skipped: no menu has the id " + unknown.string()},
-                          FakeLog::Line{LogLevel::error, "trigger skipped: this is no menu's id"}));
+                          FakeLog::Line{LogLevel::error, "trigger skipped: malformed menu id"}));
 }
 
 TEST_F(RunningProgramTest, RelaunchEndsThisInstanceOnceTheNewOneIsOpen) {

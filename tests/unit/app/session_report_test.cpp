@@ -22,7 +22,7 @@ class SessionReportTest : public ProgramTest {
     return SessionReport(program.localization(), kPcModifierNames)
         .findings(facts, program.config().current(), program.delegate().hotkeyManager());
   }
-  /// The beginnings of the statements, each after "+" for what works or "-" for what fails.
+  /// The beginnings of the findings, each after "+" if it works or "-" if it fails.
   static std::string outline(const std::vector<SessionFinding>& findings) {
     std::string text;
     for (const SessionFinding& finding : findings) {

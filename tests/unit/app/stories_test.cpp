@@ -100,7 +100,7 @@ class ProgramStory : public ProgramTest, public Story {
     desktop.time.advance(0.1);
     release({stepped});
   }
-  /// The service for the Fn key is still to come: the story says when the hotkey of the first menu fires.
+  /// No service for the Fn key exists yet, so the story fires the hotkey of the first menu.
   void fn(bool isDown) {
     isDown ? program.switchboard().handleHotkeyPressed({0}) : program.switchboard().handleHotkeyReleased({0});
   }
@@ -148,13 +148,13 @@ class ProgramStory : public ProgramTest, public Story {
     desktop.permissions.mayListen = std::ranges::count(words, "listening") > 0;
     program.permissions().refresh();
   }
-  /// How many rings were prepared since the last time, once no more are due.
-  std::string prepared() {
+  /// The number of rings pre-rendered since the last call, once no more are due.
+  std::string prerendered() {
     desktop.time.advance(10);
-    return std::to_string(std::exchange(desktop.overlay.warmedUp, {}).size());
+    return std::to_string(std::exchange(desktop.overlay.prerendered, {}).size());
   }
-  bool shownWasPrepared() const {
-    return std::ranges::count(desktop.overlay.warmedUp, desktop.overlay.keyPanel()->picture) > 0;
+  bool shownWasPrerendered() const {
+    return std::ranges::count(desktop.overlay.prerendered, desktop.overlay.keyPanel()->picture) > 0;
   }
   std::string fingers() {
     Words words;
@@ -244,14 +244,14 @@ void ProgramStory::addObservations() {
       {"log-lines", [this, count] { return count(desktop.log.lines.size()); }},
       {"ticks", [this, count] { return count(std::exchange(desktop.haptics.performed, {}).size()); }},
       {"preview-hint", [this] { return desktop.windows.previewHint; }},
-      {"prepared", [this] { return prepared(); }},
-      {"prepared-now", [this, count] { return count(desktop.overlay.warmedUp.size()); }},
-      {"shown-was-prepared", [this] { return yesOrNo(shownWasPrepared()); }},
+      {"prerendered", [this] { return prerendered(); }},
+      {"prerendered-now", [this, count] { return count(desktop.overlay.prerendered.size()); }},
+      {"shown-was-prerendered", [this] { return yesOrNo(shownWasPrerendered()); }},
   };
 }
 
-TEST(ProgramStories, HappenAsTold) {
-  for (const char* file : {"triggers", "choices", "app_commands", "document_changes", "launch", "ring_warmer"}) {
+TEST(ProgramStories, PlayAsWritten) {
+  for (const char* file : {"triggers", "choices", "app_commands", "document_changes", "launch", "ring_prerenderer"}) {
     playStories<ProgramStory>(file);
   }
 }

@@ -7,7 +7,7 @@ namespace {
 
 using testing::ElementsAre;
 
-TEST(SignalTest, ObserversMayComeAndGoDuringACall) {
+TEST(SignalTest, ObserversMayBeAddedAndRemovedDuringACall) {
   Signal<int> signal;
   std::vector<std::string> calls;
   Subscription second;
@@ -25,7 +25,7 @@ TEST(SignalTest, ObserversMayComeAndGoDuringACall) {
   EXPECT_THAT(calls, ElementsAre("first 1", "first 2", "late 2"));
 }
 
-TEST(SignalTest, AnObserverMayEndItselfAndTheSignal) {
+TEST(SignalTest, ObserverMayEndItselfAndTheSignal) {
   auto signal = std::make_unique<Signal<>>();
   int calls = 0;
   Subscription own = signal->subscribe([&] {
@@ -37,7 +37,7 @@ TEST(SignalTest, AnObserverMayEndItselfAndTheSignal) {
   EXPECT_EQ(calls, 1);
 }
 
-TEST(CurrentValueTest, CanBeFollowedByItsChangesAlone) {
+TEST(CurrentValueTest, RemovingDuplicatesPassesChangesOnly) {
   CurrentValue<int> value(1);
   std::vector<int> seen;
   const Subscription changes = value.subscribe(removingDuplicates<int>([&](const int& each) { seen.push_back(each); }));

@@ -88,7 +88,7 @@ struct FaviconStory : Icons, Story {
 
 class FaviconsTest : public testing::Test, protected Icons {};
 
-TEST(FaviconStories, HappenAsTold) { playStories<FaviconStory>("favicons"); }
+TEST(FaviconStories, PlayAsWritten) { playStories<FaviconStory>("favicons"); }
 
 TEST_F(FaviconsTest, UnreachableSiteBacksOffAndKeepsItsPicture) {
   web.pages["https://a.org/favicon.ico"] = page("picture old");

@@ -54,7 +54,7 @@ struct AddressStory : Story {
   std::vector<WebAddress> links;
 };
 
-TEST(AddressStories, HappenAsTold) { playStories<AddressStory>("addresses"); }
+TEST(AddressStories, PlayAsWritten) { playStories<AddressStory>("addresses"); }
 
 TEST(AddressStories, ReferencesAreTrimmed) {
   EXPECT_EQ(WebAddress::parse("http://a/")->resolve(" https://b/\n")->text(), "https://b/");

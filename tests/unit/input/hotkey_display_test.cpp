@@ -37,7 +37,7 @@ TEST(HotkeyDisplay, ShowsWordsAndGlyphs) {
   }
 }
 
-TEST(HotkeyDisplay, NamesAKeyByWhatItTypesOnAUsKeyboard) {
+TEST(HotkeyDisplay, NamesKeysByTheirUsCharacters) {
   FakeKeyboard keyboard([] { return true; });
   std::string typed;
   const auto monitor = keyboard.addLocalMonitor(kKeyDownAndKeyUpMask, [&](const KeyEvent& event) {
@@ -51,7 +51,7 @@ TEST(HotkeyDisplay, NamesAKeyByWhatItTypesOnAUsKeyboard) {
   }
 }
 
-TEST(HotkeyDisplay, NamesEveryKeyDifferentlyAndOneWithoutANameByItsNumber) {
+TEST(HotkeyDisplay, KeyNamesAreUnique) {
   std::set<std::string> names;
   for (std::int64_t keyCode = 0; keyCode < 128; ++keyCode) names.insert(keyCodeToString(keyCode));
   EXPECT_EQ(names.size(), 128U);
@@ -59,7 +59,7 @@ TEST(HotkeyDisplay, NamesEveryKeyDifferentlyAndOneWithoutANameByItsNumber) {
   EXPECT_EQ(keyCodeToString(INT64_MIN), "Key-9223372036854775808");
 }
 
-TEST(HotkeyDisplay, SaysUnassignedInRussianAndElseInEnglish) {
+TEST(HotkeyDisplay, UnassignedTextIsRussianOrEnglish) {
   for (const auto& [language, text] :
        {std::pair(AppLanguage::russian, "Не назначено"), std::pair(AppLanguage::japanese, "Unassigned")}) {
     EXPECT_EQ(displayString(std::nullopt, language), text);

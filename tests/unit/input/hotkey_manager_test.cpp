@@ -116,7 +116,7 @@ TEST_F(HotkeyManagerTest, PassesEventsOnWithoutAllocatingOrLogging) {
   EXPECT_EQ(allocationCount() - before, 0U);
   EXPECT_THAT(desktop.log.lines, IsEmpty());
   EXPECT_EQ(reported, 2U * 3U + 2U * 1U);
-  EXPECT_EQ(last, 9U) << "an unknown id stands for itself";
+  EXPECT_EQ(last, 9U) << "an unknown id is its own index";
 }
 
 }  // namespace

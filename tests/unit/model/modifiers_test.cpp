@@ -5,7 +5,7 @@
 namespace rondora {
 namespace {
 
-TEST(CarbonModifiersTest, ConvertEachModifierBothWaysAndDropEverythingElse) {
+TEST(CarbonModifiersTest, RoundTripAndDropOtherBits) {
   const std::pair<std::int64_t, std::uint64_t> pairs[] = {
       {0x100, 0x100000}, {0x200, 0x20000}, {0x800, 0x80000}, {0x1000, 0x40000}, {0x20000, 0x800000}};
   for (const auto& [carbonBit, eventBit] : pairs) {

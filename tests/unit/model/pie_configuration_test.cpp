@@ -31,7 +31,7 @@ class PieConfigurationTest : public testing::Test {
   PieConfiguration document;
 };
 
-TEST_F(PieConfigurationTest, TheLaterMenuOfAFingerCountWinsAndTakesItAlongWhenSwitchedOff) {
+TEST_F(PieConfigurationTest, LastEnabledMenuWinsAFingerCount) {
   document.menus = {menu(PieMenuKind::standard, 4), menu(PieMenuKind::standard, 4), menu(PieMenuKind::standard, 3),
                     menu(PieMenuKind::standard, 0), menu(PieMenuKind::standard, 6), menu(PieMenuKind::standard, 2)};
   EXPECT_THAT(document.trackpadGestureTargets(), ElementsAre(Pair(3, 2), Pair(4, 1)));
@@ -40,7 +40,7 @@ TEST_F(PieConfigurationTest, TheLaterMenuOfAFingerCountWinsAndTakesItAlongWhenSw
   EXPECT_THAT(document.trackpadGestureTargets(), ElementsAre(Pair(3, 1), Pair(5, 0)));
 }
 
-TEST_F(PieConfigurationTest, AssigningAFingerCountTakesItFromTheOthers) {
+TEST_F(PieConfigurationTest, AssigningAFingerCountMovesIt) {
   document.menus = {menu(PieMenuKind::standard, 4), menu(PieMenuKind::standard, 4), menu(PieMenuKind::standard, 5)};
   document.assignTrackpadFingerCount(4, document.menus[2].id);
   EXPECT_THAT(fingerCounts(), ElementsAre(0, 0, 4));
@@ -51,7 +51,7 @@ TEST_F(PieConfigurationTest, AssigningAFingerCountTakesItFromTheOthers) {
   EXPECT_THAT(fingerCounts(), ElementsAre(3, 0, 0));
 }
 
-TEST_F(PieConfigurationTest, AnApplicationHasItsFirstCommandSetOrTheDefaultCommands) {
+TEST_F(PieConfigurationTest, FirstCommandSetOfAnApplicationWins) {
   document.appSubMenus = {{"org.a", {}, 1.0}, {"org.b", {}, 2.0}, {"org.b", {}, 3.0}};
   EXPECT_EQ(document.appSubMenu("org.b"), &document.appSubMenus[1]);
   EXPECT_EQ(document.appSubMenu("org.B"), nullptr);
@@ -61,7 +61,7 @@ TEST_F(PieConfigurationTest, AnApplicationHasItsFirstCommandSetOrTheDefaultComma
   EXPECT_EQ(document.defaultAppCommands(random), document.menus[1].appCommandsDefaultEntries);
 }
 
-TEST(RawValueTest, EveryTextLeadsBackToItsCase) {
+TEST(RawValueTest, RawValuesRoundTrip) {
   for (const AppLanguage language : kAppLanguages) EXPECT_EQ(appLanguageFromRawValue(rawValue(language)), language);
   EXPECT_EQ(rawValue(AppLanguage::russian), "ru");
   EXPECT_EQ(rawValue(AppLanguage::japanese), "ja");

@@ -9,7 +9,7 @@
 namespace rondora {
 namespace {
 
-TEST(RandomUnassignedSymbolTest, TakesTheOnlyOneThatIsLeftAndWhenNoneIsLeftEachAsOften) {
+TEST(RandomUnassignedSymbolTest, PrefersUnusedSymbolsAndIsUniform) {
   SeededRandom random;
   std::set<std::string, std::less<>> avoided(PieMenuItem::kUnassignedSymbols.begin(),
                                              PieMenuItem::kUnassignedSymbols.end());

@@ -23,7 +23,7 @@ void change(T& value) {
   }
 }
 
-TEST(PieMenuTest, SharedLooksLeaveTheRestOfTheMenu) {
+TEST(PieMenuTest, AppliesSharedAppearanceOnly) {
   PieMenu source;
   for (const AppearanceField& field : kAppearanceFields) {
     std::visit([&](auto member) { change(source.*member); }, field.member);

@@ -37,7 +37,7 @@ TEST_F(PermissionsMonitorTest, PublishesChangesOnly) {
                                       PermissionsSnapshot{true, true}));
 }
 
-TEST_F(PermissionsMonitorTest, PollsEachSecondUntilAllIsGrantedThenEachFive) {
+TEST_F(PermissionsMonitorTest, PollsFasterUntilAllIsGranted) {
   const auto publishedAfter = [this](double seconds) {
     desktop_.time.advance(seconds);
     return published_.size();

@@ -30,7 +30,7 @@ std::vector<PieMenuItem> makeItems(std::size_t count) {
   return items;
 }
 
-/// The overlay on the little desktop.
+/// The overlay on the fake desktop.
 struct Overlay {
   Overlay() {
     desktop.overlay.moveTo(kOpenedAt);
@@ -71,7 +71,7 @@ struct Overlay {
 
 class OverlayTest : public testing::Test, protected Overlay {};
 
-// The vocabulary of fixtures/stories/overlay.txt. Lists are emptied when they are read.
+// The vocabulary of fixtures/stories/overlay.txt. Reading a list empties it.
 
 std::uint16_t keyCode(const std::string& name) {
   static const std::map<std::string, int> kCodes = {
@@ -181,12 +181,12 @@ struct OverlayStory : Overlay, Story {
   Index matched;
 };
 
-TEST(OverlayStories, HappenAsTold) { playStories<OverlayStory>("overlay"); }
+TEST(OverlayStories, PlayAsWritten) { playStories<OverlayStory>("overlay"); }
 
 TEST_F(OverlayTest, OpensAtThePointerAndLeavesNothingBehind) {
-  controller->warmUp(menu, std::nullopt);
+  controller->prerender(menu, std::nullopt);
   show();
-  EXPECT_EQ(panel().picture, desktop.overlay.warmedUp.back());
+  EXPECT_EQ(panel().picture, desktop.overlay.prerendered.back());
   EXPECT_TRUE(panel().isKey);
   EXPECT_EQ(panel().frame.center(), kOpenedAt);
   EXPECT_EQ(panel().frame.size, panel().picture.size);
@@ -215,7 +215,7 @@ TEST_F(OverlayTest, OpensAtThePointerAndLeavesNothingBehind) {
   EXPECT_EQ(std::exchange(reports, {}), Words{"hidden"});
 }
 
-TEST_F(OverlayTest, SectorsFollowTheirIndexAndEqualOnesTheList) {
+TEST_F(OverlayTest, SectorsFollowIndexThenListOrder) {
   menu.items = makeItems(4);
   for (std::size_t i = 0; i < 4; ++i) menu.items[i].sectorIndex = i % 2 == 0 ? 7 : -1;
   show();
@@ -226,7 +226,7 @@ TEST_F(OverlayTest, SectorsFollowTheirIndexAndEqualOnesTheList) {
   EXPECT_EQ(order, (Words{"<1>", "<3>", "<0>", "<2>"}));
 }
 
-TEST_F(OverlayTest, TheOpeningAnimationEndsByItself) {
+TEST_F(OverlayTest, OpeningAnimationEnds) {
   menu.animationDuration = 0.2;
   show();
   EXPECT_LT(panel().scale, 1);
@@ -262,7 +262,7 @@ TEST_F(OverlayTest, ShowsOnScreensThatChangeOrAreMissing) {
   EXPECT_LT(ringAt({0, 0}), 1000);
 }
 
-TEST_F(OverlayTest, TheCentreIsAtThePointerOnAnyScreens) {
+TEST_F(OverlayTest, CentreIsAtThePointerOnAnyScreens) {
   std::mt19937 random(7);
   const auto between = [&](int least, int most) { return double(std::uniform_int_distribution(least, most)(random)); };
   for (int layout = 0; layout < 100; ++layout) {

@@ -23,7 +23,7 @@ TEST(ShortcutLabelsTest, DefaultsGoByPosition) {
   EXPECT_EQ(line, "0123456789QWERTYUIOPASDFGHJKLZXCVBNM--");
 }
 
-TEST(ShortcutLabelsTest, OwnLabelsWinAndTakeTheDefaultAway) {
+TEST(ShortcutLabelsTest, OwnLabelsReplaceDefaults) {
   const Labels labels = resolvedShortcutLabels(items(11, {{3, "q"}, {0, "5"}, {1, ""}}));
   EXPECT_EQ(labels[3], "q");
   EXPECT_EQ(labels[10], std::nullopt);
@@ -60,7 +60,7 @@ TEST(QuickSelectKeyTest, EachPhysicalKeyStandsForItsPosition) {
   }
 }
 
-TEST(QuickSelectKeyTest, APhysicalKeyNeedsALabelAtItsPosition) {
+TEST(QuickSelectKeyTest, PhysicalKeyNeedsALabelAtItsPosition) {
   const ShortcutLabels labels(resolvedShortcutLabels(items(6, {{0, "5"}, {2, "x"}})));
   EXPECT_EQ(labels.indexForKeyCode(19), Index(2));      // not the default label, but one
   EXPECT_EQ(labels.indexForKeyCode(23), std::nullopt);  // position 5 lost its label

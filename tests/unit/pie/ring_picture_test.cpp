@@ -28,7 +28,7 @@ struct Ring {
   Picture picture;
 };
 
-/// Items that the menu lacks are filled in.
+/// Adds the items that the menu lacks.
 Ring ringOf(std::size_t count, PieMenu menu = {}, const std::optional<std::string>& application = {}) {
   for (std::size_t i = menu.items.size(); i < count; ++i) {
     PieMenuItem& item = menu.items.emplace_back();
@@ -194,7 +194,7 @@ TEST(RingPictureTest, EveryAppearanceFieldChangesTheRing) {
   }
 }
 
-/// What a screen of that colour looks like through the glass.
+/// The colour of a screen seen through the glass.
 Color throughGlass(const BackdropPaint& paint, std::uint32_t screen) {
   std::uint32_t pixel = 0xFF000000U | screen;
   std::uint32_t seen = 0;
@@ -205,7 +205,7 @@ Color throughGlass(const BackdropPaint& paint, std::uint32_t screen) {
 /// The colour of a gradient half-way between hub and rim.
 Color middleOf(const RadialGradientPaint& paint) { return mix(paint.stops[1].color, paint.stops[2].color, 0.5); }
 
-TEST(RingPictureTest, IconsAndTitlesCanBeReadOverEverything) {
+TEST(RingPictureTest, IconsAndTitlesAreLegibleOverAnyScreen) {
   for (const auto variant : {LiquidGlassVariant::regular, LiquidGlassVariant::clear}) {
     for (const double tint : {0.0, 0.07, 0.5, 1.0}) {
       for (const std::string_view itemColor : kItemColorPalette) {
@@ -253,7 +253,7 @@ TEST(PieSectorShapeTest, GapsAreEquallyWideFromHubToRim) {
   }
 }
 
-TEST(RingPictureTest, HostileSizesNeitherTrapNorEscape) {
+TEST(RingPictureTest, HostileSizesStayInBounds) {
   constexpr double kHostile[] = {-1e300, -5, 0, 1e-300, 1, 76, 1e300, kInfinity, kNaN};
   std::mt19937 random(5);
   for (int round = 0; round < 500; ++round) {
@@ -273,7 +273,7 @@ TEST(RingPictureTest, HostileSizesNeitherTrapNorEscape) {
   }
 }
 
-TEST(OpeningAnimationTest, EndsWhateverTheDocumentAndTheClockSay) {
+TEST(OpeningAnimationTest, AlwaysEnds) {
   const auto isOver = [](double duration, double elapsed) {
     return OpeningAnimation{appearanceField<&PieMenu::animationDuration>().toDraw(duration)}.isOver(elapsed);
   };

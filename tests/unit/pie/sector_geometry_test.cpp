@@ -39,7 +39,7 @@ class TrackingViewTest : public testing::Test {
   FakeOverlayPanels pointer{time};
 };
 
-TEST_F(TrackingViewTest, SectorsGoClockwiseFromTheTop) {
+TEST_F(TrackingViewTest, SectorsRunClockwiseFromTheTop) {
   struct Case {
     std::size_t sectors;
     double rotation;

@@ -47,7 +47,7 @@ struct RunningAppsStory : RunningApps, Story {
 
 class RunningAppsTest : public ::testing::Test, protected RunningApps {};
 
-TEST(RunningAppsStories, HappenAsTold) { playStories<RunningAppsStory>("running_apps"); }
+TEST(RunningAppsStories, PlayAsWritten) { playStories<RunningAppsStory>("running_apps"); }
 
 TEST_F(RunningAppsTest, ShowsEachOrdinaryApplicationOnceAndLeavesOutTheRest) {
   menu.runningAppsExcludedBundleIds = {"MAIL.Über"};

@@ -45,7 +45,7 @@ struct Config {
   const std::string url = "/home/user/.config/Rondora/config.json";
 };
 
-/// An edit session is made when it is first used; "log" is emptied when it is read.
+/// An edit session is made at first use; reading "log" empties it.
 struct ConfigStory : Config, Story {
   using W = const Words&;
 
@@ -80,7 +80,7 @@ struct ConfigStory : Config, Story {
     endless.menus[0].iconSize = std::numeric_limits<double>::infinity();
     manager->save(endless);
   }
-  /// The stamp is the moment at which virtual time starts.
+  /// The stamp is the time at which virtual time starts.
   std::string keptAside() const {
     Words contents;
     for (const auto& [path, bytes] : files.files) {
@@ -95,7 +95,7 @@ struct ConfigStory : Config, Story {
 
 class ConfigManagerTest : public testing::Test, protected Config {};
 
-TEST(ConfigStories, HappenAsTold) { playStories<ConfigStory>("config_manager"); }
+TEST(ConfigStories, PlayAsWritten) { playStories<ConfigStory>("config_manager"); }
 
 TEST_F(ConfigManagerTest, FirstStartWritesTheFirstRunDocument) {
   start();
@@ -140,7 +140,7 @@ TEST_F(ConfigManagerTest, SaveKeepsOneMenuOfEachSpecialKind) {
   EXPECT_EQ(written["schemaVersion"], 3);
 }
 
-TEST_F(ConfigManagerTest, ASaveFromASubscriberIsTheOneOnDisk) {
+TEST_F(ConfigManagerTest, SaveBySubscriberReachesTheDisk) {
   start();
   const Subscription answering = manager->configuration().subscribe([&](const PieConfiguration& each) {
     if (each.menus[0].name == "Edited") rename("Again");

@@ -12,12 +12,12 @@
 
 // Documents in fixtures/config:
 // - broken.txt: documents that do not decode, each with the description of the error;
-// - repaired.txt: documents that decode, each with what its re-encoding has at JSON pointers, as "POINTER = VALUE",
-//   "POINTER size COUNT" or "POINTER absent";
-// - good-NAME.json comes out as it went in;
+// - repaired.txt: documents that decode, each with the values of its re-encoding at JSON pointers, as "POINTER =
+// VALUE", "POINTER size COUNT" or "POINTER absent";
+// - good-NAME.json: re-encodes to itself;
 // - first-run.json: the first-run document without the ids of its menus, items and entries.
-// A line "# NAME" begins a document, and "=> " what is expected of it. What the document and its menus
-// have to have and leave out is filled in (`completed`) but where "<absent>" stands; after "raw" it is taken as it is.
+// A line "# NAME" begins a document, a line "=> " an expectation. `completed` adds the required members that the
+// document and its menus leave out, except where "<absent>" stands; after "raw" the document is used unchanged.
 
 namespace rondora {
 namespace {
@@ -101,14 +101,14 @@ void expectAtPointer(const ordered_json& document, const std::string& line) {
   EXPECT_EQ(relation == "size" ? ordered_json(document.at(pointer).size()) : document.at(pointer), expected);
 }
 
-TEST(ConfigurationFixtures, BrokenDocumentsAreRefusedWithThePlaceOfTheFault) {
+TEST(ConfigurationFixtures, BrokenDocumentsReportThePathOfTheError) {
   for (const Document& document : documents("broken.txt")) {
     ASSERT_EQ(document.expected.size(), 1U) << document.name;
     EXPECT_EQ(reencoded(document.bytes), "error: " + document.expected.front()) << document.name;
   }
 }
 
-TEST(ConfigurationFixtures, OthersAreRepaired) {
+TEST(ConfigurationFixtures, DamagedDocumentsAreRepaired) {
   for (const Document& document : documents("repaired.txt")) {
     const ordered_json result = ordered_json::parse(reencoded(document.bytes), nullptr, false);
     ASSERT_TRUE(result.is_object()) << document.name << ": " << reencoded(document.bytes);
@@ -120,14 +120,14 @@ TEST(ConfigurationFixtures, OthersAreRepaired) {
   }
 }
 
-TEST(ConfigurationFixtures, GoodOnesComeOutAsTheyWentIn) {
+TEST(ConfigurationFixtures, GoodDocumentsRoundTrip) {
   const std::string smallest = fixture("good-smallest.json");
   EXPECT_EQ(reencoded(smallest) + "\n", smallest);
   const std::string full = fixture("good-every-field.json");
   EXPECT_EQ(ordered_json::parse(reencoded(full)).dump(1), ordered_json::parse(full).dump(1));
 }
 
-TEST(ConfigurationFixtures, TheFirstRunDocumentIsTheSameEveryTimeButForItsIds) {
+TEST(ConfigurationFixtures, FirstRunDocumentDiffersInItsIdsOnly) {
   const ordered_json expected = ordered_json::parse(fixture("first-run.json")).flatten();
   SeededRandom random;
   std::set<std::string> ids;
@@ -156,7 +156,7 @@ ordered_json awkward(const ordered_json& value, RandomSource& random) {
   return !value.get<bool>();
 }
 
-/// The document that has every field, here and there with a value that is awkward and may well stand there.
+/// A document with every field, some with unusual but valid values.
 std::string awkwardDocument(RandomSource& random) {
   static const std::set<std::string> kNotFree = {"id", "kind", "variant", "language", "_0", "keyCode", "sectorIndex"};
   ordered_json document = ordered_json::parse(fixture("good-every-field.json"));
@@ -170,7 +170,7 @@ std::string awkwardDocument(RandomSource& random) {
   return document.dump();
 }
 
-TEST(ConfigurationRoundTrip, WhateverIsReadIsWrittenAndReadBackEqual) {
+TEST(ConfigurationRoundTrip, DecodedDocumentsRoundTrip) {
   for (std::uint64_t seed = 0; seed < 300; ++seed) {
     SCOPED_TRACE(seed);
     SeededRandom random(seed);

@@ -23,7 +23,7 @@ std::string problem(std::string_view bytes) {
   return error == nullptr ? "" : error->description;
 }
 
-TEST(HostileDocumentTest, BytesThatAreNoTextAreRefused) {
+TEST(HostileDocumentTest, RefusesMalformedText) {
   EXPECT_EQ(problem(""),
             "not JSON: parse error at line 1, column 1: syntax error while parsing value - unexpected end of input; "
             "expected '[', '{', or a literal");
@@ -34,7 +34,7 @@ TEST(HostileDocumentTest, BytesThatAreNoTextAreRefused) {
   EXPECT_EQ(problem("\xEF\xBB\xBF{\"menus\": []}"), "") << "a byte order mark";
 }
 
-TEST(HostileDocumentTest, WhatIsTooDeepOrTooMuchIsRefusedAndTheRestIsReadInTime) {
+TEST(HostileDocumentTest, LimitsDepthCountAndTime) {
   const std::string deep = repeated("[", 511) + repeated("]", 511);
   const std::string megabytes(2 << 20, 'x');
   const std::string items = R"({"menus": [{"items": [{})";
@@ -46,7 +46,7 @@ TEST(HostileDocumentTest, WhatIsTooDeepOrTooMuchIsRefusedAndTheRestIsReadInTime)
       {R"({"menus": [], "x": [)" + deep + "]}", "not JSON: nested too deeply"},
       {R"({"menus": [], "x": )" + deep + "}", ""},
       {R"({"menus": )" + deep + "}", "menus[0]: expected an object"},
-      // Small in the text and large in memory: "{}" is an item with an id, an action and a colour.
+      // Small as text and large in memory: "{}" is an item with an id, an action and a colour.
       {items + repeated(",{}", 1'000'000), "not JSON: too many values"},
       {items + repeated(",0", 1'000'000), "not JSON: too many values"},
       {R"({"language": ")" + megabytes + R"(", "menus": []})", "language: unknown value"},

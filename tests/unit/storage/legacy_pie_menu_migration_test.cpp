@@ -11,7 +11,7 @@
 namespace rondora {
 namespace {
 
-/// "changes" and "log" are emptied when they are read.
+/// Reading "changes" or "log" empties it.
 struct MigrationStory : Story {
   using W = const Words&;
 
@@ -54,7 +54,7 @@ struct MigrationStory : Story {
   FakeLog log;
 };
 
-TEST(LegacyPieMenuMigrationStories, HappenAsTold) { playStories<MigrationStory>("legacy_migration"); }
+TEST(LegacyPieMenuMigrationStories, PlayAsWritten) { playStories<MigrationStory>("legacy_migration"); }
 
 }  // namespace
 }  // namespace rondora

@@ -7,12 +7,12 @@
 
 #include "doubles/fake_devices.h"
 
-// Which items, menus and documents are migrated is shown by the documents in fixtures/config.
+// The documents in fixtures/config show which items, menus and documents are migrated.
 
 namespace rondora {
 namespace {
 
-TEST(PieConfigurationMigratorTest, EmptyItemsOfAMenuGetDifferentSymbolsThatItDoesNotUse) {
+TEST(PieConfigurationMigratorTest, EmptyItemsGetUnusedSymbols) {
   SeededRandom random;
   std::vector<PieMenu> menus(1);
   menus[0].items.resize(PieMenuItem::kUnassignedSymbols.size());

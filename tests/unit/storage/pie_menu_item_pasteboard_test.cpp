@@ -8,7 +8,7 @@
 namespace rondora {
 namespace {
 
-TEST(PieMenuItemPasteboardTest, GivesBackTheItemThatWasCopiedAndTakesNothingElseForOne) {
+TEST(PieMenuItemPasteboardTest, ItemsRoundTripAndOtherDataIsRejected) {
   FakePasteboard pasteboard;
   SeededRandom random;
   PieMenuItemPasteboard items{pasteboard, random};

@@ -36,7 +36,7 @@ Pixels frosted(Pixels screen, const Frost& glass) {
 
 int green(std::uint32_t pixel) { return static_cast<int>(pixel >> 8 & 0xFF); }
 
-TEST(FrostedGlassTest, OneColourStaysThatColourUpToTheEdgesUnlessAVeilLiesOverIt) {
+TEST(FrostedGlassTest, UniformColourIsChangedByTheVeilOnly) {
   Pixels screen(kWidth + 7);
   screen.fill([](int, int) { return 0x3366AAU; });
   for (const double radius : {0.0, 3.0, 7.0, 26.0, 52.0, 1e9}) {
@@ -49,7 +49,7 @@ TEST(FrostedGlassTest, OneColourStaysThatColourUpToTheEdgesUnlessAVeilLiesOverIt
   for (const std::uint32_t pixel : frosted(screen, {7, 1, 1, {0, 1, 0, 1}}).values) EXPECT_EQ(pixel, 0xFF00FF00U);
 }
 
-TEST(FrostedGlassTest, AnEdgeBecomesASlopeAsWideAsTheRadius) {
+TEST(FrostedGlassTest, EdgesAreBlurredOverTheRadius) {
   Pixels screen;
   screen.fill([](int x, int) { return x < kWidth / 2 ? 0U : 0xFFFFFFU; });
   for (const double radius : {4.0, 7.0, 14.0, 26.0}) {

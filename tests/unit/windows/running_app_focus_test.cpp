@@ -34,7 +34,7 @@ struct Focus {
   std::int32_t pid_ = 0;
 };
 
-/// The target is the window of number 16909060; "journal" is emptied when it is read.
+/// The target is the window of number 16909060; reading "journal" empties it.
 struct FocusStory : Focus, Story {
   using W = const Words&;
 
@@ -59,7 +59,7 @@ struct FocusStory : Focus, Story {
     desktop_.windowServer.spacesOfWindows[kWindow] = {30};
     desktop_.windowServer.displays = std::vector<DisplaySpaces>{{{10, 20, 30}, 20}};
   }
-  /// Name, number, state and, if it is not a standard window, subrole.
+  /// Name, number, state and, unless it is a standard window, subrole.
   void addWindow(W w) {
     const auto minimized = w.at(2) == "silent" ? std::nullopt : std::optional(w.at(2) == "minimized");
     const auto window = desktop_.accessibility.addWindow(pid_, w.at(0), static_cast<std::uint32_t>(std::stoul(w.at(1))),
@@ -87,7 +87,7 @@ TEST_F(RunningAppFocusTest, ShowsTheProcessThenRaisesItsWindow) {
   EXPECT_THAT(desktop_.log.lines, IsEmpty());
 }
 
-TEST_F(RunningAppFocusTest, TellsTheProcessInTwoRecordsThatTheWindowIsKey) {
+TEST_F(RunningAppFocusTest, PostsTwoKeyWindowRecords) {
   focus();
   const auto& records = desktop_.windowServer.eventRecords;
   ASSERT_EQ(records.size(), 2U);
@@ -131,7 +131,7 @@ TEST(FrontmostWindowID, TakesTheFirstOrdinaryVisibleWindowOfTheProcess) {
             7U);
 }
 
-TEST(RunningAppFocusStories, HappenAsTold) { playStories<FocusStory>("focus"); }
+TEST(RunningAppFocusStories, PlayAsWritten) { playStories<FocusStory>("focus"); }
 
 }  // namespace
 }  // namespace rondora

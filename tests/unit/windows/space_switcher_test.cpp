@@ -24,7 +24,7 @@ class SpaceSwitcherTest : public ::testing::Test {
       {desktop_.windowServer, desktop_.windowServer, desktop_.keyEvents, desktop_.time, desktop_.log}};
 };
 
-TEST_F(SpaceSwitcherTest, PressesTheUsersShortcutOnceForEachSpaceOnTheWay) {
+TEST_F(SpaceSwitcherTest, PressesTheShortcutOncePerSpace) {
   placeWindow(10, {{{10, 20, 30}, 30}});
   desktop_.windowServer.symbolicHotKeys[79] = {true, {{65535, 0x1007B, 0x100000}}};
   switcher_.switchSpaceWithSystemShortcut(kWindow, "editor");
@@ -39,7 +39,7 @@ TEST_F(SpaceSwitcherTest, PressesTheUsersShortcutOnceForEachSpaceOnTheWay) {
   EXPECT_NEAR(posted[2].uptime - posted[1].uptime, 0.06, 1e-9);
 }
 
-TEST_F(SpaceSwitcherTest, PressesNothingThatCannotBeMadeOrThatTheUserSwitchedOff) {
+TEST_F(SpaceSwitcherTest, SkipsDisabledAndImpossibleShortcuts) {
   placeWindow(20, {{{10, 20}, 10}});
   desktop_.keyEvents.missingKeys = {124};
   switcher_.switchSpaceWithSystemShortcut(kWindow, "editor");
@@ -50,7 +50,7 @@ TEST_F(SpaceSwitcherTest, PressesNothingThatCannotBeMadeOrThatTheUserSwitchedOff
   EXPECT_EQ(desktop_.log.lines.back().text, "focus ?: space shortcut 81 disabled");
 }
 
-TEST_F(SpaceSwitcherTest, CountsTheSpacesOnTheDisplayThatHoldsTheWindow) {
+TEST_F(SpaceSwitcherTest, CountsSpacesOnTheWindowsDisplay) {
   EXPECT_EQ(switcher_.spaceSteps(kWindow), std::nullopt) << "the system does not tell";
   placeWindow(6, {{{1, 2}, 2}, {{5, std::nullopt, 6, 7}, 7}, {{6, 9}, 9}});
   EXPECT_EQ(switcher_.spaceSteps(kWindow), -1) << "spaces without an identifier do not count";
@@ -65,7 +65,7 @@ TEST_F(SpaceSwitcherTest, CountsTheSpacesOnTheDisplayThatHoldsTheWindow) {
   EXPECT_THAT(desktop_.log.lines, IsEmpty()) << "already there";
 }
 
-TEST_F(SpaceSwitcherTest, FallsBackToControlArrowWhereTheSettingsDoNotSay) {
+TEST_F(SpaceSwitcherTest, FallsBackToControlArrow) {
   auto& settings = desktop_.windowServer.symbolicHotKeys;
   const Key left{123, 0x840000};
   EXPECT_EQ(switcher_.configuredKey(SpaceShortcut::left), left);

@@ -28,7 +28,7 @@ const auto kCommand = setOf({Modifier::command});
 
 }  // namespace
 
-TEST(ModifierKeysTest, TheRightKeyServesWhereTheUserHoldsTheLeftOne) {
+TEST(ModifierKeysTest, RightKeyReplacesAHeldLeftKey) {
   const ModifierKeys keys = keysOf("us");
   EXPECT_EQ(keys.chordFor(kControlAndShift, {}), (Chord{{kControlL, kShiftL}, 0}));
   EXPECT_EQ(keys.chordFor(kControlAndShift, KeySet().set(kShiftL)), (Chord{{kControlL, kShiftR}, 0}));
@@ -38,7 +38,7 @@ TEST(ModifierKeysTest, TheRightKeyServesWhereTheUserHoldsTheLeftOne) {
   EXPECT_EQ(keys.numLockMask, 0x10);
 }
 
-TEST(ModifierKeysTest, TheKeyOfTheThirdLevelIsHeldButIsNoAlt) {
+TEST(ModifierKeysTest, AltGrIsNoAlt) {
   EXPECT_EQ(keysOf("us").setters[1].keys.front(), kAltL);
   EXPECT_EQ(keysOf("us").setters[1].keys.at(1), kAltGr);
   for (const char* layout : {"de", "fr", "us,de"}) {
@@ -48,13 +48,13 @@ TEST(ModifierKeysTest, TheKeyOfTheThirdLevelIsHeldButIsNoAlt) {
   }
 }
 
-TEST(ModifierKeysTest, AModifierWithoutAKeyCannotBeSet) {
+TEST(ModifierKeysTest, ModifierWithoutKeyCannotBeSet) {
   EXPECT_TRUE(keysOf("us").canSet(kCommand));
   EXPECT_FALSE(keysOf("us", "altwin:alt_win").canSet(setOf({Modifier::command})));
 }
 
-// Control and Shift together switch the layout here: typing them would.
-TEST(ModifierKeysTest, ModifiersThatSwitchTheLayoutTogetherAreSetWithoutTheirKeys) {
+// Control and Shift together switch the layout here, so typing both keys would switch it.
+TEST(ModifierKeysTest, LayoutSwitchingModifiersAreLocked) {
   const ModifierKeys keys = keysOf("us,ru", "grp:ctrl_shift_toggle");
   EXPECT_EQ(keys.chordFor(kControlAndShift, {}), (Chord{{}, 0x05}));
   EXPECT_EQ(keys.chordFor(setOf({Modifier::control}), {}), (Chord{{kControlL}, 0}));

@@ -14,11 +14,11 @@ namespace rondora::x11 {
 inline constexpr xcb_keycode_t kControlL = 37, kControlR = 105, kShiftL = 50, kShiftR = 62, kAltL = 64, kAltGr = 108,
                                kSuperL = 133, kCapsLock = 66, kNumLock = 77, kA = 38, kB = 56;
 
-/// How an X server merges two keyboards of the user's and the XTEST keyboard into the one that applications see:
-/// - each keyboard knows its own keys; the merged one takes a press for a key that is up and a release for one that is
-///   down, from whichever keyboard, and drops the others;
-/// - a fake release goes through even where the XTEST keyboard does not hold the key, a second fake press does not;
-/// - a lock goes on at the press and, where it was on before, off at the release.
+/// How an X server merges two keyboards of the user and the XTEST keyboard into the one that applications see:
+/// - each keyboard has its own keys; the merged one accepts a press of a key that is up and a release of one that is
+/// down, from any keyboard, and drops the others;
+/// - a fake release takes effect even when the XTEST keyboard does not hold the key, a second fake press does not;
+/// - a lock is set at the press and, when it was already set, cleared at the release.
 class ServerModel final : public SyntheticKeyboard {
  public:
   static constexpr std::size_t kKeyboards = 2;
@@ -50,10 +50,10 @@ class ServerModel final : public SyntheticKeyboard {
   bool isDown(std::size_t keyboard, xcb_keycode_t key) const { return keyboards_[keyboard][key]; }
   std::uint8_t locked() const { return locked_; }
   std::uint8_t heldModifiers() const;
-  /// False from the moment at which the keys are looked at until the caller says otherwise.
+  /// False from the reading of the keys until the test sets it again.
   bool locksMayMove = true;
 
-  /// Called before each thing that the server does for us.
+  /// Called before each operation that the server performs for the program.
   std::function<void()> meanwhile = [] {};
   std::vector<Event> events;
 
@@ -65,7 +65,7 @@ class ServerModel final : public SyntheticKeyboard {
   KeySet logical_;
   std::uint8_t locked_ = 0;
   bool isHidden_ = false;
-  /// By the lock keys that are down: what they take away when they go up.
+  /// By lock key that is down: the locks that its release clears.
   std::map<xcb_keycode_t, std::uint8_t> unlocks_;
 };
 

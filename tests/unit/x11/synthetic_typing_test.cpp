@@ -16,9 +16,9 @@ constexpr std::uint8_t kLockMask = 0x02, kNumMask = 0x10;
 constexpr xcb_keycode_t kKeys[] = {kControlL, kControlR, kShiftL,  kShiftR, kAltL, kAltGr,
                                    kSuperL,   kCapsLock, kNumLock, kA,      kB};
 constexpr xcb_keycode_t kTypedKeys[] = {kA, kA, kB, kB, kShiftR, kSuperL, kCapsLock};
-constexpr std::uint8_t kMasks[] = {0x04, 0x08, 0x01, 0x40};  // by Modifier
+constexpr std::uint8_t kMasks[] = {0x04, 0x08, 0x01, 0x40};  // indexed by Modifier
 
-/// One user, at two keyboards, and one program that types; beside it the same user without the program.
+/// One user at two keyboards and one program that types; beside it the same user without the program.
 class Encounter {
  public:
   Encounter(unsigned seed, int nervousness) : random_(seed), nervousness_(nervousness) {
@@ -52,7 +52,7 @@ class Encounter {
 
   void userActs() {
     const xcb_keycode_t key = oneOf(kKeys);
-    // Between looking and setting the locks there is no time for a lock key; nobody holds two of a kind.
+    // No lock key goes down between reading and setting the locks, and the user never holds two of a kind.
     const bool isLock = ServerModel::isLock(key);
     if (isLock && (typesLock_ || !server_.locksMayMove)) return;
     userMoves(isLock ? 0 : static_cast<std::size_t>(below(ServerModel::kKeyboards)), key);
@@ -76,7 +76,7 @@ class Encounter {
       }
     }
   }
-  /// The program hears of each release while it holds a key for the user.
+  /// Notifies the program of each release while it holds a key for the user.
   void notice() {
     while (unnoticedReleases_ > 0 && typing_.isHolding()) {
       unnoticedReleases_ = 0;
@@ -108,7 +108,7 @@ class Encounter {
     if (moved_[keystroke.key]) return;
     if (!isModifier || !isHeld) checkCount(keystroke.key);
     if (!isDisturbed) checkState(keystroke, true);
-    // Letting go of what was held before changes nothing.
+    // Releasing the keys held before changes nothing.
     if (!isModifier && (pressed_ & keys_->holding).none()) checkState(keystroke, false);
   }
   bool isOf(const ServerModel::Event& event, xcb_keycode_t key, bool isPress) {
@@ -130,12 +130,12 @@ class Encounter {
     EXPECT_EQ(event->state & ~kNumMask, wanted) << (isPress ? "at the press" : "at the release");
   }
 
-  /// Once the program has heard of all that the user did.
+  /// Call it once the program has been notified of all that the user did.
   void checkAtRest(const char* when) {
     SCOPED_TRACE(when);
     const KeySet physical = server_.physical();
     EXPECT_EQ((server_.logical() & ~physical), KeySet()) << "a key is stuck";
-    EXPECT_EQ((server_.synthetic() & ~physical), KeySet()) << "the XTEST keyboard holds a key for nobody";
+    EXPECT_EQ((server_.synthetic() & ~physical), KeySet()) << "the XTEST keyboard holds a key without reason";
     const KeySet lost = alone_.logical() & ~server_.logical() & keys_->holding & ~keys_->locking;
     EXPECT_EQ(lost, KeySet()) << "a modifier is dead although the user holds it";
     const bool locksAreSettled = (physical & keys_->locking).none();
@@ -155,7 +155,7 @@ class Encounter {
   int unnoticedReleases_ = 0;
 };
 
-TEST(SyntheticTypingTest, LeavesTheKeyboardAsTheUserHasItWhateverHappensMeanwhile) {
+TEST(SyntheticTypingTest, RestoresTheUsersKeyboardState) {
   constexpr unsigned kSeeds = 10000;
   for (unsigned seed = 0; seed < kSeeds; ++seed) {
     SCOPED_TRACE("seed " + std::to_string(seed));

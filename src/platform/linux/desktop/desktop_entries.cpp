@@ -127,7 +127,7 @@ DesktopEntries::DesktopEntries() : monitor_(std::make_unique<Monitor>(*this)) {}
 
 DesktopEntries::~DesktopEntries() = default;
 
-void DesktopEntries::warm() const { index(); }
+void DesktopEntries::warmUp() const { index(); }
 
 const DesktopEntries::Index& DesktopEntries::index() const {
   if (!index_) index_ = std::make_unique<Index>();

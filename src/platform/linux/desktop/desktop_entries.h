@@ -25,7 +25,7 @@ class DesktopEntries {
   DesktopEntries& operator=(const DesktopEntries&) = delete;
 
   /// Reads the entries now (some tens of milliseconds), so that later look-ups do not wait.
-  void warm() const;
+  void warmUp() const;
 
   /// Changes with the entries and with the file-type associations.
   unsigned version() const { return version_; }

@@ -26,8 +26,8 @@ InstalledApplications::InstalledApplications(const ProcessEnvironment& environme
   };
 }
 
-void InstalledApplications::warm() const {
-  entries_.warm();
+void InstalledApplications::warmUp() const {
+  entries_.warmUp();
   resolve("com.apple.Safari");
 }
 

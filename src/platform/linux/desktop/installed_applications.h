@@ -17,8 +17,8 @@ class InstalledApplications final : public ApplicationCatalogue {
   /// `environment` must outlive the object.
   explicit InstalledApplications(const ProcessEnvironment& environment);
 
-  /// Fills the caches that the first look-up would wait for; call it at idle after start-up.
-  void warm() const;
+  /// Fills the caches that the first look-up would wait for; call it while idle after start-up.
+  void warmUp() const;
   /// Called when applications or file-type associations may have changed; the next look-up reads them again. May be
   /// empty.
   std::function<void()> onChanged;

@@ -7,8 +7,8 @@
 
 namespace rondora::desktop {
 
-/// Writes to the journal when there is one, else to standard error with the level as prefix. Uses standard error when
-/// that is the journal, so that the lines stay in order with those of our libraries.
+/// Writes to the journal when there is one, otherwise to standard error with the level as prefix. Also uses standard
+/// error when that is the journal, so that the lines stay in order with those of the libraries.
 class JournalLog final : public Log {
  public:
   explicit JournalLog(const std::string& socketPath = "/run/systemd/journal/socket");

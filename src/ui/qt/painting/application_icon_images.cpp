@@ -16,7 +16,7 @@ namespace rondora {
 namespace {
 
 constexpr qint64 kMaxFileBytes = 16 << 20;
-/// A drawing takes far longer than its size lets one expect.
+/// Drawing a vector file takes far longer than reading a pixel file of the same size.
 constexpr qint64 kMaxVectorFileBytes = 1 << 20;
 constexpr int kMaxSide = 4096;
 
@@ -27,18 +27,18 @@ QImage fitted(const QImage& image, int side) {
   return image.scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation);
 }
 
-/// Nothing is known of what a packed drawing unpacks to, so it counts as too large.
+/// The unpacked size of a compressed drawing is unknown, so it counts as too large.
 bool isTooLarge(const QByteArray& format, qint64 bytes) {
   if (format == "svg") return bytes > kMaxVectorFileBytes;
   return format == "svgz" || bytes > kMaxFileBytes;
 }
 
-/// Whether reading it at its own size would waste sharpness or time.
+/// True when reading at the image's own size would lose sharpness or time.
 bool shouldReadScaled(const QByteArray& format, QSize size, int side) {
   return format == "svg" || (format == "jpeg" && std::max(size.width(), size.height()) > 4 * side);
 }
 
-/// Desktop entries name theme icons with an ending now and then.
+/// Some desktop entries name theme icons with a file ending.
 QString withoutEnding(const QString& name) {
   for (const char* ending : {".png", ".svg", ".xpm"}) {
     if (name.endsWith(QLatin1String(ending))) return name.chopped(4);
@@ -62,14 +62,14 @@ QImage windowImage(const ApplicationIconSource& source, int side) {
   return fitted(image, side);
 }
 
-/// In its own size; a drawing in that of a square of `side` pixels.
+/// A pixel image in its own size, or reduced while reading; a drawing in that of a square of `side` pixels.
 QImage readImageFile(const QString& path, int side) {
   const QFileInfo file(path);
   if (!file.isAbsolute() || !file.isFile() || file.size() > kMaxFileBytes) return {};
   QImageReader reader(path);
   reader.setDecideFormatFromContent(true);
   reader.setAutoTransform(true);
-  const QByteArray format = reader.format();  // asked for once: the reader forgets it later on
+  const QByteArray format = reader.format();  // the reader forgets it later on
   if (isTooLarge(format, file.size())) return {};
   const QSize size = reader.size();
   if (!isSensible(size)) return {};
@@ -77,20 +77,19 @@ QImage readImageFile(const QString& path, int side) {
   return reader.read();
 }
 
-/// Whether it fills its square, as the pictures do that sites make for the home screens of telephones.
+/// True when the image fills its square, as sites' pictures for home screens do.
 bool isFullTile(const QImage& image) {
-  constexpr int kSmallest = 64;
+  constexpr int kMinSide = 64;
   const int right = image.width() - 1;
   const int bottom = image.height() - 1;
-  if (image.width() != image.height() || right < kSmallest) return false;
+  if (image.width() != image.height() || right < kMinSide) return false;
   for (const QPoint point : {QPoint(0, 0), QPoint(right, 0), QPoint(0, bottom), QPoint(right, bottom)}) {
     if (qAlpha(image.pixel(point)) != 255) return false;
   }
   return true;
 }
 
-/// The part of the tile's square that `image` takes: all of it, or the middle, where it is not enlarged more than it
-/// can bear.
+/// The part of the tile's square that `image` takes: all of it, or the middle, without enlarging it too much.
 QRectF placeInTile(const QImage& image, int side) {
   if (isFullTile(image)) return QRectF(0, 0, side, side);
   constexpr double kShare = 0.68;

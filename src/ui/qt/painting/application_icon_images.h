@@ -8,13 +8,13 @@
 
 namespace rondora {
 
-/// The application's own picture fitted into `side` pixels; a null image when there is none that can be read.
+/// The application's icon fitted into `side` pixels; a null image when none can be read.
 QImage applicationIconImage(const ApplicationIconSource& source, int side);
 
-/// An image file fitted into `side` pixels; a null image when it is missing, broken, or larger than is sensible.
+/// An image file fitted into `side` pixels; a null image when it is missing, broken or too large.
 QImage imageFileImage(const QString& path, int side);
 
-/// The picture of a web site, which may be small or have any background, as a tile of `side` pixels that stands out on
+/// The picture of a web site, which may be small or have any background, as a tile of `side` pixels that is visible on
 /// every colour; a null image when the file cannot be read.
 QImage faviconImage(const QString& path, int side);
 

@@ -12,7 +12,7 @@
 namespace rondora {
 namespace {
 
-/// No panel is larger; a picture that claims to be is cut off.
+/// No panel is larger; a larger picture is cut off.
 constexpr int kMaxSide = 8192;
 
 QSize pixelSize(Size size, double scale) {
@@ -31,7 +31,7 @@ QImage wrap(PixelBuffer buffer) {
                 QImage::Format_ARGB32_Premultiplied);
 }
 
-/// The titles, in the last layer, tell most rings apart.
+/// Compares from the last layer: its titles differ between most rings.
 bool isSame(const Picture& a, const Picture& b) {
   return a.size == b.size && a.anchor == b.anchor &&
          std::equal(a.layers.rbegin(), a.layers.rend(), b.layers.rbegin(), b.layers.rend());
@@ -65,10 +65,10 @@ bool DrawnPicture::isOf(const Picture& picture, double pixelsPerPoint, IconImage
 
 std::size_t DrawnPicture::byteCount() const {
   constexpr std::size_t kBytesPerLayer = 8192;
-  return layers_.size() * kBytesPerLayer + (ahead_ ? ahead_->byteCount() : 0);
+  return layers_.size() * kBytesPerLayer + (prerendered_ ? prerendered_->byteCount() : 0);
 }
 
-/// Each that differs from the others.
+/// The distinct backdrops of the picture.
 std::vector<const BackdropPaint*> DrawnPicture::backdrops() const {
   std::vector<const BackdropPaint*> found;
   for (const PictureLayer& layer : picture_.layers) {
@@ -84,9 +84,9 @@ std::vector<const BackdropPaint*> DrawnPicture::backdrops() const {
   return found;
 }
 
-void DrawnPicture::drawAhead() {
-  if (ahead_ || isShown_ || backdrops().size() != 1) return;
-  paintUndivided([this] { ahead_.emplace(drawnOnGlass(Qt::black), drawnOnGlass(Qt::white)); });
+void DrawnPicture::prerender() {
+  if (prerendered_ || isShown_ || backdrops().size() != 1) return;
+  paintUndivided([this] { prerendered_.emplace(drawnOnGlass(Qt::black), drawnOnGlass(Qt::white)); });
   forgetBackdrop();
 }
 
@@ -104,21 +104,21 @@ void DrawnPicture::begin() {
   isShown_ = true;
   QSize largest;
   for (PreparedLayer& layer : layers_) {
-    layer.makeRoom();
+    layer.allocatePixels();
     if (layer.hasStates()) largest = largest.expandedTo(layer.bounds().size());
   }
   scratch_ = QImage(largest, QImage::Format_ARGB32_Premultiplied);
 }
 
 void DrawnPicture::end() {
-  for (PreparedLayer& layer : layers_) layer.giveRoomBack();
+  for (PreparedLayer& layer : layers_) layer.freePixels();
   forgetBackdrop();
   composed_ = scratch_ = {};
   shown_.clear();
   isShown_ = false;
 }
 
-/// Glass is imitated from here on; no pixels of the screen are held.
+/// From here on the glass is imitated, and no pixels of the screen are held.
 void DrawnPicture::forgetBackdrop() {
   backdrops_.clear();
   for (PreparedLayer& layer : layers_) {
@@ -126,19 +126,19 @@ void DrawnPicture::forgetBackdrop() {
   }
 }
 
-void DrawnPicture::setBackdrop(const PixelBuffer& screen) {
+void DrawnPicture::setSnapshot(const PixelBuffer& screen) {
   for (const BackdropPaint* paint : backdrops()) {
     const Frost frost{paint->blurRadius * pixelsPerPoint_, paint->saturation, paint->brightest, paint->veil};
     backdrops_.push_back({paint, FrostedGlass(screen, frost), {}});
   }
 }
 
-/// Makes the pixels of the backdrops, unless they are there, and has the layers draw with them.
+/// Computes the pixels of the backdrops at the first use and lets the layers paint with them.
 void DrawnPicture::useBackdrops() {
   if (backdrops_.empty() || !backdrops_.front().image.isNull()) return;
   for (Backdrop& backdrop : backdrops_) {
-    backdrop.image = QImage(backdrop.seen.width(), backdrop.seen.height(), QImage::Format_RGB32);
-    backdrop.seen.copyTo(buffer(backdrop.image));
+    backdrop.image = QImage(backdrop.glass.width(), backdrop.glass.height(), QImage::Format_RGB32);
+    backdrop.glass.copyTo(buffer(backdrop.image));
   }
   for (PreparedLayer& layer : layers_) {
     layer.setBackdrop([this](const BackdropPaint& wanted) {
@@ -149,7 +149,7 @@ void DrawnPicture::useBackdrops() {
 }
 
 void DrawnPicture::paint(std::span<const double> states, const PictureView& view, PixelBuffer target) {
-  if (showAhead(states, view, target)) return;
+  if (showPrerendered(states, view, target)) return;
   beginComposing();
   const auto paint = [&] {
     compose(states);
@@ -158,19 +158,19 @@ void DrawnPicture::paint(std::span<const double> states, const PictureView& view
   isPlain(view) && isComposed(states) ? show(view, target) : paintUndivided(paint);
 }
 
-/// The first frame straight from what was drawn ahead, if it was.
-bool DrawnPicture::showAhead(std::span<const double> states, const PictureView& view, PixelBuffer target) {
+/// Composes the first frame from the pre-rendered pixels. Returns false when that is not possible.
+bool DrawnPicture::showPrerendered(std::span<const double> states, const PictureView& view, PixelBuffer target) {
   const auto isFirst = [](double state) { return state == 0; };
   const bool isWhole = toPixelRect(view.dirty, view.pixelsPerPoint).contains(QRect({0, 0}, size_));
-  return ahead_ && composed_.isNull() && backdrops_.size() == 1 && isPlain(view) && isWhole &&
-         std::all_of(states.begin(), states.end(), isFirst) && ahead_->compose(backdrops_.front().seen, target);
+  return prerendered_ && composed_.isNull() && backdrops_.size() == 1 && isPlain(view) && isWhole &&
+         std::all_of(states.begin(), states.end(), isFirst) && prerendered_->compose(backdrops_.front().glass, target);
 }
 
-/// Starts with what was drawn ahead, in which all layers are in state 0.
+/// Starts from the pre-rendered pixels, in which all layers are in state 0.
 void DrawnPicture::beginComposing() {
   if (!composed_.isNull()) return;
   composed_ = QImage(size_, QImage::Format_ARGB32_Premultiplied);
-  if (ahead_ && backdrops_.size() == 1 && ahead_->compose(backdrops_.front().seen, buffer(composed_))) {
+  if (prerendered_ && backdrops_.size() == 1 && prerendered_->compose(backdrops_.front().glass, buffer(composed_))) {
     shown_.assign(layers_.size(), 0);
   } else {
     composed_.fill(Qt::transparent);
@@ -223,7 +223,7 @@ void DrawnPicture::drawScaled(QPainter& painter, const PictureView& view, QRect 
   painter.drawImage(QPoint(0, 0), composed_);
 }
 
-/// Brings `composed_` up to date with the states.
+/// Updates `composed_` to the states.
 void DrawnPicture::compose(std::span<const double> states) {
   if (shown_.empty()) return composeFirst(states);
   changed_.clear();

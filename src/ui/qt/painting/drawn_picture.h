@@ -11,42 +11,42 @@
 #include "base/display_list.h"
 #include "platform/picture_rasterizer.h"
 #include "ui/painting/frosted_glass.h"
-#include "ui/qt/painting/drawn_ahead.h"
 #include "ui/qt/painting/icon_images.h"
 #include "ui/qt/painting/prepared_layer.h"
+#include "ui/qt/painting/prerendered_pixels.h"
 
 namespace rondora {
 
-/// A picture with all that painting it needs, for one scale. It is shown by one panel at a time, between `begin` and
-/// `end`, and remembers in between what does not depend on the showing. While shown it remembers what its present
-/// states look like, so that only layers whose state changed are drawn again. Main thread.
+/// A picture prepared for painting at one scale. One panel at a time shows it, between `begin` and `end`; what does not
+/// depend on the showing is kept between showings. While shown, the pixels of the current states are cached, so that
+/// only layers whose state changed are painted again. Main thread.
 class DrawnPicture {
  public:
   DrawnPicture(Picture picture, double pixelsPerPoint, IconImages& icons);
 
-  /// Whether preparing that picture now would come to the same.
+  /// True when preparing that picture now would give the same result.
   bool isOf(const Picture& picture, double pixelsPerPoint, IconImages& icons) const;
-  /// What it takes between two showings, about.
+  /// The approximate memory that it takes between two showings.
   std::size_t byteCount() const;
-  /// What `drawAhead` would add to that.
-  std::size_t byteCountAhead() const { return DrawnAhead::byteCount(size_); }
+  /// The memory that `prerender` would add.
+  std::size_t prerenderedByteCount() const { return PrerenderedPixels::byteCount(size_); }
 
-  /// Draws what a first frame needs but for the backdrop. Not while shown.
-  void drawAhead();
+  /// Pre-renders the first frame without its backdrop. Not while shown.
+  void prerender();
 
   void begin();
   void end();
   bool isShown() const { return isShown_; }
-  /// While shown, as `PreparedPicture`.
-  void setBackdrop(const PixelBuffer& screen);
+  /// While shown, as in `PreparedPicture`.
+  void setSnapshot(const PixelBuffer& screen);
   void paint(std::span<const double> states, const PictureView& view, PixelBuffer target);
   void prepareChanges();
 
  private:
-  /// What shines through the glass of one kind; its pixels are made when they are first drawn with.
+  /// The backdrop of one kind of glass; its image is computed at the first use.
   struct Backdrop {
     const BackdropPaint* paint;
-    FrostedGlass seen;
+    FrostedGlass glass;
     QImage image;
   };
 
@@ -59,7 +59,7 @@ class DrawnPicture {
   void drawPlain(QPainter& painter, QRect dirty) const;
   void drawScaled(QPainter& painter, const PictureView& view, QRect dirty) const;
   void useBackdrops();
-  bool showAhead(std::span<const double> states, const PictureView& view, PixelBuffer target);
+  bool showPrerendered(std::span<const double> states, const PictureView& view, PixelBuffer target);
   void beginComposing();
   void compose(std::span<const double> states);
   void composeFirst(std::span<const double> states);
@@ -70,12 +70,12 @@ class DrawnPicture {
   QFont font_;
   QSize size_;
   std::vector<PreparedLayer> layers_;
-  std::optional<DrawnAhead> ahead_;
+  std::optional<PrerenderedPixels> prerendered_;
 
   bool isShown_ = false;
   std::vector<Backdrop> backdrops_;
-  /// The picture in the states `shown_`, at its own scale and opacity. Null while only the first frame was painted,
-  /// from what was drawn ahead.
+  /// The picture in the states `shown_`, at its own scale and opacity. Null while the only frame so far was composed
+  /// from the pre-rendered pixels.
   QImage composed_;
   QImage scratch_;
   std::vector<double> shown_;

@@ -13,14 +13,14 @@ namespace rondora {
 namespace {
 
 constexpr const char* kEmojiFont = "Noto Color Emoji";
-/// The size at which the font's own bitmaps are drawn pixel by pixel.
+/// The size at which the font's own bitmaps are drawn without scaling.
 constexpr int kNativePixelSize = 109;
 constexpr int kMargin = 32;
-/// A sequence that the font does not know is drawn as its parts side by side.
+/// A sequence that the font lacks is drawn as its parts side by side.
 constexpr int kMaxWidth = 1024;
 
-/// Selectors between text and emoji presentation. The font's sequences are spelled without them, and the toolkit would
-/// look for them in other fonts and so tear a sequence apart.
+/// Selectors between text and emoji presentation. The font spells its sequences without them; with them the toolkit
+/// would look in other fonts and tear a sequence apart.
 bool isVariationSelector(QChar c) { return c == QChar(0xFE0E) || c == QChar(0xFE0F); }
 
 QFont emojiFont() {

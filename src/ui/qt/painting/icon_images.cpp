@@ -15,17 +15,17 @@ namespace rondora {
 
 namespace {
 
-/// Many more than a document's menus show; then everything is made anew.
+/// Far more than a document's menus show; beyond it the cache starts over.
 constexpr qsizetype kMaxCached = 1024;
 constexpr std::string_view kNeutralApplication = "window";
 constexpr std::string_view kSiteWithoutPicture = "globe";
 
-/// The file as it is now.
+/// Identifies the file's present content.
 QString versionOf(const QString& file) {
   return QStringLiteral("%1|%2").arg(file).arg(QFileInfo(file).lastModified().toMSecsSinceEpoch());
 }
 
-/// What the application is installed with as it is now; another application may answer to the same name later on.
+/// Identifies the present icon of the installed application; another application may have the same name later.
 QString versionOf(const ApplicationIconSource& source) {
   const QString themeName = toQString(source.themeName);
   if (themeName.startsWith('/')) return versionOf(themeName);
@@ -54,7 +54,7 @@ QString IconImages::cacheKey(const IconCommand& icon, int side) const {
   return key + toQString(icon.name);
 }
 
-/// A site's picture is found by the file that holds it.
+/// Finds the file that holds a site's picture.
 IconCommand IconImages::withFile(const IconCommand& icon) const {
   IconCommand command = icon;
   if (const auto file = sitePicture_ ? sitePicture_(icon.name) : std::nullopt) {
@@ -102,7 +102,7 @@ IconImages::Found IconImages::make(const IconCommand& icon, int side) const {
   return found;
 }
 
-/// An application without a picture may be installed, or show a window, a moment later: that is not remembered.
+/// Not cached without an icon: the application may be installed, or show a window, a moment later.
 IconImages::Found IconImages::makeApplication(const IconCommand& icon, int side) const {
   for (const auto find : {&ApplicationIcons::iconSource, &ApplicationIcons::windowIconSource}) {
     const auto source = (applicationIcons_.*find)(icon.name);

@@ -14,14 +14,14 @@
 
 namespace rondora {
 
-/// The file with the picture of a web site, by its origin; nothing while there is none.
+/// The file with the picture of a web site, by its origin; nothing when there is none.
 using SitePicture = std::function<std::optional<std::filesystem::path>(std::string_view site)>;
 
-/// The icons of display lists as pixels, made once for each kind, name, size and tint, and again when the file or the
-/// application behind the name is another one. What has no picture gets a neutral one. Main thread.
+/// The icons of display lists as pixels, cached by kind, name, size and tint, and made again when the file or the
+/// application behind the name changes. An icon without a picture gets a neutral one. Main thread.
 class IconImages {
  public:
-  /// `applicationIcons` outlives this object.
+  /// `applicationIcons` must outlive the object.
   explicit IconImages(const ApplicationIcons& applicationIcons, SitePicture sitePicture = {})
       : applicationIcons_(applicationIcons), sitePicture_(std::move(sitePicture)) {}
 

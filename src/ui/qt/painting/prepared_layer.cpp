@@ -10,11 +10,11 @@ namespace rondora {
 
 namespace {
 
-constexpr double kLargestIconSide = 8192;
+constexpr double kMaxIconSide = 8192;
 
 QImage iconImage(const IconCommand& command, double scale, IconImages& icons) {
   const QRectF rect = toQRect(command.rect, scale);
-  return icons.image(command, static_cast<int>(std::lround(std::min({rect.width(), rect.height(), kLargestIconSide}))));
+  return icons.image(command, static_cast<int>(std::lround(std::min({rect.width(), rect.height(), kMaxIconSide}))));
 }
 
 struct CommandPreparer {
@@ -99,9 +99,9 @@ void PreparedLayer::setBackdrop(const std::function<QBrush(const BackdropPaint&)
   }
 }
 
-void PreparedLayer::makeRoom() {
-  for (std::size_t i = 0; i < std::min(kept_.size(), states_.size()); ++i) {
-    kept_[i].image = QImage(bounds_.size(), QImage::Format_ARGB32_Premultiplied);
+void PreparedLayer::allocatePixels() {
+  for (std::size_t i = 0; i < std::min(cached_.size(), states_.size()); ++i) {
+    cached_[i].image = QImage(bounds_.size(), QImage::Format_ARGB32_Premultiplied);
   }
 }
 
@@ -113,12 +113,12 @@ void PreparedLayer::render(QImage& image, std::size_t state) const {
 }
 
 const QImage& PreparedLayer::pixels(std::size_t state) {
-  Pixels& kept = kept_[state % kept_.size()];
-  if (kept.state != state) {
-    render(kept.image, state);
-    kept.state = state;
+  Pixels& cached = cached_[state % cached_.size()];
+  if (cached.state != state) {
+    render(cached.image, state);
+    cached.state = state;
   }
-  return kept.image;
+  return cached.image;
 }
 
 void PreparedLayer::drawOnce(QPainter& painter, double state, QImage& scratch) {

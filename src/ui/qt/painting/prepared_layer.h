@@ -38,25 +38,25 @@ struct PreparedIcon {
 };
 using PreparedCommand = std::variant<PreparedFill, PreparedStroke, PreparedIcon, std::unique_ptr<PreparedText>>;
 
-/// One layer of a picture for one scale. Its two latest states are kept as pixels, made when they are first seen, so
-/// that going back and forth between them, and painting over what lies beneath, is copying. All lengths are pixels.
+/// One layer of a picture at one scale. Caches the pixels of its two latest states at their first use, so that
+/// switching between them only copies. All lengths are pixels.
 class PreparedLayer {
  public:
   PreparedLayer(const PictureLayer& layer, double pixelsPerPoint, IconImages& icons, QSize pictureSize);
 
   QRect bounds() const { return bounds_; }
   bool hasStates() const { return states_.size() > 1; }
-  /// Glass shows what `backdropFor` says.
+  /// Sets the brush of each backdrop in the layer.
   void setBackdrop(const std::function<QBrush(const BackdropPaint&)>& backdropFor);
-  /// Whether preparing the same layer now would find the same icons.
+  /// True when preparing the same layer now would find the same icons.
   bool hasIconsOf(const PictureLayer& layer, double pixelsPerPoint, IconImages& icons) const;
-  /// Has room for the pixels that `draw` keeps, or gives it back with them.
-  void makeRoom();
-  void giveRoomBack() { kept_ = {}; }
-  /// Paints all of it without keeping pixels.
+  /// Allocates the pixels that `draw` caches; `freePixels` frees them.
+  void allocatePixels();
+  void freePixels() { cached_ = {}; }
+  /// Paints the whole layer without caching pixels.
   void drawOnce(QPainter& painter, double state, QImage& scratch);
-  /// Paints the part inside `area`, which lies in the bounds, over what is there. Between two whole numbers the two
-  /// states are mixed in `scratch`, which is as large as the bounds at least.
+  /// Paints the part inside `area`, which lies in the bounds, over the present pixels. A fractional state blends the
+  /// two states next to it in `scratch`, which is at least as large as the bounds.
   void draw(QPainter& painter, const QRect& area, double state, QImage& scratch);
 
  private:
@@ -70,7 +70,7 @@ class PreparedLayer {
 
   QRect bounds_;
   std::vector<std::vector<PreparedCommand>> states_;
-  std::array<Pixels, 2> kept_;  // even and odd states
+  std::array<Pixels, 2> cached_;  // even and odd states
 };
 
 }  // namespace rondora

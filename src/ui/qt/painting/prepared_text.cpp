@@ -13,7 +13,7 @@ namespace rondora {
 
 namespace {
 
-/// More than any label shows; keeps a hostile title from costing time.
+/// More than any label shows; limits the cost of a hostile title.
 constexpr qsizetype kMaxTextLength = 1000;
 constexpr double kMaxFontPixels = 512;
 
@@ -95,7 +95,7 @@ bool PreparedText::showsWholeText() const {
   return last.textStart() + last.textLength() >= layout_.text().size();
 }
 
-/// Shortens the last line until it is not broken again: measured text and laid out text differ by a little.
+/// Shortens the last line until it does not wrap: measured text and laid out text differ slightly.
 double PreparedText::elide(double width, int maximumLines) {
   const QString text = layout_.text();
   const int start = layout_.lineAt(layout_.lineCount() - 1).textStart();

@@ -9,7 +9,7 @@
 
 namespace rondora {
 
-/// A text run laid out for one scale: wrapped, elided and aligned inside its rectangle. Directions may mix; the first
+/// A text run laid out at one scale: wrapped, elided and aligned inside its rectangle. Directions may mix; the first
 /// strong character decides which edge is the leading one.
 class PreparedText {
  public:

@@ -9,8 +9,8 @@ namespace rondora {
 
 namespace {
 
-/// Far outside of any screen; keeps hostile numbers within what the toolkit's integers hold.
-constexpr double kFarthestPixel = 30000;
+/// Far outside any screen; keeps hostile numbers within the toolkit's integers.
+constexpr double kMaxPixel = 30000;
 
 double fraction(double value) { return std::isnan(value) ? 0 : std::clamp(value, 0.0, 1.0); }
 
@@ -18,7 +18,7 @@ float component(double value) { return static_cast<float>(fraction(value)); }
 
 double pixel(double value, double scale) {
   const double scaled = value * scale;
-  return std::isnan(scaled) ? 0 : std::clamp(scaled, -kFarthestPixel, kFarthestPixel);
+  return std::isnan(scaled) ? 0 : std::clamp(scaled, -kMaxPixel, kMaxPixel);
 }
 
 void setStops(QGradient& gradient, const std::vector<GradientStop>& stops) {

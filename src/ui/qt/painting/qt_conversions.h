@@ -9,7 +9,7 @@
 
 #include "base/display_list.h"
 
-// From our own value types to the toolkit's. `scale` is in pixels a point.
+// Conversions from our own value types to the toolkit's. `scale` is in pixels per point.
 
 namespace rondora {
 

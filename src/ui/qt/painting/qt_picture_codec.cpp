@@ -13,7 +13,7 @@ namespace {
 constexpr int kMaxSide = 1024;
 constexpr int kMaxPictures = 64;
 
-/// The kinds whose size is known before anything is unpacked.
+/// Formats whose size is known before decoding.
 bool isPixelFormat(const QByteArray& format) {
   constexpr std::array kFormats = {"png", "jpeg", "gif", "ico", "bmp", "webp"};
   return std::find(kFormats.begin(), kFormats.end(), format) != kFormats.end();
@@ -21,7 +21,7 @@ bool isPixelFormat(const QByteArray& format) {
 
 bool isSensible(QSize size) { return !size.isEmpty() && size.width() <= kMaxSide && size.height() <= kMaxSide; }
 
-/// The smallest that is large enough, else the largest.
+/// Prefers the smallest that is large enough, otherwise the largest.
 bool isMoreFitting(QSize a, QSize b, int side) {
   const bool aSuffices = a.width() >= side;
   const bool bSuffices = b.width() >= side;
@@ -30,11 +30,11 @@ bool isMoreFitting(QSize a, QSize b, int side) {
 }
 
 QImage readMostFitting(QImageReader& reader, int side) {
-  const QByteArray format = reader.format();  // asked for once: the reader forgets it later on
+  const QByteArray format = reader.format();  // the reader forgets it later on
   if (!isPixelFormat(format)) return {};
   int best = 0;
   QSize bestSize = reader.size();
-  // Of the other kinds only animations hold several pictures.
+  // Of the other formats only animations hold several pictures.
   const int count = format == "ico" ? std::min(reader.imageCount(), kMaxPictures) : 1;
   for (int i = 1; i < count && reader.jumpToImage(i); ++i) {
     const QSize size = reader.size();

@@ -12,11 +12,11 @@ namespace rondora {
 
 namespace {
 
-/// Some twenty usual rings at one pixel a point, six at two.
+/// About twenty usual rings at one pixel per point, six at two.
 constexpr std::size_t kMaxKeptBytes = 16 << 20;
 constexpr std::ptrdiff_t kMaxKept = 32;
-/// A larger one is not worth all others.
-constexpr std::size_t kMaxDrawnAheadBytes = kMaxKeptBytes / 2;
+/// A larger picture would displace too many others.
+constexpr std::size_t kMaxPrerenderedBytes = kMaxKeptBytes / 2;
 
 /// One showing of a picture.
 class QtPreparedPicture : public PreparedPicture {
@@ -28,7 +28,7 @@ class QtPreparedPicture : public PreparedPicture {
   QtPreparedPicture(const QtPreparedPicture&) = delete;
   QtPreparedPicture& operator=(const QtPreparedPicture&) = delete;
 
-  void setBackdrop(const PixelBuffer& screen) override { picture_->setBackdrop(screen); }
+  void setSnapshot(const PixelBuffer& screen) override { picture_->setSnapshot(screen); }
   void paint(std::span<const double> states, const PictureView& view, PixelBuffer target) override {
     picture_->paint(states, view, target);
   }
@@ -38,7 +38,7 @@ class QtPreparedPicture : public PreparedPicture {
   std::shared_ptr<DrawnPicture> picture_;
 };
 
-/// Something of every kind that a ring may hold.
+/// An example of everything that a ring may hold.
 Picture sampler() {
   const Rect rect{{0, 0}, {48, 48}};
   DisplayList list;
@@ -64,14 +64,14 @@ std::unique_ptr<PreparedPicture> QtPictureRasterizer::prepare(Picture picture, d
   return std::make_unique<QtPreparedPicture>(pictureOf(std::move(picture), pixelsPerPoint));
 }
 
-void QtPictureRasterizer::prepareAhead(Picture picture, double pixelsPerPoint) {
+void QtPictureRasterizer::prerender(Picture picture, double pixelsPerPoint) {
   const auto kept = pictureOf(std::move(picture), pixelsPerPoint);
-  if (kept->byteCountAhead() > kMaxDrawnAheadBytes) return;
-  kept->drawAhead();
+  if (kept->prerenderedByteCount() > kMaxPrerenderedBytes) return;
+  kept->prerender();
   keepFew();
 }
 
-/// One that was kept and is not being shown, else a new one. It becomes the latest of those that are kept.
+/// A kept picture that is not being shown, otherwise a new one. It becomes the most recently used.
 std::shared_ptr<DrawnPicture> QtPictureRasterizer::pictureOf(Picture picture, double pixelsPerPoint) {
   const auto found = std::find_if(kept_.begin(), kept_.end(), [&](const std::shared_ptr<DrawnPicture>& kept) {
     return !kept->isShown() && kept->isOf(picture, pixelsPerPoint, icons_);

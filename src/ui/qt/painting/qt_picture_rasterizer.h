@@ -11,16 +11,16 @@ namespace rondora {
 
 class DrawnPicture;
 
-/// Draws with the toolkit's software painter. The latest pictures are kept: one that is shown again is as good as
-/// drawn.
+/// Draws with the toolkit's software painter. Keeps the latest pictures, so that showing one again does not prepare it
+/// again.
 class QtPictureRasterizer : public PictureRasterizer {
  public:
-  /// `applicationIcons` outlives this object and what it prepares.
+  /// `applicationIcons` must outlive this object and the pictures that it prepares.
   explicit QtPictureRasterizer(const ApplicationIcons& applicationIcons, SitePicture sitePicture = {})
       : icons_(applicationIcons, std::move(sitePicture)) {}
 
   std::unique_ptr<PreparedPicture> prepare(Picture picture, double pixelsPerPoint) override;
-  void prepareAhead(Picture picture, double pixelsPerPoint) override;
+  void prerender(Picture picture, double pixelsPerPoint) override;
 
   /// Loads what the first picture would otherwise wait for: fonts, the icon theme, picture readers.
   void warmUp();
@@ -30,7 +30,7 @@ class QtPictureRasterizer : public PictureRasterizer {
   void keepFew();
 
   IconImages icons_;
-  std::vector<std::shared_ptr<DrawnPicture>> kept_;  // the latest last
+  std::vector<std::shared_ptr<DrawnPicture>> kept_;  // the most recently used last
 };
 
 }  // namespace rondora

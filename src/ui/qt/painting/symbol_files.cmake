@@ -1,4 +1,4 @@
-# The pictures of the symbol table that are embedded into the program, from the installed bootstrap-icons package.
+# The pictures of the symbol table, embedded into the program from the installed bootstrap-icons package.
 
 find_path(BOOTSTRAP_ICONS_FOLDER star-fill.svg
   PATHS /usr/share/bootstrap-icons/svg /usr/share/nodejs/bootstrap-icons/icons

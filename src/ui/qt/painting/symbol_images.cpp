@@ -9,7 +9,7 @@
 #include "ui/qt/painting/qt_conversions.h"
 #include "ui/qt/painting/symbol_table.h"
 
-// Outside of any namespace, as the resource compiler's names are.
+// In the global namespace, like the resource compiler's names.
 static void initializeSymbols() {
   Q_INIT_RESOURCE(rondora_symbols);
   Q_INIT_RESOURCE(rondora_own_symbols);

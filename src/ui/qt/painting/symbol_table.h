@@ -6,7 +6,7 @@
 
 namespace rondora {
 
-/// The embedded picture that stands for a system symbol.
+/// The embedded picture for a system symbol.
 struct SymbolEntry {
   std::string_view name;
   /// Base name of the embedded file.
@@ -14,7 +14,7 @@ struct SymbolEntry {
 };
 
 std::span<const SymbolEntry> symbolTable();
-/// Exactly this name; what to try for a name without an entry says model/symbol_name.h.
+/// Looks up exactly this name; model/symbol_name.h defines the fallbacks.
 std::optional<SymbolEntry> findSymbol(std::string_view name);
 
 }  // namespace rondora

@@ -4,9 +4,9 @@
 
 namespace rondora {
 
-/// Runs `paint` and returns when it is done. The toolkit splits every fill into pieces for the threads of its pool, but
-/// not when it paints on one of these: for pictures as small as ours the handing over takes longer than the painting,
-/// and on a busy machine very much longer. So the whole of it is handed over once, while the caller waits.
+/// Runs `paint` on one thread of the toolkit's pool while the caller waits. On any other thread the toolkit splits each
+/// fill among the threads of its pool; for pictures as small as ours the hand-over takes longer than the painting, and
+/// far longer on a busy machine.
 void paintUndivided(const std::function<void()>& paint);
 
 }  // namespace rondora

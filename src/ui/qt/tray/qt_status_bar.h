@@ -11,12 +11,12 @@ namespace rondora {
 /// The X screen's system tray, which embeds icon windows.
 struct EmbeddingTray {
   std::function<bool()> isThere;
-  /// Subscribes to its coming and going.
+  /// Subscribes to its appearing and vanishing.
   std::function<Subscription(std::function<void()>)> onChanged;
 };
 
-/// The desktop's tray: over the session bus where a panel listens there, else the X screen's tray. Without either, an
-/// item waits for the first one to appear.
+/// The desktop's tray: over the session bus where a panel listens there, otherwise the X screen's tray. Without either,
+/// an item waits for the first one to appear.
 class QtStatusBar : public StatusBar {
  public:
   explicit QtStatusBar(EmbeddingTray embeddingTray);

@@ -89,7 +89,7 @@ void QtStatusItem::enterTray() {
   icon_->setToolTip(toolTip_);
   icon_->setContextMenu(&menu_);
   QObject::connect(&*icon_, &QSystemTrayIcon::activated, &menu_, [this](QSystemTrayIcon::ActivationReason reason) {
-    // The toolkit reports a click soon after another one, even on a menu, as a double click.
+    // The toolkit reports a click soon after another one as a double click, even on a menu.
     if (reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::DoubleClick) openMenu();
   });
   icon_->show();

@@ -11,7 +11,7 @@
 
 namespace rondora {
 
-/// An icon with a menu, which enters the tray as soon as there is one.
+/// An icon with a menu, which enters the tray as soon as one exists.
 class QtStatusItem final : public StatusItem {
  public:
   /// Both trays must outlive the item.
@@ -35,13 +35,13 @@ class QtStatusItem final : public StatusItem {
   QString name_;
   QString toolTip_;
   QMenu menu_;
-  /// Created once there is a tray: with its first icon the toolkit settles on one of the two protocols.
+  /// Created once a tray exists: with its first icon the toolkit settles on one of the two protocols.
   std::optional<QSystemTrayIcon> icon_;
   bool isOnTheBus_ = false;
   bool knowsTrays_ = false;
   Signal<> visibilityChanged_;
   std::optional<std::string> lastProblem_;
-  /// Debounce: a panel that restarts is briefly absent, and embeds the item a moment after its return.
+  /// Debounce: a panel that restarts is absent briefly, and embeds the item a moment after its return.
   QTimer settled_;
   Subscription embeddingTrayObserver_;
   Subscription notifierObserver_;

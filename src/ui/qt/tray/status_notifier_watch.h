@@ -8,11 +8,11 @@
 
 namespace rondora {
 
-/// Whether a panel shows the status items of the session bus. Never blocks. Main thread.
+/// Watches whether a panel shows the status items of the session bus. Never blocks. Main thread.
 class StatusNotifierWatch {
  public:
   enum class Hosts {
-    /// No answer yet.
+    /// No reply yet.
     unknown,
     /// No watcher is on the bus.
     noWatcher,

@@ -27,12 +27,12 @@ QLabel* wrapped(const std::string& text) {
   label->setTextFormat(Qt::PlainText);
   label->setWordWrap(true);
   label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-  // The toolkit's own menu is in English only.
+  // The toolkit's own menu is only in English.
   label->setContextMenuPolicy(Qt::NoContextMenu);
   return label;
 }
 
-/// Less prominent than the statements, yet easy to read.
+/// Less prominent than the statements, but still easy to read.
 QColor toned(const QPalette& palette) {
   QColor color = palette.color(QPalette::WindowText);
   color.setAlphaF(0.75F);

@@ -14,7 +14,7 @@ void useInterfaceLanguage(AppLanguage language);
 /// The interface's font for a language, with its letter forms.
 QFont interfaceFont(AppLanguage language);
 
-/// The current interface font, replaced for texts whose letters it would take from fonts that do not join.
+/// The current interface font, replaced for texts whose letters it would take from fonts that do not join them.
 QFont interfaceFontFor(const QString& text);
 
 }  // namespace rondora

@@ -10,7 +10,8 @@
 namespace rondora {
 
 LanguageChooser::LanguageChooser(std::function<void(AppLanguage)> choose) {
-  // The system font leaves every script to font fallback; with others the toolkit warns about scripts they lack.
+  // The system font leaves every script to font fallback; with any other font the toolkit warns about the scripts it
+  // lacks.
   setFont(interfaceFont(AppLanguage::english));
   for (const AppLanguage language : kAppLanguages) {
     addItem(toQString(nativeName(language)));
@@ -21,7 +22,7 @@ LanguageChooser::LanguageChooser(std::function<void(AppLanguage)> choose) {
   });
 }
 
-// The Return that chooses from the open list arrives here again and would press the window's default button.
+// The Return that chooses from the open list also arrives here and would press the window's default button.
 void LanguageChooser::keyPressEvent(QKeyEvent* event) {
   if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) QComboBox::keyPressEvent(event);
 }

@@ -10,7 +10,7 @@ namespace rondora {
 /// A list of the interface's languages, each under its own name.
 class LanguageChooser : public QComboBox {
  public:
-  /// `choose` is called for the user's choices only.
+  /// Calls `choose` only for the user's choices.
   explicit LanguageChooser(std::function<void(AppLanguage)> choose);
 
   void setLanguage(AppLanguage language);

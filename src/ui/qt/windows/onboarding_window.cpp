@@ -115,7 +115,7 @@ QWidget* QtOnboardingWindow::makePage(const WindowTexts& texts) {
   return page;
 }
 
-/// Tells new users why a hotkey or the tray icon does not work.
+/// Explains to new users why a hotkey or the tray icon does not work.
 void QtOnboardingWindow::addFindings(QVBoxLayout& column, const WindowTexts& texts) {
   auto* findings = new FindingsView(contents_.findings, FindingsView::Shows::whatFails);
   findings->setMarkNames(texts.works, texts.fails);
@@ -126,7 +126,7 @@ void QtOnboardingWindow::addFindings(QVBoxLayout& column, const WindowTexts& tex
   column.addWidget(findings, 0, Qt::AlignHCenter);
 }
 
-/// The completion may destroy this object, so it is called last.
+/// Last, because the completion may destroy this object.
 void QtOnboardingWindow::finish() {
   textsChanged_.reset();
   if (dialog_) dialog_.release()->deleteLater();

@@ -11,7 +11,7 @@ class QtWindows : public Windows {
  public:
   using Contents = std::function<WindowContents()>;
 
-  /// `contents` is called when a window is made.
+  /// Calls `contents` when a window is made.
   explicit QtWindows(Contents contents);
 
   std::unique_ptr<SettingsWindow> makeSettingsWindow() override;

@@ -25,7 +25,7 @@ void makeHeading(QLabel& label) {
 
 }  // namespace
 
-// The widgets are members and outlive the layouts; each leaves its parent when it is destroyed, before the window is.
+// The widgets are members and outlive the layouts; on destruction each leaves its parent before the window ends.
 QtSettingsWindow::QtSettingsWindow(WindowContents contents)
     : contents_(std::move(contents)),
       language_(contents_.chooseLanguage),

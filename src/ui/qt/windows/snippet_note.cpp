@@ -24,7 +24,7 @@ constexpr double kCornerRadius = 9;
 constexpr double kHintFontScale = 0.86;
 constexpr double kTabWidth = 4;  // in spaces
 constexpr QChar kEllipsis(0x2026);
-/// Characters dropped in front of the ellipsis, so that it does not wrap to a line of its own.
+/// Characters dropped before the ellipsis, so that it does not wrap to a line of its own.
 constexpr int kRoomOfEllipsis = 3;
 
 const QColor kBackground(30, 31, 36);
@@ -96,7 +96,7 @@ void SnippetNote::setPreview(const SnippetPreview& preview) {
   update();
 }
 
-/// Without a compositor the corners would be black.
+/// Without a compositor transparent corners would be black.
 void SnippetNote::cutCorners() {
   if (qtIsComposited()) return clearMask();
   QPainterPath shape;

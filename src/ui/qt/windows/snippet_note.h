@@ -7,8 +7,8 @@
 
 namespace rondora {
 
-/// The preview window of a snippet: its beginning and a hint about what happens to it. Looks like a part of the ring,
-/// whatever the desktop's colours. Each paragraph has its own direction.
+/// The preview window of a snippet: its beginning, and a hint that states what choosing it does. Looks like a part of
+/// the ring, whatever the desktop's colours. Each paragraph has its own direction.
 class SnippetNote : public QWidget {
  public:
   SnippetNote();

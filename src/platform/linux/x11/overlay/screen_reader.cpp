@@ -43,17 +43,17 @@ bool showsAnotherSystem(const X11Connection& connection) {
 
 }  // namespace
 
-ScreenPiece::ScreenPiece(const X11Connection& connection, const PixelRect& area, const PixelRect& part)
+ScreenSnapshot::ScreenSnapshot(const X11Connection& connection, const PixelRect& area, const PixelRect& part)
     : connection_(connection), area_(area), part_(part) {
   received_ = std::make_unique<PixelSurface>(connection, PixelTransport::sharedMemory, part.width, part.height);
   cookie_ = received_->request(connection.root(), part);
 }
 
-ScreenPiece::~ScreenPiece() {
+ScreenSnapshot::~ScreenSnapshot() {
   if (isPending_) xcb_discard_reply(connection_.get(), cookie_.sequence);
 }
 
-std::optional<PixelBuffer> ScreenPiece::pixels() {
+std::optional<PixelBuffer> ScreenSnapshot::pixels() {
   if (isPending_ && !receive()) received_.reset();
   if (!extended_.empty()) return PixelBuffer{extended_.data(), area_.width, area_.height, area_.width};
   if (!received_) return std::nullopt;
@@ -61,7 +61,7 @@ std::optional<PixelBuffer> ScreenPiece::pixels() {
 }
 
 /// Waits for the reply. Returns false when the server refused.
-bool ScreenPiece::receive() {
+bool ScreenSnapshot::receive() {
   isPending_ = false;
   const Reply<xcb_shm_get_image_reply_t> reply(xcb_shm_get_image_reply(connection_.get(), cookie_, nullptr));
   if (!reply) return false;
@@ -69,7 +69,7 @@ bool ScreenPiece::receive() {
   return true;
 }
 
-void ScreenPiece::extend() {
+void ScreenSnapshot::extend() {
   const PixelBuffer part = received_->buffer();
   extended_.resize(static_cast<std::size_t>(area_.width) * static_cast<std::size_t>(area_.height));
   const int left = part_.x - area_.x;
@@ -84,7 +84,7 @@ void ScreenPiece::extend() {
   received_.reset();
 }
 
-std::unique_ptr<PixelSurface> ScreenPiece::releaseSurface() { return std::move(received_); }
+std::unique_ptr<PixelSurface> ScreenSnapshot::releaseSurface() { return std::move(received_); }
 
 ScreenReader::ScreenReader(X11Connection& connection, PixelTransport transport)
     : connection_(connection),
@@ -109,11 +109,11 @@ PixelRect ScreenReader::readRoot() const {
 }
 
 // The server refuses when the screen has just shrunk.
-std::unique_ptr<ScreenPiece> ScreenReader::read(const PixelRect& area) const {
+std::unique_ptr<ScreenSnapshot> ScreenReader::read(const PixelRect& area) const {
   if (!isReadable_ || std::chrono::steady_clock::now() - lastPanel_ < kUntilRepainted) return nullptr;
   const PixelRect part = intersection(area, root_);
   if (part.isEmpty()) return nullptr;
-  return std::make_unique<ScreenPiece>(connection_, area, part);
+  return std::make_unique<ScreenSnapshot>(connection_, area, part);
 }
 
 }  // namespace rondora::x11

@@ -18,13 +18,13 @@
 namespace rondora::x11 {
 
 /// A snapshot of an area of the screen.
-class ScreenPiece {
+class ScreenSnapshot {
  public:
   /// Queues the request: neither flushes nor waits. `part` lies inside both the root window and `area`.
-  ScreenPiece(const X11Connection& connection, const PixelRect& area, const PixelRect& part);
-  ~ScreenPiece();
-  ScreenPiece(const ScreenPiece&) = delete;
-  ScreenPiece& operator=(const ScreenPiece&) = delete;
+  ScreenSnapshot(const X11Connection& connection, const PixelRect& area, const PixelRect& part);
+  ~ScreenSnapshot();
+  ScreenSnapshot(const ScreenSnapshot&) = delete;
+  ScreenSnapshot& operator=(const ScreenSnapshot&) = delete;
 
   /// The pixels of the whole area, of undefined alpha; outside the root window they repeat those at its edge. Waits for
   /// the server the first time. Nothing when the server refused.
@@ -54,7 +54,7 @@ class ScreenReader {
 
   PixelTransport transport() const { return transport_; }
   /// Null when the screen cannot be read or would still show a panel of ours.
-  std::unique_ptr<ScreenPiece> read(const PixelRect& area) const;
+  std::unique_ptr<ScreenSnapshot> read(const PixelRect& area) const;
   /// The area beneath a panel that went away is repainted only after a while.
   void panelWentAway() { lastPanel_ = std::chrono::steady_clock::now(); }
 

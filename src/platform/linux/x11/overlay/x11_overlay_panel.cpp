@@ -35,7 +35,7 @@ X11OverlayPanel::X11OverlayPanel(const OverlayResources& resources, const Rect& 
       frame_(pixelFrame(frame, resources.connection.pixelsPerPoint())),
       raisesLeft_(kMaxRaises) {
   view_.pixelsPerPoint = resources.connection.pixelsPerPoint();
-  beneath_ = resources.screenReader.read(frame_);
+  snapshot_ = resources.screenReader.read(frame_);
   createWindow();
   setProperties();
   compositorObserver_ = resources.compositor.onChanged([this] { compositorChanged(); });
@@ -130,20 +130,20 @@ void X11OverlayPanel::display() {
 }
 
 /// Waits for the server only now, after the picture was prepared.
-void X11OverlayPanel::setBackdrop() {
-  hasBackdrop_ = true;
-  const auto snapshot = beneath_ ? beneath_->pixels() : std::nullopt;
-  if (snapshot) picture_->setBackdrop(*snapshot);
+void X11OverlayPanel::setSnapshot() {
+  hasSnapshot_ = true;
+  const auto snapshot = snapshot_ ? snapshot_->pixels() : std::nullopt;
+  if (snapshot) picture_->setSnapshot(*snapshot);
   if (isTransparent()) {
-    if (beneath_) surface_ = beneath_->releaseSurface();
-    beneath_.reset();
+    if (snapshot_) surface_ = snapshot_->releaseSurface();
+    snapshot_.reset();
   } else if (snapshot) {
     composition_.setSnapshot(*snapshot);
   }
 }
 
 void X11OverlayPanel::paintDirty() {
-  if (picture_ && !hasBackdrop_) setBackdrop();
+  if (picture_ && !hasSnapshot_) setSnapshot();
   if (!surface_) {
     surface_ = std::make_unique<PixelSurface>(resources_.connection, resources_.transport, frame_.width, frame_.height);
   }

@@ -60,7 +60,7 @@ class X11OverlayPanel : public OverlayPanel, private InputGrabSink {
   void createWindow();
   void setProperties() const;
   void dirtyWhole();
-  void setBackdrop();
+  void setSnapshot();
   void paintDirty();
   void putDirty();
   void map();
@@ -86,8 +86,8 @@ class X11OverlayPanel : public OverlayPanel, private InputGrabSink {
   xcb_window_t window_ = XCB_WINDOW_NONE;
   xcb_gcontext_t context_ = 0;
   /// Requested before the window is made, which must not be in it; kept only without a compositor.
-  std::unique_ptr<ScreenPiece> beneath_;
-  bool hasBackdrop_ = false;
+  std::unique_ptr<ScreenSnapshot> snapshot_;
+  bool hasSnapshot_ = false;
   std::unique_ptr<PixelSurface> surface_;
   ShapedComposition composition_;
   std::unique_ptr<PreparedPicture> picture_;
@@ -115,7 +115,7 @@ class X11OverlayPanels : public OverlayPanels {
   /// Every panel satisfies the style: above all windows, on every desktop, never active.
   std::unique_ptr<OverlayPanel> makePanel(const OverlayPanelStyle& style, const Rect& frame,
                                           OverlayPanelSink& sink) override;
-  void warmUp(Picture picture) override;
+  void prerender(Picture picture) override;
 
  private:
   SelectionOwnerWatch compositor_;

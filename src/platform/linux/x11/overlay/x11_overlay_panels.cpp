@@ -46,8 +46,8 @@ std::unique_ptr<OverlayPanel> X11OverlayPanels::makePanel(const OverlayPanelStyl
   return std::make_unique<X11OverlayPanel>(resources_, frame, sink);
 }
 
-void X11OverlayPanels::warmUp(Picture picture) {
-  resources_.rasterizer.prepareAhead(std::move(picture), resources_.connection.pixelsPerPoint());
+void X11OverlayPanels::prerender(Picture picture) {
+  resources_.rasterizer.prerender(std::move(picture), resources_.connection.pixelsPerPoint());
 }
 
 }  // namespace rondora::x11

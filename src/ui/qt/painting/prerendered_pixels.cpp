@@ -1,4 +1,4 @@
-#include "ui/qt/painting/drawn_ahead.h"
+#include "ui/qt/painting/prerendered_pixels.h"
 
 #include <algorithm>
 #include <utility>
@@ -14,33 +14,32 @@ const std::uint32_t* pixelsOf(const QImage& image, int y) {
 
 std::uint32_t green(std::uint32_t pixel) { return pixel >> 8 & 0xFF; }
 
-/// How much comes through; never so much, for the rounding of a component, that it would add up to more than there is.
-std::uint8_t lightThrough(std::uint32_t black, std::uint32_t white) {
+/// How much of the backdrop shows through; limited so that rounding overflows no component.
+std::uint8_t transmission(std::uint32_t black, std::uint32_t white) {
   const std::uint32_t brightest = std::max({black >> 16 & 0xFF, green(black), black & 0xFF});
   return static_cast<std::uint8_t>(std::min(std::max(green(white), green(black)) - green(black), 255 - brightest));
 }
 
 }  // namespace
 
-DrawnAhead::DrawnAhead(QImage inFrontOfBlack, const QImage& inFrontOfWhite)
-    : inFrontOfBlack_(std::move(inFrontOfBlack)) {
-  const int width = inFrontOfBlack_.width();
-  light_.reserve(static_cast<std::size_t>(width) * static_cast<std::size_t>(inFrontOfBlack_.height()));
-  for (int y = 0; y < inFrontOfBlack_.height(); ++y) {
-    const std::uint32_t* black = pixelsOf(inFrontOfBlack_, y);
-    std::transform(black, black + width, pixelsOf(inFrontOfWhite, y), std::back_inserter(light_), lightThrough);
+PrerenderedPixels::PrerenderedPixels(QImage onBlack, const QImage& onWhite) : onBlack_(std::move(onBlack)) {
+  const int width = onBlack_.width();
+  transmission_.reserve(static_cast<std::size_t>(width) * static_cast<std::size_t>(onBlack_.height()));
+  for (int y = 0; y < onBlack_.height(); ++y) {
+    const std::uint32_t* black = pixelsOf(onBlack_, y);
+    std::transform(black, black + width, pixelsOf(onWhite, y), std::back_inserter(transmission_), transmission);
   }
 }
 
-bool DrawnAhead::compose(FrostedGlass& backdrop, const PixelBuffer& target) const {
-  const int width = inFrontOfBlack_.width();
-  const int height = inFrontOfBlack_.height();
+bool PrerenderedPixels::compose(FrostedGlass& backdrop, const PixelBuffer& target) const {
+  const int width = onBlack_.width();
+  const int height = onBlack_.height();
   if (backdrop.width() != width || backdrop.height() != height) return false;
   if (target.width != width || target.height != height) return false;
   std::vector<std::uint32_t> behind(static_cast<std::size_t>(width));
-  const std::uint8_t* light = light_.data();
+  const std::uint8_t* light = transmission_.data();
   for (int y = 0; y < height; ++y, light += width) {
-    const std::uint32_t* own = pixelsOf(inFrontOfBlack_, y);
+    const std::uint32_t* own = pixelsOf(onBlack_, y);
     std::uint32_t* row = target.pixels + static_cast<std::ptrdiff_t>(y) * target.stride;
     backdrop.copyRow(y, behind.data());
     for (int x = 0; x < width; ++x) row[x] = own[x] + dimmedPixel(behind[static_cast<std::size_t>(x)], light[x]);

@@ -1,4 +1,4 @@
-#include "app/ring_warmer.h"
+#include "app/ring_prerenderer.h"
 
 #include <utility>
 
@@ -12,23 +12,23 @@ constexpr std::size_t kMaxMenus = 32;
 
 }  // namespace
 
-RingWarmer::RingWarmer(const Services& services) : services_(services) {
+RingPrerenderer::RingPrerenderer(const Services& services) : services_(services) {
   configuration_ = services_.config.configuration().subscribe(
-      weakSelf_.bind([](RingWarmer& self, const PieConfiguration&) { self.warm(); }));
+      weakSelf_.bind([](RingPrerenderer& self, const PieConfiguration&) { self.prerenderAll(); }));
   activations_ = services_.workspace.onDidActivateApplication(
-      weakSelf_.bind([](RingWarmer& self, const RunningApplication&) { self.waitForQuiet(); }));
+      weakSelf_.bind([](RingPrerenderer& self, const RunningApplication&) { self.waitForQuiet(); }));
 }
 
-void RingWarmer::warm() {
+void RingPrerenderer::prerenderAll() {
   isDocumentDue_ = true;
   waitForQuiet();
 }
 
-void RingWarmer::waitForQuiet() {
-  next_ = services_.mainQueue.workItem(kQuietTime, weakSelf_.bind([](RingWarmer& self) { self.begin(); }));
+void RingPrerenderer::waitForQuiet() {
+  next_ = services_.mainQueue.workItem(kQuietTime, weakSelf_.bind([](RingPrerenderer& self) { self.begin(); }));
 }
 
-void RingWarmer::begin() {
+void RingPrerenderer::begin() {
   waiting_.clear();
   for (const bool hasHotkey : {true, false}) {
     for (const PieMenu& menu : services_.config.current().menus) {
@@ -40,11 +40,11 @@ void RingWarmer::begin() {
   takeTurn();
 }
 
-void RingWarmer::takeTurnIn(double seconds) {
-  next_ = services_.mainQueue.workItem(seconds, weakSelf_.bind([](RingWarmer& self) { self.takeTurn(); }));
+void RingPrerenderer::takeTurnIn(double seconds) {
+  next_ = services_.mainQueue.workItem(seconds, weakSelf_.bind([](RingPrerenderer& self) { self.takeTurn(); }));
 }
 
-void RingWarmer::takeTurn() {
+void RingPrerenderer::takeTurn() {
   if (waiting_.empty()) {
     isDocumentDue_ = false;
     return;
@@ -52,7 +52,7 @@ void RingWarmer::takeTurn() {
   if (services_.isRingOpen()) return takeTurnIn(kOpenRingPause);
   const PieMenu menu = std::move(waiting_.back());
   waiting_.pop_back();
-  services_.prepare(menu);
+  services_.prerender(menu);
   takeTurnIn(kPause);
 }
 

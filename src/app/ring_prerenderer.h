@@ -14,25 +14,25 @@
 namespace rondora {
 
 /// Pre-renders the ring of every enabled menu while the program is idle, one per turn of the main queue, so that a
-/// first opening costs no more than later ones: after the start, after a change of the document, and on request. The
-/// rings of running applications are also pre-rendered when another application comes to the front. Main thread.
-class RingWarmer {
+/// first opening is as fast as later ones: after the start, after a change of the document, and on request. The rings
+/// of running applications are also pre-rendered when another application becomes active. Main thread.
+class RingPrerenderer {
  public:
   struct Services {
     const ConfigManager& config;
     Workspace& workspace;
     MainQueue& mainQueue;
     /// Pre-renders one menu.
-    std::function<void(const PieMenu&)> prepare;
+    std::function<void(const PieMenu&)> prerender;
     /// True while a ring is open: pre-rendering pauses.
     std::function<bool()> isRingOpen;
   };
 
-  /// All services outlive this; destroying it cancels pending work.
-  explicit RingWarmer(const Services& services);
+  /// The services must outlive the object; destroying it cancels pending work.
+  explicit RingPrerenderer(const Services& services);
 
   /// Starts over once the program is idle.
-  void warm();
+  void prerenderAll();
 
  private:
   void begin();
@@ -41,14 +41,14 @@ class RingWarmer {
   void takeTurn();
 
   Services services_;
-  /// Some rings of the present document are not pre-rendered yet.
+  /// Some rings of the current document are not pre-rendered yet.
   bool isDocumentDue_ = false;
   /// Taken from the back, so that menus with a hotkey are rendered last and an LRU cache keeps them.
   std::vector<PieMenu> waiting_;
   Subscription next_;
   Subscription configuration_;
   Subscription activations_;
-  WeakSelf<RingWarmer> weakSelf_{this};
+  WeakSelf<RingPrerenderer> weakSelf_{this};
 };
 
 }  // namespace rondora
