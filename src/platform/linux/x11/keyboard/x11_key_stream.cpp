@@ -76,7 +76,7 @@ void X11KeyStream::ungrabHeldKeys() {
     any = true;
   }
   if (!any) return;
-  trace::line("grab: held keys are free");
+  trace::line("grab: held keys are ungrabbed");
   heldKeyGrabs_.ungrabKeyboard();
   connection_.flush();
 }
