@@ -36,8 +36,8 @@ ALLOWED = {
 BACKENDS = ["platform/posix", "platform/qt", "platform/linux", "platform/macos", "ui/qt", "ui/appkit"]
 NESTED = BACKENDS + ["ui/painting"]
 
-# The rooms of pie/, lowest first. A room includes itself and lower ones.
-PIE_ROOMS = ["pie/geometry", "pie/labels", "pie/picture", "pie/controller"]
+# The folders of pie/, lowest first. A folder includes itself and lower ones.
+PIE_FOLDERS = ["pie/geometry", "pie/labels", "pie/picture", "pie/controller"]
 
 # The only headers from outside the project that the core may use, besides those of the C++ standard library.
 CORE_LIBRARIES = {"nlohmann/json.hpp", "nlohmann/json_fwd.hpp", "utf8proc.h"}
@@ -73,9 +73,9 @@ def is_core(path):
 
 def climbs_pie(path, target):
     source, included = os.path.dirname(path), os.path.dirname(target)
-    if source not in PIE_ROOMS or included not in PIE_ROOMS:
+    if source not in PIE_FOLDERS or included not in PIE_FOLDERS:
         return False
-    return PIE_ROOMS.index(included) > PIE_ROOMS.index(source)
+    return PIE_FOLDERS.index(included) > PIE_FOLDERS.index(source)
 
 
 def may_include(path, target):
