@@ -51,13 +51,13 @@ TEST_F(SpaceSwitcherTest, SkipsDisabledAndImpossibleShortcuts) {
 }
 
 TEST_F(SpaceSwitcherTest, CountsSpacesOnTheWindowsDisplay) {
-  EXPECT_EQ(switcher_.spaceSteps(kWindow), std::nullopt) << "the system does not tell";
+  EXPECT_EQ(switcher_.spaceSteps(kWindow), std::nullopt) << "the system reports nothing";
   placeWindow(6, {{{1, 2}, 2}, {{5, std::nullopt, 6, 7}, 7}, {{6, 9}, 9}});
   EXPECT_EQ(switcher_.spaceSteps(kWindow), -1) << "spaces without an identifier do not count";
   placeWindow(8, {{{1, 2}, 2}});
   EXPECT_EQ(switcher_.spaceSteps(kWindow), std::nullopt) << "no display has the space";
   placeWindow(2, {{{1, 2}, std::nullopt}, {{2, 3}, 3}});
-  EXPECT_EQ(switcher_.spaceSteps(kWindow), std::nullopt) << "the first display that has it does not know where it is";
+  EXPECT_EQ(switcher_.spaceSteps(kWindow), std::nullopt) << "the first display with the space reports no current one";
   desktop_.windowServer.spacesOfWindows[kWindow].clear();
   EXPECT_EQ(switcher_.spaceSteps(kWindow), std::nullopt);
   placeWindow(2, {{{1, 2}, 2}});

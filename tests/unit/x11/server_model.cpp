@@ -33,21 +33,21 @@ ModifierKeys ServerModel::modifierKeys() {
   return keys;
 }
 
-KeyboardLook ServerModel::look() {
-  KeyboardLook look;
+KeyboardState ServerModel::readState() {
+  KeyboardState state;
   locksMayMove = true;
   meanwhile();
-  look.logical = logical_;
+  state.logical = logical_;
   locksMayMove = false;
   meanwhile();
-  look.synthetic = synthetic_;
+  state.synthetic = synthetic_;
   for (const KeySet& keyboard : keyboards_) {
     meanwhile();
-    look.physical |= keyboard;
+    state.physical |= keyboard;
   }
   meanwhile();
-  look.lockedMask = locked_;
-  return look;
+  state.lockedMask = locked_;
+  return state;
 }
 
 void ServerModel::press(xcb_keycode_t key) {

@@ -34,7 +34,7 @@ class ServerModel final : public SyntheticKeyboard {
   static ModifierKeys modifierKeys();
   static bool isLock(xcb_keycode_t key) { return key == kCapsLock || key == kNumLock; }
 
-  KeyboardLook look() override;
+  KeyboardState readState() override;
   void press(xcb_keycode_t key) override;
   void release(xcb_keycode_t key) override;
   void releaseUnseen(xcb_keycode_t key) override;

@@ -22,34 +22,34 @@ constexpr std::uint8_t maskOf(int bits) { return static_cast<std::uint8_t>(bits)
 void SyntheticTyping::down(std::shared_ptr<const ModifierKeys> keys, const SyntheticKeystroke& keystroke) {
   if (typed_) up();
   keys_ = std::move(keys);
-  const KeyboardLook look = lookWithoutLockKeys();
-  const KeySet held = look.logical | look.synthetic;
+  const KeyboardState state = stateWithoutLockKeys();
+  const KeySet held = state.logical | state.synthetic;
   releaseHeld(held & keys_->holding);
   if (held[keystroke.key] && !keys_->holding[keystroke.key]) keyboard_.releaseUnseen(keystroke.key);
 
-  const Chord chord = keys_->chordFor(keystroke.modifiers, unsuitableKeys(look).set(keystroke.key));
+  const Chord chord = keys_->chordFor(keystroke.modifiers, unsuitableKeys(state).set(keystroke.key));
   const std::uint8_t during = maskOf(keystroke.lockedMask | chord.lockedMask);
-  const std::uint8_t changed = maskOf((look.lockedMask ^ during) & ~keys_->numLockMask);
-  typed_ = Typed{keystroke.key, chord, look.lockedMask, maskOf(look.lockedMask ^ changed)};
+  const std::uint8_t changed = maskOf((state.lockedMask ^ during) & ~keys_->numLockMask);
+  typed_ = Typed{keystroke.key, chord, state.lockedMask, maskOf(state.lockedMask ^ changed)};
   if (changed != 0) keyboard_.setLocks(changed, during);
-  if (look.latchedMask != 0 || look.stickyKeys) keyboard_.clearLatches();
+  if (state.latchedMask != 0 || state.stickyKeys) keyboard_.clearLatches();
   for (const xcb_keycode_t key : chord.keys) keyboard_.press(key);
   keyboard_.press(keystroke.key);
 }
 
 // The user's release of the same key would end ours; and two keys down at once turn sticky keys off.
-KeySet SyntheticTyping::unsuitableKeys(const KeyboardLook& look) {
-  return look.stickyKeys ? KeySet().set() : look.physical;
+KeySet SyntheticTyping::unsuitableKeys(const KeyboardState& state) {
+  return state.stickyKeys ? KeySet().set() : state.physical;
 }
 
 // The release of a lock key completes its toggle; only then do the locks have the state that the user wants.
-KeyboardLook SyntheticTyping::lookWithoutLockKeys() {
-  KeyboardLook look = keyboard_.look();
-  for (int round = 0; round < kMaxRounds && (look.logical & keys_->locking).any(); ++round) {
-    forEachKey(look.logical & keys_->locking, [this](xcb_keycode_t key) { keyboard_.release(key); });
-    look = keyboard_.look();
+KeyboardState SyntheticTyping::stateWithoutLockKeys() {
+  KeyboardState state = keyboard_.readState();
+  for (int round = 0; round < kMaxRounds && (state.logical & keys_->locking).any(); ++round) {
+    forEachKey(state.logical & keys_->locking, [this](xcb_keycode_t key) { keyboard_.release(key); });
+    state = keyboard_.readState();
   }
-  return look;
+  return state;
 }
 
 void SyntheticTyping::releaseHeld(const KeySet& keys) {
@@ -66,9 +66,9 @@ void SyntheticTyping::up() {
     keyboard_.release(*key);
     touched_.set(*key);
   }
-  const KeyboardLook look = lookWithoutLockKeys();
-  restoreLocks(typed, look.lockedMask);
-  if (correct(look)) settle();
+  const KeyboardState state = stateWithoutLockKeys();
+  restoreLocks(typed, state.lockedMask);
+  if (correct(state)) settle();
 }
 
 // A lock that the user toggled during the keystroke is toggled from its earlier state.
@@ -81,31 +81,31 @@ void SyntheticTyping::restoreLocks(const Typed& typed, std::uint8_t locked) {
 
 void SyntheticTyping::settle() {
   for (int round = 0; round < kMaxRounds && touched_.any(); ++round) {
-    if (!correct(keyboard_.look())) return;
+    if (!correct(keyboard_.readState())) return;
   }
 }
 
 // Returns false when nothing needed correction.
-bool SyntheticTyping::correct(const KeyboardLook& look) {
-  const bool followed = followReleases(look);
-  const bool gaveBack = restoreKeys(look);
-  if (!followed && !gaveBack) touched_ &= look.synthetic;
-  return followed || gaveBack;
+bool SyntheticTyping::correct(const KeyboardState& state) {
+  const bool followed = followReleases(state);
+  const bool restored = restoreKeys(state);
+  if (!followed && !restored) touched_ &= state.synthetic;
+  return followed || restored;
 }
 
-bool SyntheticTyping::followReleases(const KeyboardLook& look) {
-  const KeySet heldByUsAlone = touched_ & look.synthetic & ~look.physical;
+bool SyntheticTyping::followReleases(const KeyboardState& state) {
+  const KeySet heldByUsAlone = touched_ & state.synthetic & ~state.physical;
   forEachKey(heldByUsAlone, [this](xcb_keycode_t key) { keyboard_.release(key); });
   return heldByUsAlone.any();
 }
 
 // A lock key would toggle once more, and with sticky keys a modifier would outlive its release.
-bool SyntheticTyping::restoreKeys(const KeyboardLook& look) {
-  const KeySet missing = touched_ & look.physical & ~look.logical & ~keys_->locking;
-  const bool canGiveBack = !look.stickyKeys && keys_->canBeHeldTogether(look.physical & keys_->holding);
-  if (missing.none() || !canGiveBack) return false;
+bool SyntheticTyping::restoreKeys(const KeyboardState& state) {
+  const KeySet missing = touched_ & state.physical & ~state.logical & ~keys_->locking;
+  const bool canRestore = !state.stickyKeys && keys_->canBeHeldTogether(state.physical & keys_->holding);
+  if (missing.none() || !canRestore) return false;
   forEachKey(missing, [&](xcb_keycode_t key) {
-    if (look.synthetic[key]) keyboard_.release(key);  // a second press of a key that is down does nothing
+    if (state.synthetic[key]) keyboard_.release(key);  // a second press of a key that is down does nothing
     keyboard_.press(key);
   });
   return true;

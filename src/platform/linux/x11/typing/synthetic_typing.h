@@ -10,7 +10,7 @@ namespace rondora::x11 {
 
 /// The state of the server's keyboards. Its parts are read by several requests: the user may press or release a key
 /// between two of them.
-struct KeyboardLook {
+struct KeyboardState {
   /// Down in the merged keyboard that applications see.
   KeySet logical;
   /// Down on one of the user's keyboards.
@@ -29,7 +29,7 @@ class SyntheticKeyboard {
  public:
   virtual ~SyntheticKeyboard() = default;
 
-  virtual KeyboardLook look() = 0;
+  virtual KeyboardState readState() = 0;
   virtual void press(xcb_keycode_t key) = 0;
   /// Also releases, for applications, a key that the user holds; the server then drops the user's own release.
   virtual void release(xcb_keycode_t key) = 0;
@@ -82,13 +82,13 @@ class SyntheticTyping {
     std::uint8_t during = 0;
   };
 
-  static KeySet unsuitableKeys(const KeyboardLook& look);
-  KeyboardLook lookWithoutLockKeys();
+  static KeySet unsuitableKeys(const KeyboardState& state);
+  KeyboardState stateWithoutLockKeys();
   void releaseHeld(const KeySet& keys);
   void restoreLocks(const Typed& typed, std::uint8_t locked);
-  bool correct(const KeyboardLook& look);
-  bool followReleases(const KeyboardLook& look);
-  bool restoreKeys(const KeyboardLook& look);
+  bool correct(const KeyboardState& state);
+  bool followReleases(const KeyboardState& state);
+  bool restoreKeys(const KeyboardState& state);
 
   SyntheticKeyboard& keyboard_;
   std::shared_ptr<const ModifierKeys> keys_;

@@ -88,33 +88,33 @@ struct XTestKeyboard::Requests {
   xcb_input_xi_query_device_cookie_t devices;
 };
 
-KeyboardLook XTestKeyboard::look() {
-  KeyboardLook look;
+KeyboardState XTestKeyboard::readState() {
+  KeyboardState state;
   for (int attempt = 0; attempt < kAttempts; ++attempt) {
-    look = {};
-    Devices present = receive(Requests(connection_, devices_), look);
+    state = {};
+    Devices present = receive(Requests(connection_, devices_), state);
     if (std::exchange(devices_, present) == present) break;
   }
-  return look;
+  return state;
 }
 
 /// Returns the current keyboards.
-XTestKeyboard::Devices XTestKeyboard::receive(const Requests& requests, KeyboardLook& look) const {
+XTestKeyboard::Devices XTestKeyboard::receive(const Requests& requests, KeyboardState& state) const {
   const Reply<xcb_query_keymap_reply_t> keymap(xcb_query_keymap_reply(connection_, requests.keymap, nullptr));
-  if (keymap) look.logical = keySet(keymap->keys);
-  look.synthetic = keysOf(connection_, requests.synthetic);
-  for (const auto& cookie : requests.physical) look.physical |= keysOf(connection_, cookie);
-  const Reply<xcb_xkb_get_state_reply_t> state(xcb_xkb_get_state_reply(connection_, requests.state, nullptr));
-  if (state) {
-    look.lockedMask = state->lockedMods;
-    look.latchedMask = state->latchedMods;
+  if (keymap) state.logical = keySet(keymap->keys);
+  state.synthetic = keysOf(connection_, requests.synthetic);
+  for (const auto& cookie : requests.physical) state.physical |= keysOf(connection_, cookie);
+  const Reply<xcb_xkb_get_state_reply_t> xkb(xcb_xkb_get_state_reply(connection_, requests.state, nullptr));
+  if (xkb) {
+    state.lockedMask = xkb->lockedMods;
+    state.latchedMask = xkb->latchedMods;
   }
   const Reply<xcb_xkb_get_controls_reply_t> controls(
       xcb_xkb_get_controls_reply(connection_, requests.controls, nullptr));
-  look.stickyKeys = controls && (controls->enabledControls & XCB_XKB_BOOL_CTRL_STICKY_KEYS) != 0;
+  state.stickyKeys = controls && (controls->enabledControls & XCB_XKB_BOOL_CTRL_STICKY_KEYS) != 0;
   const Reply<xcb_input_xi_query_device_reply_t> devices(
       xcb_input_xi_query_device_reply(connection_, requests.devices, nullptr));
-  return state && devices ? slavesOf(state->deviceID, *devices) : devices_;
+  return xkb && devices ? slavesOf(xkb->deviceID, *devices) : devices_;
 }
 
 XTestKeyboard::Devices XTestKeyboard::slavesOf(std::uint8_t master, const xcb_input_xi_query_device_reply_t& list) {
@@ -157,11 +157,11 @@ void XTestKeyboard::clearLatches() {
 }
 
 bool XTestKeyboard::releaseAll() {
-  const KeySet held = look().synthetic;
+  const KeySet held = readState().synthetic;
   for (std::size_t key = 0; key < held.size(); ++key) {
     if (held[key]) release(static_cast<xcb_keycode_t>(key));
   }
-  if (held.any()) look();
+  if (held.any()) readState();
   return held.any();
 }
 

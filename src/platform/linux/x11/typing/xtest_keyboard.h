@@ -20,7 +20,7 @@ class XTestKeyboard final : public SyntheticKeyboard {
   bool available() const { return available_; }
 
   /// One round trip; two when a keyboard was plugged or unplugged since the last call.
-  KeyboardLook look() override;
+  KeyboardState readState() override;
   void press(xcb_keycode_t key) override;
   void release(xcb_keycode_t key) override;
   void releaseUnseen(xcb_keycode_t key) override;
@@ -39,7 +39,7 @@ class XTestKeyboard final : public SyntheticKeyboard {
     friend bool operator==(const Devices&, const Devices&) = default;
   };
 
-  Devices receive(const Requests& requests, KeyboardLook& look) const;
+  Devices receive(const Requests& requests, KeyboardState& state) const;
   static Devices slavesOf(std::uint8_t master, const xcb_input_xi_query_device_reply_t& list);
   void fake(std::uint8_t type, xcb_keycode_t key) const;
 
