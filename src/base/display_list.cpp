@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <utility>
 
 namespace rondora {
 
@@ -24,15 +25,19 @@ void Path::arc(Point center, double radius, double startAngle, double endAngle) 
 Path Path::reversed() const {
   Path path;
   path.elements.reserve(elements.size());
+  bool isInSubpath = false;
   for (std::size_t i = elements.size(); i-- > 0;) {
     const PathElement& element = elements[i];
     if (element.verb == PathVerb::close) continue;
-    if (path.elements.empty()) path.moveTo(element.end);
-    if (element.verb == PathVerb::move) continue;
+    if (!std::exchange(isInSubpath, true)) path.moveTo(element.end);
+    if (element.verb == PathVerb::move) {
+      path.close();
+      isInSubpath = false;
+      continue;
+    }
     const Point before = elements[i - 1].end;
     element.verb == PathVerb::line ? path.lineTo(before) : path.cubicTo(element.control2, element.control1, before);
   }
-  path.close();
   return path;
 }
 

@@ -14,6 +14,7 @@
 #include "pie/geometry/pie_sector_shape.h"
 #include "pie/geometry/sector_geometry.h"
 #include "pie/labels/quick_select.h"
+#include "pie/picture/ring_glass.h"
 #include "ui/painting/frosted_glass.h"
 
 namespace rondora {
@@ -85,6 +86,11 @@ double overreach(const RingLayout& layout, std::size_t sector, const Rect& squar
   const double toEnd = std::sin(std::min(sectorWidth(layout.sectorCount) - angle, std::numbers::pi / 2)) * distance;
   const double toEdges = layout.sectorCount > 1 ? std::min(toStart, toEnd) : 1e9;
   return radius - std::min({toEdges, distance - layout.innerRadius, layout.outerRadius - distance});
+}
+
+TEST(PathTest, ReversingTwiceRestoresEachSubpath) {
+  const Path ring = sectorShape(ringOf(1).layout, 0, 0, 0).path();
+  EXPECT_EQ(ring.reversed().reversed(), ring);
 }
 
 TEST(RingPictureTest, ContentsStayInsideTheirSectorsAndApart) {
