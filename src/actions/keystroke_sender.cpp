@@ -57,7 +57,8 @@ void KeystrokeSender::waitForRing(const Request& request, RingWait wait) {
   const double uptime = ports_.clock.uptime();
   if (isClosed && !wait.ringWasClosed) wait = {std::min(wait.latestUptime, uptime + kMaxWait), true};
   if (uptime >= wait.latestUptime) {
-    return ports_.log.error("keystroke skipped: a ring was open and the target was not frontmost after it");
+    return ports_.log.error(isClosed ? "keystroke skipped: the target was not frontmost after the ring closed"
+                                     : "keystroke skipped: the ring stayed open");
   }
   ports_.mainQueue.after(kPollInterval,
                          weakSelf_.bind([request, wait](KeystrokeSender& self) { self.waitForRing(request, wait); }));

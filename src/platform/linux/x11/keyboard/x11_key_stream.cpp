@@ -53,6 +53,7 @@ void X11KeyStream::beginOverlay() {
 void X11KeyStream::endOverlay() {
   trace::line("grab: the overlay ungrabs the keyboard");
   overlayHasKeyboard_ = false;
+  pressedAt_ = 0;
   watchRawReleases();
   for (std::size_t key = 0; key < held_.size(); ++key) {
     if (!held_[key].isDown) continue;
@@ -139,10 +140,16 @@ void X11KeyStream::handlePress(const xcb_key_press_event_t& event) {
   if (!isRepeat) held.taker = taker;
 }
 
-// A key that was not held is new input: from here on other clients receive their keys again.
+// A key that was not held is new input: from the next key on other clients receive their keys again. This press itself
+// is lost to them, because an asynchronous grab cannot replay it. The grab is active even where no held key is left:
+// its key may have been pressed again before the ungrab reached the server.
 void X11KeyStream::handleGrabbedPress(const xcb_key_press_event_t& event) {
   const bool isRepeat = held_[event.detail].isDown;
-  if (!isRepeat) ungrabHeldKeys();
+  if (!isRepeat) {
+    ungrabHeldKeys();
+    heldKeyGrabs_.ungrabKeyboard();
+    connection_.flush();
+  }
   handlePress(event);
   if (isRepeat) return;
   watchRawReleases();

@@ -74,7 +74,8 @@ class X11KeyStream {
   /// Call it just before typing into another program: ends the grabs of keys that outlast the overlay.
   void ungrabHeldKeys();
 
-  /// The latest press of a grabbed key; nothing when it was handled more than `maxAge` seconds ago.
+  /// The latest press of a grabbed key; nothing when it was handled more than `maxAge` seconds ago or an overlay closed
+  /// since.
   std::optional<PixelPosition> pointerAtPress(double maxAge) const;
 
  private:
