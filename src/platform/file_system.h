@@ -29,9 +29,12 @@ class FileSystem {
   /// Replaces the whole file atomically and durably: temporary file in the same folder, flush, rename, flush of the
   /// folder; mode 0600. Follows a symbolic link and replaces its target.
   virtual FileError replaceDurably(const std::filesystem::path& path, std::string_view bytes) = 0;
-  /// Copies a file or a folder tree. The copy appears atomically; a copied file is on disk when this returns. Follows a
-  /// symbolic link. Fails when the destination exists.
+  /// Copies a file or a folder tree. The copy appears atomically; a copied file is on disk when this returns, with mode
+  /// 0600. Follows a symbolic link. Fails when the destination exists.
   virtual FileError copy(const std::filesystem::path& from, const std::filesystem::path& to) = 0;
+  /// Gives the file a second name in the same folder without reading or writing its content: a hard link, else it is
+  /// renamed. Afterwards `replaceDurably(path)` leaves the content under `name`. Fails when `name` exists.
+  virtual FileError keepAs(const std::filesystem::path& path, const std::filesystem::path& name) = 0;
 };
 
 }  // namespace rondora

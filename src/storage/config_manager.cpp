@@ -34,15 +34,6 @@ std::string fileStamp(WallTime time) {
   return text.data();
 }
 
-std::filesystem::path freeBackupPath(const FileSystem& files, const std::filesystem::path& folder, WallTime now) {
-  const std::string name = "config.broken-" + fileStamp(now);
-  auto path = folder / (name + ".json");
-  for (int number = 2; files.exists(path) && number <= kMaxBackupNumber; ++number) {
-    path = folder / (name + "-" + std::to_string(number) + ".json");
-  }
-  return path;
-}
-
 void ensureSingleMenu(std::vector<PieMenu>& menus, PieMenu menuTemplate) {
   const auto isOfKind = [kind = menuTemplate.kind](const PieMenu& menu) { return menu.kind == kind; };
   const auto first = std::find_if(menus.begin(), menus.end(), isOfKind);
@@ -78,6 +69,8 @@ PieConfiguration ConfigManager::readOrDefault() {
   } else if (services_.files.isTooLong(configURL_)) {
     services_.log.error("decodeConfig failed: document: too long");
     backUpUnreadableConfig(configURL_);
+  } else if (services_.files.exists(configURL_)) {
+    services_.files.keepAs(configURL_, freeBackupPath(configURL_.parent_path()));
   }
   return PieConfiguration::defaultConfig(services_.random);
 }
@@ -128,12 +121,22 @@ void ConfigManager::writeLocal(const PieConfiguration& configuration) {
 }
 
 void ConfigManager::backUpUnreadableConfig(const std::filesystem::path& url) {
-  const auto backup = freeBackupPath(services_.files, url.parent_path(), services_.clock.now());
+  const auto backup = freeBackupPath(url.parent_path());
   if (const FileError error = services_.files.copy(url, backup)) {
     services_.log.error("config backup failed: " + *error);
+    services_.files.keepAs(url, backup);
   } else {
     services_.log.error("config unreadable, backup saved: " + backup.string());
   }
+}
+
+std::filesystem::path ConfigManager::freeBackupPath(const std::filesystem::path& folder) const {
+  const std::string name = "config.broken-" + fileStamp(services_.clock.now());
+  auto path = folder / (name + ".json");
+  for (int number = 2; services_.files.exists(path) && number <= kMaxBackupNumber; ++number) {
+    path = folder / (name + "-" + std::to_string(number) + ".json");
+  }
+  return path;
 }
 
 }  // namespace rondora

@@ -30,7 +30,8 @@ class ConfigManager {
   };
 
   /// Loads the document and writes it back at once. An unreadable one is backed up and replaced by the first-run
-  /// document. Failures are logged and leave a usable configuration in memory.
+  /// document; where it cannot be copied, the file itself becomes the back-up. Failures are logged and leave a usable
+  /// configuration in memory.
   explicit ConfigManager(const Services& services);
 
   const std::filesystem::path& configURL() const { return configURL_; }
@@ -53,6 +54,7 @@ class ConfigManager {
   std::optional<PieConfiguration> decodeConfig(std::string_view bytes);
   void writeLocal(const PieConfiguration& configuration);
   void backUpUnreadableConfig(const std::filesystem::path& url);
+  std::filesystem::path freeBackupPath(const std::filesystem::path& folder) const;
 
   Services services_;
   std::filesystem::path configURL_;

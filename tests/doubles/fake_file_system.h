@@ -51,6 +51,13 @@ class FakeFileSystem final : public FileSystem {
     return std::nullopt;
   }
 
+  FileError keepAs(const Path& path, const Path& name) override {
+    if (auto failure = injectedFailure("keep")) return failure;
+    if (!exists(path) || exists(name)) return "No such file or directory";
+    files[name] = files[path];
+    return std::nullopt;
+  }
+
   /// Adds a file and its folders.
   void put(const Path& path, std::string bytes) {
     makeFolders(path.parent_path());
@@ -58,7 +65,7 @@ class FakeFileSystem final : public FileSystem {
   }
   void remove(const Path& file) { files.erase(file); }
 
-  /// By operation: "read", "create" (a folder), "replace", "copy".
+  /// By operation: "read", "create" (a folder), "replace", "copy", "keep".
   std::map<std::string, std::string> failures;
   /// Existing files that are too long to read.
   std::set<Path> tooLong;

@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <random>
 #include <system_error>
+#include <vector>
 
 #include "platform/posix/file_descriptor.h"
 
@@ -40,6 +41,18 @@ FileError writeAll(int descriptor, std::string_view bytes, const fs::path& path)
   return std::nullopt;
 }
 
+FileError copyAll(int source, const fs::path& sourcePath, int target, const fs::path& targetPath) {
+  std::vector<char> chunk(1 << 16);
+  for (;;) {
+    const ssize_t length = ::read(source, chunk.data(), chunk.size());
+    if (length < 0 && errno == EINTR) continue;
+    if (length < 0) return describe("cannot read", sourcePath, errno);
+    if (length == 0) return std::nullopt;
+    const std::string_view bytes(chunk.data(), static_cast<std::size_t>(length));
+    if (auto failed = writeAll(target, bytes, targetPath)) return failed;
+  }
+}
+
 /// Flushes a file's content or a folder's entries to disk.
 FileError flush(const fs::path& path) {
   const FileDescriptor descriptor(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
@@ -61,24 +74,15 @@ class Temporary {
   Temporary& operator=(const Temporary&) = delete;
 
   FileError fill(std::string_view bytes) {
-    FileDescriptor file = create();
-    if (!file.isOpen()) return describe("cannot create", path_, errno);
-    // The umask may have cleared bits. File systems without modes refuse this, which is harmless.
-    ::fchmod(file.get(), 0600);
-    if (auto failed = writeAll(file.get(), bytes, path_)) return failed;
-    if (::fsync(file.get()) != 0) return describe("cannot flush", path_, errno);
-    if (!file.close()) return describe("cannot close", path_, errno);
-    return std::nullopt;
+    return fillBy([&](int file) { return writeAll(file, bytes, path_); });
   }
 
   FileError fillFrom(const fs::path& source) {
-    std::error_code error;
-    while (fs::exists(fs::symlink_status(path_, error))) choosePath();
-    const fs::path followed = fs::canonical(source, error);
-    isThere_ = true;
-    if (!error) fs::copy(followed, path_, fs::copy_options::recursive | fs::copy_options::copy_symlinks, error);
-    if (error) return describe("cannot copy", source, error.value());
-    return fs::is_directory(path_, error) ? std::nullopt : flush(path_);
+    std::error_code ignored;
+    if (fs::is_directory(source, ignored)) return copyTree(source);
+    const FileDescriptor from(::open(source.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    if (!from.isOpen()) return describe("cannot open", source, errno);
+    return fillBy([&](int file) { return copyAll(from.get(), source, file, path_); });
   }
 
   FileError moveTo(const fs::path& target) {
@@ -88,6 +92,27 @@ class Temporary {
   }
 
  private:
+  template <typename Write>
+  FileError fillBy(Write write) {
+    FileDescriptor file = create();
+    if (!file.isOpen()) return describe("cannot create", path_, errno);
+    // The umask may have cleared bits. File systems without modes refuse this, which is harmless.
+    ::fchmod(file.get(), 0600);
+    if (auto failed = write(file.get())) return failed;
+    if (::fsync(file.get()) != 0) return describe("cannot flush", path_, errno);
+    if (!file.close()) return describe("cannot close", path_, errno);
+    return std::nullopt;
+  }
+
+  FileError copyTree(const fs::path& source) {
+    std::error_code error;
+    while (fs::exists(fs::symlink_status(path_, error))) choosePath();
+    const fs::path followed = fs::canonical(source, error);
+    isThere_ = true;
+    if (!error) fs::copy(followed, path_, fs::copy_options::recursive | fs::copy_options::copy_symlinks, error);
+    return error ? FileError(describe("cannot copy", source, error.value())) : std::nullopt;
+  }
+
   void choosePath() {
     std::array<char, 32> name{};
     std::snprintf(name.data(), name.size(), ".rondora-%08x.tmp", std::random_device()());
@@ -145,6 +170,18 @@ FileError copyFileOrFolder(const fs::path& from, const fs::path& to) {
   Temporary temporary(folderOf(to));
   if (auto failed = temporary.fillFrom(from)) return failed;
   return temporary.moveTo(to);
+}
+
+// The link is made to the file itself, since replacing `path` writes to the end of its links. A rename moves only the
+// entry in the folder, so it also succeeds on a full disk and for a link to another file system.
+FileError linkOrRename(const fs::path& path, const fs::path& name) {
+  struct stat status {};
+  if (::lstat(name.c_str(), &status) == 0) return describe("cannot rename to", name, EEXIST);
+  const bool isKept = ::link(followLinks(path).c_str(), name.c_str()) == 0 || ::rename(path.c_str(), name.c_str()) == 0;
+  if (!isKept) return describe("cannot rename", path, errno);
+  if (::stat(name.c_str(), &status) == 0 && S_ISREG(status.st_mode)) ::chmod(name.c_str(), 0600);
+  flush(folderOf(name));
+  return std::nullopt;
 }
 
 }  // namespace rondora::desktop

@@ -58,4 +58,6 @@ FileError PosixFileSystem::replaceDurably(const fs::path& path, std::string_view
 
 FileError PosixFileSystem::copy(const fs::path& from, const fs::path& to) { return copyFileOrFolder(from, to); }
 
+FileError PosixFileSystem::keepAs(const fs::path& path, const fs::path& name) { return linkOrRename(path, name); }
+
 }  // namespace rondora::desktop

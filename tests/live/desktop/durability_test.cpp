@@ -117,6 +117,21 @@ TEST(CutWriting, StartKeepsAnUnreadableDocument) {
   }
 }
 
+TEST(FailedWriting, StartKeepsAnUnreadableDocument) {
+  for (const std::string call : {"create", "write", "fsync file", "rename"}) {
+    User user;
+    putLinkedDocument(user, "{broken");
+    SystemCallSpy spy(call, ENOSPC);
+    spy.failuresLeft = 1;  // of the copy
+    user.start();
+    EXPECT_THAT(documentAndBackups(user), testing::SizeIs(2)) << call;
+    EXPECT_THAT(documentAndBackups(user), testing::Contains("{broken")) << call;
+    EXPECT_THAT(user.log.lines,
+                testing::Contains(testing::Field(&FakeLog::Line::text, testing::HasSubstr("No space left"))))
+        << call;
+  }
+}
+
 std::string migratedDocument(const std::string& text) {
   return R"({"icon": "/Caches/)" + text + R"(/favicons/)" + std::string(100'000, 'x') + "\"}";
 }

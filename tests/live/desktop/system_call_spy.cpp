@@ -23,7 +23,7 @@ void countCall() {
 }
 
 bool mustFail(const std::string& call) {
-  if (!current || current->failingCall != call) return false;
+  if (!current || current->failingCall != call || current->failuresLeft-- <= 0) return false;
   errno = current->error;
   return true;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,8 @@ class SystemCallSpy {
   int writesSoFar = 0;
   std::string failingCall;
   int error = 0;
+  /// Later calls of that name succeed.
+  int failuresLeft = std::numeric_limits<int>::max();
   /// SIGKILL ends the process before its call of that number that changes files, counted from 1; 0 for none.
   int killingCall = 0;
 };
