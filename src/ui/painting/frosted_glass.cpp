@@ -58,7 +58,7 @@ Tile shrunk(const PixelBuffer& screen, int factor) {
   return tile;
 }
 
-/// Replaces every pixel by the mean of itself and `radius` neighbours on either side.
+/// Writes the mean of each pixel and `radius` neighbours on either side to `target`.
 void smoothLine(const Rgb* source, Rgb* target, int count, std::ptrdiff_t step, int radius) {
   const auto at = [&](int i) { return source[std::clamp(i, 0, count - 1) * step]; };
   Rgb sum;

@@ -16,8 +16,8 @@ const QStringList kForChinese = {"Noto Sans CJK SC", "Noto Sans SC", "Source Han
 const QStringList kForJapanese = {"Noto Sans CJK JP", "Noto Sans JP", "Source Han Sans JP", "IPAPGothic"};
 const QStringList kForArabicScript = {"Noto Sans Arabic UI", "Noto Sans Arabic", "Noto Naskh Arabic", "Vazirmatn"};
 
-/// `font` with the first installed of `families` in front. Only the first family can be changed later: the toolkit
-/// caches the merged font under its name.
+/// `font` with the first installed of `families` in front. Further back a family would work only once: the toolkit
+/// caches the merged font under the name of the first family.
 QFont withFirstInstalled(const QStringList& families, QFont font) {
   const auto found = std::find_if(families.begin(), families.end(),
                                   [](const QString& family) { return QFontDatabase::hasFamily(family); });
