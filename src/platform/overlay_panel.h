@@ -9,21 +9,27 @@
 
 namespace rondora {
 
-/// How the overlay behaves on the desktop. The numbers are those of the windowing system that the program was designed
-/// for; a platform maps them to its own.
+/// How the overlay behaves on the desktop, in terms and numbers of AppKit. A backend applies each field that its
+/// windowing system has a means for, and its header states the others.
 struct OverlayPanelStyle {
+  // Window levels.
+  static constexpr int kNormalLevel = 0;
+  static constexpr int kScreenSaverLevel = 1000;
+
   // Bits of `collectionBehavior`.
   static constexpr std::uint32_t kMoveToActiveSpace = 1U << 1;
   static constexpr std::uint32_t kTransient = 1U << 3;
   static constexpr std::uint32_t kIgnoresCycle = 1U << 6;
   static constexpr std::uint32_t kFullScreenAuxiliary = 1U << 8;
 
-  int windowLevel = 0;
+  int windowLevel = kNormalLevel;
   std::uint32_t collectionBehavior = 0;
   bool isBorderless = false;
+  /// Above the windows of normal level.
   bool isFloating = false;
   /// Showing it leaves the active application active.
   bool nonactivating = false;
+  /// Without it `makeKey` does nothing.
   bool canBecomeKey = false;
   bool canBecomeMain = false;
   bool hasShadow = true;

@@ -16,6 +16,7 @@
 #include <optional>
 
 #include "overlay_stage.h"
+#include "pie/controller/pie_view.h"
 #include "probe_application.h"
 
 namespace {
@@ -117,7 +118,7 @@ class Stage {
   std::unique_ptr<OverlayPanel> open(const SampleRing& ring, const QRect& area, std::size_t highlighted) {
     const double halfSide = ring.picture.size.width / 2;
     const Point center{(area.x() + area.width() / 2.0) / scale_, (area.y() + area.height() / 2.0) / scale_};
-    auto panel = overlay_.panels.makePanel({}, squareAround(center, halfSide), sink_);
+    auto panel = overlay_.panels.makePanel(PieView::kPanelStyle, squareAround(center, halfSide), sink_);
     panel->setPicture(ring.picture);
     const std::vector<double> states = ring.states(highlighted);
     for (std::size_t i = 0; i < states.size(); ++i) panel->setLayerState(i, states[i]);

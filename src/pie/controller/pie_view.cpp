@@ -15,23 +15,6 @@ constexpr double kFrameTolerance = 0.002;
 constexpr double kFadeShare = 0.6;
 constexpr double kMaxFade = 0.12;  // seconds
 
-/// The ring lies above full-screen applications and panels, is shown on whichever space is current, takes the keyboard
-/// without becoming the main window, and leaves window cycling and the active application alone.
-constexpr OverlayPanelStyle kPanelStyle{
-    .windowLevel = 1000,
-    .collectionBehavior = OverlayPanelStyle::kMoveToActiveSpace | OverlayPanelStyle::kTransient |
-                          OverlayPanelStyle::kIgnoresCycle | OverlayPanelStyle::kFullScreenAuxiliary,
-    .isBorderless = true,
-    .isFloating = true,
-    .nonactivating = true,
-    .canBecomeKey = true,
-    .canBecomeMain = false,
-    .hasShadow = false,
-    .isOpaque = false,
-    .isAnimated = false,
-    .hidesOnDeactivate = false,
-    .hasFixedAppearance = true};
-
 }  // namespace
 
 PieView::PieView(const Ports& ports, Point center, const RingLayout& layout, std::size_t itemCount,

@@ -29,6 +29,23 @@ class PieView final : private OverlayPanelSink {
     Clock& clock;
   };
 
+  /// Lies above full-screen applications and panels, is shown on whichever space is current, takes the keyboard without
+  /// becoming the main window, and leaves window cycling and the active application alone.
+  static constexpr OverlayPanelStyle kPanelStyle{
+      .windowLevel = OverlayPanelStyle::kScreenSaverLevel,
+      .collectionBehavior = OverlayPanelStyle::kMoveToActiveSpace | OverlayPanelStyle::kTransient |
+                            OverlayPanelStyle::kIgnoresCycle | OverlayPanelStyle::kFullScreenAuxiliary,
+      .isBorderless = true,
+      .isFloating = true,
+      .nonactivating = true,
+      .canBecomeKey = true,
+      .canBecomeMain = false,
+      .hasShadow = false,
+      .isOpaque = false,
+      .isAnimated = false,
+      .hidesOnDeactivate = false,
+      .hasFixedAppearance = true};
+
   /// `center` is the ring's, in the coordinate space of the screens. `highlight` must outlive the view.
   PieView(const Ports& ports, Point center, const RingLayout& layout, std::size_t itemCount,
           const PieMenuHighlightState& highlight, OpeningAnimation animation);

@@ -36,7 +36,7 @@ class OverlayPanelTest : public X11Test {
   std::unique_ptr<OverlayPanel> openTwoLayers(double stateOfRight = 0, const Rect& frame = kFrame) {
     const Size size = frame.size;
     const double half = size.width / 2;
-    auto panel = panels_.makePanel({}, frame, sink_);
+    auto panel = panels_.makePanel(PieView::kPanelStyle, frame, sink_);
     panel->setPicture({size,
                        {half, size.height / 2},
                        {{{{0, 0}, {half - 10, size.height}}, {{}, {}, {}}},
@@ -57,10 +57,11 @@ class OverlayPanelTest : public X11Test {
     ASSERT_EQ(rasterizer_.snapshots.size(), 1U);
     EXPECT_EQ(rasterizer_.snapshots[0], std::vector<std::uint32_t>(200 * 200, 0xFF000000U | kCoverColor));
   }
-  /// Shows its left layer and, between the layers, the window beneath.
+  /// Shows its left layer and, between the layers and around it, the window beneath, without a shadow.
   bool looksOpenBetweenItsParts() {
-    const Capture shown = capture(kArea);
-    return shown.at(110, 150) == SolidRasterizer::color(0) && shown.at(200, 150) == kCoverColor;
+    const Capture shown = capture({100, 100, 205, 205});
+    return shown.at(110, 150) == SolidRasterizer::color(0) && shown.at(200, 150) == kCoverColor &&
+           shown.at(302, 302) == kCoverColor;
   }
 
   /// The overlay's window has a bounding shape.
@@ -73,7 +74,8 @@ class OverlayPanelTest : public X11Test {
     return false;
   }
   void startCompositor() {
-    compositor_.emplace(std::vector<std::string>{"picom", "--config", "/dev/null", "--backend", "xrender"},
+    compositor_.emplace(std::vector<std::string>{"picom", "--config", "/dev/null", "--backend", "xrender", "--shadow",
+                                                 "--shadow-exclude", "_GTK_FRAME_EXTENTS@:c"},
                         std::map<std::string, std::string>{{"DISPLAY", server_.display()}});
     ASSERT_TRUE(eventually([&] { return user_.selectionOwner("_NET_WM_CM_S0") != XCB_NONE; }));
     drain();
@@ -249,7 +251,7 @@ TEST_F(OverlayWithoutSharedMemoryTest, HasHardEdgesWithoutASnapshot) {
 TEST_F(OverlayPanelTest, StaysTransparentWhenTheCompositorChanges) {
   startCompositor();
   cover({0, 0, 640, 480});
-  auto unpainted = panels_.makePanel({}, kFrame, sink_);
+  auto unpainted = panels_.makePanel(PieView::kPanelStyle, kFrame, sink_);
   EXPECT_TRUE(eventually([&] { return capture(kArea).at(110, 150) == kCoverColor; }));
   close(unpainted);
   const auto panel = openTwoLayers();

@@ -158,7 +158,7 @@ std::vector<std::string> X11Test::keysSeen() {
 }
 
 std::unique_ptr<OverlayPanel> X11Test::openPanel(Rect frame) {
-  auto panel = panels_.makePanel({}, frame, sink_);
+  auto panel = panels_.makePanel(PieView::kPanelStyle, frame, sink_);
   panel->setPicture({frame.size, {}, {{{{0, 0}, frame.size}, {{}, {}, {}}}}});
   panel->orderFrontRegardless();
   panel->makeKey();

@@ -12,6 +12,7 @@
 #include "desktop/x_client.h"
 #include "desktop/x_server.h"
 #include "doubles/virtual_time.h"
+#include "pie/controller/pie_view.h"
 #include "platform/linux/x11/connection/x11_connection.h"
 #include "platform/linux/x11/keyboard/raw_key_releases.h"
 #include "platform/linux/x11/keyboard/x11_event_monitors.h"

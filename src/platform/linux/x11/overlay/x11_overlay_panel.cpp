@@ -1,6 +1,7 @@
 #include "platform/linux/x11/overlay/x11_overlay_panel.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <string_view>
 #include <utility>
@@ -14,6 +15,10 @@ constexpr int kMaxSide = 4096;
 constexpr int kMaxRaises = 100;
 
 constexpr std::uint8_t kLeftButton = 1;
+
+bool staysOnTop(const OverlayPanelStyle& style) {
+  return style.isFloating || style.windowLevel > OverlayPanelStyle::kNormalLevel;
+}
 
 PixelRect pixelFrame(const Rect& frame, double pixelsPerPoint) {
   const auto side = [&](double points) {
@@ -29,11 +34,13 @@ PixelRect pixelFrame(const Rect& frame, double pixelsPerPoint) {
 
 }  // namespace
 
-X11OverlayPanel::X11OverlayPanel(const OverlayResources& resources, const Rect& frame, OverlayPanelSink& sink)
+X11OverlayPanel::X11OverlayPanel(const OverlayResources& resources, const OverlayPanelStyle& style, const Rect& frame,
+                                 OverlayPanelSink& sink)
     : resources_(resources),
+      style_(style),
       sink_(sink),
       frame_(pixelFrame(frame, resources.connection.pixelsPerPoint())),
-      raisesLeft_(kMaxRaises) {
+      raisesLeft_(staysOnTop(style) ? kMaxRaises : 0) {
   view_.pixelsPerPoint = resources.connection.pixelsPerPoint();
   snapshot_ = resources.screenReader.read(frame_);
   createWindow();
@@ -65,7 +72,7 @@ void X11OverlayPanel::createWindow() {
   xcb_create_window_value_list_t values{};
   values.background_pixmap = XCB_BACK_PIXMAP_NONE;
   values.border_pixel = 0;
-  values.override_redirect = 1;
+  values.override_redirect = style_.isBorderless && style_.nonactivating ? 1 : 0;
   values.event_mask = XCB_EVENT_MASK_EXPOSURE;
   values.colormap = resources_.colormap;
   std::uint32_t mask = XCB_CW_BORDER_PIXEL | XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK | XCB_CW_COLORMAP;
@@ -91,6 +98,19 @@ void X11OverlayPanel::setProperties() const {
   const xcb_atom_t type = connection.atom("_NET_WM_WINDOW_TYPE_NOTIFICATION");
   xcb_change_property(connection.get(), XCB_PROP_MODE_REPLACE, window_, connection.atom("_NET_WM_WINDOW_TYPE"),
                       XCB_ATOM_ATOM, 32, 1, &type);
+  if (!style_.hasShadow) disclaimShadow();
+}
+
+// Compositors take a window with frame extents for one that draws its own shadow; picom has a property besides.
+void X11OverlayPanel::disclaimShadow() const {
+  const X11Connection& connection = resources_.connection;
+  constexpr std::array<std::uint32_t, 4> kNone{};
+  const auto setZeros = [&](const char* name, std::uint32_t count) {
+    xcb_change_property(connection.get(), XCB_PROP_MODE_REPLACE, window_, connection.atom(name), XCB_ATOM_CARDINAL, 32,
+                        count, kNone.data());
+  };
+  setZeros("_GTK_FRAME_EXTENTS", 4);
+  setZeros("_COMPTON_SHADOW", 1);
 }
 
 void X11OverlayPanel::setPicture(Picture picture) {
@@ -187,6 +207,7 @@ void X11OverlayPanel::orderFrontRegardless() {
 }
 
 void X11OverlayPanel::makeKey() {
+  if (!style_.canBecomeKey) return;
   const auto prepareChanges = weakSelf_.bind([](X11OverlayPanel& self) {
     if (self.picture_) self.picture_->prepareChanges();
   });

@@ -40,7 +40,8 @@ struct OverlayResources {
 /// made; where the screen cannot be read, the ring has a hard, dark edge.
 class X11OverlayPanel : public OverlayPanel, private InputGrabSink {
  public:
-  X11OverlayPanel(const OverlayResources& resources, const Rect& frame, OverlayPanelSink& sink);
+  X11OverlayPanel(const OverlayResources& resources, const OverlayPanelStyle& style, const Rect& frame,
+                  OverlayPanelSink& sink);
   ~X11OverlayPanel() override;
   X11OverlayPanel(const X11OverlayPanel&) = delete;
   X11OverlayPanel& operator=(const X11OverlayPanel&) = delete;
@@ -59,6 +60,7 @@ class X11OverlayPanel : public OverlayPanel, private InputGrabSink {
  private:
   void createWindow();
   void setProperties() const;
+  void disclaimShadow() const;
   void dirtyWhole();
   void setSnapshot();
   void paintDirty();
@@ -73,7 +75,7 @@ class X11OverlayPanel : public OverlayPanel, private InputGrabSink {
   bool mayBeCoveredBy(xcb_window_t window) const;
   PixelRect pixelsOf(const Rect& rect) const;
   Point inPanel(int rootX, int rootY) const;
-  bool isTransparent() const { return resources_.hasAlpha && resources_.compositor.hasOwner(); }
+  bool isTransparent() const { return !style_.isOpaque && resources_.hasAlpha && resources_.compositor.hasOwner(); }
   bool handleEvent(const xcb_generic_event_t& event);
 
   void grabbedPointerMoved(int x, int y) override { sink_.pointerMoved(inPanel(x, y)); }
@@ -81,6 +83,7 @@ class X11OverlayPanel : public OverlayPanel, private InputGrabSink {
   void grabFailed() override { sink_.panelLost(); }
 
   const OverlayResources& resources_;
+  OverlayPanelStyle style_;
   OverlayPanelSink& sink_;
   PixelRect frame_;
   xcb_window_t window_ = XCB_WINDOW_NONE;
@@ -107,12 +110,21 @@ class X11OverlayPanel : public OverlayPanel, private InputGrabSink {
   WeakSelf<X11OverlayPanel> weakSelf_{this};
 };
 
+/// How the fields of OverlayPanelStyle apply:
+/// - `isBorderless` with `nonactivating`: an override-redirect window. No window manager decorates, activates or lists
+///   it, and it belongs to no workspace; so it is never the main window and is out of window cycling, on whichever
+///   workspace is current, and above full-screen windows (`canBecomeMain`, `collectionBehavior`).
+/// - `windowLevel` above normal, or `isFloating`: it is raised again when another window comes to lie above it.
+/// - `canBecomeKey`: the grab. `isOpaque`: no alpha channel. `hasShadow`: the properties by which compositors leave the
+///   shadow out.
+///
+/// X11 has no means for `isAnimated` (each compositor decides), `hidesOnDeactivate` (the panel ends with the ring) and
+/// `hasFixedAppearance` (nothing of the desktop's theme reaches the panel).
 class X11OverlayPanels : public OverlayPanels {
  public:
   X11OverlayPanels(X11Connection& connection, X11InputGrab& inputGrab, PictureRasterizer& rasterizer);
   ~X11OverlayPanels() override;
 
-  /// Every panel satisfies the style: above all windows, on every desktop, never active.
   std::unique_ptr<OverlayPanel> makePanel(const OverlayPanelStyle& style, const Rect& frame,
                                           OverlayPanelSink& sink) override;
   void prerender(Picture picture) override;

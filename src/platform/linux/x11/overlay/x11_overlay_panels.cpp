@@ -33,7 +33,8 @@ X11OverlayPanels::X11OverlayPanels(X11Connection& connection, X11InputGrab& inpu
   if (!resources_.hasAlpha) resources_.visual = screen.root_visual;
   resources_.colormap = xcb_generate_id(connection.get());
   xcb_create_colormap(connection.get(), XCB_COLORMAP_ALLOC_NONE, resources_.colormap, screen.root, resources_.visual);
-  connection.internAtoms({"_NET_WM_NAME", "UTF8_STRING", "_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_NOTIFICATION"});
+  connection.internAtoms({"_NET_WM_NAME", "UTF8_STRING", "_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_NOTIFICATION",
+                          "_GTK_FRAME_EXTENTS", "_COMPTON_SHADOW"});
 }
 
 X11OverlayPanels::~X11OverlayPanels() {
@@ -41,9 +42,9 @@ X11OverlayPanels::~X11OverlayPanels() {
   resources_.connection.flush();
 }
 
-std::unique_ptr<OverlayPanel> X11OverlayPanels::makePanel(const OverlayPanelStyle& /*style*/, const Rect& frame,
+std::unique_ptr<OverlayPanel> X11OverlayPanels::makePanel(const OverlayPanelStyle& style, const Rect& frame,
                                                           OverlayPanelSink& sink) {
-  return std::make_unique<X11OverlayPanel>(resources_, frame, sink);
+  return std::make_unique<X11OverlayPanel>(resources_, style, frame, sink);
 }
 
 void X11OverlayPanels::prerender(Picture picture) {
