@@ -1,19 +1,15 @@
 #include "actions/macos_system_action_runner.h"
 
+#include "platform/system_applications.h"
+
 namespace rondora {
-namespace {
-
-constexpr std::string_view kMissionControlPath = "/System/Applications/Mission Control.app";
-constexpr std::string_view kScreenSaverPath = "/System/Library/CoreServices/ScreenSaverEngine.app";
-
-}  // namespace
 
 void MacOSSystemActionRunner::run(MacOSSystemActionKind kind) {
   switch (kind) {
     case MacOSSystemActionKind::missionControl:
-      return openApplicationAt(kMissionControlPath);
+      return openApplicationAt(system_applications::kMissionControl);
     case MacOSSystemActionKind::startScreenSaver:
-      return openApplicationAt(kScreenSaverPath);
+      return openApplicationAt(system_applications::kScreenSaver);
     case MacOSSystemActionKind::applicationWindows:
     case MacOSSystemActionKind::quickNote:
     case MacOSSystemActionKind::displaySleep:

@@ -10,6 +10,7 @@
 #include "app/platform.h"
 #include "app/program.h"
 #include "app/single_instance.h"
+#include "base/program_identity.h"
 #include "input/hotkeys/hotkey_display.h"
 #include "platform/linux/desktop/absent_ports.h"
 #include "platform/linux/desktop/file_user_defaults.h"
@@ -207,7 +208,7 @@ void CompositionLinux::runLegacyMigration(Log& log) {
 }
 
 CompositionLinux::CompositionLinux(QApplication& application, Log& log) {
-  configureQt(application, desktop::PosixProcessEnvironment().bundleIdentifier().c_str());
+  configureQt(application, program_identity::kBundleIdentifier);
   const auto access = qtX11Access();
   if (!access) return;
   presence_ = std::make_unique<Presence>(log);

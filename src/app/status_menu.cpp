@@ -2,6 +2,8 @@
 
 #include <cstddef>
 
+#include "base/program_identity.h"
+
 namespace rondora {
 namespace {
 
@@ -36,8 +38,8 @@ void StatusMenu::setupStatusBar() {
                                                     .length = StatusItemLength::square,
                                                     .imagePosition = StatusItemImagePosition::imageOnly,
                                                     .role = StatusItemRole::menuButton,
-                                                    .toolTip = "Rondora",
-                                                    .accessibilityLabel = "Rondora",
+                                                    .toolTip = std::string(program_identity::kName),
+                                                    .accessibilityLabel = std::string(program_identity::kName),
                                                     .menu = entries()});
 }
 

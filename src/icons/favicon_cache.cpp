@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "base/fnv.h"
+#include "base/program_identity.h"
 
 namespace rondora {
 namespace {
@@ -55,7 +56,7 @@ char letterOf(FaviconOutcome outcome) {
 }  // namespace
 
 FaviconCache::FaviconCache(FileSystem& files, const Clock& clock)
-    : files_(files), clock_(clock), folder_(files.cachesFolder() / "Rondora" / "favicons") {}
+    : files_(files), clock_(clock), folder_(files.cachesFolder() / program_identity::kName / "favicons") {}
 
 std::filesystem::path FaviconCache::fileOf(const WebAddress& site) const {
   return folder_ / (readableName(site.host()) + "-" + hexadecimal(fnv1a(site.origin())) + ".png");

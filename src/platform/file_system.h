@@ -15,7 +15,7 @@ class FileSystem {
  public:
   virtual ~FileSystem() = default;
 
-  /// The user's folder for application data; the program's own folder "Rondora" is in it.
+  /// The user's folder for application data; the program's own folder (`program_identity::kName`) is in it.
   virtual std::filesystem::path applicationSupportFolder() const = 0;
   virtual std::filesystem::path cachesFolder() const = 0;
 

@@ -10,6 +10,7 @@
 #include <variant>
 #include <vector>
 
+#include "base/program_identity.h"
 #include "storage/configuration_json.h"
 #include "storage/pie_configuration_migrator.h"
 
@@ -48,7 +49,7 @@ void ensureSingleMenu(std::vector<PieMenu>& menus, PieMenu menuTemplate) {
 
 ConfigManager::ConfigManager(const Services& services)
     : services_(services),
-      configURL_(services.files.applicationSupportFolder() / "Rondora" / "config.json"),
+      configURL_(services.files.applicationSupportFolder() / program_identity::kName / "config.json"),
       configuration_(load()) {
   writeLocal(configuration_.value());
 }

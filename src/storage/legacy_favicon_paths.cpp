@@ -1,5 +1,7 @@
 #include "storage/legacy_favicon_paths.h"
 
+#include "base/program_identity.h"
+
 namespace rondora {
 namespace {
 
@@ -23,7 +25,7 @@ std::string faviconFolder(const std::filesystem::path& caches, std::string_view 
 std::string withPathsBelow(const std::filesystem::path& caches, std::string_view document,
                            std::string_view predecessorFolder) {
   const std::string former = faviconFolder(caches, predecessorFolder);
-  const std::string own = faviconFolder(caches, "Rondora");
+  const std::string own = faviconFolder(caches, program_identity::kName);
   const std::string plain = replacingAll(document, former, own);
   return replacingAll(plain, withEscapedSlashes(former), withEscapedSlashes(own));
 }

@@ -2,13 +2,13 @@
 
 #include <string_view>
 
+#include "base/program_identity.h"
 #include "base/unicode.h"
 #include "storage/legacy_favicon_paths.h"
 
 namespace rondora {
 namespace {
 
-constexpr std::string_view kOwnFolder = "Rondora";
 constexpr std::string_view kConfigFile = "config.json";
 
 }  // namespace
@@ -16,9 +16,9 @@ constexpr std::string_view kConfigFile = "config.json";
 void LegacyPieMenuMigration::run() {
   migrateUserDefaults();
   const auto caches = services_.files.cachesFolder();
-  copyIfMissing(caches / kPredecessor.folder / "favicons", caches / kOwnFolder / "favicons");
+  copyIfMissing(caches / kPredecessor.folder / "favicons", caches / program_identity::kName / "favicons");
   const auto support = services_.files.applicationSupportFolder();
-  migrateConfig(support / kPredecessor.folder, support / kOwnFolder);
+  migrateConfig(support / kPredecessor.folder, support / program_identity::kName);
 }
 
 void LegacyPieMenuMigration::migrateUserDefaults() {

@@ -2,6 +2,8 @@
 
 #include <cstdlib>
 
+#include "base/program_identity.h"
+
 namespace rondora::desktop {
 
 std::optional<std::string> PosixProcessEnvironment::variable(std::string_view name) const {
@@ -10,6 +12,8 @@ std::optional<std::string> PosixProcessEnvironment::variable(std::string_view na
   return std::string(value);
 }
 
-std::string PosixProcessEnvironment::bundleIdentifier() const { return "io.github.rondora.Rondora"; }
+std::string PosixProcessEnvironment::bundleIdentifier() const {
+  return std::string(program_identity::kBundleIdentifier);
+}
 
 }  // namespace rondora::desktop

@@ -5,6 +5,9 @@
 #include <QImageReader>
 #include <QStandardPaths>
 
+#include "base/program_identity.h"
+#include "platform/qt/qt_text.h"
+
 namespace rondora {
 
 namespace {
@@ -41,10 +44,10 @@ void prepareQt() {
 
 // Motion compression drops a motion when another is queued, even with a release between them; a choice would then use a
 // stale position. The platform plugin enables it, so it is disabled after the application object is made.
-void configureQt(QApplication& application, const char* identifier) {
+void configureQt(QApplication& application, std::string_view identifier) {
   QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
-  application.setApplicationName("Rondora");
-  QGuiApplication::setDesktopFileName(identifier);
+  application.setApplicationName(toQString(program_identity::kName));
+  QGuiApplication::setDesktopFileName(toQString(identifier));
   application.setQuitOnLastWindowClosed(false);
   QImageReader::setAllocationLimit(kImageMemoryLimitMegabytes);
   chooseIconTheme();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string_view>
+
 class QApplication;
 
 namespace rondora {
@@ -9,6 +11,6 @@ namespace rondora {
 void prepareQt();
 
 /// Settings of the whole application. `identifier` is the name of the program's desktop entry.
-void configureQt(QApplication& application, const char* identifier);
+void configureQt(QApplication& application, std::string_view identifier);
 
 }  // namespace rondora

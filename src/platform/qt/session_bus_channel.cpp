@@ -26,29 +26,29 @@ constexpr const char* kInterface = R"(
 }  // namespace
 
 SessionBusChannel::SessionBusChannel(QDBusConnection bus, const std::string& name)
-    : bus_(std::move(bus)), name_(QString::fromStdString(name)) {}
+    : bus_(std::move(bus)), name_(QString::fromStdString(name)), path_("/" + QString(name_).replace('.', '/')) {}
 
 SessionBusChannel::~SessionBusChannel() { release(); }
 
 // Registers the object before the name: a caller that finds the name also finds the object.
 InstanceChannel::Claim SessionBusChannel::claim() {
   if (!bus_.isConnected()) return Claim::unavailable;
-  if (!bus_.registerVirtualObject(kPath, this)) return Claim::unavailable;
+  if (!bus_.registerVirtualObject(path_, this)) return Claim::unavailable;
   const QDBusReply<QDBusConnectionInterface::RegisterServiceReply> reply = bus_.interface()->registerService(
       name_, QDBusConnectionInterface::DontQueueService, QDBusConnectionInterface::DontAllowReplacement);
   if (reply.isValid() && reply.value() == QDBusConnectionInterface::ServiceRegistered) return Claim::first;
-  bus_.unregisterObject(kPath);
+  bus_.unregisterObject(path_);
   return reply.isValid() ? Claim::taken : Claim::unavailable;
 }
 
 void SessionBusChannel::release() {
-  if (!bus_.isConnected() || bus_.objectRegisteredAt(kPath) != this) return;
+  if (!bus_.isConnected() || bus_.objectRegisteredAt(path_) != this) return;
   bus_.unregisterService(name_);
-  bus_.unregisterObject(kPath);
+  bus_.unregisterObject(path_);
 }
 
 bool SessionBusChannel::askForSettings() {
-  QDBusMessage call = QDBusMessage::createMethodCall(name_, kPath, name_, kShowSettings);
+  QDBusMessage call = QDBusMessage::createMethodCall(name_, path_, name_, kShowSettings);
   call.setAutoStartService(false);
   return bus_.call(call, QDBus::Block, kReplyTimeoutMilliseconds).type() == QDBusMessage::ReplyMessage;
 }
@@ -56,7 +56,7 @@ bool SessionBusChannel::askForSettings() {
 void SessionBusChannel::serve(SessionRequests requests) { requests_ = std::move(requests); }
 
 QString SessionBusChannel::introspect(const QString& path) const {
-  return path == QLatin1String(kPath) ? QString(kInterface).arg(name_) : QString();
+  return path == path_ ? QString(kInterface).arg(name_) : QString();
 }
 
 bool SessionBusChannel::handleMessage(const QDBusMessage& message, const QDBusConnection& connection) {
@@ -84,7 +84,7 @@ QDBusMessage SessionBusChannel::answerToTrigger(const QDBusMessage& call) const 
   }
   const std::string menuId = call.arguments().constFirst().toString().toStdString();
   if (requests_.trigger(menuId)) return call.createReply();
-  return call.createErrorReply(kUnknownMenu, "no menu has this id");
+  return call.createErrorReply(name_ + ".Error.UnknownMenu", "no menu has this id");
 }
 
 }  // namespace rondora

@@ -11,10 +11,7 @@ namespace rondora {
 /// The program's name on the session bus and the object behind it. Main thread.
 class SessionBusChannel final : public QDBusVirtualObject, public InstanceChannel {
  public:
-  static constexpr const char* kPath = "/io/github/rondora/Rondora";
-  static constexpr const char* kUnknownMenu = "io.github.rondora.Rondora.Error.UnknownMenu";
-
-  /// `name` is the bus name to own and also the name of the interface.
+  /// `name` is the bus name to own and also the name of the interface; the object's path has the same parts.
   SessionBusChannel(QDBusConnection bus, const std::string& name);
   ~SessionBusChannel() override;
 
@@ -32,6 +29,7 @@ class SessionBusChannel final : public QDBusVirtualObject, public InstanceChanne
 
   QDBusConnection bus_;
   QString name_;
+  QString path_;
   SessionRequests requests_;
 };
 

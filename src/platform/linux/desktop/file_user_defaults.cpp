@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "base/program_identity.h"
+
 namespace rondora::desktop {
 namespace {
 
@@ -12,7 +14,7 @@ constexpr const char* kFileName = "defaults";
 FileUserDefaults::FileUserDefaults(FileSystem& files, Log& log)
     : files_(files),
       log_(log),
-      folder_(files.applicationSupportFolder() / "Rondora"),
+      folder_(files.applicationSupportFolder() / program_identity::kName),
       values_(load(folder_ / kFileName)) {}
 
 FileUserDefaults::Values FileUserDefaults::load(const std::filesystem::path& path) const {

@@ -6,12 +6,13 @@
 #include <filesystem>
 
 #include "platform/linux/desktop/glib_owned.h"
+#include "platform/system_applications.h"
 
 namespace rondora::desktop {
 namespace {
 
-constexpr std::string_view kOverview = "/System/Applications/Mission Control.app";
-constexpr std::string_view kScreenSaver = "/System/Library/CoreServices/ScreenSaverEngine.app";
+using system_applications::kMissionControl;
+using system_applications::kScreenSaver;
 
 struct Offer {
   std::string_view path;
@@ -25,9 +26,9 @@ struct Offer {
 
 /// A desktop's own service comes before the common name, which some desktops own without implementing it.
 constexpr std::array<Offer, 7> kOffers = {{
-    {kOverview, "org.gnome.Shell", "/org/gnome/Shell", "org.freedesktop.DBus.Properties", "Set",
+    {kMissionControl, "org.gnome.Shell", "/org/gnome/Shell", "org.freedesktop.DBus.Properties", "Set",
      "('org.gnome.Shell', 'OverviewActive', <true>)"},
-    {kOverview, "org.kde.kglobalaccel", "/component/kwin", "org.kde.kglobalaccel.Component", "invokeShortcut",
+    {kMissionControl, "org.kde.kglobalaccel", "/component/kwin", "org.kde.kglobalaccel.Component", "invokeShortcut",
      "('Overview',)"},
     {kScreenSaver, "org.gnome.ScreenSaver", "/org/gnome/ScreenSaver", "org.gnome.ScreenSaver", "SetActive", "(true,)"},
     {kScreenSaver, "org.cinnamon.ScreenSaver", "/org/cinnamon/ScreenSaver", "org.cinnamon.ScreenSaver", "SetActive",
@@ -66,7 +67,7 @@ const Offer* findOffer(GDBusConnection* bus, std::string_view path) {
 
 }  // namespace
 
-bool SystemPlaces::isPlace(std::string_view path) { return path == kOverview || path == kScreenSaver; }
+bool SystemPlaces::isPlace(std::string_view path) { return path == kMissionControl || path == kScreenSaver; }
 
 void SystemPlaces::Release::operator()(GDBusConnection* bus) const { g_object_unref(bus); }
 

@@ -7,8 +7,8 @@ typedef struct _GDBusConnection GDBusConnection;
 
 namespace rondora::desktop {
 
-/// Counterparts on the session bus of the two macOS applications at fixed paths: the window overview and the screen
-/// saver. Main thread; each query of the bus blocks for half a second at most.
+/// Counterparts on the session bus of `system_applications`: the window overview and the screen saver. Main thread;
+/// each query of the bus blocks for half a second at most.
 class SystemPlaces {
  public:
   /// True when `path` is one of the two.

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <utility>
 
+#include "base/program_identity.h"
+
 namespace rondora::x11 {
 namespace {
 
@@ -93,8 +95,8 @@ void X11OverlayPanel::setProperties() const {
   };
   constexpr std::string_view kClass{"rondora\0Rondora\0", 16};
   setText(XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, kClass);
-  setText(XCB_ATOM_WM_NAME, XCB_ATOM_STRING, "Rondora");
-  setText(connection.atom("_NET_WM_NAME"), connection.atom("UTF8_STRING"), "Rondora");
+  setText(XCB_ATOM_WM_NAME, XCB_ATOM_STRING, program_identity::kName);
+  setText(connection.atom("_NET_WM_NAME"), connection.atom("UTF8_STRING"), program_identity::kName);
   const xcb_atom_t type = connection.atom("_NET_WM_WINDOW_TYPE_NOTIFICATION");
   xcb_change_property(connection.get(), XCB_PROP_MODE_REPLACE, window_, connection.atom("_NET_WM_WINDOW_TYPE"),
                       XCB_ATOM_ATOM, 32, 1, &type);

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string_view>
+
+// What the program is called: by users, in file systems, on buses and by other programs.
+
+namespace rondora::program_identity {
+
+/// Also the name of its folder below the folders for application data and caches.
+inline constexpr std::string_view kName = "Rondora";
+inline constexpr std::string_view kBundleIdentifier = "io.github.rondora.Rondora";
+
+}  // namespace rondora::program_identity
