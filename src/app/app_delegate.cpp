@@ -29,7 +29,8 @@ AppDelegate::AppDelegate(const Services& services)
                  .config = services.config,
                  .switchboard = services.switchboard}) {
   statusMenu_ = std::make_unique<StatusMenu>(
-      StatusMenu::Services{.shell = services.shell,
+      StatusMenu::Services{.mainQueue = services.mainQueue,
+                           .shell = services.shell,
                            .statusBar = services.statusBar,
                            .localization = services.localization,
                            .openSettings = weakSelf_.bind([](AppDelegate& self) { self.openSettings(); }),

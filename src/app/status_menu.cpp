@@ -41,6 +41,7 @@ void StatusMenu::setupStatusBar() {
                                                     .toolTip = std::string(program_identity::kName),
                                                     .accessibilityLabel = std::string(program_identity::kName),
                                                     .menu = entries()});
+  if (statusItem_) statusItemWatch_ = std::make_unique<StatusItemWatch>(*statusItem_, services_.mainQueue);
 }
 
 void StatusMenu::refreshLocalizedTitles() {
@@ -52,11 +53,11 @@ void StatusMenu::refreshLocalizedTitles() {
 }
 
 std::optional<std::string> StatusMenu::visibilityProblem() const {
-  return statusItem_ ? statusItem_->visibilityProblem() : std::nullopt;
+  return statusItemWatch_ ? statusItemWatch_->problem() : std::nullopt;
 }
 
 Subscription StatusMenu::onVisibilityChanged(std::function<void()> observer) {
-  return statusItem_ ? statusItem_->onVisibilityChanged(std::move(observer)) : Subscription();
+  return statusItemWatch_ ? statusItemWatch_->onChanged(std::move(observer)) : Subscription();
 }
 
 }  // namespace rondora

@@ -6,8 +6,10 @@
 #include <string>
 #include <vector>
 
+#include "app/status_item_watch.h"
 #include "localization/localization_store.h"
 #include "platform/application_shell.h"
+#include "platform/main_queue.h"
 #include "platform/status_item.h"
 
 namespace rondora {
@@ -16,6 +18,7 @@ namespace rondora {
 class StatusMenu {
  public:
   struct Services {
+    MainQueue& mainQueue;
     ApplicationShell& shell;
     StatusBar& statusBar;
     const LocalizationStore& localization;
@@ -41,6 +44,7 @@ class StatusMenu {
 
   Services services_;
   std::unique_ptr<StatusItem> statusItem_;
+  std::unique_ptr<StatusItemWatch> statusItemWatch_;
 };
 
 }  // namespace rondora

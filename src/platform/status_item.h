@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <functional>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -24,7 +23,19 @@ enum class StatusItemLength { square, variable };
 enum class StatusItemImagePosition { imageOnly, imageBeforeTitle };
 enum class StatusItemRole { menuButton, button };
 
-/// The status item that the system is to make; a backend maps it to its tray.
+enum class StatusItemVisibility {
+  visible,
+  /// The desktop has not answered yet.
+  unknown,
+  noTray,
+  /// There is a tray, but no panel shows it.
+  noPanel,
+  /// There is a tray that does not show the item, perhaps not yet.
+  notTaken,
+};
+
+/// The status item as the system is to make it. A backend applies what its tray has a means for, and its header states
+/// the rest.
 struct StatusItemDescription {
   /// The name under which the system saves the item's position.
   std::string autosaveName;
@@ -43,10 +54,9 @@ class StatusItem {
   virtual ~StatusItem() = default;
 
   virtual void setMenuTitle(std::size_t index, const std::string& title) = 0;
-  /// Why the user cannot see the item; nothing when the user can.
-  virtual std::optional<std::string> visibilityProblem() const = 0;
-  /// Called some time after a tray appeared, vanished or accepted the item, once its state has settled.
-  [[nodiscard]] virtual Subscription onVisibilityChanged(std::function<void()> observer) = 0;
+  virtual StatusItemVisibility visibility() const = 0;
+  /// Calls back when a tray came or went. That a tray took the item in need not be reported.
+  [[nodiscard]] virtual Subscription onVisibilityMayHaveChanged(std::function<void()> observer) const = 0;
 };
 
 class StatusBar {

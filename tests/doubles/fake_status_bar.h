@@ -2,7 +2,6 @@
 
 #include <functional>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -23,24 +22,23 @@ class FakeStatusBar final : public StatusBar {
   /// The user chooses an entry of the newest item's menu.
   void choose(std::size_t index) { items.back()->menu.at(index).action(); }
 
-  /// A tray appears, or the last one disappears.
-  void change(std::optional<std::string> newProblem) {
-    problem = std::move(newProblem);
+  /// A tray comes, goes, or restarts.
+  void change(StatusItemVisibility newVisibility) {
+    visibility = newVisibility;
     changed_.send();
   }
 
   std::vector<std::shared_ptr<Record>> items;
   std::function<void()> whenMade;
-  /// Why no item is visible, if so.
-  std::optional<std::string> problem;
+  StatusItemVisibility visibility = StatusItemVisibility::visible;
 
  private:
   class Item final : public StatusItem {
    public:
     Item(FakeStatusBar& bar, std::shared_ptr<Record> record) : bar_(bar), record_(std::move(record)) {}
     void setMenuTitle(std::size_t index, const std::string& title) override { record_->menu.at(index).title = title; }
-    std::optional<std::string> visibilityProblem() const override { return bar_.problem; }
-    Subscription onVisibilityChanged(std::function<void()> observer) override {
+    StatusItemVisibility visibility() const override { return bar_.visibility; }
+    Subscription onVisibilityMayHaveChanged(std::function<void()> observer) const override {
       return bar_.changed_.subscribe(std::move(observer));
     }
 

@@ -15,6 +15,7 @@
 #include "doubles/fake_devices.h"
 #include "doubles/fake_session.h"
 #include "doubles/fake_status_bar.h"
+#include "doubles/virtual_time.h"
 #include "model/pie_configuration.h"
 #include "model/symbol_name.h"
 #include "ui/qt/painting/symbol_images.h"
@@ -96,7 +97,13 @@ TEST_F(IconImagesTest, EverySymbolThatTheProgramUsesExists) {
   FakeApplicationShell shell;
   FakeStatusBar statusBar;
   const LocalizationStore localization;
-  StatusMenu({.shell = shell, .statusBar = statusBar, .localization = localization, .openSettings = {}, .quitApp = {}})
+  VirtualTime time;
+  StatusMenu({.mainQueue = time,
+              .shell = shell,
+              .statusBar = statusBar,
+              .localization = localization,
+              .openSettings = {},
+              .quitApp = {}})
       .setupStatusBar();
   for (const MenuEntry& entry : statusBar.items.back()->menu) {
     if (!entry.isSeparator) used.insert(entry.symbol);

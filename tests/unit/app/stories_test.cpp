@@ -47,6 +47,10 @@ class ProgramStory : public ProgramTest, public Story {
                                                      {"fn", kFnKeyCode}};
     return static_cast<std::uint16_t>(kKeys.at(name));
   }
+  static StatusItemVisibility tray(const std::string& state) {
+    if (state == "gone") return StatusItemVisibility::noTray;
+    return state == "restarting" ? StatusItemVisibility::notTaken : StatusItemVisibility::visible;
+  }
   /// "control+option+space", or "" for none.
   static HotkeyConfig hotkey(const std::string& text) {
     static const std::map<std::string, std::int64_t> kModifiers = {
@@ -201,7 +205,8 @@ void ProgramStory::addActions() {
          desktop.keyboard.foreignOwners = {{49, kControlOption}};
        }},
       {"freed", [this](W) { desktop.keyboard.foreignOwners.clear(); }},
-      {"tray", [this](W w) { desktop.statusBar.change(w[0] == "gone" ? std::optional(w[0]) : std::nullopt); }},
+      {"tray", [this](W w) { desktop.statusBar.change(tray(w[0])); }},
+      {"embedded", [this](W) { desktop.statusBar.visibility = StatusItemVisibility::visible; }},
       {"screens", [this](W) { desktop.screens.change({}); }},
       {"activate", [this](W) { desktop.shell.becomeActive(); }},
       {"finish", [this](W) { desktop.windows.closeOnboarding(); }},

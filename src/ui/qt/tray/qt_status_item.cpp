@@ -17,7 +17,6 @@ namespace {
 
 using Hosts = StatusNotifierWatch::Hosts;
 
-constexpr int kSettlingMilliseconds = 1000;
 /// A panel draws the menu in its own colours, which it does not publish: this grey has a contrast of 4.5 : 1 to white
 /// and to black (WCAG 2.1, 1.4.3).
 constexpr Color kLegibleGrey{0.463, 0.463, 0.463, 1};
@@ -42,16 +41,13 @@ QtStatusItem::QtStatusItem(const StatusItemDescription& description, const Embed
                            StatusNotifierWatch& notifierWatch)
     : embeddingTray_(embeddingTray),
       notifierWatch_(notifierWatch),
-      name_(toQString(description.autosaveName)),
+      role_(description.role),
       toolTip_(toQString(description.toolTip)) {
   for (const MenuEntry& entry : description.menu) addEntry(entry);
   menu_.setAccessibleName(toQString(description.accessibilityLabel));
-  settled_.setSingleShot(true);
-  settled_.setInterval(kSettlingMilliseconds);
-  QObject::connect(&settled_, &QTimer::timeout, &menu_, [this] { compareVisibility(); });
-  embeddingTrayObserver_ = embeddingTray_.onChanged([this] { traysChanged(); });
-  notifierObserver_ = notifierWatch_.onChanged([this] { traysChanged(); });
-  traysChanged();
+  embeddingTrayObserver_ = embeddingTray_.onChanged([this] { handleTrays(); });
+  notifierObserver_ = notifierWatch_.onChanged([this] { handleTrays(); });
+  handleTrays();
 }
 
 void QtStatusItem::addEntry(const MenuEntry& entry) {
@@ -73,11 +69,10 @@ void QtStatusItem::setMenuTitle(std::size_t index, const std::string& title) {
   if (position < actions.size()) actions.at(position)->setText(escaped(title));
 }
 
-void QtStatusItem::traysChanged() {
+void QtStatusItem::handleTrays() {
   if (notifierWatch_.hosts() == Hosts::unknown) return;
   enterTray();
-  if (!std::exchange(knowsTrays_, true)) lastProblem_ = visibilityProblem();
-  settled_.start();
+  traysChanged_.send();
 }
 
 void QtStatusItem::enterTray() {
@@ -85,36 +80,24 @@ void QtStatusItem::enterTray() {
   if (icon_ || (hosts != Hosts::present && !embeddingTray_.isThere())) return;
   isOnTheBus_ = hosts == Hosts::present;
   icon_.emplace(StatusBarIcon::make());
-  icon_->setObjectName(name_);
   icon_->setToolTip(toolTip_);
   icon_->setContextMenu(&menu_);
   QObject::connect(&*icon_, &QSystemTrayIcon::activated, &menu_, [this](QSystemTrayIcon::ActivationReason reason) {
     // The toolkit reports a click soon after another one as a double click, even on a menu.
-    if (reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::DoubleClick) openMenu();
+    const bool isClick = reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::DoubleClick;
+    if (isClick && role_ == StatusItemRole::menuButton) openMenu();
   });
   icon_->show();
 }
 
-std::optional<std::string> QtStatusItem::visibilityProblem() const {
+StatusItemVisibility QtStatusItem::visibility() const {
   const Hosts hosts = notifierWatch_.hosts();
-  if (hosts == Hosts::unknown) return "the desktop's status notifier watcher does not answer";
+  if (hosts == Hosts::unknown) return StatusItemVisibility::unknown;
   const bool goesByBus = icon_ ? isOnTheBus_ : hosts == Hosts::none;
-  if (goesByBus && hosts != Hosts::present) return "no panel of the desktop shows status items";
-  if (goesByBus) return std::nullopt;
-  if (!embeddingTray_.isThere()) return "the desktop has no system tray";
-  if (!icon_ || icon_->geometry().isEmpty()) return "the system tray has not embedded the icon";
-  return std::nullopt;
-}
-
-Subscription QtStatusItem::onVisibilityChanged(std::function<void()> observer) {
-  return visibilityChanged_.subscribe(std::move(observer));
-}
-
-void QtStatusItem::compareVisibility() {
-  auto problem = visibilityProblem();
-  const bool mayStillBeEmbedded = problem && icon_ && !isOnTheBus_ && embeddingTray_.isThere();
-  if (mayStillBeEmbedded) settled_.start();
-  if (std::exchange(lastProblem_, problem) != problem) visibilityChanged_.send();
+  if (goesByBus) return hosts == Hosts::present ? StatusItemVisibility::visible : StatusItemVisibility::noPanel;
+  if (!embeddingTray_.isThere()) return StatusItemVisibility::noTray;
+  const bool isEmbedded = icon_ && !icon_->geometry().isEmpty();
+  return isEmbedded ? StatusItemVisibility::visible : StatusItemVisibility::notTaken;
 }
 
 void QtStatusItem::openMenu() {

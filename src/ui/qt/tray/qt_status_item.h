@@ -3,7 +3,6 @@
 #include <QMenu>
 #include <QString>
 #include <QSystemTrayIcon>
-#include <QTimer>
 #include <optional>
 #include <string>
 
@@ -11,7 +10,12 @@
 
 namespace rondora {
 
-/// An icon with a menu, which enters the tray as soon as one exists.
+/// An icon with a menu, which enters the tray as soon as one exists. Of the description, the trays apply:
+/// - tool tip and menu; `role`: a menu button opens its menu on a click, as on the other button.
+/// - `length` and `imagePosition` of an icon alone. Neither protocol has a cell for a title.
+///
+/// They have no means for `autosaveName` (a tray knows the item by the application's name) and none to pass role or
+/// accessibility label on to screen readers; the label is the menu's.
 class QtStatusItem final : public StatusItem {
  public:
   /// Both trays must outlive the item.
@@ -20,29 +24,26 @@ class QtStatusItem final : public StatusItem {
 
   void setMenuTitle(std::size_t index, const std::string& title) override;
   /// Ignores QSystemTrayIcon::isVisible, which is true even without a tray.
-  std::optional<std::string> visibilityProblem() const override;
-  Subscription onVisibilityChanged(std::function<void()> observer) override;
+  StatusItemVisibility visibility() const override;
+  Subscription onVisibilityMayHaveChanged(std::function<void()> observer) const override {
+    return traysChanged_.subscribe(std::move(observer));
+  }
 
  private:
   void addEntry(const MenuEntry& entry);
-  void traysChanged();
+  void handleTrays();
   void enterTray();
-  void compareVisibility();
   void openMenu();
 
   const EmbeddingTray& embeddingTray_;
   StatusNotifierWatch& notifierWatch_;
-  QString name_;
+  StatusItemRole role_;
   QString toolTip_;
   QMenu menu_;
   /// Created once a tray exists: with its first icon the toolkit settles on one of the two protocols.
   std::optional<QSystemTrayIcon> icon_;
   bool isOnTheBus_ = false;
-  bool knowsTrays_ = false;
-  Signal<> visibilityChanged_;
-  std::optional<std::string> lastProblem_;
-  /// Debounce: a panel that restarts is absent briefly, and embeds the item a moment after its return.
-  QTimer settled_;
+  Signal<> traysChanged_;
   Subscription embeddingTrayObserver_;
   Subscription notifierObserver_;
 };
