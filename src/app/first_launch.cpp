@@ -32,7 +32,7 @@ void FirstLaunch::onboardingFinished() {
 void FirstLaunch::finishOnboardingIfUp() {
   if (!isOnboardingUp()) return;
   services_.shell.activateIgnoringOtherApps();
-  onboarding_->closeAndFinish();
+  onboarding_->close();
 }
 
 void FirstLaunch::presentSettingsOnceIfPermissionsComplete() {

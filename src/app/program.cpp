@@ -107,21 +107,33 @@ std::string Program::firstHotkey() const {
 }
 
 WindowContents Program::windowContents() {
-  return {
-      .texts = [this] { return windowTexts(localization_, firstHotkey(), config_.configURL().string()); },
-      .onTextsChanged =
-          [this](std::function<void()> observer) {
-            return notifications_.addObserver(ConfigManager::kConfigurationDidChange, std::move(observer));
-          },
-      .documentPath = config_.configURL().string(),
-      .openDocumentFolder = [this] { openDocumentFolder(); },
-      .language = [this] { return localization_.language(); },
-      .chooseLanguage =
-          [this](AppLanguage language) {
-            edits_.edit([language](PieConfiguration& document) { document.language = language; });
-          },
-      .quit = [this] { delegate_.quitApp(); },
-      .findings = [this] { return report_.findings(sessionFacts(), config_.current(), delegate_.hotkeyManager()); }};
+  return {.texts = [this] { return windowTexts(localization_, firstHotkey(), config_.configURL().string()); },
+          .onTextsChanged =
+              [this](std::function<void()> observer) {
+                return notifications_.addObserver(ConfigManager::kConfigurationDidChange, std::move(observer));
+              },
+          .documentPath = config_.configURL().string(),
+          .openDocumentFolder = [this] { openDocumentFolder(); },
+          .language = [this] { return localization_.language(); },
+          .chooseLanguage =
+              [this](AppLanguage language) {
+                edits_.edit([language](PieConfiguration& document) { document.language = language; });
+              },
+          .quit = [this] { delegate_.quitApp(); },
+          .watchFindings =
+              [this](FindingsObserver observer) {
+                return rondora::watchFindings(
+                    platform_.mainQueue, [this] { return findings(); }, std::move(observer));
+              },
+          .watchFailures =
+              [this](FindingsObserver observer) {
+                return rondora::watchFindings(
+                    platform_.mainQueue, [this] { return failures(findings()); }, std::move(observer));
+              }};
+}
+
+SessionFindings Program::findings() const {
+  return report_.findings(sessionFacts(), config_.current(), delegate_.hotkeyManager());
 }
 
 SessionFacts Program::sessionFacts() const {

@@ -59,6 +59,7 @@ class Program {
 
   std::string firstHotkey() const;
   SessionFacts sessionFacts() const;
+  SessionFindings findings() const;
   SessionRequests sessionRequests();
   void openDocumentFolder();
 

@@ -23,14 +23,15 @@ class SettingsWindow {
   virtual void show() = 0;
 };
 
-/// The first-launch window. Closing it in any way calls the completion once.
+/// The first-launch window.
 class OnboardingWindow {
  public:
   virtual ~OnboardingWindow() = default;
-  virtual void present(std::function<void()> completion) = 0;
+  /// Calls `closed` when the window is closed in any way but by the destructor. The call may destroy this object.
+  virtual void present(std::function<void()> closed) = 0;
   virtual bool isUp() const = 0;
-  /// Closes the window and calls the completion, if it has not been called.
-  virtual void closeAndFinish() = 0;
+  /// No effect unless it is up.
+  virtual void close() = 0;
 };
 
 /// The beginning of a snippet, and below it a line that states what choosing it does.

@@ -2,11 +2,10 @@
 
 #include <functional>
 #include <string>
-#include <vector>
 
 #include "base/observable.h"
 #include "model/app_language.h"
-#include "platform/windows.h"
+#include "settings/findings_watch.h"
 
 namespace rondora {
 
@@ -47,8 +46,10 @@ struct WindowContents {
   std::function<AppLanguage()> language;
   std::function<void(AppLanguage)> chooseLanguage;
   std::function<void()> quit;
-  /// The current findings about the session; polled while a window shows them.
-  std::function<std::vector<SessionFinding>()> findings;
+  /// Calls the observer with the findings about the session, at once and after each change.
+  std::function<Subscription(FindingsObserver)> watchFindings;
+  /// As `watchFindings`, with failures only.
+  std::function<Subscription(FindingsObserver)> watchFailures;
 };
 
 }  // namespace rondora

@@ -25,11 +25,9 @@ class FakeWindows final : public Windows {
     return std::make_unique<FakePopover>(*this);
   }
 
-  /// Closes the window, as the user or the program does; no effect when it is not visible. The completion may destroy
-  /// it.
+  /// Closes the window, as the user or the program does; no effect when it is not visible. The call may destroy it.
   void closeOnboarding() {
-    isOnboardingUp = false;
-    if (const auto finished = std::exchange(onboardingFinished_, nullptr)) finished();
+    if (std::exchange(isOnboardingUp, false)) onboardingClosed_();
   }
 
   int settingsWindowsMade = 0;
@@ -50,12 +48,12 @@ class FakeWindows final : public Windows {
   struct FakeOnboardingWindow final : OnboardingWindow {
     explicit FakeOnboardingWindow(FakeWindows& windows) : windows_(windows) {}
     ~FakeOnboardingWindow() override { windows_.isOnboardingUp = false; }
-    void present(std::function<void()> completion) override {
+    void present(std::function<void()> closed) override {
       windows_.isOnboardingUp = true;
-      windows_.onboardingFinished_ = std::move(completion);
+      windows_.onboardingClosed_ = std::move(closed);
     }
     bool isUp() const override { return windows_.isOnboardingUp; }
-    void closeAndFinish() override { windows_.closeOnboarding(); }
+    void close() override { windows_.closeOnboarding(); }
     FakeWindows& windows_;
   };
 
@@ -71,7 +69,7 @@ class FakeWindows final : public Windows {
     FakeWindows& windows_;
   };
 
-  std::function<void()> onboardingFinished_;
+  std::function<void()> onboardingClosed_;
 };
 
 }  // namespace rondora

@@ -90,6 +90,24 @@ TEST_F(RunningProgramTest, ChosenLanguageReachesDocumentMenusAndWindows) {
   EXPECT_EQ(desktop.shell.mainMenu.front().title, settings);
 }
 
+TEST_F(RunningProgramTest, WindowsFollowTheFindingsTheyShow) {
+  launchWith({menu("main", {49, kControlOption})});
+  const WindowContents contents = program.windowContents();
+  std::vector<std::size_t> all;
+  std::vector<std::size_t> failing;
+  Subscription settings = contents.watchFindings([&](const auto& findings) { all.push_back(findings.size()); });
+  Subscription onboarding = contents.watchFailures([&](const auto& findings) { failing.push_back(findings.size()); });
+  desktop.permissions.trusted = false;
+  desktop.time.advance(3);
+  EXPECT_THAT(all, ElementsAre(4, 4));
+  EXPECT_THAT(failing, ElementsAre(0, 1));
+  settings.reset();
+  onboarding.reset();
+  desktop.permissions.trusted = true;
+  desktop.time.advance(3);
+  EXPECT_THAT(all, ElementsAre(4, 4)) << "hidden windows read nothing";
+}
+
 TEST_F(RunningProgramTest, EndSavesEditsReleasesKeysAndLeavesTheSession) {
   PieMenu tapped = menu("tapped", {49, kControlOption});
   tapped.trackpadFingerCount = 3;

@@ -14,7 +14,6 @@ namespace rondora {
 
 namespace {
 
-constexpr int kRefreshMilliseconds = 1000;
 constexpr int kMarkSide = 16;
 constexpr int kSpacing = 10;
 constexpr QSize kMaxHint(480, 300);
@@ -41,14 +40,12 @@ QColor toned(const QPalette& palette) {
 
 }  // namespace
 
-FindingsView::FindingsView(Source source, Shows shows) : source_(std::move(source)), shows_(shows) {
+FindingsView::FindingsView(Watch watch) : watch_(std::move(watch)) {
   setFrameShape(QFrame::NoFrame);
   setWidgetResizable(true);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setFocusPolicy(Qt::NoFocus);
   viewport()->setAutoFillBackground(false);
-  timer_.setInterval(kRefreshMilliseconds);
-  QObject::connect(&timer_, &QTimer::timeout, this, [this] { refresh(); });
 }
 
 void FindingsView::setMarkNames(const std::string& works, const std::string& fails) {
@@ -58,11 +55,18 @@ void FindingsView::setMarkNames(const std::string& works, const std::string& fai
   shown_.clear();
 }
 
+void FindingsView::subscribe() {
+  subscription_ = watch_([this](const SessionFindings& findings) { present(findings); });
+}
+
 void FindingsView::refresh() {
-  auto findings = source_ ? source_() : std::vector<SessionFinding>();
-  if (shows_ == Shows::whatFails) std::erase_if(findings, [](const SessionFinding& finding) { return finding.works; });
+  subscribe();
+  if (!isVisible()) subscription_.reset();
+}
+
+void FindingsView::present(const SessionFindings& findings) {
   if (findings == shown_) return;
-  shown_ = std::move(findings);
+  shown_ = findings;
   rebuild();
 }
 
@@ -138,13 +142,12 @@ QSize FindingsView::sizeHint() const {
 }
 
 void FindingsView::showEvent(QShowEvent* event) {
-  refresh();
-  timer_.start();
+  subscribe();
   QScrollArea::showEvent(event);
 }
 
 void FindingsView::hideEvent(QHideEvent* event) {
-  timer_.stop();
+  subscription_.reset();
   QScrollArea::hideEvent(event);
 }
 

@@ -1,28 +1,27 @@
 #pragma once
 
 #include <QScrollArea>
-#include <QTimer>
 #include <functional>
-#include <memory>
 #include <string>
-#include <vector>
 
-#include "platform/windows.h"
+#include "base/observable.h"
+#include "settings/findings_watch.h"
 
 namespace rondora {
 
-/// Lists findings about the session, each with a mark and a remedy. Refreshes while it is visible.
+/// Lists findings about the session, each with a mark and a remedy. Follows them while it is visible.
 class FindingsView : public QScrollArea {
  public:
-  using Source = std::function<std::vector<SessionFinding>()>;
-  enum class Shows { everything, whatFails };
+  /// Calls the observer with the findings, at once and after each change.
+  using Watch = std::function<Subscription(FindingsObserver)>;
 
-  FindingsView(Source source, Shows shows);
+  explicit FindingsView(Watch watch);
 
   /// Sets the screen-reader names of the marks.
   void setMarkNames(const std::string& works, const std::string& fails);
   /// Places the findings behind `predecessor` in the Tab order. `predecessor` must outlive this object.
   void follow(QWidget& predecessor) { predecessor_ = &predecessor; }
+  /// Shows the present findings, also before the view is visible.
   void refresh();
 
   QSize sizeHint() const override;
@@ -32,18 +31,19 @@ class FindingsView : public QScrollArea {
   void hideEvent(QHideEvent* event) override;
 
  private:
+  void subscribe();
+  void present(const SessionFindings& findings);
   void rebuild();
   void enterTabOrder();
   QWidget* makeMark(const SessionFinding& finding) const;
   QWidget* makeText(const SessionFinding& finding) const;
 
-  Source source_;
-  Shows shows_;
+  Watch watch_;
   QWidget* predecessor_ = nullptr;
   std::string worksName_;
   std::string failsName_;
-  std::vector<SessionFinding> shown_;
-  QTimer timer_;
+  SessionFindings shown_;
+  Subscription subscription_;
 };
 
 }  // namespace rondora

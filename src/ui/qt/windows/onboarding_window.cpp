@@ -53,8 +53,8 @@ QtOnboardingWindow::~QtOnboardingWindow() {
   if (dialog_) dialog_->disconnect();
 }
 
-void QtOnboardingWindow::present(std::function<void()> completion) {
-  completion_ = std::move(completion);
+void QtOnboardingWindow::present(std::function<void()> closed) {
+  closed_ = std::move(closed);
   build();
   dialog_->show();
   dialog_->raise();
@@ -63,12 +63,8 @@ void QtOnboardingWindow::present(std::function<void()> completion) {
 
 bool QtOnboardingWindow::isUp() const { return dialog_ && dialog_->isVisible(); }
 
-void QtOnboardingWindow::closeAndFinish() {
-  if (isUp()) {
-    dialog_->close();
-  } else {
-    finish();
-  }
+void QtOnboardingWindow::close() {
+  if (isUp()) dialog_->close();
 }
 
 void QtOnboardingWindow::build() {
@@ -79,7 +75,7 @@ void QtOnboardingWindow::build() {
   layout->setSizeConstraint(QLayout::SetFixedSize);
   fill();
   if (contents_.onTextsChanged) textsChanged_ = contents_.onTextsChanged([this] { fill(); });
-  QObject::connect(dialog_.get(), &QDialog::finished, dialog_.get(), [this] { finish(); });
+  QObject::connect(dialog_.get(), &QDialog::finished, dialog_.get(), [this] { handleClosed(); });
 }
 
 void QtOnboardingWindow::fill() {
@@ -117,7 +113,7 @@ QWidget* QtOnboardingWindow::makePage(const WindowTexts& texts) {
 
 /// Explains to new users why a hotkey or the tray icon does not work.
 void QtOnboardingWindow::addFindings(QVBoxLayout& column, const WindowTexts& texts) {
-  auto* findings = new FindingsView(contents_.findings, FindingsView::Shows::whatFails);
+  auto* findings = new FindingsView(contents_.watchFailures);
   findings->setMarkNames(texts.works, texts.fails);
   findings->setFixedWidth(kTextWidth);
   findings->setMaximumHeight(kMaxFindingsHeight);
@@ -126,11 +122,12 @@ void QtOnboardingWindow::addFindings(QVBoxLayout& column, const WindowTexts& tex
   column.addWidget(findings, 0, Qt::AlignHCenter);
 }
 
-/// Last, because the completion may destroy this object.
-void QtOnboardingWindow::finish() {
+void QtOnboardingWindow::handleClosed() {
   textsChanged_.reset();
-  if (dialog_) dialog_.release()->deleteLater();
-  if (const auto completion = std::exchange(completion_, nullptr)) completion();
+  // The dialog itself is calling.
+  dialog_.release()->deleteLater();
+  const auto closed = std::move(closed_);
+  closed();  // may destroy this object
 }
 
 }  // namespace rondora

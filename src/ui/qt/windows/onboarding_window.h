@@ -14,9 +14,9 @@ class QtOnboardingWindow : public OnboardingWindow {
   explicit QtOnboardingWindow(WindowContents contents);
   ~QtOnboardingWindow() override;
 
-  void present(std::function<void()> completion) override;
+  void present(std::function<void()> closed) override;
   bool isUp() const override;
-  void closeAndFinish() override;
+  void close() override;
 
  private:
   void build();
@@ -24,11 +24,11 @@ class QtOnboardingWindow : public OnboardingWindow {
   void fill();
   QWidget* makePage(const WindowTexts& texts);
   void addFindings(QVBoxLayout& column, const WindowTexts& texts);
-  void finish();
+  void handleClosed();
 
   WindowContents contents_;
   Subscription textsChanged_;
-  std::function<void()> completion_;
+  std::function<void()> closed_;
   std::unique_ptr<QDialog> dialog_;
   QWidget* page_ = nullptr;  // owned by the dialog
 };

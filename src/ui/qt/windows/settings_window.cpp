@@ -27,9 +27,7 @@ void makeHeading(QLabel& label) {
 
 // The widgets are members and outlive the layouts; on destruction each leaves its parent before the window ends.
 QtSettingsWindow::QtSettingsWindow(WindowContents contents)
-    : contents_(std::move(contents)),
-      language_(contents_.chooseLanguage),
-      findings_(contents_.findings, FindingsView::Shows::everything) {
+    : contents_(std::move(contents)), language_(contents_.chooseLanguage), findings_(contents_.watchFindings) {
   build();
   arrange();
   connectButtons();
