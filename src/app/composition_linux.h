@@ -1,6 +1,9 @@
 #pragma once
 
 #include <memory>
+#include <optional>
+
+#include "app/single_instance.h"
 
 class QApplication;
 
@@ -12,16 +15,6 @@ class Log;
 /// application object and the end of its X connection. Main thread.
 class CompositionLinux {
  public:
-  enum class State {
-    ready,
-    /// The toolkit has no X connection.
-    withoutDisplay,
-    /// Another instance runs in this session and has shown its settings.
-    handedOver,
-    /// Another instance runs in this session and does not answer; logged.
-    blocked,
-  };
-
   /// Imports settings and document of the predecessor; the first action of the process.
   static void runLegacyMigration(Log& log);
 
@@ -31,8 +24,9 @@ class CompositionLinux {
   CompositionLinux(const CompositionLinux&) = delete;
   CompositionLinux& operator=(const CompositionLinux&) = delete;
 
-  State state() const { return state_; }
-  // The following only in state `ready`.
+  /// Whether the program may run; nothing when the toolkit has no X connection.
+  std::optional<SingleInstance::Start> claimedStart() const { return start_; }
+  // The following only after `SingleInstance::Start::first`.
   void start();
   /// Releases grabs and claims; once, at the end of the program.
   void terminate();
@@ -43,7 +37,7 @@ class CompositionLinux {
   struct Presence;
   struct Running;
 
-  State state_ = State::withoutDisplay;
+  std::optional<SingleInstance::Start> start_;
   std::unique_ptr<Presence> presence_;
   std::unique_ptr<Running> running_;
 };

@@ -22,6 +22,7 @@
 namespace {
 
 using rondora::CompositionLinux;
+using rondora::SingleInstance;
 
 constexpr int kFailure = 1;
 
@@ -69,16 +70,18 @@ int takeOverEndSignals() {
 
 /// The exit status when the program cannot or need not run.
 std::optional<int> reasonNotToRun(const CompositionLinux& composition) {
-  switch (composition.state()) {
-    case CompositionLinux::State::withoutDisplay:
-      std::fputs("rondora: the toolkit does not run on X11\n", stderr);
+  const auto start = composition.claimedStart();
+  if (!start) {
+    std::fputs("rondora: the toolkit does not run on X11\n", stderr);
+    return kFailure;
+  }
+  switch (*start) {
+    case SingleInstance::Start::unanswered:  // which is logged
       return kFailure;
-    case CompositionLinux::State::blocked:
-      return kFailure;
-    case CompositionLinux::State::handedOver:
+    case SingleInstance::Start::handedOver:
       std::puts("rondora: already running; its settings are open");
       return EXIT_SUCCESS;
-    case CompositionLinux::State::ready:
+    case SingleInstance::Start::first:
       break;
   }
   return std::nullopt;

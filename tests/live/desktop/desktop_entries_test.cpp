@@ -60,7 +60,7 @@ TEST(InstalledApplicationsTest, ReportsAddedAndRemovedEntries) {
   InstalledApplications installed(environment);
   installed.warmUp();
   bool isReported = false;
-  installed.onChanged = [&isReported] { isReported = true; };
+  const Subscription observer = installed.onChanged([&isReported] { isReported = true; });
   const auto waitUntil = [](const auto& condition) {
     return live::waitUntil([&] {
       g_main_context_iteration(nullptr, FALSE);

@@ -137,7 +137,7 @@ const DesktopEntries::Index& DesktopEntries::index() const {
 void DesktopEntries::forget() {
   index_.reset();
   ++version_;
-  if (onChanged) onChanged();
+  changed_.send();
 }
 
 GDesktopAppInfo* DesktopEntries::find(std::string_view id) const {

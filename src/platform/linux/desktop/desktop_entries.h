@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/observable.h"
 #include "platform/linux/application_catalogue.h"
 
 typedef struct _GDesktopAppInfo GDesktopAppInfo;
@@ -29,9 +30,11 @@ class DesktopEntries {
 
   /// Changes with the entries and with the file-type associations.
   unsigned version() const { return version_; }
-  /// Called after such a change; may be empty. GLib also reports changes directly in ~/.config, and is then silent
-  /// until the entries are read again.
-  std::function<void()> onChanged;
+  /// Reports such changes. GLib also reports changes directly in ~/.config, and is then silent until the entries are
+  /// read again.
+  [[nodiscard]] Subscription onChanged(std::function<void()> observer) const {
+    return changed_.subscribe(std::move(observer));
+  }
 
   bool contains(std::string_view id) const { return find(id) != nullptr; }
   /// Valid until the entries are read again; null when there is none.
@@ -54,6 +57,7 @@ class DesktopEntries {
 
   mutable std::unique_ptr<Index> index_;
   unsigned version_ = 0;
+  Signal<> changed_;
   std::unique_ptr<Monitor> monitor_;
 };
 

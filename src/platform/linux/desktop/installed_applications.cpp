@@ -20,11 +20,7 @@ ApplicationIconSource iconSourceOf(GIcon* icon) {
 }  // namespace
 
 InstalledApplications::InstalledApplications(const ProcessEnvironment& environment)
-    : defaults_(entries_, environment), urlHandlers_(defaults_) {
-  entries_.onChanged = [this] {
-    if (onChanged) onChanged();
-  };
-}
+    : defaults_(entries_, environment), urlHandlers_(defaults_) {}
 
 void InstalledApplications::warmUp() const {
   entries_.warmUp();

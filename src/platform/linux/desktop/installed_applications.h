@@ -19,9 +19,10 @@ class InstalledApplications final : public ApplicationCatalogue {
 
   /// Fills the caches that the first look-up would wait for; call it while idle after start-up.
   void warmUp() const;
-  /// Called when applications or file-type associations may have changed; the next look-up reads them again. May be
-  /// empty.
-  std::function<void()> onChanged;
+  /// Reports that applications or file-type associations may have changed; the next look-up reads them again.
+  [[nodiscard]] Subscription onChanged(std::function<void()> observer) const {
+    return entries_.onChanged(std::move(observer));
+  }
 
   std::optional<std::string> identify(const WindowIdentity& window) const override;
   std::string resolve(std::string_view bundleIdentifier) const override;

@@ -4,6 +4,11 @@
 #include <utility>
 
 namespace rondora::x11 {
+namespace {
+
+constexpr std::chrono::seconds kMaxHandover{1};
+
+}  // namespace
 
 ClipboardHandover::ClipboardHandover(X11Connection& connection)
     : connection_(connection), clipboard_(connection.atom("CLIPBOARD")) {}
@@ -57,6 +62,11 @@ void ClipboardHandover::destroyWindow() {
   if (window_ == XCB_WINDOW_NONE) return;
   xcb_destroy_window(connection_.get(), std::exchange(window_, XCB_WINDOW_NONE));
   connection_.flush();
+}
+
+void handOverClipboard(X11Connection& connection, const HandleEventsUntil& handleEventsUntil) {
+  ClipboardHandover handover(connection);
+  if (handover.begin()) handleEventsUntil([&handover] { return handover.hasEnded(); }, kMaxHandover);
 }
 
 }  // namespace rondora::x11

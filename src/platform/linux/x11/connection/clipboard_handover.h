@@ -2,6 +2,9 @@
 
 #include <xcb/xcb.h>
 
+#include <chrono>
+#include <functional>
+
 #include "base/observable.h"
 #include "platform/linux/x11/connection/x11_connection.h"
 
@@ -35,5 +38,12 @@ class ClipboardHandover {
   bool isRefused_ = false;
   Subscription eventHandler_;
 };
+
+/// Handles events until the condition holds; false when the limit expires first.
+using HandleEventsUntil = std::function<bool(const std::function<bool()>& condition, std::chrono::milliseconds limit)>;
+
+/// Hands the clipboard over and waits for the end, one second at most: a manager that hangs must not keep the program
+/// from ending.
+void handOverClipboard(X11Connection& connection, const HandleEventsUntil& handleEventsUntil);
 
 }  // namespace rondora::x11
