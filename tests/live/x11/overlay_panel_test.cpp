@@ -1,8 +1,10 @@
 #include <xcb/shape.h>
 #include <xcb/xtest.h>
 
+#include <chrono>
 #include <map>
 #include <optional>
+#include <thread>
 #include <utility>
 
 #include "desktop/x_reply.h"
@@ -148,6 +150,18 @@ TEST_F(OverlayPanelTest, WaitsForAKeyboardThatAnotherClientHolds) {
   user_.tap(key::q);
   EXPECT_THAT(keysSeen(), ElementsAre("down q", "up q"));
   EXPECT_EQ(sink_.lost, 0);
+}
+
+TEST_F(OverlayPanelTest, GrabsAtOnceAfterAYoungerGrabOfAnotherClient) {
+  auto panel = openPanel();
+  user_.tap(key::q);
+  EXPECT_THAT(keysSeen(), ElementsAre("down q", "up q"));
+  panel.reset();
+  std::this_thread::sleep_for(std::chrono::milliseconds(5));  // the server counts milliseconds
+  ASSERT_TRUE(other_.grabKeyboard());
+  other_.ungrab();
+  panel = openPanel();
+  EXPECT_FALSE(other_.keyboardIsFree());
 }
 
 TEST_F(OverlayPanelTest, WaitsForAPointerThatAnotherClientHolds) {

@@ -46,7 +46,8 @@ void X11InputGrab::take(InputGrabSink& sink) {
 }
 
 // All requests go out, behind those already queued, before the first reply is awaited. The pointer is queried after its
-// grab: motion before that went to another client.
+// grab: motion before that went to another client. The time is too old when another client has grabbed since: the ring
+// was requested over the bus, say, by the program whose hotkey was pressed.
 void X11InputGrab::attempt(xcb_timestamp_t time) {
   ++attempts_;
   std::optional<xcb_grab_keyboard_cookie_t> keyboard;
@@ -62,19 +63,25 @@ void X11InputGrab::attempt(xcb_timestamp_t time) {
     place = xcb_query_pointer(connection, connection_.root());
   }
   connection_.flush();
-  if (keyboard) {
-    const Reply<xcb_grab_keyboard_reply_t> reply(xcb_grab_keyboard_reply(connection, *keyboard, nullptr));
-    hasKeyboard_ = reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
-  }
-  if (pointer) {
-    const Reply<xcb_grab_pointer_reply_t> reply(xcb_grab_pointer_reply(connection, *pointer, nullptr));
-    hasPointer_ = reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
-  }
+  bool isTimeTooOld = false;
+  const auto isGranted = [&isTimeTooOld](const auto& reply) {
+    isTimeTooOld = isTimeTooOld || (reply && reply->status == XCB_GRAB_STATUS_INVALID_TIME);
+    return reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
+  };
+  using KeyboardReply = Reply<xcb_grab_keyboard_reply_t>;
+  using PointerReply = Reply<xcb_grab_pointer_reply_t>;
+  if (keyboard) hasKeyboard_ = isGranted(KeyboardReply(xcb_grab_keyboard_reply(connection, *keyboard, nullptr)));
+  if (pointer) hasPointer_ = isGranted(PointerReply(xcb_grab_pointer_reply(connection, *pointer, nullptr)));
+  const bool isPointerNew = pointer && hasPointer_;
   trace::line("grab: attempt ", attempts_, " keyboard ", hasKeyboard_, " pointer ", hasPointer_);
-  if (!hasKeyboard_ || !hasPointer_) retryLater();
+  if (isTimeTooOld && time != XCB_CURRENT_TIME) {
+    attempt(XCB_CURRENT_TIME);
+  } else if (!hasKeyboard_ || !hasPointer_) {
+    retryLater();
+  }
   if (!pointer) return;
   const Reply<xcb_query_pointer_reply_t> reply(xcb_query_pointer_reply(connection, place, nullptr));
-  if (reply && hasPointer_) sink_->grabbedPointerMoved(reply->root_x, reply->root_y);
+  if (reply && isPointerNew) sink_->grabbedPointerMoved(reply->root_x, reply->root_y);
 }
 
 void X11InputGrab::retryLater() {
