@@ -3,16 +3,17 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "platform/picture_codec.h"
+
 namespace rondora {
 namespace {
 
 using namespace std::string_view_literals;
 
-constexpr std::uint32_t kMaxSide = 1024;
+constexpr std::uint32_t kMaxSide = PictureCodec::kMaxSide;
 constexpr std::string_view kPngSignature = "\x89PNG\r\n\x1a\n"sv;
 constexpr std::string_view kIcoSignature = "\0\0\1\0"sv;
 constexpr std::string_view kCursorSignature = "\0\0\2\0"sv;  // otherwise like an ICO
-constexpr std::size_t kMaxPictures = 64;                     // in one ICO
 constexpr std::size_t kChunkFrame = 12;                      // length, type and check sum
 
 std::uint32_t byteAt(std::string_view bytes, std::size_t at) { return static_cast<unsigned char>(bytes[at]); }
@@ -48,7 +49,7 @@ bool isPlausibleIco(std::string_view ico) {
   constexpr std::size_t kOffset = 12;
   if (ico.size() < kHeader) return true;
   const std::size_t count = byteAt(ico, 4) | byteAt(ico, 5) << 8;
-  if (count > kMaxPictures) return false;
+  if (count > PictureCodec::kMaxPictures) return false;
   for (std::size_t i = 0; i < count && ico.size() >= kHeader + (i + 1) * kEntry; ++i) {
     const std::size_t offset = littleEndian32(ico, kHeader + i * kEntry + kOffset);
     const std::string_view embedded = ico.substr(offset < ico.size() ? offset : ico.size());

@@ -10,23 +10,14 @@ namespace rondora {
 
 namespace {
 
-constexpr int kMaxSide = 1024;
-constexpr int kMaxPictures = 64;
-
 /// Formats whose size is known before decoding.
 bool isPixelFormat(const QByteArray& format) {
   constexpr std::array kFormats = {"png", "jpeg", "gif", "ico", "bmp", "webp"};
   return std::find(kFormats.begin(), kFormats.end(), format) != kFormats.end();
 }
 
-bool isSensible(QSize size) { return !size.isEmpty() && size.width() <= kMaxSide && size.height() <= kMaxSide; }
-
-/// Prefers the smallest that is large enough, otherwise the largest.
-bool isMoreFitting(QSize a, QSize b, int side) {
-  const bool aSuffices = a.width() >= side;
-  const bool bSuffices = b.width() >= side;
-  if (aSuffices != bSuffices) return aSuffices;
-  return aSuffices ? a.width() < b.width() : a.width() > b.width();
+bool isWithinLimits(QSize size) {
+  return !size.isEmpty() && size.width() <= PictureCodec::kMaxSide && size.height() <= PictureCodec::kMaxSide;
 }
 
 QImage readMostFitting(QImageReader& reader, int side) {
@@ -35,14 +26,14 @@ QImage readMostFitting(QImageReader& reader, int side) {
   int best = 0;
   QSize bestSize = reader.size();
   // Of the other formats only animations hold several pictures.
-  const int count = format == "ico" ? std::min(reader.imageCount(), kMaxPictures) : 1;
+  const int count = format == "ico" ? std::min(reader.imageCount(), PictureCodec::kMaxPictures) : 1;
   for (int i = 1; i < count && reader.jumpToImage(i); ++i) {
     const QSize size = reader.size();
-    if (!isSensible(size) || !isMoreFitting(size, bestSize, side)) continue;
+    if (!isWithinLimits(size) || !PictureCodec::isBetterFit(size.width(), bestSize.width(), side)) continue;
     best = i;
     bestSize = size;
   }
-  if (!isSensible(bestSize)) return {};
+  if (!isWithinLimits(bestSize)) return {};
   if (best > 0 || count > 1) reader.jumpToImage(best);
   return reader.read();
 }
