@@ -9,6 +9,9 @@ namespace rondora {
 
 /// Stands for a symbol that no system knows.
 inline constexpr std::string_view kNeutralSymbolName = "app";
+/// Stand for an application without an icon and for a web site without a picture.
+inline constexpr std::string_view kApplicationSymbolName = "macwindow";
+inline constexpr std::string_view kSiteSymbolName = "globe";
 
 /// The names under which a shell looks a system symbol up, in order: its own, the same with or without its ".fill"
 /// ending, the neutral one.

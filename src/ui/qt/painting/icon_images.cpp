@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QIcon>
 
+#include "model/symbol_name.h"
 #include "platform/qt/qt_text.h"
 #include "ui/qt/painting/application_icon_images.h"
 #include "ui/qt/painting/emoji_images.h"
@@ -17,8 +18,6 @@ namespace {
 
 /// Far more than a document's menus show; beyond it the cache starts over.
 constexpr qsizetype kMaxCached = 1024;
-constexpr std::string_view kNeutralApplication = "window";
-constexpr std::string_view kSiteWithoutPicture = "globe";
 
 /// Identifies the file's present content.
 QString versionOf(const QString& file) {
@@ -61,7 +60,7 @@ IconCommand IconImages::withFile(const IconCommand& icon) const {
     command.name = file->string();
   } else {
     command.kind = IconKind::symbol;
-    command.name = kSiteWithoutPicture;
+    command.name = kSiteSymbolName;
   }
   return command;
 }
@@ -109,7 +108,7 @@ IconImages::Found IconImages::makeApplication(const IconCommand& icon, int side)
     const QImage image = source ? applicationIconImage(*source, side) : QImage();
     if (!image.isNull()) return {image, true};
   }
-  return {embeddedSymbolImage(kNeutralApplication, side, icon.tint), false};
+  return {symbolImage(kApplicationSymbolName, side, icon.tint), false};
 }
 
 }  // namespace rondora

@@ -31,8 +31,7 @@ void tintOpaqueParts(QImage& image, Color tint) {
   painter.fillRect(image.rect(), toQColor(tint));
 }
 
-}  // namespace
-
+/// The embedded picture of that base name; a null image when it is missing.
 QImage embeddedSymbolImage(std::string_view file, int side, Color tint) {
   initializeSymbols();
   QSvgRenderer renderer(":/symbols/" + toQString(file) + ".svg");
@@ -46,6 +45,8 @@ QImage embeddedSymbolImage(std::string_view file, int side, Color tint) {
   tintOpaqueParts(image, tint);
   return image;
 }
+
+}  // namespace
 
 QImage symbolImage(std::string_view name, int side, Color tint) {
   for (const std::string& candidate : symbolCandidates(name)) {

@@ -10,7 +10,4 @@ namespace rondora {
 /// The system symbol in `tint`, `side` pixels high and wide. An unknown name gives a neutral symbol.
 QImage symbolImage(std::string_view name, int side, Color tint);
 
-/// The embedded picture of that base name; a null image when it is missing.
-QImage embeddedSymbolImage(std::string_view file, int side, Color tint);
-
 }  // namespace rondora
