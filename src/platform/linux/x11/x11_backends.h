@@ -22,7 +22,7 @@
 
 namespace rondora::x11 {
 
-/// The backends of one X connection, in the order in which they need each other. The overlay panels are not among them:
+/// The backends of one X connection, in order of dependency. The overlay panels are not among them:
 /// they need a rasterizer, which in turn uses `applicationIcons`. Main thread.
 struct X11Backends {
   /// Handle, queue and applications must outlive this object; the owner of the handle passes every event to
