@@ -31,6 +31,7 @@ function(rondora_library name)
   endif()
 endfunction()
 
+add_custom_target(unit_tests)
 # rondora_unit_test(name SOURCES a_test.cpp ... LINKS target ...): one GoogleTest program of the "unit" tests.
 function(rondora_unit_test name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS")
@@ -40,4 +41,5 @@ function(rondora_unit_test name)
   target_compile_definitions(${name} PRIVATE RONDORA_FIXTURES="${CMAKE_SOURCE_DIR}/tests/fixtures")
   add_test(NAME unit.${name} COMMAND ${name})
   set_tests_properties(unit.${name} PROPERTIES LABELS unit TIMEOUT 300)
+  add_dependencies(unit_tests ${name})
 endfunction()

@@ -29,7 +29,7 @@ TEST_F(KeystrokeSenderTest, PressesHoldsAndReleasesOneKey) {
   sender_.perform(8, kCommand, desktop_.workspace.start("org.example.editor").processIdentifier);
   const auto& posted = desktop_.keyEvents.posted;
   ASSERT_EQ(posted.size(), 2U);
-  for (const std::size_t i : {0, 1}) {
+  for (const std::size_t i : {0U, 1U}) {
     EXPECT_EQ(posted[i].event, (SyntheticKeyEvent{KeyEventSourceState::privateState, 8, i == 0, 0x100000}));
     EXPECT_EQ(posted[i].tap, KeyEventTap::session);
   }
