@@ -1,6 +1,7 @@
 #include "app/status_menu.h"
 
 #include <cstddef>
+#include <utility>
 
 #include "base/program_identity.h"
 
@@ -57,7 +58,8 @@ std::optional<std::string> StatusMenu::visibilityProblem() const {
 }
 
 Subscription StatusMenu::onVisibilityChanged(std::function<void()> observer) {
-  return statusItemWatch_ ? statusItemWatch_->onChanged(std::move(observer)) : Subscription();
+  if (!statusItemWatch_) return {};
+  return statusItemWatch_->onChanged(std::move(observer));
 }
 
 }  // namespace rondora

@@ -42,9 +42,9 @@ SECTIONS = [
      "sectors; of `decode`, `bareParse` and `encode` that of menus of 36 items, 0 being the first-run document.",
      r"^core\."),
     ("Drawing",
-     "Google Benchmark, as above; a ring of eight. The number is the percentage of pixels a point.", r"^drawing\."),
+     "Google Benchmark, as above; a ring of eight. The number is the percentage of pixels per point.", r"^drawing\."),
     ("What costs grow with", "An opening without animation under picom, until it is complete; the other three are as "
-     "usual (8 items, 2 menus, 1 monitor, 1 pixel a point). `menus` have eight items each.", r"^law\."),
+     "usual (8 items, 2 menus, 1 monitor, 1 pixel per point). `menus` have eight items each.", r"^law\."),
 ]
 
 

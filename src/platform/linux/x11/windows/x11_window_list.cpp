@@ -72,6 +72,7 @@ std::vector<WindowListEntry> X11WindowList::windows() const {
   };
   std::ranges::stable_sort(windows, {}, depth);
   std::vector<WindowOwners::Owned> owned;
+  owned.reserve(windows.size());
   for (const WindowInfo& window : windows) {
     owned.push_back({window.window, workspace_.processIdentifierOf(window)});
   }
