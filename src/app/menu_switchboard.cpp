@@ -96,6 +96,7 @@ void MenuSwitchboard::stepHighlight() {
 void MenuSwitchboard::show(const PieMenu& menu, const HotkeyConfig& triggerHotkey,
                            std::optional<PieMenuWindowController::AppCommands> appCommands) {
   showsRunningApps_ = menu.kind == PieMenuKind::runningApps;
+  services_.windows.closePopups();
   pieMenuWindow_.show(menu, itemsOverride(menu), repeats(triggerHotkey) ? std::optional(triggerHotkey) : std::nullopt,
                       std::move(appCommands));
   if (triggerHotkey.hasModifiers()) armModifierReleaseDismissal(triggerHotkey);

@@ -62,6 +62,8 @@ class Windows {
   virtual std::unique_ptr<SettingsWindow> makeSettingsWindow() = 0;
   virtual std::unique_ptr<OnboardingWindow> makeOnboardingWindow() = 0;
   virtual std::unique_ptr<SnippetPreviewPopover> makeSnippetPreviewPopover() = 0;
+  /// Closes the program's open menus and lists, which hold keyboard and pointer.
+  virtual void closePopups() = 0;
 };
 
 }  // namespace rondora

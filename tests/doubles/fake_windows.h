@@ -24,6 +24,7 @@ class FakeWindows final : public Windows {
   std::unique_ptr<SnippetPreviewPopover> makeSnippetPreviewPopover() override {
     return std::make_unique<FakePopover>(*this);
   }
+  void closePopups() override {}
 
   /// Closes the window, as the user or the program does; no effect when it is not visible. The call may destroy it.
   void closeOnboarding() {

@@ -61,6 +61,11 @@ class EndToEndTest : public testing::Test {
     program_->settledPicture();
     return testing::AssertionSuccess();
   }
+  /// Another program triggers a menu: the reply, nothing on an error.
+  std::optional<std::string> trigger(const std::string& menuId) {
+    return desktop_.outputOf({"gdbus", "call", "--session", "--dest", "io.github.rondora.Rondora", "--object-path",
+                              "/io/github/rondora/Rondora", "--method", "io.github.rondora.Rondora.Trigger", menuId});
+  }
   /// Moves the pointer relative to the centre of the ring.
   void pointTo(int right, int down) { client_.movePointer({kSomewhere.x + right, kSomewhere.y + down}); }
   /// Opens the ring, points and releases the chord.

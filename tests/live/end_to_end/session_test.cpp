@@ -16,11 +16,6 @@ class SessionTest : public EndToEndTest {
     if (!waitUntil([&] { return !second->isRunning(); })) return std::nullopt;
     return second->wait();
   }
-  /// The reply to another program; nothing on an error.
-  std::optional<std::string> trigger(const std::string& menuId) {
-    return desktop_.outputOf({"gdbus", "call", "--session", "--dest", "io.github.rondora.Rondora", "--object-path",
-                              "/io/github/rondora/Rondora", "--method", "io.github.rondora.Rondora.Trigger", menuId});
-  }
 };
 
 TEST_F(SessionTest, SecondStartShowsTheSettingsOfTheFirst) {

@@ -69,20 +69,23 @@ class TrayTest : public EndToEndTest {
   TrayTest() : EndToEndTest({WindowManager::openbox, Compositor::picom, Tray::none}) {}
 
   void startIn(const std::string& language) {
-    Document configuration = document({menu("Main", kControlAltSpace, snippetItems("Main", 4))});
+    Document configuration = document({main_});
     configuration["language"] = language;
     start(configuration);
   }
 
   std::optional<Area> icon() { return client_.trayIconOf(program_->pid()); }
   enum class Entry { settings, quit };
-  /// Opens the icon's menu and clicks the entry.
-  void chooseFromIcon(std::uint8_t button, Entry entry) {
+  void openIconMenu(std::uint8_t button) {
     ASSERT_TRUE(waitUntil([&] { return icon().has_value(); }));
     const Area place = *icon();
     client_.movePointer({place.x + place.width / 2, place.y + place.height / 2});
     client_.click(button);
     ASSERT_TRUE(waitUntil([&] { return !program_->popups().empty(); }));
+  }
+  /// Opens the icon's menu and clicks the entry.
+  void chooseFromIcon(std::uint8_t button, Entry entry) {
+    ASSERT_NO_FATAL_FAILURE(openIconMenu(button));
     const Area menu = program_->popups().front().area;
     const int quarters = entry == Entry::settings ? 1 : 3;
     client_.movePointer({menu.x + menu.width / 2, menu.y + menu.height * quarters / 4});
@@ -95,6 +98,8 @@ class TrayTest : public EndToEndTest {
       return line.starts_with("error: status item not visible: ");
     }));
   }
+
+  const Document main_ = menu("Main", kControlAltSpace, snippetItems("Main", 4), -45);
 };
 
 TEST_F(TrayTest, FollowsTraysThatAppearAndVanish) {
@@ -114,6 +119,19 @@ TEST_F(TrayTest, FollowsTraysThatAppearAndVanish) {
   tray = desktop_.startTray();
   chooseFromIcon(XCB_BUTTON_INDEX_3, Entry::quit);
   EXPECT_EQ(program_->waitForExit(), 0);
+}
+
+TEST_F(TrayTest, RingTakesKeyboardAndPointerFromTheIconsMenu) {
+  const auto tray = desktop_.startTray();
+  startIn("en");
+  ASSERT_NO_FATAL_FAILURE(openIconMenu(XCB_BUTTON_INDEX_3));
+  ASSERT_TRUE(trigger(main_["id"]));
+  ASSERT_TRUE(program_->waitForRing());
+  EXPECT_EQ(program_->popups().size(), 1U);
+  client_.movePointer({client_.pointer().x, client_.pointer().y - kMiddleOfRing});
+  client_.click();
+  EXPECT_TRUE(waitForClipboard("Main 0"));
+  expectAtRest();
 }
 
 TEST_F(TrayTest, FollowsPanelsThatAppearAndVanish) {

@@ -16,6 +16,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::IsSupersetOf;
 
 constexpr Rect kFrame{{100, 100}, {200, 200}};
 constexpr Area kArea{100, 100, 200, 200};
@@ -64,6 +65,12 @@ class OverlayPanelTest : public X11Test {
     const Capture shown = capture({100, 100, 205, 205});
     return shown.at(110, 150) == SolidRasterizer::color(0) && shown.at(200, 150) == kCoverColor &&
            shown.at(302, 302) == kCoverColor;
+  }
+
+  /// The user presses or releases a mouse button.
+  void mouse(std::uint8_t type, std::uint8_t button) {
+    xcb_test_fake_input(user_.get(), type, button, XCB_CURRENT_TIME, user_.root(), 0, 0, 0);
+    user_.sync();
   }
 
   /// The overlay's window has a bounding shape.
@@ -164,23 +171,35 @@ TEST_F(OverlayPanelTest, GrabsAtOnceAfterAYoungerGrabOfAnotherClient) {
   EXPECT_FALSE(other_.keyboardIsFree());
 }
 
-TEST_F(OverlayPanelTest, WaitsForAPointerThatAnotherClientHolds) {
-  ASSERT_TRUE(other_.grabPointer());
+TEST_F(OverlayPanelTest, KeyboardAloneServesUntilThePointerIsFree) {
+  other_.cover({0, 0, 1280, 800});
+  user_.movePointer({400, 300});
+  mouse(XCB_BUTTON_PRESS, 1);  // a drag
   auto panel = openPanel();
+  EXPECT_FALSE(other_.keyboardIsFree());
   user_.movePointer({700, 500});
-  EXPECT_THAT(sink_.moves, IsEmpty());
-  other_.ungrab();
-  EXPECT_TRUE(eventually([&] { return !sink_.moves.empty(); }));
-  EXPECT_THAT(sink_.moves, ElementsAre(Point{600, 400}));
+  const auto isAt = [&](Point point) { return !sink_.moves.empty() && sink_.moves.back() == point; };
+  EXPECT_TRUE(eventually([&] { return isAt({600, 400}); }));
+  user_.movePointer({710, 510});
+  user_.tap(key::q);
+  EXPECT_THAT(keysSeen(), ElementsAre("down q", "up q"));
+  EXPECT_TRUE(isAt({610, 410})) << "the key has the pointer's position";
+  const double later = time_.uptime() + 1;
+  ASSERT_TRUE(eventually([&] { return time_.uptime() >= later; }));
+  EXPECT_EQ(sink_.lost, 0);
+  EXPECT_THAT(sink_.presses, IsEmpty());
+  mouse(XCB_BUTTON_RELEASE, 1);
+  EXPECT_THAT(other_.eventTypes(), IsSupersetOf({XCB_BUTTON_PRESS, XCB_BUTTON_RELEASE})) << "the drag is not ours";
+  ASSERT_TRUE(eventually([&] {
+    user_.click();
+    return !sink_.presses.empty();
+  }));
+  EXPECT_EQ(sink_.presses.front(), (Point{610, 410}));
   close(panel);
 
-  ASSERT_TRUE(other_.grabPointer());
+  ASSERT_TRUE(other_.grabPointer() && other_.grabKeyboard());
   panel = openPanel();
   ASSERT_TRUE(eventually([&] { return sink_.lost == 1; }));
-  drain();
-  EXPECT_TRUE(other_.keyboardIsFree());
-  close(panel);
-  EXPECT_EQ(sink_.lost, 1);
 }
 
 TEST_F(OverlayPanelTest, ClosesWhileItWaitsAndBesideANewerPanel) {
@@ -203,23 +222,18 @@ TEST_F(OverlayPanelTest, WindowBeneathGetsNoPartOfAClick) {
   other_.cover({0, 0, 1280, 800});
   user_.movePointer({400, 300});
   auto panel = openPanel();
-  Bystander mouse(server_.display());
-  const auto button = [&](std::uint8_t type, std::uint8_t number) {
-    xcb_test_fake_input(mouse.get(), type, number, XCB_CURRENT_TIME, mouse.root(), 0, 0, 0);
-    mouse.sync();
-  };
-  button(XCB_BUTTON_PRESS, 4);
-  button(XCB_BUTTON_RELEASE, 4);
-  button(XCB_BUTTON_PRESS, 1);
+  mouse(XCB_BUTTON_PRESS, 4);
+  mouse(XCB_BUTTON_RELEASE, 4);
+  mouse(XCB_BUTTON_PRESS, 1);
   drain();
   EXPECT_THAT(sink_.presses, ElementsAre(Point{300, 200})) << "the wheel is no click";
   close(panel);
   EXPECT_FALSE(user_.nothingIsGrabbed());
-  button(XCB_BUTTON_RELEASE, 1);
+  mouse(XCB_BUTTON_RELEASE, 1);
   EXPECT_TRUE(eventually([&] { return user_.nothingIsGrabbed(); }));
   EXPECT_THAT(other_.eventTypes(), IsEmpty());
-  button(XCB_BUTTON_PRESS, 1);
-  button(XCB_BUTTON_RELEASE, 1);
+  mouse(XCB_BUTTON_PRESS, 1);
+  mouse(XCB_BUTTON_RELEASE, 1);
   EXPECT_THAT(other_.eventTypes(), ElementsAre(XCB_BUTTON_PRESS, XCB_BUTTON_RELEASE));
 }
 

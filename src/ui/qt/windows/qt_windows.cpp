@@ -1,5 +1,6 @@
 #include "ui/qt/windows/qt_windows.h"
 
+#include <QApplication>
 #include <utility>
 
 #include "ui/qt/windows/onboarding_window.h"
@@ -20,6 +21,12 @@ std::unique_ptr<OnboardingWindow> QtWindows::makeOnboardingWindow() {
 
 std::unique_ptr<SnippetPreviewPopover> QtWindows::makeSnippetPreviewPopover() {
   return std::make_unique<QtSnippetPreviewPopover>();
+}
+
+void QtWindows::closePopups() {
+  while (QWidget* popup = QApplication::activePopupWidget()) {
+    if (!popup->close()) return;
+  }
 }
 
 }  // namespace rondora

@@ -17,6 +17,7 @@ class QtWindows : public Windows {
   std::unique_ptr<SettingsWindow> makeSettingsWindow() override;
   std::unique_ptr<OnboardingWindow> makeOnboardingWindow() override;
   std::unique_ptr<SnippetPreviewPopover> makeSnippetPreviewPopover() override;
+  void closePopups() override;
 
  private:
   Contents contents_;

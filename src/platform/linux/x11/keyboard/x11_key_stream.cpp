@@ -41,6 +41,11 @@ Subscription X11KeyStream::consume(KeyConsumer consumer, Callback callback) {
   return Subscription([&place] { place = nullptr; });
 }
 
+Subscription X11KeyStream::onPosition(std::function<void(PixelPosition)> observer) {
+  positionObserver_ = std::move(observer);
+  return Subscription([this] { positionObserver_ = nullptr; });
+}
+
 void X11KeyStream::beginOverlay() {
   trace::line("grab: the overlay takes keyboard and pointer");
   overlayHasKeyboard_ = true;
@@ -112,6 +117,7 @@ void X11KeyStream::note(const xcb_key_press_event_t& event) {
   latest_.state = event.state;
   latest_.time = event.time;
   latest_.pointer = {event.root_x, event.root_y};
+  if (overlayHasKeyboard_ && positionObserver_) positionObserver_(latest_.pointer);
 }
 
 X11Key X11KeyStream::latest(xcb_keycode_t code, KeyDirection direction) const {

@@ -31,6 +31,7 @@ enum class KeyTarget : std::uint8_t { hotkey, overlay, ownWindow };
 struct PixelPosition {
   int x = 0;
   int y = 0;
+  friend bool operator==(const PixelPosition&, const PixelPosition&) = default;
 };
 
 struct X11Key {
@@ -65,6 +66,10 @@ class X11KeyStream {
 
   /// One callback per consumer. Repeats and release of a key go first to the consumer that took its press.
   [[nodiscard]] Subscription consume(KeyConsumer consumer, Callback callback);
+
+  /// The observer receives the pointer's position at each key event of the overlay, before the consumers receive the
+  /// key.
+  [[nodiscard]] Subscription onPosition(std::function<void(PixelPosition)> observer);
 
   /// Call it just before the request that grabs the keyboard.
   void beginOverlay();
@@ -120,6 +125,7 @@ class X11KeyStream {
   /// Runs while events from before the ungrab may still arrive.
   Subscription settling_;
   std::array<Callback, kKeyConsumerCount> consumers_;
+  std::function<void(PixelPosition)> positionObserver_;
   Subscription eventHandler_;
 };
 

@@ -8,8 +8,8 @@
 namespace rondora::x11 {
 namespace {
 
-constexpr int kAttempts = 20;
-constexpr int kAttemptsWithPointer = 300;
+constexpr int kMaxAttempts = 20;
+constexpr int kMaxAttemptsWithPointer = 300;
 constexpr double kRetrySeconds = 0.01;
 
 constexpr std::uint16_t kPointerEvents =
@@ -28,6 +28,9 @@ bool isFocusOfGrab(const xcb_generic_event_t& event) {
 
 X11InputGrab::X11InputGrab(X11Connection& connection, X11KeyStream& keys, MainQueue& mainQueue)
     : connection_(connection), keys_(keys), mainQueue_(mainQueue) {
+  keyPositions_ = keys.onPosition([this](PixelPosition position) {
+    if (hasKeyboard_ && !hasPointer_) pointerAt(position);
+  });
   eventHandler_ = connection.addEventHandler([this](const xcb_generic_event_t& event) { return handleEvent(event); });
 }
 
@@ -37,62 +40,89 @@ X11InputGrab::~X11InputGrab() {
 }
 
 void X11InputGrab::take(InputGrabSink& sink) {
+  receive();
+  retry_.reset();
   sink_ = &sink;
   hasKeyboard_ = hasPointer_ = false;
   heldButtons_.reset();
+  polled_.reset();
   attempts_ = 0;
   keys_.beginOverlay();
-  attempt(connection_.lastEventTime());
+  send(connection_.lastEventTime());
+  Outcome outcome = receive();
+  if (outcome.isTimeTooOld) {
+    send(XCB_CURRENT_TIME);
+    outcome = receive();
+  }
+  follow(outcome);
 }
 
 // All requests go out, behind those already queued, before the first reply is awaited. The pointer is queried after its
-// grab: motion before that went to another client. The time is too old when another client has grabbed since: the ring
-// was requested over the bus, say, by the program whose hotkey was pressed.
-void X11InputGrab::attempt(xcb_timestamp_t time) {
-  ++attempts_;
-  std::optional<xcb_grab_keyboard_cookie_t> keyboard;
-  std::optional<xcb_grab_pointer_cookie_t> pointer;
-  xcb_query_pointer_cookie_t place{};
+// grab: motion before that went to another client.
+void X11InputGrab::send(xcb_timestamp_t time) {
   xcb_connection_t* connection = connection_.get();
+  ++attempts_;
+  attempt_ = Attempt{time};
   if (!hasKeyboard_) {
-    keyboard = xcb_grab_keyboard(connection, 0, connection_.root(), time, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+    attempt_->keyboard =
+        xcb_grab_keyboard(connection, 0, connection_.root(), time, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
   }
   if (!hasPointer_) {
-    pointer = xcb_grab_pointer(connection, 0, connection_.root(), kPointerEvents, XCB_GRAB_MODE_ASYNC,
-                               XCB_GRAB_MODE_ASYNC, XCB_WINDOW_NONE, cursor_, time);
-    place = xcb_query_pointer(connection, connection_.root());
+    attempt_->pointer = xcb_grab_pointer(connection, 0, connection_.root(), kPointerEvents, XCB_GRAB_MODE_ASYNC,
+                                         XCB_GRAB_MODE_ASYNC, XCB_WINDOW_NONE, cursor_, time);
   }
+  attempt_->place = xcb_query_pointer(connection, connection_.root());
   connection_.flush();
-  bool isTimeTooOld = false;
-  const auto isGranted = [&isTimeTooOld](const auto& reply) {
-    isTimeTooOld = isTimeTooOld || (reply && reply->status == XCB_GRAB_STATUS_INVALID_TIME);
+}
+
+// The time is too old when another client has grabbed since: the ring was requested over the bus, say, by the program
+// whose hotkey was pressed.
+X11InputGrab::Outcome X11InputGrab::receive() {
+  if (!attempt_) return {};
+  const Attempt attempt = *std::exchange(attempt_, std::nullopt);
+  xcb_connection_t* connection = connection_.get();
+  Outcome outcome;
+  const auto isGranted = [&outcome](const auto& reply) {
+    outcome.isTimeTooOld = outcome.isTimeTooOld || (reply && reply->status == XCB_GRAB_STATUS_INVALID_TIME);
     return reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
   };
   using KeyboardReply = Reply<xcb_grab_keyboard_reply_t>;
   using PointerReply = Reply<xcb_grab_pointer_reply_t>;
-  if (keyboard) hasKeyboard_ = isGranted(KeyboardReply(xcb_grab_keyboard_reply(connection, *keyboard, nullptr)));
-  if (pointer) hasPointer_ = isGranted(PointerReply(xcb_grab_pointer_reply(connection, *pointer, nullptr)));
-  const bool isPointerNew = pointer && hasPointer_;
-  trace::line("grab: attempt ", attempts_, " keyboard ", hasKeyboard_, " pointer ", hasPointer_);
-  if (isTimeTooOld && time != XCB_CURRENT_TIME) {
-    attempt(XCB_CURRENT_TIME);
-  } else if (!hasKeyboard_ || !hasPointer_) {
-    retryLater();
+  if (attempt.keyboard) {
+    hasKeyboard_ = isGranted(KeyboardReply(xcb_grab_keyboard_reply(connection, *attempt.keyboard, nullptr)));
   }
-  if (!pointer) return;
-  const Reply<xcb_query_pointer_reply_t> reply(xcb_query_pointer_reply(connection, place, nullptr));
-  if (reply && isPointerNew) sink_->grabbedPointerMoved(reply->root_x, reply->root_y);
+  if (attempt.pointer) {
+    hasPointer_ = isGranted(PointerReply(xcb_grab_pointer_reply(connection, *attempt.pointer, nullptr)));
+  }
+  const Reply<xcb_query_pointer_reply_t> place(xcb_query_pointer_reply(connection, attempt.place, nullptr));
+  if (place) outcome.pointer = {place->root_x, place->root_y};
+  trace::line("grab: attempt ", attempts_, " keyboard ", hasKeyboard_, " pointer ", hasPointer_);
+  return outcome;
 }
 
-void X11InputGrab::retryLater() {
-  retry_ = mainQueue_.workItem(kRetrySeconds, [this] { retry(); });
+void X11InputGrab::follow(const Outcome& outcome) {
+  if (hasKeyboard_ && hasPointer_) {
+    retry_.reset();
+  } else if (!retry_) {
+    retry_ = mainQueue_.timer(kRetrySeconds, 0, [this] { retry(); });
+  }
+  if (hasKeyboard_ && outcome.pointer) pointerAt(*outcome.pointer);
 }
 
 // With the current time: the competing grab may be younger than the event behind ours.
 void X11InputGrab::retry() {
-  if (attempts_ < (hasPointer_ ? kAttemptsWithPointer : kAttempts)) return attempt(XCB_CURRENT_TIME);
+  if (hasKeyboard_ || attempts_ < (hasPointer_ ? kMaxAttemptsWithPointer : kMaxAttempts)) {
+    send(XCB_CURRENT_TIME);
+    return follow(receive());
+  }
   ungrab();
   std::exchange(sink_, nullptr)->grabFailed();
+}
+
+void X11InputGrab::pointerAt(PixelPosition position) {
+  if (sink_ == nullptr || polled_ == position) return;
+  polled_ = position;
+  sink_->grabbedPointerMoved(position.x, position.y);
 }
 
 void X11InputGrab::release(const InputGrabSink& sink) {
@@ -102,6 +132,7 @@ void X11InputGrab::release(const InputGrabSink& sink) {
 }
 
 void X11InputGrab::ungrab() {
+  receive();
   retry_.reset();
   keys_.endOverlay();
   if (std::exchange(hasKeyboard_, false)) xcb_ungrab_keyboard(connection_.get(), XCB_CURRENT_TIME);
@@ -135,9 +166,11 @@ bool X11InputGrab::handleEvent(const xcb_generic_event_t& event) {
   if (pointer.event != connection_.root()) return false;
   if (type == XCB_BUTTON_RELEASE) {
     handleRelease(pointer.detail);
-  } else if (sink_ != nullptr && type == XCB_MOTION_NOTIFY) {
+  } else if (!hasKeyboard_) {
+    return true;
+  } else if (type == XCB_MOTION_NOTIFY) {
     sink_->grabbedPointerMoved(pointer.root_x, pointer.root_y);
-  } else if (sink_ != nullptr) {
+  } else {
     sink_->grabbedButtonPressed(pointer.root_x, pointer.root_y, pointer.detail);
   }
   return true;

@@ -3,6 +3,7 @@
 #include <xcb/xcb.h>
 
 #include <bitset>
+#include <optional>
 
 #include "base/observable.h"
 #include "platform/linux/x11/connection/x11_connection.h"
@@ -16,10 +17,11 @@ class InputGrabSink {
  public:
   virtual ~InputGrabSink() = default;
 
-  /// Also called once when the pointer has been grabbed, with its position.
+  /// Also called with the position that the pointer has when it is grabbed. While another client holds the pointer, its
+  /// motion is polled.
   virtual void grabbedPointerMoved(int x, int y) = 0;
   virtual void grabbedButtonPressed(int x, int y, xcb_button_t button) = 0;
-  /// Another client kept keyboard or pointer; nothing is grabbed any more.
+  /// Another client kept the keyboard; nothing is grabbed any more.
   virtual void grabFailed() = 0;
 };
 
@@ -30,9 +32,10 @@ class X11InputGrab {
   X11InputGrab(X11Connection& connection, X11KeyStream& keys, MainQueue& mainQueue);
   ~X11InputGrab();
 
-  /// Replaces an earlier sink. The first attempt names the time of the last event. While another client holds one of
-  /// the two, retries for about 0.2 s before `grabFailed`; for about 3 s when only the keyboard is missing, because the
-  /// key of another client's hotkey ends that client's grab when it is released.
+  /// Replaces an earlier sink. The first attempt names the time of the last event. The keyboard alone is enough: the
+  /// pointer, which another client holds while it drags or selects, is taken as soon as it is free. While the keyboard
+  /// is missing, retries for about 0.2 s before `grabFailed`; for about 3 s when the pointer is not missing, because
+  /// the key of another client's hotkey ends that client's grab when it is released.
   void take(InputGrabSink& sink);
   /// Does nothing when `sink` no longer has the grab. The pointer stays grabbed until all mouse buttons are up, so that
   /// no other window receives half a click.
@@ -41,9 +44,23 @@ class X11InputGrab {
   void setCursor(xcb_cursor_t cursor);
 
  private:
-  void attempt(xcb_timestamp_t time);
-  void retryLater();
+  /// The requests of one attempt. Those for what is already held are missing.
+  struct Attempt {
+    xcb_timestamp_t time = XCB_CURRENT_TIME;
+    std::optional<xcb_grab_keyboard_cookie_t> keyboard;
+    std::optional<xcb_grab_pointer_cookie_t> pointer;
+    xcb_query_pointer_cookie_t place{};
+  };
+  struct Outcome {
+    bool isTimeTooOld = false;
+    std::optional<PixelPosition> pointer;
+  };
+
+  void send(xcb_timestamp_t time);
+  Outcome receive();
+  void follow(const Outcome& outcome);
   void retry();
+  void pointerAt(PixelPosition position);
   void ungrab();
   void ungrabPointer();
   bool handleEvent(const xcb_generic_event_t& event);
@@ -57,9 +74,15 @@ class X11InputGrab {
   bool hasKeyboard_ = false;
   bool hasPointer_ = false;
   int attempts_ = 0;
+  /// Its replies have not been read.
+  std::optional<Attempt> attempt_;
+  /// The position last reported while another client holds the pointer.
+  std::optional<PixelPosition> polled_;
+  /// Runs until keyboard and pointer are held.
   Subscription retry_;
   /// Buttons that must go up before the pointer is ungrabbed.
   std::bitset<256> heldButtons_;
+  Subscription keyPositions_;
   Subscription eventHandler_;
 };
 
