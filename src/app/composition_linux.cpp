@@ -23,6 +23,7 @@
 #include "platform/posix/posix_file_system.h"
 #include "platform/posix/posix_process_environment.h"
 #include "platform/posix/serial_thread.h"
+#include "platform/qt/bus_session_events.h"
 #include "platform/qt/event_turns.h"
 #include "platform/qt/qt_application_shell.h"
 #include "platform/qt/qt_main_queue.h"
@@ -74,6 +75,7 @@ struct CompositionLinux::Running {
   desktop::NoSpaceShortcuts spaceShortcuts;
   QtMainQueue mainQueue;
   QtApplicationShell shell;
+  BusSessionEvents sessionEvents{QDBusConnection::systemBus(), QDBusConnection::sessionBus()};
   QtPasteboard pasteboard;
   QtNetworkFetch network;
   QtPictureCodec pictureCodec;
@@ -115,6 +117,7 @@ Platform CompositionLinux::Running::platform() {
       .statusBar = statusBar,
       .windows = windows,
       .shell = shell,
+      .sessionEvents = sessionEvents,
       .workspace = display.workspace,
       .pasteboard = pasteboard,
       .permissionService = display.permissions,

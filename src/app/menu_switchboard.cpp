@@ -99,6 +99,8 @@ void MenuSwitchboard::show(const PieMenu& menu, const HotkeyConfig& triggerHotke
   services_.windows.closePopups();
   pieMenuWindow_.show(menu, itemsOverride(menu), repeats(triggerHotkey) ? std::optional(triggerHotkey) : std::nullopt,
                       std::move(appCommands));
+  pieMenuWindow_.hideWhenIdle(
+      weakSelf_.bind([triggerHotkey](MenuSwitchboard& self) { return self.holdsAnyKeyOf(triggerHotkey); }));
   if (triggerHotkey.hasModifiers()) armModifierReleaseDismissal(triggerHotkey);
 }
 
@@ -161,6 +163,13 @@ bool MenuSwitchboard::holdsModifiers(const HotkeyConfig& hotkey) const {
   return allHeld(services_.eventMonitors.currentModifierFlags(), CarbonModifiers::eventFlags(hotkey.carbonModifiers));
 }
 
+/// The release of a trigger without modifiers closes its menu, so it is held while the menu is open.
+bool MenuSwitchboard::holdsAnyKeyOf(const HotkeyConfig& trigger) const {
+  if (!trigger.isAssigned() || !trigger.hasModifiers()) return trigger.isAssigned();
+  const std::uint64_t modifiers = CarbonModifiers::eventFlags(trigger.carbonModifiers);
+  return (services_.eventMonitors.currentModifierFlags() & modifiers) != 0;
+}
+
 void MenuSwitchboard::appCommandsResolved(const AppCommandsRequest& request, std::vector<PieSubAction> commands) {
   if (pendingAppCommandsToken_ != request.token) return;
   pendingAppCommandsToken_.reset();
@@ -179,6 +188,12 @@ void MenuSwitchboard::appCommandsResolved(const AppCommandsRequest& request, std
 void MenuSwitchboard::prefetchAppCommands(const RunningApplication& application) {
   if (!prefetchesAppCommands(configuration(), application, services_.environment.bundleIdentifier())) return;
   services_.subActions.prefetch(application);
+}
+
+void MenuSwitchboard::dismiss() {
+  pendingAppCommandsToken_.reset();
+  pieMenuWindow_.hide();
+  previousApp_.reset();
 }
 
 void MenuSwitchboard::dismissRunningAppsMenuIfDisabled() {

@@ -59,6 +59,8 @@ class MenuSwitchboard {
   void handleTrackpadGesture(std::int64_t fingerCount);
   /// Triggers a menu, with or without a hotkey, for another program.
   void handleRequest(const Uuid& menuId);
+  /// Closes the menu without a choice.
+  void dismiss();
   /// Closes a special menu that has been switched off in the document.
   void dismissRunningAppsMenuIfDisabled();
   void prefetchAppCommands(const RunningApplication& application);
@@ -96,6 +98,7 @@ class MenuSwitchboard {
   void showAppCommands(const PieMenu& menu, const HotkeyConfig& triggerHotkey);
   void appCommandsResolved(const AppCommandsRequest& request, std::vector<PieSubAction> commands);
   bool holdsModifiers(const HotkeyConfig& hotkey) const;
+  bool holdsAnyKeyOf(const HotkeyConfig& trigger) const;
   void armModifierReleaseDismissal(const HotkeyConfig& hotkey);
   void handleClickModeModifierChordReleased();
 

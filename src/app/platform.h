@@ -29,6 +29,7 @@
 #include "platform/random_source.h"
 #include "platform/screens.h"
 #include "platform/serial_queue.h"
+#include "platform/session_events.h"
 #include "platform/spaces.h"
 #include "platform/status_item.h"
 #include "platform/symbolic_hot_keys.h"
@@ -64,6 +65,7 @@ struct Platform {
   StatusBar& statusBar;
   Windows& windows;
   ApplicationShell& shell;
+  SessionEvents& sessionEvents;
 
   Workspace& workspace;
   Pasteboard& pasteboard;

@@ -33,6 +33,7 @@ void Program::start() {
   if (platform_.onInstalledApplicationsChanged) {
     installedApplications_ = platform_.onInstalledApplicationsChanged(iconsChanged);
   }
+  lockOrSleep_ = platform_.sessionEvents.onLockOrSleep([this] { switchboard_.dismiss(); });
   delegate_.applicationDidFinishLaunching();
   platform_.instance.serve(sessionRequests());
   if (platform_.warmUp) platform_.mainQueue.async(platform_.warmUp);

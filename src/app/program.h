@@ -82,6 +82,7 @@ class Program {
   MenuSwitchboard switchboard_;
   AppDelegate delegate_;
   Subscription installedApplications_;
+  Subscription lockOrSleep_;
 };
 
 }  // namespace rondora

@@ -54,7 +54,7 @@ class OverlayPanelSink {
   virtual void pointerEntered() = 0;
   virtual void pointerExited() = 0;
   virtual void mouseDown(Point location) = 0;
-  /// The platform could not give the panel the keyboard and the pointer, or took them away for good.
+  /// The platform could not give the panel the keyboard, or took it away for good.
   virtual void panelLost() = 0;
 };
 
@@ -75,11 +75,13 @@ class OverlayPanel {
   /// Brings the changes to the screen.
   virtual void display() = 0;
 
-  /// Shows the panel above everything else, whichever application is active.
+  /// Shows the panel above everything else, whichever application is active. A panel that can become key may stay
+  /// invisible until it has the keyboard.
   virtual void orderFrontRegardless() = 0;
   /// Directs keyboard and pointer to the panel. Once it has the pointer, it reports the position as a move, at once or
   /// later: earlier motion went elsewhere.
   virtual void makeKey() = 0;
+  /// It was ordered front.
   virtual bool isVisible() const = 0;
   /// The current position of the pointer, outside the event stream.
   virtual Point mouseLocationOutsideOfEventStream() const = 0;

@@ -47,6 +47,7 @@ struct FakePlatform {
   FakeTrackpads trackpads;
   FakeStatusBar statusBar;
   FakeApplicationShell shell;
+  FakeSessionEvents session;
   FakePermissionService permissions;
 
   /// A queue whose work runs in virtual time, too.

@@ -10,6 +10,7 @@
 #include "platform/instance_channel.h"
 #include "platform/permission_service.h"
 #include "platform/process_environment.h"
+#include "platform/session_events.h"
 
 // The program's session: its shell, permissions and environment.
 
@@ -40,6 +41,17 @@ class FakeApplicationShell final : public ApplicationShell {
 
  private:
   Signal<> becameActive_;
+};
+
+class FakeSessionEvents final : public SessionEvents {
+ public:
+  [[nodiscard]] Subscription onLockOrSleep(std::function<void()> observer) override {
+    return lockOrSleep_.subscribe(std::move(observer));
+  }
+  void lock() const { lockOrSleep_.send(); }
+
+ private:
+  Signal<> lockOrSleep_;
 };
 
 class FakePermissionService final : public PermissionService {

@@ -106,6 +106,7 @@ void PrivateDesktop::startBus() {
   const auto isThere = [&] { return readFile(logFile("dbus-daemon")).find(address) != std::string::npos; };
   require(waitUntil(isThere), "the session bus");
   environment_["DBUS_SESSION_BUS_ADDRESS"] = address;
+  environment_["DBUS_SYSTEM_BUS_ADDRESS"] = address;
 }
 
 void PrivateDesktop::startParts(const DesktopParts& parts) {

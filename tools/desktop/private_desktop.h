@@ -25,7 +25,7 @@ struct DesktopParts {
   std::string screen = "1280x800x24";  // width x height x depth
 };
 
-/// A desktop of its own: X server, session bus, the given parts and XDG folders, all ready when the
+/// A desktop of its own: X server, a bus for session and system, the given parts and XDG folders, all ready when the
 /// constructor returns. Throws std::runtime_error when a part does not come up. The destructor ends every process on
 /// the desktop, whichever program started it, and removes the folders.
 class PrivateDesktop {

@@ -37,7 +37,8 @@ double maxRadius(const std::optional<Screen>& screen) {
 PieMenuWindowController::PieMenuWindowController(const Ports& ports, Environment environment)
     : ports_(ports),
       environment_(std::move(environment)),
-      modifierRelease_(ports.eventMonitors, ports.mainQueue, [this] { return isVisible(); }) {}
+      modifierRelease_(ports.eventMonitors, ports.mainQueue, [this] { return isVisible(); }),
+      idle_(ports.mainQueue, ports.clock) {}
 
 PieMenuWindowController::~PieMenuWindowController() { tearDown(); }
 
@@ -124,7 +125,9 @@ void PieMenuWindowController::hide() {
 void PieMenuWindowController::tearDown() {
   modifierRelease_.disarm();
   chordNavigation_.end();
+  idle_.end();
   localMonitor_.reset();
+  modifierMonitor_.reset();
   screenParamsObserver_.reset();
   restingPlace_.reset();
   window_.reset();
@@ -159,6 +162,7 @@ void PieMenuWindowController::selectDisplayed(std::size_t index) {
 }
 
 void PieMenuWindowController::pointerAt(Point location) {
+  idle_.noteInput();
   if (!window_ || !restingPlace_) return;
   const Point moved = window_->screenPoint(location) - *restingPlace_;
   if (!(std::hypot(moved.x, moved.y) <= kPointerSlop)) restingPlace_.reset();
@@ -187,12 +191,14 @@ std::optional<PreviewSurroundings> PieMenuWindowController::highlightedSurroundi
 void PieMenuWindowController::advanceRunningAppsSelection() {
   if (!highlightState_ || displayed_.items.empty() || !chordNavigation_.admitsStep(ports_.clock.uptime())) return;
   trace::line("ring: steps");
+  idle_.noteInput();
   restingPlace_ = ports_.pointer.location();
   highlightState_->advanceSelection(displayed_.items.size(), hapticFeedbackEnabled());
 }
 
 bool PieMenuWindowController::handleKeyEvent(const KeyEvent& event) {
   if (!window_) return false;
+  idle_.noteInput();
   if (event.type == KeyEventType::keyDown) return handleKeyDown(event);
   if (event.type == KeyEventType::keyUp) chordNavigation_.keyUp(event);
   return false;
@@ -221,6 +227,16 @@ std::optional<std::size_t> PieMenuWindowController::quickSelectIndex(const KeyEv
   if (!index) index = displayed_.shortcutLabels.indexForPressedKey(event.characters);
   if (!index) index = displayed_.shortcutLabels.indexForKeyCode(event.keyCode);
   return index;
+}
+
+void PieMenuWindowController::hideWhenIdle(std::function<bool()> isTriggerHeld) {
+  using Self = PieMenuWindowController;
+  idle_.begin(std::move(isTriggerHeld), weakSelf_.bind([](Self& self) { self.hide(); }));
+  modifierMonitor_ =
+      ports_.eventMonitors.addLocalMonitor(kFlagsChangedMask, weakSelf_.bind([](Self& self, const KeyEvent&) {
+        self.idle_.noteInput();
+        return false;
+      }));
 }
 
 void PieMenuWindowController::scheduleClickModeModifierChordReleaseDismissal(const HotkeyConfig& hotkey,

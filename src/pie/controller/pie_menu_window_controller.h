@@ -15,6 +15,7 @@
 #include "model/pie_menu.h"
 #include "pie/controller/chord_navigation.h"
 #include "pie/controller/displayed_menu.h"
+#include "pie/controller/idle_watch.h"
 #include "pie/controller/modifier_release_watch.h"
 #include "pie/controller/pie_menu_highlight_state.h"
 #include "pie/controller/pie_menu_selection.h"
@@ -82,6 +83,9 @@ class PieMenuWindowController {
   /// `show` disarm it.
   void scheduleClickModeModifierChordReleaseDismissal(const HotkeyConfig& hotkey, std::function<void()> onReleased);
 
+  /// Hides the menu after IdleWatch::kMaxIdleSeconds without input; a held trigger counts as input.
+  void hideWhenIdle(std::function<bool()> isTriggerHeld);
+
   /// True when the event was consumed.
   bool handleKeyEvent(const KeyEvent& event);
   /// The displayed item that this key-down would choose. Allocates nothing.
@@ -118,8 +122,10 @@ class PieMenuWindowController {
   std::unique_ptr<PieMenuHighlightState> highlightState_;
   std::unique_ptr<PieView> window_;
   Subscription localMonitor_;
+  Subscription modifierMonitor_;
   Subscription screenParamsObserver_;
   ModifierReleaseWatch modifierRelease_;
+  IdleWatch idle_;
   ChordNavigation chordNavigation_;
   Point showMouseLocation_;
   /// Where the menu opened or the highlight was last stepped. The pointer does not set the highlight until it leaves

@@ -1,6 +1,6 @@
 // Preloaded into the program: writes a line to the file in $REPLY_WAITS for each key press that the program receives
-// ("key"), each window that its main thread maps ("map") and each reply that its main thread waits for ("wait
-// EXTENSION MINOR-OPCODE", with "core" and the opcode for the core protocol).
+// ("key"), each picture that its main thread puts on the screen ("put") and each reply that its main thread waits for
+// ("wait EXTENSION MINOR-OPCODE", with "core" and the opcode for the core protocol).
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <unistd.h>
@@ -56,12 +56,12 @@ extern "C" {
 std::uint64_t xcb_send_request_with_fds64(xcb_connection_t* c, int flags, struct iovec* vector,
                                           const xcb_protocol_request_t* request, unsigned int fdCount, int* fds) {
   static const auto real = next<decltype(xcb_send_request_with_fds64)>("xcb_send_request_with_fds64");
-  if (request->ext == nullptr && request->opcode == XCB_MAP_WINDOW && isMainThread()) write("map");
+  const std::string name =
+      (request->ext == nullptr ? "core" : request->ext->name) + (' ' + std::to_string(request->opcode));
+  if ((name == "core 72" || name == "MIT-SHM 3") && isMainThread()) write("put");
   const std::uint64_t sequence = real(c, flags, vector, request, fdCount, fds);
   const std::lock_guard lock(mutex);
-  requests[sequence % requests.size()] = {
-      c, static_cast<std::uint32_t>(sequence),
-      (request->ext == nullptr ? "core" : request->ext->name) + (' ' + std::to_string(request->opcode))};
+  requests[sequence % requests.size()] = {c, static_cast<std::uint32_t>(sequence), name};
   return sequence;
 }
 

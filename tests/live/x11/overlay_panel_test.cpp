@@ -148,12 +148,20 @@ TEST_F(OverlayPanelTest, MovesAndKeysAllocateNothing) {
 }
 
 TEST_F(OverlayPanelTest, WaitsForAKeyboardThatAnotherClientHolds) {
-  ASSERT_TRUE(other_.grabKeyboard());
-  auto panel = openPanel();
-  const double ungrabTime = time_.uptime() + 0.7;
-  ASSERT_TRUE(eventually([&] { return sink_.lost > 0 || time_.uptime() >= ungrabTime; }));
-  other_.ungrab();
-  ASSERT_TRUE(eventually([&] { return !other_.keyboardIsFree(); }));
+  for (const bool isComposited : {false, true}) {
+    if (isComposited) startCompositor();
+    cover({0, 0, 640, 480});
+    ASSERT_TRUE(other_.grabKeyboard());
+    const auto panel = openPanel();
+    user_.click();
+    const double ungrabTime = time_.uptime() + 0.7;
+    ASSERT_TRUE(eventually([&] { return sink_.lost > 0 || time_.uptime() >= ungrabTime; }));
+    EXPECT_EQ(capture(kArea).at(110, 150), kCoverColor) << "the screen may be locked";
+    EXPECT_THAT(sink_.presses, IsEmpty()) << "the ring is not visible yet";
+    other_.ungrab();
+    EXPECT_TRUE(eventually([&] { return capture(kArea).at(110, 150) == SolidRasterizer::color(0); }));
+  }
+  const auto panel = openPanel();
   user_.tap(key::q);
   EXPECT_THAT(keysSeen(), ElementsAre("down q", "up q"));
   EXPECT_EQ(sink_.lost, 0);

@@ -28,6 +28,7 @@ Platform ProgramTest::platform() {
           .statusBar = desktop.statusBar,
           .windows = desktop.windows,
           .shell = desktop.shell,
+          .sessionEvents = desktop.session,
           .workspace = desktop.workspace,
           .pasteboard = desktop.pasteboard,
           .permissionService = desktop.permissions,

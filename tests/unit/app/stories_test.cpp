@@ -214,6 +214,7 @@ void ProgramStory::addActions() {
       {"reopen", [this](W) { EXPECT_TRUE(program.delegate().applicationShouldHandleReopen(false)); }},
       {"icons", [this](W) { program.delegate().iconsChanged(); }},
       {"end", [this](W) { program.end(); }},
+      {"lock", [this](W) { desktop.session.lock(); }},
       {"layout", [this](W) { desktop.keyboard.moveModifiers(); }},
       {"haptics", [this](W w) { useHaptics(w[0] == "on"); }},
       {"advance", [this](W) { program.pieMenuWindow().advanceRunningAppsSelection(); }},

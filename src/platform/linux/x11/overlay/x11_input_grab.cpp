@@ -29,7 +29,7 @@ bool isFocusOfGrab(const xcb_generic_event_t& event) {
 X11InputGrab::X11InputGrab(X11Connection& connection, X11KeyStream& keys, MainQueue& mainQueue)
     : connection_(connection), keys_(keys), mainQueue_(mainQueue) {
   keyPositions_ = keys.onPosition([this](PixelPosition position) {
-    if (hasKeyboard_ && !hasPointer_) pointerAt(position);
+    if (isKeyboardReported_ && !hasPointer_) pointerAt(position);
   });
   eventHandler_ = connection.addEventHandler([this](const xcb_generic_event_t& event) { return handleEvent(event); });
 }
@@ -39,16 +39,20 @@ X11InputGrab::~X11InputGrab() {
   if (heldButtons_.any()) ungrabPointer();
 }
 
-void X11InputGrab::take(InputGrabSink& sink) {
+void X11InputGrab::request(InputGrabSink& sink) {
   receive();
   retry_.reset();
   sink_ = &sink;
-  hasKeyboard_ = hasPointer_ = false;
+  hasKeyboard_ = hasPointer_ = isKeyboardReported_ = false;
   heldButtons_.reset();
   polled_.reset();
   attempts_ = 0;
   keys_.beginOverlay();
   send(connection_.lastEventTime());
+}
+
+void X11InputGrab::take(const InputGrabSink& sink) {
+  if (sink_ != &sink) return;
   Outcome outcome = receive();
   if (outcome.isTimeTooOld) {
     send(XCB_CURRENT_TIME);
@@ -62,7 +66,7 @@ void X11InputGrab::take(InputGrabSink& sink) {
 void X11InputGrab::send(xcb_timestamp_t time) {
   xcb_connection_t* connection = connection_.get();
   ++attempts_;
-  attempt_ = Attempt{time};
+  attempt_.emplace().cursor = cursor_;
   if (!hasKeyboard_) {
     attempt_->keyboard =
         xcb_grab_keyboard(connection, 0, connection_.root(), time, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
@@ -93,6 +97,7 @@ X11InputGrab::Outcome X11InputGrab::receive() {
   }
   if (attempt.pointer) {
     hasPointer_ = isGranted(PointerReply(xcb_grab_pointer_reply(connection, *attempt.pointer, nullptr)));
+    if (hasPointer_ && attempt.cursor != cursor_) changeCursor();
   }
   const Reply<xcb_query_pointer_reply_t> place(xcb_query_pointer_reply(connection, attempt.place, nullptr));
   if (place) outcome.pointer = {place->root_x, place->root_y};
@@ -106,7 +111,9 @@ void X11InputGrab::follow(const Outcome& outcome) {
   } else if (!retry_) {
     retry_ = mainQueue_.timer(kRetrySeconds, 0, [this] { retry(); });
   }
-  if (hasKeyboard_ && outcome.pointer) pointerAt(*outcome.pointer);
+  if (!hasKeyboard_) return;
+  if (!std::exchange(isKeyboardReported_, true)) sink_->keyboardGrabbed();
+  if (outcome.pointer) pointerAt(*outcome.pointer);
 }
 
 // With the current time: the competing grab may be younger than the event behind ours.
@@ -151,8 +158,11 @@ void X11InputGrab::ungrabPointer() {
 }
 
 void X11InputGrab::setCursor(xcb_cursor_t cursor) {
-  if (std::exchange(cursor_, cursor) == cursor || !hasPointer_) return;
-  xcb_change_active_pointer_grab(connection_.get(), cursor, XCB_CURRENT_TIME, kPointerEvents);
+  if (std::exchange(cursor_, cursor) != cursor && hasPointer_) changeCursor();
+}
+
+void X11InputGrab::changeCursor() const {
+  xcb_change_active_pointer_grab(connection_.get(), cursor_, XCB_CURRENT_TIME, kPointerEvents);
   connection_.flush();
 }
 
@@ -166,7 +176,7 @@ bool X11InputGrab::handleEvent(const xcb_generic_event_t& event) {
   if (pointer.event != connection_.root()) return false;
   if (type == XCB_BUTTON_RELEASE) {
     handleRelease(pointer.detail);
-  } else if (!hasKeyboard_) {
+  } else if (sink_ == nullptr || !isKeyboardReported_) {
     return true;
   } else if (type == XCB_MOTION_NOTIFY) {
     sink_->grabbedPointerMoved(pointer.root_x, pointer.root_y);

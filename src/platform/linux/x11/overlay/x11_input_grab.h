@@ -17,6 +17,8 @@ class InputGrabSink {
  public:
   virtual ~InputGrabSink() = default;
 
+  /// Called once, before any pointer event.
+  virtual void keyboardGrabbed() = 0;
   /// Also called with the position that the pointer has when it is grabbed. While another client holds the pointer, its
   /// motion is polled.
   virtual void grabbedPointerMoved(int x, int y) = 0;
@@ -32,11 +34,13 @@ class X11InputGrab {
   X11InputGrab(X11Connection& connection, X11KeyStream& keys, MainQueue& mainQueue);
   ~X11InputGrab();
 
-  /// Replaces an earlier sink. The first attempt names the time of the last event. The keyboard alone is enough: the
-  /// pointer, which another client holds while it drags or selects, is taken as soon as it is free. While the keyboard
-  /// is missing, retries for about 0.2 s before `grabFailed`; for about 3 s when the pointer is not missing, because
-  /// the key of another client's hotkey ends that client's grab when it is released.
-  void take(InputGrabSink& sink);
+  /// Sends the first attempt, which names the time of the last event, and waits for nothing. Replaces an earlier sink.
+  void request(InputGrabSink& sink);
+  /// Reports the outcome of `request`. The keyboard alone is enough: the pointer, which another client holds while it
+  /// drags or selects, is taken as soon as it is free. While the keyboard is missing, retries for about 0.2 s before
+  /// `grabFailed`; for about 3 s when the pointer is not missing, because the key of another client's hotkey ends that
+  /// client's grab when it is released.
+  void take(const InputGrabSink& sink);
   /// Does nothing when `sink` no longer has the grab. The pointer stays grabbed until all mouse buttons are up, so that
   /// no other window receives half a click.
   void release(const InputGrabSink& sink);
@@ -46,10 +50,10 @@ class X11InputGrab {
  private:
   /// The requests of one attempt. Those for what is already held are missing.
   struct Attempt {
-    xcb_timestamp_t time = XCB_CURRENT_TIME;
     std::optional<xcb_grab_keyboard_cookie_t> keyboard;
     std::optional<xcb_grab_pointer_cookie_t> pointer;
     xcb_query_pointer_cookie_t place{};
+    xcb_cursor_t cursor = XCB_CURSOR_NONE;
   };
   struct Outcome {
     bool isTimeTooOld = false;
@@ -61,6 +65,7 @@ class X11InputGrab {
   void follow(const Outcome& outcome);
   void retry();
   void pointerAt(PixelPosition position);
+  void changeCursor() const;
   void ungrab();
   void ungrabPointer();
   bool handleEvent(const xcb_generic_event_t& event);
@@ -72,6 +77,7 @@ class X11InputGrab {
   InputGrabSink* sink_ = nullptr;
   xcb_cursor_t cursor_ = XCB_CURSOR_NONE;
   bool hasKeyboard_ = false;
+  bool isKeyboardReported_ = false;
   bool hasPointer_ = false;
   int attempts_ = 0;
   /// Its replies have not been read.

@@ -51,6 +51,7 @@ X11OverlayPanel::X11OverlayPanel(const OverlayResources& resources, const Overla
   eventHandler_ =
       resources.connection.addEventHandler([this](const xcb_generic_event_t& event) { return handleEvent(event); });
   if (isTransparent()) map();
+  if (style.canBecomeKey) resources.inputGrab.request(*this);
   resources.connection.flush();
 }
 
@@ -199,13 +200,22 @@ void X11OverlayPanel::map() {
   xcb_map_window(resources_.connection.get(), window_);
 }
 
-// Not flushed: `makeKey` sends picture and grabs together.
 void X11OverlayPanel::orderFrontRegardless() {
   paintDirty();
+  isOrderedFront_ = true;
+  if (!style_.canBecomeKey) show();
+}
+
+void X11OverlayPanel::keyboardGrabbed() {
+  if (isOrderedFront_) show();
+}
+
+void X11OverlayPanel::show() {
   updateShape();
   map();
   isShown_ = true;
   putWhole();
+  resources_.connection.flush();
 }
 
 void X11OverlayPanel::makeKey() {
@@ -213,7 +223,7 @@ void X11OverlayPanel::makeKey() {
   const auto prepareChanges = weakSelf_.bind([](X11OverlayPanel& self) {
     if (self.picture_) self.picture_->prepareChanges();
   });
-  resources_.inputGrab.take(*this);  // reports the pointer; the sink may destroy the panel
+  resources_.inputGrab.take(*this);  // shows the panel, reports the pointer; the sink may destroy the panel
   prepareChanges();
 }
 
@@ -228,9 +238,10 @@ void X11OverlayPanel::updateShape() {
 }
 
 void X11OverlayPanel::compositorChanged() {
-  if (!isShown_) return;
+  if (!isOrderedFront_) return;
   dirtyWhole();
   paintDirty();
+  if (!isShown_) return;
   updateShape();
   putWhole();
   resources_.connection.flush();

@@ -35,9 +35,10 @@ struct OverlayResources {
   bool hasAlpha = false;
 };
 
-/// A window that bypasses the window manager, painted from an image; keyboard and pointer come by grab. Without a
-/// compositor the window has the shape of the ring, blended with a snapshot of the screen taken when the panel was
-/// made; where the screen cannot be read, the ring has a hard, dark edge.
+/// A window that bypasses the window manager, painted from an image; keyboard and pointer come by grab, which is
+/// requested when the panel is made. Nothing is visible before the keyboard is held, so that no ring appears over a
+/// screen lock. Without a compositor the window has the shape of the ring, blended with a snapshot of the screen taken
+/// when the panel was made; where the screen cannot be read, the ring has a hard, dark edge.
 class X11OverlayPanel : public OverlayPanel, private InputGrabSink {
  public:
   X11OverlayPanel(const OverlayResources& resources, const OverlayPanelStyle& style, const Rect& frame,
@@ -52,7 +53,7 @@ class X11OverlayPanel : public OverlayPanel, private InputGrabSink {
   void display() override;
   void orderFrontRegardless() override;
   void makeKey() override;
-  bool isVisible() const override { return isShown_; }
+  bool isVisible() const override { return isOrderedFront_; }
   Point mouseLocationOutsideOfEventStream() const override;
 
   xcb_window_t windowId() const { return window_; }
@@ -66,6 +67,7 @@ class X11OverlayPanel : public OverlayPanel, private InputGrabSink {
   void paintDirty();
   void putDirty();
   void map();
+  void show();
   void putWhole();
   void put(const PixelRect& rect);
   void updateShape();
@@ -78,6 +80,7 @@ class X11OverlayPanel : public OverlayPanel, private InputGrabSink {
   bool isTransparent() const { return !style_.isOpaque && resources_.hasAlpha && resources_.compositor.hasOwner(); }
   bool handleEvent(const xcb_generic_event_t& event);
 
+  void keyboardGrabbed() override;
   void grabbedPointerMoved(int x, int y) override { sink_.pointerMoved(inPanel(x, y)); }
   void grabbedButtonPressed(int x, int y, xcb_button_t button) override;
   void grabFailed() override { sink_.panelLost(); }
@@ -99,6 +102,8 @@ class X11OverlayPanel : public OverlayPanel, private InputGrabSink {
   PictureView view_;
   DirtyRects dirty_;
   bool isMapped_ = false;
+  bool isOrderedFront_ = false;
+  /// The picture is on the screen.
   bool isShown_ = false;
   /// The sequence number of the latest put of the whole window.
   std::uint32_t wholePut_ = 0;
