@@ -18,6 +18,7 @@
 #include "platform/linux/desktop/xdg_folders.h"
 #include "platform/linux/evdev/input_trackpads.h"
 #include "platform/linux/x11/connection/clipboard_handover.h"
+#include "platform/linux/x11/guard/guard_link.h"
 #include "platform/linux/x11/overlay/x11_overlay_panel.h"
 #include "platform/linux/x11/x11_backends.h"
 #include "platform/posix/posix_file_system.h"
@@ -56,11 +57,12 @@ struct CompositionLinux::Presence {
 
 /// One backend for each port, in order of dependency, and the program on top of them.
 struct CompositionLinux::Running {
-  Running(const QtX11Access& access, Log& programLog, Presence& ownPresence)
+  Running(const QtX11Access& access, Log& programLog, Presence& ownPresence, x11::InputGuard& guard)
       : log(programLog),
         presence(ownPresence),
         display(access.connection, access.screenNumber, qtPixelsPerPoint(), mainQueue, installed,
-                presence.environment.bundleIdentifier()) {}
+                presence.environment.bundleIdentifier()),
+        guardLink(guard, display.inputGrab, mainQueue, watchReadable) {}
 
   Platform platform();
 
@@ -81,6 +83,7 @@ struct CompositionLinux::Running {
   QtPictureCodec pictureCodec;
   QtWindows windows{[this] { return program.windowContents(); }};
   x11::X11Backends display;
+  x11::GuardLink guardLink;
   QtNativeEvents events{[this](const xcb_generic_event_t& event) {
     mainQueue.runWaiting();
     return display.connection.dispatch(event);
@@ -151,13 +154,13 @@ void CompositionLinux::runLegacyMigration(Log& log) {
   LegacyPieMenuMigration({files, defaults, environment, log}).run();
 }
 
-CompositionLinux::CompositionLinux(QApplication& application, Log& log) {
+CompositionLinux::CompositionLinux(QApplication& application, Log& log, x11::InputGuard& guard) {
   configureQt(application, program_identity::kBundleIdentifier);
   const auto access = qtX11Access();
   if (!access) return;
   presence_ = std::make_unique<Presence>(log);
   start_ = presence_->instance.claim();
-  if (start_ == SingleInstance::Start::first) running_ = std::make_unique<Running>(*access, log, *presence_);
+  if (start_ == SingleInstance::Start::first) running_ = std::make_unique<Running>(*access, log, *presence_, guard);
 }
 
 CompositionLinux::~CompositionLinux() = default;

@@ -11,6 +11,10 @@ namespace rondora {
 
 class Log;
 
+namespace x11 {
+class InputGuard;
+}
+
 /// Chooses the backend of each port on a Linux desktop, and makes the program with them. Lives between the toolkit's
 /// application object and the end of its X connection. Main thread.
 class CompositionLinux {
@@ -18,8 +22,8 @@ class CompositionLinux {
   /// Imports settings and document of the predecessor; the first action of the process.
   static void runLegacyMigration(Log& log);
 
-  /// `log` must outlive the object.
-  CompositionLinux(QApplication& application, Log& log);
+  /// `log` and `guard` must outlive the object.
+  CompositionLinux(QApplication& application, Log& log, x11::InputGuard& guard);
   ~CompositionLinux();
   CompositionLinux(const CompositionLinux&) = delete;
   CompositionLinux& operator=(const CompositionLinux&) = delete;

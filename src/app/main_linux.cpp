@@ -15,7 +15,7 @@
 #include "app/composition_linux.h"
 #include "base/trace.h"
 #include "platform/linux/desktop/journal_log.h"
-#include "platform/linux/x11/typing/synthetic_key_guard.h"
+#include "platform/linux/x11/guard/input_guard.h"
 #include "platform/qt/qt_messages.h"
 #include "platform/qt/qt_setup.h"
 
@@ -87,9 +87,9 @@ std::optional<int> reasonNotToRun(const CompositionLinux& composition) {
   return std::nullopt;
 }
 
-int run(int argc, char** argv, int endSignals, rondora::Log& log) {
+int run(int argc, char** argv, int endSignals, rondora::Log& log, rondora::x11::InputGuard& guard) {
   QApplication application(argc, argv);
-  CompositionLinux composition(application, log);
+  CompositionLinux composition(application, log, guard);
   if (const auto status = reasonNotToRun(composition)) return *status;
   // The signal stays unread, so that every nested event loop ends too.
   QSocketNotifier endRequests(endSignals, QSocketNotifier::Read);
@@ -121,8 +121,10 @@ void becomeNewInstance(char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  const rondora::x11::SyntheticKeyGuard guard;
+  if (rondora::x11::isGuard(argv)) rondora::x11::runGuard(rondora::x11::kGuardDescriptor, argv + 1);
+  rondora::x11::InputGuard guard(argv);
   rondora::desktop::JournalLog log;
+  if (guard.followsAHang()) log.error("the main loop hung while the ring was open; the program was started again");
   beginTraceIfAsked(log);
   CompositionLinux::runLegacyMigration(log);
   if (!canReachDisplay()) {
@@ -136,7 +138,7 @@ int main(int argc, char** argv) {
     terminateRunning();
     _exit(kFailure);
   });
-  const int status = run(argc, argv, endSignals, log);
+  const int status = run(argc, argv, endSignals, log, guard);
   if (startAgain) becomeNewInstance(argv);
   return status;
 }

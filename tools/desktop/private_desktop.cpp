@@ -160,6 +160,13 @@ std::optional<std::string> PrivateDesktop::outputOf(const std::vector<std::strin
   return readFile(file);
 }
 
+std::vector<pid_t> PrivateDesktop::processesNamed(const std::string& name) const {
+  auto found = processesWith("DISPLAY=" + display());
+  std::erase_if(found,
+                [&](pid_t process) { return readFile("/proc/" + std::to_string(process) + "/comm") != name + '\n'; });
+  return found;
+}
+
 void PrivateDesktop::addApplication(const std::string& id, const std::string& title) const {
   const std::string command = "xterm -name " + title + " -class " + title + " -T " + title + " -geometry 40x10 -e cat";
   writeFile(

@@ -49,6 +49,9 @@ class PrivateDesktop {
   /// Runs a program to its end and returns its output; nothing if it failed.
   std::optional<std::string> outputOf(const std::vector<std::string>& command) const;
 
+  /// The processes of that name on this desktop, whichever program started them.
+  std::vector<pid_t> processesNamed(const std::string& name) const;
+
   /// Installs an application `id` that opens one terminal window with that title and window class.
   void addApplication(const std::string& id, const std::string& title) const;
   /// Programs started afterwards belong to a session, which `endSession` shuts down.

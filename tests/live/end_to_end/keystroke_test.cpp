@@ -120,15 +120,10 @@ class KilledWhileTypingTest : public KeystrokeTest {
     kill(program_->pid(), SIGCONT);
     ASSERT_TRUE(program_->waitForExit());
   }
-  /// The companion process that releases the keys if the program crashes on this display.
-  pid_t guard() {
-    const std::string display = "DISPLAY=" + desktop_.display();
-    for (const auto& entry : std::filesystem::directory_iterator("/proc")) {
-      if (readFile(entry.path() / "comm") != "rondora-keys\n") continue;
-      const std::string environment = '\0' + readFile(entry.path() / "environ");
-      if (environment.find('\0' + display + '\0') != std::string::npos) return std::stoi(entry.path().filename());
-    }
-    return 0;
+  /// The companion process that releases the keys if the program crashes.
+  pid_t guard() const {
+    const auto guards = desktop_.processesNamed("rondora-keys");
+    return guards.empty() ? 0 : guards.front();
   }
 };
 

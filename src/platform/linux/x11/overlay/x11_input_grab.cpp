@@ -43,6 +43,7 @@ void X11InputGrab::request(InputGrabSink& sink) {
   receive();
   retry_.reset();
   sink_ = &sink;
+  setHeld(true);
   hasKeyboard_ = hasPointer_ = isKeyboardReported_ = false;
   heldButtons_.reset();
   polled_.reset();
@@ -143,7 +144,10 @@ void X11InputGrab::ungrab() {
   retry_.reset();
   keys_.endOverlay();
   if (std::exchange(hasKeyboard_, false)) xcb_ungrab_keyboard(connection_.get(), XCB_CURRENT_TIME);
-  if (!std::exchange(hasPointer_, false)) return connection_.flush();
+  if (!std::exchange(hasPointer_, false)) {
+    connection_.flush();
+    return setHeld(false);
+  }
   const auto cookie = xcb_query_pointer(connection_.get(), connection_.root());
   const Reply<xcb_query_pointer_reply_t> pointer(xcb_query_pointer_reply(connection_.get(), cookie, nullptr));
   for (std::size_t button = 1; pointer && button <= kButtonsInMask; ++button) {
@@ -155,6 +159,16 @@ void X11InputGrab::ungrab() {
 void X11InputGrab::ungrabPointer() {
   xcb_ungrab_pointer(connection_.get(), XCB_CURRENT_TIME);
   connection_.flush();
+  setHeld(false);
+}
+
+Subscription X11InputGrab::onHeldChanged(std::function<void(bool)> observer) {
+  heldObserver_ = std::move(observer);
+  return Subscription([this] { heldObserver_ = nullptr; });
+}
+
+void X11InputGrab::setHeld(bool isHeld) {
+  if (std::exchange(isHeld_, isHeld) != isHeld && heldObserver_) heldObserver_(isHeld);
 }
 
 void X11InputGrab::setCursor(xcb_cursor_t cursor) {

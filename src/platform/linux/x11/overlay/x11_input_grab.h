@@ -3,6 +3,7 @@
 #include <xcb/xcb.h>
 
 #include <bitset>
+#include <functional>
 #include <optional>
 
 #include "base/observable.h"
@@ -44,6 +45,8 @@ class X11InputGrab {
   /// Does nothing when `sink` no longer has the grab. The pointer stays grabbed until all mouse buttons are up, so that
   /// no other window receives half a click.
   void release(const InputGrabSink& sink);
+  /// Called with true before keyboard or pointer are requested, with false once neither is held any more.
+  [[nodiscard]] Subscription onHeldChanged(std::function<void(bool)> observer);
   /// The shape of the pointer during the grab.
   void setCursor(xcb_cursor_t cursor);
 
@@ -70,12 +73,15 @@ class X11InputGrab {
   void ungrabPointer();
   bool handleEvent(const xcb_generic_event_t& event);
   void handleRelease(xcb_button_t button);
+  void setHeld(bool isHeld);
 
   X11Connection& connection_;
   X11KeyStream& keys_;
   MainQueue& mainQueue_;
   InputGrabSink* sink_ = nullptr;
   xcb_cursor_t cursor_ = XCB_CURSOR_NONE;
+  std::function<void(bool)> heldObserver_;
+  bool isHeld_ = false;
   bool hasKeyboard_ = false;
   bool isKeyboardReported_ = false;
   bool hasPointer_ = false;

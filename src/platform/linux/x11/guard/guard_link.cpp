@@ -1,0 +1,42 @@
+#include "platform/linux/x11/guard/guard_link.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace rondora::x11 {
+namespace {
+
+constexpr double kBeatTolerance = 0.05;  // seconds
+constexpr std::chrono::seconds kBetweenReplacements{10};
+
+}  // namespace
+
+GuardLink::GuardLink(InputGuard& guard, X11InputGrab& inputGrab, MainQueue& mainQueue, WatchReadable watchReadable)
+    : guard_(guard), mainQueue_(mainQueue), watchReadable_(std::move(watchReadable)) {
+  grabObserver_ = inputGrab.onHeldChanged([this](bool isHeld) { grabChanged(isHeld); });
+  watchGuard();
+}
+
+void GuardLink::grabChanged(bool isHeld) {
+  guard_.send(isHeld ? GuardMessage::beat : GuardMessage::ungrabbed);
+  if (!isHeld) return beats_.reset();
+  beats_ = mainQueue_.timer(kBeatSeconds, kBeatTolerance, [this] { guard_.send(GuardMessage::beat); });
+}
+
+void GuardLink::watchGuard() {
+  if (guard_.descriptor() >= 0) guardWatch_ = watchReadable_(guard_.descriptor(), [this] { guardDied(); });
+}
+
+// At once, but not again and again where guards cannot live.
+void GuardLink::guardDied() {
+  guardWatch_.reset();
+  const auto now = std::chrono::steady_clock::now();
+  const std::chrono::duration<double> wait = std::max(nextReplacement_ - now, now - now);
+  replacement_ = mainQueue_.workItem(wait.count(), [this] {
+    nextReplacement_ = std::chrono::steady_clock::now() + kBetweenReplacements;
+    guard_.replace();
+    watchGuard();
+  });
+}
+
+}  // namespace rondora::x11
