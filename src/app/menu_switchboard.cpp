@@ -51,10 +51,11 @@ std::optional<std::size_t> MenuSwitchboard::resolveMenuIndex(const Candidates& c
   return rondora::resolveMenuIndex(candidates, configuration().menus, displayedMenuIndex());
 }
 
-void MenuSwitchboard::handleHotkeyPressed(const Candidates& candidateIndices) {
+void MenuSwitchboard::handleHotkeyPressed(const Candidates& candidateIndices, ModifierHold modifiers) {
   const auto index = resolveMenuIndex(candidateIndices);
   if (!index) return;
   const PieMenu& menu = configuration().menus[*index];
+  triggerModifiers_ = modifiers;
   if (menu.isEnabled()) trigger(menu, menu.hotkey);
 }
 
@@ -101,7 +102,8 @@ void MenuSwitchboard::show(const PieMenu& menu, const HotkeyConfig& triggerHotke
                       std::move(appCommands));
   pieMenuWindow_.hideWhenIdle(
       weakSelf_.bind([triggerHotkey](MenuSwitchboard& self) { return self.holdsAnyKeyOf(triggerHotkey); }));
-  if (triggerHotkey.hasModifiers()) armModifierReleaseDismissal(triggerHotkey);
+  const bool isReleased = triggerHotkey.hasModifiers() && triggerModifiers_ == ModifierHold::held;
+  if (isReleased) armModifierReleaseDismissal(triggerHotkey);
 }
 
 std::optional<std::vector<PieMenuItem>> MenuSwitchboard::itemsOverride(const PieMenu& menu) const {
@@ -175,7 +177,8 @@ void MenuSwitchboard::appCommandsResolved(const AppCommandsRequest& request, std
   pendingAppCommandsToken_.reset();
   if (commands.empty() || isMenuVisible()) return;
   const PieMenu* menu = configuration().menu(request.menuId);
-  const bool isStillWanted = menu != nullptr && menu->isEnabled() && holdsModifiers(request.triggerHotkey);
+  const bool isStillHeld = triggerModifiers_ == ModifierHold::latched || holdsModifiers(request.triggerHotkey);
+  const bool isStillWanted = menu != nullptr && menu->isEnabled() && isStillHeld;
   if (!isStillWanted) return previousApp_.reset();
   const AppSubMenu* subMenu = configuration().appSubMenu(request.bundleIdentifier);
   auto items = AppCommandsMenuItems::build(commands);

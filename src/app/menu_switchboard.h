@@ -16,6 +16,7 @@
 #include "model/pie_configuration.h"
 #include "pie/controller/pie_menu_window_controller.h"
 #include "platform/event_monitors.h"
+#include "platform/hotkey_service.h"
 #include "platform/key_event.h"
 #include "platform/main_queue.h"
 #include "platform/process_environment.h"
@@ -54,7 +55,8 @@ class MenuSwitchboard {
 
   explicit MenuSwitchboard(const Services& services);
 
-  void handleHotkeyPressed(const Candidates& candidateIndices);
+  /// With latched modifiers the menu stays open: no release chooses.
+  void handleHotkeyPressed(const Candidates& candidateIndices, ModifierHold modifiers);
   void handleHotkeyReleased(const Candidates& candidateIndices);
   void handleTrackpadGesture(std::int64_t fingerCount);
   /// Triggers a menu, with or without a hotkey, for another program.
@@ -116,6 +118,8 @@ class MenuSwitchboard {
   PieMenuWindowController& pieMenuWindow_;
   std::unique_ptr<SnippetPreviewPopover> snippetPreviewPopover_;
   bool showsRunningApps_ = false;
+  /// Of the latest hotkey.
+  ModifierHold triggerModifiers_ = ModifierHold::held;
   /// The application in front when the menu opened; restored or forgotten exactly once.
   std::optional<RunningApplication> previousApp_;
   /// The one pending request for an application's commands that may open a menu.

@@ -10,6 +10,21 @@ TriggerSources::TriggerSources(const Services& services) : services_(services) {
   });
 }
 
+template <class... Details>
+std::function<void(HotkeyManager::MenuIndices, Details...)> TriggerSources::onMainQueue(
+    void (MenuSwitchboard::*handle)(const MenuSwitchboard::Candidates&, Details...)) const {
+  auto handled = weakSelf_.bind(
+      [handle](TriggerSources& self, const MenuSwitchboard::Candidates& candidates, const Details&... details) {
+        (self.services_.switchboard.*handle)(candidates, details...);
+      });
+  return [&mainQueue = services_.mainQueue, handled = std::move(handled)](HotkeyManager::MenuIndices indices,
+                                                                          Details... details) {
+    mainQueue.async([handled, candidates = MenuSwitchboard::Candidates(indices.begin(), indices.end()), details...] {
+      handled(candidates, details...);
+    });
+  };
+}
+
 void TriggerSources::makeHotkeyManager() {
   hotkeyManager_ = std::make_unique<HotkeyManager>(services_.hotkeyService, services_.log);
   hotkeyManager_->onHotkeyPressed = onMainQueue(&MenuSwitchboard::handleHotkeyPressed);
@@ -18,17 +33,6 @@ void TriggerSources::makeHotkeyManager() {
   hotkeyManager_->followRing(
       {[&switchboard](HotkeyManager::MenuIndices indices) { return switchboard.showsOneOf(indices); },
        [&switchboard](const KeyEvent& event) { return switchboard.quickSelects(event); }});
-}
-
-std::function<void(HotkeyManager::MenuIndices)> TriggerSources::onMainQueue(
-    void (MenuSwitchboard::*handle)(const MenuSwitchboard::Candidates&)) const {
-  auto handled = weakSelf_.bind([handle](TriggerSources& self, const MenuSwitchboard::Candidates& candidates) {
-    (self.services_.switchboard.*handle)(candidates);
-  });
-  return [&mainQueue = services_.mainQueue, handled = std::move(handled)](HotkeyManager::MenuIndices indices) {
-    mainQueue.async(
-        [handled, candidates = MenuSwitchboard::Candidates(indices.begin(), indices.end())] { handled(candidates); });
-  };
 }
 
 void TriggerSources::setUp() {

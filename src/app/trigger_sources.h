@@ -40,8 +40,9 @@ class TriggerSources {
  private:
   void makeHotkeyManager();
   /// Wraps a trigger so that a later turn of the main queue handles it, whichever thread it comes from.
-  std::function<void(HotkeyManager::MenuIndices)> onMainQueue(
-      void (MenuSwitchboard::*handle)(const MenuSwitchboard::Candidates&)) const;
+  template <class... Details>
+  std::function<void(HotkeyManager::MenuIndices, Details...)> onMainQueue(
+      void (MenuSwitchboard::*handle)(const MenuSwitchboard::Candidates&, Details...)) const;
   void setUpTrackpadGesture();
 
   Services services_;

@@ -17,12 +17,20 @@ struct EventHotKeyID {
   friend bool operator==(const EventHotKeyID&, const EventHotKeyID&) = default;
 };
 
+enum class ModifierHold : std::uint8_t {
+  held,
+  /// Tapped before the key, with sticky keys: no release follows.
+  latched
+};
+
 inline constexpr std::uint32_t kEventHotKeyPressed = 5;
 inline constexpr std::uint32_t kEventHotKeyReleased = 6;
 
 struct HotKeyEvent {
   std::uint32_t kind = 0;
   EventHotKeyID id;
+  /// Of a press.
+  ModifierHold modifiers = ModifierHold::held;
 };
 
 /// System-wide hot keys, also while the program's overlay holds the keyboard. Modifiers match exactly; Caps Lock and

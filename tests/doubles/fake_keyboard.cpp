@@ -55,7 +55,7 @@ KeyEvent FakeKeyboard::event(KeyEventType type, std::uint16_t keyCode) const {
   KeyEvent result;
   result.type = type;
   result.keyCode = keyCode;
-  result.modifierFlags = currentModifierFlags();
+  result.modifierFlags = currentModifierFlags() | latched_;
   if (keyCode < kUsLayout.size()) result.charactersIgnoringModifiers = kUsLayout.substr(keyCode, 1);
   if ((result.modifierFlags & ~event_flags::kShift) == 0) result.characters = result.charactersIgnoringModifiers;
   return result;
@@ -87,20 +87,23 @@ void FakeKeyboard::press(std::uint16_t keyCode) {
     if (isForOverlay) deliverToMonitors(event(KeyEventType::flagsChanged, keyCode));
     return;
   }
+  const ModifierHold hold = std::exchange(latched_, 0) == 0 ? ModifierHold::held : ModifierHold::latched;
   const auto modifiers = static_cast<std::uint32_t>(CarbonModifiers::carbon(down.modifierFlags));
   const auto hotKey = registered(keyCode, modifiers);
   if (hotKey && !(isForOverlay && overlayRule_ && overlayRule_(down, *hotKey))) {
     held_[keyCode] = modifiers;
-    return sendHotKey(kEventHotKeyPressed, *hotKey);
+    return sendHotKey({kEventHotKeyPressed, *hotKey, hold});
   }
   if (isForOverlay) deliverToMonitors(down);
 }
+
+void FakeKeyboard::latch(std::uint16_t keyCode) { latched_ |= modifierFlag(keyCode); }
 
 void FakeKeyboard::release(std::uint16_t keyCode) {
   const auto held = held_.extract(keyCode);
   if (!held) return;
   const auto hotKey = held.mapped() ? registered(keyCode, *held.mapped()) : std::nullopt;
-  if (hotKey) return sendHotKey(kEventHotKeyReleased, *hotKey);
+  if (hotKey) return sendHotKey({kEventHotKeyReleased, *hotKey});
   const auto type = modifierFlag(keyCode) != 0 ? KeyEventType::flagsChanged : KeyEventType::keyUp;
   if (overlayHoldsKeyboard_()) deliverToMonitors(event(type, keyCode));
 }

@@ -40,6 +40,8 @@ class FakeKeyboard final : public HotkeyService, public EventMonitors {
 
   void press(std::uint16_t keyCode);
   void release(std::uint16_t keyCode);
+  /// The user taps a modifier with sticky keys: it is set for the next key.
+  void latch(std::uint16_t keyCode);
   /// The held key repeats.
   void repeat(std::uint16_t keyCode);
   /// Releases the key without an event.
@@ -72,12 +74,11 @@ class FakeKeyboard final : public HotkeyService, public EventMonitors {
   KeyEvent event(KeyEventType type, std::uint16_t keyCode) const;
   void deliverToMonitors(const KeyEvent& event) const;
   std::optional<EventHotKeyID> registered(std::uint32_t keyCode, std::uint32_t carbonModifiers) const;
-  void sendHotKey(std::uint32_t kind, const EventHotKeyID& id) const {
-    const HotKeyEvent event{kind, id};
-    send(&event);
-  }
+  void sendHotKey(const HotKeyEvent& event) const { send(&event); }
 
   std::function<bool()> overlayHoldsKeyboard_;
+  /// Event flags.
+  std::uint64_t latched_ = 0;
   Signal<> modifiersMoved_;
   OverlayRule overlayRule_;
   std::uint64_t lastRegistration_ = 0;

@@ -55,7 +55,9 @@ inline constexpr KeyStory kKeyStories[] = {{"ReleaseOfTheOpeningPress", "+K show
 class KeyContract {
  public:
   explicit KeyContract(KeyBench& bench) : bench_(bench), manager_(bench.hotkeys(), log_) {
-    manager_.onHotkeyPressed = [this](HotkeyManager::MenuIndices menus) { note("p" + std::to_string(menus.front())); };
+    manager_.onHotkeyPressed = [this](HotkeyManager::MenuIndices menus, ModifierHold) {
+      note("p" + std::to_string(menus.front()));
+    };
     manager_.onHotkeyReleased = [this](HotkeyManager::MenuIndices menus) { note("r" + std::to_string(menus.front())); };
     manager_.followRing({[this](HotkeyManager::MenuIndices menus) { return std::ranges::count(menus, shownMenu_) > 0; },
                          [](const KeyEvent& event) { return event.charactersIgnoringModifiers == "1"; }});

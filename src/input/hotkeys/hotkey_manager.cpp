@@ -39,7 +39,8 @@ void HotkeyManager::unregisterAll() {
 
 void HotkeyManager::startTap(const std::vector<PieMenu>& menus) {
   if (!hidTap_) hidTap_ = std::make_unique<HotkeyHIDTap>();
-  hidTap_->onPressed = weakSelf_.bind([](HotkeyManager& self, MenuIndices indices) { self.pressed(indices); });
+  hidTap_->onPressed =
+      weakSelf_.bind([](HotkeyManager& self, MenuIndices indices) { self.pressed(indices, ModifierHold::held); });
   hidTap_->onReleased = weakSelf_.bind([](HotkeyManager& self, MenuIndices indices) { self.released(indices); });
   hidTap_->start(menus);
 }
@@ -98,7 +99,7 @@ HotkeyManager::MenuIndices HotkeyManager::menusOf(const EventHotKeyID& id) const
 
 int HotkeyManager::handleHotKeyEvent(const HotKeyEvent* event) {
   if (event == nullptr) return 0;
-  if (event->kind == kEventHotKeyPressed) pressed(menusOf(event->id));
+  if (event->kind == kEventHotKeyPressed) pressed(menusOf(event->id), event->modifiers);
   if (event->kind == kEventHotKeyReleased) released(menusOf(event->id));
   return 0;
 }
@@ -109,8 +110,8 @@ void HotkeyManager::followRing(Ring ring) {
   });
 }
 
-void HotkeyManager::pressed(MenuIndices indices) const {
-  if (onHotkeyPressed) onHotkeyPressed(indices);
+void HotkeyManager::pressed(MenuIndices indices, ModifierHold modifiers) const {
+  if (onHotkeyPressed) onHotkeyPressed(indices, modifiers);
 }
 
 void HotkeyManager::released(MenuIndices indices) const {

@@ -43,7 +43,7 @@ class HotkeyManager {
   HotkeyManager(const HotkeyManager&) = delete;
   HotkeyManager& operator=(const HotkeyManager&) = delete;
 
-  std::function<void(MenuIndices)> onHotkeyPressed;
+  std::function<void(MenuIndices, ModifierHold)> onHotkeyPressed;
   std::function<void(MenuIndices)> onHotkeyReleased;
 
   /// Replaces all registrations with those of `menus`.
@@ -78,7 +78,7 @@ class HotkeyManager {
   std::optional<Subscription> registerEventHotKey(const HotkeyConfig& hotkey, std::uint32_t id);
   void recordRegistration(bool ok, const HotkeyConfig& hotkey, const std::vector<std::uint32_t>& menuIndices);
   int handleHotKeyEvent(const HotKeyEvent* event);
-  void pressed(MenuIndices indices) const;
+  void pressed(MenuIndices indices, ModifierHold modifiers) const;
   void released(MenuIndices indices) const;
   MenuIndices menusOf(const EventHotKeyID& id) const;
 

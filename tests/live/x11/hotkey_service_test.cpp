@@ -42,6 +42,12 @@ TEST(KeyCodesTest, NamePlacesAndMenuStandsInForFn) {
   EXPECT_EQ(x11::virtualKeyCode(8), KeyEvent::kNoKeyCode);
 }
 
+TEST_F(ChordTest, ReportsModifiersThatStickyKeysLatched) {
+  enableStickyKeys();
+  for (const std::uint8_t code : {key::control, key::alt, key::space}) user_.tap(code);
+  EXPECT_THAT(reports(), ElementsAre("+1 latched", "-1"));
+}
+
 TEST_F(ChordTest, MatchesModifiersExactlyWhateverTheLocksDo) {
   for (const auto& locks :
        std::vector<std::vector<std::uint8_t>>{{}, {key::capsLock}, {key::numLock}, {key::capsLock, key::numLock}}) {

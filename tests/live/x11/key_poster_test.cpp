@@ -1,12 +1,10 @@
 #include <algorithm>
-#include <array>
 #include <random>
 #include <stop_token>
 #include <thread>
 
 #include "desktop/key_logger.h"
 #include "desktop/wait.h"
-#include "platform/linux/x11/connection/xcb_xkb.h"
 #include "platform/linux/x11/typing/xtest_key_poster.h"
 #include "x11_test.h"
 
@@ -38,14 +36,6 @@ class KeyPosterTest : public X11Test {
     if (event) poster_.post(*event, KeyEventTap::session);
     drain();
     return event.has_value();
-  }
-
-  void enableStickyKeys() {
-    constexpr std::uint32_t kSticky = XCB_XKB_BOOL_CTRL_STICKY_KEYS, kEnabledControls = 1U << 31;
-    xcb_xkb_set_controls(handle_.get(), XCB_XKB_ID_USE_CORE_KBD, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, kSticky, kSticky,
-                         kEnabledControls, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0,
-                         std::array<std::uint8_t, 32>().data());
-    drain();
   }
 
   /// The logger's keys since the last call, without modifiers: "+38:5", "-38:5" (code and state).

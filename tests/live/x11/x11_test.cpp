@@ -2,11 +2,13 @@
 
 #include <poll.h>
 
+#include <array>
 #include <chrono>
 #include <utility>
 
 #include "desktop/wait.h"
 #include "desktop/x_reply.h"
+#include "platform/linux/x11/connection/xcb_xkb.h"
 
 namespace rondora::live {
 namespace {
@@ -82,7 +84,8 @@ X11Test::X11Test(std::vector<std::string> serverArguments, double pixelsPerPoint
       pointer_(connection_, keys_, inputGrab_),
       panels_(connection_, inputGrab_, rasterizer_) {
   reportHandler_ = hotkeys_.installEventHandler([this](const HotKeyEvent* event) {
-    reports_.push_back((event->kind == kEventHotKeyPressed ? "+" : "-") + std::to_string(event->id.id));
+    reports_.push_back((event->kind == kEventHotKeyPressed ? "+" : "-") + std::to_string(event->id.id) +
+                       (event->modifiers == ModifierHold::latched ? " latched" : ""));
     return 0;
   });
   keyMonitor_ = monitors_.addLocalMonitor(kKeyDownAndKeyUpMask, [this](const KeyEvent& event) {
@@ -143,6 +146,14 @@ void X11Test::releaseChord() {
 void X11Test::tapChord() {
   pressChord();
   releaseChord();
+}
+
+void X11Test::enableStickyKeys() {
+  constexpr std::uint32_t kSticky = XCB_XKB_BOOL_CTRL_STICKY_KEYS, kEnabledControls = 1U << 31;
+  xcb_xkb_set_controls(handle_.get(), XCB_XKB_ID_USE_CORE_KBD, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, kSticky, kSticky,
+                       kEnabledControls, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0,
+                       std::array<std::uint8_t, 32>().data());
+  drain();
 }
 
 std::vector<std::string> X11Test::reports() {

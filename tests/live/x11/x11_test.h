@@ -82,7 +82,8 @@ class X11Test : public testing::Test {
   void pressChord();
   void releaseChord();
   void tapChord();
-  /// The reports of hot keys since the last call: "+1" pressed, "-1" released.
+  void enableStickyKeys();
+  /// The reports of hot keys since the last call: "+1" pressed, "+1 latched", "-1" released.
   std::vector<std::string> reports();
   /// The events of key monitors since the last call: "down space", "repeat space", "up q" …
   std::vector<std::string> keysSeen();

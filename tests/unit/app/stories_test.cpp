@@ -106,7 +106,8 @@ class ProgramStory : public ProgramTest, public Story {
   }
   /// No service for the Fn key exists yet, so the story fires the hotkey of the first menu.
   void fn(bool isDown) {
-    isDown ? program.switchboard().handleHotkeyPressed({0}) : program.switchboard().handleHotkeyReleased({0});
+    isDown ? program.switchboard().handleHotkeyPressed({0}, ModifierHold::held)
+           : program.switchboard().handleHotkeyReleased({0});
   }
   const RunningApplication& application(const std::string& name) const { return name == "browser" ? browser : editor; }
   std::string applicationName(std::int32_t pid) const {
@@ -180,6 +181,7 @@ void ProgramStory::addActions() {
       {"menus", [this](W texts) { saveMenus(texts); }},
       {"press", keys(&FakeKeyboard::press)},
       {"release", keys(&FakeKeyboard::release)},
+      {"latch", keys(&FakeKeyboard::latch)},
       {"repeat", keys(&FakeKeyboard::repeat)},
       {"lose", keys(&FakeKeyboard::releaseUnseen)},
       {"strike", [this](W w) { keys (&FakeKeyboard::press)(w), keys (&FakeKeyboard::release)(w); }},

@@ -18,7 +18,7 @@ constexpr std::int64_t kControlOption = carbon::kControl | carbon::kOption;
 class HotkeyManagerTest : public testing::Test {
  protected:
   HotkeyManagerTest() {
-    manager.onHotkeyPressed = [this](HotkeyManager::MenuIndices menus) {
+    manager.onHotkeyPressed = [this](HotkeyManager::MenuIndices menus, ModifierHold) {
       pressed.emplace_back(begin(menus), end(menus));
     };
     manager.onHotkeyReleased = [this](HotkeyManager::MenuIndices menus) {
@@ -102,11 +102,12 @@ TEST_F(HotkeyManagerTest, RegisteringAgainLeavesNothingBehind) {
 TEST_F(HotkeyManagerTest, PassesEventsOnWithoutAllocatingOrLogging) {
   std::size_t reported = 0;
   std::uint32_t last = 0;
-  manager.onHotkeyPressed = [&](HotkeyManager::MenuIndices indices) {
+  const auto noteFirst = [&](HotkeyManager::MenuIndices indices) {
     reported += indices.size();
     last = indices.back();
   };
-  manager.onHotkeyReleased = manager.onHotkeyPressed;
+  manager.onHotkeyPressed = [&](HotkeyManager::MenuIndices indices, ModifierHold) { noteFirst(indices); };
+  manager.onHotkeyReleased = noteFirst;
   manager.registerAll(std::vector<PieMenu>(3, menuWith(49, carbon::kControl)));
   EXPECT_EQ(desktop.keyboard.send(nullptr), 0);
   const std::size_t before = allocationCount();

@@ -123,8 +123,10 @@ bool X11HotkeyService::handlePress(const X11Key& key) {
     return false;
   }
   const auto modifiers = live->xModifiers;
+  const bool areHeld = allHeld(keymap_.heldEventFlags(), CarbonModifiers::eventFlags(live->carbonModifiers));
+  const ModifierHold hold = areHeld ? ModifierHold::held : ModifierHold::latched;
   forEachRegistrationOf(key.code, [&](const Registration& registration) {
-    if (registration.xModifiers == modifiers) send(kEventHotKeyPressed, registration.id);
+    if (registration.xModifiers == modifiers) send({kEventHotKeyPressed, registration.id, hold});
   });
   return true;
 }
@@ -136,7 +138,7 @@ bool X11HotkeyService::handleRelease(const X11Key& key) {
   forEachRegistrationOf(key.code, [&](const Registration& registration) {
     if (registration.carbonModifiers != CarbonModifiers::carbon(key.flagsAtPress)) return;
     isReported = true;
-    send(kEventHotKeyReleased, registration.id);
+    send({kEventHotKeyReleased, registration.id});
   });
   return isReported;
 }
@@ -155,9 +157,9 @@ void X11HotkeyService::forEachRegistrationOf(xcb_keycode_t key, Visitor visit) {
   }
 }
 
-void X11HotkeyService::send(std::uint32_t kind, EventHotKeyID id) {
-  trace::line("hotkey ", id.id, kind == kEventHotKeyPressed ? " pressed" : " released");
-  const HotKeyEvent event{kind, id};
+void X11HotkeyService::send(const HotKeyEvent& event) {
+  trace::line("hotkey ", event.id.id, event.kind == kEventHotKeyPressed ? " pressed" : " released",
+              event.modifiers == ModifierHold::latched ? ", modifiers latched" : "");
   handlers_.offer(&event);
 }
 

@@ -53,7 +53,7 @@ class X11HotkeyService : public HotkeyService {
   bool handleRelease(const X11Key& key);
   template <class Visitor>
   void forEachRegistrationOf(xcb_keycode_t key, Visitor visit);
-  void send(std::uint32_t kind, EventHotKeyID id);
+  void send(const HotKeyEvent& event);
   void followKeymap();
 
   X11Connection& connection_;
