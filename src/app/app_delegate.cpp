@@ -73,11 +73,16 @@ void AppDelegate::applicationDidFinishLaunching() {
   statusMenu_->setupStatusBar();
   setupTriggers();
   observeChanges();
-  services_.mainQueue.async(weakSelf_.bind([](AppDelegate& self) { self.firstLaunch_->presentPermissionsIfNeeded(); }));
+  services_.mainQueue.async(weakSelf_.bind([](AppDelegate& self) { self.presentFirstWindows(); }));
   services_.mainQueue.after(kStatusItemSettlingTime, weakSelf_.bind([](AppDelegate& self) {
     self.evaluateStatusItemVisibility(HiddenStatusItem::openSettings);
   }));
   ringPrerenderer_ = std::make_unique<RingPrerenderer>(ringPrerendererServices());
+}
+
+void AppDelegate::presentFirstWindows() {
+  firstLaunch_->presentPermissionsIfNeeded();
+  if (services_.config.hasReplacedUnreadable()) openSettings();
 }
 
 void AppDelegate::applicationWillTerminate() {

@@ -88,6 +88,7 @@ class AppDelegate {
 
   FirstLaunch::Services firstLaunchServices() const;
   RingPrerenderer::Services ringPrerendererServices() const;
+  void presentFirstWindows();
   void subscribeLanguage();
   void setupTriggers();
   void observeChanges();

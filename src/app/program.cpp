@@ -8,7 +8,8 @@ namespace rondora {
 
 Program::Program(const Platform& platform)
     : platform_(platform),
-      config_({platform.files, platform.clock, platform.log, platform.random, notifications_}),
+      keptDocuments_(platform.defaults),
+      config_(configServices()),
       edits_(config_, platform.mainQueue),
       permissions_(platform.permissionService, platform.mainQueue, platform.shell),
       activationHistory_(platform.workspace),
@@ -17,6 +18,7 @@ Program::Program(const Platform& platform)
       titles_(platform.workspace),
       favicons_({platform.network, platform.pictureCodec, platform.files, platform.clock, platform.mainQueue}),
       report_(localization_, platform.modifierNames),
+      documentFindings_({config_, keptDocuments_, platform.workspace, localization_}),
       pieMenuWindow_(ringPorts(), ringEnvironment()),
       switchboard_(switchboardServices()),
       delegate_(delegateServices()) {
@@ -44,6 +46,15 @@ void Program::end() {
   delegate_.applicationWillTerminate();
   if (platform_.handOverClipboard) platform_.handOverClipboard();
   platform_.instance.release();
+}
+
+ConfigManager::Services Program::configServices() {
+  return {.files = platform_.files,
+          .clock = platform_.clock,
+          .log = platform_.log,
+          .random = platform_.random,
+          .notifications = notifications_,
+          .onKept = [this](const KeptDocument& document) { keptDocuments_.add(document); }};
 }
 
 ActionServices::Ports Program::actionPorts() const {
@@ -130,11 +141,15 @@ WindowContents Program::windowContents() {
               [this](FindingsObserver observer) {
                 return rondora::watchFindings(
                     platform_.mainQueue, [this] { return failures(findings()); }, std::move(observer));
-              }};
+              },
+          .press = [this](const FindingButton& button) { documentFindings_.press(button); }};
 }
 
 SessionFindings Program::findings() const {
-  return report_.findings(sessionFacts(), config_.current(), delegate_.hotkeyManager());
+  SessionFindings all = documentFindings_.findings();
+  const auto session = report_.findings(sessionFacts(), config_.current(), delegate_.hotkeyManager());
+  all.insert(all.end(), session.begin(), session.end());
+  return all;
 }
 
 SessionFacts Program::sessionFacts() const {

@@ -17,9 +17,11 @@
 #include "permissions/permissions_monitor.h"
 #include "running_apps/running_apps_activation_history.h"
 #include "running_apps/running_apps_menu_items.h"
+#include "settings/document_findings.h"
 #include "settings/window_contents.h"
 #include "storage/config_manager.h"
 #include "storage/edit_session.h"
+#include "storage/kept_documents.h"
 
 namespace rondora {
 
@@ -57,6 +59,7 @@ class Program {
   MenuSwitchboard::Services switchboardServices();
   AppDelegate::Services delegateServices();
 
+  ConfigManager::Services configServices();
   std::string firstHotkey() const;
   SessionFacts sessionFacts() const;
   SessionFindings findings() const;
@@ -65,6 +68,7 @@ class Program {
 
   Platform platform_;
   NotificationCenter notifications_;
+  KeptDocuments keptDocuments_;
   ConfigManager config_;
   EditSession edits_;
   LocalizationStore localization_;
@@ -77,6 +81,7 @@ class Program {
   Favicons favicons_;
   Subscription faviconPrefetch_;
   SessionReport report_;
+  DocumentFindings documentFindings_;
   std::optional<std::string> statusItemProblem_;
   PieMenuWindowController pieMenuWindow_;
   MenuSwitchboard switchboard_;

@@ -49,6 +49,16 @@ enum class StringKey {
   sessionTrackpadIgnoredRemedy,
   sessionTrackpadUnreadableRemedy,
 
+  documentUnreadable,  // %@: what is wrong and where
+  documentKept,        // %@: its path
+  documentKeptItself,  // %@: its path
+  documentNotKept,     // %@: the system’s message
+  documentRestoreHint,
+  documentNothingOpensIt,
+  findingOpenFile,
+  findingRestore,
+  findingDismiss,
+
   /// Names the paste shortcut as "Command+V" in every language.
   snippetHint,
   importRefused,

@@ -22,6 +22,8 @@ class FileSystem {
   virtual bool exists(const std::filesystem::path& path) const = 0;
   /// The whole content; nothing when the file is missing, not a regular file, unreadable or too long.
   virtual std::optional<std::string> read(const std::filesystem::path& path) const = 0;
+  /// The system's error that keeps `read` from returning the content; nothing when it can.
+  virtual FileError readError(const std::filesystem::path& path) const = 0;
   /// True when `read` fails only because of the file's length.
   virtual bool isTooLong(const std::filesystem::path& path) const = 0;
   /// Creates the folder and its parents, accessible to the user only; succeeds when the folder exists.

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
+#include <string>
 #include <string_view>
 
 namespace rondora {
@@ -22,6 +24,9 @@ class UserDefaults {
   /// False when the key is missing or holds no Boolean.
   virtual bool boolean(std::string_view key) const = 0;
   virtual void setBoolean(std::string_view key, bool value) = 0;
+  virtual std::optional<std::string> string(std::string_view key) const = 0;
+  /// `text` is one line.
+  virtual void setString(std::string_view key, std::string_view text) = 0;
 
   /// True when the program's own domain holds no key at all.
   virtual bool isEmpty() const = 0;

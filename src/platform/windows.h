@@ -3,17 +3,30 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "base/geometry.h"
 
 namespace rondora {
 
-/// One fact about the current desktop session, in the user's language.
+enum class FindingCommand { openFile, importFile, dismiss };
+
+/// A button beside a finding.
+struct FindingButton {
+  FindingCommand command = FindingCommand::dismiss;
+  std::string title;
+  /// The file that the finding is about.
+  std::string file;
+  friend bool operator==(const FindingButton&, const FindingButton&) = default;
+};
+
+/// One fact about the program or the current desktop session, in the user's language.
 struct SessionFinding {
   bool works = true;
   std::string statement;
-  /// What the user can do about it; empty when it works.
+  /// What the user can do about it, in one or more lines; empty when it works.
   std::string remedy;
+  std::vector<FindingButton> buttons = {};
   friend bool operator==(const SessionFinding&, const SessionFinding&) = default;
 };
 

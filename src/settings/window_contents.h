@@ -50,6 +50,8 @@ struct WindowContents {
   std::function<Subscription(FindingsObserver)> watchFindings;
   /// As `watchFindings`, with failures only.
   std::function<Subscription(FindingsObserver)> watchFailures;
+  /// Carries out the command of a finding's button; the findings may change with it.
+  std::function<void(const FindingButton&)> press;
 };
 
 }  // namespace rondora

@@ -11,7 +11,6 @@
 #include <vector>
 
 #include "base/program_identity.h"
-#include "storage/configuration_json.h"
 #include "storage/pie_configuration_migrator.h"
 
 namespace rondora {
@@ -65,13 +64,16 @@ PieConfiguration ConfigManager::load() {
 
 PieConfiguration ConfigManager::readOrDefault() {
   if (const auto bytes = services_.files.read(configURL_)) {
-    if (auto decoded = decodeConfig(*bytes)) return std::move(*decoded);
-    backUpUnreadableConfig(configURL_);
+    auto decoded = decodeConfig(*bytes);
+    if (auto* configuration = std::get_if<PieConfiguration>(&decoded)) return std::move(*configuration);
+    backUpUnreadableConfig(std::get<CodingError>(decoded).description);
   } else if (services_.files.isTooLong(configURL_)) {
-    services_.log.error("decodeConfig failed: document: too long");
-    backUpUnreadableConfig(configURL_);
+    const std::string problem = "document: too long";
+    services_.log.error("decodeConfig failed: " + problem);
+    backUpUnreadableConfig(problem);
   } else if (services_.files.exists(configURL_)) {
-    services_.files.keepAs(configURL_, freeBackupPath(configURL_.parent_path()));
+    const FileError error = services_.files.readError(configURL_);
+    keepUnreadable(error.value_or(std::string()), freeBackupPath(), error.value_or(std::string()));
   }
   return PieConfiguration::defaultConfig(services_.random);
 }
@@ -98,19 +100,21 @@ FileError ConfigManager::exportConfiguration(const std::filesystem::path& path) 
   return services_.files.replaceDurably(path, std::get<std::string>(encoded));
 }
 
-std::optional<StringKey> ConfigManager::importConfiguration(const std::filesystem::path& path) {
+std::optional<ConfigManager::ImportRefusal> ConfigManager::importConfiguration(const std::filesystem::path& path) {
   const auto bytes = services_.files.read(path);
-  auto decoded = bytes ? decodeConfig(*bytes) : std::nullopt;
-  if (!decoded) return StringKey::importRefused;
-  save(std::move(*decoded));
+  if (!bytes) return ImportRefusal{.problem = services_.files.readError(path).value_or(std::string())};
+  auto decoded = decodeConfig(*bytes);
+  if (const auto* error = std::get_if<CodingError>(&decoded)) return ImportRefusal{.problem = error->description};
+  save(std::move(std::get<PieConfiguration>(decoded)));
   return std::nullopt;
 }
 
-std::optional<PieConfiguration> ConfigManager::decodeConfig(std::string_view bytes) {
+CodingResult<PieConfiguration> ConfigManager::decodeConfig(std::string_view bytes) {
   auto decoded = decodeConfiguration(bytes, services_.random);
-  if (auto* configuration = std::get_if<PieConfiguration>(&decoded)) return std::move(*configuration);
-  services_.log.error("decodeConfig failed: " + std::get<CodingError>(decoded).description);
-  return std::nullopt;
+  if (const auto* error = std::get_if<CodingError>(&decoded)) {
+    services_.log.error("decodeConfig failed: " + error->description);
+  }
+  return decoded;
 }
 
 void ConfigManager::writeLocal(const PieConfiguration& configuration) {
@@ -121,17 +125,29 @@ void ConfigManager::writeLocal(const PieConfiguration& configuration) {
   if (error) services_.log.error("writeLocal failed: " + *error);
 }
 
-void ConfigManager::backUpUnreadableConfig(const std::filesystem::path& url) {
-  const auto backup = freeBackupPath(url.parent_path());
-  if (const FileError error = services_.files.copy(url, backup)) {
-    services_.log.error("config backup failed: " + *error);
-    services_.files.keepAs(url, backup);
-  } else {
-    services_.log.error("config unreadable, backup saved: " + backup.string());
-  }
+void ConfigManager::backUpUnreadableConfig(std::string problem) {
+  const auto backup = freeBackupPath();
+  const FileError error = services_.files.copy(configURL_, backup);
+  services_.log.error(error ? "config backup failed: " + *error
+                            : "config unreadable, backup saved: " + backup.string());
+  keepUnreadable(std::move(problem), backup, error);
 }
 
-std::filesystem::path ConfigManager::freeBackupPath(const std::filesystem::path& folder) const {
+/// Without a copy at `file`, the document itself gets that name.
+void ConfigManager::keepUnreadable(std::string problem, const std::filesystem::path& file, const FileError& copyError) {
+  KeptDocument kept{.file = file.string(), .problem = std::move(problem)};
+  if (copyError) {
+    const FileError error = services_.files.keepAs(configURL_, file);
+    kept.keeping = error ? KeptDocument::Keeping::failed : KeptDocument::Keeping::renamed;
+    if (error) kept.file = configURL_.string();
+    kept.keepingError = error.value_or(std::string());
+  }
+  hasReplacedUnreadable_ = true;
+  if (services_.onKept) services_.onKept(kept);
+}
+
+std::filesystem::path ConfigManager::freeBackupPath() const {
+  const std::filesystem::path folder = configURL_.parent_path();
   const std::string name = "config.broken-" + fileStamp(services_.clock.now());
   auto path = folder / (name + ".json");
   for (int number = 2; services_.files.exists(path) && number <= kMaxBackupNumber; ++number) {

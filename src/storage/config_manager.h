@@ -1,7 +1,9 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "base/notification_center.h"
@@ -12,6 +14,8 @@
 #include "platform/file_system.h"
 #include "platform/log.h"
 #include "platform/random_source.h"
+#include "storage/configuration_json.h"
+#include "storage/kept_documents.h"
 
 namespace rondora {
 
@@ -27,6 +31,14 @@ class ConfigManager {
     Log& log;
     RandomSource& random;
     NotificationCenter& notifications;
+    /// Called with each document in whose place the manager writes another, by the constructor too. May be empty.
+    std::function<void(const KeptDocument&)> onKept = {};
+  };
+
+  struct ImportRefusal {
+    StringKey message = StringKey::importRefused;
+    /// What is wrong with the file, in English: "menus[2].hotkey.keyCode: missing", or the system's message.
+    std::string problem = {};
   };
 
   /// Loads the document and writes it back at once. An unreadable one is backed up and replaced by the first-run
@@ -44,19 +56,23 @@ class ConfigManager {
 
   /// Writes the current document to a file of the user's choice.
   FileError exportConfiguration(const std::filesystem::path& path);
-  /// Saves the document in the file as the current one. Returns the message for the user if the file holds none.
-  std::optional<StringKey> importConfiguration(const std::filesystem::path& path);
+  /// Saves the document in the file as the current one, unless the file holds none.
+  std::optional<ImportRefusal> importConfiguration(const std::filesystem::path& path);
+  /// The document that was found at the start could not be read, so the first-run document has replaced it.
+  bool hasReplacedUnreadable() const { return hasReplacedUnreadable_; }
 
  private:
   PieConfiguration load();
   PieConfiguration readOrDefault();
   void normalize(PieConfiguration& configuration);
-  std::optional<PieConfiguration> decodeConfig(std::string_view bytes);
+  CodingResult<PieConfiguration> decodeConfig(std::string_view bytes);
   void writeLocal(const PieConfiguration& configuration);
-  void backUpUnreadableConfig(const std::filesystem::path& url);
-  std::filesystem::path freeBackupPath(const std::filesystem::path& folder) const;
+  void backUpUnreadableConfig(std::string problem);
+  void keepUnreadable(std::string problem, const std::filesystem::path& file, const FileError& copyError);
+  std::filesystem::path freeBackupPath() const;
 
   Services services_;
+  bool hasReplacedUnreadable_ = false;
   std::filesystem::path configURL_;
   CurrentValue<PieConfiguration> configuration_;
 };

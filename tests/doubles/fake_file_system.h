@@ -24,6 +24,11 @@ class FakeFileSystem final : public FileSystem {
     if (isTooLong(path) || injectedFailure("read")) return std::nullopt;
     return valueAt(files, path);
   }
+  FileError readError(const Path& path) const override {
+    if (isTooLong(path)) return "File too large";
+    if (auto failure = injectedFailure("read")) return failure;
+    return files.contains(path) ? FileError() : "No such file or directory";
+  }
   bool isTooLong(const Path& path) const override { return tooLong.contains(path); }
   FileError createFolder(const Path& path) override {
     if (auto failure = injectedFailure("create")) return failure;

@@ -57,6 +57,16 @@ constexpr StringTable kEnglishStrings = completeTable({
     {StringKey::sessionTrackpadUnreadableRemedy,
      "Open these menus by hotkey instead. A later version will react to taps if your user belongs to the group "
      "“input”."},
+    {StringKey::documentUnreadable,
+     "Rondora could not read its configuration file and started with its standard menus: %@"},
+    {StringKey::documentKept, "That file is kept as %@."},
+    {StringKey::documentKeptItself, "No copy of it could be written, so the file itself now has the name %@."},
+    {StringKey::documentNotKept, "That file could not be kept: %@"},
+    {StringKey::documentRestoreHint, "Correct the mistake in it, then restore it."},
+    {StringKey::documentNothingOpensIt, "No application here opens this file."},
+    {StringKey::findingOpenFile, "Open File"},
+    {StringKey::findingRestore, "Restore"},
+    {StringKey::findingDismiss, "Dismiss"},
     {StringKey::snippetHint, "Text is copied to the clipboard. Paste it manually with Command+V."},
     {StringKey::importRefused, "Couldn't read this file. Please choose a valid settings backup."},
 });

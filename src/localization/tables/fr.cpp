@@ -62,6 +62,17 @@ constexpr StringTable kFrenchStrings = completeTable({
     {StringKey::sessionTrackpadUnreadableRemedy,
      "Ouvrez plutôt ces menus avec un raccourci. Une version ultérieure réagira aux appuis si votre compte appartient "
      "au groupe « input »."},
+    {StringKey::documentUnreadable,
+     "Rondora n’a pas pu lire son fichier de configuration et a démarré avec les menus par défaut : %@"},
+    {StringKey::documentKept, "Ce fichier est conservé sous %@."},
+    {StringKey::documentKeptItself,
+     "Aucune copie n’a pu être écrite\u202F; le fichier lui-même porte désormais le nom %@."},
+    {StringKey::documentNotKept, "Ce fichier n’a pas pu être conservé : %@"},
+    {StringKey::documentRestoreHint, "Corrigez l’erreur qu’il contient, puis restaurez-le."},
+    {StringKey::documentNothingOpensIt, "Aucune application n’ouvre ce fichier ici."},
+    {StringKey::findingOpenFile, "Ouvrir le fichier"},
+    {StringKey::findingRestore, "Restaurer"},
+    {StringKey::findingDismiss, "Ignorer"},
     {StringKey::snippetHint, "Le texte est copié dans le presse-papiers. Collez-le manuellement avec Command+V."},
     {StringKey::importRefused, "Impossible de lire ce fichier. Veuillez choisir une sauvegarde de réglages valide."},
 });

@@ -59,6 +59,16 @@ constexpr StringTable kIndonesianStrings = completeTable({
     {StringKey::sessionTrackpadUnreadableRemedy,
      "Buka menu-menu ini dengan tombol pintas. Versi mendatang akan menanggapi ketukan bila pengguna Anda termasuk "
      "dalam grup “input”."},
+    {StringKey::documentUnreadable,
+     "Rondora tidak dapat membaca berkas konfigurasinya dan mulai dengan menu bawaan: %@"},
+    {StringKey::documentKept, "Berkas itu disimpan sebagai %@."},
+    {StringKey::documentKeptItself, "Salinannya tidak dapat ditulis, jadi berkas itu sendiri diberi nama %@."},
+    {StringKey::documentNotKept, "Berkas itu tidak dapat disimpan: %@"},
+    {StringKey::documentRestoreHint, "Perbaiki kesalahan di dalamnya, lalu pulihkan."},
+    {StringKey::documentNothingOpensIt, "Tidak ada aplikasi di sini yang membuka berkas ini."},
+    {StringKey::findingOpenFile, "Buka Berkas"},
+    {StringKey::findingRestore, "Pulihkan"},
+    {StringKey::findingDismiss, "Abaikan"},
     {StringKey::snippetHint, "Teks disalin ke papan klip. Tempelkan sendiri dengan Command+V."},
     {StringKey::importRefused, "Berkas ini tidak dapat dibaca. Pilih cadangan pengaturan yang valid."},
 });

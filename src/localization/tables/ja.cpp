@@ -59,6 +59,15 @@ constexpr StringTable kJapaneseStrings = completeTable({
     {StringKey::sessionTrackpadUnreadableRemedy,
      "代わりにホットキーで開いてください。ユーザーが「input」グループに属していれば、今後のバージョンでタップに対応しま"
      "す。"},
+    {StringKey::documentUnreadable, "Rondora は設定ファイルを読み込めなかったため、標準のメニューで起動しました：%@"},
+    {StringKey::documentKept, "そのファイルは %@ として残してあります。"},
+    {StringKey::documentKeptItself, "コピーを書き込めなかったため、ファイル自体の名前を %@ に変更しました。"},
+    {StringKey::documentNotKept, "そのファイルを残せませんでした：%@"},
+    {StringKey::documentRestoreHint, "中の誤りを直してから、復元してください。"},
+    {StringKey::documentNothingOpensIt, "このファイルを開くアプリケーションがありません。"},
+    {StringKey::findingOpenFile, "ファイルを開く"},
+    {StringKey::findingRestore, "復元"},
+    {StringKey::findingDismiss, "非表示にする"},
     {StringKey::snippetHint, "テキストをクリップボードにコピーしました。Command+V で貼り付けてください。"},
     {StringKey::importRefused, "このファイルを読み込めませんでした。有効な設定のバックアップを選んでください。"},
 });

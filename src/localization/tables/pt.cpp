@@ -59,6 +59,16 @@ constexpr StringTable kPortugueseStrings = completeTable({
     {StringKey::sessionTrackpadUnreadableRemedy,
      "Abra esses menus com um atalho. Uma versão futura vai reagir a toques se o seu usuário pertencer ao grupo "
      "“input”."},
+    {StringKey::documentUnreadable,
+     "O Rondora não conseguiu ler o arquivo de configuração e iniciou com os menus padrão: %@"},
+    {StringKey::documentKept, "Esse arquivo foi guardado como %@."},
+    {StringKey::documentKeptItself, "Não foi possível gravar uma cópia, por isso o próprio arquivo recebeu o nome %@."},
+    {StringKey::documentNotKept, "Não foi possível guardar esse arquivo: %@"},
+    {StringKey::documentRestoreHint, "Corrija o erro nele e restaure-o."},
+    {StringKey::documentNothingOpensIt, "Nenhum aplicativo aqui abre este arquivo."},
+    {StringKey::findingOpenFile, "Abrir arquivo"},
+    {StringKey::findingRestore, "Restaurar"},
+    {StringKey::findingDismiss, "Dispensar"},
     {StringKey::snippetHint, "O texto foi copiado para a área de transferência. Cole-o manualmente com Command+V."},
     {StringKey::importRefused, "Não foi possível ler este arquivo. Escolha um backup de configurações válido."},
 });

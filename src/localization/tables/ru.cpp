@@ -58,6 +58,16 @@ constexpr StringTable kRussianStrings = completeTable({
     {StringKey::sessionTrackpadUnreadableRemedy,
      "Открывайте эти меню сочетанием клавиш. Одна из следующих версий будет реагировать на касания, если ваш "
      "пользователь состоит в группе «input»."},
+    {StringKey::documentUnreadable,
+     "Не удалось прочитать файл конфигурации, поэтому Rondora запущена со стандартными меню: %@"},
+    {StringKey::documentKept, "Этот файл сохранён как %@."},
+    {StringKey::documentKeptItself, "Копию записать не удалось, поэтому сам файл получил имя %@."},
+    {StringKey::documentNotKept, "Сохранить этот файл не удалось: %@"},
+    {StringKey::documentRestoreHint, "Исправьте в нём ошибку и восстановите его."},
+    {StringKey::documentNothingOpensIt, "Здесь нет приложения, которое открывает этот файл."},
+    {StringKey::findingOpenFile, "Открыть файл"},
+    {StringKey::findingRestore, "Восстановить"},
+    {StringKey::findingDismiss, "Скрыть"},
     {StringKey::snippetHint, "Текст скопирован в буфер обмена. Вставьте его вручную с помощью Command+V."},
     {StringKey::importRefused, "Не удалось прочитать этот файл. Выберите корректную резервную копию настроек."},
 });

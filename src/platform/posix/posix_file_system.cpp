@@ -18,6 +18,26 @@ bool isLongerThanRead(const struct stat& status) {
   return status.st_size > static_cast<off_t>(PosixFileSystem::kMaxFileSize);
 }
 
+FileError readInto(std::string& bytes, const fs::path& path) {
+  // O_NONBLOCK keeps open() from waiting for the writer of a pipe; regular files ignore it.
+  const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+  struct stat status {};
+  if (!file.isOpen() || ::fstat(file.get(), &status) != 0) return describe("cannot read", path, errno);
+  if (!S_ISREG(status.st_mode)) return describe("cannot read", path, S_ISDIR(status.st_mode) ? EISDIR : EINVAL);
+  if (isLongerThanRead(status)) return describe("cannot read", path, EFBIG);
+
+  bytes.reserve(static_cast<std::size_t>(status.st_size));
+  std::vector<char> chunk(1 << 16);
+  while (bytes.size() <= PosixFileSystem::kMaxFileSize) {
+    const ssize_t length = ::read(file.get(), chunk.data(), chunk.size());
+    if (length < 0 && errno == EINTR) continue;
+    if (length < 0) return describe("cannot read", path, errno);
+    if (length == 0) return std::nullopt;
+    bytes.append(chunk.data(), static_cast<std::size_t>(length));
+  }
+  return describe("cannot read", path, EFBIG);
+}
+
 }  // namespace
 
 bool PosixFileSystem::exists(const fs::path& path) const {
@@ -26,23 +46,14 @@ bool PosixFileSystem::exists(const fs::path& path) const {
 }
 
 std::optional<std::string> PosixFileSystem::read(const fs::path& path) const {
-  // O_NONBLOCK keeps open() from waiting for the writer of a pipe; regular files ignore it.
-  const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
-  struct stat status {};
-  if (!file.isOpen() || ::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
-  if (isLongerThanRead(status)) return std::nullopt;
-
   std::string bytes;
-  bytes.reserve(static_cast<std::size_t>(status.st_size));
-  std::vector<char> chunk(1 << 16);
-  while (bytes.size() <= kMaxFileSize) {
-    const ssize_t length = ::read(file.get(), chunk.data(), chunk.size());
-    if (length < 0 && errno == EINTR) continue;
-    if (length < 0) return std::nullopt;
-    if (length == 0) return bytes;
-    bytes.append(chunk.data(), static_cast<std::size_t>(length));
-  }
-  return std::nullopt;
+  if (readInto(bytes, path)) return std::nullopt;
+  return bytes;
+}
+
+FileError PosixFileSystem::readError(const fs::path& path) const {
+  std::string bytes;
+  return readInto(bytes, path);
 }
 
 bool PosixFileSystem::isTooLong(const fs::path& path) const {

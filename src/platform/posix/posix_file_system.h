@@ -25,6 +25,7 @@ class PosixFileSystem final : public FileSystem {
 
   bool exists(const std::filesystem::path& path) const override;
   std::optional<std::string> read(const std::filesystem::path& path) const override;
+  FileError readError(const std::filesystem::path& path) const override;
   bool isTooLong(const std::filesystem::path& path) const override;
   FileError createFolder(const std::filesystem::path& path) override;
   FileError replaceDurably(const std::filesystem::path& path, std::string_view bytes) override;

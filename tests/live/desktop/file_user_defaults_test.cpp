@@ -28,11 +28,14 @@ TEST_F(FileUserDefaultsTest, KeepsValuesAndForeignLinesAcrossStarts) {
   first.setBoolean("seen", false);
   first.setBoolean("other", true);
   first.setInteger("NSInitialToolTipDelay", -120);
-  EXPECT_EQ(readFile(file("Rondora")), "NSInitialToolTipDelay=-120\nother=true\nseen=false\nstrange=a=b\n");
+  first.setString("list", "[{x=y}]");
+  EXPECT_EQ(readFile(file("Rondora")),
+            "NSInitialToolTipDelay=-120\nlist=[{x=y}]\nother=true\nseen=false\nstrange=a=b\n");
   const FileUserDefaults second(files_, log_);
   EXPECT_FALSE(second.isEmpty());
   EXPECT_TRUE(second.boolean("other"));
   EXPECT_TRUE(second.hasValue("seen") && !second.boolean("seen"));
+  EXPECT_EQ(second.string("list"), "[{x=y}]");
   EXPECT_FALSE(second.hasValue("see"));
 }
 

@@ -63,8 +63,9 @@ TEST_F(LifecycleTest, SessionEndIsOrderlyAndRestartsNothing) {
   EXPECT_EQ(readFile(desktop_.savedSession()).find("rondora"), std::string::npos);
 }
 
-TEST_F(LifecycleTest, BrokenDocumentGivesTheFirstRunRing) {
+TEST_F(LifecycleTest, BrokenDocumentOpensTheSettingsAndGivesTheFirstRunRing) {
   program_.emplace(desktop_, client_, "{");
+  ASSERT_TRUE(waitForSettings());
   ASSERT_TRUE(open());
   client_.tap(key::escape);
   releaseChord();

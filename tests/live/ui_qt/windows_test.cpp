@@ -57,6 +57,7 @@ class WindowsTest : public testing::Test {
   std::vector<AppLanguage> choices;
   SessionFindings findings{{true, "Hotkeys: 2", ""}};
   Signal<const SessionFindings&> findingsChanged;
+  std::vector<FindingButton> pressed;
   int quits = 0;
   Signal<> textsChanged;
   QtWindows windows{[this] { return contents(); }};
@@ -70,7 +71,8 @@ class WindowsTest : public testing::Test {
             .chooseLanguage = [this](AppLanguage choice) { choices.push_back(choice); },
             .quit = [this] { ++quits; },
             .watchFindings = [this](auto observer) { return watch(observer); },
-            .watchFailures = [this](auto observer) { return watch(observer); }};
+            .watchFailures = [this](auto observer) { return watch(observer); },
+            .press = [this](const FindingButton& button) { pressed.push_back(button), findings.clear(); }};
   }
   Subscription watch(const FindingsObserver& observer) {
     observer(findings);
@@ -87,6 +89,11 @@ TEST_F(WindowsTest, SettingsWindowIsReusedAndUpToDate) {
   findingsChanged.send({{false, "Taken: Main", "Choose another"}});
   EXPECT_TRUE(shows(*window, "Taken: Main") && shows(*window, "Choose another"));
   EXPECT_FALSE(shows(*window, "Hotkeys: 2"));
+  const FindingButton dismiss{FindingCommand::dismiss, "Dismiss", "/old.json"};
+  findingsChanged.send({{false, "Unreadable", "Mend it", {{FindingCommand::openFile, "Open", "/old.json"}, dismiss}}});
+  click(*window, "Dismiss");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !shows(*window, "Unreadable"); }));
+  EXPECT_EQ(pressed, std::vector{dismiss});
   click(*window, "Close");
   EXPECT_EQ(findingsChanged.size(), 0U) << "nothing is read for a hidden window";
   EXPECT_TRUE(windowsUp().empty());

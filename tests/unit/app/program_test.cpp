@@ -108,6 +108,36 @@ TEST_F(RunningProgramTest, WindowsFollowTheFindingsTheyShow) {
   EXPECT_THAT(all, ElementsAre(4, 4)) << "hidden windows read nothing";
 }
 
+TEST_F(RunningProgramTest, UnreadableDocumentIsAFindingUntilItIsRestored) {
+  std::string& document = desktop.files.files[program.config().configURL()];
+  const std::string readable = document;
+  document.replace(document.find("menuRadius"), 10, "menuRadios");
+  std::optional<Program> next;
+  for (int start = 0; start < 2; ++start) {
+    next.emplace(platform()).start();
+    desktop.time.advance(2);
+    EXPECT_EQ(desktop.windows.settingsShown, 1) << "they open at the start that could not read it";
+  }
+  const WindowContents contents = next->windowContents();
+  SessionFindings findings;
+  const Subscription watch = contents.watchFindings([&](const SessionFindings& all) { findings = all; });
+  const SessionFinding finding = findings.at(0);
+  EXPECT_THAT(finding.statement, testing::HasSubstr("menus[0].menuRadius: missing"));
+  ASSERT_THAT(finding.buttons, testing::SizeIs(3));
+  const auto press = [&](std::size_t button) {
+    contents.press(finding.buttons[button]);
+    desktop.time.advance(1);
+  };
+  press(0);
+  EXPECT_EQ(desktop.workspace.openedUrls, std::vector{"file://" + finding.buttons[0].file});
+  press(1);
+  EXPECT_THAT(findings.at(0).remedy, testing::EndsWith("valid settings backup.\nmenus[0].menuRadius: missing"));
+  desktop.files.files[finding.buttons[1].file] = readable;
+  press(1);
+  EXPECT_TRUE(findings.at(0).works) << findings[0].statement;
+  EXPECT_EQ(next->config().current().menus, program.config().current().menus);
+}
+
 TEST_F(RunningProgramTest, EndSavesEditsReleasesKeysAndLeavesTheSession) {
   PieMenu tapped = menu("tapped", {49, kControlOption});
   tapped.trackpadFingerCount = 3;

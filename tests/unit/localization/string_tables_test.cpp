@@ -18,6 +18,8 @@ const std::set<std::pair<AppLanguage, StringKey>> kSharedOnPurpose = {
     {AppLanguage::portuguese, StringKey::settingsLanguage},
     {AppLanguage::spanish, StringKey::settingsCopy},  // "Copiar" in both
     {AppLanguage::portuguese, StringKey::settingsCopy},
+    {AppLanguage::spanish, StringKey::findingRestore},  // "Restaurar" in both
+    {AppLanguage::portuguese, StringKey::findingRestore},
 };
 
 std::string_view textOf(AppLanguage language, std::size_t key) { return stringTable(language)[key]; }

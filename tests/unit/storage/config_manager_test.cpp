@@ -23,7 +23,8 @@ using testing::StartsWith;
 
 struct Config {
   void start() {
-    manager = std::make_unique<ConfigManager>(ConfigManager::Services{files, time, log, random, notifications});
+    manager = std::make_unique<ConfigManager>(ConfigManager::Services{
+        files, time, log, random, notifications, [this](const KeptDocument& document) { kept = document; }});
     observer = notifications.addObserver(ConfigManager::kConfigurationDidChange, [this] { ++posts; });
   }
   void rename(const std::string& firstMenu) {
@@ -41,6 +42,7 @@ struct Config {
   NotificationCenter notifications;
   std::unique_ptr<ConfigManager> manager;
   Subscription observer;
+  KeptDocument kept;
   int posts = 0;
   const std::string url = "/home/user/.config/Rondora/config.json";
 };
@@ -70,7 +72,8 @@ struct ConfigStory : Config, Story {
                     {"language", [this] { return std::string(rawValue(manager->current().language)); }},
                     {"stamped-now", [this] { return yesOrNo(manager->current().lastModified == time.now()); }},
                     {"posts", [this] { return std::to_string(posts); }},
-                    {"refused", [this] { return yesOrNo(imported == StringKey::importRefused); }},
+                    {"refused", [this] { return imported ? imported->problem : "no"; }},
+                    {"kept", [this] { return describe(kept); }},
                     {"kept-aside", [this] { return keptAside(); }},
                     {"log", [this] { return log.take(); }}};
   }
@@ -79,6 +82,12 @@ struct ConfigStory : Config, Story {
     PieConfiguration endless = manager->current();
     endless.menus[0].iconSize = std::numeric_limits<double>::infinity();
     manager->save(endless);
+  }
+  /// "copied", "renamed" or "failed", then the problem and the new name.
+  static std::string describe(const KeptDocument& document) {
+    constexpr const char* kKeepings[] = {"copied: ", "renamed: ", "failed: "};
+    return kKeepings[static_cast<int>(document.keeping)] + document.problem + " -> " +
+           std::filesystem::path(document.file).filename().string();
   }
   /// The stamp is the time at which virtual time starts.
   std::string keptAside() const {
@@ -90,7 +99,7 @@ struct ConfigStory : Config, Story {
   }
 
   std::optional<EditSession> edits;
-  std::optional<StringKey> imported;
+  std::optional<ConfigManager::ImportRefusal> imported;
 };
 
 class ConfigManagerTest : public testing::Test, protected Config {};

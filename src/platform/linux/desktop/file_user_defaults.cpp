@@ -40,6 +40,13 @@ bool FileUserDefaults::boolean(std::string_view key) const {
 
 void FileUserDefaults::setBoolean(std::string_view key, bool value) { set(key, value ? "true" : "false"); }
 
+std::optional<std::string> FileUserDefaults::string(std::string_view key) const {
+  const auto found = values_.find(key);
+  return found == values_.end() ? std::nullopt : std::optional(found->second);
+}
+
+void FileUserDefaults::setString(std::string_view key, std::string_view text) { set(key, std::string(text)); }
+
 bool FileUserDefaults::isEmpty() const { return values_.empty(); }
 
 bool FileUserDefaults::importDomain(const Predecessor& predecessor) {

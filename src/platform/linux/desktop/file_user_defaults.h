@@ -10,8 +10,8 @@
 
 namespace rondora::desktop {
 
-/// Settings in the text file "defaults" beside the document, one "key=value" per line; a value is "true", "false" or an
-/// integer. Unknown keys are kept. Every change is written at once.
+/// Settings in the text file "defaults" beside the document, one "key=value" per line; a value is "true", "false", an
+/// integer or a text. Unknown keys are kept. Every change is written at once.
 class FileUserDefaults final : public UserDefaults {
  public:
   /// Reads "Rondora/defaults" in the folder for application data. Arguments must outlive the object.
@@ -21,6 +21,8 @@ class FileUserDefaults final : public UserDefaults {
   void setInteger(std::string_view key, std::int64_t value) override;
   bool boolean(std::string_view key) const override;
   void setBoolean(std::string_view key, bool value) override;
+  std::optional<std::string> string(std::string_view key) const override;
+  void setString(std::string_view key, std::string_view text) override;
   bool isEmpty() const override;
   bool importDomain(const Predecessor& predecessor) override;
 

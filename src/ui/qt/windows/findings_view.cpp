@@ -1,7 +1,9 @@
 #include "ui/qt/windows/findings_view.h"
 
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
+#include <QPushButton>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <cmath>
@@ -40,7 +42,7 @@ QColor toned(const QPalette& palette) {
 
 }  // namespace
 
-FindingsView::FindingsView(Watch watch) : watch_(std::move(watch)) {
+FindingsView::FindingsView(Watch watch, Press press) : watch_(std::move(watch)), press_(std::move(press)) {
   setFrameShape(QFrame::NoFrame);
   setWidgetResizable(true);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -95,10 +97,10 @@ void FindingsView::rebuild() {
 void FindingsView::enterTabOrder() {
   QWidget* previous = predecessor_;
   if (previous == nullptr) return;
-  for (QLabel* label : widget()->findChildren<QLabel*>()) {
-    if (label->focusPolicy() != Qt::StrongFocus) continue;
-    setTabOrder(previous, label);
-    previous = label;
+  for (QWidget* child : widget()->findChildren<QWidget*>()) {
+    if (child->focusPolicy() != Qt::StrongFocus) continue;
+    setTabOrder(previous, child);
+    previous = child;
   }
 }
 
@@ -115,7 +117,7 @@ QWidget* FindingsView::makeMark(const SessionFinding& finding) const {
   return mark;
 }
 
-QWidget* FindingsView::makeText(const SessionFinding& finding) const {
+QWidget* FindingsView::makeText(const SessionFinding& finding) {
   auto* text = new QWidget;
   auto* column = new QVBoxLayout(text);
   column->setContentsMargins(0, 0, 0, 0);
@@ -132,7 +134,30 @@ QWidget* FindingsView::makeText(const SessionFinding& finding) const {
   palette.setColor(QPalette::WindowText, toned(palette));
   remedy->setPalette(palette);
   column->addWidget(remedy);
+  if (!finding.buttons.empty()) column->addWidget(makeButtons(finding));
   return text;
+}
+
+QWidget* FindingsView::makeButtons(const SessionFinding& finding) {
+  auto* buttons = new QWidget;
+  auto* row = new QHBoxLayout(buttons);
+  row->setContentsMargins(0, 2, 0, 0);
+  for (const FindingButton& button : finding.buttons) {
+    auto* widget = new QPushButton(toQString(button.title));
+    widget->setAutoDefault(false);
+    widget->setAccessibleDescription(toQString(finding.statement));
+    // Later: the button itself is calling, and its finding may go.
+    connect(
+        widget, &QPushButton::clicked, this, [this, button] { pressed(button); }, Qt::QueuedConnection);
+    row->addWidget(widget);
+  }
+  row->addStretch();
+  return buttons;
+}
+
+void FindingsView::pressed(const FindingButton& button) {
+  if (press_) press_(button);
+  refresh();
 }
 
 QSize FindingsView::sizeHint() const {

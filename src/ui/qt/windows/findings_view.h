@@ -9,13 +9,16 @@
 
 namespace rondora {
 
-/// Lists findings about the session, each with a mark and a remedy. Follows them while it is visible.
+/// Lists findings, each with a mark, a remedy and buttons. Follows them while it is visible.
 class FindingsView : public QScrollArea {
  public:
   /// Calls the observer with the findings, at once and after each change.
   using Watch = std::function<Subscription(FindingsObserver)>;
 
-  explicit FindingsView(Watch watch);
+  /// Carries out the command of a button.
+  using Press = std::function<void(const FindingButton&)>;
+
+  FindingsView(Watch watch, Press press);
 
   /// Sets the screen-reader names of the marks.
   void setMarkNames(const std::string& works, const std::string& fails);
@@ -36,9 +39,12 @@ class FindingsView : public QScrollArea {
   void rebuild();
   void enterTabOrder();
   QWidget* makeMark(const SessionFinding& finding) const;
-  QWidget* makeText(const SessionFinding& finding) const;
+  QWidget* makeText(const SessionFinding& finding);
+  QWidget* makeButtons(const SessionFinding& finding);
+  void pressed(const FindingButton& button);
 
   Watch watch_;
+  Press press_;
   QWidget* predecessor_ = nullptr;
   std::string worksName_;
   std::string failsName_;

@@ -113,7 +113,7 @@ QWidget* QtOnboardingWindow::makePage(const WindowTexts& texts) {
 
 /// Explains to new users why a hotkey or the tray icon does not work.
 void QtOnboardingWindow::addFindings(QVBoxLayout& column, const WindowTexts& texts) {
-  auto* findings = new FindingsView(contents_.watchFailures);
+  auto* findings = new FindingsView(contents_.watchFailures, contents_.press);
   findings->setMarkNames(texts.works, texts.fails);
   findings->setFixedWidth(kTextWidth);
   findings->setMaximumHeight(kMaxFindingsHeight);

@@ -3,6 +3,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QHBoxLayout>
+#include <QScreen>
 #include <QShortcut>
 #include <QVBoxLayout>
 #include <utility>
@@ -16,6 +17,8 @@ namespace {
 
 constexpr int kMargin = 24;
 constexpr QSize kInitialSize(600, 520);
+/// For the frame that the window manager adds.
+constexpr QSize kFrameRoom(20, 60);
 
 void makeHeading(QLabel& label) {
   QFont font = label.font();
@@ -27,7 +30,9 @@ void makeHeading(QLabel& label) {
 
 // The widgets are members and outlive the layouts; on destruction each leaves its parent before the window ends.
 QtSettingsWindow::QtSettingsWindow(WindowContents contents)
-    : contents_(std::move(contents)), language_(contents_.chooseLanguage), findings_(contents_.watchFindings) {
+    : contents_(std::move(contents)),
+      language_(contents_.chooseLanguage),
+      findings_(contents_.watchFindings, contents_.press) {
   build();
   arrange();
   connectButtons();
@@ -38,7 +43,7 @@ void QtSettingsWindow::build() {
   // An independent window, not a dialog of another.
   window_.setWindowFlags(Qt::Window);
   window_.setWindowIcon(StatusBarIcon::make());
-  window_.resize(kInitialSize);
+  window_.resize(kInitialSize.boundedTo(window_.screen()->availableSize() - kFrameRoom));
   for (QLabel* heading : {&documentHeading_, &sessionHeading_}) makeHeading(*heading);
   introduction_.setWordWrap(true);
   introduction_.setTextFormat(Qt::PlainText);

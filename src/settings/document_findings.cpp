@@ -1,0 +1,90 @@
+#include "settings/document_findings.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <utility>
+
+#include "base/file_url.h"
+
+namespace rondora {
+namespace {
+
+using Keeping = KeptDocument::Keeping;
+
+void addLine(std::string& text, std::string_view line) {
+  if (line.empty()) return;
+  if (!text.empty()) text += '\n';
+  text += line;
+}
+
+}  // namespace
+
+SessionFindings DocumentFindings::findings() const {
+  SessionFindings result;
+  for (const KeptDocument& document : services_.kept.documents()) result.push_back(finding(document));
+  std::reverse(result.begin(), result.end());
+  return result;
+}
+
+SessionFinding DocumentFindings::finding(const KeptDocument& document) const {
+  return {.works = false,
+          .statement = services_.localization.text(StringKey::documentUnreadable, document.problem),
+          .remedy = remedy(document),
+          .buttons = buttons(document)};
+}
+
+std::string DocumentFindings::remedy(const KeptDocument& document) const {
+  const LocalizationStore& localization = services_.localization;
+  if (document.keeping == Keeping::failed) {
+    return localization.text(StringKey::documentNotKept, document.keepingError);
+  }
+  const bool isCopy = document.keeping == Keeping::copied;
+  std::string text = localization.text(isCopy ? StringKey::documentKept : StringKey::documentKeptItself, document.file);
+  addLine(text, localization.text(StringKey::documentRestoreHint));
+  if (failure_ && failure_->file == document.file) {
+    addLine(text, localization.text(failure_->message));
+    addLine(text, failure_->problem);
+  }
+  return text;
+}
+
+std::vector<FindingButton> DocumentFindings::buttons(const KeptDocument& document) const {
+  std::vector<FindingButton> result;
+  if (document.keeping != Keeping::failed) {
+    result.push_back(button(FindingCommand::openFile, StringKey::findingOpenFile, document));
+    result.push_back(button(FindingCommand::importFile, StringKey::findingRestore, document));
+  }
+  result.push_back(button(FindingCommand::dismiss, StringKey::findingDismiss, document));
+  return result;
+}
+
+FindingButton DocumentFindings::button(FindingCommand command, StringKey title, const KeptDocument& document) const {
+  return {command, std::string(services_.localization.text(title)), document.file};
+}
+
+void DocumentFindings::press(const FindingButton& button) {
+  failure_.reset();
+  switch (button.command) {
+    case FindingCommand::openFile:
+      return open(button.file);
+    case FindingCommand::importFile:
+      return import(button.file);
+    case FindingCommand::dismiss:
+      return services_.kept.dismiss(button.file);
+  }
+}
+
+/// Where no application opens such files, the folder is shown.
+void DocumentFindings::open(const std::string& file) {
+  if (services_.workspace.openUrl(fileUrl(file))) return;
+  const std::string folder = std::filesystem::path(file).parent_path().string();
+  if (!services_.workspace.openUrl(fileUrl(folder))) failure_ = Failure{file, StringKey::documentNothingOpensIt, {}};
+}
+
+void DocumentFindings::import(const std::string& file) {
+  const auto refusal = services_.config.importConfiguration(file);
+  if (!refusal) return services_.kept.dismiss(file);
+  failure_ = Failure{file, refusal->message, refusal->problem};
+}
+
+}  // namespace rondora
