@@ -59,6 +59,10 @@ enum class StringKey {
   findingRestore,
   findingDismiss,
 
+  documentEdited,
+  documentImportHint,
+  findingImport,
+
   /// Names the paste shortcut as "Command+V" in every language.
   snippetHint,
   importRefused,

@@ -11,6 +11,8 @@ namespace {
 
 using Keeping = KeptDocument::Keeping;
 
+bool isEdited(const KeptDocument& document) { return document.cause == KeptDocument::Cause::edited; }
+
 void addLine(std::string& text, std::string_view line) {
   if (line.empty()) return;
   if (!text.empty()) text += '\n';
@@ -27,8 +29,10 @@ SessionFindings DocumentFindings::findings() const {
 }
 
 SessionFinding DocumentFindings::finding(const KeptDocument& document) const {
+  const LocalizationStore& localization = services_.localization;
   return {.works = false,
-          .statement = services_.localization.text(StringKey::documentUnreadable, document.problem),
+          .statement = isEdited(document) ? std::string(localization.text(StringKey::documentEdited))
+                                          : localization.text(StringKey::documentUnreadable, document.problem),
           .remedy = remedy(document),
           .buttons = buttons(document)};
 }
@@ -40,7 +44,7 @@ std::string DocumentFindings::remedy(const KeptDocument& document) const {
   }
   const bool isCopy = document.keeping == Keeping::copied;
   std::string text = localization.text(isCopy ? StringKey::documentKept : StringKey::documentKeptItself, document.file);
-  addLine(text, localization.text(StringKey::documentRestoreHint));
+  addLine(text, localization.text(isEdited(document) ? StringKey::documentImportHint : StringKey::documentRestoreHint));
   if (failure_ && failure_->file == document.file) {
     addLine(text, localization.text(failure_->message));
     addLine(text, failure_->problem);
@@ -52,7 +56,8 @@ std::vector<FindingButton> DocumentFindings::buttons(const KeptDocument& documen
   std::vector<FindingButton> result;
   if (document.keeping != Keeping::failed) {
     result.push_back(button(FindingCommand::openFile, StringKey::findingOpenFile, document));
-    result.push_back(button(FindingCommand::importFile, StringKey::findingRestore, document));
+    const StringKey title = isEdited(document) ? StringKey::findingImport : StringKey::findingRestore;
+    result.push_back(button(FindingCommand::importFile, title, document));
   }
   result.push_back(button(FindingCommand::dismiss, StringKey::findingDismiss, document));
   return result;

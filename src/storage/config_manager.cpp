@@ -10,6 +10,7 @@
 #include <variant>
 #include <vector>
 
+#include "base/fnv.h"
 #include "base/program_identity.h"
 #include "storage/pie_configuration_migrator.h"
 
@@ -17,6 +18,8 @@ namespace rondora {
 namespace {
 
 constexpr int kMaxBackupNumber = 99;
+constexpr std::string_view kBrokenPrefix = "config.broken-";
+constexpr std::string_view kEditedPrefix = "config.edited-";
 
 /// In UTC, such as 2026-11-14T211548.
 std::string fileStamp(WallTime time) {
@@ -62,8 +65,15 @@ PieConfiguration ConfigManager::load() {
   return configuration;
 }
 
+ConfigManager::Fingerprint ConfigManager::fingerprint(const std::optional<std::string>& bytes) {
+  if (!bytes) return std::nullopt;
+  return std::pair(bytes->size(), fnv1a(*bytes));
+}
+
 PieConfiguration ConfigManager::readOrDefault() {
-  if (const auto bytes = services_.files.read(configURL_)) {
+  const auto bytes = services_.files.read(configURL_);
+  known_ = fingerprint(bytes);
+  if (bytes) {
     auto decoded = decodeConfig(*bytes);
     if (auto* configuration = std::get_if<PieConfiguration>(&decoded)) return std::move(*configuration);
     backUpUnreadableConfig(std::get<CodingError>(decoded).description);
@@ -73,7 +83,7 @@ PieConfiguration ConfigManager::readOrDefault() {
     backUpUnreadableConfig(problem);
   } else if (services_.files.exists(configURL_)) {
     const FileError error = services_.files.readError(configURL_);
-    keepUnreadable(error.value_or(std::string()), freeBackupPath(), error.value_or(std::string()));
+    keepUnreadable(error.value_or(std::string()), freeBackupPath(kBrokenPrefix), error.value_or(std::string()));
   }
   return PieConfiguration::defaultConfig(services_.random);
 }
@@ -89,6 +99,7 @@ void ConfigManager::save(PieConfiguration configuration) {
   configuration.lastModified = services_.clock.now();
   if (configuration == current()) return;
   configuration_.send(std::move(configuration));
+  keepEditedConfig();
   // A subscriber may have saved too: write the newest.
   writeLocal(current());
   services_.notifications.post(kConfigurationDidChange);
@@ -123,32 +134,52 @@ void ConfigManager::writeLocal(const PieConfiguration& configuration) {
   const FileError error = bytes != nullptr ? services_.files.replaceDurably(configURL_, *bytes)
                                            : FileError(std::get<CodingError>(encoded).description);
   if (error) services_.log.error("writeLocal failed: " + *error);
+  if (bytes != nullptr) (error ? attempted_ : known_) = fingerprint(*bytes);
 }
 
 void ConfigManager::backUpUnreadableConfig(std::string problem) {
-  const auto backup = freeBackupPath();
+  const auto backup = freeBackupPath(kBrokenPrefix);
   const FileError error = services_.files.copy(configURL_, backup);
   services_.log.error(error ? "config backup failed: " + *error
                             : "config unreadable, backup saved: " + backup.string());
   keepUnreadable(std::move(problem), backup, error);
 }
 
-/// Without a copy at `file`, the document itself gets that name.
 void ConfigManager::keepUnreadable(std::string problem, const std::filesystem::path& file, const FileError& copyError) {
-  KeptDocument kept{.file = file.string(), .problem = std::move(problem)};
-  if (copyError) {
-    const FileError error = services_.files.keepAs(configURL_, file);
-    kept.keeping = error ? KeptDocument::Keeping::failed : KeptDocument::Keeping::renamed;
-    if (error) kept.file = configURL_.string();
-    kept.keepingError = error.value_or(std::string());
-  }
   hasReplacedUnreadable_ = true;
-  if (services_.onKept) services_.onKept(kept);
+  keep({.cause = KeptDocument::Cause::unreadable, .file = file.string(), .problem = std::move(problem)}, copyError);
 }
 
-std::filesystem::path ConfigManager::freeBackupPath() const {
+/// Each edit is kept once, also where the save after it fails.
+void ConfigManager::keepEditedConfig() {
+  if (!services_.files.exists(configURL_)) return;
+  const Fingerprint present = fingerprint(services_.files.read(configURL_));
+  if (present == known_ || (attempted_ && present == attempted_)) return;
+  const auto file = freeBackupPath(kEditedPrefix);
+  const FileError copyError = services_.files.copy(configURL_, file);
+  const KeptDocument kept = keep({.cause = KeptDocument::Cause::edited, .file = file.string()}, copyError);
+  if (kept.keeping == KeptDocument::Keeping::failed) {
+    return services_.log.error("config edited by hand, not kept: " + kept.keepingError);
+  }
+  services_.log.error("config edited by hand, kept: " + kept.file);
+  known_ = present;
+}
+
+/// Without a copy at `document.file`, the file itself gets that name.
+KeptDocument ConfigManager::keep(KeptDocument document, const FileError& copyError) {
+  if (copyError) {
+    const FileError error = services_.files.keepAs(configURL_, document.file);
+    document.keeping = error ? KeptDocument::Keeping::failed : KeptDocument::Keeping::renamed;
+    if (error) document.file = configURL_.string();
+    document.keepingError = error.value_or(std::string());
+  }
+  if (services_.onKept) services_.onKept(document);
+  return document;
+}
+
+std::filesystem::path ConfigManager::freeBackupPath(std::string_view prefix) const {
   const std::filesystem::path folder = configURL_.parent_path();
-  const std::string name = "config.broken-" + fileStamp(services_.clock.now());
+  const std::string name = std::string(prefix) + fileStamp(services_.clock.now());
   auto path = folder / (name + ".json");
   for (int number = 2; services_.files.exists(path) && number <= kMaxBackupNumber; ++number) {
     path = folder / (name + "-" + std::to_string(number) + ".json");

@@ -1,10 +1,12 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "base/notification_center.h"
 #include "base/observable.h"
@@ -51,7 +53,8 @@ class ConfigManager {
   /// For subscribing: only `save` changes the document.
   const CurrentValue<PieConfiguration>& configuration() const { return configuration_; }
 
-  /// Repairs and stamps a copy, publishes, writes and notifies; observers have run when it returns.
+  /// Repairs and stamps a copy, publishes, writes and notifies; observers have run when it returns. A file that the
+  /// program neither read nor wrote last is kept before it is replaced.
   void save(PieConfiguration configuration);
 
   /// Writes the current document to a file of the user's choice.
@@ -62,6 +65,10 @@ class ConfigManager {
   bool hasReplacedUnreadable() const { return hasReplacedUnreadable_; }
 
  private:
+  /// Length and hash of a file's content; nothing for a file that is missing or cannot be read.
+  using Fingerprint = std::optional<std::pair<std::size_t, std::uint64_t>>;
+
+  static Fingerprint fingerprint(const std::optional<std::string>& bytes);
   PieConfiguration load();
   PieConfiguration readOrDefault();
   void normalize(PieConfiguration& configuration);
@@ -69,10 +76,16 @@ class ConfigManager {
   void writeLocal(const PieConfiguration& configuration);
   void backUpUnreadableConfig(std::string problem);
   void keepUnreadable(std::string problem, const std::filesystem::path& file, const FileError& copyError);
-  std::filesystem::path freeBackupPath() const;
+  void keepEditedConfig();
+  KeptDocument keep(KeptDocument document, const FileError& copyError);
+  std::filesystem::path freeBackupPath(std::string_view prefix) const;
 
   Services services_;
   bool hasReplacedUnreadable_ = false;
+  /// The document's file as it was last read or written.
+  Fingerprint known_;
+  /// As a write that reported an error may have left it.
+  Fingerprint attempted_;
   std::filesystem::path configURL_;
   CurrentValue<PieConfiguration> configuration_;
 };

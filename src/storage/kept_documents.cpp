@@ -10,7 +10,7 @@
 namespace rondora {
 namespace {
 
-constexpr RawValueTable<KeptDocument::Cause, 1> kCauses = {{"unreadable"}};
+constexpr RawValueTable<KeptDocument::Cause, 2> kCauses = {{"unreadable", "edited"}};
 constexpr RawValueTable<KeptDocument::Keeping, 3> kKeepings = {{"copied", "renamed", "failed"}};
 
 KeptDocument decode(const JsonReader& json) {

@@ -10,7 +10,8 @@ namespace rondora {
 
 /// A document in whose place the program wrote another.
 struct KeptDocument {
-  enum class Cause { unreadable };
+  /// Not readable at the start, or edited by hand while the program ran.
+  enum class Cause { unreadable, edited };
   /// How its bytes were kept: in a copy, or the file itself got another name, or not at all.
   enum class Keeping { copied, renamed, failed };
 

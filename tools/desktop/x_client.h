@@ -18,7 +18,7 @@ namespace rondora::live {
 namespace key {
 inline constexpr std::uint8_t escape = 9, digit1 = 10, digit2 = 11, digit3 = 12, digit0 = 19, q = 24, t = 28,
                               control = 37, enter = 36, a = 38, shift = 50, alt = 64, space = 65, n = 57, b = 56,
-                              capsLock = 66, f9 = 75, numLock = 77, super = 133;
+                              tab = 23, down = 116, capsLock = 66, f9 = 75, numLock = 77, super = 133;
 }  // namespace key
 
 struct Position {

@@ -62,6 +62,9 @@ constexpr StringTable kArabicStrings = completeTable({
     {StringKey::findingOpenFile, "فتح الملف"},
     {StringKey::findingRestore, "استعادة"},
     {StringKey::findingDismiss, "تجاهل"},
+    {StringKey::documentEdited, "عُدّل ملف الإعدادات أثناء عمل Rondora، ثم حفظ Rondora إعداداته مكانه."},
+    {StringKey::documentImportHint, "استورده لاستخدام الإعدادات المعدّلة."},
+    {StringKey::findingImport, "استيراد"},
     {StringKey::snippetHint, "نُسخ النص إلى الحافظة. الصقه يدويًا باستخدام Command+V."},
     {StringKey::importRefused, "تعذرت قراءة هذا الملف. يُرجى اختيار نسخة احتياطية صالحة من الإعدادات."},
 });

@@ -63,6 +63,10 @@ constexpr StringTable kBengaliStrings = completeTable({
     {StringKey::findingOpenFile, "ফাইল খুলুন"},
     {StringKey::findingRestore, "পুনরুদ্ধার করুন"},
     {StringKey::findingDismiss, "সরিয়ে দিন"},
+    {StringKey::documentEdited,
+     "Rondora চলার সময় কনফিগারেশন ফাইলটি সম্পাদনা করা হয়েছিল, পরে Rondora তার জায়গায় নিজের সেটিংস লিখেছে।"},
+    {StringKey::documentImportHint, "সম্পাদিত সেটিংস ব্যবহার করতে ফাইলটি আমদানি করুন।"},
+    {StringKey::findingImport, "আমদানি করুন"},
     {StringKey::snippetHint, "লেখাটি ক্লিপবোর্ডে কপি হয়েছে। Command+V দিয়ে নিজে পেস্ট করুন।"},
     {StringKey::importRefused, "এই ফাইলটি পড়া গেল না। অনুগ্রহ করে সেটিংসের একটি সঠিক ব্যাকআপ বেছে নিন।"},
 });

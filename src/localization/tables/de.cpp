@@ -74,6 +74,11 @@ constexpr StringTable kGermanStrings = completeTable({
     {StringKey::findingOpenFile, "Datei öffnen"},
     {StringKey::findingRestore, "Wiederherstellen"},
     {StringKey::findingDismiss, "Ausblenden"},
+    {StringKey::documentEdited,
+     "Die Konfigurationsdatei wurde bearbeitet, während Rondora lief; danach hat Rondora sie mit den eigenen "
+     "Einstellungen überschrieben."},
+    {StringKey::documentImportHint, "Importieren Sie sie, um die bearbeiteten Einstellungen zu verwenden."},
+    {StringKey::findingImport, "Importieren"},
     {StringKey::snippetHint, "Der Text wurde in die Zwischenablage kopiert. Fügen Sie ihn mit Command+V selbst ein."},
     {StringKey::importRefused,
      "Diese Datei konnte nicht gelesen werden. Bitte wählen Sie eine gültige Sicherung der Einstellungen."},

@@ -67,6 +67,11 @@ constexpr StringTable kEnglishStrings = completeTable({
     {StringKey::findingOpenFile, "Open File"},
     {StringKey::findingRestore, "Restore"},
     {StringKey::findingDismiss, "Dismiss"},
+    {StringKey::documentEdited,
+     "The configuration file was edited while Rondora was running, and Rondora has since saved its own settings over "
+     "it."},
+    {StringKey::documentImportHint, "Import it to use the edited settings."},
+    {StringKey::findingImport, "Import"},
     {StringKey::snippetHint, "Text is copied to the clipboard. Paste it manually with Command+V."},
     {StringKey::importRefused, "Couldn't read this file. Please choose a valid settings backup."},
 });

@@ -70,6 +70,11 @@ constexpr StringTable kSpanishStrings = completeTable({
     {StringKey::findingOpenFile, "Abrir archivo"},
     {StringKey::findingRestore, "Restaurar"},
     {StringKey::findingDismiss, "Descartar"},
+    {StringKey::documentEdited,
+     "El archivo de configuración se editó mientras Rondora estaba en marcha y después Rondora guardó sus propios "
+     "ajustes encima."},
+    {StringKey::documentImportHint, "Impórtelo para usar los ajustes editados."},
+    {StringKey::findingImport, "Importar"},
     {StringKey::snippetHint, "El texto se ha copiado al portapapeles. Péguelo manualmente con Command+V."},
     {StringKey::importRefused,
      "No se ha podido leer este archivo. Elija una copia de seguridad de los ajustes que sea válida."},

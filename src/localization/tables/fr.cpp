@@ -73,6 +73,11 @@ constexpr StringTable kFrenchStrings = completeTable({
     {StringKey::findingOpenFile, "Ouvrir le fichier"},
     {StringKey::findingRestore, "Restaurer"},
     {StringKey::findingDismiss, "Ignorer"},
+    {StringKey::documentEdited,
+     "Le fichier de configuration a été modifié pendant que Rondora fonctionnait, puis Rondora y a enregistré ses "
+     "propres réglages."},
+    {StringKey::documentImportHint, "Importez-le pour utiliser les réglages modifiés."},
+    {StringKey::findingImport, "Importer"},
     {StringKey::snippetHint, "Le texte est copié dans le presse-papiers. Collez-le manuellement avec Command+V."},
     {StringKey::importRefused, "Impossible de lire ce fichier. Veuillez choisir une sauvegarde de réglages valide."},
 });

@@ -62,6 +62,10 @@ constexpr StringTable kHindiStrings = completeTable({
     {StringKey::findingOpenFile, "फ़ाइल खोलें"},
     {StringKey::findingRestore, "पुनर्स्थापित करें"},
     {StringKey::findingDismiss, "हटाएँ"},
+    {StringKey::documentEdited,
+     "Rondora के चलते समय कॉन्फ़िगरेशन फ़ाइल बदली गई, और बाद में Rondora ने उसकी जगह अपनी सेटिंग्स लिख दीं।"},
+    {StringKey::documentImportHint, "बदली हुई सेटिंग्स इस्तेमाल करने के लिए उसे आयात करें।"},
+    {StringKey::findingImport, "आयात करें"},
     {StringKey::snippetHint, "टेक्स्ट क्लिपबोर्ड पर कॉपी हो गया है। इसे Command+V से ख़ुद पेस्ट करें।"},
     {StringKey::importRefused, "यह फ़ाइल पढ़ी नहीं जा सकी। कृपया सेटिंग्स का सही बैकअप चुनें।"},
 });

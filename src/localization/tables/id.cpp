@@ -69,6 +69,10 @@ constexpr StringTable kIndonesianStrings = completeTable({
     {StringKey::findingOpenFile, "Buka Berkas"},
     {StringKey::findingRestore, "Pulihkan"},
     {StringKey::findingDismiss, "Abaikan"},
+    {StringKey::documentEdited,
+     "Berkas konfigurasi disunting saat Rondora berjalan, lalu Rondora menyimpan pengaturannya sendiri di atasnya."},
+    {StringKey::documentImportHint, "Impor berkas itu untuk memakai pengaturan yang disunting."},
+    {StringKey::findingImport, "Impor"},
     {StringKey::snippetHint, "Teks disalin ke papan klip. Tempelkan sendiri dengan Command+V."},
     {StringKey::importRefused, "Berkas ini tidak dapat dibaca. Pilih cadangan pengaturan yang valid."},
 });

@@ -68,6 +68,10 @@ constexpr StringTable kJapaneseStrings = completeTable({
     {StringKey::findingOpenFile, "ファイルを開く"},
     {StringKey::findingRestore, "復元"},
     {StringKey::findingDismiss, "非表示にする"},
+    {StringKey::documentEdited,
+     "Rondora の実行中に設定ファイルが編集され、その後 Rondora が自身の設定で上書きしました。"},
+    {StringKey::documentImportHint, "編集した設定を使うには、インポートしてください。"},
+    {StringKey::findingImport, "インポート"},
     {StringKey::snippetHint, "テキストをクリップボードにコピーしました。Command+V で貼り付けてください。"},
     {StringKey::importRefused, "このファイルを読み込めませんでした。有効な設定のバックアップを選んでください。"},
 });

@@ -69,6 +69,11 @@ constexpr StringTable kPortugueseStrings = completeTable({
     {StringKey::findingOpenFile, "Abrir arquivo"},
     {StringKey::findingRestore, "Restaurar"},
     {StringKey::findingDismiss, "Dispensar"},
+    {StringKey::documentEdited,
+     "O arquivo de configuração foi editado enquanto o Rondora estava em execução, e depois o Rondora gravou as "
+     "próprias configurações por cima."},
+    {StringKey::documentImportHint, "Importe-o para usar as configurações editadas."},
+    {StringKey::findingImport, "Importar"},
     {StringKey::snippetHint, "O texto foi copiado para a área de transferência. Cole-o manualmente com Command+V."},
     {StringKey::importRefused, "Não foi possível ler este arquivo. Escolha um backup de configurações válido."},
 });

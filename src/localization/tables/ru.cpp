@@ -68,6 +68,10 @@ constexpr StringTable kRussianStrings = completeTable({
     {StringKey::findingOpenFile, "Открыть файл"},
     {StringKey::findingRestore, "Восстановить"},
     {StringKey::findingDismiss, "Скрыть"},
+    {StringKey::documentEdited,
+     "Файл конфигурации изменили во время работы Rondora, а затем Rondora записала поверх него свои настройки."},
+    {StringKey::documentImportHint, "Импортируйте его, чтобы применить эти изменения."},
+    {StringKey::findingImport, "Импортировать"},
     {StringKey::snippetHint, "Текст скопирован в буфер обмена. Вставьте его вручную с помощью Command+V."},
     {StringKey::importRefused, "Не удалось прочитать этот файл. Выберите корректную резервную копию настроек."},
 });

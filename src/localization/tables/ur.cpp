@@ -68,6 +68,11 @@ constexpr StringTable kUrduStrings = completeTable({
     {StringKey::findingOpenFile, "فائل کھولیں"},
     {StringKey::findingRestore, "بحال کریں"},
     {StringKey::findingDismiss, "ہٹائیں"},
+    {StringKey::documentEdited,
+     "ترتیبات کی فائل میں اس وقت ترمیم کی گئی جب Rondora چل رہا تھا، پھر Rondora نے اس کی جگہ اپنی ترتیبات محفوظ کر "
+     "دیں۔"},
+    {StringKey::documentImportHint, "ترمیم شدہ ترتیبات استعمال کرنے کے لیے اسے درآمد کریں۔"},
+    {StringKey::findingImport, "درآمد کریں"},
     {StringKey::snippetHint, "متن کلپ بورڈ پر کاپی ہو گیا ہے۔ اسے Command+V سے خود پیسٹ کریں۔"},
     {StringKey::importRefused, "یہ فائل پڑھی نہیں جا سکی۔ براہِ کرم ترتیبات کا درست بیک اپ منتخب کریں۔"},
 });

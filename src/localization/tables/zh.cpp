@@ -56,6 +56,9 @@ constexpr StringTable kChineseStrings = completeTable({
     {StringKey::findingOpenFile, "打开文件"},
     {StringKey::findingRestore, "恢复"},
     {StringKey::findingDismiss, "忽略"},
+    {StringKey::documentEdited, "Rondora 运行期间配置文件被编辑过，随后 Rondora 用自己的设置覆盖了它。"},
+    {StringKey::documentImportHint, "如需使用编辑后的设置，请导入该文件。"},
+    {StringKey::findingImport, "导入"},
     {StringKey::snippetHint, "文本已复制到剪贴板。请按 Command+V 手动粘贴。"},
     {StringKey::importRefused, "无法读取此文件。请选择有效的设置备份。"},
 });

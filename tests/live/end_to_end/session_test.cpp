@@ -34,6 +34,29 @@ TEST_F(SessionTest, SecondStartShowsTheSettingsOfTheFirst) {
   EXPECT_TRUE(waitForSettings());
 }
 
+TEST_F(SessionTest, EditByHandIsKeptAtTheNextSaveAndCanBeImported) {
+  start(document({menu("Main", kControlAltSpace, snippetItems("Main", 4))}));
+  const auto file = RunningProgram::document(desktop_);
+  const std::string edited = document({menu("Edited", kControlAltSpace, snippetItems("Edited", 4))}).dump();
+  writeFile(file, edited);
+  ASSERT_EQ(startAgain(), 0);
+  ASSERT_TRUE(waitForSettings());
+  // To the chooser of the language: another one is saved.
+  for (const auto each : {key::tab, key::tab, key::tab, key::tab, key::down}) client_.tap(each);
+  std::string kept;
+  ASSERT_TRUE(waitUntil([&] {
+    for (const auto& entry : std::filesystem::directory_iterator(file.parent_path())) {
+      if (entry.path().filename().string().starts_with("config.edited-")) kept = readFile(entry.path());
+    }
+    return !kept.empty();
+  }));
+  EXPECT_EQ(kept, edited);
+  EXPECT_TRUE(waitUntil([&] { return readFile(file).find("Edited 1") == std::string::npos; }));
+  // Past the finding and its first button to "Import".
+  for (const auto each : {key::tab, key::tab, key::tab, key::space}) client_.tap(each);
+  EXPECT_TRUE(waitUntil([&] { return readFile(file).find("Edited 1") != std::string::npos; })) << readFile(file);
+}
+
 TEST_F(SessionTest, ProgramsThatOwnKeysCanOpenMenus) {
   const Document other = menu("Other", {}, snippetItems("Other", 4), -45);
   start(document({menu("Main", kControlAltSpace, snippetItems("Main", 4)), other}));

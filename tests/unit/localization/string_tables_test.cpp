@@ -20,6 +20,8 @@ const std::set<std::pair<AppLanguage, StringKey>> kSharedOnPurpose = {
     {AppLanguage::portuguese, StringKey::settingsCopy},
     {AppLanguage::spanish, StringKey::findingRestore},  // "Restaurar" in both
     {AppLanguage::portuguese, StringKey::findingRestore},
+    {AppLanguage::spanish, StringKey::findingImport},  // "Importar" in both
+    {AppLanguage::portuguese, StringKey::findingImport},
 };
 
 std::string_view textOf(AppLanguage language, std::size_t key) { return stringTable(language)[key]; }

@@ -86,14 +86,14 @@ struct ConfigStory : Config, Story {
   /// "copied", "renamed" or "failed", then the problem and the new name.
   static std::string describe(const KeptDocument& document) {
     constexpr const char* kKeepings[] = {"copied: ", "renamed: ", "failed: "};
-    return kKeepings[static_cast<int>(document.keeping)] + document.problem + " -> " +
-           std::filesystem::path(document.file).filename().string();
+    return kKeepings[static_cast<int>(document.keeping)] + document.problem + (document.problem.empty() ? "" : " ") +
+           "-> " + std::filesystem::path(document.file).filename().string();
   }
   /// The stamp is the time at which virtual time starts.
   std::string keptAside() const {
     Words contents;
     for (const auto& [path, bytes] : files.files) {
-      if (path.string().find("/config.broken-2023-03-08T202640") != std::string::npos) contents.push_back(bytes);
+      if (path.string().find("2023-03-08T202640") != std::string::npos) contents.push_back(bytes);
     }
     return joined(contents);
   }
