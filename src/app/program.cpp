@@ -18,7 +18,7 @@ Program::Program(const Platform& platform)
       titles_(platform.workspace),
       favicons_({platform.network, platform.pictureCodec, platform.files, platform.clock, platform.mainQueue}),
       report_(localization_, platform.modifierNames),
-      documentFindings_({config_, keptDocuments_, platform.workspace, localization_}),
+      documentFindings_({config_, keptDocuments_, platform.defaults, platform.workspace, localization_}),
       pieMenuWindow_(ringPorts(), ringEnvironment()),
       switchboard_(switchboardServices()),
       delegate_(delegateServices()) {

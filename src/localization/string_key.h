@@ -63,6 +63,10 @@ enum class StringKey {
   documentImportHint,
   findingImport,
 
+  documentNotSaved,  // %@: the system’s message
+  documentNotSavedRemedy,
+  findingSaveAgain,
+
   /// Names the paste shortcut as "Command+V" in every language.
   snippetHint,
   importRefused,

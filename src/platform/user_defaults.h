@@ -28,6 +28,9 @@ class UserDefaults {
   /// `text` is one line.
   virtual void setString(std::string_view key, std::string_view text) = 0;
 
+  /// Why the last change is not on disk, as the system's message; nothing when it is. A system may not tell.
+  virtual std::optional<std::string> problem() const { return std::nullopt; }
+
   /// True when the program's own domain holds no key at all.
   virtual bool isEmpty() const = 0;
   /// Copies the predecessor's domain into this one when it exists and holds anything. True when it did.

@@ -9,14 +9,14 @@
 
 namespace rondora {
 
-enum class FindingCommand { openFile, importFile, dismiss };
+enum class FindingCommand { openFile, importFile, dismiss, saveAgain };
 
 /// A button beside a finding.
 struct FindingButton {
   FindingCommand command = FindingCommand::dismiss;
   std::string title;
-  /// The file that the finding is about.
-  std::string file;
+  /// The file that the finding is about; empty for none.
+  std::string file = {};
   friend bool operator==(const FindingButton&, const FindingButton&) = default;
 };
 

@@ -24,8 +24,22 @@ void addLine(std::string& text, std::string_view line) {
 SessionFindings DocumentFindings::findings() const {
   SessionFindings result;
   for (const KeptDocument& document : services_.kept.documents()) result.push_back(finding(document));
+  if (auto unsaved = notSaved()) result.push_back(std::move(*unsaved));
   std::reverse(result.begin(), result.end());
   return result;
+}
+
+std::optional<SessionFinding> DocumentFindings::notSaved() const {
+  const auto& document = services_.config.writeProblem();
+  const auto problem = document ? document : services_.defaults.problem();
+  if (!problem) return std::nullopt;
+  const LocalizationStore& localization = services_.localization;
+  SessionFinding finding{.works = false,
+                         .statement = localization.text(StringKey::documentNotSaved, *problem),
+                         .remedy = std::string(localization.text(StringKey::documentNotSavedRemedy))};
+  const FindingButton again{FindingCommand::saveAgain, std::string(localization.text(StringKey::findingSaveAgain))};
+  if (document) finding.buttons.push_back(again);
+  return finding;
 }
 
 SessionFinding DocumentFindings::finding(const KeptDocument& document) const {
@@ -76,6 +90,8 @@ void DocumentFindings::press(const FindingButton& button) {
       return import(button.file);
     case FindingCommand::dismiss:
       return services_.kept.dismiss(button.file);
+    case FindingCommand::saveAgain:
+      return services_.config.writeAgain();
   }
 }
 

@@ -11,20 +11,22 @@
 
 namespace rondora {
 
-/// The findings about the configuration file, with buttons to mend what happened to it. Main thread.
+/// The findings about the configuration file and the defaults beside it, with buttons to mend what happened to them.
+/// Main thread.
 class DocumentFindings {
  public:
   /// The references must outlive the object.
   struct Services {
     ConfigManager& config;
     KeptDocuments& kept;
+    const UserDefaults& defaults;
     Workspace& workspace;
     const LocalizationStore& localization;
   };
 
   explicit DocumentFindings(const Services& services) : services_(services) {}
 
-  /// Newest first; all of them fail.
+  /// What cannot be saved, then kept documents, newest first. All of them fail.
   SessionFindings findings() const;
   /// Carries out the command of a button of these findings. What it could not do is part of the finding afterwards.
   void press(const FindingButton& button);
@@ -37,6 +39,7 @@ class DocumentFindings {
     std::string problem;
   };
 
+  std::optional<SessionFinding> notSaved() const;
   SessionFinding finding(const KeptDocument& document) const;
   std::string remedy(const KeptDocument& document) const;
   std::vector<FindingButton> buttons(const KeptDocument& document) const;

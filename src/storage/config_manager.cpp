@@ -56,10 +56,14 @@ ConfigManager::ConfigManager(const Services& services)
   writeLocal(configuration_.value());
 }
 
-PieConfiguration ConfigManager::load() {
+void ConfigManager::createFolder() {
   if (const FileError error = services_.files.createFolder(configURL_.parent_path())) {
     services_.log.error("failed to create config dir: " + *error);
   }
+}
+
+PieConfiguration ConfigManager::load() {
+  createFolder();
   PieConfiguration configuration = readOrDefault();
   normalize(configuration);
   return configuration;
@@ -131,10 +135,16 @@ CodingResult<PieConfiguration> ConfigManager::decodeConfig(std::string_view byte
 void ConfigManager::writeLocal(const PieConfiguration& configuration) {
   const auto encoded = encodeConfiguration(configuration);
   const auto* bytes = std::get_if<std::string>(&encoded);
-  const FileError error = bytes != nullptr ? services_.files.replaceDurably(configURL_, *bytes)
-                                           : FileError(std::get<CodingError>(encoded).description);
-  if (error) services_.log.error("writeLocal failed: " + *error);
-  if (bytes != nullptr) (error ? attempted_ : known_) = fingerprint(*bytes);
+  writeProblem_ = bytes != nullptr ? services_.files.replaceDurably(configURL_, *bytes)
+                                   : FileError(std::get<CodingError>(encoded).description);
+  if (writeProblem_) services_.log.error("writeLocal failed: " + *writeProblem_);
+  if (bytes != nullptr) (writeProblem_ ? attempted_ : known_) = fingerprint(*bytes);
+}
+
+void ConfigManager::writeAgain() {
+  createFolder();
+  keepEditedConfig();
+  writeLocal(current());
 }
 
 void ConfigManager::backUpUnreadableConfig(std::string problem) {

@@ -57,6 +57,11 @@ class ConfigManager {
   /// program neither read nor wrote last is kept before it is replaced.
   void save(PieConfiguration configuration);
 
+  /// Why the current document is not on disk, in English; nothing when it is.
+  const FileError& writeProblem() const { return writeProblem_; }
+  /// Writes the current document again, after a failed save.
+  void writeAgain();
+
   /// Writes the current document to a file of the user's choice.
   FileError exportConfiguration(const std::filesystem::path& path);
   /// Saves the document in the file as the current one, unless the file holds none.
@@ -69,6 +74,7 @@ class ConfigManager {
   using Fingerprint = std::optional<std::pair<std::size_t, std::uint64_t>>;
 
   static Fingerprint fingerprint(const std::optional<std::string>& bytes);
+  void createFolder();
   PieConfiguration load();
   PieConfiguration readOrDefault();
   void normalize(PieConfiguration& configuration);
@@ -86,6 +92,7 @@ class ConfigManager {
   Fingerprint known_;
   /// As a write that reported an error may have left it.
   Fingerprint attempted_;
+  FileError writeProblem_;
   std::filesystem::path configURL_;
   CurrentValue<PieConfiguration> configuration_;
 };

@@ -65,6 +65,11 @@ constexpr StringTable kArabicStrings = completeTable({
     {StringKey::documentEdited, "عُدّل ملف الإعدادات أثناء عمل Rondora، ثم حفظ Rondora إعداداته مكانه."},
     {StringKey::documentImportHint, "استورده لاستخدام الإعدادات المعدّلة."},
     {StringKey::findingImport, "استيراد"},
+    {StringKey::documentNotSaved, "يتعذّر على Rondora حفظ إعداداته: %@"},
+    {StringKey::documentNotSavedRemedy,
+     "أفرغ مساحة على القرص أو اسمح لـ Rondora بالكتابة هناك ثم احفظ مجددًا. وحتى ذلك الحين تضيع التغييرات عند إنهاء "
+     "Rondora."},
+    {StringKey::findingSaveAgain, "الحفظ مجددًا"},
     {StringKey::snippetHint, "نُسخ النص إلى الحافظة. الصقه يدويًا باستخدام Command+V."},
     {StringKey::importRefused, "تعذرت قراءة هذا الملف. يُرجى اختيار نسخة احتياطية صالحة من الإعدادات."},
 });

@@ -67,6 +67,11 @@ constexpr StringTable kBengaliStrings = completeTable({
      "Rondora চলার সময় কনফিগারেশন ফাইলটি সম্পাদনা করা হয়েছিল, পরে Rondora তার জায়গায় নিজের সেটিংস লিখেছে।"},
     {StringKey::documentImportHint, "সম্পাদিত সেটিংস ব্যবহার করতে ফাইলটি আমদানি করুন।"},
     {StringKey::findingImport, "আমদানি করুন"},
+    {StringKey::documentNotSaved, "Rondora তার সেটিংস সংরক্ষণ করতে পারছে না: %@"},
+    {StringKey::documentNotSavedRemedy,
+     "ডিস্কে জায়গা খালি করুন বা Rondora-কে সেখানে লিখতে দিন, তারপর আবার সংরক্ষণ করুন। ততক্ষণ Rondora বন্ধ হলে পরিবর্তনগুলো "
+     "হারিয়ে যাবে।"},
+    {StringKey::findingSaveAgain, "আবার সংরক্ষণ করুন"},
     {StringKey::snippetHint, "লেখাটি ক্লিপবোর্ডে কপি হয়েছে। Command+V দিয়ে নিজে পেস্ট করুন।"},
     {StringKey::importRefused, "এই ফাইলটি পড়া গেল না। অনুগ্রহ করে সেটিংসের একটি সঠিক ব্যাকআপ বেছে নিন।"},
 });

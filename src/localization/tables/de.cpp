@@ -79,6 +79,11 @@ constexpr StringTable kGermanStrings = completeTable({
      "Einstellungen überschrieben."},
     {StringKey::documentImportHint, "Importieren Sie sie, um die bearbeiteten Einstellungen zu verwenden."},
     {StringKey::findingImport, "Importieren"},
+    {StringKey::documentNotSaved, "Rondora kann seine Einstellungen nicht speichern: %@"},
+    {StringKey::documentNotSavedRemedy,
+     "Schaffen Sie Platz auf dem Datenträger oder erlauben Sie Rondora, dort zu schreiben, und speichern Sie noch "
+     "einmal. Bis dahin gehen Änderungen verloren, wenn Rondora endet."},
+    {StringKey::findingSaveAgain, "Erneut speichern"},
     {StringKey::snippetHint, "Der Text wurde in die Zwischenablage kopiert. Fügen Sie ihn mit Command+V selbst ein."},
     {StringKey::importRefused,
      "Diese Datei konnte nicht gelesen werden. Bitte wählen Sie eine gültige Sicherung der Einstellungen."},

@@ -72,6 +72,11 @@ constexpr StringTable kEnglishStrings = completeTable({
      "it."},
     {StringKey::documentImportHint, "Import it to use the edited settings."},
     {StringKey::findingImport, "Import"},
+    {StringKey::documentNotSaved, "Rondora cannot save its settings: %@"},
+    {StringKey::documentNotSavedRemedy,
+     "Free space on the disk, or allow Rondora to write there, and save again. Until then changes are lost when "
+     "Rondora ends."},
+    {StringKey::findingSaveAgain, "Save Again"},
     {StringKey::snippetHint, "Text is copied to the clipboard. Paste it manually with Command+V."},
     {StringKey::importRefused, "Couldn't read this file. Please choose a valid settings backup."},
 });

@@ -75,6 +75,11 @@ constexpr StringTable kSpanishStrings = completeTable({
      "ajustes encima."},
     {StringKey::documentImportHint, "Impórtelo para usar los ajustes editados."},
     {StringKey::findingImport, "Importar"},
+    {StringKey::documentNotSaved, "Rondora no puede guardar sus ajustes: %@"},
+    {StringKey::documentNotSavedRemedy,
+     "Libere espacio en el disco o permita que Rondora escriba allí y guarde de nuevo. Hasta entonces, los cambios se "
+     "pierden al salir de Rondora."},
+    {StringKey::findingSaveAgain, "Guardar de nuevo"},
     {StringKey::snippetHint, "El texto se ha copiado al portapapeles. Péguelo manualmente con Command+V."},
     {StringKey::importRefused,
      "No se ha podido leer este archivo. Elija una copia de seguridad de los ajustes que sea válida."},

@@ -78,6 +78,11 @@ constexpr StringTable kFrenchStrings = completeTable({
      "propres réglages."},
     {StringKey::documentImportHint, "Importez-le pour utiliser les réglages modifiés."},
     {StringKey::findingImport, "Importer"},
+    {StringKey::documentNotSaved, "Rondora ne peut pas enregistrer ses réglages : %@"},
+    {StringKey::documentNotSavedRemedy,
+     "Libérez de l’espace sur le disque ou autorisez Rondora à y écrire, puis enregistrez à nouveau. D’ici là, les "
+     "changements sont perdus quand Rondora se termine."},
+    {StringKey::findingSaveAgain, "Enregistrer à nouveau"},
     {StringKey::snippetHint, "Le texte est copié dans le presse-papiers. Collez-le manuellement avec Command+V."},
     {StringKey::importRefused, "Impossible de lire ce fichier. Veuillez choisir une sauvegarde de réglages valide."},
 });

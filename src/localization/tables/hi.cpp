@@ -66,6 +66,10 @@ constexpr StringTable kHindiStrings = completeTable({
      "Rondora के चलते समय कॉन्फ़िगरेशन फ़ाइल बदली गई, और बाद में Rondora ने उसकी जगह अपनी सेटिंग्स लिख दीं।"},
     {StringKey::documentImportHint, "बदली हुई सेटिंग्स इस्तेमाल करने के लिए उसे आयात करें।"},
     {StringKey::findingImport, "आयात करें"},
+    {StringKey::documentNotSaved, "Rondora अपनी सेटिंग्स सहेज नहीं पा रहा है: %@"},
+    {StringKey::documentNotSavedRemedy,
+     "डिस्क पर जगह खाली करें या Rondora को वहाँ लिखने दें, फिर दोबारा सहेजें। तब तक Rondora के बंद होने पर बदलाव खो जाएँगे।"},
+    {StringKey::findingSaveAgain, "फिर से सहेजें"},
     {StringKey::snippetHint, "टेक्स्ट क्लिपबोर्ड पर कॉपी हो गया है। इसे Command+V से ख़ुद पेस्ट करें।"},
     {StringKey::importRefused, "यह फ़ाइल पढ़ी नहीं जा सकी। कृपया सेटिंग्स का सही बैकअप चुनें।"},
 });

@@ -73,6 +73,11 @@ constexpr StringTable kIndonesianStrings = completeTable({
      "Berkas konfigurasi disunting saat Rondora berjalan, lalu Rondora menyimpan pengaturannya sendiri di atasnya."},
     {StringKey::documentImportHint, "Impor berkas itu untuk memakai pengaturan yang disunting."},
     {StringKey::findingImport, "Impor"},
+    {StringKey::documentNotSaved, "Rondora tidak dapat menyimpan pengaturannya: %@"},
+    {StringKey::documentNotSavedRemedy,
+     "Kosongkan ruang di disk atau izinkan Rondora menulis di sana, lalu simpan lagi. Sampai saat itu, perubahan "
+     "hilang ketika Rondora berakhir."},
+    {StringKey::findingSaveAgain, "Simpan Lagi"},
     {StringKey::snippetHint, "Teks disalin ke papan klip. Tempelkan sendiri dengan Command+V."},
     {StringKey::importRefused, "Berkas ini tidak dapat dibaca. Pilih cadangan pengaturan yang valid."},
 });

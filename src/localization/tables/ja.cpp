@@ -72,6 +72,11 @@ constexpr StringTable kJapaneseStrings = completeTable({
      "Rondora の実行中に設定ファイルが編集され、その後 Rondora が自身の設定で上書きしました。"},
     {StringKey::documentImportHint, "編集した設定を使うには、インポートしてください。"},
     {StringKey::findingImport, "インポート"},
+    {StringKey::documentNotSaved, "Rondora は設定を保存できません：%@"},
+    {StringKey::documentNotSavedRemedy,
+     "ディスクの空きを増やすか、Rondora による書き込みを許可してから、もう一度保存してください。それまでの変更は "
+     "Rondora の終了時に失われます。"},
+    {StringKey::findingSaveAgain, "再保存"},
     {StringKey::snippetHint, "テキストをクリップボードにコピーしました。Command+V で貼り付けてください。"},
     {StringKey::importRefused, "このファイルを読み込めませんでした。有効な設定のバックアップを選んでください。"},
 });

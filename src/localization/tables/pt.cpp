@@ -74,6 +74,11 @@ constexpr StringTable kPortugueseStrings = completeTable({
      "próprias configurações por cima."},
     {StringKey::documentImportHint, "Importe-o para usar as configurações editadas."},
     {StringKey::findingImport, "Importar"},
+    {StringKey::documentNotSaved, "O Rondora não consegue salvar suas configurações: %@"},
+    {StringKey::documentNotSavedRemedy,
+     "Libere espaço no disco ou permita que o Rondora grave ali e salve de novo. Até lá, as alterações se perdem "
+     "quando o Rondora termina."},
+    {StringKey::findingSaveAgain, "Salvar de novo"},
     {StringKey::snippetHint, "O texto foi copiado para a área de transferência. Cole-o manualmente com Command+V."},
     {StringKey::importRefused, "Não foi possível ler este arquivo. Escolha um backup de configurações válido."},
 });

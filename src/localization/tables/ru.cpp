@@ -72,6 +72,11 @@ constexpr StringTable kRussianStrings = completeTable({
      "Файл конфигурации изменили во время работы Rondora, а затем Rondora записала поверх него свои настройки."},
     {StringKey::documentImportHint, "Импортируйте его, чтобы применить эти изменения."},
     {StringKey::findingImport, "Импортировать"},
+    {StringKey::documentNotSaved, "Rondora не может сохранить настройки: %@"},
+    {StringKey::documentNotSavedRemedy,
+     "Освободите место на диске или разрешите Rondora писать туда и сохраните снова. До тех пор изменения пропадут, "
+     "когда Rondora завершится."},
+    {StringKey::findingSaveAgain, "Сохранить снова"},
     {StringKey::snippetHint, "Текст скопирован в буфер обмена. Вставьте его вручную с помощью Command+V."},
     {StringKey::importRefused, "Не удалось прочитать этот файл. Выберите корректную резервную копию настроек."},
 });

@@ -73,6 +73,11 @@ constexpr StringTable kUrduStrings = completeTable({
      "دیں۔"},
     {StringKey::documentImportHint, "ترمیم شدہ ترتیبات استعمال کرنے کے لیے اسے درآمد کریں۔"},
     {StringKey::findingImport, "درآمد کریں"},
+    {StringKey::documentNotSaved, "ترتیبات محفوظ نہیں ہو پا رہیں: %@"},
+    {StringKey::documentNotSavedRemedy,
+     "ڈسک پر جگہ خالی کریں یا Rondora کو وہاں لکھنے دیں، پھر دوبارہ محفوظ کریں۔ تب تک Rondora بند ہونے پر تبدیلیاں "
+     "ضائع ہو جائیں گی۔"},
+    {StringKey::findingSaveAgain, "دوبارہ محفوظ کریں"},
     {StringKey::snippetHint, "متن کلپ بورڈ پر کاپی ہو گیا ہے۔ اسے Command+V سے خود پیسٹ کریں۔"},
     {StringKey::importRefused, "یہ فائل پڑھی نہیں جا سکی۔ براہِ کرم ترتیبات کا درست بیک اپ منتخب کریں۔"},
 });

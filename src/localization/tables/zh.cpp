@@ -59,6 +59,10 @@ constexpr StringTable kChineseStrings = completeTable({
     {StringKey::documentEdited, "Rondora 运行期间配置文件被编辑过，随后 Rondora 用自己的设置覆盖了它。"},
     {StringKey::documentImportHint, "如需使用编辑后的设置，请导入该文件。"},
     {StringKey::findingImport, "导入"},
+    {StringKey::documentNotSaved, "Rondora 无法保存设置：%@"},
+    {StringKey::documentNotSavedRemedy,
+     "请释放磁盘空间或允许 Rondora 在那里写入，然后再次保存。在此之前，退出 Rondora 时更改会丢失。"},
+    {StringKey::findingSaveAgain, "再次保存"},
     {StringKey::snippetHint, "文本已复制到剪贴板。请按 Command+V 手动粘贴。"},
     {StringKey::importRefused, "无法读取此文件。请选择有效的设置备份。"},
 });

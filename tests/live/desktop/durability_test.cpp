@@ -132,6 +132,23 @@ TEST(FailedWriting, StartKeepsAnUnreadableDocument) {
   }
 }
 
+TEST(FailedWriting, SaveKeepsAnEditByHand) {
+  for (const std::string call : {"create", "write", "fsync file", "rename"}) {
+    User user;
+    putLinkedDocument(user, R"({"menus": []})");
+    user.start();
+    writeFile(user.document(), "{edited");
+    {
+      SystemCallSpy spy(call, ENOSPC);  // the copy and the save fail
+      user.manager->save(user.manager->current());
+    }
+    EXPECT_THAT(documentAndBackups(user), testing::ElementsAre("{edited", "{edited")) << call;
+    user.manager->writeAgain();
+    EXPECT_THAT(documentAndBackups(user), testing::AllOf(testing::SizeIs(2), testing::Contains("{edited"))) << call;
+    EXPECT_THAT(readFile(user.document()), testing::StartsWith("{\n  \"schemaVersion\"")) << call;
+  }
+}
+
 std::string migratedDocument(const std::string& text) {
   return R"({"icon": "/Caches/)" + text + R"(/favicons/)" + std::string(100'000, 'x') + "\"}";
 }

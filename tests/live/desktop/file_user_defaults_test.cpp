@@ -51,7 +51,11 @@ TEST_F(FileUserDefaultsTest, LogsAFailedWriteAndKeepsTheValueForThisRun) {
   defaults.setBoolean("seen", true);
   EXPECT_TRUE(defaults.boolean("seen"));
   ASSERT_EQ(log_.lines.size(), 1U);
+  EXPECT_THAT(log_.lines[0].text, testing::EndsWith(defaults.problem().value_or("no problem")));
   EXPECT_THAT(log_.lines[0].text, testing::HasSubstr("Not a directory"));
+  std::filesystem::remove(folder_.path() / "Rondora");
+  defaults.setBoolean("other", true);
+  EXPECT_EQ(defaults.problem(), std::nullopt);
 }
 
 }  // namespace

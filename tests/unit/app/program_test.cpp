@@ -138,6 +138,26 @@ TEST_F(RunningProgramTest, UnreadableDocumentIsAFindingUntilItIsRestored) {
   EXPECT_EQ(next->config().current().menus, program.config().current().menus);
 }
 
+TEST_F(RunningProgramTest, FailedSaveIsAFindingUntilOneWorks) {
+  launchWith({menu("main", {49, kControlOption})});
+  const WindowContents contents = program.windowContents();
+  SessionFindings findings;
+  const Subscription watch = contents.watchFailures([&](const SessionFindings& failures) { findings = failures; });
+  desktop.files.failures["replace"] = "disk full";
+  useMenus({menu("edited", {49, kControlOption})});
+  desktop.time.advance(1);
+  ASSERT_THAT(findings, testing::SizeIs(1));
+  EXPECT_EQ(findings[0].statement, "Rondora cannot save its settings: disk full");
+  contents.press(findings[0].buttons.at(0));
+  desktop.time.advance(1);
+  EXPECT_THAT(findings, testing::SizeIs(1)) << "the disk is still full";
+  desktop.files.failures.clear();
+  contents.press(findings[0].buttons.at(0));
+  desktop.time.advance(1);
+  EXPECT_THAT(findings, testing::IsEmpty());
+  EXPECT_THAT(desktop.files.files[program.config().configURL()], testing::HasSubstr("edited"));
+}
+
 TEST_F(RunningProgramTest, EndSavesEditsReleasesKeysAndLeavesTheSession) {
   PieMenu tapped = menu("tapped", {49, kControlOption});
   tapped.trackpadFingerCount = 3;

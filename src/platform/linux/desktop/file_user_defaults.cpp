@@ -64,12 +64,12 @@ void FileUserDefaults::set(std::string_view key, std::string value) {
   write();
 }
 
-void FileUserDefaults::write() const {
+void FileUserDefaults::write() {
   std::string text;
   for (const auto& [key, value] : values_) text.append(key).append("=").append(value).append("\n");
-  FileError error = files_.createFolder(folder_);
-  if (!error) error = files_.replaceDurably(folder_ / kFileName, text);
-  if (error) log_.error("failed to write user defaults: " + *error);
+  problem_ = files_.createFolder(folder_);
+  if (!problem_) problem_ = files_.replaceDurably(folder_ / kFileName, text);
+  if (problem_) log_.error("failed to write user defaults: " + *problem_);
 }
 
 }  // namespace rondora::desktop

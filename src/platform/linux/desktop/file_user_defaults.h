@@ -23,6 +23,7 @@ class FileUserDefaults final : public UserDefaults {
   void setBoolean(std::string_view key, bool value) override;
   std::optional<std::string> string(std::string_view key) const override;
   void setString(std::string_view key, std::string_view text) override;
+  std::optional<std::string> problem() const override { return problem_; }
   bool isEmpty() const override;
   bool importDomain(const Predecessor& predecessor) override;
 
@@ -31,12 +32,13 @@ class FileUserDefaults final : public UserDefaults {
 
   Values load(const std::filesystem::path& path) const;
   void set(std::string_view key, std::string value);
-  void write() const;
+  void write();
 
   FileSystem& files_;
   Log& log_;
   std::filesystem::path folder_;
   Values values_;
+  FileError problem_;
 };
 
 }  // namespace rondora::desktop
