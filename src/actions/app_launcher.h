@@ -3,8 +3,10 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <string>
 #include <string_view>
 
+#include "actions/action_failure.h"
 #include "actions/keystroke_sender.h"
 #include "actions/macos_system_action_runner.h"
 #include "model/menu_action.h"
@@ -14,7 +16,7 @@
 
 namespace rondora {
 
-/// Runs the actions of items. Stateless; a failure ends the action and is not reported. Main thread.
+/// Runs the actions of items. Stateless; a failure ends the action. Main thread.
 class AppLauncher {
  public:
   /// Brings a running application to the front; false when it cannot.
@@ -23,14 +25,17 @@ class AppLauncher {
   /// The references must outlive the object.
   AppLauncher(Workspace& workspace, Pasteboard& pasteboard, Focus focus, KeystrokeSender& keystrokeSender);
 
-  /// Keystrokes go to the target process, or to the frontmost one when there is none.
-  void execute(const PieMenuItem& item, std::optional<std::int32_t> targetPID);
-  /// Brings a running instance forward, otherwise opens the application; does nothing when it is not installed.
-  void launch(std::string_view bundleIdentifier);
+  /// Keystrokes go to the target process, or to the frontmost one when there is none. Calls `ended` once, at once or
+  /// later; never for an action that is empty or that no system carries out.
+  void execute(const PieMenuItem& item, std::optional<std::int32_t> targetPID, const ActionEnded& ended = {});
+  /// Brings a running instance forward, otherwise opens the application.
+  std::optional<ActionFailure> launch(std::string_view bundleIdentifier);
   /// The first live instance that is an ordinary application, in the platform's order.
   std::optional<RunningApplication> runningApplication(std::string_view bundleIdentifier) const;
 
  private:
+  ActionFailure missing(std::string_view bundleIdentifier) const;
+  std::optional<ActionFailure> openUrl(const std::string& url);
   void copySnippet(std::string_view text);
 
   Workspace& workspace_;

@@ -35,30 +35,34 @@ std::uint64_t KeystrokeSender::ownFlags(std::int64_t keyCode) {
   return contains(kFunctionKeyCodes, keyCode) ? event_flags::kFunction : 0;
 }
 
-void KeystrokeSender::perform(std::int64_t keyCode, std::int64_t modifiers, std::optional<std::int32_t> targetPID) {
+void KeystrokeSender::perform(std::int64_t keyCode, std::int64_t modifiers, std::optional<std::int32_t> targetPID,
+                              const ActionEnded& ended) {
   if (keyCode == 0 && modifiers == 0) return;
+  const Request request{keyCode, modifiers, targetPID, ended};
   if (!ports_.permissions.isProcessTrusted()) {
     ports_.log.error("keystroke skipped: Accessibility permission not granted");
-    return;
+    return request.end(ActionFailure{ActionProblem::keysRefused});
   }
   const WallTime deadline = ports_.clock.now() + kMaxWait;
-  const Request request{keyCode, modifiers, targetPID};
   ports_.whenFrontmost(targetPID, deadline, weakSelf_.bind([request](KeystrokeSender& self) {
-    if (self.ports_.keyEvents.reachesApplications()) return self.post(request.keyCode, request.modifiers);
+    if (self.ports_.keyEvents.reachesApplications()) return self.type(request);
     trace::line("keystroke: key ", request.keyCode, " waits for the open ring");
     self.waitForRing(request, {self.ports_.clock.uptime() + kMaxRingWait});
   }));
 }
 
+void KeystrokeSender::type(const Request& request) { request.end(post(request.keyCode, request.modifiers)); }
+
 // The ring may have brought another application to the front: only the target gets the key.
 void KeystrokeSender::waitForRing(const Request& request, RingWait wait) {
   const bool isClosed = ports_.keyEvents.reachesApplications();
-  if (isClosed && isFrontmost(request.targetPID)) return post(request.keyCode, request.modifiers);
+  if (isClosed && isFrontmost(request.targetPID)) return type(request);
   const double uptime = ports_.clock.uptime();
   if (isClosed && !wait.ringWasClosed) wait = {std::min(wait.latestUptime, uptime + kMaxWait), true};
   if (uptime >= wait.latestUptime) {
-    return ports_.log.error(isClosed ? "keystroke skipped: the target was not frontmost after the ring closed"
-                                     : "keystroke skipped: the ring stayed open");
+    ports_.log.error(isClosed ? "keystroke skipped: the target was not frontmost after the ring closed"
+                              : "keystroke skipped: the ring stayed open");
+    return request.end(ActionFailure{ActionProblem::targetNotInFront});
   }
   ports_.mainQueue.after(kPollInterval,
                          weakSelf_.bind([request, wait](KeystrokeSender& self) { self.waitForRing(request, wait); }));
@@ -70,12 +74,12 @@ bool KeystrokeSender::isFrontmost(std::optional<std::int32_t> pid) const {
   return frontmost && frontmost->processIdentifier == *pid;
 }
 
-void KeystrokeSender::post(std::int64_t keyCode, std::int64_t modifiers) {
+std::optional<ActionFailure> KeystrokeSender::post(std::int64_t keyCode, std::int64_t modifiers) {
   const auto down = makeEvent(keyCode, modifiers, true);
   const auto up = down ? makeEvent(keyCode, modifiers, false) : std::nullopt;
   if (!up) {
     ports_.log.error("keystroke: failed to create CGEvent for key " + std::to_string(keyCode));
-    return;
+    return ActionFailure{ActionProblem::noSuchKey};
   }
   ports_.keyEvents.post(*down, KeyEventTap::session);
   ports_.clock.sleep(kKeyHold);
@@ -83,6 +87,7 @@ void KeystrokeSender::post(std::int64_t keyCode, std::int64_t modifiers) {
   const auto frontmost = ports_.workspace.frontmostApplication();
   ports_.log.standard("keystroke sent: key=" + std::to_string(keyCode) + " flags=" + std::to_string(down->flags) +
                       " front=" + (frontmost ? frontmost->bundleIdentifier.value_or("?") : "?"));
+  return std::nullopt;
 }
 
 std::optional<SyntheticKeyEvent> KeystrokeSender::makeEvent(std::int64_t keyCode, std::int64_t modifiers, bool isDown) {

@@ -5,6 +5,7 @@
 #include <optional>
 #include <utility>
 
+#include "actions/action_failure.h"
 #include "base/weak_self.h"
 #include "platform/clock.h"
 #include "platform/key_event_poster.h"
@@ -38,11 +39,13 @@ class KeystrokeSender {
   /// Waits up to half a second, without blocking, for the target to be frontmost, then types the key either way.
   /// Without a target it types at once. A key code and a mask of 0 are an empty recording: nothing is typed. While a
   /// ring is open the key would go to the ring, so it waits up to three seconds for the ring to close, and then up to
-  /// half a second for the target; a key that cannot reach its target by then is dropped and logged.
-  void perform(std::int64_t keyCode, std::int64_t modifiers, std::optional<std::int32_t> targetPID);
+  /// half a second for the target; a key that cannot reach its target by then is dropped and logged. Calls `ended` once
+  /// the key is typed or dropped; never for an empty recording.
+  void perform(std::int64_t keyCode, std::int64_t modifiers, std::optional<std::int32_t> targetPID,
+               const ActionEnded& ended = {});
   /// Types the key at once: down, 12 ms, up. Types nothing when the keyboard lacks the key or one of the modifiers, or
   /// when the mask is negative.
-  void post(std::int64_t keyCode, std::int64_t modifiers);
+  std::optional<ActionFailure> post(std::int64_t keyCode, std::int64_t modifiers);
 
   /// The bits that keyboards set in the events of arrows and navigation keys without any modifier.
   static std::uint64_t ownFlags(std::int64_t keyCode);
@@ -56,6 +59,11 @@ class KeystrokeSender {
     std::int64_t keyCode = 0;
     std::int64_t modifiers = 0;
     std::optional<std::int32_t> targetPID;
+    ActionEnded ended;
+
+    void end(const std::optional<ActionFailure>& failure) const {
+      if (ended) ended(failure);
+    }
   };
 
   struct RingWait {
@@ -63,6 +71,7 @@ class KeystrokeSender {
     bool ringWasClosed = false;
   };
 
+  void type(const Request& request);
   void waitForRing(const Request& request, RingWait wait);
   bool isFrontmost(std::optional<std::int32_t> pid) const;
   std::optional<SyntheticKeyEvent> makeEvent(std::int64_t keyCode, std::int64_t modifiers, bool isDown);

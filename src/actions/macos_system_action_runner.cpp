@@ -4,12 +4,16 @@
 
 namespace rondora {
 
-void MacOSSystemActionRunner::run(MacOSSystemActionKind kind) {
+void MacOSSystemActionRunner::run(MacOSSystemActionKind kind, const ActionEnded& ended) {
+  const auto open = [&](std::string_view path) {
+    const bool isOpen = openApplicationAt(path);
+    if (ended) ended(isOpen ? std::nullopt : std::optional(ActionFailure{ActionProblem::noSystemAction}));
+  };
   switch (kind) {
     case MacOSSystemActionKind::missionControl:
-      return openApplicationAt(system_applications::kMissionControl);
+      return open(system_applications::kMissionControl);
     case MacOSSystemActionKind::startScreenSaver:
-      return openApplicationAt(system_applications::kScreenSaver);
+      return open(system_applications::kScreenSaver);
     case MacOSSystemActionKind::applicationWindows:
     case MacOSSystemActionKind::quickNote:
     case MacOSSystemActionKind::displaySleep:
@@ -18,8 +22,9 @@ void MacOSSystemActionRunner::run(MacOSSystemActionKind kind) {
   }
 }
 
-void MacOSSystemActionRunner::openApplicationAt(std::string_view path) {
-  if (const auto location = workspace_.applicationAtPath(path)) workspace_.openApplication(*location);
+bool MacOSSystemActionRunner::openApplicationAt(std::string_view path) {
+  const auto location = workspace_.applicationAtPath(path);
+  return location && workspace_.openApplication(*location);
 }
 
 }  // namespace rondora

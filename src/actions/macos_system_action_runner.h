@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "actions/action_failure.h"
 #include "model/menu_action.h"
 #include "platform/workspace.h"
 
@@ -12,10 +13,10 @@ class MacOSSystemActionRunner {
  public:
   explicit MacOSSystemActionRunner(Workspace& workspace) : workspace_(workspace) {}
 
-  /// The kinds without an application of their own are accepted and do nothing.
-  void run(MacOSSystemActionKind kind);
-  /// Does nothing when no application lies at `path`.
-  void openApplicationAt(std::string_view path);
+  /// The kinds without an application of their own are accepted and do nothing; `ended` is not called for them.
+  void run(MacOSSystemActionKind kind, const ActionEnded& ended = {});
+  /// False when no application lies at `path`, or it cannot be opened.
+  bool openApplicationAt(std::string_view path);
 
  private:
   Workspace& workspace_;

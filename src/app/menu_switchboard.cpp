@@ -96,6 +96,7 @@ void MenuSwitchboard::stepHighlight() {
 
 void MenuSwitchboard::show(const PieMenu& menu, const HotkeyConfig& triggerHotkey,
                            std::optional<PieMenuWindowController::AppCommands> appCommands) {
+  lastShown_ = menu.id;
   showsRunningApps_ = menu.kind == PieMenuKind::runningApps;
   services_.windows.closePopups();
   pieMenuWindow_.show(menu, itemsOverride(menu), repeats(triggerHotkey) ? std::optional(triggerHotkey) : std::nullopt,
@@ -217,15 +218,22 @@ void MenuSwitchboard::restoreAndExecute(const PieMenuItem& item) {
   if (const auto delay = restoreDelay(item.action); delay && previousApp_) {
     const std::int32_t targetPID = previousApp_->processIdentifier;
     restorePreviousApp();
-    services_.mainQueue.after(*delay, weakSelf_.bind([item, targetPID](MenuSwitchboard& self) {
-      self.services_.appLauncher.execute(item, targetPID);
+    services_.mainQueue.after(*delay, weakSelf_.bind([item, menuId = lastShown_, targetPID](MenuSwitchboard& self) {
+      self.execute(item, menuId, targetPID);
     }));
     return;
   }
   previousApp_.reset();
   if (hasQuit(item)) return;
   const auto frontmost = services_.workspace.frontmostApplication();
-  services_.appLauncher.execute(item, frontmost ? std::optional(frontmost->processIdentifier) : std::nullopt);
+  execute(item, lastShown_, frontmost ? std::optional(frontmost->processIdentifier) : std::nullopt);
+}
+
+void MenuSwitchboard::execute(const PieMenuItem& item, const Uuid& menuId, std::optional<std::int32_t> targetPID) {
+  services_.appLauncher.execute(item, targetPID,
+                                weakSelf_.bind([item, menuId](MenuSwitchboard& self, const auto& failure) {
+                                  if (self.services_.actionEnded) self.services_.actionEnded(item, menuId, failure);
+                                }));
 }
 
 bool MenuSwitchboard::hasQuit(const PieMenuItem& item) const {

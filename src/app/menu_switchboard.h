@@ -51,6 +51,8 @@ class MenuSwitchboard {
     PieMenuWindowController& pieMenuWindow;
     /// The line below a snippet's preview.
     std::function<std::string()> snippetHint;
+    /// Called when the action of an item of that menu has worked or failed.
+    std::function<void(const PieMenuItem&, const Uuid& menuId, const std::optional<ActionFailure>&)> actionEnded;
   };
 
   explicit MenuSwitchboard(const Services& services);
@@ -108,6 +110,7 @@ class MenuSwitchboard {
   void restorePreviousApp();
   void closeAndRestore();
   void restoreAndExecute(const PieMenuItem& item);
+  void execute(const PieMenuItem& item, const Uuid& menuId, std::optional<std::int32_t> targetPID);
   /// True when the item is a running application that quit while its menu was open.
   bool hasQuit(const PieMenuItem& item) const;
   void perform(const PieSubAction& command);
@@ -117,6 +120,8 @@ class MenuSwitchboard {
   Services services_;
   PieMenuWindowController& pieMenuWindow_;
   std::unique_ptr<SnippetPreviewPopover> snippetPreviewPopover_;
+  /// The menu on screen, or the last one that was.
+  Uuid lastShown_;
   bool showsRunningApps_ = false;
   /// Of the latest hotkey.
   ModifierHold triggerModifiers_ = ModifierHold::held;

@@ -1,5 +1,6 @@
 #include "app/program.h"
 
+#include "app/action_findings.h"
 #include "base/file_url.h"
 #include "input/hotkeys/hotkey_display.h"
 #include "settings/window_texts.h"
@@ -15,6 +16,7 @@ Program::Program(const Platform& platform)
       activationHistory_(platform.workspace),
       runningAppsMenuItems_(platform.workspace, activationHistory_, platform.environment.bundleIdentifier()),
       actions_(actionPorts(), platform.makeSerialQueue(RunningAppFocus::kQueueLabel)),
+      actionFailures_(platform.log),
       titles_(platform.workspace),
       favicons_({platform.network, platform.pictureCodec, platform.files, platform.clock, platform.mainQueue}),
       report_(localization_, platform.modifierNames),
@@ -27,6 +29,9 @@ Program::Program(const Platform& platform)
   }
   faviconPrefetch_ = config_.configuration().subscribe(
       [this](const PieConfiguration& configuration) { favicons_.prefetch(configuration); });
+  documentActions_ = config_.configuration().subscribe([this](const PieConfiguration& configuration) {
+    actionFailures_.retain([&](const MenuAction& action) { return configuration.hasItem(action); });
+  });
 }
 
 void Program::start() {
@@ -86,7 +91,9 @@ MenuSwitchboard::Services Program::switchboardServices() {
           .appLauncher = actions_.appLauncher,
           .subActions = platform_.subActions,
           .pieMenuWindow = pieMenuWindow_,
-          .snippetHint = [this] { return snippetHint(localization_, platform_.pasteKeys); }};
+          .snippetHint = [this] { return snippetHint(localization_, platform_.pasteKeys); },
+          .actionEnded = [this](const auto& item, const Uuid& menu,
+                                const auto& failure) { actionEnded(item, menu, failure); }};
 }
 
 AppDelegate::Services Program::delegateServices() {
@@ -147,9 +154,21 @@ WindowContents Program::windowContents() {
 
 SessionFindings Program::findings() const {
   SessionFindings all = documentFindings_.findings();
-  const auto session = report_.findings(sessionFacts(), config_.current(), delegate_.hotkeyManager());
-  all.insert(all.end(), session.begin(), session.end());
+  for (const SessionFindings& more : {actionFindings(actionFailures_, localization_),
+                                      report_.findings(sessionFacts(), config_.current(), delegate_.hotkeyManager())}) {
+    all.insert(all.end(), more.begin(), more.end());
+  }
   return all;
+}
+
+void Program::actionEnded(const PieMenuItem& item, const Uuid& menuId, const std::optional<ActionFailure>& failure) {
+  if (!failure) return actionFailures_.worked(item.action);
+  const PieMenu* menu = config_.current().menu(menuId);
+  const std::string title = titles_.title(item);
+  actionFailures_.failed({.action = item.action,
+                          .item = title.empty() ? failure->detail : title,
+                          .menu = menu == nullptr ? "" : menu->name,
+                          .failure = *failure});
 }
 
 SessionFacts Program::sessionFacts() const {

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "actions/action_failures.h"
 #include "app/action_services.h"
 #include "app/app_delegate.h"
 #include "app/item_titles.h"
@@ -63,6 +64,7 @@ class Program {
   std::string firstHotkey() const;
   SessionFacts sessionFacts() const;
   SessionFindings findings() const;
+  void actionEnded(const PieMenuItem& item, const Uuid& menuId, const std::optional<ActionFailure>& failure);
   SessionRequests sessionRequests();
   void openDocumentFolder();
 
@@ -77,6 +79,8 @@ class Program {
   RunningAppsActivationHistory activationHistory_;
   RunningAppsMenuItems runningAppsMenuItems_;
   ActionServices actions_;
+  ActionFailures actionFailures_;
+  Subscription documentActions_;
   ItemTitles titles_;
   Favicons favicons_;
   Subscription faviconPrefetch_;

@@ -132,4 +132,12 @@ std::string_view firstCharacter(std::string_view text) {
   return text.substr(0, length);
 }
 
+std::string shortened(std::string_view text, std::size_t maxCharacters) {
+  std::size_t length = 0;
+  for (std::size_t i = 0; i < maxCharacters && length < text.size(); ++i) {
+    length += firstCharacter(text.substr(length)).size();
+  }
+  return std::string(text.substr(0, length)) + (length < text.size() ? "…" : "");
+}
+
 }  // namespace rondora

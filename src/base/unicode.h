@@ -22,4 +22,7 @@ std::size_t scalarCount(std::string_view text);
 /// sequence. Empty for an empty text.
 std::string_view firstCharacter(std::string_view text);
 
+/// The text, or its beginning of that many characters with an ellipsis behind it.
+std::string shortened(std::string_view text, std::size_t maxCharacters);
+
 }  // namespace rondora

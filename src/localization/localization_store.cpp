@@ -28,10 +28,23 @@ std::string_view LocalizationStore::text(StringKey key) const {
 
 std::string LocalizationStore::text(StringKey key, std::string_view argument) const {
   std::string result(text(key));
-  const auto position = result.find(kPlaceholder);
-  if (position == std::string::npos) return result;
+  fillIn(result, 0, argument);
+  return result;
+}
+
+std::string LocalizationStore::text(StringKey key, std::string_view first, std::string_view second) const {
+  std::string result(text(key));
+  fillIn(result, fillIn(result, 0, first), second);
+  return result;
+}
+
+std::size_t LocalizationStore::fillIn(std::string& text, std::size_t from, std::string_view argument) const {
+  const auto position = text.find(kPlaceholder, from);
+  if (position == std::string::npos) return from;
   const bool directionsMayMeet = isRightToLeft(language()) || hasRightToLeftLetter(argument);
-  return result.replace(position, kPlaceholder.size(), directionsMayMeet ? isolated(argument) : std::string(argument));
+  const std::string filling = directionsMayMeet ? isolated(argument) : std::string(argument);
+  text.replace(position, kPlaceholder.size(), filling);
+  return position + filling.size();
 }
 
 }  // namespace rondora

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -23,8 +24,13 @@ class LocalizationStore {
   /// The text with its "%@" replaced. Where either runs from right to left, the argument is isolated and keeps its own
   /// direction.
   std::string text(StringKey key, std::string_view argument) const;
+  /// For a text with two of them.
+  std::string text(StringKey key, std::string_view first, std::string_view second) const;
 
  private:
+  /// Replaces the next placeholder from that position on; the position behind the argument.
+  std::size_t fillIn(std::string& text, std::size_t from, std::string_view argument) const;
+
   CurrentValue<AppLanguage> language_;
 };
 

@@ -67,6 +67,24 @@ enum class StringKey {
   documentNotSavedRemedy,
   findingSaveAgain,
 
+  actionFailed,        // %@ twice: the item’s title, and one of the reasons below
+  actionNotInstalled,  // %@: the application
+  actionNotInstalledRemedy,
+  actionNoDefault,  // %@: a content type, such as audio/mpeg
+  actionNoDefaultRemedy,
+  actionCannotStart,  // %@: the application
+  actionCannotStartRemedy,
+  actionNotAnAddress,  // %@: the text
+  actionNotAnAddressRemedy,
+  actionNoHandler,  // %@: the address
+  actionNoHandlerRemedy,
+  actionNoSystemAction,
+  actionNoSystemActionRemedy,
+  actionNoSuchKey,
+  actionNoSuchKeyRemedy,
+  actionTargetLost,
+  actionTargetLostRemedy,
+
   /// Names the paste shortcut as "Command+V" in every language.
   snippetHint,
   importRefused,

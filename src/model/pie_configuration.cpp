@@ -72,6 +72,12 @@ const PieMenu* PieConfiguration::menu(const Uuid& id) const {
   return found == menus.end() ? nullptr : &*found;
 }
 
+bool PieConfiguration::hasItem(const MenuAction& action) const {
+  const auto has = [&](const PieMenuItem& item) { return item.action == action; };
+  return std::any_of(menus.begin(), menus.end(),
+                     [&](const PieMenu& menu) { return std::any_of(menu.items.begin(), menu.items.end(), has); });
+}
+
 std::map<std::int64_t, std::size_t> PieConfiguration::trackpadGestureTargets() const {
   std::map<std::int64_t, std::size_t> targets;
   for (std::size_t i = 0; i < menus.size(); ++i) {

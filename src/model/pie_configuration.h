@@ -34,6 +34,8 @@ struct PieConfiguration {
 
   /// The menu with this id, or null.
   const PieMenu* menu(const Uuid& id) const;
+  /// An item of a menu has this action.
+  bool hasItem(const MenuAction& action) const;
   /// Maps finger count to index into `menus`, for the enabled menus.
   std::map<std::int64_t, std::size_t> trackpadGestureTargets() const;
   /// Moves the finger count to the menu; a count other than 3, 4 or 5 clears the menu's.

@@ -55,8 +55,11 @@ class Workspace {
   virtual void unhide(const RunningApplication& application) = 0;
 
   virtual std::optional<ApplicationLocation> urlForApplication(std::string_view bundleIdentifier) const = 0;
-  /// Starts the application, or activates it when it runs.
-  virtual void openApplication(const ApplicationLocation& location) = 0;
+  /// The content type or URL scheme whose default application the identifier stands for; nothing for an identifier of
+  /// one application.
+  virtual std::optional<std::string> contentType(std::string_view bundleIdentifier) const = 0;
+  /// Starts the application, or activates it when it runs. False when the system cannot start it.
+  virtual bool openApplication(const ApplicationLocation& location) = 0;
   /// The location of an application at a fixed path of the system; nothing when there is none.
   virtual std::optional<ApplicationLocation> applicationAtPath(std::string_view path) const = 0;
   /// False when `url` is not a URL or the system refused it. The text is passed on unchanged.

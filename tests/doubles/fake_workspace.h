@@ -76,16 +76,21 @@ class FakeWorkspace final : public Workspace {
     if (!installed_.contains(bundleIdentifier)) return std::nullopt;
     return ApplicationLocation{std::string(kApplicationsFolder).append(bundleIdentifier)};
   }
-  void openApplication(const ApplicationLocation& location) override {
+  std::optional<std::string> contentType(std::string_view bundleIdentifier) const override {
+    return valueAt(contentTypes, bundleIdentifier);
+  }
+  bool openApplication(const ApplicationLocation& location) override {
     openedApplications.push_back(location.value);
-    if (!location.value.starts_with(kApplicationsFolder)) return;
+    if (!location.value.starts_with(kApplicationsFolder)) return true;
     const std::string bundleIdentifier = location.value.substr(kApplicationsFolder.size());
+    if (broken.contains(bundleIdentifier)) return false;
     const auto instances = runningApplications(bundleIdentifier);
     if (instances.empty()) {
       start(bundleIdentifier);
     } else {
       bringForward(instances.front().processIdentifier);
     }
+    return true;
   }
   std::optional<ApplicationLocation> applicationAtPath(std::string_view path) const override {
     if (!systemPaths.contains(path)) return std::nullopt;
@@ -93,7 +98,7 @@ class FakeWorkspace final : public Workspace {
   }
   bool openUrl(std::string_view url) override {
     openedUrls.emplace_back(url);
-    return true;
+    return opensUrls;
   }
   std::optional<std::string> applicationName(std::string_view bundleIdentifier) const override {
     const auto found = valueAt(installed_, bundleIdentifier);
@@ -107,6 +112,11 @@ class FakeWorkspace final : public Workspace {
   std::vector<std::int32_t> activationRequests;
   std::vector<std::string> openedApplications;
   std::vector<std::string> openedUrls;
+  bool opensUrls = true;
+  /// Installed applications that cannot be started.
+  std::set<std::string> broken;
+  /// By the identifiers that stand for a kind of application.
+  std::map<std::string, std::string, std::less<>> contentTypes;
   /// Paths at which the system has an application.
   std::set<std::string, std::less<>> systemPaths;
 

@@ -33,6 +33,9 @@ class ApplicationCatalogue {
   /// other identifier is returned unchanged.
   virtual std::string resolve(std::string_view bundleIdentifier) const = 0;
 
+  /// The MIME type or URL scheme of such a kind, if its applications are found by one.
+  virtual std::optional<std::string> contentType(std::string_view bundleIdentifier) const = 0;
+
   virtual bool isInstalled(std::string_view id) const = 0;
   virtual std::optional<std::string> name(std::string_view id) const = 0;
   virtual std::optional<ApplicationIconSource> iconSource(std::string_view id) const = 0;

@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include "actions/action_failures.h"
 #include "app/action_services.h"
 #include "doubles/fake_platform.h"
 
@@ -84,6 +85,45 @@ TEST_F(AppLauncherTest, OpensStoredAddressesAndPresentApplications) {
   desktop_.workspace.systemPaths = {overview, screenSaver};
   runAll();
   EXPECT_THAT(desktop_.workspace.openedApplications, ElementsAre(overview, screenSaver));
+}
+
+TEST_F(AppLauncherTest, ReportsHowEachActionEnded) {
+  desktop_.workspace.install("broken", "Broken");
+  desktop_.workspace.install("editor", "Editor");
+  desktop_.workspace.broken = {"broken"};
+  desktop_.workspace.contentTypes = {{"com.apple.Music", "audio/mpeg"}};
+  desktop_.workspace.opensUrls = false;
+  desktop_.keyEvents.missingKeys = {200};
+  using P = ActionProblem;
+  const std::pair<MenuAction, std::optional<ActionFailure>> cases[] = {
+      {LaunchApp{"editor"}, std::nullopt},
+      {LaunchApp{"missing"}, ActionFailure{P::notInstalled, "missing"}},
+      {LaunchApp{"com.apple.Terminal"}, ActionFailure{P::notInstalled, "Terminal"}},
+      {LaunchApp{"com.apple.Music"}, ActionFailure{P::noDefault, "audio/mpeg"}},
+      {LaunchApp{"broken"}, ActionFailure{P::cannotStart, "Broken"}},
+      {OpenURL{"example.org:80"}, ActionFailure{P::noHandler, "example.org:80"}},
+      {OpenURL{"example.org"}, ActionFailure{P::notAnAddress, "example.org"}},
+      {OpenURL{"https://a b"}, ActionFailure{P::notAnAddress, "https://a b"}},
+      {SystemShortcut{MacOSSystemActionKind::missionControl}, ActionFailure{P::noSystemAction}},
+      {Keystroke{8, 0}, std::nullopt},
+      {Keystroke{200, 0}, ActionFailure{P::noSuchKey}}};
+  for (const auto& [action, failure] : cases) {
+    SCOPED_TRACE(action.index());
+    std::vector<std::optional<ActionFailure>> ended;
+    PieMenuItem item;
+    item.action = action;
+    launcher_.execute(item, std::nullopt, [&](const auto& each) { ended.push_back(each); });
+    EXPECT_THAT(ended, ElementsAre(failure));
+  }
+}
+
+TEST(ActionFailures, HoldsTheLastFive) {
+  FakeLog log;
+  ActionFailures failures(log);
+  for (const char* url : {"a", "b", "c", "d", "e", "f", "d"}) failures.failed({OpenURL{url}, url, "Main", {}});
+  std::string items;
+  for (const auto& entry : failures.entries()) items += entry.item;
+  EXPECT_EQ(items, "dfecb");
 }
 
 }  // namespace

@@ -158,6 +158,32 @@ TEST_F(RunningProgramTest, FailedSaveIsAFindingUntilOneWorks) {
   EXPECT_THAT(desktop.files.files[program.config().configURL()], testing::HasSubstr("edited"));
 }
 
+TEST_F(RunningProgramTest, FailedActionIsAFindingUntilItWorks) {
+  PieMenu main = menu("main", {kKKey, 0});
+  main.items[0].title = "Music";
+  main.items[0].action = LaunchApp{"org.example.player"};
+  launchWith({main});
+  SessionFindings findings;
+  const Subscription watch = program.windowContents().watchFindings([&](const auto& all) { findings = all; });
+  const auto choose = [&] {
+    press({kKKey});
+    pointAtSector(0);
+    release({kKKey});
+    desktop.overlay.moveTo(kPointer);
+    desktop.time.advance(1);
+  };
+  choose();
+  choose();
+  const FakeLog::Line line{LogLevel::error,
+                           "action failed: item \"Music\" of menu \"main\": not installed: org.example.player"};
+  EXPECT_THAT(desktop.log.lines, ElementsAre(line, line));
+  EXPECT_EQ(findings.at(0).statement, "Item “Music”: “org.example.player” is not installed here.");
+  EXPECT_TRUE(findings.at(1).works) << "one finding for one action";
+  desktop.workspace.install("org.example.player", "Player");
+  choose();
+  EXPECT_TRUE(findings.at(0).works) << findings[0].statement;
+}
+
 TEST_F(RunningProgramTest, EndSavesEditsReleasesKeysAndLeavesTheSession) {
   PieMenu tapped = menu("tapped", {49, kControlOption});
   tapped.trackpadFingerCount = 3;

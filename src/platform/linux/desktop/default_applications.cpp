@@ -126,6 +126,17 @@ bool DefaultApplications::isStandIn(std::string_view bundleIdentifier) {
                      [bundleIdentifier](const HandledKind& kind) { return kind.bundleIdentifier == bundleIdentifier; });
 }
 
+std::optional<std::string> DefaultApplications::contentType(std::string_view bundleIdentifier) {
+  constexpr std::string_view kSchemePrefix = "x-scheme-handler/";
+  for (const HandledKind& kind : kHandledKinds) {
+    if (kind.bundleIdentifier != bundleIdentifier) continue;
+    std::string_view type = kind.mimeType;
+    if (type.starts_with(kSchemePrefix)) type.remove_prefix(kSchemePrefix.size());
+    return std::string(type);
+  }
+  return std::nullopt;
+}
+
 std::optional<std::string> DefaultApplications::resolve(std::string_view bundleIdentifier) const {
   if (bundleIdentifier == kTerminal) return terminal();
   if (bundleIdentifier == kSettings) return settings();

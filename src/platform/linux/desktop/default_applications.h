@@ -20,6 +20,8 @@ class DefaultApplications {
       : entries_(entries), environment_(environment) {}
 
   static bool isStandIn(std::string_view bundleIdentifier);
+  /// The MIME type or URL scheme that a stand-in is the default application of; the last two have none.
+  static std::optional<std::string> contentType(std::string_view bundleIdentifier);
   /// The id of an installed desktop entry; nothing when `bundleIdentifier` is not a stand-in or no application fits it.
   std::optional<std::string> resolve(std::string_view bundleIdentifier) const;
   /// The default handler of a MIME type, when it is an installed application.

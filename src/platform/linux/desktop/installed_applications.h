@@ -26,6 +26,9 @@ class InstalledApplications final : public ApplicationCatalogue {
 
   std::optional<std::string> identify(const WindowIdentity& window) const override;
   std::string resolve(std::string_view bundleIdentifier) const override;
+  std::optional<std::string> contentType(std::string_view bundleIdentifier) const override {
+    return DefaultApplications::contentType(bundleIdentifier);
+  }
   bool isInstalled(std::string_view id) const override;
   std::optional<std::string> name(std::string_view id) const override;
   std::optional<ApplicationIconSource> iconSource(std::string_view id) const override;

@@ -180,12 +180,16 @@ std::optional<ApplicationLocation> X11Workspace::urlForApplication(std::string_v
   return ApplicationLocation{id};
 }
 
-void X11Workspace::openApplication(const ApplicationLocation& location) {
+std::optional<std::string> X11Workspace::contentType(std::string_view bundleIdentifier) const {
+  return catalogue_.contentType(bundleIdentifier);
+}
+
+bool X11Workspace::openApplication(const ApplicationLocation& location) {
   const auto running = runningApplications(location.value);
   const bool cameForward = std::any_of(running.begin(), running.end(), [this](const RunningApplication& application) {
     return isRegular(application) && activate(application);
   });
-  if (!cameForward) catalogue_.launch(location.value, connection_.lastEventTime());
+  return cameForward || catalogue_.launch(location.value, connection_.lastEventTime());
 }
 
 std::optional<ApplicationLocation> X11Workspace::applicationAtPath(std::string_view path) const {

@@ -29,7 +29,8 @@ class X11Workspace final : public Workspace {
   void unhide(const RunningApplication& application) override;
   /// Also finds applications that run without being installed.
   std::optional<ApplicationLocation> urlForApplication(std::string_view bundleIdentifier) const override;
-  void openApplication(const ApplicationLocation& location) override;
+  std::optional<std::string> contentType(std::string_view bundleIdentifier) const override;
+  bool openApplication(const ApplicationLocation& location) override;
   std::optional<ApplicationLocation> applicationAtPath(std::string_view path) const override;
   bool openUrl(std::string_view url) override;
   std::optional<std::string> applicationName(std::string_view bundleIdentifier) const override;
