@@ -24,6 +24,7 @@ std::function<void(const T&)> droppingFirst(std::function<void(const T&)> slot) 
 AppDelegate::AppDelegate(const Services& services)
     : services_(services),
       triggers_({.mainQueue = services.mainQueue,
+                 .clock = services.clock,
                  .log = services.log,
                  .hotkeyService = services.hotkeyService,
                  .config = services.config,
@@ -97,6 +98,7 @@ bool AppDelegate::applicationShouldHandleReopen(bool /*hasVisibleWindows*/) {
 }
 
 void AppDelegate::openSettings() {
+  triggers_.retryRefusedHotkeys();
   if (!settingsWindow_) settingsWindow_ = services_.windows.makeSettingsWindow();
   if (settingsWindow_) settingsWindow_->show();
 }
@@ -140,6 +142,7 @@ void AppDelegate::observeChanges() {
   subscribePermissions();
   appActivationObserver_ = services_.workspace.onDidActivateApplication(
       weakSelf_.bind([](AppDelegate& self, const RunningApplication& application) {
+        self.triggers_.retryRefusedHotkeys();
         self.services_.switchboard.prefetchAppCommands(application);
       }));
   const auto reportVisibility =

@@ -17,6 +17,7 @@
 #include "localization/localization_store.h"
 #include "permissions/permissions_snapshot.h"
 #include "platform/application_shell.h"
+#include "platform/clock.h"
 #include "platform/hotkey_service.h"
 #include "platform/log.h"
 #include "platform/main_queue.h"
@@ -38,6 +39,7 @@ class AppDelegate {
   /// The references must outlive the delegate.
   struct Services {
     MainQueue& mainQueue;
+    const Clock& clock;
     Log& log;
     UserDefaults& defaults;
     const ProcessEnvironment& environment;

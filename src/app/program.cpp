@@ -98,6 +98,7 @@ MenuSwitchboard::Services Program::switchboardServices() {
 
 AppDelegate::Services Program::delegateServices() {
   return {.mainQueue = platform_.mainQueue,
+          .clock = platform_.clock,
           .log = platform_.log,
           .defaults = platform_.defaults,
           .environment = platform_.environment,

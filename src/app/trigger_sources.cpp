@@ -56,7 +56,20 @@ void TriggerSources::setUpTrackpadGesture() {
   trackpadGestureMonitor_.start(std::move(fingerCounts));
 }
 
+void TriggerSources::retryRefusedHotkeys() {
+  if (!hotkeyManager_ || !hotkeyManager_->hasRefused()) return;
+  const double now = services_.clock.uptime();
+  if (now < nextRetry_) {
+    retry_ = services_.mainQueue.workItem(nextRetry_ - now,
+                                          weakSelf_.bind([](TriggerSources& self) { self.retryRefusedHotkeys(); }));
+    return;
+  }
+  nextRetry_ = now + kRetryInterval;
+  hotkeyManager_->retryRefused();
+}
+
 void TriggerSources::tearDown() {
+  retry_.reset();
   if (hotkeyManager_) hotkeyManager_->unregisterAll();
   trackpadGestureMonitor_.stop();
 }

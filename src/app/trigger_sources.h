@@ -9,6 +9,7 @@
 #include "base/weak_self.h"
 #include "input/gestures/trackpad_gesture_monitor.h"
 #include "input/hotkeys/hotkey_manager.h"
+#include "platform/clock.h"
 #include "platform/hotkey_service.h"
 #include "platform/log.h"
 #include "platform/main_queue.h"
@@ -22,17 +23,22 @@ class TriggerSources {
   /// The references must outlive the object.
   struct Services {
     MainQueue& mainQueue;
+    const Clock& clock;
     Log& log;
     HotkeyService& hotkeyService;
     const ConfigManager& config;
     MenuSwitchboard& switchboard;
   };
 
+  static constexpr double kRetryInterval = 5;  // seconds
+
   explicit TriggerSources(const Services& services);
 
   /// Registers the hotkeys of the current document and listens for its finger counts; replaces earlier registrations.
   void setUp();
   void tearDown();
+  /// Tries refused hotkeys again: at once, or as soon as kRetryInterval has passed since the last time.
+  void retryRefusedHotkeys();
   /// Null before the first `setUp`.
   const HotkeyManager* hotkeyManager() const { return hotkeyManager_.get(); }
   TrackpadGestureMonitor& trackpadGestureMonitor() { return trackpadGestureMonitor_; }
@@ -49,6 +55,8 @@ class TriggerSources {
   TrackpadGestureMonitor trackpadGestureMonitor_;
   std::set<std::int64_t> activeTrackpadFingerCounts_;
   std::unique_ptr<HotkeyManager> hotkeyManager_;
+  double nextRetry_ = 0;  // uptime
+  Subscription retry_;
   WeakSelf<TriggerSources> weakSelf_{this};
 };
 

@@ -27,11 +27,28 @@ void HotkeyManager::registerAll(const std::vector<PieMenu>& menus) {
   startTap(menus);
   handler_ = service_.installEventHandler(
       weakSelf_.bind([](HotkeyManager& self, const HotKeyEvent* event) { return self.handleHotKeyEvent(event); }));
-  for (Group& shared : group(collectEntries(menus))) registerGroup(std::move(shared));
+  for (Group& shared : group(collectEntries(menus))) {
+    const bool ok = registerGroup(shared);
+    recordRegistration(ok, shared.hotkey);
+    if (!ok) refused_.push_back(std::move(shared));
+  }
+  listFailures();
+}
+
+void HotkeyManager::retryRefused() {
+  for (Group& shared : std::exchange(refused_, {})) {
+    if (registerGroup(shared)) {
+      recordRegistration(true, shared.hotkey);
+    } else {
+      refused_.push_back(std::move(shared));
+    }
+  }
+  listFailures();
 }
 
 void HotkeyManager::unregisterAll() {
   registrations_.clear();
+  refused_.clear();
   failedRegistrationMenuIndices_.clear();
   handler_.reset();
   if (hidTap_) hidTap_->stop();
@@ -73,21 +90,27 @@ std::optional<Subscription> HotkeyManager::registerEventHotKey(const HotkeyConfi
   return reference;
 }
 
-void HotkeyManager::registerGroup(Group group) {
+bool HotkeyManager::registerGroup(Group& group) {
   const std::uint32_t id = group.menuIndices.front();
   auto reference = registerEventHotKey(group.hotkey, id);
-  recordRegistration(reference.has_value(), group.hotkey, group.menuIndices);
-  if (!reference) return;
+  if (!reference) return false;
   registrations_.emplace(id, Registration{group.hotkey, std::move(group.menuIndices), std::move(*reference)});
+  return true;
 }
 
-void HotkeyManager::recordRegistration(bool ok, const HotkeyConfig& hotkey,
-                                       const std::vector<std::uint32_t>& menuIndices) {
-  if (hotkey.isCommandTabStyle()) {
-    log_.standard(std::string("carbon backup for ⌘Tab-style hotkey registered=") + (ok ? "true" : "false"));
-    if (ok) hidTap_->setCarbonBacksUpCommandTab(true);
-  } else if (!ok) {
-    failedRegistrationMenuIndices_.insert(failedRegistrationMenuIndices_.end(), menuIndices.begin(), menuIndices.end());
+void HotkeyManager::recordRegistration(bool ok, const HotkeyConfig& hotkey) {
+  if (!hotkey.isCommandTabStyle()) return;
+  log_.standard(std::string("carbon backup for ⌘Tab-style hotkey registered=") + (ok ? "true" : "false"));
+  if (ok) hidTap_->setCarbonBacksUpCommandTab(true);
+}
+
+/// The tap serves hotkeys like ⌘Tab, so they do not fail.
+void HotkeyManager::listFailures() {
+  failedRegistrationMenuIndices_.clear();
+  for (const Group& shared : refused_) {
+    if (shared.hotkey.isCommandTabStyle()) continue;
+    failedRegistrationMenuIndices_.insert(failedRegistrationMenuIndices_.end(), shared.menuIndices.begin(),
+                                          shared.menuIndices.end());
   }
 }
 

@@ -49,6 +49,9 @@ class HotkeyManager {
   /// Replaces all registrations with those of `menus`.
   void registerAll(const std::vector<PieMenu>& menus);
   void unregisterAll();
+  /// Registers those that are possible by now.
+  void retryRefused();
+  bool hasRefused() const { return !refused_.empty(); }
   /// Hotkeys come before the ring's keys, except that a hotkey that is also a quick-select key in its own menu's ring
   /// selects.
   void followRing(Ring ring);
@@ -74,9 +77,10 @@ class HotkeyManager {
   void startTap(const std::vector<PieMenu>& menus);
   static std::vector<HotkeyEntry> collectEntries(const std::vector<PieMenu>& menus);
   static std::vector<Group> group(const std::vector<HotkeyEntry>& entries);
-  void registerGroup(Group group);
+  bool registerGroup(Group& group);
+  void listFailures();
   std::optional<Subscription> registerEventHotKey(const HotkeyConfig& hotkey, std::uint32_t id);
-  void recordRegistration(bool ok, const HotkeyConfig& hotkey, const std::vector<std::uint32_t>& menuIndices);
+  void recordRegistration(bool ok, const HotkeyConfig& hotkey);
   int handleHotKeyEvent(const HotKeyEvent* event);
   void pressed(MenuIndices indices, ModifierHold modifiers) const;
   void released(MenuIndices indices) const;
@@ -84,6 +88,7 @@ class HotkeyManager {
 
   HotkeyService& service_;
   Log& log_;
+  std::vector<Group> refused_;
   std::vector<int> failedRegistrationMenuIndices_;
   /// Live registrations by hot-key id, which is the index of the first menu.
   std::map<std::uint32_t, Registration> registrations_;

@@ -35,7 +35,7 @@ constexpr StringTable kArabicStrings = completeTable({
      "يشرح ملف README ذلك."},
     {StringKey::sessionHotkeysWork, "كل قائمة لها اختصار تُفتح به."},
     {StringKey::sessionHotkeyRefusedRemedy,
-     "حرِّر %@ في البرنامج الآخر أو في إعدادات لوحة المفاتيح لسطح المكتب ثم شغّل Rondora من جديد، أو عيّن للقائمة اختصارًا "
+     "حرِّر %@ في البرنامج الآخر أو في إعدادات لوحة المفاتيح لسطح المكتب وسيأخذه Rondora تلقائيًا، أو عيّن للقائمة اختصارًا "
      "آخر في ملف الإعدادات."},
     {StringKey::sessionHotkeyUnusable, "لا يستطيع Rondora استخدام اختصار القائمة «%@» هنا."},
     {StringKey::sessionHotkeyUnusableRemedy,

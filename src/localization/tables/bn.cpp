@@ -36,8 +36,8 @@ constexpr StringTable kBengaliStrings = completeTable({
      "চালান; নিয়মটি README-তে আছে।"},
     {StringKey::sessionHotkeysWork, "যেসব মেনুর হটকী আছে, সেগুলো হটকী দিয়ে খোলে।"},
     {StringKey::sessionHotkeyRefusedRemedy,
-     "অন্য প্রোগ্রামে বা ডেস্কটপের কীবোর্ড সেটিংসে %@ খালি করে Rondora আবার চালু করুন, অথবা কনফিগারেশন ফাইলে মেনুটিকে অন্য একটি "
-     "হটকী দিন।"},
+     "অন্য প্রোগ্রামে বা ডেস্কটপের কীবোর্ড সেটিংসে %@ খালি করুন, Rondora নিজে থেকেই সেটি নিয়ে নেবে; অথবা কনফিগারেশন ফাইলে "
+     "মেনুটিকে অন্য একটি হটকী দিন।"},
     {StringKey::sessionHotkeyUnusable, "Rondora এখানে “%@” মেনুর হটকী ব্যবহার করতে পারে না।"},
     {StringKey::sessionHotkeyUnusableRemedy,
      "Rondora থেকে প্রস্থান করুন, কনফিগারেশন ফাইলে মেনুটিকে অন্য একটি হটকী দিন এবং Rondora আবার চালু করুন।"},

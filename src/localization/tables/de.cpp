@@ -39,8 +39,8 @@ constexpr StringTable kGermanStrings = completeTable({
      "D-Bus-Methode „Trigger“ aufrufen; wie das geht, steht in der README."},
     {StringKey::sessionHotkeysWork, "Jedes Menü mit einem Tastenkürzel lässt sich damit öffnen."},
     {StringKey::sessionHotkeyRefusedRemedy,
-     "Geben Sie %@ in dem anderen Programm oder in den Tastatureinstellungen Ihres Desktops frei und starten Sie "
-     "Rondora neu, oder geben Sie dem Menü in der Konfigurationsdatei ein anderes Tastenkürzel."},
+     "Geben Sie %@ in dem anderen Programm oder in den Tastatureinstellungen Ihres Desktops frei; Rondora übernimmt es "
+     "dann von selbst. Oder geben Sie dem Menü in der Konfigurationsdatei ein anderes Tastenkürzel."},
     {StringKey::sessionHotkeyUnusable, "Rondora kann das Tastenkürzel des Menüs „%@“ hier nicht verwenden."},
     {StringKey::sessionHotkeyUnusableRemedy,
      "Beenden Sie Rondora, geben Sie dem Menü in der Konfigurationsdatei ein anderes Tastenkürzel und starten Sie "

@@ -36,8 +36,8 @@ constexpr StringTable kEnglishStrings = completeTable({
      "“Trigger”; the README says how."},
     {StringKey::sessionHotkeysWork, "Every menu that has a hotkey opens with it."},
     {StringKey::sessionHotkeyRefusedRemedy,
-     "Free %@ in the other program or in the keyboard settings of your desktop and start Rondora again, or give the "
-     "menu another hotkey in the configuration file."},
+     "Free %@ in the other program or in the keyboard settings of your desktop; Rondora then takes it by itself. Or "
+     "give the menu another hotkey in the configuration file."},
     {StringKey::sessionHotkeyUnusable, "Rondora cannot use the hotkey of the menu “%@” here."},
     {StringKey::sessionHotkeyUnusableRemedy,
      "Quit Rondora, give the menu another hotkey in the configuration file, and start Rondora again."},

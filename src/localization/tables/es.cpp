@@ -37,8 +37,8 @@ constexpr StringTable kSpanishStrings = completeTable({
      "«Trigger» de D-Bus; el archivo README explica cómo."},
     {StringKey::sessionHotkeysWork, "Todos los menús que tienen un atajo se abren con él."},
     {StringKey::sessionHotkeyRefusedRemedy,
-     "Libere %@ en el otro programa o en los ajustes de teclado de su escritorio y vuelva a iniciar Rondora, o asigne "
-     "otro atajo al menú en el archivo de configuración."},
+     "Libere %@ en el otro programa o en los ajustes de teclado de su escritorio y Rondora lo tomará por sí mismo, o "
+     "asigne otro atajo al menú en el archivo de configuración."},
     {StringKey::sessionHotkeyUnusable, "Rondora no puede usar aquí el atajo del menú «%@»."},
     {StringKey::sessionHotkeyUnusableRemedy,
      "Salga de Rondora, asigne otro atajo al menú en el archivo de configuración y vuelva a iniciar Rondora."},

@@ -38,8 +38,8 @@ constexpr StringTable kFrenchStrings = completeTable({
      "par un raccourci clavier de votre bureau\u202F; le fichier README explique comment."},
     {StringKey::sessionHotkeysWork, "Chaque menu qui a un raccourci s’ouvre avec celui-ci."},
     {StringKey::sessionHotkeyRefusedRemedy,
-     "Libérez %@ dans l’autre programme ou dans les réglages du clavier de votre bureau et relancez Rondora, ou donnez "
-     "un autre raccourci au menu dans le fichier de configuration."},
+     "Libérez %@ dans l’autre programme ou dans les réglages du clavier de votre bureau\u202F; Rondora le prendra "
+     "alors de lui-même. Ou donnez un autre raccourci au menu dans le fichier de configuration."},
     {StringKey::sessionHotkeyUnusable, "Rondora ne peut pas utiliser ici le raccourci du menu « %@ »."},
     {StringKey::sessionHotkeyUnusableRemedy,
      "Quittez Rondora, donnez un autre raccourci au menu dans le fichier de configuration, puis relancez Rondora."},

@@ -35,8 +35,8 @@ constexpr StringTable kHindiStrings = completeTable({
      "README में लिखा है।"},
     {StringKey::sessionHotkeysWork, "जिस मेनू की हॉटकी है, वह उससे खुलता है।"},
     {StringKey::sessionHotkeyRefusedRemedy,
-     "दूसरे प्रोग्राम में या डेस्कटॉप की कीबोर्ड सेटिंग्स में %@ को मुक्त करें और Rondora फिर से शुरू करें, या कॉन्फ़िगरेशन फ़ाइल में मेनू को कोई "
-     "दूसरी हॉटकी दें।"},
+     "दूसरे प्रोग्राम में या डेस्कटॉप की कीबोर्ड सेटिंग्स में %@ को मुक्त करें, फिर Rondora उसे अपने आप ले लेगा; या कॉन्फ़िगरेशन फ़ाइल में मेनू को "
+     "कोई दूसरी हॉटकी दें।"},
     {StringKey::sessionHotkeyUnusable, "Rondora यहाँ मेनू “%@” की हॉटकी का उपयोग नहीं कर सकता।"},
     {StringKey::sessionHotkeyUnusableRemedy,
      "Rondora से बाहर निकलें, कॉन्फ़िगरेशन फ़ाइल में मेनू को कोई दूसरी हॉटकी दें और Rondora फिर से शुरू करें।"},

@@ -37,8 +37,8 @@ constexpr StringTable kIndonesianStrings = completeTable({
      "“Trigger”; caranya ada di README."},
     {StringKey::sessionHotkeysWork, "Setiap menu yang memiliki tombol pintas terbuka dengannya."},
     {StringKey::sessionHotkeyRefusedRemedy,
-     "Bebaskan %@ di program lain itu atau di pengaturan papan ketik desktop, lalu jalankan Rondora lagi; atau beri "
-     "menu ini tombol pintas lain di berkas konfigurasi."},
+     "Bebaskan %@ di program lain itu atau di pengaturan papan ketik desktop, lalu Rondora akan mengambilnya sendiri; "
+     "atau beri menu ini tombol pintas lain di berkas konfigurasi."},
     {StringKey::sessionHotkeyUnusable, "Rondora tidak dapat memakai tombol pintas menu “%@” di sini."},
     {StringKey::sessionHotkeyUnusableRemedy,
      "Keluar dari Rondora, beri menu ini tombol pintas lain di berkas konfigurasi, lalu jalankan Rondora lagi."},

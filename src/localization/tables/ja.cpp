@@ -37,8 +37,8 @@ constexpr StringTable kJapaneseStrings = completeTable({
      "メソッド「Trigger」を呼び出してください。方法は README にあります。"},
     {StringKey::sessionHotkeysWork, "ホットキーのあるメニューは、すべてそのホットキーで開きます。"},
     {StringKey::sessionHotkeyRefusedRemedy,
-     "別のプログラムまたはデスクトップのキーボード設定で %@ を解放してから Rondora "
-     "を起動し直すか、設定ファイルでメニューに別のホットキーを割り当ててください。"},
+     "別のプログラムまたはデスクトップのキーボード設定で %@ を解放すると、Rondora "
+     "が自動的に使用します。または、設定ファイルでメニューに別のホットキーを割り当ててください。"},
     {StringKey::sessionHotkeyUnusable, "メニュー「%@」のホットキーはここでは使用できません。"},
     {StringKey::sessionHotkeyUnusableRemedy,
      "Rondora を終了し、設定ファイルでメニューに別のホットキーを割り当ててから、Rondora を起動し直してください。"},

@@ -37,8 +37,8 @@ constexpr StringTable kPortugueseStrings = completeTable({
      "“Trigger” do D-Bus; o README explica como."},
     {StringKey::sessionHotkeysWork, "Todo menu que tem um atalho abre com ele."},
     {StringKey::sessionHotkeyRefusedRemedy,
-     "Libere %@ no outro programa ou nas configurações de teclado da sua área de trabalho e inicie o Rondora de novo, "
-     "ou dê outro atalho ao menu no arquivo de configuração."},
+     "Libere %@ no outro programa ou nas configurações de teclado da sua área de trabalho, e o Rondora passará a "
+     "usá-lo sozinho; ou dê outro atalho ao menu no arquivo de configuração."},
     {StringKey::sessionHotkeyUnusable, "O Rondora não pode usar aqui o atalho do menu “%@”."},
     {StringKey::sessionHotkeyUnusableRemedy,
      "Saia do Rondora, dê outro atalho ao menu no arquivo de configuração e inicie o Rondora de novo."},

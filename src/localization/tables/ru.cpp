@@ -37,7 +37,7 @@ constexpr StringTable kRussianStrings = completeTable({
      "вызывает метод D-Bus «Trigger»; как это сделать, описано в README."},
     {StringKey::sessionHotkeysWork, "Каждое меню, у которого есть сочетание клавиш, открывается им."},
     {StringKey::sessionHotkeyRefusedRemedy,
-     "Освободите %@ в другой программе или в настройках клавиатуры рабочего стола и запустите Rondora снова либо "
+     "Освободите %@ в другой программе или в настройках клавиатуры рабочего стола, и Rondora займёт его сама; либо "
      "задайте меню другое сочетание в файле конфигурации."},
     {StringKey::sessionHotkeyUnusable, "Сочетание клавиш меню «%@» здесь использовать нельзя."},
     {StringKey::sessionHotkeyUnusableRemedy,

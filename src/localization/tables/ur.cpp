@@ -37,7 +37,7 @@ constexpr StringTable kUrduStrings = completeTable({
      "”Trigger“ چلائیں؛ تفصیل README میں ہے۔"},
     {StringKey::sessionHotkeysWork, "جس مینو کا شارٹ کٹ ہے وہ اُسی سے کھلتا ہے۔"},
     {StringKey::sessionHotkeyRefusedRemedy,
-     "دوسرے پروگرام میں یا ڈیسک ٹاپ کی کی بورڈ ترتیبات میں %@ خالی کریں اور Rondora دوبارہ شروع کریں، یا ترتیبات کی "
+     "دوسرے پروگرام میں یا ڈیسک ٹاپ کی کی بورڈ ترتیبات میں %@ خالی کریں، پھر Rondora اسے خود لے لے گا؛ یا ترتیبات کی "
      "فائل میں مینو کو کوئی اور شارٹ کٹ دیں۔"},
     {StringKey::sessionHotkeyUnusable, "یہاں Rondora مینو ”%@“ کا شارٹ کٹ استعمال نہیں کر سکتا۔"},
     {StringKey::sessionHotkeyUnusableRemedy,

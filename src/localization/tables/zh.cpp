@@ -32,7 +32,7 @@ constexpr StringTable kChineseStrings = completeTable({
      "请在登录时选择 X11 会话（“Xorg”），或让桌面的某个键盘快捷键调用 D-Bus 方法“Trigger”，具体做法见 README。"},
     {StringKey::sessionHotkeysWork, "所有设有快捷键的菜单都能用快捷键打开。"},
     {StringKey::sessionHotkeyRefusedRemedy,
-     "请在其他程序或桌面的键盘设置中释放 %@，然后重新启动 Rondora；或者在配置文件中为该菜单换一个快捷键。"},
+     "请在其他程序或桌面的键盘设置中释放 %@，Rondora 随后会自动使用它；或者在配置文件中为该菜单换一个快捷键。"},
     {StringKey::sessionHotkeyUnusable, "Rondora 在这里无法使用菜单“%@”的快捷键。"},
     {StringKey::sessionHotkeyUnusableRemedy,
      "请退出 Rondora，在配置文件中为该菜单换一个快捷键，然后重新启动 Rondora。"},

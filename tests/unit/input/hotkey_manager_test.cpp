@@ -68,6 +68,12 @@ TEST_F(HotkeyManagerTest, CountsRefusedHotkeysAsFailuresOfAllTheirMenus) {
                        menuWith(INT64_MAX, 0), menuWith(0, std::int64_t{1} << 40), menuWith(0x1'0000'0031, 0)});
   EXPECT_EQ(desktop.keyboard.registrationCount(), 1U);
   EXPECT_THAT(manager.failedRegistrationMenuIndices(), ElementsAre(0, 2, 3, 4, 5));
+  desktop.keyboard.foreignOwners.clear();
+  manager.retryRefused();
+  EXPECT_EQ(desktop.keyboard.registrationCount(), 2U);
+  EXPECT_THAT(manager.failedRegistrationMenuIndices(), ElementsAre(3, 4, 5));
+  desktop.keyboard.pressAll({FakeKeyboard::kControlKey, FakeKeyboard::kOptionKey, FakeKeyboard::kSpaceKey});
+  EXPECT_THAT(pressed, ElementsAre(ElementsAre(0, 2)));
   EXPECT_THAT(desktop.log.lines, IsEmpty());
   manager.unregisterAll();
   EXPECT_THAT(manager.failedRegistrationMenuIndices(), IsEmpty());
