@@ -106,6 +106,8 @@ bool FaviconCache::note(const std::filesystem::path& file, const FaviconResult& 
 void FaviconCache::load() {
   if (isLoaded_) return;
   isLoaded_ = true;
+  files_.removeTemporaries(folder_);
+  files_.removeTemporaries(folder_.parent_path());
   std::istringstream lines(files_.read(folder_ / "index").value_or(std::string()));
   lines.imbue(std::locale::classic());
   for (std::string line; std::getline(lines, line);) {

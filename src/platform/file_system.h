@@ -31,6 +31,9 @@ class FileSystem {
   /// Replaces the whole file atomically and durably: temporary file in the same folder, flush, rename, flush of the
   /// folder; mode 0600. Follows a symbolic link and replaces its target.
   virtual FileError replaceDurably(const std::filesystem::path& path, std::string_view bytes) = 0;
+  /// Removes the temporary files and copies that writes of a killed process left directly in the folder. No other
+  /// process of the program may be writing there.
+  virtual void removeTemporaries(const std::filesystem::path& folder) = 0;
   /// Copies a file or a folder tree. The copy appears atomically; a copied file is on disk when this returns, with mode
   /// 0600. Follows a symbolic link. Fails when the destination exists.
   virtual FileError copy(const std::filesystem::path& from, const std::filesystem::path& to) = 0;

@@ -64,6 +64,7 @@ void ConfigManager::createFolder() {
 
 PieConfiguration ConfigManager::load() {
   createFolder();
+  services_.files.removeTemporaries(configURL_.parent_path());
   PieConfiguration configuration = readOrDefault();
   normalize(configuration);
   return configuration;

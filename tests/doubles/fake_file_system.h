@@ -43,6 +43,7 @@ class FakeFileSystem final : public FileSystem {
     files[path] = bytes;
     return std::nullopt;
   }
+  void removeTemporaries(const Path& folder) override { swept.push_back(folder); }
   FileError copy(const Path& from, const Path& to) override {
     if (auto failure = injectedFailure("copy")) return failure;
     if (!exists(from) || !folders.contains(to.parent_path())) return "No such file or directory";
@@ -76,6 +77,8 @@ class FakeFileSystem final : public FileSystem {
   std::set<Path> tooLong;
   /// Changes in order, such as "replace /home/user/.config/Rondora/config.json".
   std::vector<std::string> changes;
+  /// Folders whose temporary files were removed.
+  std::vector<Path> swept;
   std::map<Path, std::string> files;
   std::set<Path> folders;
 

@@ -16,6 +16,23 @@ namespace {
 
 namespace fs = std::filesystem;
 
+constexpr std::string_view kTemporaryPrefix = ".rondora-";
+constexpr std::string_view kTemporarySuffix = ".tmp";
+constexpr std::size_t kTemporaryDigits = 8;
+
+std::string temporaryName(unsigned number) {
+  std::array<char, kTemporaryDigits + 1> digits{};
+  std::snprintf(digits.data(), digits.size(), "%08x", number);
+  return std::string(kTemporaryPrefix) + digits.data() + std::string(kTemporarySuffix);
+}
+
+bool isTemporaryName(std::string_view name) {
+  if (name.size() != kTemporaryPrefix.size() + kTemporaryDigits + kTemporarySuffix.size()) return false;
+  const std::string_view digits = name.substr(kTemporaryPrefix.size(), kTemporaryDigits);
+  return name.starts_with(kTemporaryPrefix) && name.ends_with(kTemporarySuffix) &&
+         digits.find_first_not_of("0123456789abcdef") == digits.npos;
+}
+
 fs::path folderOf(const fs::path& path) { return path.has_parent_path() ? path.parent_path() : fs::path("."); }
 
 /// Resolves the symbolic links at the end of `path`, including a dangling last one. Empty on a loop.
@@ -113,11 +130,7 @@ class Temporary {
     return error ? FileError(describe("cannot copy", source, error.value())) : std::nullopt;
   }
 
-  void choosePath() {
-    std::array<char, 32> name{};
-    std::snprintf(name.data(), name.size(), ".rondora-%08x.tmp", std::random_device()());
-    path_ = folder_ / name.data();
-  }
+  void choosePath() { path_ = folder_ / temporaryName(std::random_device()()); }
 
   FileDescriptor create() {
     constexpr int kMaxAttempts = 100;
@@ -162,6 +175,18 @@ FileError replaceFile(const fs::path& path, std::string_view bytes) {
   Temporary temporary(folderOf(target));
   if (auto failed = temporary.fill(bytes)) return failed;
   return temporary.moveTo(target);
+}
+
+void removeTemporariesIn(const fs::path& folder) {
+  std::error_code error;
+  std::vector<fs::path> found;
+  for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+    if (isTemporaryName(entry->path().filename().string())) found.push_back(entry->path());
+  }
+  for (const fs::path& path : found) {
+    const fs::file_status status = fs::symlink_status(path, error);
+    if (fs::is_regular_file(status) || fs::is_directory(status)) fs::remove_all(path, error);
+  }
 }
 
 FileError copyFileOrFolder(const fs::path& from, const fs::path& to) {

@@ -16,6 +16,7 @@ std::string describe(const char* what, const std::filesystem::path& path, int er
 
 FileError makeFolder(const std::filesystem::path& path);
 FileError replaceFile(const std::filesystem::path& path, std::string_view bytes);
+void removeTemporariesIn(const std::filesystem::path& folder);
 FileError copyFileOrFolder(const std::filesystem::path& from, const std::filesystem::path& to);
 FileError linkOrRename(const std::filesystem::path& path, const std::filesystem::path& name);
 

@@ -67,6 +67,8 @@ FileError PosixFileSystem::replaceDurably(const fs::path& path, std::string_view
   return replaceFile(path, bytes);
 }
 
+void PosixFileSystem::removeTemporaries(const fs::path& folder) { removeTemporariesIn(folder); }
+
 FileError PosixFileSystem::copy(const fs::path& from, const fs::path& to) { return copyFileOrFolder(from, to); }
 
 FileError PosixFileSystem::keepAs(const fs::path& path, const fs::path& name) { return linkOrRename(path, name); }

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <limits>
 
 #include "desktop/temporary_folder.h"
@@ -90,6 +91,23 @@ TEST(CutWriting, SaveLeavesTheOldOrTheNewDocument) {
     EXPECT_TRUE(fs::is_symlink(user.document()));
   }
   EXPECT_TRUE(wasThere);
+}
+
+TEST(CutWriting, NextStartRemovesWhatKilledSavesLeft) {
+  User user;
+  const fs::path folder = user.document().parent_path();
+  const std::vector<std::string> foreign = {".rondora-0123456.tmp", ".rondora-0123456g.tmp", "rondora-01234567.tmp"};
+  for (const std::string& name : foreign) writeFile(folder / name, "not ours");
+  user.start();
+  const auto save = [&] { user.manager->save(user.manager->current()); };
+  for (int call = 1; runUntilCall(call, save) == Ending::cut; ++call) user.time.advance(1);
+  const auto count = [&] {
+    return std::ranges::count_if(fs::directory_iterator(folder),
+                                 [](const auto& entry) { return entry.path().extension() == ".tmp"; });
+  };
+  EXPECT_GT(count(), std::ssize(foreign));
+  user.start();
+  EXPECT_EQ(count(), std::ssize(foreign));
 }
 
 /// The content of the document and of its backups.

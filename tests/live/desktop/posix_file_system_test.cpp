@@ -121,6 +121,7 @@ TEST_F(PosixFileSystemTest, CreatesFoldersWithTheirParents) {
 
 TEST_F(PosixFileSystemTest, CopiesLinkTargetsWithoutOverwriting) {
   writeFile(in("real.json"), "{");
+  fs::permissions(in("real.json"), fs::perms::all);
   fs::create_symlink("real.json", in("config.json"));
   SystemCallSpy spy;
   EXPECT_EQ(files_.copy(in("config.json"), in("backup.json")), std::nullopt);
@@ -128,6 +129,9 @@ TEST_F(PosixFileSystemTest, CopiesLinkTargetsWithoutOverwriting) {
   EXPECT_EQ(files_.keepAs(in("config.json"), in("kept.json")), std::nullopt);
   EXPECT_EQ(files_.replaceDurably(in("config.json"), "new"), std::nullopt);
   EXPECT_EQ(readFile(in("kept.json")), "{");
+  for (const char* name : {"backup.json", "kept.json"}) {
+    EXPECT_EQ(fs::status(in(name)).permissions(), fs::perms::owner_read | fs::perms::owner_write) << name;
+  }
   EXPECT_TRUE(files_.keepAs(in("config.json"), in("backup.json")));
   writeFile(in("config.json"), "other");
   EXPECT_THAT(files_.copy(in("config.json"), in("backup.json")).value_or(""), HasSubstr("File exists"));
