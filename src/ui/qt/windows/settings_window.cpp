@@ -5,6 +5,7 @@
 #include <QHBoxLayout>
 #include <QScreen>
 #include <QShortcut>
+#include <QStyle>
 #include <QVBoxLayout>
 #include <utility>
 
@@ -43,7 +44,7 @@ void QtSettingsWindow::build() {
   // An independent window, not a dialog of another.
   window_.setWindowFlags(Qt::Window);
   window_.setWindowIcon(StatusBarIcon::make());
-  window_.resize(kInitialSize.boundedTo(window_.screen()->availableSize() - kFrameRoom));
+  fitScreen();
   for (QLabel* heading : {&documentHeading_, &sessionHeading_}) makeHeading(*heading);
   introduction_.setWordWrap(true);
   introduction_.setTextFormat(Qt::PlainText);
@@ -56,6 +57,14 @@ void QtSettingsWindow::build() {
   findings_.follow(language_);
   for (QPushButton* button : {&copy_, &openFolder_, &quit_}) button->setAutoDefault(false);
   close_.setDefault(true);
+}
+
+// A dialog places itself higher than the middle, which can put its title bar above a small screen.
+void QtSettingsWindow::fitScreen() {
+  const QRect available = window_.screen()->availableGeometry();
+  const QSize size = kInitialSize.boundedTo(available.size() - kFrameRoom);
+  window_.resize(size);
+  window_.move(QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, size + kFrameRoom, available).topLeft());
 }
 
 // In Tab order.

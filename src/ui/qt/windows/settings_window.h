@@ -20,6 +20,7 @@ class QtSettingsWindow : public SettingsWindow {
 
  private:
   void build();
+  void fitScreen();
   void arrange();
   void connectButtons();
   void copyPath();
