@@ -37,8 +37,7 @@ std::optional<SessionFinding> DocumentFindings::notSaved() const {
   SessionFinding finding{.works = false,
                          .statement = localization.text(StringKey::documentNotSaved, *problem),
                          .remedy = std::string(localization.text(StringKey::documentNotSavedRemedy))};
-  const FindingButton again{FindingCommand::saveAgain, std::string(localization.text(StringKey::findingSaveAgain))};
-  if (document) finding.buttons.push_back(again);
+  finding.buttons.push_back({FindingCommand::saveAgain, std::string(localization.text(StringKey::findingSaveAgain))});
   return finding;
 }
 
@@ -91,7 +90,8 @@ void DocumentFindings::press(const FindingButton& button) {
     case FindingCommand::dismiss:
       return services_.kept.dismiss(button.file);
     case FindingCommand::saveAgain:
-      return services_.config.writeAgain();
+      services_.config.writeAgain();
+      return services_.kept.store();
   }
 }
 

@@ -40,10 +40,10 @@ class KeptDocuments {
   void add(KeptDocument document);
   /// Removes those at this path from the list, not from the disk.
   void dismiss(std::string_view file);
-
- private:
+  /// Writes the list again, after the defaults could not be written.
   void store();
 
+ private:
   UserDefaults& defaults_;
   std::vector<KeptDocument> documents_;
 };

@@ -59,7 +59,7 @@ bool FileUserDefaults::importDomain(const Predecessor& predecessor) {
 
 void FileUserDefaults::set(std::string_view key, std::string value) {
   const auto found = values_.find(key);
-  if (found != values_.end() && found->second == value) return;
+  if (found != values_.end() && found->second == value && !problem_) return;
   values_.insert_or_assign(std::string(key), std::move(value));
   write();
 }
