@@ -26,6 +26,9 @@ class ApplicationLauncherTest : public testing::Test {
     folder.addEntry("reporter", "Exec=reporter %u\nStartupNotify=true\n");
     folder.addEntry("quiet-reporter", "Exec=reporter\nPath=/usr\n");
     folder.addEntry("url-reporter", "Exec=reporter --url %u\nMimeType=x-scheme-handler/report;\n");
+    folder.addProgram("broken");
+    writeFile(folder.programs() / "broken", "#!/nonexistent\n");
+    folder.addEntry("broken", "Exec=broken\n");
     folder.setDefaults("x-scheme-handler/report=url-reporter.desktop\n");
   }
 
@@ -73,7 +76,9 @@ TEST_F(ApplicationLauncherTest, OmitsTheStartupIdAndPassesUrlsUnchanged) {
   EXPECT_EQ(report()[4], "arguments:--url report://a/%20b?c=$HOME;d");
 }
 
-TEST_F(ApplicationLauncherTest, RefusesUninstalledApplications) {
+TEST_F(ApplicationLauncherTest, RefusesUninstalledAndBrokenApplications) {
+  EXPECT_TRUE(installed_.isInstalled("broken"));
+  EXPECT_FALSE(installed_.launch("broken", 1));
   EXPECT_FALSE(installed_.launch("no-such-application", 1));
   EXPECT_FALSE(installed_.openUrl("no such url", 1));
   EXPECT_FALSE(installed_.launch("/System/Applications/Mission Control.app", 1));

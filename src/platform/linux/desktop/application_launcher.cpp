@@ -1,6 +1,12 @@
 #include "platform/linux/desktop/application_launcher.h"
 
+#include <unistd.h>
+
+#include <climits>
 #include <csignal>
+#include <fstream>
+#include <iomanip>
+#include <string>
 
 #include "platform/linux/desktop/glib_owned.h"
 
@@ -53,6 +59,20 @@ GOwned<GAppLaunchContext> makeContext(GDesktopAppInfo& application, char* id) {
   return result;
 }
 
+/// GIO starts programs through a helper or a shell, so it does not notice that one cannot be executed. An entry that is
+/// only activated over the session bus has no program.
+bool canBeExecuted(GDesktopAppInfo& application) {
+  const char* program = g_app_info_get_executable(G_APP_INFO(&application));
+  if (!program || !*program) return true;
+  const GText path(g_find_program_in_path(program));
+  if (!path) return false;
+  std::ifstream file(path.get(), std::ios::binary);
+  if (file.get() != '#' || file.get() != '!') return true;
+  std::string interpreter;
+  file >> std::setw(PATH_MAX) >> interpreter;
+  return access(interpreter.c_str(), X_OK) == 0;
+}
+
 /// Runs in the child between fork and exec: async-signal-safe calls only.
 void prepareChild(gpointer homeFolder) {
   setsid();
@@ -66,6 +86,7 @@ void prepareChild(gpointer homeFolder) {
 }  // namespace
 
 bool ApplicationLauncher::launch(GDesktopAppInfo& application, const std::string& url, UserTime time) {
+  if (!canBeExecuted(application)) return false;
   char* id = nullptr;
   if (time != 0) id = g_strdup_printf("rondora-%d-%s-%u_TIME%u", getpid(), g_get_host_name(), ++launches_, time);
   const auto context = makeContext(application, id);
