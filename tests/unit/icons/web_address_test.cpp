@@ -4,6 +4,7 @@
 
 #include "doubles/stories.h"
 #include "icons/favicon_links.h"
+#include "icons/page_head.h"
 
 namespace rondora {
 namespace {
@@ -61,6 +62,18 @@ TEST(AddressStories, ReferencesAreTrimmed) {
   const auto links = faviconLinks(WebAddress::parse("https://a.org/").value(), "<LINK REL='icon'\n HREF = i.ico />");
   ASSERT_EQ(links.size(), 1U);
   EXPECT_EQ(links[0].text(), "https://a.org/i.ico");
+}
+
+TEST(PageHeadTest, CostStaysProportionalToThePage) {
+  constexpr std::size_t kPage = 32 << 10;
+  for (const std::string start : {"", "<link ", "<link rel='", "<script>", "<title></", "<!--"}) {
+    for (const std::string token :
+         {"<", "</", "<!--", "-->", "<link ", "<link rel=", "<a", "=", "'", "&amp;", "</s", "/"}) {
+      std::string html = start;
+      while (html.size() < kPage) html += token;
+      EXPECT_LE(readPageHead(html).bytesExamined, 8 * kPage + 100) << start << token;
+    }
+  }
 }
 
 }  // namespace
