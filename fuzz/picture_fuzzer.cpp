@@ -8,7 +8,7 @@
 
 #include "icons/picture_sizes.h"
 #include "require.h"
-#include "ui/qt/painting/qt_picture_codec.h"
+#include "ui/qt/painting/picture_thumbnail.h"
 
 // A server may send any bytes as a picture: they give nothing, or a PNG that fits into the square and keeps its size
 // when it is read again.
@@ -24,14 +24,13 @@ QImage decoded(const std::string& png) {
 
 void check(std::string_view bytes) {
   if (!statesPlausibleSizes(bytes)) return;
-  QtPictureCodec codec;
-  const auto thumbnail = codec.thumbnail(bytes, kSide);
+  const auto thumbnail = pictureThumbnail(bytes, kSide);
   if (!thumbnail) return;
   const QImage image = decoded(*thumbnail);
   require(!image.isNull(), "a thumbnail is a PNG");
   require(statesPlausibleSizes(*thumbnail), "a thumbnail states its own sizes");
   require(std::max(image.width(), image.height()) <= kSide, "a thumbnail fits into the square");
-  const auto again = codec.thumbnail(*thumbnail, kSide);
+  const auto again = pictureThumbnail(*thumbnail, kSide);
   require(again && decoded(*again).size() == image.size(), "a thumbnail keeps its size");
 }
 

@@ -118,7 +118,7 @@ bool AppDelegate::trigger(std::string_view menuId) {
 }
 
 void AppDelegate::iconsChanged() {
-  if (ringPrerenderer_) ringPrerenderer_->prerenderAll();
+  if (ringPrerenderer_) ringPrerenderer_->iconsChanged();
 }
 
 void AppDelegate::subscribeLanguage() {

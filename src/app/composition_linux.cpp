@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QDBusConnection>
+#include <memory>
 #include <utility>
 
 #include "app/platform.h"
@@ -23,6 +24,7 @@
 #include "platform/linux/x11/x11_backends.h"
 #include "platform/posix/posix_file_system.h"
 #include "platform/posix/posix_process_environment.h"
+#include "platform/posix/process_picture_decoder.h"
 #include "platform/posix/serial_thread.h"
 #include "platform/qt/bus_session_events.h"
 #include "platform/qt/event_turns.h"
@@ -36,13 +38,18 @@
 #include "platform/qt/qt_x11_access.h"
 #include "platform/qt/session_bus_channel.h"
 #include "storage/legacy_pie_menu_migration.h"
-#include "ui/qt/painting/qt_picture_codec.h"
 #include "ui/qt/painting/qt_picture_rasterizer.h"
 #include "ui/qt/tray/qt_status_bar.h"
 #include "ui/qt/windows/interface_language.h"
 #include "ui/qt/windows/qt_windows.h"
 
 namespace rondora {
+namespace {
+
+/// This program's file, even after it was replaced by another version.
+constexpr const char* kOwnFile = "/proc/self/exe";
+
+}  // namespace
 
 /// The program's claim on the session, made before any of the user's files is read or written.
 struct CompositionLinux::Presence {
@@ -80,7 +87,8 @@ struct CompositionLinux::Running {
   BusSessionEvents sessionEvents{QDBusConnection::systemBus(), QDBusConnection::sessionBus()};
   QtPasteboard pasteboard;
   QtNetworkFetch network;
-  QtPictureCodec pictureCodec;
+  desktop::ProcessPictureDecoder pictureDecoder{
+      kOwnFile, mainQueue, std::make_unique<desktop::SerialThread>("Rondora.Pictures", desktop::nameThread)};
   QtWindows windows{[this] { return program.windowContents(); }};
   x11::X11Backends display;
   x11::GuardLink guardLink;
@@ -89,7 +97,10 @@ struct CompositionLinux::Running {
     return display.connection.dispatch(event);
   }};
   QtPictureRasterizer rasterizer{display.applicationIcons,
-                                 [this](std::string_view site) { return program.sitePicture(site); }};
+                                 {[this](std::string_view site) { return program.sitePicture(site); },
+                                  [this](PictureRequest request, PictureDecoder::Completion completion) {
+                                    return program.decodeIcon(std::move(request), std::move(completion));
+                                  }}};
   x11::X11OverlayPanels overlayPanels{display.connection, display.inputGrab, rasterizer};
   QtStatusBar statusBar{
       {[this] { return display.embeddingTray.hasOwner(); },
@@ -108,7 +119,7 @@ Platform CompositionLinux::Running::platform() {
       .defaults = defaults,
       .environment = presence.environment,
       .network = network,
-      .pictureCodec = pictureCodec,
+      .pictureDecoder = pictureDecoder,
       .hotkeyService = display.hotkeys,
       .eventMonitors = display.eventMonitors,
       .keyEvents = display.keyPoster,

@@ -13,6 +13,7 @@
 #include <utility>
 
 #include "app/composition_linux.h"
+#include "app/composition_picture_service.h"
 #include "base/trace.h"
 #include "platform/linux/desktop/journal_log.h"
 #include "platform/linux/x11/guard/input_guard.h"
@@ -121,6 +122,7 @@ void becomeNewInstance(char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (rondora::isPictureService(argc, argv)) return rondora::runPictureService(argc, argv);
   if (rondora::x11::isGuard(argv)) rondora::x11::runGuard(rondora::x11::kGuardDescriptor, argv + 1);
   rondora::x11::InputGuard guard(argv);
   rondora::desktop::JournalLog log;

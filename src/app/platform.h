@@ -23,7 +23,7 @@
 #include "platform/overlay_panel.h"
 #include "platform/pasteboard.h"
 #include "platform/permission_service.h"
-#include "platform/picture_codec.h"
+#include "platform/picture_decoder.h"
 #include "platform/pointer.h"
 #include "platform/process_environment.h"
 #include "platform/random_source.h"
@@ -52,7 +52,7 @@ struct Platform {
   UserDefaults& defaults;
   const ProcessEnvironment& environment;
   NetworkFetch& network;
-  PictureCodec& pictureCodec;
+  PictureDecoder& pictureDecoder;
 
   HotkeyService& hotkeyService;
   EventMonitors& eventMonitors;

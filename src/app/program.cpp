@@ -1,5 +1,7 @@
 #include "app/program.h"
 
+#include <utility>
+
 #include "app/action_findings.h"
 #include "base/file_url.h"
 #include "input/hotkeys/hotkey_display.h"
@@ -18,7 +20,8 @@ Program::Program(const Platform& platform)
       actions_(actionPorts(), platform.makeSerialQueue(RunningAppFocus::kQueueLabel)),
       actionFailures_(platform.log),
       titles_(platform.workspace),
-      favicons_({platform.network, platform.pictureCodec, platform.files, platform.clock, platform.mainQueue}),
+      pictures_({platform.pictureDecoder, platform.files, platform.clock, platform.mainQueue}),
+      favicons_({platform.network, pictures_, platform.files, platform.clock, platform.mainQueue}),
       report_(localization_, platform.modifierNames),
       documentFindings_({config_, keptDocuments_, platform.defaults, platform.workspace, localization_}),
       pieMenuWindow_(ringPorts(), ringEnvironment()),
@@ -44,6 +47,13 @@ void Program::start() {
   delegate_.applicationDidFinishLaunching();
   platform_.instance.serve(sessionRequests());
   if (platform_.warmUp) platform_.mainQueue.async(platform_.warmUp);
+}
+
+Subscription Program::decodeIcon(PictureRequest request, PictureDecoder::Completion completion) {
+  return pictures_.decode(std::move(request), [this, completion = std::move(completion)](const PictureResult& result) {
+    completion(result);
+    delegate_.iconsChanged();
+  });
 }
 
 void Program::end() {

@@ -14,6 +14,7 @@
 #include "app/session_report.h"
 #include "base/notification_center.h"
 #include "icons/favicons.h"
+#include "icons/picture_quarantine.h"
 #include "localization/localization_store.h"
 #include "permissions/permissions_monitor.h"
 #include "running_apps/running_apps_activation_history.h"
@@ -42,6 +43,8 @@ class Program {
   WindowContents windowContents();
   /// For the rasterizer: the file with the picture of a web site; nothing when there is none.
   std::optional<std::filesystem::path> sitePicture(std::string_view site) const { return favicons_.picture(site); }
+  /// For the rasterizer: decodes the picture of an icon. When it has arrived, the rings are pre-rendered again.
+  [[nodiscard]] Subscription decodeIcon(PictureRequest request, PictureDecoder::Completion completion);
 
   AppDelegate& delegate() { return delegate_; }
   MenuSwitchboard& switchboard() { return switchboard_; }
@@ -82,6 +85,7 @@ class Program {
   ActionFailures actionFailures_;
   Subscription documentActions_;
   ItemTitles titles_;
+  PictureQuarantine pictures_;
   Favicons favicons_;
   Subscription faviconPrefetch_;
   SessionReport report_;

@@ -6,6 +6,7 @@ namespace rondora {
 namespace {
 
 constexpr double kQuietTime = 1;        // seconds without a new reason
+constexpr double kIconQuietTime = 0.2;  // the same for icons
 constexpr double kPause = 0.02;         // between two menus, for other work
 constexpr double kOpenRingPause = 0.5;  // before the next check while a ring is open
 constexpr std::size_t kMaxMenus = 32;
@@ -16,16 +17,21 @@ RingPrerenderer::RingPrerenderer(const Services& services) : services_(services)
   configuration_ = services_.config.configuration().subscribe(
       weakSelf_.bind([](RingPrerenderer& self, const PieConfiguration&) { self.prerenderAll(); }));
   activations_ = services_.workspace.onDidActivateApplication(
-      weakSelf_.bind([](RingPrerenderer& self, const RunningApplication&) { self.waitForQuiet(); }));
+      weakSelf_.bind([](RingPrerenderer& self, const RunningApplication&) { self.waitForQuiet(kQuietTime); }));
 }
 
 void RingPrerenderer::prerenderAll() {
   isDocumentDue_ = true;
-  waitForQuiet();
+  waitForQuiet(kQuietTime);
 }
 
-void RingPrerenderer::waitForQuiet() {
-  next_ = services_.mainQueue.workItem(kQuietTime, weakSelf_.bind([](RingPrerenderer& self) { self.begin(); }));
+void RingPrerenderer::iconsChanged() {
+  isDocumentDue_ = true;
+  waitForQuiet(kIconQuietTime);
+}
+
+void RingPrerenderer::waitForQuiet(double seconds) {
+  next_ = services_.mainQueue.workItem(seconds, weakSelf_.bind([](RingPrerenderer& self) { self.begin(); }));
 }
 
 void RingPrerenderer::begin() {

@@ -31,12 +31,13 @@ class RingPrerenderer {
   /// The services must outlive the object; destroying it cancels pending work.
   explicit RingPrerenderer(const Services& services);
 
-  /// Starts over once the program is idle.
-  void prerenderAll();
+  /// Starts over soon: icons arrive in short bursts, the first ones right after the start.
+  void iconsChanged();
 
  private:
+  void prerenderAll();
   void begin();
-  void waitForQuiet();
+  void waitForQuiet(double seconds);
   void takeTurnIn(double seconds);
   void takeTurn();
 

@@ -60,10 +60,10 @@ void FaviconLookup::get(const WebAddress& address, std::size_t maxBodySize, Hand
 }
 
 void FaviconLookup::request(const WebAddress& address) {
-  request_ = ports_.network.fetch({address.text(), maxBodySize_, kRequestTimeout},
-                                  weakSelf_.bind([address](FaviconLookup& self, std::optional<FetchResponse> response) {
-                                    self.arrived(address, std::move(response));
-                                  }));
+  step_ = ports_.network.fetch({address.text(), maxBodySize_, kRequestTimeout},
+                               weakSelf_.bind([address](FaviconLookup& self, std::optional<FetchResponse> response) {
+                                 self.arrived(address, std::move(response));
+                               }));
 }
 
 void FaviconLookup::arrived(const WebAddress& address, std::optional<FetchResponse> response) {
@@ -104,17 +104,35 @@ void FaviconLookup::tryNextPicture() {
 }
 
 void FaviconLookup::pictureArrived(std::optional<Answer> answer) {
-  if (answer && answer->response.isComplete && statesPlausibleSizes(answer->response.body)) {
-    if (auto picture = ports_.codec.thumbnail(answer->response.body, kPictureSide)) {
-      return finish({FaviconOutcome::found, *std::move(picture)});
-    }
+  if (!answer || !answer->response.isComplete || !statesPlausibleSizes(answer->response.body)) return tryNextPicture();
+  PictureRequest request{.source = PictureRequest::Source::bytes,
+                         .side = kPictureSide,
+                         .content = std::move(answer->response.body),
+                         .theme = {},
+                         .version = {}};
+  step_ = ports_.decoder.decode(
+      std::move(request),
+      weakSelf_.bind([](FaviconLookup& self, const PictureResult& result) { self.pictureDecoded(result); }));
+}
+
+void FaviconLookup::pictureDecoded(const PictureResult& result) {
+  switch (result.outcome) {
+    case PictureResult::Outcome::decoded:
+      return finish({FaviconOutcome::found, result.bytes});
+    case PictureResult::Outcome::gaveUp:  // the site's other pictures may cost as much
+      return finish({FaviconOutcome::none, {}});
+    case PictureResult::Outcome::unavailable:
+      isTemporary_ = true;
+      break;
+    case PictureResult::Outcome::unreadable:
+      break;
   }
   tryNextPicture();
 }
 
 void FaviconLookup::finish(FaviconResult result) {
   deadline_.reset();
-  request_.reset();
+  step_.reset();
   if (const auto completion = std::exchange(completion_, nullptr)) completion(std::move(result));
 }
 

@@ -10,7 +10,7 @@
 #include "icons/web_address.h"
 #include "platform/main_queue.h"
 #include "platform/network_fetch.h"
-#include "platform/picture_codec.h"
+#include "platform/picture_decoder.h"
 
 namespace rondora {
 
@@ -32,7 +32,7 @@ class FaviconLookup {
  public:
   struct Ports {
     NetworkFetch& network;
-    PictureCodec& codec;
+    PictureDecoder& decoder;
     MainQueue& mainQueue;
   };
   /// Called once, on a later turn; may destroy the lookup only on a turn after that.
@@ -61,6 +61,7 @@ class FaviconLookup {
   void pageArrived(std::optional<Answer> answer);
   void tryNextPicture();
   void pictureArrived(std::optional<Answer> answer);
+  void pictureDecoded(const PictureResult& result);
   void finish(FaviconResult result);
 
   Ports ports_;
@@ -71,7 +72,7 @@ class FaviconLookup {
   int redirections_ = 0;
   std::vector<WebAddress> candidates_;  // the next one last
   bool isTemporary_ = false;            // a request failed that may succeed later
-  Subscription request_;
+  Subscription step_;                   // the request or the decoding underway
   Subscription deadline_;
   WeakSelf<FaviconLookup> weakSelf_{this};
 };

@@ -87,11 +87,10 @@ void Favicons::work() {
 }
 
 void Favicons::start(const Target& target) {
-  lookups_[target.file] =
-      std::make_unique<FaviconLookup>(FaviconLookup::Ports{ports_.network, ports_.codec, ports_.mainQueue}, target.site,
-                                      weakSelf_.bind([file = target.file](Favicons& self, const FaviconResult& result) {
-                                        self.finished(file, result);
-                                      }));
+  lookups_[target.file] = std::make_unique<FaviconLookup>(
+      FaviconLookup::Ports{ports_.network, ports_.decoder, ports_.mainQueue}, target.site,
+      weakSelf_.bind(
+          [file = target.file](Favicons& self, const FaviconResult& result) { self.finished(file, result); }));
 }
 
 void Favicons::finished(const std::filesystem::path& file, const FaviconResult& result) {

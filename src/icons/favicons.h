@@ -21,7 +21,7 @@ class Favicons {
  public:
   struct Ports {
     NetworkFetch& network;
-    PictureCodec& codec;
+    PictureDecoder& decoder;
     FileSystem& files;
     const Clock& clock;
     MainQueue& mainQueue;

@@ -3,18 +3,20 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "platform/picture_codec.h"
+#include "platform/picture_decoder.h"
 
 namespace rondora {
 namespace {
 
 using namespace std::string_view_literals;
 
-constexpr std::uint32_t kMaxSide = PictureCodec::kMaxSide;
+constexpr std::uint32_t kMaxSide = PictureDecoder::kMaxSide;
 constexpr std::string_view kPngSignature = "\x89PNG\r\n\x1a\n"sv;
 constexpr std::string_view kIcoSignature = "\0\0\1\0"sv;
 constexpr std::string_view kCursorSignature = "\0\0\2\0"sv;  // otherwise like an ICO
 constexpr std::size_t kChunkFrame = 12;                      // length, type and check sum
+/// Far more than an icon has; each costs a step for every picture in an ICO.
+constexpr int kMaxChunks = 4096;
 
 std::uint32_t byteAt(std::string_view bytes, std::size_t at) { return static_cast<unsigned char>(bytes[at]); }
 
@@ -32,7 +34,8 @@ bool isPlausibleHeader(std::string_view chunk) {
 
 bool isPlausiblePng(std::string_view png) {
   std::string_view rest = png.substr(kPngSignature.size());
-  while (rest.size() >= kChunkFrame) {
+  for (int chunks = 0; rest.size() >= kChunkFrame; ++chunks) {
+    if (chunks == kMaxChunks) return false;
     const std::size_t length = bigEndian32(rest, 0);
     const std::string_view type = rest.substr(4, 4);
     if (length > rest.size() - kChunkFrame) return false;
@@ -49,7 +52,7 @@ bool isPlausibleIco(std::string_view ico) {
   constexpr std::size_t kOffset = 12;
   if (ico.size() < kHeader) return true;
   const std::size_t count = byteAt(ico, 4) | byteAt(ico, 5) << 8;
-  if (count > PictureCodec::kMaxPictures) return false;
+  if (count > PictureDecoder::kMaxPictures) return false;
   for (std::size_t i = 0; i < count && ico.size() >= kHeader + (i + 1) * kEntry; ++i) {
     const std::size_t offset = littleEndian32(ico, kHeader + i * kEntry + kOffset);
     const std::string_view embedded = ico.substr(offset < ico.size() ? offset : ico.size());

@@ -4,10 +4,10 @@
 
 namespace rondora {
 
-/// False for an ICO of more than PictureCodec::kMaxPictures and for a PNG, alone or inside an ICO, that states a chunk
-/// longer than the file or a side above PictureCodec::kMaxSide: decoders allocate and clear the stated memory before
-/// they find that the bytes are missing. True for all other bytes; the decoders of the other formats check what they
-/// read.
+/// False for an ICO of more than PictureDecoder::kMaxPictures and for a PNG, alone or inside an ICO, that has thousands
+/// of chunks or states one longer than the file or a side above PictureDecoder::kMaxSide: decoders allocate and clear
+/// the stated memory before they find that the bytes are missing. True for all other bytes; the decoders of the other
+/// formats check what they read.
 bool statesPlausibleSizes(std::string_view picture);
 
 }  // namespace rondora

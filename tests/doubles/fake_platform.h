@@ -32,7 +32,7 @@ struct FakePlatform {
   FakeUserDefaults defaults;
   FakeFileSystem files;
   FakeWeb web{time};
-  FakePictureCodec pictureCodec;
+  FakePictureDecoder pictureDecoder{time};
   FakePasteboard pasteboard;
   FakeWorkspace workspace;
   FakeWindowServer windowServer{workspace};

@@ -11,7 +11,7 @@
 
 #include "platform/main_queue.h"
 #include "platform/network_fetch.h"
-#include "platform/picture_codec.h"
+#include "platform/picture_decoder.h"
 
 namespace rondora {
 
@@ -61,13 +61,29 @@ class FakeWeb final : public NetworkFetch {
   MainQueue& mainQueue_;
 };
 
-/// Decodes "picture …" and PNG to "png …" and rejects all other bytes.
-class FakePictureCodec final : public PictureCodec {
+/// Decodes "picture …" and PNG to "png …", gives up on "endless …", and rejects all other bytes.
+class FakePictureDecoder final : public PictureDecoder {
  public:
-  std::optional<std::string> thumbnail(std::string_view bytes, int /*side*/) override {
-    if (!bytes.starts_with("picture ") && !bytes.starts_with("\x89PNG\r\n")) return std::nullopt;
-    return "png " + std::string(bytes.substr(8));
+  explicit FakePictureDecoder(MainQueue& mainQueue) : mainQueue_(mainQueue) {}
+
+  [[nodiscard]] Subscription decode(PictureRequest request, Completion completion) override {
+    ++requests;
+    return mainQueue_.workItem(
+        kDuration, [result = answer(request.content), completion = std::move(completion)] { completion(result); });
   }
+
+  int requests = 0;
+
+ private:
+  static constexpr double kDuration = 0.01;
+
+  static PictureResult answer(const std::string& bytes) {
+    if (bytes.starts_with("endless ")) return {PictureResult::Outcome::gaveUp, 0, 0, {}};
+    if (!bytes.starts_with("picture ") && !bytes.starts_with("\x89PNG\r\n")) return {};
+    return {PictureResult::Outcome::decoded, 1, 1, "png " + bytes.substr(8)};
+  }
+
+  MainQueue& mainQueue_;
 };
 
 }  // namespace rondora

@@ -10,6 +10,7 @@
 #include "icons/icon_reference.h"
 #include "probe_application.h"
 #include "ui/qt/painting/icon_images.h"
+#include "ui/qt/painting/picture_decoding.h"
 #include "ui/qt/painting/symbol_table.h"
 
 namespace {
@@ -57,7 +58,7 @@ QImage draw(const std::vector<std::string>& texts, double scale) {
   font.setPixelSize(qRound(11 * scale));
   painter.setFont(font);
   const ThemeIcons applications;
-  IconImages icons(applications);
+  IconImages icons(applications, {.sitePicture = {}, .decode = decodeAtOnce});
   for (int i = 0; i < static_cast<int>(texts.size()); ++i) {
     const QPoint corner((i % kColumns) * cell.width(), (i / kColumns) * cell.height());
     drawCell(painter, {corner, cell}, texts[static_cast<std::size_t>(i)], scale, icons);

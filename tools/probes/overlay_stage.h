@@ -13,6 +13,7 @@
 #include "platform/qt/qt_native_events.h"
 #include "platform/qt/qt_x11_access.h"
 #include "sample_ring.h"
+#include "ui/qt/painting/picture_decoding.h"
 #include "ui/qt/painting/qt_picture_rasterizer.h"
 
 namespace rondora {
@@ -40,7 +41,7 @@ struct OverlayStage {
   x11::X11InputGrab inputGrab{connection, keys, mainQueue};
   x11::X11Pointer pointer{connection, keys, inputGrab};
   ThemeIcons icons;
-  QtPictureRasterizer rasterizer{icons};
+  QtPictureRasterizer rasterizer{icons, {.sitePicture = {}, .decode = decodeAtOnce}};
   x11::X11OverlayPanels panels{connection, inputGrab, rasterizer};
 };
 

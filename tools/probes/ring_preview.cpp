@@ -9,6 +9,7 @@
 
 #include "probe_application.h"
 #include "sample_ring.h"
+#include "ui/qt/painting/picture_decoding.h"
 #include "ui/qt/painting/qt_picture_rasterizer.h"
 
 namespace {
@@ -23,7 +24,7 @@ PixelBuffer bufferOf(QImage& image) {
 QImage draw(const SampleRing& ring, std::optional<std::size_t> highlighted, double scale, QImage background,
             bool seesBackground) {
   const ThemeIcons icons;
-  QtPictureRasterizer rasterizer(icons);
+  QtPictureRasterizer rasterizer(icons, {.sitePicture = {}, .decode = decodeAtOnce});
   const auto prepared = rasterizer.prepare(ring.picture, scale);
   if (seesBackground) prepared->setSnapshot(bufferOf(background));
   QImage image(background.size(), QImage::Format_ARGB32_Premultiplied);

@@ -1,3 +1,8 @@
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <filesystem>
 
 #include "live/end_to_end/end_to_end_test.h"
@@ -59,7 +64,19 @@ TEST_F(EndToEndTest, ClipboardManagerKeepsTheSnippetAfterTheEnd) {
   EXPECT_TRUE(waitForClipboard(kText));
 }
 
-TEST_F(EndToEndTest, FetchedFaviconIsInTheNextRing) {
+class IconTest : public EndToEndTest {
+ protected:
+  /// Opens the ring and looks at that place relative to its centre.
+  bool iconIsGreen(int right, int down) {
+    const auto isGreen = [](std::uint32_t pixel) { return (pixel & 0xFFFFFFU) == 0x00FF00; };
+    if (!open()) return false;
+    const Capture icon = client_.capture({kSomewhere.x + right - 14, kSomewhere.y + down - 14, 28, 28});
+    releaseChord();
+    return program_->waitForNoRing() && std::ranges::count_if(icon.pixels, isGreen) > 400;
+  }
+};
+
+TEST_F(IconTest, FetchedFaviconIsInTheNextRing) {
   const auto site = desktop_.configHome() / "site";
   writeFile(site / "favicon.ico", readFile(RONDORA_FIXTURES "/web/three-sizes.ico"));  // the middle size is green
   const auto server = desktop_.start({"python3", "-u", "-m", "http.server", "-b", "127.0.0.1", "-d", site, "0"});
@@ -71,13 +88,40 @@ TEST_F(EndToEndTest, FetchedFaviconIsInTheNextRing) {
   items.front()["icon"] = "favicon:" + address;
   start(document({menu("Main", kControlAltSpace, items, -45)}));
 
-  const auto isGreen = [](std::uint32_t pixel) { return (pixel & 0xFFFFFFU) == 0x00FF00; };
-  EXPECT_TRUE(waitUntil([&] {
-    if (!open()) return false;
-    const Capture icon = client_.capture({kSomewhere.x - 14, kSomewhere.y - kMiddleOfRing - 14, 28, 28});
-    releaseChord();
-    return program_->waitForNoRing() && std::ranges::count_if(icon.pixels, isGreen) > 400;
-  }));
+  EXPECT_TRUE(waitUntil([&] { return iconIsGreen(0, -kMiddleOfRing); }));
+}
+
+/// The drawing embeds a named pipe, so that the picture process blocks.
+TEST_F(IconTest, StuckPictureNeitherStopsTheRingNorIsTriedAgain) {
+  const auto pipe = desktop_.configHome() / "pipe";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  const auto stuck = desktop_.configHome() / "stuck.svg";
+  writeFile(stuck,
+            "<svg xmlns='http://www.w3.org/2000/svg' xmlns:xlink='http://www.w3.org/1999/xlink'><image width='9' "
+            "height='9' xlink:href='" +
+                pipe.string() + "'/></svg>");
+  const auto green = desktop_.configHome() / "green.svg";
+  writeFile(green, "<svg xmlns='http://www.w3.org/2000/svg'><rect width='9' height='9' fill='#0f0'/></svg>");
+  std::vector<Document> items = snippetItems("Item", 4);
+  items[0]["icon"] = stuck.string();  // is requested first
+  items[1]["icon"] = green.string();
+  const Document document = live::document({menu("Main", kControlAltSpace, items, -45)});
+  int writer = -1;
+  const auto hasReader = [&] { return (writer = ::open(pipe.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC)) >= 0; };
+  start(document);
+  ASSERT_TRUE(waitUntil(hasReader));
+  EXPECT_TRUE(open());
+  releaseChord();
+  pollfd end{writer, 0, 0};
+  EXPECT_EQ(poll(&end, 1, 0), 0) << "the ring waited for the picture";
+  EXPECT_TRUE(waitUntil([&] { return poll(&end, 1, 0) > 0; })) << "the picture is not given up";
+  close(writer);
+  EXPECT_TRUE(waitUntil([&] { return iconIsGreen(kMiddleOfRing, 0); }));
+
+  EXPECT_EQ(program_->terminate(), 0);
+  start(document);
+  EXPECT_TRUE(waitUntil([&] { return iconIsGreen(kMiddleOfRing, 0); }));
+  EXPECT_FALSE(hasReader()) << "the picture is tried again";
 }
 
 }  // namespace

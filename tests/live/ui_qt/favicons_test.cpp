@@ -10,7 +10,7 @@
 #include "live/ui_qt/web_server.h"
 #include "platform/qt/event_turns.h"
 #include "platform/qt/qt_network_fetch.h"
-#include "ui/qt/painting/qt_picture_codec.h"
+#include "ui/qt/painting/picture_thumbnail.h"
 
 namespace rondora {
 namespace {
@@ -125,11 +125,10 @@ TEST_F(WebTest, RequestsCanBeCancelled) {
   EXPECT_TRUE(network.canReach("[::1]"));
 }
 
-TEST(PictureCodecTest, ScalesPixelPicturesOnly) {
-  QtPictureCodec codec;
-  const auto read = [&codec](const QByteArray& bytes) {
+TEST(PictureThumbnailTest, ScalesPixelPicturesOnly) {
+  const auto read = [](const QByteArray& bytes) {
     const auto png =
-        statesPlausibleSizes(bytes.toStdString()) ? codec.thumbnail(bytes.toStdString(), 96) : std::nullopt;
+        statesPlausibleSizes(bytes.toStdString()) ? pictureThumbnail(bytes.toStdString(), 96) : std::nullopt;
     return png ? QImage::fromData(QByteArray::fromStdString(*png), "PNG") : QImage();
   };
   EXPECT_EQ(read(picture(16, "png")).size(), QSize(16, 16));

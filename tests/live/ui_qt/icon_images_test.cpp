@@ -18,6 +18,7 @@
 #include "doubles/virtual_time.h"
 #include "model/pie_configuration.h"
 #include "model/symbol_name.h"
+#include "ui/qt/painting/picture_decoding.h"
 #include "ui/qt/painting/symbol_images.h"
 #include "ui/qt/painting/symbol_table.h"
 
@@ -67,7 +68,7 @@ class IconImagesTest : public testing::Test {
 
   QTemporaryDir folder;
   FakeApplicationIcons applications;
-  IconImages images{applications};
+  IconImages images{applications, {.sitePicture = {}, .decode = decodeAtOnce}};
 };
 
 TEST_F(IconImagesTest, EverySymbolHasItsOwnPictureInTheTint) {

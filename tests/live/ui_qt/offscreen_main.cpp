@@ -2,9 +2,11 @@
 
 #include <QApplication>
 
+#include "app/composition_picture_service.h"
 #include "platform/qt/qt_setup.h"
 
 int main(int argc, char** argv) {
+  if (rondora::isPictureService(argc, argv)) return rondora::runPictureService(argc, argv);
   qputenv("QT_QPA_PLATFORM", "offscreen");
   testing::InitGoogleTest(&argc, argv);
   rondora::prepareQt();

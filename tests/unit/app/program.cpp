@@ -16,7 +16,7 @@ Platform ProgramTest::platform() {
           .defaults = desktop.defaults,
           .environment = desktop.environment,
           .network = desktop.web,
-          .pictureCodec = desktop.pictureCodec,
+          .pictureDecoder = desktop.pictureDecoder,
           .hotkeyService = desktop.keyboard,
           .eventMonitors = desktop.keyboard,
           .keyEvents = desktop.keyEvents,

@@ -41,12 +41,12 @@ struct Icons {
     const auto file = favicons->picture(site);
     return file ? files.read(*file).value_or("") : "";
   }
-  void restart() { favicons = std::make_unique<Favicons>(Favicons::Ports{web, codec, files, time, time}); }
+  void restart() { favicons = std::make_unique<Favicons>(Favicons::Ports{web, decoder, files, time, time}); }
 
   VirtualTime time;
   FakeFileSystem files;
   FakeWeb web{time};
-  FakePictureCodec codec;
+  FakePictureDecoder decoder{time};
   std::unique_ptr<Favicons> favicons;
   PieConfiguration configuration;
 };

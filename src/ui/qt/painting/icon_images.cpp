@@ -4,10 +4,14 @@
 #include <QDateTime>
 #include <QFileInfo>
 #include <QIcon>
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <string>
 
 #include "model/symbol_name.h"
 #include "platform/qt/qt_text.h"
-#include "ui/qt/painting/application_icon_images.h"
 #include "ui/qt/painting/emoji_images.h"
 #include "ui/qt/painting/qt_conversions.h"
 #include "ui/qt/painting/symbol_images.h"
@@ -17,98 +21,112 @@ namespace rondora {
 namespace {
 
 /// Far more than a document's menus show; beyond it the cache starts over.
-constexpr qsizetype kMaxCached = 1024;
+constexpr qsizetype kMaxMade = 1024;
+/// Pixels of a window's icon.
+constexpr int kMaxWindowIconSide = 4096;
 
-/// Identifies the file's present content.
-QString versionOf(const QString& file) {
-  return QStringLiteral("%1|%2").arg(file).arg(QFileInfo(file).lastModified().toMSecsSinceEpoch());
+/// Identifies the file's present content; empty when it cannot be a picture.
+std::string versionOf(const std::string& file) {
+  const QFileInfo info(toQString(file));
+  if (!info.isAbsolute() || !info.isFile()) return {};
+  return std::to_string(info.lastModified().toMSecsSinceEpoch()) + '|' + std::to_string(info.size());
 }
 
-/// Identifies the present icon of the installed application; another application may have the same name later.
-QString versionOf(const ApplicationIconSource& source) {
-  const QString themeName = toQString(source.themeName);
-  if (themeName.startsWith('/')) return versionOf(themeName);
-  if (!themeName.isEmpty()) return QStringLiteral("%1|%2").arg(QIcon::themeName(), themeName);
-  return versionOf(toQString(source.filePath));
+PictureRequest requestFor(PictureRequest::Source source, const std::string& content, int side, std::string version) {
+  return {.source = source, .side = side, .content = content, .theme = {}, .version = std::move(version)};
+}
+
+QImage windowImage(const ApplicationIconSource& source, int side) {
+  const QSize size(source.pixelWidth, source.pixelHeight);
+  if (size.isEmpty() || std::max(size.width(), size.height()) > kMaxWindowIconSide) return {};
+  const auto count = static_cast<std::size_t>(size.width()) * static_cast<std::size_t>(size.height());
+  if (source.pixels.size() < count) return {};
+  QImage image(size, QImage::Format_ARGB32);
+  std::memcpy(image.bits(), source.pixels.data(), count * sizeof(std::uint32_t));
+  return image.scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation)
+      .convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }
 
 }  // namespace
 
-QString IconImages::cacheKey(const IconCommand& icon, int side) const {
-  QString key = QStringLiteral("%1|%2|").arg(static_cast<int>(icon.kind)).arg(side);
-  switch (icon.kind) {
-    case IconKind::imageFile:
-    case IconKind::favicon:
-      return key + versionOf(toQString(icon.name));
-    case IconKind::application: {
-      const auto source = applicationIcons_.iconSource(icon.name);
-      return key + toQString(icon.name) + '|' + (source ? versionOf(*source) : QString());
-    }
-    case IconKind::symbol:
-      return key + toQColor(icon.tint).name(QColor::HexArgb) + toQString(icon.name);
-    case IconKind::none:
-    case IconKind::emoji:
-      break;
-  }
-  return key + toQString(icon.name);
-}
-
-/// Finds the file that holds a site's picture.
-IconCommand IconImages::withFile(const IconCommand& icon) const {
-  IconCommand command = icon;
-  if (const auto file = sitePicture_ ? sitePicture_(icon.name) : std::nullopt) {
-    command.name = file->string();
-  } else {
-    command.kind = IconKind::symbol;
-    command.name = kSiteSymbolName;
-  }
-  return command;
-}
-
-QImage IconImages::image(const IconCommand& wanted, int side) {
-  if (wanted.kind == IconKind::none || side <= 0) return {};
-  const IconCommand icon = wanted.kind == IconKind::favicon ? withFile(wanted) : wanted;
-  const QString key = cacheKey(icon, side);
-  if (const auto found = cache_.constFind(key); found != cache_.constEnd()) return *found;
-  Found made = make(icon, side);
-  made.image.convertTo(QImage::Format_ARGB32_Premultiplied);
-  if (cache_.size() >= kMaxCached) cache_.clear();
-  if (made.keep) cache_.insert(key, made.image);
-  return made.image;
-}
-
-IconImages::Found IconImages::make(const IconCommand& icon, int side) const {
-  Found found;
+QImage IconImages::image(const IconCommand& icon, int side) {
+  if (icon.kind == IconKind::none || side <= 0) return {};
   switch (icon.kind) {
     case IconKind::none:
-      break;
     case IconKind::symbol:
-      found.image = symbolImage(icon.name, side, icon.tint);
-      break;
     case IconKind::emoji:
-      found.image = emojiImage(icon.name, side);
-      break;
+      return drawn(icon, side);
     case IconKind::application:
-      return makeApplication(icon, side);
+      return applicationImage(icon, side);
     case IconKind::imageFile:
-      found.image = imageFileImage(toQString(icon.name), side);
-      break;
+      return orSymbol(fileIcon(PictureRequest::Source::imageFile, icon.name, side).image, {}, icon, side);
     case IconKind::favicon:
-      found.image = faviconImage(toQString(icon.name), side);
-      break;
+      return siteImage(icon, side);
   }
-  if (found.image.isNull()) found = {symbolImage({}, side, icon.tint), false};
-  return found;
+  return {};
 }
 
-/// Not cached without an icon: the application may be installed, or show a window, a moment later.
-IconImages::Found IconImages::makeApplication(const IconCommand& icon, int side) const {
-  for (const auto find : {&ApplicationIcons::iconSource, &ApplicationIcons::windowIconSource}) {
-    const auto source = (applicationIcons_.*find)(icon.name);
-    const QImage image = source ? applicationIconImage(*source, side) : QImage();
-    if (!image.isNull()) return {image, true};
+QImage IconImages::orSymbol(const QImage& image, std::string_view symbol, const IconCommand& icon, int side) {
+  return image.isNull() ? drawn({IconKind::symbol, std::string(symbol), {}, icon.tint}, side) : image;
+}
+
+QImage IconImages::drawn(const IconCommand& icon, int side) {
+  const bool isEmoji = icon.kind == IconKind::emoji;
+  const QString look = isEmoji ? QStringLiteral("emoji") : toQColor(icon.tint).name(QColor::HexArgb);
+  const QString key = QStringLiteral("%1|%2|").arg(side).arg(look) + toQString(icon.name);
+  if (const auto found = made_.constFind(key); found != made_.constEnd()) return *found;
+  QImage made = isEmoji ? emojiImage(icon.name, side) : symbolImage(icon.name, side, icon.tint);
+  if (made.isNull()) made = symbolImage({}, side, icon.tint);
+  made.convertTo(QImage::Format_ARGB32_Premultiplied);
+  keep(key, made);
+  return made;
+}
+
+/// Only files that may be pictures reach the decoder.
+DecodedIcons::Icon IconImages::fileIcon(PictureRequest::Source source, const std::string& file, int side) {
+  const std::string version = versionOf(file);
+  if (version.empty()) return {};
+  return decoded_.find(requestFor(source, file, side, version));
+}
+
+QImage IconImages::siteImage(const IconCommand& icon, int side) {
+  const auto file = sitePicture_ ? sitePicture_(icon.name) : std::nullopt;
+  const QImage image = file ? fileIcon(PictureRequest::Source::siteFile, file->string(), side).image : QImage();
+  return orSymbol(image, kSiteSymbolName, icon, side);
+}
+
+QImage IconImages::applicationImage(const IconCommand& icon, int side) {
+  const auto [installed, isUnderway] = installedImage(icon, side);
+  if (!installed.isNull()) return installed;
+  return orSymbol(isUnderway ? QImage() : windowIcon(icon, side), kApplicationSymbolName, icon, side);
+}
+
+/// Not cached without an icon: the application may show a window a moment later.
+QImage IconImages::windowIcon(const IconCommand& icon, int side) {
+  const QString key = QStringLiteral("%1|window|").arg(side) + toQString(icon.name);
+  if (const auto found = made_.constFind(key); found != made_.constEnd()) return *found;
+  const auto source = applicationIcons_.windowIconSource(icon.name);
+  const QImage image = source ? windowImage(*source, side) : QImage();
+  if (!image.isNull()) keep(key, image);
+  return image;
+}
+
+void IconImages::keep(const QString& key, const QImage& image) {
+  if (made_.size() >= kMaxMade) made_.clear();
+  made_.insert(key, image);
+}
+
+DecodedIcons::Icon IconImages::installedImage(const IconCommand& icon, int side) {
+  const auto source = applicationIcons_.iconSource(icon.name);
+  if (!source) return {};
+  const bool isThemeIcon = !source->themeName.empty() && !source->themeName.starts_with('/');
+  if (isThemeIcon) {
+    const std::string version = QIcon::themeName().toStdString();
+    return decoded_.find(requestFor(PictureRequest::Source::themeIcon, source->themeName, side, version));
   }
-  return {symbolImage(kApplicationSymbolName, side, icon.tint), false};
+  const std::string& file = source->themeName.empty() ? source->filePath : source->themeName;
+  if (!file.empty()) return fileIcon(PictureRequest::Source::imageFile, file, side);
+  return {windowImage(*source, side), false};
 }
 
 }  // namespace rondora

@@ -1,7 +1,5 @@
 #include "ui/qt/painting/qt_picture_rasterizer.h"
 
-#include <QIcon>
-#include <QPixmap>
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -57,7 +55,6 @@ void QtPictureRasterizer::warmUp() {
   std::array<std::uint32_t, std::size_t{kSide} * kSide> pixels{};
   const std::array<double, 1> states{};
   prepare(sampler(), 1)->paint(states, {1, 1, 1, {{0, 0}, {kSide, kSide}}}, {pixels.data(), kSide, kSide, kSide});
-  QIcon::fromTheme("folder").pixmap(48);
 }
 
 std::unique_ptr<PreparedPicture> QtPictureRasterizer::prepare(Picture picture, double pixelsPerPoint) {

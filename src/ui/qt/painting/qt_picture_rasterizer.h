@@ -16,13 +16,13 @@ class DrawnPicture;
 class QtPictureRasterizer : public PictureRasterizer {
  public:
   /// `applicationIcons` must outlive this object and the pictures that it prepares.
-  explicit QtPictureRasterizer(const ApplicationIcons& applicationIcons, SitePicture sitePicture = {})
-      : icons_(applicationIcons, std::move(sitePicture)) {}
+  explicit QtPictureRasterizer(const ApplicationIcons& applicationIcons, IconSources sources = {})
+      : icons_(applicationIcons, std::move(sources)) {}
 
   std::unique_ptr<PreparedPicture> prepare(Picture picture, double pixelsPerPoint) override;
   void prerender(Picture picture, double pixelsPerPoint) override;
 
-  /// Loads what the first picture would otherwise wait for: fonts, the icon theme, picture readers.
+  /// Loads what the first picture would otherwise wait for: fonts and symbols.
   void warmUp();
 
  private:

@@ -1,4 +1,4 @@
-#include "ui/qt/painting/application_icon_images.h"
+#include "ui/qt/painting/icon_file_images.h"
 
 #include <QFileInfo>
 #include <QIcon>
@@ -6,8 +6,10 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QPixmap>
+#include <QStringList>
 #include <algorithm>
-#include <cstring>
+#include <string>
+#include <vector>
 
 #include "platform/qt/qt_text.h"
 
@@ -38,30 +40,6 @@ bool shouldReadScaled(const QByteArray& format, QSize size, int side) {
   return format == "svg" || (format == "jpeg" && std::max(size.width(), size.height()) > 4 * side);
 }
 
-/// Some desktop entries name theme icons with a file ending.
-QString withoutEnding(const QString& name) {
-  for (const char* ending : {".png", ".svg", ".xpm"}) {
-    if (name.endsWith(QLatin1String(ending))) return name.chopped(4);
-  }
-  return name;
-}
-
-QImage themeImage(std::string_view name, int side) {
-  const QIcon icon = QIcon::fromTheme(withoutEnding(toQString(name)));
-  if (icon.isNull()) return {};
-  return fitted(icon.pixmap(QSize(side, side), 1.0).toImage(), side);
-}
-
-QImage windowImage(const ApplicationIconSource& source, int side) {
-  const QSize size(source.pixelWidth, source.pixelHeight);
-  if (!isSensible(size)) return {};
-  const auto count = static_cast<std::size_t>(size.width()) * static_cast<std::size_t>(size.height());
-  if (source.pixels.size() < count) return {};
-  QImage image(size, QImage::Format_ARGB32);
-  std::memcpy(image.bits(), source.pixels.data(), count * sizeof(std::uint32_t));
-  return fitted(image, side);
-}
-
 /// A pixel image in its own size, or reduced while reading; a drawing in that of a square of `side` pixels.
 QImage readImageFile(const QString& path, int side) {
   const QFileInfo file(path);
@@ -75,6 +53,32 @@ QImage readImageFile(const QString& path, int side) {
   if (!isSensible(size)) return {};
   if (shouldReadScaled(format, size, side)) reader.setScaledSize(size.scaled(side, side, Qt::KeepAspectRatio));
   return reader.read();
+}
+
+/// Some desktop entries name theme icons with a file ending.
+QString withoutEnding(const QString& name) {
+  for (const char* ending : {".png", ".svg", ".xpm"}) {
+    if (name.endsWith(QLatin1String(ending))) return name.chopped(4);
+  }
+  return name;
+}
+
+QStringList toQStringList(const std::vector<std::string>& texts) {
+  QStringList result;
+  for (const std::string& text : texts) result.append(toQString(text));
+  return result;
+}
+
+/// Changing a setting makes the toolkit read the theme again.
+void useTheme(const IconTheme& theme) {
+  const QStringList folders = toQStringList(theme.folders);
+  const QStringList looseFolders = toQStringList(theme.looseFolders);
+  const QString name = toQString(theme.name);
+  const QString fallbackName = toQString(theme.fallbackName);
+  if (QIcon::themeSearchPaths() != folders) QIcon::setThemeSearchPaths(folders);
+  if (QIcon::fallbackSearchPaths() != looseFolders) QIcon::setFallbackSearchPaths(looseFolders);
+  if (QIcon::fallbackThemeName() != fallbackName) QIcon::setFallbackThemeName(fallbackName);
+  if (QIcon::themeName() != name) QIcon::setThemeName(name);
 }
 
 /// True when the image fills its square, as sites' pictures for home screens do.
@@ -104,7 +108,7 @@ QRectF placeInTile(const QImage& image, int side) {
 
 QImage imageFileImage(const QString& path, int side) { return fitted(readImageFile(path, side), side); }
 
-QImage faviconImage(const QString& path, int side) {
+QImage siteFileImage(const QString& path, int side) {
   const QImage picture = readImageFile(path, side);
   if (picture.isNull()) return {};
   constexpr double kCorner = 0.22;
@@ -122,13 +126,11 @@ QImage faviconImage(const QString& path, int side) {
   return tile;
 }
 
-QImage applicationIconImage(const ApplicationIconSource& source, int side) {
-  if (!source.themeName.empty()) {
-    const QString name = toQString(source.themeName);
-    return name.startsWith('/') ? imageFileImage(name, side) : themeImage(source.themeName, side);
-  }
-  if (!source.filePath.empty()) return imageFileImage(toQString(source.filePath), side);
-  return windowImage(source, side);
+QImage themeIconImage(const QString& name, const IconTheme& theme, int side) {
+  useTheme(theme);
+  const QIcon icon = QIcon::fromTheme(withoutEnding(name));
+  if (icon.isNull()) return {};
+  return fitted(icon.pixmap(QSize(side, side), 1.0).toImage(), side);
 }
 
 }  // namespace rondora

@@ -1,10 +1,12 @@
-#include "ui/qt/painting/qt_picture_codec.h"
+#include "ui/qt/painting/picture_thumbnail.h"
 
 #include <QBuffer>
 #include <QImage>
 #include <QImageReader>
 #include <algorithm>
 #include <array>
+
+#include "platform/picture_decoder.h"
 
 namespace rondora {
 
@@ -17,7 +19,7 @@ bool isPixelFormat(const QByteArray& format) {
 }
 
 bool isWithinLimits(QSize size) {
-  return !size.isEmpty() && size.width() <= PictureCodec::kMaxSide && size.height() <= PictureCodec::kMaxSide;
+  return !size.isEmpty() && size.width() <= PictureDecoder::kMaxSide && size.height() <= PictureDecoder::kMaxSide;
 }
 
 QImage readMostFitting(QImageReader& reader, int side) {
@@ -26,10 +28,10 @@ QImage readMostFitting(QImageReader& reader, int side) {
   int best = 0;
   QSize bestSize = reader.size();
   // Of the other formats only animations hold several pictures.
-  const int count = format == "ico" ? std::min(reader.imageCount(), PictureCodec::kMaxPictures) : 1;
+  const int count = format == "ico" ? std::min(reader.imageCount(), PictureDecoder::kMaxPictures) : 1;
   for (int i = 1; i < count && reader.jumpToImage(i); ++i) {
     const QSize size = reader.size();
-    if (!isWithinLimits(size) || !PictureCodec::isBetterFit(size.width(), bestSize.width(), side)) continue;
+    if (!isWithinLimits(size) || !PictureDecoder::isBetterFit(size.width(), bestSize.width(), side)) continue;
     best = i;
     bestSize = size;
   }
@@ -40,7 +42,7 @@ QImage readMostFitting(QImageReader& reader, int side) {
 
 }  // namespace
 
-std::optional<std::string> QtPictureCodec::thumbnail(std::string_view bytes, int side) {
+std::optional<std::string> pictureThumbnail(std::string_view bytes, int side) {
   QByteArray data = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
   QBuffer input(&data);
   input.open(QIODevice::ReadOnly);
