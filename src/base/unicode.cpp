@@ -4,6 +4,9 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
+
+#include "base/owned.h"
 
 namespace rondora {
 namespace {
@@ -84,6 +87,17 @@ std::string upperCased(std::string_view text) { return mapped(text, appendUpperC
 
 std::string lowerCased(std::string_view text) {
   return mapped(text, [](std::string& result, utf8proc_int32_t scalar) { append(result, utf8proc_tolower(scalar)); });
+}
+
+std::string compatibilityFolded(std::string_view text) {
+  constexpr auto kOptions =
+      static_cast<utf8proc_option_t>(UTF8PROC_STABLE | UTF8PROC_COMPOSE | UTF8PROC_COMPAT | UTF8PROC_IGNORE);
+  utf8proc_uint8_t* bytes = nullptr;
+  const auto length = utf8proc_map(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
+                                   static_cast<utf8proc_ssize_t>(text.size()), &bytes, kOptions);
+  if (length < 0) return {};
+  const UniqueCPtr<utf8proc_uint8_t, std::free> owner(bytes);
+  return {reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(length)};
 }
 
 std::string_view trimmed(std::string_view text) {

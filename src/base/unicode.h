@@ -13,6 +13,9 @@ bool isValidUtf8(std::string_view text);
 std::string upperCased(std::string_view text);
 /// Simple mapping: one scalar for each.
 std::string lowerCased(std::string_view text);
+/// Replaces characters by those that they stand for and removes invisible ones (NFKC): "①" becomes "1". Empty for
+/// ill-formed text.
+std::string compatibilityFolded(std::string_view text);
 /// Removes white space and line ends at both ends.
 std::string_view trimmed(std::string_view text);
 /// Contains a letter of a right-to-left script.

@@ -1,9 +1,9 @@
 #include "icons/favicon_lookup.h"
 
 #include <algorithm>
-#include <string_view>
 #include <utility>
 
+#include "icons/address_rules.h"
 #include "icons/favicon_links.h"
 #include "icons/picture_sizes.h"
 
@@ -27,17 +27,6 @@ bool isTemporaryFailure(int status) {
   return status == 407 || status == 408 || status == 425 || status == 429 || status >= 500;
 }
 
-/// True for names of the public web; false for this machine, local names and numeric addresses.
-bool isPublicName(std::string_view host) {
-  for (const std::string_view local : {".local", ".localhost", ".lan", ".internal", ".home.arpa"}) {
-    if (host.ends_with(local)) return false;
-  }
-  const auto lastDot = host.find_last_of('.', host.size() - 2);
-  if (lastDot == host.npos || lastDot + 1 == host.size() || host.front() == '[') return false;
-  const char first = host[lastDot + 1];  // a numeric last label means an address, in any base
-  return first < '0' || first > '9';
-}
-
 }  // namespace
 
 FaviconLookup::FaviconLookup(const Ports& ports, const WebAddress& site, Completion completion)
@@ -49,7 +38,9 @@ FaviconLookup::FaviconLookup(const Ports& ports, const WebAddress& site, Complet
 
 bool FaviconLookup::mayFollow(const WebAddress& from, const WebAddress& target) {
   if (from.isSecure() && !target.isSecure()) return false;
-  return target.host() == from.host() || isPublicName(target.host());
+  const bool isSameHost = target.host() == from.host();
+  if (isSameHost && target.port() == from.port()) return true;
+  return target.hasUsualPort() && (isSameHost || isPublicName(target.host()));
 }
 
 void FaviconLookup::get(const WebAddress& address, std::size_t maxBodySize, Handler handler) {
@@ -60,7 +51,11 @@ void FaviconLookup::get(const WebAddress& address, std::size_t maxBodySize, Hand
 }
 
 void FaviconLookup::request(const WebAddress& address) {
-  step_ = ports_.network.fetch({address.text(), maxBodySize_, kRequestTimeout},
+  FetchRequest wanted{.address = address.text(),
+                      .maxBodySize = maxBodySize_,
+                      .timeout = kRequestTimeout,
+                      .mayConnect = [host = address.host()](const IpAddress& ip) { return mayConnect(host, ip); }};
+  step_ = ports_.network.fetch(wanted,
                                weakSelf_.bind([address](FaviconLookup& self, std::optional<FetchResponse> response) {
                                  self.arrived(address, std::move(response));
                                }));

@@ -43,8 +43,8 @@ class FaviconLookup {
   FaviconLookup(const FaviconLookup&) = delete;
   FaviconLookup& operator=(const FaviconLookup&) = delete;
 
-  /// Whether a lookup may go on from `from` to `target`: never from https to http, and to local names and numeric
-  /// addresses only on the same host.
+  /// Whether a lookup may go on from `from` to `target`: never from https to http, to local names and numeric addresses
+  /// only on the same host, and to unusual ports only to that of `from`.
   static bool mayFollow(const WebAddress& from, const WebAddress& target);
 
  private:

@@ -47,6 +47,25 @@ bool isHost(std::string_view host) {
   });
 }
 
+std::string folded(std::string_view host) {
+  constexpr std::string_view kIdeographicStop = "\u3002";
+  std::string result = lowerCased(compatibilityFolded(host));
+  for (auto at = result.find(kIdeographicStop); at != result.npos; at = result.find(kIdeographicStop, at)) {
+    result.replace(at, kIdeographicStop.size(), ".");
+  }
+  return result;
+}
+
+/// As resolvers read it, without the root's dot; nothing when it is no host.
+std::optional<std::string> normalizedHost(std::string_view text) {
+  if (!isHost(text)) return std::nullopt;
+  std::string host = folded(text);
+  if (host.ends_with('.')) host.pop_back();
+  const bool hasEmptyLabel = host.starts_with('.') || host.ends_with('.') || host.find("..") != host.npos;
+  if (hasEmptyLabel || !isHost(host) || folded(host) != host) return std::nullopt;
+  return host;
+}
+
 /// `authority` comes without user information.
 std::size_t hostLength(std::string_view authority) {
   if (!authority.starts_with('[')) return std::min(authority.find(':'), authority.size());
@@ -115,12 +134,13 @@ std::optional<WebAddress> WebAddress::parse(std::string_view text) {
   if (const auto user = authority.rfind('@'); user != authority.npos) authority.remove_prefix(user + 1);
   const std::string_view host = authority.substr(0, hostLength(authority));
   authority.remove_prefix(host.size());
-  if (!isHost(host) || (!authority.empty() && authority.front() != ':')) return std::nullopt;
+  const auto normalized = normalizedHost(host);
+  if (!normalized || (!authority.empty() && authority.front() != ':')) return std::nullopt;
   if (!authority.empty()) authority.remove_prefix(1);
 
   WebAddress result;
   result.isSecure_ = scheme == "https";
-  result.host_ = lowerCased(host);
+  result.host_ = *normalized;
   const auto port = portOf(authority, result.isSecure_ ? kSecurePort : kPort);
   if (!port) return std::nullopt;
   result.port_ = *port;
@@ -152,6 +172,8 @@ std::string WebAddress::origin() const {
   if (port_ != (isSecure_ ? kSecurePort : kPort)) result += ":" + std::to_string(port_);
   return result;
 }
+
+bool WebAddress::hasUsualPort() const { return port_ == kPort || port_ == kSecurePort; }
 
 WebAddress WebAddress::root() const {
   WebAddress result = *this;

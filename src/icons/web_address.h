@@ -16,8 +16,12 @@ class WebAddress {
   std::optional<WebAddress> resolve(std::string_view reference) const;
 
   bool isSecure() const { return isSecure_; }
-  /// In lower case, without the port.
+  /// In lower case, without the port and without the root's dot; characters that stand for others are folded, as a
+  /// resolver folds them.
   const std::string& host() const { return host_; }
+  std::uint16_t port() const { return port_; }
+  /// True for the default ports of http and https.
+  bool hasUsualPort() const;
   /// Path and query.
   const std::string& path() const { return path_; }
   /// Scheme, host and port, without the scheme's default port.

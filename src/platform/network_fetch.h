@@ -1,6 +1,8 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
@@ -10,6 +12,9 @@
 
 namespace rondora {
 
+/// Most significant byte first; an address of version 4 in its mapped form, ::ffff:a.b.c.d.
+using IpAddress = std::array<std::uint8_t, 16>;
+
 struct FetchRequest {
   /// An absolute http or https address.
   std::string address;
@@ -17,6 +22,8 @@ struct FetchRequest {
   std::size_t maxBodySize = 0;
   /// Limit in seconds for the whole request.
   double timeout = 0;
+  /// Decides on each address that the host's name resolves to; the request connects to no other. Never empty.
+  std::function<bool(const IpAddress&)> mayConnect;
 };
 
 struct FetchResponse {

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
+#include <cstdint>
 #include <map>
 #include <memory>
 #include <optional>
@@ -22,7 +24,8 @@ class FakeWeb final : public NetworkFetch {
 
   bool canReach(std::string_view) const override { return isConnected; }
   [[nodiscard]] Subscription fetch(const FetchRequest& request, Completion completion) override {
-    requested.push_back(request.address);
+    const bool isPermitted = request.mayConnect(ipAddressOf(request.address));
+    if (isPermitted) requested.push_back(request.address);
     const auto isUp = std::make_shared<bool>(true);
     ++underway;
     const auto end = [this, isUp] {
@@ -31,9 +34,10 @@ class FakeWeb final : public NetworkFetch {
       return wasUp;
     };
     const bool isSilent = silent.contains(request.address);
-    mainQueue_.after(isSilent ? request.timeout : kLatency, [this, request, end, completion = std::move(completion)] {
-      if (end()) completion(answer(request));
-    });
+    mainQueue_.after(isSilent ? request.timeout : kLatency,
+                     [this, request, end, isPermitted, completion = std::move(completion)] {
+                       if (end()) completion(isPermitted ? answer(request) : std::nullopt);
+                     });
     return Subscription([end] { end(); });
   }
   std::vector<std::string> takeRequested() { return std::exchange(requested, {}); }
@@ -41,12 +45,22 @@ class FakeWeb final : public NetworkFetch {
   std::map<std::string, FetchResponse> pages;
   /// Addresses that never answer.
   std::set<std::string> silent;
+  /// By host; all others have a public one.
+  std::map<std::string, std::array<std::uint8_t, 4>> ipAddresses;
   bool isConnected = true;
+  /// The requests that were permitted to connect.
   std::vector<std::string> requested;
   int underway = 0;
 
  private:
   static constexpr double kLatency = 0.1;
+
+  IpAddress ipAddressOf(const std::string& address) const {
+    const auto start = address.find("//") + 2;
+    const auto found = ipAddresses.find(address.substr(start, address.find_first_of(":/", start) - start));
+    const auto bytes = found == ipAddresses.end() ? std::array<std::uint8_t, 4>{8, 8, 8, 8} : found->second;
+    return {0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0xFF, 0xFF, bytes[0], bytes[1], bytes[2], bytes[3]};
+  }
 
   std::optional<FetchResponse> answer(const FetchRequest& request) const {
     if (silent.contains(request.address)) return std::nullopt;

@@ -1,5 +1,8 @@
 #include "platform/qt/qt_network_fetch.h"
 
+#include <QHostAddress>
+#include <QHostInfo>
+#include <QList>
 #include <QNetworkAccessManager>
 #include <QNetworkInterface>
 #include <QNetworkReply>
@@ -9,6 +12,8 @@
 #include <QUrl>
 #include <algorithm>
 #include <cmath>
+#include <iterator>
+#include <optional>
 #include <utility>
 
 #include "platform/qt/qt_text.h"
@@ -20,16 +25,31 @@ namespace {
 /// Size of the toolkit's read buffer in bytes.
 constexpr qint64 kReadAhead = 64 << 10;
 
-QNetworkRequest makeRequest(const FetchRequest& request) {
-  QNetworkRequest result(QUrl(toQString(request.address), QUrl::StrictMode));
+/// A request for `url` to one of its host's addresses: the name that the user or the site stated goes into the header
+/// and, for https, into the handshake and the check of the certificate.
+QNetworkRequest makeRequest(const QUrl& url, const QHostAddress& address) {
+  QUrl target = url;
+  target.setHost(address.toString());
+  QNetworkRequest result(target);
   result.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
   result.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
   result.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
   result.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
   result.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
+  // Its requests would name the address instead of the host.
+  result.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);
+  result.setRawHeader("Host", url.authority(QUrl::FullyEncoded).toLatin1());
+  result.setPeerVerifyName(url.host(QUrl::FullyEncoded));
   result.setRawHeader("User-Agent", "Mozilla/5.0 (compatible; Rondora)");
   // Without it the toolkit sends the user's language.
   result.setRawHeader("Accept-Language", "en");
+  return result;
+}
+
+IpAddress toIpAddress(const QHostAddress& address) {
+  const Q_IPV6ADDR bytes = address.toIPv6Address();  // maps version 4
+  IpAddress result;
+  std::copy(std::begin(bytes.c), std::end(bytes.c), result.begin());
   return result;
 }
 
@@ -37,19 +57,18 @@ bool isWebAddress(const QUrl& url) {
   return url.isValid() && !url.host().isEmpty() && (url.scheme() == "https" || url.scheme() == "http");
 }
 
-/// A request in progress. Deletes itself when it ends.
+/// A request in progress: resolves the host's name and asks one address after the other until one answers. Deletes
+/// itself when it ends.
 class Transfer : public QObject {
  public:
-  Transfer(QNetworkAccessManager& manager, QNetworkReply* reply, const FetchRequest& request,
-           NetworkFetch::Completion completion)
-      : QObject(&manager), reply_(reply), maxBodySize_(request.maxBodySize), completion_(std::move(completion)) {
-    reply_->setParent(this);
-    reply_->setReadBufferSize(kReadAhead);
-    connect(reply_, &QNetworkReply::readyRead, this, [this] {
-      if (!readOn()) finish();
-    });
-    connect(reply_, &QNetworkReply::finished, this, &Transfer::finish);
-    QTimer::singleShot(static_cast<int>(std::ceil(request.timeout * 1000)), this, &Transfer::giveUp);
+  Transfer(QNetworkAccessManager& manager, FetchRequest request, NetworkFetch::Completion completion)
+      : QObject(&manager),
+        manager_(manager),
+        request_(std::move(request)),
+        url_(toQString(request_.address), QUrl::StrictMode),
+        completion_(std::move(completion)) {
+    QTimer::singleShot(static_cast<int>(std::ceil(request_.timeout * 1000)), this, &Transfer::giveUp);
+    resolve();
   }
 
   void cancel() {
@@ -58,9 +77,42 @@ class Transfer : public QObject {
   }
 
  private:
+  void resolve() {
+    // The toolkit would also fetch files and its own resources.
+    if (!isWebAddress(url_)) return later(&Transfer::giveUp);
+    // A numeric host is not looked up: that would be a reverse lookup.
+    if (const QHostAddress numeric(url_.host()); !numeric.isNull()) {
+      permit({numeric});
+      return later(&Transfer::connectToNext);
+    }
+    lookup_ = QHostInfo::lookupHost(url_.host(), this, [this](const QHostInfo& info) {
+      permit(info.addresses());
+      connectToNext();
+    });
+  }
+
+  void later(void (Transfer::*step)()) { QTimer::singleShot(0, this, step); }
+
+  void permit(const QList<QHostAddress>& addresses) {
+    std::copy_if(addresses.begin(), addresses.end(), std::back_inserter(permitted_),
+                 [this](const QHostAddress& address) { return request_.mayConnect(toIpAddress(address)); });
+  }
+
+  void connectToNext() {
+    if (!completion_) return;
+    if (permitted_.isEmpty()) return giveUp();
+    reply_ = manager_.get(makeRequest(url_, permitted_.takeFirst()));
+    reply_->setParent(this);
+    reply_->setReadBufferSize(kReadAhead);
+    connect(reply_, &QNetworkReply::readyRead, this, [this] {
+      if (!readOn()) finish();
+    });
+    connect(reply_, &QNetworkReply::finished, this, &Transfer::finish);
+  }
+
   /// Returns false when the body exceeds the limit.
   bool readOn() {
-    const auto allowed = static_cast<qint64>(maxBodySize_ - response_.body.size());
+    const auto allowed = static_cast<qint64>(request_.maxBodySize - response_.body.size());
     const QByteArray bytes = reply_->read(allowed);
     response_.body.append(bytes.constData(), static_cast<std::size_t>(bytes.size()));
     response_.isComplete = reply_->bytesAvailable() == 0;
@@ -70,12 +122,19 @@ class Transfer : public QObject {
   void finish() {
     const bool wasCutShort = !readOn();
     response_.status = reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+    if (response_.status == 0 && !permitted_.isEmpty()) return tryNext();
     // The toolkit reports HTTP error statuses as errors; with any other status an error means a truncated body or one
     // that cannot be decompressed.
     const bool cameThrough = reply_->error() == QNetworkReply::NoError || response_.status >= 400;
     if (response_.status == 0 || !(wasCutShort || cameThrough)) return giveUp();
     response_.location = reply_->rawHeader("Location").toStdString();
     complete(std::move(response_));
+  }
+
+  void tryNext() {
+    endReply();
+    response_ = {};
+    connectToNext();
   }
 
   void giveUp() { complete(std::nullopt); }
@@ -88,14 +147,26 @@ class Transfer : public QObject {
 
   /// Stops all signals; the memory is released on a later turn.
   void end() {
-    reply_->disconnect(this);
-    reply_->abort();
+    QHostInfo::abortHostLookup(lookup_);
+    endReply();
     deleteLater();
   }
 
-  QNetworkReply* reply_;
-  std::size_t maxBodySize_;
+  void endReply() {
+    QNetworkReply* reply = std::exchange(reply_, nullptr);
+    if (reply == nullptr) return;
+    reply->disconnect(this);
+    reply->abort();
+    reply->deleteLater();
+  }
+
+  QNetworkAccessManager& manager_;
+  FetchRequest request_;
+  QUrl url_;
   NetworkFetch::Completion completion_;
+  int lookup_ = -1;
+  QList<QHostAddress> permitted_;  // not yet tried
+  QNetworkReply* reply_ = nullptr;
   FetchResponse response_;
 };
 
@@ -118,10 +189,7 @@ bool QtNetworkFetch::canReach(std::string_view host) const {
 
 Subscription QtNetworkFetch::fetch(const FetchRequest& request, Completion completion) {
   if (!manager_) manager_ = std::make_unique<QNetworkAccessManager>();
-  const QNetworkRequest asked = makeRequest(request);
-  // Left alone, the toolkit would also fetch files and its own resources.
-  QNetworkReply* reply = manager_->get(isWebAddress(asked.url()) ? asked : QNetworkRequest());
-  const QPointer transfer = new Transfer(*manager_, reply, request, std::move(completion));
+  const QPointer transfer = new Transfer(*manager_, request, std::move(completion));
   return Subscription([transfer] {
     if (transfer) transfer->cancel();
   });

@@ -36,7 +36,7 @@ class WebTest : public testing::Test {
     int endings = 0;
     std::optional<FetchResponse> result;
     const Subscription request =
-        network.fetch({address, maxBodySize, timeout}, [&](std::optional<FetchResponse> response) {
+        network.fetch({address, maxBodySize, timeout, mayConnect}, [&](std::optional<FetchResponse> response) {
           ++endings;
           result = std::move(response);
         });
@@ -53,6 +53,7 @@ class WebTest : public testing::Test {
 
   WebServer server;
   QtNetworkFetch network;
+  std::function<bool(const IpAddress&)> mayConnect = [](const IpAddress&) { return true; };
 };
 
 TEST_F(WebTest, ReportsRepliesUnchanged) {
@@ -82,6 +83,31 @@ TEST_F(WebTest, RequestsIdentifyNoUser) {
   for (const char* header : {"cookie", "referer", "authorization", "origin:", "de-de"}) {
     EXPECT_FALSE(requests.contains(header)) << header;
   }
+}
+
+TEST_F(WebTest, ConnectsToPermittedAddressesUnderTheHostsName) {
+  server.pages["/page"] = WebServer::answering("hello");
+  const std::string port = server.address("").substr(server.address("").rfind(':'));
+  int judged = 0;
+  mayConnect = [&judged](const IpAddress&) { return ++judged < 0; };
+  EXPECT_FALSE(get("http://localhost" + port + "/page"));
+  EXPECT_FALSE(get(server.address("/page")));
+  EXPECT_GE(judged, 2);
+  EXPECT_EQ(server.requests, "");
+  mayConnect = [](const IpAddress& address) { return address.back() == 1; };
+  EXPECT_TRUE(get("http://localhost" + port + "/page"));
+  EXPECT_TRUE(server.requests.toLower().contains("\r\nhost: localhost" + QByteArray::fromStdString(port) + "\r\n"));
+
+  QByteArray greeting;
+  QTcpServer secure;
+  ASSERT_TRUE(secure.listen(QHostAddress::LocalHost));
+  QObject::connect(&secure, &QTcpServer::newConnection, [&] {
+    QTcpSocket* socket = secure.nextPendingConnection();
+    QObject::connect(socket, &QTcpSocket::readyRead, [&greeting, socket] { greeting += socket->readAll(); });
+  });
+  const auto request = network.fetch(
+      {"https://localhost:" + std::to_string(secure.serverPort()) + "/", 10, kLongTime, mayConnect}, [](auto) {});
+  EXPECT_TRUE(handleEventsUntil([&] { return greeting.contains("localhost"); }, live::kPatience));
 }
 
 TEST_F(WebTest, BodiesEndAtTheLimit) {
@@ -115,7 +141,8 @@ TEST_F(WebTest, LateBrokenAndForeignRepliesFail) {
 TEST_F(WebTest, RequestsCanBeCancelled) {
   server.pages["/page"] = [](QTcpSocket&) {};
   bool hasEnded = false;
-  Subscription request = network.fetch({server.address("/page"), 10, kLongTime}, [&](auto) { hasEnded = true; });
+  Subscription request =
+      network.fetch({server.address("/page"), 10, kLongTime, mayConnect}, [&](auto) { hasEnded = true; });
   ASSERT_TRUE(
       handleEventsUntil([this] { return server.openConnections == 1 && !server.requests.isEmpty(); }, live::kPatience));
   request.reset();

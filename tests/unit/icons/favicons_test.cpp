@@ -64,6 +64,12 @@ struct FaviconStory : Icons, Story {
                 [this](W w) {
                   web.pages[w.at(0)] = {302, w.at(1), {}, true};
                 }},
+               {"leads-to",
+                [this](W w) {
+                  auto& bytes = web.ipAddresses[w.at(0)];
+                  for (std::size_t i = 0; i < bytes.size(); ++i)
+                    bytes[i] = static_cast<std::uint8_t>(std::stoi(w.at(i + 1)));
+                }},
                {"put", [=, this](W w) { files.put(w.at(0), rest(w)); }},
                {"offline", [this](W) { web.isConnected = false; }},
                {"online", [this](W) { web.isConnected = true; }},
