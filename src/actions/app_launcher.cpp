@@ -4,6 +4,7 @@
 #include <utility>
 #include <variant>
 
+#include "base/file_url.h"
 #include "model/first_run_items.h"
 
 namespace rondora {
@@ -77,7 +78,7 @@ ActionFailure AppLauncher::missing(std::string_view bundleIdentifier) const {
 }
 
 std::optional<ActionFailure> AppLauncher::openUrl(const std::string& url) {
-  if (workspace_.openUrl(url)) return std::nullopt;
+  if (!isFileOfAnotherMachine(url) && workspace_.openUrl(url)) return std::nullopt;
   return ActionFailure{isAddress(url) ? ActionProblem::noHandler : ActionProblem::notAnAddress, url};
 }
 

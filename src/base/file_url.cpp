@@ -1,9 +1,12 @@
 #include "base/file_url.h"
 
+#include "base/unicode.h"
+
 namespace rondora {
 namespace {
 
 constexpr std::string_view kUnreserved = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~/";
+constexpr std::string_view kScheme = "file:";
 constexpr std::string_view kDigits = "0123456789ABCDEF";
 
 }  // namespace
@@ -19,6 +22,15 @@ std::string fileUrl(std::string_view absolutePath) {
     }
   }
   return url;
+}
+
+bool isFileOfAnotherMachine(std::string_view url) {
+  const std::string lowered = lowerCased(url);
+  if (!lowered.starts_with(kScheme)) return false;
+  const std::string_view rest = std::string_view(lowered).substr(kScheme.size());
+  if (!rest.starts_with("//")) return false;
+  const std::string_view host = rest.substr(2, rest.find_first_of("/?#", 2) - 2);
+  return !host.empty() && host != "localhost";
 }
 
 }  // namespace rondora

@@ -126,5 +126,18 @@ TEST(ActionFailures, HoldsTheLastFive) {
   EXPECT_EQ(items, "dfecb");
 }
 
+TEST_F(AppLauncherTest, OpensFilesOfThisMachineOnly) {
+  for (const char* elsewhere :
+       {"file://host/etc/passwd", "FILE://host", "file://localhost.evil/a", "file://u@localhost/a",
+        "file://localhost:1/a", "file://127.0.0.1/a", "file://%6Cocalhost/a"}) {
+    execute(OpenURL{elsewhere});
+  }
+  EXPECT_THAT(desktop_.workspace.openedUrls, IsEmpty());
+  for (const char* here : {"file:///a", "file://localhost/a", "file://LocalHost/a", "file:/a", "smb://host/a"}) {
+    execute(OpenURL{here});
+    EXPECT_EQ(desktop_.workspace.openedUrls.back(), here);
+  }
+}
+
 }  // namespace
 }  // namespace rondora
