@@ -38,10 +38,9 @@ Program::Program(const Platform& platform)
 }
 
 void Program::start() {
-  const auto iconsChanged = [this] { delegate_.iconsChanged(); };
-  favicons_.onPicture = iconsChanged;
+  favicons_.onPicture = [this] { iconsChanged(); };
   if (platform_.onInstalledApplicationsChanged) {
-    installedApplications_ = platform_.onInstalledApplicationsChanged(iconsChanged);
+    installedApplications_ = platform_.onInstalledApplicationsChanged([this] { iconsChanged(); });
   }
   lockOrSleep_ = platform_.sessionEvents.onLockOrSleep([this] { switchboard_.dismiss(); });
   delegate_.applicationDidFinishLaunching();
@@ -52,8 +51,13 @@ void Program::start() {
 Subscription Program::decodeIcon(PictureRequest request, PictureDecoder::Completion completion) {
   return pictures_.decode(std::move(request), [this, completion = std::move(completion)](const PictureResult& result) {
     completion(result);
-    delegate_.iconsChanged();
+    iconsChanged();
   });
+}
+
+void Program::iconsChanged() {
+  pieMenuWindow_.refreshIcons();
+  delegate_.iconsChanged();
 }
 
 void Program::end() {

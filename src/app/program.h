@@ -43,7 +43,8 @@ class Program {
   WindowContents windowContents();
   /// For the rasterizer: the file with the picture of a web site; nothing when there is none.
   std::optional<std::filesystem::path> sitePicture(std::string_view site) const { return favicons_.picture(site); }
-  /// For the rasterizer: decodes the picture of an icon. When it has arrived, the rings are pre-rendered again.
+  /// For the rasterizer: decodes the picture of an icon. When it has arrived, an open ring shows it and the
+  /// others are pre-rendered again.
   [[nodiscard]] Subscription decodeIcon(PictureRequest request, PictureDecoder::Completion completion);
 
   AppDelegate& delegate() { return delegate_; }
@@ -63,6 +64,7 @@ class Program {
   MenuSwitchboard::Services switchboardServices();
   AppDelegate::Services delegateServices();
 
+  void iconsChanged();
   ConfigManager::Services configServices();
   std::string firstHotkey() const;
   SessionFacts sessionFacts() const;

@@ -74,6 +74,8 @@ class OverlayPanel {
   virtual void setAppearancePhase(double scale, double opacity) = 0;
   /// Brings the changes to the screen.
   virtual void display() = 0;
+  /// Shows icons that were decoded since, at once.
+  virtual void refreshIcons() = 0;
 
   /// Shows the panel above everything else, whichever application is active. A panel that can become key may stay
   /// invisible until it has the keyboard.

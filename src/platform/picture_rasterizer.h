@@ -46,6 +46,9 @@ class PreparedPicture {
 
   /// Prepares the next `paint` with other states, so that it is fast.
   virtual void prepareChanges() {}
+
+  /// Takes over icons that were decoded since. False when there are none; otherwise paint everything again.
+  virtual bool refreshIcons() { return false; }
 };
 
 /// Turns pictures into pixels. Main thread.

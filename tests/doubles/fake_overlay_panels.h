@@ -21,6 +21,7 @@ struct PanelRecord {
   double scale = 1;
   double opacity = 1;
   int displayCount = 0;
+  int refreshCount = 0;
   bool isVisible = false;
   bool isKey = false;
   bool isGone = false;
@@ -84,6 +85,7 @@ class FakeOverlayPanels final : public OverlayPanels, public Pointer {
       record_->picture = std::move(picture);
     }
     void setLayerState(std::size_t layer, double state) override { record_->layerStates.at(layer) = state; }
+    void refreshIcons() override { ++record_->refreshCount; }
     void setAppearancePhase(double scale, double opacity) override {
       record_->scale = scale;
       record_->opacity = opacity;

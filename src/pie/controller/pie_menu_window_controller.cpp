@@ -135,6 +135,10 @@ void PieMenuWindowController::tearDown() {
   displayed_ = {};
 }
 
+void PieMenuWindowController::refreshIcons() {
+  if (window_) window_->refreshIcons();
+}
+
 bool PieMenuWindowController::isVisible() const { return window_ && window_->isVisible(); }
 
 bool PieMenuWindowController::hapticFeedbackEnabled() const {

@@ -66,6 +66,8 @@ class PieMenuWindowController {
             std::optional<HotkeyConfig> navigationHotkeyForChordRepeat, std::optional<AppCommands> appCommands);
   /// Pre-renders the menu's picture for its first `show`.
   void prerender(const PieMenu& menu, std::optional<std::vector<PieMenuItem>> itemsOverride) const;
+  /// Icons may have been decoded: shows those of the menu on screen.
+  void refreshIcons();
   /// Does nothing when nothing is shown.
   void hide();
   bool isVisible() const;

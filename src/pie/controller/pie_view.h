@@ -62,6 +62,8 @@ class PieView final : private OverlayPanelSink {
 
   void open();
   bool isVisible() const { return panel_->isVisible(); }
+  /// Icons may have been decoded.
+  void refreshIcons() { panel_->refreshIcons(); }
   /// The highlight has changed.
   void showHighlight();
 

@@ -110,6 +110,30 @@ TEST_P(PictureRasterizerTest, OnlyTheDirtyRectangleIsPainted) {
   }
 }
 
+TEST_P(PictureRasterizerTest, OpenPictureTakesOverIconsThatArrive) {
+  int side = 0;
+  PictureDecoder::Completion arrive;
+  const auto decode = [&](const PictureRequest& request, PictureDecoder::Completion completion) {
+    side = request.side;
+    arrive = std::move(completion);
+    return Subscription();
+  };
+  QtPictureRasterizer decoding(applications, {.sitePicture = {}, .decode = decode});
+  for (const std::string app : {"before the first frame", "after it"}) {
+    applications.sources[app].themeName = app;
+    Picture picture = ring();
+    picture.layers[3].states[0].push_back(IconCommand{IconKind::application, app, squareAround(kCentre, 10), {}});
+    const auto prepared = decoding.prepare(picture, GetParam());
+    if (app == "after it") paintedWhole(*prepared, {0, 0, 0, 0});
+    EXPECT_FALSE(prepared->refreshIcons());
+    arrive(
+        {PictureResult::Outcome::decoded, side, side, std::string(static_cast<std::size_t>(side * side * 4), '\xFF')});
+    EXPECT_TRUE(prepared->refreshIcons());
+    EXPECT_EQ(paintedWhole(*prepared, {0, 0, 0, 0}).at(pixels(kCentre.x), pixels(kCentre.y)), 0xFFFFFFFF) << app;
+    EXPECT_FALSE(prepared->refreshIcons());
+  }
+}
+
 TEST_P(PictureRasterizerTest, AppearancePhaseFadesAndScalesAboutTheAnchor) {
   const auto prepared = prepare(ring());
   PictureView view = wholeView(GetParam());

@@ -28,6 +28,19 @@ TEST_F(RunningProgramTest, StartsInOrder) {
   EXPECT_GT(desktop.keyboard.registrationCount(), 0U);
 }
 
+TEST_F(RunningProgramTest, DecodedIconsReachTheOpenRingAndTheNextOnes) {
+  launchWith({menu("main", {49, kControlOption})});
+  press({Key::kControlKey, Key::kOptionKey, Key::kSpaceKey});
+  ASSERT_TRUE(isMenuUp());
+  const auto decoding = program.decodeIcon({PictureRequest::Source::imageFile, 48, "picture a", {}, "1"}, [](auto&) {});
+  desktop.time.advance(0.1);
+  EXPECT_EQ(desktop.overlay.panels.back()->refreshCount, 1);
+  release({Key::kSpaceKey, Key::kOptionKey, Key::kControlKey});
+  desktop.overlay.prerendered.clear();
+  desktop.time.advance(3);
+  EXPECT_FALSE(desktop.overlay.prerendered.empty());
+}
+
 TEST_F(RunningProgramTest, KeepsAnExistingToolTipDelay) {
   desktop.defaults.setInteger("NSInitialToolTipDelay", 20);
   launch();

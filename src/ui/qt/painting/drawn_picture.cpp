@@ -14,6 +14,8 @@ namespace {
 
 /// No panel is larger; a larger picture is cut off.
 constexpr int kMaxSide = 8192;
+/// Stands for the state in which a layer is shown when its pixels are no longer right.
+constexpr double kOutdated = -1;
 
 QSize pixelSize(Size size, double scale) {
   return toPixelRect({{0, 0}, size}, scale).size().expandedTo({1, 1}).boundedTo({kMaxSide, kMaxSide});
@@ -180,6 +182,17 @@ void DrawnPicture::beginComposing() {
 void DrawnPicture::prepareChanges() {
   beginComposing();
   useBackdrops();
+}
+
+bool DrawnPicture::refreshIcons(IconImages& icons) {
+  bool hasChanged = false;
+  for (std::size_t i = 0; i < layers_.size(); ++i) {
+    if (!layers_[i].refreshIcons(picture_.layers[i], pixelsPerPoint_, icons)) continue;
+    hasChanged = true;
+    if (i < shown_.size()) shown_[i] = kOutdated;
+  }
+  if (hasChanged) prerendered_.reset();
+  return hasChanged;
 }
 
 bool DrawnPicture::isPlain(const PictureView& view) const {

@@ -41,6 +41,7 @@ class DrawnPicture {
   void setSnapshot(const PixelBuffer& screen);
   void paint(std::span<const double> states, const PictureView& view, PixelBuffer target);
   void prepareChanges();
+  bool refreshIcons(IconImages& icons);
 
  private:
   /// The backdrop of one kind of glass; its image is computed at the first use.

@@ -90,6 +90,19 @@ bool PreparedLayer::hasIconsOf(const PictureLayer& layer, double pixelsPerPoint,
   return true;
 }
 
+bool PreparedLayer::refreshIcons(const PictureLayer& layer, double pixelsPerPoint, IconImages& icons) {
+  if (hasIconsOf(layer, pixelsPerPoint, icons)) return false;
+  const CommandPreparer preparer{icons, pixelsPerPoint};
+  for (std::size_t state = 0; state < states_.size(); ++state) {
+    for (std::size_t i = 0; i < states_[state].size(); ++i) {
+      const auto* wanted = std::get_if<IconCommand>(&layer.states[state][i]);
+      if (wanted != nullptr) states_[state][i] = preparer(*wanted);
+    }
+  }
+  for (Pixels& cached : cached_) cached.state.reset();
+  return true;
+}
+
 void PreparedLayer::setBackdrop(const std::function<QBrush(const BackdropPaint&)>& backdropFor) {
   for (auto& commands : states_) {
     for (PreparedCommand& command : commands) {

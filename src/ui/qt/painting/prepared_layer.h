@@ -50,6 +50,8 @@ class PreparedLayer {
   void setBackdrop(const std::function<QBrush(const BackdropPaint&)>& backdropFor);
   /// True when preparing the same layer now would find the same icons.
   bool hasIconsOf(const PictureLayer& layer, double pixelsPerPoint, IconImages& icons) const;
+  /// Prepares the icons of the same layer again. False when none is another one.
+  bool refreshIcons(const PictureLayer& layer, double pixelsPerPoint, IconImages& icons);
   /// Allocates the pixels that `draw` caches; `freePixels` frees them.
   void allocatePixels();
   void freePixels() { cached_ = {}; }

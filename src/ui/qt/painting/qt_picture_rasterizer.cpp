@@ -19,7 +19,8 @@ constexpr std::size_t kMaxPrerenderedBytes = kMaxKeptBytes / 2;
 /// One showing of a picture.
 class QtPreparedPicture : public PreparedPicture {
  public:
-  explicit QtPreparedPicture(std::shared_ptr<DrawnPicture> picture) : picture_(std::move(picture)) {
+  QtPreparedPicture(std::shared_ptr<DrawnPicture> picture, IconImages& icons)
+      : picture_(std::move(picture)), icons_(icons) {
     picture_->begin();
   }
   ~QtPreparedPicture() override { picture_->end(); }
@@ -31,9 +32,11 @@ class QtPreparedPicture : public PreparedPicture {
     picture_->paint(states, view, target);
   }
   void prepareChanges() override { picture_->prepareChanges(); }
+  bool refreshIcons() override { return picture_->refreshIcons(icons_); }
 
  private:
   std::shared_ptr<DrawnPicture> picture_;
+  IconImages& icons_;
 };
 
 /// An example of everything that a ring may hold.
@@ -58,7 +61,7 @@ void QtPictureRasterizer::warmUp() {
 }
 
 std::unique_ptr<PreparedPicture> QtPictureRasterizer::prepare(Picture picture, double pixelsPerPoint) {
-  return std::make_unique<QtPreparedPicture>(pictureOf(std::move(picture), pixelsPerPoint));
+  return std::make_unique<QtPreparedPicture>(pictureOf(std::move(picture), pixelsPerPoint), icons_);
 }
 
 void QtPictureRasterizer::prerender(Picture picture, double pixelsPerPoint) {

@@ -152,6 +152,12 @@ void X11OverlayPanel::display() {
   dirty_.clear();
 }
 
+void X11OverlayPanel::refreshIcons() {
+  if (!picture_ || !picture_->refreshIcons()) return;
+  dirtyWhole();
+  display();
+}
+
 /// Waits for the server only now, after the picture was prepared.
 void X11OverlayPanel::setSnapshot() {
   hasSnapshot_ = true;

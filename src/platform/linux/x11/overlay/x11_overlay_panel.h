@@ -51,6 +51,7 @@ class X11OverlayPanel : public OverlayPanel, private InputGrabSink {
   void setLayerState(std::size_t layer, double state) override;
   void setAppearancePhase(double scale, double opacity) override;
   void display() override;
+  void refreshIcons() override;
   void orderFrontRegardless() override;
   void makeKey() override;
   bool isVisible() const override { return isOrderedFront_; }
