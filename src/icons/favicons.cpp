@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <set>
 #include <utility>
 
 #include "icons/icon_reference.h"
@@ -51,17 +52,14 @@ std::optional<Favicons::Target> Favicons::targetOf(const PieMenuItem& item) cons
 
 void Favicons::prefetch(const PieConfiguration& configuration) {
   targets_.clear();
-  const auto isTaken = [this](const Target& target) {
-    return std::any_of(targets_.begin(), targets_.end(),
-                       [&target](const Target& other) { return other.file == target.file; });
-  };
+  std::set<std::filesystem::path> files;
   for (const PieMenu& menu : configuration.menus) {
     for (const PieMenuItem& item : menu.items) {
       auto target = targetOf(item);
-      if (target && !isTaken(*target)) targets_.push_back(*std::move(target));
+      if (target && files.insert(target->file).second) targets_.push_back(*std::move(target));
     }
   }
-  std::erase_if(lookups_, [&](const auto& lookup) { return !isTaken({{}, lookup.first}); });
+  std::erase_if(lookups_, [&](const auto& lookup) { return !files.contains(lookup.first); });
   wake_.reset();
   if (!targets_.empty()) wakeAfter(kSettlingTime);
 }
