@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdio>
 #include <cstdlib>
 
 #include "base/owned.h"
@@ -72,6 +73,29 @@ bool isWhiteSpaceOrNewline(const Scalar& scalar) {
   return category == UTF8PROC_CATEGORY_ZS || category == UTF8PROC_CATEGORY_ZL || category == UTF8PROC_CATEGORY_ZP;
 }
 
+// Format characters that change the direction of writing (Unicode Annex 9, 2.1 to 2.6).
+bool changesDirection(utf8proc_int32_t scalar) {
+  return scalar == 0x061C || scalar == 0x200E || scalar == 0x200F || (scalar >= 0x202A && scalar <= 0x202E) ||
+         (scalar >= 0x2066 && scalar <= 0x2069);
+}
+
+bool isVisible(const Scalar& scalar) {
+  if (!scalar.valid || changesDirection(scalar.value)) return false;
+  const utf8proc_category_t category = utf8proc_category(scalar.value);
+  return category != UTF8PROC_CATEGORY_CC && category != UTF8PROC_CATEGORY_ZL && category != UTF8PROC_CATEGORY_ZP;
+}
+
+std::string escape(const char* format, unsigned value) {
+  std::array<char, 8> text{};
+  std::snprintf(text.data(), text.size(), format, value);
+  return text.data();
+}
+
+std::string escaped(const Scalar& scalar, char first) {
+  if (scalar.valid && scalar.value > 0x7F) return escape("\\u%04X", static_cast<unsigned>(scalar.value));
+  return escape("\\x%02X", static_cast<unsigned char>(first));
+}
+
 }  // namespace
 
 bool isValidUtf8(std::string_view text) {
@@ -98,6 +122,21 @@ std::string compatibilityFolded(std::string_view text) {
   if (length < 0) return {};
   const UniqueCPtr<utf8proc_uint8_t, std::free> owner(bytes);
   return {reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(length)};
+}
+
+std::string controlsEscaped(std::string_view text) {
+  std::string result;
+  result.reserve(text.size());
+  while (!text.empty()) {
+    const Scalar scalar = firstScalar(text);
+    if (isVisible(scalar)) {
+      result.append(text.substr(0, scalar.length));
+    } else {
+      result += scalar.value == '\n' ? " " : escaped(scalar, text.front());
+    }
+    text.remove_prefix(scalar.length);
+  }
+  return result;
 }
 
 std::string_view trimmed(std::string_view text) {

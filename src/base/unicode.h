@@ -16,6 +16,9 @@ std::string lowerCased(std::string_view text);
 /// Replaces characters by those that they stand for and removes invisible ones (NFKC): "①" becomes "1". Empty for
 /// ill-formed text.
 std::string compatibilityFolded(std::string_view text);
+/// One line of visible text: a line end becomes a space; other control characters, line separators, characters that
+/// change the direction of writing, and ill-formed bytes become escapes such as "\\x1B" and "\\u202E".
+std::string controlsEscaped(std::string_view text);
 /// Removes white space and line ends at both ends.
 std::string_view trimmed(std::string_view text);
 /// Contains a letter of a right-to-left script.

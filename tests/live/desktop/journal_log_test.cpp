@@ -5,7 +5,9 @@
 #include <sys/stat.h>
 #include <sys/un.h>
 
+#include <algorithm>
 #include <array>
+#include <csignal>
 #include <cstdlib>
 #include <cstring>
 
@@ -38,15 +40,16 @@ class Journal {
 };
 
 TEST(JournalLogTest, SendsRecordsElseUsesStandardError) {
+  testing::internal::CaptureStderr();
   auto journal = std::make_unique<Journal>();
   JournalLog log(journal->path());
-  log.error("two\nlines");
+  log.error("two\nlines \x1B[31m");
   using std::string_literals::operator""s;
-  EXPECT_EQ(journal->receive(), "PRIORITY=3\nSYSLOG_IDENTIFIER=rondora\nMESSAGE\n\x09\0\0\0\0\0\0\0two\nlines\n"s);
+  EXPECT_EQ(journal->receive(),
+            "PRIORITY=3\nSYSLOG_IDENTIFIER=rondora\nMESSAGE\n\x12\0\0\0\0\0\0\0two lines \\x1B[31m\n"s);
   log.standard("started");
   EXPECT_EQ(journal->receive().substr(0, 11), "PRIORITY=5\n");
 
-  testing::internal::CaptureStderr();
   struct stat status {};
   fstat(STDERR_FILENO, &status);
   setenv("JOURNAL_STREAM", (std::to_string(status.st_dev) + ":" + std::to_string(status.st_ino)).c_str(), 1);
@@ -56,6 +59,26 @@ TEST(JournalLogTest, SendsRecordsElseUsesStandardError) {
   journal.reset();
   log.error("cannot\nwrite");
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "standard error is the journal\nerror: cannot write\n");
+}
+
+TEST(LineOutputTest, NeitherAFullPipeNorALostReaderStopsTheWriter) {
+  std::signal(SIGPIPE, SIG_IGN);
+  int ends[2];
+  ASSERT_EQ(pipe2(ends, O_CLOEXEC), 0);
+  FileDescriptor reader(ends[0]);
+  const FileDescriptor writer(ends[1]);
+  LineOutput output(writer.get());
+  constexpr int kLines = 5000;
+  for (int i = 0; i < kLines; ++i) output.write("a line that nothing reads");
+  std::string text(1 << 20, '\0');
+  text.resize(static_cast<std::size_t>(read(reader.get(), text.data(), text.size())));
+  const auto accepted = std::count(text.begin(), text.end(), '\n');
+  output.write("read again");
+  text.resize(static_cast<std::size_t>(read(reader.get(), text.data(), text.size())));
+  EXPECT_EQ(text, "log: " + std::to_string(kLines - accepted) + " lines dropped\nread again\n");
+  EXPECT_EQ(fcntl(writer.get(), F_GETFL) & O_NONBLOCK, 0);
+  reader.close();
+  output.write("to a reader that is gone");
 }
 
 }  // namespace

@@ -40,5 +40,10 @@ TEST(UnicodeTest, UpperCaseIsTheFullMapping) {
   EXPECT_EQ(upperCased("ẞİ"), "ẞİ") << "capitals stay";
 }
 
+TEST(UnicodeTest, ControlsAreEscapedAndVisibleTextIsNot) {
+  EXPECT_EQ(controlsEscaped("é 👩‍🚀\ta\x1B[2J\r\n\x7F"), R"(é 👩‍🚀\x09a\x1B[2J\x0D \x7F)");
+  EXPECT_EQ(controlsEscaped("\u202Eevil\u2066 \u0085\u2028 \xC3("), R"(\u202Eevil\u2066 \u0085\u2028 \xC3()");
+}
+
 }  // namespace
 }  // namespace rondora

@@ -4,11 +4,12 @@
 #include <sys/stat.h>
 #include <sys/un.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
+
+#include "base/unicode.h"
 
 namespace rondora::desktop {
 namespace {
@@ -46,29 +47,16 @@ std::string binaryField(std::string_view name, std::string_view value) {
   return field;
 }
 
-void writeToStandardError(LogLevel level, std::string_view line) {
-  std::string text = level == LogLevel::error ? "error: " : "";
-  text += line;
-  // One line per call, even when an error message has several.
-  std::replace(text.begin(), text.end(), '\n', ' ');
-  text += '\n';
-  std::string_view rest = text;
-  while (!rest.empty()) {
-    const ssize_t written = ::write(STDERR_FILENO, rest.data(), rest.size());
-    if (written < 0 && errno == EINTR) continue;
-    if (written < 0) return;
-    rest.remove_prefix(static_cast<std::size_t>(written));
-  }
-}
-
 }  // namespace
 
-JournalLog::JournalLog(const std::string& socketPath) {
+JournalLog::JournalLog(const std::string& socketPath) : standardError_(STDERR_FILENO) {
   if (!isStandardErrorTheJournal()) socket_ = connectTo(socketPath);
 }
 
 void JournalLog::write(LogLevel level, std::string_view line) {
-  if (!socket_.isOpen() || !sendToJournal(level, line)) writeToStandardError(level, line);
+  const std::string text = controlsEscaped(line);
+  if (socket_.isOpen() && sendToJournal(level, text)) return;
+  standardError_.write(level == LogLevel::error ? "error: " + text : text);
 }
 
 bool JournalLog::sendToJournal(LogLevel level, std::string_view line) const {
