@@ -4,6 +4,7 @@
 #include <QGuiApplication>
 #include <QMimeData>
 #include <memory>
+#include <utility>
 
 #include "platform/qt/qt_text.h"
 
@@ -31,7 +32,11 @@ QByteArray toBytes(std::string_view text) { return {text.data(), static_cast<qsi
 
 void QtPasteboard::clearContents() {
   contents_.clear();
-  QGuiApplication::clipboard()->clear();
+  isClearDue_ = true;
+  const auto clear = [this] {
+    if (std::exchange(isClearDue_, false)) QGuiApplication::clipboard()->clear();
+  };
+  QMetaObject::invokeMethod(&turns_, clear, Qt::QueuedConnection);
 }
 
 void QtPasteboard::setString(std::string_view text) { add(kTextType, toBytes(text)); }
@@ -39,6 +44,7 @@ void QtPasteboard::setString(std::string_view text) { add(kTextType, toBytes(tex
 void QtPasteboard::setData(std::string_view type, std::string_view bytes) { add(toQString(type), toBytes(bytes)); }
 
 std::optional<std::string> QtPasteboard::data(std::string_view type) const {
+  if (isClearDue_) return std::nullopt;
   const QMimeData* offered = QGuiApplication::clipboard()->mimeData();
   const QString mimeType = toQString(type);
   if (offered == nullptr || !offered->hasFormat(mimeType)) return std::nullopt;
@@ -48,6 +54,7 @@ std::optional<std::string> QtPasteboard::data(std::string_view type) const {
 void QtPasteboard::add(const QString& mimeType, QByteArray bytes) {
   std::erase_if(contents_, [&](const auto& entry) { return entry.first == mimeType; });
   contents_.emplace_back(mimeType, std::move(bytes));
+  isClearDue_ = false;
   QGuiApplication::clipboard()->setMimeData(makeMimeData(contents_).release());
 }
 

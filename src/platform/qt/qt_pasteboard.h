@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QObject>
 #include <QString>
 #include <utility>
 #include <vector>
@@ -10,6 +11,8 @@
 namespace rondora {
 
 /// The desktop's clipboard. Private types are MIME types. Other programs can read the contents while this program runs.
+/// A clear reaches the desktop at the end of the turn, and not at all when new contents follow: a clipboard manager
+/// that sees an empty clipboard may fill it with the old contents, after ours.
 class QtPasteboard : public Pasteboard {
  public:
   void clearContents() override;
@@ -22,6 +25,8 @@ class QtPasteboard : public Pasteboard {
 
   /// The contents set since the last clear.
   std::vector<std::pair<QString, QByteArray>> contents_;
+  bool isClearDue_ = false;
+  QObject turns_;  // context of the clears
 };
 
 }  // namespace rondora

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLabel>
@@ -219,12 +220,22 @@ TEST(QtPasteboardTest, HoldsTextAndPrivateBytesUntilCleared) {
   const std::string bytes("\0\xff{}", 4);
   QtPasteboard pasteboard;
   pasteboard.setString("old");
+  int changes = 0;
+  const QMetaObject::Connection count =
+      QObject::connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, [&changes] { ++changes; });
+  pasteboard.clearContents();
+  pasteboard.setString("new");
+  QCoreApplication::processEvents();
+  EXPECT_EQ(changes, 1) << "no other program sees an empty clipboard";
+  QObject::disconnect(count);
   pasteboard.clearContents();
   pasteboard.setData("application/x-rondora.menu-item-v1", bytes);
   pasteboard.setString("schön");
   EXPECT_EQ(pasteboard.data("application/x-rondora.menu-item-v1"), bytes);
   EXPECT_EQ(pasteboard.data("text/plain"), "schön");
   pasteboard.clearContents();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), "");
   EXPECT_EQ(pasteboard.data("application/x-rondora.menu-item-v1"), std::nullopt);
 }
 

@@ -6,7 +6,8 @@
 namespace rondora::x11 {
 namespace {
 
-constexpr std::chrono::seconds kMaxHandover{1};
+/// With the toolkit's end, which follows, one second.
+constexpr std::chrono::milliseconds kMaxHandover{700};
 
 }  // namespace
 

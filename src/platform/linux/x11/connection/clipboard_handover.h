@@ -42,7 +42,7 @@ class ClipboardHandover {
 /// Handles events until the condition holds; false when the limit expires first.
 using HandleEventsUntil = std::function<bool(const std::function<bool()>& condition, std::chrono::milliseconds limit)>;
 
-/// Hands the clipboard over and waits for the end, one second at most: a manager that hangs must not keep the program
+/// Hands the clipboard over and waits for the end, 0.7 seconds at most: a manager that hangs must not keep the program
 /// from ending.
 void handOverClipboard(X11Connection& connection, const HandleEventsUntil& handleEventsUntil);
 
