@@ -10,6 +10,7 @@ constexpr double kIconQuietTime = 0.2;  // the same for icons
 constexpr double kPause = 0.02;         // between two menus, for other work
 constexpr double kOpenRingPause = 0.5;  // before the next check while a ring is open
 constexpr std::size_t kMaxMenus = 32;
+constexpr std::size_t kMaxItems = 600;  // of all of them
 
 }  // namespace
 
@@ -36,11 +37,14 @@ void RingPrerenderer::waitForQuiet(double seconds) {
 
 void RingPrerenderer::begin() {
   waiting_.clear();
+  std::size_t items = 0;
   for (const bool hasHotkey : {true, false}) {
     for (const PieMenu& menu : services_.config.current().menus) {
       const bool isDue = isDocumentDue_ || menu.kind == PieMenuKind::runningApps;
       if (!isDue || !menu.isEnabled() || menu.hasLiveHotkey() != hasHotkey) continue;
-      if (waiting_.size() < kMaxMenus) waiting_.push_back(menu);
+      if (waiting_.size() == kMaxMenus || items + menu.items.size() > kMaxItems) continue;
+      items += menu.items.size();
+      waiting_.push_back(menu);
     }
   }
   takeTurn();

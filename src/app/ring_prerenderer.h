@@ -15,7 +15,8 @@ namespace rondora {
 
 /// Pre-renders the ring of every enabled menu while the program is idle, one per turn of the main queue, so that a
 /// first opening is as fast as later ones: after the start, after a change of the document, and on request. The rings
-/// of running applications are also pre-rendered when another application becomes active. Main thread.
+/// of running applications are also pre-rendered when another application becomes active. A document of any size takes
+/// limited time: menus with a hotkey come first, and what exceeds the budget is left out. Main thread.
 class RingPrerenderer {
  public:
   struct Services {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -13,6 +14,9 @@ using FileError = std::optional<std::string>;
 /// The user's files. Main thread; calls block until the work is done.
 class FileSystem {
  public:
+  /// Size limit of `read` in bytes.
+  static constexpr std::size_t kMaxFileSize = 64 << 20;
+
   virtual ~FileSystem() = default;
 
   /// The user's folder for application data; the program's own folder (`program_identity::kName`) is in it.

@@ -2,7 +2,9 @@
 #include <nlohmann/json.hpp>
 
 #include "model/appearance_fields.h"
+#include "platform/file_system.h"
 #include "storage/configuration_json.h"
+#include "storage/json_value.h"
 
 namespace rondora {
 namespace {
@@ -167,13 +169,26 @@ ordered_json encodeDocument(const PieConfiguration& configuration) {
       .take();
 }
 
+/// The number of values as the parser counts them.
+std::size_t valueCount(const ordered_json& json) {
+  std::size_t count = 1;
+  for (const auto& element : json) {
+    count += element.is_structured() ? valueCount(element) : 1;
+  }
+  return count;
+}
+
 enum class Layout { oneLine, prettyPrinted };
 
 template <class Encode, class T>
 CodingResult<std::string> encoded(Encode encode, const T& value, Layout layout) {
   try {
-    return encode(value).dump(layout == Layout::prettyPrinted ? kIndentation : -1, ' ', false,
-                              ordered_json::error_handler_t::replace);
+    const ordered_json json = encode(value);
+    if (valueCount(json) > kMaxJsonValues) return CodingError{"document: too many values"};
+    std::string text = json.dump(layout == Layout::prettyPrinted ? kIndentation : -1, ' ', false,
+                                 ordered_json::error_handler_t::replace);
+    if (text.size() > FileSystem::kMaxFileSize) return CodingError{"document: too long"};
+    return text;
   } catch (const NotFinite& error) {
     return CodingError{error.key + ": not a finite number"};
   }

@@ -20,10 +20,10 @@ template <class T>
 using CodingResult = std::variant<T, CodingError>;
 
 /// Reads a document of any age: repaired, clamped and brought up to the current schema. `random` supplies missing ids
-/// and symbols.
+/// and symbols. Fails for a document that would be too large to be read after it is written.
 CodingResult<PieConfiguration> decodeConfiguration(std::string_view bytes, RandomSource& random);
-/// Pretty printed, in the document's own order of keys. Fails when a number is not finite; ill-formed UTF-8 in a text
-/// is written as U+FFFD.
+/// Pretty printed, in the document's own order of keys. Fails when a number is not finite and when the result would be
+/// too large to be read; ill-formed UTF-8 in a text is written as U+FFFD.
 CodingResult<std::string> encodeConfiguration(const PieConfiguration& configuration);
 
 CodingResult<PieMenuItem> decodeMenuItem(std::string_view bytes, RandomSource& random);

@@ -1,6 +1,6 @@
 #include "input/hotkeys/hotkey_manager.h"
 
-#include <algorithm>
+#include <map>
 #include <string>
 #include <utility>
 
@@ -73,11 +73,11 @@ std::vector<HotkeyManager::HotkeyEntry> HotkeyManager::collectEntries(const std:
 
 std::vector<HotkeyManager::Group> HotkeyManager::group(const std::vector<HotkeyEntry>& entries) {
   std::vector<Group> groups;
+  std::map<std::pair<std::int64_t, std::int64_t>, std::size_t> places;
   for (const HotkeyEntry& entry : entries) {
-    auto found = std::find_if(groups.begin(), groups.end(),
-                              [&](const Group& candidate) { return candidate.hotkey == entry.hotkey; });
-    if (found == groups.end()) found = groups.insert(groups.end(), Group{entry.hotkey, {}});
-    found->menuIndices.push_back(static_cast<std::uint32_t>(entry.index));
+    const auto [place, isNew] = places.try_emplace({entry.hotkey.keyCode, entry.hotkey.carbonModifiers}, groups.size());
+    if (isNew) groups.push_back({entry.hotkey, {}});
+    groups[place->second].menuIndices.push_back(static_cast<std::uint32_t>(entry.index));
   }
   return groups;
 }

@@ -9,9 +9,6 @@ namespace rondora::desktop {
 /// Plain POSIX files in the user's folders, which the platform names.
 class PosixFileSystem final : public FileSystem {
  public:
-  /// Size limit of `read` in bytes.
-  static constexpr std::size_t kMaxFileSize = 64 << 20;
-
   struct Folders {
     std::filesystem::path applicationSupport;
     std::filesystem::path caches;

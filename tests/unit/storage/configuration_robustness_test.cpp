@@ -23,6 +23,13 @@ std::string problem(std::string_view bytes) {
   return error == nullptr ? "" : error->description;
 }
 
+std::string menuWithItems(std::size_t count) {
+  std::string items = repeated("{}, ", count);
+  items.resize(items.size() - 2);
+  return R"({"menus": [{"id": "7F2C1D90-4A6B-4E0E-9B63-0C5A8D3E1F0A", "name": "", "hotkey": {"keyCode": 0, "carbonModifiers": 0}, "menuRadius": 1, "animationDuration": 0, "items": [)" +
+         items + "]}]}";
+}
+
 TEST(HostileDocumentTest, RefusesMalformedText) {
   EXPECT_EQ(problem(""),
             "not JSON: parse error at line 1, column 1: syntax error while parsing value - unexpected end of input; "
@@ -49,6 +56,10 @@ TEST(HostileDocumentTest, LimitsDepthCountAndTime) {
       // Small as text and large in memory: "{}" is an item with an id, an action and a colour.
       {items + repeated(",{}", 1'000'000), "not JSON: too many values"},
       {items + repeated(",0", 1'000'000), "not JSON: too many values"},
+      {R"({"appSubMenus": [], "menus": [], "x": [0)" + repeated(",0", 590'000) + "]}", ""},
+      // Read with few values and written with many.
+      {menuWithItems(80'000), "document: too many values"},
+      {menuWithItems(22'000), ""},
       {R"({"language": ")" + megabytes + R"(", "menus": []})", "language: unknown value"},
       {R"({")" + megabytes + R"(": ")" + megabytes + R"(", "menus": []})", ""},
       {"{" + repeated(R"("menus": [], )", 50'000) + R"("menus": 7})", "menus: expected an array"},
