@@ -23,6 +23,7 @@ std::function<void(const T&)> droppingFirst(std::function<void(const T&)> slot) 
 
 AppDelegate::AppDelegate(const Services& services)
     : services_(services),
+      menuRequests_(services.mainQueue),
       triggers_({.mainQueue = services.mainQueue,
                  .clock = services.clock,
                  .log = services.log,
@@ -112,8 +113,7 @@ bool AppDelegate::trigger(std::string_view menuId) {
     services_.log.error("trigger skipped: " + (id ? "no menu has the id " + id->string() : "malformed menu id"));
     return false;
   }
-  services_.mainQueue.async(
-      weakSelf_.bind([id = *id](AppDelegate& self) { self.services_.switchboard.handleRequest(id); }));
+  menuRequests_.request([this, id = *id] { services_.switchboard.handleRequest(id); });
   return true;
 }
 

@@ -8,6 +8,7 @@
 
 #include "app/first_launch.h"
 #include "app/menu_switchboard.h"
+#include "app/request_gate.h"
 #include "app/ring_prerenderer.h"
 #include "app/status_menu.h"
 #include "app/trigger_sources.h"
@@ -101,6 +102,7 @@ class AppDelegate {
   void evaluateStatusItemVisibility(HiddenStatusItem reaction);
 
   Services services_;
+  RequestGate menuRequests_;
   TriggerSources triggers_;
   std::unique_ptr<StatusMenu> statusMenu_;
   std::unique_ptr<FirstLaunch> firstLaunch_;

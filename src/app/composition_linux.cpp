@@ -13,6 +13,7 @@
 #include "platform/linux/desktop/file_user_defaults.h"
 #include "platform/linux/desktop/installed_applications.h"
 #include "platform/linux/desktop/lock_file_channel.h"
+#include "platform/linux/desktop/message_buses.h"
 #include "platform/linux/desktop/system_clock.h"
 #include "platform/linux/desktop/system_random.h"
 #include "platform/linux/desktop/thread_name.h"
@@ -57,7 +58,9 @@ struct CompositionLinux::Presence {
 
   desktop::PosixProcessEnvironment environment;
   desktop::PosixFileSystem files{desktop::xdgFolders(environment)};
-  SessionBusChannel bus{QDBusConnection::sessionBus(), environment.bundleIdentifier()};
+  SessionBusChannel bus{
+      QDBusConnection::sessionBus(), environment.bundleIdentifier(),
+      [this] { return desktop::doesBusAnswer(desktop::MessageBus::session, environment, desktop::kMaxBusSilence); }};
   desktop::LockFileChannel lockFile{environment, files.cachesFolder(), watchReadable};
   SingleInstance instance;
 };

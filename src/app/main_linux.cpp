@@ -4,19 +4,28 @@
 
 #include <QApplication>
 #include <QSocketNotifier>
+#include <chrono>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <future>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <thread>
 #include <utility>
 
 #include "app/composition_linux.h"
 #include "app/composition_picture_service.h"
+#include "app/repeat_limit.h"
 #include "base/trace.h"
+#include "platform/linux/desktop/glib_messages.h"
 #include "platform/linux/desktop/journal_log.h"
+#include "platform/linux/desktop/message_buses.h"
+#include "platform/linux/desktop/standard_error.h"
+#include "platform/linux/desktop/system_clock.h"
 #include "platform/linux/x11/guard/input_guard.h"
+#include "platform/posix/posix_process_environment.h"
 #include "platform/qt/qt_messages.h"
 #include "platform/qt/qt_setup.h"
 
@@ -26,6 +35,8 @@ using rondora::CompositionLinux;
 using rondora::SingleInstance;
 
 constexpr int kFailure = 1;
+/// For the toolkit's end, which may wait for a clipboard manager or a bus that hangs; everything is saved by then.
+constexpr std::chrono::milliseconds kMaxToolkitEnd{300};
 
 /// The composition that still holds grabs and claims. Global because exit handlers get no context.
 CompositionLinux* running = nullptr;
@@ -88,8 +99,36 @@ std::optional<int> reasonNotToRun(const CompositionLinux& composition) {
   return std::nullopt;
 }
 
-int run(int argc, char** argv, int endSignals, rondora::Log& log, rondora::x11::InputGuard& guard) {
-  QApplication application(argc, argv);
+/// Asks both at once, so that the start waits for one silence at most.
+void hideSilentBuses(rondora::Log& log) {
+  using rondora::desktop::MessageBus;
+  const auto doesAnswer = [](MessageBus bus) {
+    return rondora::desktop::doesBusAnswer(bus, rondora::desktop::PosixProcessEnvironment(),
+                                           rondora::desktop::kMaxBusSilence);
+  };
+  auto system = std::async(std::launch::async, doesAnswer, MessageBus::system);
+  const bool hasSession = doesAnswer(MessageBus::session);
+  if (!system.get()) {
+    log.error("the system bus does not answer; running without it");
+    rondora::desktop::hideBus(MessageBus::system);
+  }
+  if (!hasSession) {
+    log.error("the session bus does not answer; running without it");
+    rondora::desktop::hideBus(MessageBus::session);
+  }
+}
+
+/// Ends the process with that status when its orderly end takes too long.
+void limitToolkitEnd(int status) {
+  std::thread([status] {
+    std::this_thread::sleep_for(kMaxToolkitEnd);
+    _exit(status);
+  }).detach();
+}
+
+int run(char** argv, int endSignals, rondora::Log& log, rondora::x11::InputGuard& guard) {
+  rondora::ToolkitArguments arguments(argv);
+  QApplication application(arguments.count(), arguments.values());
   CompositionLinux composition(application, log, guard);
   if (const auto status = reasonNotToRun(composition)) return *status;
   // The signal stays unread, so that every nested event loop ends too.
@@ -101,6 +140,7 @@ int run(int argc, char** argv, int endSignals, rondora::Log& log, rondora::x11::
   const int status = QApplication::exec();
   startAgain = composition.isRelaunchRequested();
   terminateRunning();
+  if (!startAgain) limitToolkitEnd(status);
   return status;
 }
 
@@ -116,18 +156,24 @@ void becomeNewInstance(char** argv) {
   sigemptyset(&signals);
   for (const int signal : kEndSignals) sigaddset(&signals, signal);
   sigprocmask(SIG_UNBLOCK, &signals, nullptr);
+  rondora::desktop::showBuses();
   execv("/proc/self/exe", argv);
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
+  rondora::desktop::openStandardDescriptors();
   if (rondora::isPictureService(argc, argv)) return rondora::runPictureService(argc, argv);
+  std::signal(SIGPIPE, SIG_IGN);
   if (rondora::x11::isGuard(argv)) rondora::x11::runGuard(rondora::x11::kGuardDescriptor, argv + 1);
   rondora::x11::InputGuard guard(argv);
-  rondora::desktop::JournalLog log;
+  rondora::desktop::SystemClock clock;
+  rondora::desktop::JournalLog systemLog;
+  rondora::RepeatLimit log(systemLog, clock);
+  const rondora::desktop::GlibMessages glibMessages(log);
   if (guard.followsAHang()) log.error("the main loop hung while the ring was open; the program was started again");
-  beginTraceIfAsked(log);
+  beginTraceIfAsked(systemLog);
   CompositionLinux::runLegacyMigration(log);
   if (!canReachDisplay()) {
     std::fputs("rondora: no X server can be reached; set DISPLAY\n", stderr);
@@ -140,7 +186,8 @@ int main(int argc, char** argv) {
     terminateRunning();
     _exit(kFailure);
   });
-  const int status = run(argc, argv, endSignals, log, guard);
+  hideSilentBuses(log);
+  const int status = run(argv, endSignals, log, guard);
   if (startAgain) becomeNewInstance(argv);
   return status;
 }

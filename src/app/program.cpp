@@ -26,7 +26,8 @@ Program::Program(const Platform& platform)
       documentFindings_({config_, keptDocuments_, platform.defaults, platform.workspace, localization_}),
       pieMenuWindow_(ringPorts(), ringEnvironment()),
       switchboard_(switchboardServices()),
-      delegate_(delegateServices()) {
+      delegate_(delegateServices()),
+      settingsRequests_(platform.mainQueue) {
   if (platform_.useInterfaceLanguage) {
     interfaceLanguage_ = localization_.currentLanguage().subscribe(platform_.useInterfaceLanguage);
   }
@@ -194,8 +195,9 @@ SessionFacts Program::sessionFacts() const {
 }
 
 SessionRequests Program::sessionRequests() {
-  return {.showSettings = [this] { delegate_.applicationShouldHandleReopen(false); },
-          .trigger = [this](std::string_view menuId) { return delegate_.trigger(menuId); }};
+  return {
+      .showSettings = [this] { settingsRequests_.request([this] { delegate_.applicationShouldHandleReopen(false); }); },
+      .trigger = [this](std::string_view menuId) { return delegate_.trigger(menuId); }};
 }
 
 void Program::openDocumentFolder() { platform_.workspace.openUrl(fileUrl(config_.configURL().parent_path().string())); }

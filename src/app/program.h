@@ -96,6 +96,7 @@ class Program {
   PieMenuWindowController pieMenuWindow_;
   MenuSwitchboard switchboard_;
   AppDelegate delegate_;
+  RequestGate settingsRequests_;
   Subscription installedApplications_;
   Subscription lockOrSleep_;
 };

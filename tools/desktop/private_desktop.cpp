@@ -102,11 +102,17 @@ void PrivateDesktop::endRemainingProcesses() const {
 
 void PrivateDesktop::startBus() {
   const std::string address = "unix:path=" + (folder_.path() / "runtime" / "session-bus").string();
-  startPart({"dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address", "--address=" + address});
+  std::filesystem::remove(logFile("dbus-daemon"));
+  bus_ = start({"dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address", "--address=" + address});
   const auto isThere = [&] { return readFile(logFile("dbus-daemon")).find(address) != std::string::npos; };
   require(waitUntil(isThere), "the session bus");
   environment_["DBUS_SESSION_BUS_ADDRESS"] = address;
   environment_["DBUS_SYSTEM_BUS_ADDRESS"] = address;
+}
+
+void PrivateDesktop::restartBus() {
+  bus_.reset();
+  startBus();
 }
 
 void PrivateDesktop::startParts(const DesktopParts& parts) {

@@ -61,6 +61,9 @@ class PrivateDesktop {
   std::filesystem::path savedSession() const { return folder_.path() / ".XSM-Default"; }
   /// Replaces the monitors of the server; the first one becomes the primary monitor.
   void setMonitors(const std::vector<Area>& monitors);
+  pid_t busProcess() const { return bus_->pid(); }
+  /// Ends the session bus and starts another one at the same address.
+  void restartBus();
   /// Kills the X server while clients are connected.
   void killServer() { server_.terminate(); }
 
@@ -74,6 +77,7 @@ class PrivateDesktop {
   TemporaryFolder folder_;
   std::map<std::string, std::string> environment_;
   XServer server_;
+  std::unique_ptr<ChildProcess> bus_;
   std::vector<std::unique_ptr<ChildProcess>> processes_;
   std::unique_ptr<ChildProcess> sessionManager_;
   std::size_t monitorCount_ = 0;  // made by setMonitors

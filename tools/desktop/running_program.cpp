@@ -47,11 +47,11 @@ std::filesystem::path RunningProgram::defaults(const PrivateDesktop& desktop) {
 }
 
 RunningProgram::RunningProgram(PrivateDesktop& desktop, XClient& client, const std::string& configuration,
-                               Introduction introduction)
+                               Introduction introduction, const std::vector<std::string>& command)
     : desktop_(desktop), client_(client) {
   if (!configuration.empty()) writeFile(document(desktop), configuration);
   if (introduction == Introduction::seen) writeFile(defaults(desktop), kDefaults);
-  process_ = desktop.start({file()});
+  process_ = desktop.start(command);
   const bool ready = waitUntil([this] { return !process_->isRunning() || boundKeys() >= kGrabsPerHotkey; });
   if (!ready || !process_->isRunning()) {
     throw std::runtime_error("the program bound no hotkey: " + readFile(desktop.logFile("rondora")));

@@ -15,9 +15,10 @@ enum class Introduction { seen, due };
 /// The program, started on a private desktop as a user starts it, and observed from outside.
 class RunningProgram {
  public:
-  /// With `configuration` as its document (empty for none); its hotkeys are bound when this returns.
+  /// With `configuration` as its document (empty for none); its hotkeys are bound when this returns. `command` becomes
+  /// the program, as "env" does.
   RunningProgram(PrivateDesktop& desktop, XClient& client, const std::string& configuration,
-                 Introduction introduction = Introduction::seen);
+                 Introduction introduction = Introduction::seen, const std::vector<std::string>& command = {file()});
   ~RunningProgram();
 
   pid_t pid() const { return process_->pid(); }

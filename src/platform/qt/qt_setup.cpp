@@ -36,10 +36,14 @@ void chooseIconTheme() {
 }  // namespace
 
 void prepareQt() {
-  if (qEnvironmentVariableIsSet("DISPLAY") && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
-    qputenv("QT_QPA_PLATFORM", "xcb");
-  }
   QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+}
+
+ToolkitArguments::ToolkitArguments(char** arguments) {
+  pointers_ = {*arguments, platformOption_.data(), platform_.data()};
+  for (char** argument = arguments + 1; *argument != nullptr; ++argument) pointers_.push_back(*argument);
+  count_ = static_cast<int>(pointers_.size());
+  pointers_.push_back(nullptr);
 }
 
 // Motion compression drops a motion when another is queued, even with a release between them; a choice would then use a

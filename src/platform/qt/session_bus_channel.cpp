@@ -1,16 +1,24 @@
 #include "platform/qt/session_bus_channel.h"
 
-#include <QDBusConnectionInterface>
 #include <QDBusError>
 #include <QDBusMessage>
-#include <QDBusReply>
+#include <QVariant>
+#include <algorithm>
+#include <chrono>
+#include <cstdint>
 #include <utility>
 
 namespace rondora {
 
 namespace {
 
-constexpr int kReplyTimeoutMilliseconds = 10000;
+constexpr int kReplyTimeout = 2000;                        // milliseconds, also of the bus itself
+constexpr std::chrono::milliseconds kRetryInterval{1000};  // while the bus is gone; doubled each time
+constexpr std::chrono::milliseconds kMaxRetryInterval{60000};
+
+// Of the method RequestName (D-Bus specification, "Message Bus Messages").
+constexpr std::uint32_t kDoNotQueue = 4;
+constexpr std::uint32_t kPrimaryOwner = 1;
 constexpr const char* kShowSettings = "ShowSettings";
 constexpr const char* kTrigger = "Trigger";
 
@@ -23,10 +31,23 @@ constexpr const char* kInterface = R"(
   </interface>
 )";
 
+QDBusMessage callOfBus(const char* method, const QList<QVariant>& arguments) {
+  QDBusMessage call =
+      QDBusMessage::createMethodCall("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", method);
+  call.setArguments(arguments);
+  return call;
+}
+
 }  // namespace
 
-SessionBusChannel::SessionBusChannel(QDBusConnection bus, const std::string& name)
-    : bus_(std::move(bus)), name_(QString::fromStdString(name)), path_("/" + QString(name_).replace('.', '/')) {}
+SessionBusChannel::SessionBusChannel(QDBusConnection bus, const std::string& name, std::function<bool()> doesBusAnswer)
+    : bus_(std::move(bus)),
+      name_(QString::fromStdString(name)),
+      path_("/" + QString(name_).replace('.', '/')),
+      doesBusAnswer_(std::move(doesBusAnswer)) {
+  retry_.setSingleShot(true);
+  QObject::connect(&retry_, &QTimer::timeout, &retry_, [this] { askWhetherBusAnswers(); });
+}
 
 SessionBusChannel::~SessionBusChannel() { release(); }
 
@@ -34,23 +55,53 @@ SessionBusChannel::~SessionBusChannel() { release(); }
 InstanceChannel::Claim SessionBusChannel::claim() {
   if (!bus_.isConnected()) return Claim::unavailable;
   if (!bus_.registerVirtualObject(path_, this)) return Claim::unavailable;
-  const QDBusReply<QDBusConnectionInterface::RegisterServiceReply> reply = bus_.interface()->registerService(
-      name_, QDBusConnectionInterface::DontQueueService, QDBusConnectionInterface::DontAllowReplacement);
-  if (reply.isValid() && reply.value() == QDBusConnectionInterface::ServiceRegistered) return Claim::first;
+  const QDBusMessage reply =
+      bus_.call(callOfBus("RequestName", {name_, QVariant::fromValue(kDoNotQueue)}), QDBus::Block, kReplyTimeout);
+  const bool isReply = reply.type() == QDBusMessage::ReplyMessage;
+  if (isReply && reply.arguments().value(0).toUInt() == kPrimaryOwner) {
+    retry_.setInterval(kRetryInterval);
+    watchConnection();
+    return Claim::first;
+  }
   bus_.unregisterObject(path_);
-  return reply.isValid() ? Claim::taken : Claim::unavailable;
+  return isReply ? Claim::taken : Claim::unavailable;
 }
 
+// Does not wait for the bus, which may hang.
 void SessionBusChannel::release() {
+  retry_.stop();
   if (!bus_.isConnected() || bus_.objectRegisteredAt(path_) != this) return;
-  bus_.unregisterService(name_);
+  bus_.send(callOfBus("ReleaseName", {name_}));
   bus_.unregisterObject(path_);
+}
+
+void SessionBusChannel::watchConnection() {
+  bus_.connect({}, "/org/freedesktop/DBus/Local", "org.freedesktop.DBus.Local", "Disconnected", &retry_, SLOT(start()));
+}
+
+// The bus may accept and not answer, so another thread asks it first.
+void SessionBusChannel::askWhetherBusAnswers() {
+  probes_.start([this] {
+    const bool isThere = doesBusAnswer_();
+    QMetaObject::invokeMethod(
+        &retry_, [this, isThere] { connectAgain(isThere); }, Qt::QueuedConnection);
+  });
+}
+
+void SessionBusChannel::connectAgain(bool isThere) {
+  if (isThere) {
+    const QString connection = "rondora-" + QString::number(++connections_);
+    bus_ = QDBusConnection::connectToBus(QDBusConnection::SessionBus, connection);
+    if (claim() == Claim::first) return;
+    QDBusConnection::disconnectFromBus(connection);
+  }
+  retry_.start(std::min(2 * retry_.intervalAsDuration(), kMaxRetryInterval));
 }
 
 bool SessionBusChannel::askForSettings() {
   QDBusMessage call = QDBusMessage::createMethodCall(name_, path_, name_, kShowSettings);
   call.setAutoStartService(false);
-  return bus_.call(call, QDBus::Block, kReplyTimeoutMilliseconds).type() == QDBusMessage::ReplyMessage;
+  return bus_.call(call, QDBus::Block, kReplyTimeout).type() == QDBusMessage::ReplyMessage;
 }
 
 void SessionBusChannel::serve(SessionRequests requests) { requests_ = std::move(requests); }

@@ -1,5 +1,10 @@
 #include <signal.h>
 
+#include <chrono>
+#include <filesystem>
+#include <set>
+#include <sstream>
+
 #include "live/end_to_end/end_to_end_test.h"
 
 namespace rondora::live {
@@ -94,6 +99,66 @@ TEST_F(SessionTest, LockAndSleepCloseTheRing) {
     ASSERT_TRUE(desktop_.outputOf(command));
     expectAtRest();
   }
+}
+
+TEST_F(SessionTest, HangingBusIsDoneWithoutAndARestartedOneIsUsed) {
+  constexpr std::chrono::seconds kBeforeTheLibrariesGiveUp{10};
+  const Document main = menu("Main", kControlAltSpace, snippetItems("Main", 4), -45);
+  const auto chooseFirst = [&] {
+    choose(kMiddleOfRing, 0);
+    EXPECT_TRUE(waitForClipboard("Main 1"));
+  };
+  kill(desktop_.busProcess(), SIGSTOP);
+  start(document({main}));
+  chooseFirst();
+  kill(program_->pid(), SIGTERM);
+  EXPECT_TRUE(waitUntil([&] { return !program_->isRunning(); }, kBeforeTheLibrariesGiveUp));
+  kill(desktop_.busProcess(), SIGCONT);
+
+  start(document({main}));
+  desktop_.restartBus();
+  EXPECT_TRUE(waitUntil([&] { return trigger(main["id"]).has_value(); }));
+  ASSERT_TRUE(program_->waitForRing());
+  client_.tap(key::escape);
+  expectAtRest();
+  kill(program_->pid(), SIGSTOP);
+  EXPECT_EQ(startAgain(), 1) << "the first does not answer";
+  kill(program_->pid(), SIGCONT);
+  kill(desktop_.busProcess(), SIGSTOP);
+  kill(program_->pid(), SIGTERM);
+  EXPECT_TRUE(waitUntil([&] { return !program_->isRunning(); }, kBeforeTheLibrariesGiveUp));
+  EXPECT_EQ(program_->waitForExit(), 0);
+}
+
+TEST_F(SessionTest, ApplicationsGetTheEnvironmentOfTheSession) {
+  const auto file = desktop_.dataHome() / "environment";
+  const auto application = [&](const std::string& name) {
+    writeFile(desktop_.dataHome() / "applications" / (name + ".desktop"),
+              "[Desktop Entry]\nType=Application\nName=A\nExec=cp /proc/self/environ " + file.string() + "\n");
+    return applicationItem(name);
+  };
+  const Document main = menu("Main", kControlAltSpace, {application("a"), application("b")});
+  // Of the session, as the program gets it: another platform, no standard descriptors, a bus that hangs.
+  kill(desktop_.busProcess(), SIGSTOP);
+  program_.emplace(desktop_, client_, document({main}).dump(), Introduction::seen,
+                   std::vector<std::string>{"env", "QT_QPA_PLATFORM=wayland", "sh", "-c", R"(exec "$0" <&- >&- 2>&-)",
+                                            RunningProgram::file()});
+  const std::string descriptors = "/proc/" + std::to_string(program_->pid()) + "/fd/";
+  for (const char* descriptor : {"0", "1", "2"}) {
+    EXPECT_EQ(std::filesystem::read_symlink(descriptors + descriptor), "/dev/null");
+  }
+  choose(0, -kMiddleOfRing);
+  ASSERT_TRUE(waitUntil([&] { return !readFile(file).empty(); }));
+  const auto variables = [](const std::filesystem::path& environment) {
+    std::istringstream text(readFile(environment));
+    std::set<std::string> lines;
+    for (std::string line; std::getline(text, line, '\0');) {
+      if (!line.starts_with("GIO_LAUNCHED") && !line.starts_with("PWD=")) lines.insert(line);
+    }
+    return lines;
+  };
+  EXPECT_EQ(variables(file), variables("/proc/" + std::to_string(program_->pid()) + "/environ"));
+  kill(desktop_.busProcess(), SIGCONT);
 }
 
 }  // namespace

@@ -232,6 +232,16 @@ TEST_F(RunningProgramTest, RequestForUnknownMenuIsLogged) {
                           FakeLog::Line{LogLevel::error, "trigger skipped: malformed menu id"}));
 }
 
+TEST_F(RunningProgramTest, FloodOfRequestsCostsFewRings) {
+  const PieMenu main = menu("main", {49, kControlOption});
+  launchWith({main});
+  for (int i = 0; i < 1000; ++i) {
+    EXPECT_TRUE(channel.served.trigger(main.id.string()));
+    desktop.time.advance(0.001);
+  }
+  EXPECT_LE(desktop.overlay.panels.size(), 6U) << "opened, closed, … every 0.1 s";
+}
+
 TEST_F(RunningProgramTest, RelaunchEndsThisInstanceOnceTheNewOneIsOpen) {
   AppRelauncher(desktop.shell).relaunch();
   EXPECT_EQ(desktop.shell.terminations, 0);

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "platform/linux/desktop/glib_owned.h"
+#include "platform/linux/desktop/message_buses.h"
 
 namespace rondora::desktop {
 namespace {
@@ -45,6 +46,16 @@ bool hasKey(GDesktopAppInfo& application, const char* key) {
   return g_desktop_app_info_has_key(&application, key) != FALSE;
 }
 
+void restoreBuses(GAppLaunchContext& context) {
+  for (const auto& [variable, value] : hiddenBuses()) {
+    if (value) {
+      g_app_launch_context_setenv(&context, variable.c_str(), value->c_str());
+    } else {
+      g_app_launch_context_unsetenv(&context, variable.c_str());
+    }
+  }
+}
+
 /// `id` is null when the time stamp of the user action is unknown: a wrong one would cost the window the focus.
 GOwned<GAppLaunchContext> makeContext(GDesktopAppInfo& application, char* id) {
   auto* context = static_cast<StartupContext*>(g_object_new(startup_context_get_type(), nullptr));
@@ -53,6 +64,7 @@ GOwned<GAppLaunchContext> makeContext(GDesktopAppInfo& application, char* id) {
   // Our own startup id, if any, is already used.
   g_app_launch_context_unsetenv(result.get(), "DESKTOP_STARTUP_ID");
   g_app_launch_context_unsetenv(result.get(), "XDG_ACTIVATION_TOKEN");
+  restoreBuses(*result);
   if (id && g_desktop_app_info_get_boolean(&application, "StartupNotify")) {
     g_app_launch_context_setenv(result.get(), "XDG_ACTIVATION_TOKEN", id);
   }

@@ -28,7 +28,7 @@ constexpr int kBacklog = 16;
 /// A holder that is just starting locks shortly before it listens.
 constexpr Milliseconds kConnectTimeout{1000};
 constexpr Milliseconds kRetryInterval{20};
-constexpr Milliseconds kReplyTimeout{10000};
+constexpr Milliseconds kReplyTimeout{2000};
 /// For the user only. The sticky bit protects the files from clean-up (XDG base directories 0.8).
 constexpr mode_t kMode = S_ISVTX | S_IRUSR | S_IWUSR;
 
