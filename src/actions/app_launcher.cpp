@@ -39,12 +39,15 @@ std::string readable(std::string_view bundleIdentifier) {
 
 }  // namespace
 
-AppLauncher::AppLauncher(Workspace& workspace, Pasteboard& pasteboard, Focus focus, KeystrokeSender& keystrokeSender)
+AppLauncher::AppLauncher(Workspace& workspace, Pasteboard& pasteboard, Focus focus, KeystrokeSender& keystrokeSender,
+                         const Clock& clock, Log& log)
     : workspace_(workspace),
       pasteboard_(pasteboard),
       focus_(std::move(focus)),
       keystrokeSender_(keystrokeSender),
-      systemActionRunner_(workspace) {}
+      systemActionRunner_(workspace),
+      pendingLaunches_(workspace, clock),
+      log_(log) {}
 
 void AppLauncher::execute(const PieMenuItem& item, std::optional<std::int32_t> targetPID, const ActionEnded& ended) {
   const auto end = [&ended](const std::optional<ActionFailure>& failure) {
@@ -62,12 +65,18 @@ void AppLauncher::execute(const PieMenuItem& item, std::optional<std::int32_t> t
 }
 
 std::optional<ActionFailure> AppLauncher::launch(std::string_view bundleIdentifier) {
-  if (const auto running = runningApplication(bundleIdentifier)) {
-    if (focus_(*running)) return std::nullopt;
-  }
+  const auto running = runningApplication(bundleIdentifier);
+  if (running && focus_(*running)) return std::nullopt;
   const auto location = workspace_.urlForApplication(bundleIdentifier);
   if (!location) return missing(bundleIdentifier);
-  if (workspace_.openApplication(*location)) return std::nullopt;
+  if (!running && pendingLaunches_.isPending(*location)) {
+    log_.standard("launch skipped: " + location->value + " is starting");
+    return std::nullopt;
+  }
+  if (workspace_.openApplication(*location)) {
+    if (!running) pendingLaunches_.add(bundleIdentifier, *location);
+    return std::nullopt;
+  }
   const auto name = workspace_.applicationName(bundleIdentifier);
   return ActionFailure{ActionProblem::cannotStart, name ? *name : readable(bundleIdentifier)};
 }

@@ -47,7 +47,7 @@ struct ActionServices {
         appLauncher(
             ports.workspace, ports.pasteboard,
             [this](const RunningApplication& application) { return runningAppFocus.focus(application); },
-            keystrokeSender) {}
+            keystrokeSender, ports.clock, ports.log) {}
 
   FrontmostAppWaiter frontmostAppWaiter;
   KeystrokeSender keystrokeSender;

@@ -60,6 +60,9 @@ class Workspace {
   virtual std::optional<std::string> contentType(std::string_view bundleIdentifier) const = 0;
   /// Starts the application, or activates it when it runs. False when the system cannot start it.
   virtual bool openApplication(const ApplicationLocation& location) = 0;
+  /// Whether the process that `openApplication` started last at this location still runs; nothing when the system
+  /// cannot tell.
+  virtual std::optional<bool> startedProcessRuns(const ApplicationLocation& location) const = 0;
   /// The location of an application at a fixed path of the system; nothing when there is none.
   virtual std::optional<ApplicationLocation> applicationAtPath(std::string_view path) const = 0;
   /// False when `url` is not a URL or the system refused it. The text is passed on unchanged.

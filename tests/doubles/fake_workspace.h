@@ -84,6 +84,7 @@ class FakeWorkspace final : public Workspace {
     if (!location.value.starts_with(kApplicationsFolder)) return true;
     const std::string bundleIdentifier = location.value.substr(kApplicationsFolder.size());
     if (broken.contains(bundleIdentifier)) return false;
+    if (slow.contains(bundleIdentifier)) return true;
     const auto instances = runningApplications(bundleIdentifier);
     if (instances.empty()) {
       start(bundleIdentifier);
@@ -91,6 +92,9 @@ class FakeWorkspace final : public Workspace {
       bringForward(instances.front().processIdentifier);
     }
     return true;
+  }
+  std::optional<bool> startedProcessRuns(const ApplicationLocation& location) const override {
+    return !endedProcesses.contains(location.value.substr(kApplicationsFolder.size()));
   }
   std::optional<ApplicationLocation> applicationAtPath(std::string_view path) const override {
     if (!systemPaths.contains(path)) return std::nullopt;
@@ -117,6 +121,10 @@ class FakeWorkspace final : public Workspace {
   std::set<std::string> broken;
   /// By the identifiers that stand for a kind of application.
   std::map<std::string, std::string, std::less<>> contentTypes;
+  /// Installed applications that show no window when they are started.
+  std::set<std::string> slow;
+  /// Applications whose started process ends without a window.
+  std::set<std::string> endedProcesses;
   /// Paths at which the system has an application.
   std::set<std::string, std::less<>> systemPaths;
 

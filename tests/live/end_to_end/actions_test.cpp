@@ -54,6 +54,21 @@ TEST_P(ActionsTest, ApplicationsTextsAndUrlsReachTheirPrograms) {
   EXPECT_TRUE(waitForActive("rondora-test:somewhere"));
 }
 
+TEST_F(EndToEndTest, ImpatientChoicesStartASlowApplicationOnce) {
+  const auto go = desktop_.configHome() / "go", starts = desktop_.configHome() / "starts";
+  writeFile(desktop_.configHome() / "slow", "echo >>" + starts.string() + "; until [ -e " + go.string() +
+                                                " ]; do sleep 0.02; done; exec xterm -class Slow -T Slow -e cat\n");
+  writeFile(desktop_.dataHome() / "applications" / "slow.desktop",
+            "[Desktop Entry]\nType=Application\nName=Slow\nStartupWMClass=Slow\nExec=sh " +
+                (desktop_.configHome() / "slow").string() + "\n");
+  start(document({menu("Main", kControlAltSpace, {applicationItem("slow")})}));
+  for (int i = 0; i < 3; ++i) choose(0, -kMiddleOfRing);
+  ASSERT_TRUE(waitUntil([&] { return program_->logLines().size() >= 2; }));
+  writeFile(go, "");
+  ASSERT_TRUE(waitForActive("Slow"));
+  EXPECT_EQ(readFile(starts), "\n");
+}
+
 TEST_F(EndToEndTest, ClipboardManagerKeepsTheSnippetAfterTheEnd) {
   start(document({menu("Main", kControlAltSpace, {snippetItem(kText)})}));
   const auto manager = desktop_.start({"xfsettingsd", "--no-daemon", "--disable-wm-check"});

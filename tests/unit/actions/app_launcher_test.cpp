@@ -41,6 +41,28 @@ TEST_F(AppLauncherTest, StartsActivatesOrOpensAnApplication) {
   EXPECT_THAT(desktop_.workspace.openedApplications, SizeIs(2));
 }
 
+TEST_F(AppLauncherTest, StartsASlowApplicationOnce) {
+  const auto& opened = desktop_.workspace.openedApplications;
+  desktop_.workspace.install("slow", "Slow");
+  desktop_.workspace.slow = {"slow"};
+  for (int i = 0; i < 3; ++i) execute(LaunchApp{"slow"});
+  EXPECT_THAT(opened, SizeIs(1));
+  EXPECT_THAT(desktop_.log.lines, SizeIs(2));
+  const auto window = desktop_.workspace.start("slow");
+  desktop_.workspace.quit(window.processIdentifier);
+  execute(LaunchApp{"slow"});
+  EXPECT_THAT(opened, SizeIs(2)) << "its window appeared and was closed";
+  desktop_.time.advance(9.9);
+  execute(LaunchApp{"slow"});
+  EXPECT_THAT(opened, SizeIs(2));
+  desktop_.time.advance(0.2);
+  execute(LaunchApp{"slow"});
+  EXPECT_THAT(opened, SizeIs(3)) << "ten seconds passed";
+  desktop_.workspace.endedProcesses = {"slow"};
+  execute(LaunchApp{"slow"});
+  EXPECT_THAT(opened, SizeIs(4)) << "its process ended";
+}
+
 TEST_F(AppLauncherTest, TakesTheFirstLiveOrdinaryInstance) {
   desktop_.workspace.install("editor", "Editor");
   RunningApplication instance{.processIdentifier = 11, .bundleIdentifier = "editor", .localizedName = "Editor"};

@@ -95,6 +95,8 @@ void prepareChild(gpointer homeFolder) {
   if (homeFolder && chdir(static_cast<const char*>(homeFolder)) != 0) _exit(127);
 }
 
+void noteProcess(GDesktopAppInfo*, GPid process, gpointer place) { *static_cast<std::int32_t*>(place) = process; }
+
 }  // namespace
 
 bool ApplicationLauncher::launch(GDesktopAppInfo& application, const std::string& url, UserTime time) {
@@ -104,8 +106,10 @@ bool ApplicationLauncher::launch(GDesktopAppInfo& application, const std::string
   const auto context = makeContext(application, id);
   GList* urls = url.empty() ? nullptr : g_list_append(nullptr, const_cast<char*>(url.c_str()));
   gpointer folder = hasKey(application, "Path") ? nullptr : const_cast<char*>(g_get_home_dir());
-  const gboolean launched = g_desktop_app_info_launch_uris_as_manager(
-      &application, urls, context.get(), G_SPAWN_SEARCH_PATH, prepareChild, folder, nullptr, nullptr, nullptr);
+  lastProcess_ = 0;
+  const gboolean launched =
+      g_desktop_app_info_launch_uris_as_manager(&application, urls, context.get(), G_SPAWN_SEARCH_PATH, prepareChild,
+                                                folder, noteProcess, &lastProcess_, nullptr);
   g_list_free(urls);
   return launched != FALSE;
 }

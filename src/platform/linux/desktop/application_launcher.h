@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "platform/linux/application_catalogue.h"
@@ -16,9 +17,12 @@ class ApplicationLauncher {
   bool launch(GDesktopAppInfo& application, UserTime time) { return launch(application, {}, time); }
   /// Starts the application with `url` to open.
   bool launch(GDesktopAppInfo& application, const std::string& url, UserTime time);
+  /// The process of the last launch; 0 when the session bus started it.
+  std::int32_t lastProcess() const { return lastProcess_; }
 
  private:
   unsigned launches_ = 0;
+  std::int32_t lastProcess_ = 0;
 };
 
 }  // namespace rondora::desktop

@@ -1,5 +1,9 @@
 #include "platform/linux/desktop/installed_applications.h"
 
+#include <poll.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
 #include "platform/linux/desktop/glib_owned.h"
 
 namespace rondora::desktop {
@@ -15,6 +19,11 @@ ApplicationIconSource iconSourceOf(GIcon* icon) {
     if (path) source.filePath = path.get();
   }
   return source;
+}
+
+bool hasEnded(const FileDescriptor& process) {
+  pollfd state{process.get(), POLLIN, 0};
+  return !process.isOpen() || poll(&state, 1, 0) > 0;
 }
 
 }  // namespace
@@ -61,7 +70,16 @@ std::optional<std::string> InstalledApplications::applicationAtPath(std::string_
 bool InstalledApplications::launch(std::string_view id, UserTime time) {
   if (SystemPlaces::isPlace(id)) return places_.open(id);
   GDesktopAppInfo* entry = entries_.find(id);
-  return entry && launcher_.launch(*entry, time);
+  if (!entry || !launcher_.launch(*entry, time)) return false;
+  std::erase_if(processes_, [](const auto& process) { return hasEnded(process.second); });
+  processes_[std::string(id)] = FileDescriptor(static_cast<int>(syscall(SYS_pidfd_open, launcher_.lastProcess(), 0)));
+  return true;
+}
+
+std::optional<bool> InstalledApplications::startedProcessRuns(std::string_view id) const {
+  const auto process = processes_.find(id);
+  if (process == processes_.end() || !process->second.isOpen()) return std::nullopt;
+  return !hasEnded(process->second);
 }
 
 bool InstalledApplications::openUrl(std::string_view url, UserTime time) {

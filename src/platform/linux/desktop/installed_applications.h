@@ -1,6 +1,8 @@
 #pragma once
 
 #include <functional>
+#include <map>
+#include <string>
 
 #include "platform/linux/application_catalogue.h"
 #include "platform/linux/desktop/application_launcher.h"
@@ -8,6 +10,7 @@
 #include "platform/linux/desktop/desktop_entries.h"
 #include "platform/linux/desktop/system_places.h"
 #include "platform/linux/desktop/url_handlers.h"
+#include "platform/posix/file_descriptor.h"
 
 namespace rondora::desktop {
 
@@ -34,6 +37,7 @@ class InstalledApplications final : public ApplicationCatalogue {
   std::optional<ApplicationIconSource> iconSource(std::string_view id) const override;
   std::optional<std::string> applicationAtPath(std::string_view path) const override;
   bool launch(std::string_view id, UserTime time) override;
+  std::optional<bool> startedProcessRuns(std::string_view id) const override;
   bool openUrl(std::string_view url, UserTime time) override;
 
  private:
@@ -42,6 +46,8 @@ class InstalledApplications final : public ApplicationCatalogue {
   UrlHandlers urlHandlers_;
   ApplicationLauncher launcher_;
   SystemPlaces places_;
+  /// Descriptors of the processes started last, by application.
+  std::map<std::string, FileDescriptor, std::less<>> processes_;
 };
 
 }  // namespace rondora::desktop
