@@ -50,8 +50,9 @@ void SessionReport::addHotkeys(std::vector<SessionFinding>& findings, const Sess
   bool anyFails = false;
   for (const PieMenu& menu : menus) {
     if (!menu.hasLiveHotkey()) continue;
-    const bool menuOpens = opens(menu, hotkeys);
-    if (!menuOpens) findings.push_back(hotkeyFails(menu));
+    const auto option = hotkeys.optionAgainst(menu.hotkey);
+    const bool menuOpens = !option && opens(menu, hotkeys);
+    if (!menuOpens) findings.push_back(option ? cannotBeTyped(menu, *option) : hotkeyFails(menu));
     (menuOpens ? anyOpens : anyFails) = true;
   }
   // On Wayland hotkeys arrive only sometimes, which another finding states.
@@ -66,6 +67,11 @@ SessionFinding SessionReport::hotkeyFails(const PieMenu& menu) const {
   return {false, localization_.text(StringKey::settingsHotkeyRefused, menu.name),
           localization_.text(StringKey::sessionHotkeyRefusedRemedy,
                              displayString(menu.hotkey, localization_.language(), modifierNames_))};
+}
+
+SessionFinding SessionReport::cannotBeTyped(const PieMenu& menu, std::string_view option) const {
+  return {false, localization_.text(StringKey::sessionHotkeyUnusable, menu.name),
+          localization_.text(StringKey::sessionHotkeyOptionRemedy, option)};
 }
 
 SessionFinding SessionReport::works(StringKey statement) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string_view>
 #include <vector>
 
 #include "input/hotkeys/hotkey_display.h"
@@ -36,6 +37,7 @@ class SessionReport {
   SessionFinding works(StringKey statement) const;
   SessionFinding fails(StringKey statement, StringKey remedy) const;
   SessionFinding hotkeyFails(const PieMenu& menu) const;
+  SessionFinding cannotBeTyped(const PieMenu& menu, std::string_view option) const;
   void addHotkeys(std::vector<SessionFinding>& findings, const SessionFacts& facts, const std::vector<PieMenu>& menus,
                   const HotkeyManager& hotkeys) const;
 

@@ -39,6 +39,7 @@ enum class StringKey {
   sessionHotkeyRefusedRemedy,  // %@: the hotkey
   sessionHotkeyUnusable,       // %@: the menu's name
   sessionHotkeyUnusableRemedy,
+  sessionHotkeyOptionRemedy,  // %@: an option of the keyboard
   sessionTray,
   sessionNoTrayRemedy,
   sessionKeystrokes,

@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string>
 
 #include "base/observable.h"
 #include "platform/key_event.h"
@@ -52,6 +53,9 @@ class HotkeyService {
   [[nodiscard]] virtual std::optional<Subscription> registerEventHotKey(std::uint32_t keyCode,
                                                                         std::uint32_t carbonModifiers,
                                                                         EventHotKeyID id) = 0;
+  /// The option of the keyboard by which these modifiers, pressed together, switch the layout, so that no hot key with
+  /// them can be typed; nothing when there is none. May wait for the system.
+  virtual std::optional<std::string> optionAgainst(std::uint32_t /*carbonModifiers*/) const { return std::nullopt; }
   /// Called after the modifier map changed: another program may have taken a live registration, and a refused one may
   /// now be possible. Register again.
   [[nodiscard]] virtual Subscription onModifiersMoved(std::function<void()> observer) = 0;

@@ -4,7 +4,9 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <set>
+#include <string>
 #include <utility>
 
 #include "platform/event_monitors.h"
@@ -32,6 +34,7 @@ class FakeKeyboard final : public HotkeyService, public EventMonitors {
 
   [[nodiscard]] std::optional<Subscription> registerEventHotKey(std::uint32_t keyCode, std::uint32_t carbonModifiers,
                                                                 EventHotKeyID id) override;
+  std::optional<std::string> optionAgainst(std::uint32_t /*carbonModifiers*/) const override { return option; }
   [[nodiscard]] Subscription onModifiersMoved(std::function<void()> observer) override;
   [[nodiscard]] Subscription installEventHandler(HotkeyService::Handler handler) override;
   void setOverlayRule(const OverlayRule& rule) override { overlayRule_ = rule; }
@@ -63,6 +66,8 @@ class FakeKeyboard final : public HotkeyService, public EventMonitors {
 
   /// Combinations (key code, Carbon mask) that another program has taken.
   std::set<std::pair<std::uint32_t, std::uint32_t>> foreignOwners;
+  /// The keyboard's option that makes all modifiers switch the layout.
+  std::optional<std::string> option;
 
  private:
   struct Registration {

@@ -141,6 +141,11 @@ void HotkeyManager::released(MenuIndices indices) const {
   if (onHotkeyReleased) onHotkeyReleased(indices);
 }
 
+std::optional<std::string> HotkeyManager::optionAgainst(const HotkeyConfig& hotkey) const {
+  if (!fits32Bits(hotkey.carbonModifiers)) return std::nullopt;
+  return service_.optionAgainst(static_cast<std::uint32_t>(hotkey.carbonModifiers));
+}
+
 const HotkeyManager::Registration* HotkeyManager::liveRegistration(std::int64_t keyCode,
                                                                    std::int64_t carbonModifiers) const {
   const HotkeyConfig wanted{keyCode, carbonModifiers};

@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 #include <span>
+#include <string>
 #include <vector>
 
 #include "base/observable.h"
@@ -58,6 +59,8 @@ class HotkeyManager {
 
   /// Menus whose hotkey could not be registered.
   const std::vector<int>& failedRegistrationMenuIndices() const { return failedRegistrationMenuIndices_; }
+  /// The keyboard's option that keeps the hotkey from being typed, if any.
+  std::optional<std::string> optionAgainst(const HotkeyConfig& hotkey) const;
   /// Null before the first `registerAll`.
   const HotkeyHIDTap* hidTap() const { return hidTap_.get(); }
 

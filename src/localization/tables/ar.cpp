@@ -40,6 +40,9 @@ constexpr StringTable kArabicStrings = completeTable({
     {StringKey::sessionHotkeyUnusable, "لا يستطيع Rondora استخدام اختصار القائمة «%@» هنا."},
     {StringKey::sessionHotkeyUnusableRemedy,
      "أنهِ Rondora، وعيّن للقائمة اختصارًا آخر في ملف الإعدادات، ثم شغّل Rondora من جديد."},
+    {StringKey::sessionHotkeyOptionRemedy,
+     "بسبب خيار لوحة المفاتيح «%@» تبدّل مفاتيح التعديل في هذا الاختصار تخطيط اللوحة. اختر مفاتيح أخرى لذلك في إعدادات "
+     "لوحة المفاتيح لسطح المكتب، أو عيّن للقائمة اختصارًا آخر في ملف الإعدادات."},
     {StringKey::sessionTray, "أيقونة Rondora موجودة في منطقة الإشعارات."},
     {StringKey::sessionNoTrayRemedy,
      "أضف منطقة إشعارات إلى شريط سطح المكتب؛ يحتاج GNOME لذلك إلى الإضافة «AppIndicator». ومن دون الأيقونة تُفتح هذه "

@@ -41,6 +41,9 @@ constexpr StringTable kBengaliStrings = completeTable({
     {StringKey::sessionHotkeyUnusable, "Rondora এখানে “%@” মেনুর হটকী ব্যবহার করতে পারে না।"},
     {StringKey::sessionHotkeyUnusableRemedy,
      "Rondora থেকে প্রস্থান করুন, কনফিগারেশন ফাইলে মেনুটিকে অন্য একটি হটকী দিন এবং Rondora আবার চালু করুন।"},
+    {StringKey::sessionHotkeyOptionRemedy,
+     "কীবোর্ড বিকল্প “%@”-এর কারণে এই হটকীর মডিফায়ার কীগুলো লেআউট বদলে দেয়। ডেস্কটপের কীবোর্ড সেটিংসে এর জন্য অন্য কী বেছে "
+     "নিন, অথবা কনফিগারেশন ফাইলে মেনুটিকে অন্য একটি হটকী দিন।"},
     {StringKey::sessionTray, "Rondora-র আইকন সিস্টেম ট্রে-তে আছে।"},
     {StringKey::sessionNoTrayRemedy,
      "আপনার প্যানেলে একটি সিস্টেম ট্রে যোগ করুন; GNOME-এ এর জন্য “AppIndicator” এক্সটেনশন দরকার। আইকন না থাকলে Rondora "

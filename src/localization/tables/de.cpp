@@ -45,6 +45,10 @@ constexpr StringTable kGermanStrings = completeTable({
     {StringKey::sessionHotkeyUnusableRemedy,
      "Beenden Sie Rondora, geben Sie dem Menü in der Konfigurationsdatei ein anderes Tastenkürzel und starten Sie "
      "Rondora wieder."},
+    {StringKey::sessionHotkeyOptionRemedy,
+     "Mit der Tastaturoption „%@“ schalten die Sondertasten dieses Tastenkürzels die Tastaturbelegung um. Wählen Sie "
+     "dafür in den Tastatureinstellungen andere Tasten, oder geben Sie dem Menü in der Konfigurationsdatei ein anderes "
+     "Tastenkürzel."},
     {StringKey::sessionTray, "Das Symbol von Rondora ist im Infobereich."},
     {StringKey::sessionNoTrayRemedy,
      "Fügen Sie Ihrer Leiste einen Infobereich hinzu; GNOME braucht dafür die Erweiterung „AppIndicator“. Auch ohne "

@@ -41,6 +41,9 @@ constexpr StringTable kEnglishStrings = completeTable({
     {StringKey::sessionHotkeyUnusable, "Rondora cannot use the hotkey of the menu “%@” here."},
     {StringKey::sessionHotkeyUnusableRemedy,
      "Quit Rondora, give the menu another hotkey in the configuration file, and start Rondora again."},
+    {StringKey::sessionHotkeyOptionRemedy,
+     "With the keyboard option “%@” the modifier keys of this hotkey switch the layout. Choose other keys for that in "
+     "the keyboard settings of your desktop, or give the menu another hotkey in the configuration file."},
     {StringKey::sessionTray, "Rondora’s icon is in the system tray."},
     {StringKey::sessionNoTrayRemedy,
      "Add a system tray to your panel; GNOME needs the extension “AppIndicator” for it. Without the icon, starting "

@@ -42,6 +42,10 @@ constexpr StringTable kSpanishStrings = completeTable({
     {StringKey::sessionHotkeyUnusable, "Rondora no puede usar aquí el atajo del menú «%@»."},
     {StringKey::sessionHotkeyUnusableRemedy,
      "Salga de Rondora, asigne otro atajo al menú en el archivo de configuración y vuelva a iniciar Rondora."},
+    {StringKey::sessionHotkeyOptionRemedy,
+     "Con la opción de teclado «%@», las teclas modificadoras de este atajo cambian la distribución. Elija otras "
+     "teclas para ello en los ajustes de teclado de su escritorio, o asigne otro atajo al menú en el archivo de "
+     "configuración."},
     {StringKey::sessionTray, "El icono de Rondora está en el área de notificación."},
     {StringKey::sessionNoTrayRemedy,
      "Añada un área de notificación a su panel; GNOME necesita para ello la extensión «AppIndicator». Sin el icono, "

@@ -43,6 +43,10 @@ constexpr StringTable kFrenchStrings = completeTable({
     {StringKey::sessionHotkeyUnusable, "Rondora ne peut pas utiliser ici le raccourci du menu « %@ »."},
     {StringKey::sessionHotkeyUnusableRemedy,
      "Quittez Rondora, donnez un autre raccourci au menu dans le fichier de configuration, puis relancez Rondora."},
+    {StringKey::sessionHotkeyOptionRemedy,
+     "Avec l’option de clavier « %@ », les touches de modification de ce raccourci changent la disposition du clavier. "
+     "Choisissez d’autres touches pour cela dans les réglages du clavier, ou donnez un autre raccourci au menu dans le "
+     "fichier de configuration."},
     {StringKey::sessionTray, "L’icône de Rondora se trouve dans la zone de notification."},
     {StringKey::sessionNoTrayRemedy,
      "Ajoutez une zone de notification à votre panneau\u202F; GNOME a besoin pour cela de l’extension "

@@ -40,6 +40,9 @@ constexpr StringTable kHindiStrings = completeTable({
     {StringKey::sessionHotkeyUnusable, "Rondora यहाँ मेनू “%@” की हॉटकी का उपयोग नहीं कर सकता।"},
     {StringKey::sessionHotkeyUnusableRemedy,
      "Rondora से बाहर निकलें, कॉन्फ़िगरेशन फ़ाइल में मेनू को कोई दूसरी हॉटकी दें और Rondora फिर से शुरू करें।"},
+    {StringKey::sessionHotkeyOptionRemedy,
+     "कीबोर्ड विकल्प “%@” के कारण इस हॉटकी की मॉडिफ़ायर कुंजियाँ लेआउट बदल देती हैं। डेस्कटॉप की कीबोर्ड सेटिंग्स में इसके लिए दूसरी कुंजियाँ "
+     "चुनें, या कॉन्फ़िगरेशन फ़ाइल में मेनू को कोई दूसरी हॉटकी दें।"},
     {StringKey::sessionTray, "Rondora का आइकन सिस्टम ट्रे में है।"},
     {StringKey::sessionNoTrayRemedy,
      "अपने पैनल में सिस्टम ट्रे जोड़ें; GNOME में इसके लिए “AppIndicator” एक्सटेंशन चाहिए। आइकन न हो तो Rondora को एक बार और शुरू करने पर "

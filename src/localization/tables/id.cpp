@@ -42,6 +42,9 @@ constexpr StringTable kIndonesianStrings = completeTable({
     {StringKey::sessionHotkeyUnusable, "Rondora tidak dapat memakai tombol pintas menu “%@” di sini."},
     {StringKey::sessionHotkeyUnusableRemedy,
      "Keluar dari Rondora, beri menu ini tombol pintas lain di berkas konfigurasi, lalu jalankan Rondora lagi."},
+    {StringKey::sessionHotkeyOptionRemedy,
+     "Dengan opsi papan ketik “%@”, tombol pengubah pada tombol pintas ini mengganti tata letak. Pilih tombol lain "
+     "untuk itu di pengaturan papan ketik desktop, atau beri menu ini tombol pintas lain di berkas konfigurasi."},
     {StringKey::sessionTray, "Ikon Rondora ada di baki sistem."},
     {StringKey::sessionNoTrayRemedy,
      "Tambahkan baki sistem ke panel Anda; GNOME memerlukan ekstensi “AppIndicator” untuk itu. Tanpa ikon, pengaturan "

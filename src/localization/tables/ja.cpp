@@ -42,6 +42,10 @@ constexpr StringTable kJapaneseStrings = completeTable({
     {StringKey::sessionHotkeyUnusable, "メニュー「%@」のホットキーはここでは使用できません。"},
     {StringKey::sessionHotkeyUnusableRemedy,
      "Rondora を終了し、設定ファイルでメニューに別のホットキーを割り当ててから、Rondora を起動し直してください。"},
+    {StringKey::sessionHotkeyOptionRemedy,
+     "キーボードのオプション「%@"
+     "」により、このホットキーの修飾キーは配列を切り替えます。デスクトップのキーボード設定で配列の切り替えに別のキーを"
+     "選ぶか、設定ファイルでメニューに別のホットキーを割り当ててください。"},
     {StringKey::sessionTray, "Rondora のアイコンはシステムトレイにあります。"},
     {StringKey::sessionNoTrayRemedy,
      "パネルにシステムトレイを追加してください。GNOME "

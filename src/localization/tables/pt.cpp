@@ -42,6 +42,10 @@ constexpr StringTable kPortugueseStrings = completeTable({
     {StringKey::sessionHotkeyUnusable, "O Rondora não pode usar aqui o atalho do menu “%@”."},
     {StringKey::sessionHotkeyUnusableRemedy,
      "Saia do Rondora, dê outro atalho ao menu no arquivo de configuração e inicie o Rondora de novo."},
+    {StringKey::sessionHotkeyOptionRemedy,
+     "Com a opção de teclado “%@”, as teclas modificadoras deste atalho mudam o layout. Escolha outras teclas para "
+     "isso nas configurações de teclado da sua área de trabalho ou dê outro atalho ao menu no arquivo de "
+     "configuração."},
     {StringKey::sessionTray, "O ícone do Rondora está na bandeja do sistema."},
     {StringKey::sessionNoTrayRemedy,
      "Adicione uma bandeja do sistema ao seu painel; o GNOME precisa da extensão “AppIndicator” para isso. Sem o "

@@ -42,6 +42,9 @@ constexpr StringTable kRussianStrings = completeTable({
     {StringKey::sessionHotkeyUnusable, "Сочетание клавиш меню «%@» здесь использовать нельзя."},
     {StringKey::sessionHotkeyUnusableRemedy,
      "Завершите Rondora, задайте меню другое сочетание клавиш в файле конфигурации и запустите Rondora снова."},
+    {StringKey::sessionHotkeyOptionRemedy,
+     "С параметром клавиатуры «%@» клавиши-модификаторы этого сочетания переключают раскладку. Выберите для этого "
+     "другие клавиши в настройках клавиатуры или задайте меню другое сочетание клавиш в файле конфигурации."},
     {StringKey::sessionTray, "Значок Rondora находится в области уведомлений."},
     {StringKey::sessionNoTrayRemedy,
      "Добавьте на панель область уведомлений; в GNOME для этого нужно расширение «AppIndicator». Если значка нет, "

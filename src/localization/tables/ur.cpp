@@ -42,6 +42,9 @@ constexpr StringTable kUrduStrings = completeTable({
     {StringKey::sessionHotkeyUnusable, "یہاں Rondora مینو ”%@“ کا شارٹ کٹ استعمال نہیں کر سکتا۔"},
     {StringKey::sessionHotkeyUnusableRemedy,
      "پہلے Rondora سے باہر نکلیں، ترتیبات کی فائل میں مینو کو کوئی اور شارٹ کٹ دیں، پھر Rondora دوبارہ شروع کریں۔"},
+    {StringKey::sessionHotkeyOptionRemedy,
+     "کی بورڈ کے اختیار ”%@“ کی وجہ سے اس شارٹ کٹ کی ترمیمی کلیدیں لے آؤٹ بدل دیتی ہیں۔ اس کے لیے ڈیسک ٹاپ کی کی بورڈ "
+     "ترتیبات میں دوسری کلیدیں چنیں، یا ترتیبات کی فائل میں مینو کو کوئی اور شارٹ کٹ دیں۔"},
     {StringKey::sessionTray, "سسٹم ٹرے میں Rondora کا آئیکن موجود ہے۔"},
     {StringKey::sessionNoTrayRemedy,
      "اپنے پینل میں سسٹم ٹرے شامل کریں؛ GNOME کو اس کے لیے ایکسٹینشن ”AppIndicator“ درکار ہے۔ آئیکن نہ ہو تو Rondora "

@@ -36,6 +36,10 @@ constexpr StringTable kChineseStrings = completeTable({
     {StringKey::sessionHotkeyUnusable, "Rondora 在这里无法使用菜单“%@”的快捷键。"},
     {StringKey::sessionHotkeyUnusableRemedy,
      "请退出 Rondora，在配置文件中为该菜单换一个快捷键，然后重新启动 Rondora。"},
+    {StringKey::sessionHotkeyOptionRemedy,
+     "键盘选项“%@"
+     "”使这个快捷键的修饰键用于切换键盘布局。请在桌面的键盘设置中改用其他按键切换布局，或者在配置文件中为该菜单换一个快"
+     "捷键。"},
     {StringKey::sessionTray, "Rondora 的图标已显示在系统托盘中。"},
     {StringKey::sessionNoTrayRemedy,
      "请在面板中添加系统托盘；GNOME 需要安装“AppIndicator”扩展。没有图标时，再次启动 Rondora 即可打开此设置窗口。"},

@@ -42,6 +42,14 @@ TEST(KeyCodesTest, NamePlacesAndMenuStandsInForFn) {
   EXPECT_EQ(x11::virtualKeyCode(8), KeyEvent::kNoKeyCode);
 }
 
+TEST_F(ChordTest, NamesTheKeyboardOptionThatPreventsTheChord) {
+  EXPECT_EQ(hotkeys_.optionAgainst(kControlOption), std::nullopt);
+  runTool({"setxkbmap", "us,ru", "-option", "grp:ctrl_alt_toggle"});
+  EXPECT_TRUE(eventually([&] { return hotkeys_.optionAgainst(kControlOption) == "grp:ctrl_alt_toggle"; }));
+  tapChord();
+  EXPECT_THAT(reports(), IsEmpty());
+}
+
 TEST_F(ChordTest, ReportsModifiersThatStickyKeysLatched) {
   enableStickyKeys();
   for (const std::uint8_t code : {key::control, key::alt, key::space}) user_.tap(code);

@@ -60,6 +60,12 @@ TEST_F(SessionReportTest, NamesMenuAndKeysOfARefusedHotkey) {
   ASSERT_NE(refused, findings.end());
   EXPECT_EQ(refused->statement, "The hotkey of the menu “Menu 1” is already taken by another program.");
   EXPECT_THAT(refused->remedy, testing::StartsWith("Free Super + Tab in the other program"));
+  desktop.keyboard.option = "grp:ctrl_alt_toggle";
+  const SessionFinding untypable = report({}, {{49, 0}}).at(1);
+  EXPECT_EQ(untypable.statement, "Rondora cannot use the hotkey of the menu “Menu 0” here.");
+  EXPECT_THAT(untypable.remedy, testing::HasSubstr("“grp:ctrl_alt_toggle”"));
+  desktop.keyboard.option.reset();
+  report({}, {{49, 0}, {48, carbon::kCommand}});
   const auto& menus = program.config().current().menus;
   EXPECT_EQ(firstMenuWithWorkingHotkey(menus, *program.delegate().hotkeyManager()), &menus.front());
 }

@@ -4,17 +4,21 @@
 #include <xkbcommon/xkbcommon.h>
 
 #include "base/owned.h"
+#include "platform/linux/x11/keyboard/layout_switches.h"
 #include "unit/x11/server_model.h"
 
 namespace rondora::x11 {
 namespace {
 
-ModifierKeys keysOf(const char* layout, const char* options = "") {
+UniqueCPtr<xkb_keymap, xkb_keymap_unref> keymapOf(const char* layout, const char* options = "") {
   const UniqueCPtr<xkb_context, xkb_context_unref> context(xkb_context_new(XKB_CONTEXT_NO_FLAGS));
   const xkb_rule_names names{"evdev", "pc105", layout, "", options};
-  const UniqueCPtr<xkb_keymap, xkb_keymap_unref> keymap(
+  return UniqueCPtr<xkb_keymap, xkb_keymap_unref>(
       xkb_keymap_new_from_names(context.get(), &names, XKB_KEYMAP_COMPILE_NO_FLAGS));
-  return modifierKeysOf(keymap.get());
+}
+
+ModifierKeys keysOf(const char* layout, const char* options = "") {
+  return modifierKeysOf(keymapOf(layout, options).get());
 }
 
 ModifierSet setOf(std::initializer_list<Modifier> modifiers) {
@@ -51,6 +55,20 @@ TEST(ModifierKeysTest, AltGrIsNoAlt) {
 TEST(ModifierKeysTest, ModifierWithoutKeyCannotBeSet) {
   EXPECT_TRUE(keysOf("us").canSet(kCommand));
   EXPECT_FALSE(keysOf("us", "altwin:alt_win").canSet(setOf({Modifier::command})));
+}
+
+TEST(ModifierKeysTest, NamesTheOptionThatMakesAChordSwitchTheLayout) {
+  const auto chord = setOf({Modifier::control, Modifier::option});
+  const auto expectSwitch = [&](const char* options, const char* name) {
+    for (const char* layout : {"us", "us,ru"}) EXPECT_TRUE(switchesLayout(keymapOf(layout, options).get(), chord));
+    EXPECT_EQ(layoutOptionOf(options, chord), name);
+  };
+  expectSwitch("grp:ctrl_alt_toggle", "grp:ctrl_alt_toggle");
+  expectSwitch("compose:menu,grp:alt_shift_toggle,grp:lalt_toggle,grp:win_space_toggle", "grp:lalt_toggle");
+  for (const char* harmless : {"", "grp:alt_shift_toggle", "grp:win_space_toggle", "ctrl:swapcaps", "grp:toggle"}) {
+    EXPECT_FALSE(switchesLayout(keymapOf("us,ru", harmless).get(), chord)) << harmless;
+  }
+  EXPECT_EQ(layoutOptionOf("compose:menu", chord), std::nullopt);
 }
 
 // Control and Shift together switch the layout here, so typing both keys would switch it.

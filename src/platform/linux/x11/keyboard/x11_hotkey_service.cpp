@@ -1,11 +1,13 @@
 #include "platform/linux/x11/keyboard/x11_hotkey_service.h"
 
 #include <algorithm>
+#include <string_view>
 #include <utility>
 
 #include "base/trace.h"
 #include "model/carbon_modifiers.h"
 #include "platform/linux/x11/keyboard/key_codes.h"
+#include "platform/linux/x11/keyboard/layout_switches.h"
 
 namespace rondora::x11 {
 namespace {
@@ -15,6 +17,27 @@ constexpr std::uint16_t kAllModifiers = 0xFF;
 bool existsHere(const X11Connection& connection, xcb_keycode_t key) {
   const xcb_setup_t* setup = xcb_get_setup(connection.get());
   return key >= setup->min_keycode && key <= setup->max_keycode;
+}
+
+ModifierSet modifierSet(std::uint32_t carbonModifiers) {
+  constexpr std::int64_t kBits[kModifierCount] = {carbon::kControl, carbon::kOption, carbon::kShift, carbon::kCommand};
+  ModifierSet modifiers;
+  for (std::size_t i = 0; i < kModifierCount; ++i) modifiers[i] = (carbonModifiers & kBits[i]) != 0;
+  return modifiers;
+}
+
+/// The last of the five texts that `setxkbmap` and the server leave at the root window.
+std::string keyboardOptions(const X11Connection& connection) {
+  constexpr int kOptions = 4;
+  const auto names = connection.property(connection.root(), connection.atom("_XKB_RULES_NAMES"), XCB_ATOM_STRING);
+  std::string_view rest;
+  if (names) rest = {reinterpret_cast<const char*>(names->data()), names->size()};
+  for (int i = 0; i < kOptions; ++i) {
+    const std::size_t end = rest.find('\0');
+    if (end == rest.npos) return {};
+    rest.remove_prefix(end + 1);
+  }
+  return std::string(rest.substr(0, rest.find('\0')));
 }
 
 }  // namespace
@@ -41,6 +64,12 @@ std::optional<Subscription> X11HotkeyService::registerEventHotKey(std::uint32_t 
   if (!isNeeded(combination) && !grab(combination)) return std::nullopt;
   registrations_.push_back({++lastNumber_, *key, carbonModifiers, id, modifiers});
   return Subscription(weakSelf_.bind([number = lastNumber_](X11HotkeyService& self) { self.unregister(number); }));
+}
+
+std::optional<std::string> X11HotkeyService::optionAgainst(std::uint32_t carbonModifiers) const {
+  const ModifierSet modifiers = modifierSet(carbonModifiers);
+  if (!switchesLayout(keymap_.keymap(), modifiers)) return std::nullopt;
+  return layoutOptionOf(keyboardOptions(connection_), modifiers);
 }
 
 Subscription X11HotkeyService::onModifiersMoved(std::function<void()> observer) {

@@ -25,6 +25,7 @@ class X11HotkeyService : public HotkeyService {
 
   std::optional<Subscription> registerEventHotKey(std::uint32_t keyCode, std::uint32_t carbonModifiers,
                                                   EventHotKeyID id) override;
+  std::optional<std::string> optionAgainst(std::uint32_t carbonModifiers) const override;
   Subscription onModifiersMoved(std::function<void()> observer) override;
   Subscription installEventHandler(Handler handler) override;
   void setOverlayRule(const OverlayRule& rule) override { overlayRule_ = rule; }
