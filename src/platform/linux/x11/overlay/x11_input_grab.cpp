@@ -67,16 +67,18 @@ void X11InputGrab::take(const InputGrabSink& sink) {
 void X11InputGrab::send(xcb_timestamp_t time) {
   xcb_connection_t* connection = connection_.get();
   ++attempts_;
-  attempt_.emplace().cursor = cursor_;
+  Attempt attempt;
+  attempt.cursor = cursor_;
   if (!hasKeyboard_) {
-    attempt_->keyboard =
+    attempt.keyboard =
         xcb_grab_keyboard(connection, 0, connection_.root(), time, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
   }
   if (!hasPointer_) {
-    attempt_->pointer = xcb_grab_pointer(connection, 0, connection_.root(), kPointerEvents, XCB_GRAB_MODE_ASYNC,
-                                         XCB_GRAB_MODE_ASYNC, XCB_WINDOW_NONE, cursor_, time);
+    attempt.pointer = xcb_grab_pointer(connection, 0, connection_.root(), kPointerEvents, XCB_GRAB_MODE_ASYNC,
+                                       XCB_GRAB_MODE_ASYNC, XCB_WINDOW_NONE, cursor_, time);
   }
-  attempt_->place = xcb_query_pointer(connection, connection_.root());
+  attempt.place = xcb_query_pointer(connection, connection_.root());
+  attempt_ = attempt;
   connection_.flush();
 }
 
