@@ -20,6 +20,8 @@ struct Scalar {
   bool valid = false;
 };
 
+bool isAscii(char byte) { return static_cast<unsigned char>(byte) < 0x80; }
+
 Scalar firstScalar(std::string_view text) {
   utf8proc_int32_t value = -1;
   const auto* bytes = reinterpret_cast<const utf8proc_uint8_t*>(text.data());
@@ -53,11 +55,17 @@ void appendUpperCased(std::string& text, utf8proc_int32_t scalar) {
   for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) append(text, utf8proc_toupper(folded.at(i)));
 }
 
-template <class AppendMapped>
-std::string mapped(std::string_view text, AppendMapped appendMapped) {
+/// ASCII, nearly all of what is mapped, needs no table.
+template <class MapAscii, class AppendMapped>
+std::string mapped(std::string_view text, MapAscii mapAscii, AppendMapped appendMapped) {
   std::string result;
   result.reserve(text.size());
   while (!text.empty()) {
+    if (isAscii(text.front())) {
+      result += mapAscii(text.front());
+      text.remove_prefix(1);
+      continue;
+    }
     const Scalar scalar = firstScalar(text);
     appendMapped(result, scalar.value);
     text.remove_prefix(scalar.length);
@@ -107,10 +115,15 @@ bool isValidUtf8(std::string_view text) {
   return true;
 }
 
-std::string upperCased(std::string_view text) { return mapped(text, appendUpperCased); }
+std::string upperCased(std::string_view text) {
+  const auto ascii = [](char byte) { return byte >= 'a' && byte <= 'z' ? static_cast<char>(byte - 'a' + 'A') : byte; };
+  return mapped(text, ascii, appendUpperCased);
+}
 
 std::string lowerCased(std::string_view text) {
-  return mapped(text, [](std::string& result, utf8proc_int32_t scalar) { append(result, utf8proc_tolower(scalar)); });
+  const auto ascii = [](char byte) { return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte; };
+  return mapped(text, ascii,
+                [](std::string& result, utf8proc_int32_t scalar) { append(result, utf8proc_tolower(scalar)); });
 }
 
 std::string compatibilityFolded(std::string_view text) {
