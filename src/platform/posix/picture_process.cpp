@@ -80,7 +80,7 @@ PictureProcess::PictureProcess(std::string program) : program_(std::move(program
 PictureResult PictureProcess::decode(const PictureRequest& request) {
   if (process_ != 0) {
     const auto begin = steady_clock::now();
-    const PictureResult result = ask(request);
+    PictureResult result = ask(request);
     const bool mayBeInnocent = steady_clock::now() - begin < kInnocence;
     if (result.outcome != PictureResult::Outcome::gaveUp || !mayBeInnocent) return result;
   }

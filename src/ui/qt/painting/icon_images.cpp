@@ -106,7 +106,7 @@ QImage IconImages::windowIcon(const IconCommand& icon, int side) {
   const QString key = QStringLiteral("%1|window|").arg(side) + toQString(icon.name);
   if (const auto found = made_.constFind(key); found != made_.constEnd()) return *found;
   const auto source = applicationIcons_.windowIconSource(icon.name);
-  const QImage image = source ? windowImage(*source, side) : QImage();
+  QImage image = source ? windowImage(*source, side) : QImage();
   if (!image.isNull()) keep(key, image);
   return image;
 }
