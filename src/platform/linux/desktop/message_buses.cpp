@@ -62,7 +62,7 @@ std::optional<std::string> valueOf(std::string_view key, std::string_view list) 
 
 /// The list of addresses; nothing when only the libraries find the bus.
 std::optional<std::string> addressOf(MessageBus bus, const ProcessEnvironment& environment) {
-  if (const auto address = environment.variable(variableOf(bus))) return address;
+  if (auto address = environment.variable(variableOf(bus))) return address;
   if (bus == MessageBus::system) return kSystemBus;
   const auto folder = environment.variable("XDG_RUNTIME_DIR");
   std::error_code error;
@@ -74,7 +74,7 @@ std::optional<std::string> addressOf(MessageBus bus, const ProcessEnvironment& e
 std::optional<std::string> socketName(MessageBus bus, const ProcessEnvironment& environment) {
   const auto address = addressOf(bus, environment);
   if (!address) return std::nullopt;
-  if (const auto path = valueOf("path", *address)) return path;
+  if (auto path = valueOf("path", *address)) return path;
   const auto abstractName = valueOf("abstract", *address);
   return abstractName ? std::optional('\0' + *abstractName) : std::nullopt;
 }
