@@ -18,14 +18,15 @@ class DefaultApplicationsTest : public testing::Test {
     std::filesystem::remove(applicationsFolder().programs() / "x-terminal-emulator");
   }
 
-  /// Waits until GIO has noticed the new file.
+  /// Waits until GIO has noticed the new file and has announced it.
   void setDefaults(const std::string& lines) {
     ++generation_;
+    const auto version = entries_.version();
     const std::string mark = "application/x-mark-" + std::to_string(generation_);
     applicationsFolder().setDefaults(lines + mark + "=player.desktop\n");
     ASSERT_TRUE(live::waitUntil([&] {
       g_main_context_iteration(nullptr, FALSE);
-      return defaults_.handlerOfType(mark.c_str()).has_value();
+      return entries_.version() != version && defaults_.handlerOfType(mark.c_str()).has_value();
     }));
   }
 
