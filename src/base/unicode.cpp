@@ -94,7 +94,7 @@ bool isVisible(const Scalar& scalar) {
 }
 
 std::string escape(const char* format, unsigned value) {
-  std::array<char, 8> text{};
+  std::array<char, 16> text{};
   std::snprintf(text.data(), text.size(), format, value);
   return text.data();
 }
