@@ -16,7 +16,7 @@ constexpr int kReplyTimeout = 2000;                        // milliseconds, also
 constexpr std::chrono::milliseconds kRetryInterval{1000};  // while the bus is gone; doubled each time
 constexpr std::chrono::milliseconds kMaxRetryInterval{60000};
 
-// Of the method RequestName (D-Bus specification, "Message Bus Messages").
+// Flag and reply of the method RequestName of org.freedesktop.DBus.
 constexpr std::uint32_t kDoNotQueue = 4;
 constexpr std::uint32_t kPrimaryOwner = 1;
 constexpr const char* kShowSettings = "ShowSettings";

@@ -24,7 +24,7 @@ namespace {
 constexpr const char* kSystemBus = "unix:path=/var/run/dbus/system_bus_socket";
 /// No socket: a connection is refused at once.
 constexpr const char* kNoBus = "unix:path=/dev/null";
-/// The credentials byte and a request that every server answers (D-Bus specification, "Authentication Protocol").
+/// The credentials byte and a request that every server answers (the authentication protocol of D-Bus).
 constexpr std::string_view kGreeting{"\0AUTH\r\n", 7};
 
 using Variables = std::map<std::string, std::optional<std::string>>;
