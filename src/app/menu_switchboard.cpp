@@ -103,8 +103,8 @@ void MenuSwitchboard::show(const PieMenu& menu, const HotkeyConfig& triggerHotke
                       std::move(appCommands));
   pieMenuWindow_.hideWhenIdle(
       weakSelf_.bind([triggerHotkey](MenuSwitchboard& self) { return self.holdsAnyKeyOf(triggerHotkey); }));
-  const bool isReleased = triggerHotkey.hasModifiers() && triggerModifiers_ == ModifierHold::held;
-  if (isReleased) armModifierReleaseDismissal(triggerHotkey);
+  const bool releaseChooses = triggerHotkey.hasModifiers() && triggerModifiers_ == ModifierHold::held;
+  if (releaseChooses) armModifierReleaseDismissal(triggerHotkey);
 }
 
 std::optional<std::vector<PieMenuItem>> MenuSwitchboard::itemsOverride(const PieMenu& menu) const {
