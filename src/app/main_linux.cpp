@@ -22,6 +22,7 @@
 #include "platform/linux/desktop/glib_messages.h"
 #include "platform/linux/desktop/journal_log.h"
 #include "platform/linux/desktop/message_buses.h"
+#include "platform/linux/desktop/own_image.h"
 #include "platform/linux/desktop/standard_error.h"
 #include "platform/linux/desktop/system_clock.h"
 #include "platform/linux/x11/guard/input_guard.h"
@@ -157,7 +158,7 @@ void becomeNewInstance(char** argv) {
   for (const int signal : kEndSignals) sigaddset(&signals, signal);
   sigprocmask(SIG_UNBLOCK, &signals, nullptr);
   rondora::desktop::showBuses();
-  execv("/proc/self/exe", argv);
+  rondora::desktop::executeOwnImage(argv);
 }
 
 }  // namespace

@@ -12,14 +12,13 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
 #include <fstream>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <system_error>
 
 #include "base/owned.h"
+#include "platform/linux/desktop/own_image.h"
 #include "platform/linux/x11/typing/xtest_keyboard.h"
 
 namespace rondora::x11 {
@@ -150,15 +149,6 @@ bool mayRestart() {
   return setenv(kRestartsVariable, (std::to_string(count + 1) + ' ' + std::to_string(begin)).c_str(), 1) == 0;
 }
 
-/// By its own path, from which the system takes the process name. A file that was replaced meanwhile has none.
-void becomeProgram(char** arguments) {
-  constexpr const char* kImage = "/proc/self/exe";
-  std::error_code error;
-  const auto path = std::filesystem::read_symlink(kImage, error);
-  if (!error) execv(path.c_str(), arguments);
-  execv(kImage, arguments);
-}
-
 }  // namespace
 
 bool isGuard(char** arguments) { return *arguments != nullptr && std::string_view(*arguments) == kGuardName; }
@@ -174,7 +164,7 @@ void runGuard(int descriptor, char** arguments) {
   if (end == End::hang && mayRestart()) {
     signals.restore();
     close(descriptor);
-    becomeProgram(arguments);
+    desktop::executeOwnImage(arguments);
   }
   _exit(0);
 }
