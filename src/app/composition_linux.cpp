@@ -37,6 +37,7 @@
 #include "platform/qt/qt_readable_watch.h"
 #include "platform/qt/qt_setup.h"
 #include "platform/qt/qt_x11_access.h"
+#include "platform/qt/reconnecting_bus.h"
 #include "platform/qt/session_bus_channel.h"
 #include "storage/legacy_pie_menu_migration.h"
 #include "ui/qt/painting/qt_picture_rasterizer.h"
@@ -58,9 +59,12 @@ struct CompositionLinux::Presence {
 
   desktop::PosixProcessEnvironment environment;
   desktop::PosixFileSystem files{desktop::xdgFolders(environment)};
-  SessionBusChannel bus{
-      QDBusConnection::sessionBus(), environment.bundleIdentifier(),
-      [this] { return desktop::doesBusAnswer(desktop::MessageBus::session, environment, desktop::kMaxBusSilence); }};
+  bool doesAnswer(desktop::MessageBus which) const {
+    return desktop::doesBusAnswer(which, environment, desktop::kMaxBusSilence);
+  }
+  ReconnectingBus sessionBus{QDBusConnection::SessionBus, [this] { return doesAnswer(desktop::MessageBus::session); }};
+  ReconnectingBus systemBus{QDBusConnection::SystemBus, [this] { return doesAnswer(desktop::MessageBus::system); }};
+  SessionBusChannel bus{sessionBus, environment.bundleIdentifier()};
   desktop::LockFileChannel lockFile{environment, files.cachesFolder(), watchReadable};
   SingleInstance instance;
 };
@@ -87,7 +91,7 @@ struct CompositionLinux::Running {
   desktop::NoSpaceShortcuts spaceShortcuts;
   QtMainQueue mainQueue;
   QtApplicationShell shell;
-  BusSessionEvents sessionEvents{QDBusConnection::systemBus(), QDBusConnection::sessionBus()};
+  BusSessionEvents sessionEvents{presence.systemBus, presence.sessionBus};
   QtPasteboard pasteboard;
   QtNetworkFetch network;
   desktop::ProcessPictureDecoder pictureDecoder{

@@ -11,8 +11,9 @@ constexpr const char* kScreenSavers[] = {"org.freedesktop.ScreenSaver", "org.gno
 
 }  // namespace
 
-// Without a service's name in the rules the bus is not asked for its owner, and nothing waits.
-BusSessionEvents::BusSessionEvents(QDBusConnection systemBus, QDBusConnection sessionBus) {
+BusSessionEvents::BusSessionEvents(ReconnectingBus& systemBus, ReconnectingBus& sessionBus)
+    : systemBusReturns_(systemBus.onReconnected([&] { listenToLogin(systemBus.connection()); })),
+      sessionBusReturns_(sessionBus.onReconnected([&] { listenToScreenSavers(sessionBus.connection()); })) {
   begins_.setCheckable(true);
   QObject::connect(&happens_, &QAction::triggered, &happens_, [this] { lockOrSleep_.send(); });
   QObject::connect(&begins_, &QAction::toggled, &begins_, [this](bool begins) {
@@ -20,8 +21,17 @@ BusSessionEvents::BusSessionEvents(QDBusConnection systemBus, QDBusConnection se
     begins_.setChecked(false);
     lockOrSleep_.send();
   });
+  listenToLogin(systemBus.connection());
+  listenToScreenSavers(sessionBus.connection());
+}
+
+// Without a service's name in the rules the bus is not asked for its owner, and nothing waits.
+void BusSessionEvents::listenToLogin(QDBusConnection systemBus) {
   systemBus.connect({}, {}, "org.freedesktop.login1.Session", "Lock", &happens_, SLOT(trigger()));
   systemBus.connect({}, {}, "org.freedesktop.login1.Manager", "PrepareForSleep", &begins_, SLOT(setChecked(bool)));
+}
+
+void BusSessionEvents::listenToScreenSavers(QDBusConnection sessionBus) {
   for (const char* screenSaver : kScreenSavers) {
     sessionBus.connect({}, {}, screenSaver, "ActiveChanged", &begins_, SLOT(setChecked(bool)));
   }

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <QAction>
-#include <QDBusConnection>
 
+#include "platform/qt/reconnecting_bus.h"
 #include "platform/session_events.h"
 
 namespace rondora {
@@ -10,16 +10,21 @@ namespace rondora {
 /// The login manager's Lock and PrepareForSleep on the system bus, and ActiveChanged of the session's screen savers.
 class BusSessionEvents : public SessionEvents {
  public:
-  /// Connections that are not connected announce nothing.
-  BusSessionEvents(QDBusConnection systemBus, QDBusConnection sessionBus);
+  /// Buses that are not connected announce nothing. Both must outlive the object.
+  BusSessionEvents(ReconnectingBus& systemBus, ReconnectingBus& sessionBus);
 
   Subscription onLockOrSleep(std::function<void()> observer) override;
 
  private:
+  void listenToLogin(QDBusConnection systemBus);
+  void listenToScreenSavers(QDBusConnection sessionBus);
+
   /// Receivers of the signals: one for those without a value, one for those that say whether it begins or ends.
   QAction happens_;
   QAction begins_;
   Signal<> lockOrSleep_;
+  Subscription systemBusReturns_;
+  Subscription sessionBusReturns_;
 };
 
 }  // namespace rondora

@@ -3,8 +3,6 @@
 #include <QDBusError>
 #include <QDBusMessage>
 #include <QVariant>
-#include <algorithm>
-#include <chrono>
 #include <cstdint>
 #include <utility>
 
@@ -12,11 +10,10 @@ namespace rondora {
 
 namespace {
 
-constexpr int kReplyTimeout = 2000;                        // milliseconds, also of the bus itself
-constexpr std::chrono::milliseconds kRetryInterval{1000};  // while the bus is gone; doubled each time
-constexpr std::chrono::milliseconds kMaxRetryInterval{60000};
+constexpr int kReplyTimeout = 2000;  // milliseconds, also of the bus itself
 
-// Flag and reply of the method RequestName of org.freedesktop.DBus.
+// Flags and reply of the method RequestName of org.freedesktop.DBus.
+constexpr std::uint32_t kQueue = 0;
 constexpr std::uint32_t kDoNotQueue = 4;
 constexpr std::uint32_t kPrimaryOwner = 1;
 constexpr const char* kShowSettings = "ShowSettings";
@@ -40,68 +37,46 @@ QDBusMessage callOfBus(const char* method, const QList<QVariant>& arguments) {
 
 }  // namespace
 
-SessionBusChannel::SessionBusChannel(QDBusConnection bus, const std::string& name, std::function<bool()> doesBusAnswer)
-    : bus_(std::move(bus)),
-      name_(QString::fromStdString(name)),
-      path_("/" + QString(name_).replace('.', '/')),
-      doesBusAnswer_(std::move(doesBusAnswer)) {
-  retry_.setSingleShot(true);
-  QObject::connect(&retry_, &QTimer::timeout, &retry_, [this] { askWhetherBusAnswers(); });
-}
+SessionBusChannel::SessionBusChannel(ReconnectingBus& bus, const std::string& name)
+    : bus_(bus), name_(QString::fromStdString(name)), path_("/" + QString(name_).replace('.', '/')) {}
 
 SessionBusChannel::~SessionBusChannel() { release(); }
 
 // Registers the object before the name: a caller that finds the name also finds the object.
 InstanceChannel::Claim SessionBusChannel::claim() {
-  if (!bus_.isConnected()) return Claim::unavailable;
-  if (!bus_.registerVirtualObject(path_, this)) return Claim::unavailable;
+  QDBusConnection connection = bus_.connection();
+  if (!connection.isConnected()) return Claim::unavailable;
+  if (!connection.registerVirtualObject(path_, this)) return Claim::unavailable;
   const QDBusMessage reply =
-      bus_.call(callOfBus("RequestName", {name_, QVariant::fromValue(kDoNotQueue)}), QDBus::Block, kReplyTimeout);
+      connection.call(callOfBus("RequestName", {name_, QVariant::fromValue(kDoNotQueue)}), QDBus::Block, kReplyTimeout);
   const bool isReply = reply.type() == QDBusMessage::ReplyMessage;
   if (isReply && reply.arguments().value(0).toUInt() == kPrimaryOwner) {
-    retry_.setInterval(kRetryInterval);
-    watchConnection();
+    reconnected_ = bus_.onReconnected([this] { claimAgain(); });
     return Claim::first;
   }
-  bus_.unregisterObject(path_);
+  connection.unregisterObject(path_);
   return isReply ? Claim::taken : Claim::unavailable;
+}
+
+void SessionBusChannel::claimAgain() {
+  QDBusConnection connection = bus_.connection();
+  connection.registerVirtualObject(path_, this);
+  connection.send(callOfBus("RequestName", {name_, QVariant::fromValue(kQueue)}));
 }
 
 // Does not wait for the bus, which may hang.
 void SessionBusChannel::release() {
-  retry_.stop();
-  if (!bus_.isConnected() || bus_.objectRegisteredAt(path_) != this) return;
-  bus_.send(callOfBus("ReleaseName", {name_}));
-  bus_.unregisterObject(path_);
-}
-
-void SessionBusChannel::watchConnection() {
-  bus_.connect({}, "/org/freedesktop/DBus/Local", "org.freedesktop.DBus.Local", "Disconnected", &retry_, SLOT(start()));
-}
-
-// The bus may accept and not answer, so another thread asks it first.
-void SessionBusChannel::askWhetherBusAnswers() {
-  probes_.start([this] {
-    const bool isThere = doesBusAnswer_();
-    QMetaObject::invokeMethod(
-        &retry_, [this, isThere] { connectAgain(isThere); }, Qt::QueuedConnection);
-  });
-}
-
-void SessionBusChannel::connectAgain(bool isThere) {
-  if (isThere) {
-    const QString connection = "rondora-" + QString::number(++connections_);
-    bus_ = QDBusConnection::connectToBus(QDBusConnection::SessionBus, connection);
-    if (claim() == Claim::first) return;
-    QDBusConnection::disconnectFromBus(connection);
-  }
-  retry_.start(std::min(2 * retry_.intervalAsDuration(), kMaxRetryInterval));
+  reconnected_.reset();
+  QDBusConnection connection = bus_.connection();
+  if (!connection.isConnected() || connection.objectRegisteredAt(path_) != this) return;
+  connection.send(callOfBus("ReleaseName", {name_}));
+  connection.unregisterObject(path_);
 }
 
 bool SessionBusChannel::askForSettings() {
   QDBusMessage call = QDBusMessage::createMethodCall(name_, path_, name_, kShowSettings);
   call.setAutoStartService(false);
-  return bus_.call(call, QDBus::Block, kReplyTimeout).type() == QDBusMessage::ReplyMessage;
+  return bus_.connection().call(call, QDBus::Block, kReplyTimeout).type() == QDBusMessage::ReplyMessage;
 }
 
 void SessionBusChannel::serve(SessionRequests requests) { requests_ = std::move(requests); }

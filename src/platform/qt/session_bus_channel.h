@@ -2,22 +2,20 @@
 
 #include <QDBusConnection>
 #include <QDBusVirtualObject>
-#include <QThreadPool>
-#include <QTimer>
-#include <functional>
 #include <string>
 
 #include "platform/instance_channel.h"
+#include "platform/qt/reconnecting_bus.h"
 
 namespace rondora {
 
-/// The program's name on the session bus and the object behind it. Connects again after the bus was restarted. Waits
-/// for the bus for two seconds at most. Main thread.
+/// The program's name on the session bus and the object behind it; both return after the bus was restarted. Waits for
+/// the bus for two seconds at most. Main thread.
 class SessionBusChannel final : public QDBusVirtualObject, public InstanceChannel {
  public:
   /// `name` is the bus name to own and also the name of the interface; the object's path has the same parts.
-  /// `doesBusAnswer` says, on another thread, whether the bus would answer; it may block.
-  SessionBusChannel(QDBusConnection bus, const std::string& name, std::function<bool()> doesBusAnswer);
+  /// `bus` must outlive the object.
+  SessionBusChannel(ReconnectingBus& bus, const std::string& name);
   ~SessionBusChannel() override;
 
   Claim claim() override;
@@ -32,20 +30,14 @@ class SessionBusChannel final : public QDBusVirtualObject, public InstanceChanne
   QDBusMessage answerTo(const QDBusMessage& call) const;
   QDBusMessage answerToTrigger(const QDBusMessage& call) const;
 
-  void watchConnection();
-  void askWhetherBusAnswers();
-  void connectAgain(bool isThere);
+  /// Without waiting for the reply: the name is ours as soon as it is free.
+  void claimAgain();
 
-  QDBusConnection bus_;
+  ReconnectingBus& bus_;
   QString name_;
   QString path_;
   SessionRequests requests_;
-  std::function<bool()> doesBusAnswer_;
-  int connections_ = 0;
-  /// Runs while the connection is lost.
-  QTimer retry_;
-  /// A pool of its own: what blocks here must not delay painting.
-  QThreadPool probes_;
+  Subscription reconnected_;
 };
 
 }  // namespace rondora
