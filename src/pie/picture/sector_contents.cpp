@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <numbers>
 
 #include "base/unicode.h"
@@ -12,12 +13,19 @@
 namespace rondora {
 namespace {
 
-constexpr double kRadiusPerPointSize = 0.55;  // of the disc that a single character needs
-constexpr double kIconCorners = 1.16;         // a square icon reaches beyond its inscribed disc
-constexpr double kMinIconRadius = 3;          // points; a smaller icon is unrecognisable
+constexpr double kRadiusPerPointSize = 0.55;              // of the disc that a single character needs
+constexpr double kDiscPerHalfSide = std::numbers::sqrt2;  // of the disc around a square
+constexpr double kMinIconRadius = 3 * kDiscPerHalfSide;   // points; a smaller icon is unrecognisable
 constexpr double kMinLabelRadius = 3.3;
 constexpr double kMinPawRadius = 5;
-constexpr double kArmPerPaw = 0.7;  // half the arm's width
+constexpr double kArmPerPaw = 0.7;     // half the arm's width
+constexpr double kLabelPerIcon = 0.6;  // worth of a whole label where a whole icon counts 1
+constexpr double kPullToWantedPlace = 0.02;
+constexpr int kSteps = 64;
+
+double halfWidthSine(const RingLayout& layout) {
+  return std::sin(std::min(sectorWidth(layout.sectorCount) / 2, std::numbers::pi / 2));
+}
 
 double halfGapOf(const RingLayout& layout) {
   PieSectorShape shape;
@@ -28,43 +36,55 @@ double halfGapOf(const RingLayout& layout) {
   return shape.halfGap();
 }
 
+/// Narrow sectors have less to spare.
+double paddingOf(const RingLayout& layout) {
+  return std::min({3 * layout.scale, 0.06 * layout.ringWidth(), 0.12 * layout.outerRadius * halfWidthSine(layout)});
+}
+
 }  // namespace
 
-double SectorContents::gap(const RingLayout& layout) { return 4 * layout.scale; }
+double SectorContents::gap(const RingLayout& layout) {
+  return std::min(4 * layout.scale, 0.4 * layout.innerRadius * halfWidthSine(layout));
+}
 
 SectorContents::SectorContents(const PieMenu& menu, const RingLayout& layout)
     : layout_(layout),
       halfWidth_(sectorWidth(layout.sectorCount) / 2),
-      padding_(std::min(3 * layout.scale, 0.06 * layout.ringWidth())),
+      halfWidthSine_(halfWidthSine(layout)),
+      padding_(paddingOf(layout)),
       halfGap_(halfGapOf(layout)),
       labelUnit_(std::min(layout.ringWidth(), 90 * layout.scale)),
       labelRadius_(kRadiusPerPointSize * labelUnit_ * drawn<&PieMenu::shortcutDigitSizeScale>(menu)),
-      icon_(fittingIcon(menu, layout.outerRadius)),
+      wantedIcon_{layout.innerRadius + layout.ringWidth() * drawn<&PieMenu::iconDistance>(menu),
+                  kDiscPerHalfSide * drawn<&PieMenu::iconSize>(menu) * layout.scale / 2},
+      icon_(fittingIcon()),
       paw_(pawPlace(menu)) {
-  if (!placeInCorners(menu)) stack(menu);
+  if (layout.sectorCount == 1) {
+    placeOpposite();
+  } else if (!placeInCorners(menu)) {
+    stack();
+  }
 }
 
 /// The radius of the largest disc centred at `distance` that stays inside the sector.
-double SectorContents::roomAt(double distance, double rim) const {
-  const double toEdge = distance * std::sin(std::min(halfWidth_, std::numbers::pi / 2)) - halfGap_;
-  return std::min({toEdge, rim - distance, distance - layout_.innerRadius}) - padding_;
+double SectorContents::roomAt(double distance) const {
+  const double toEdge = distance * halfWidthSine_ - halfGap_;
+  return std::min({toEdge, layout_.outerRadius - distance, distance - layout_.innerRadius}) - padding_;
 }
 
-SectorContents::Disc SectorContents::fittingIcon(const PieMenu& menu, double rim) const {
-  const double wanted = drawn<&PieMenu::iconSize>(menu) * layout_.scale / 2;
-  const double place = drawn<&PieMenu::iconDistance>(menu);
-  const double wantedDistance = layout_.innerRadius + layout_.ringWidth() * place;
-  constexpr int kSteps = 64;
-  constexpr double kPullToWantedPlace = 0.02;
-  Disc best{wantedDistance, std::min(wanted, roomAt(wantedDistance, rim) / kIconCorners)};
-  double bestScore = best.radius;
+SectorContents::Disc SectorContents::iconAt(double distance) const {
+  return {distance, std::min(wantedIcon_.radius, roomAt(distance))};
+}
+
+/// The largest icon, near its wanted place.
+SectorContents::Disc SectorContents::fittingIcon() const {
+  const auto score = [this](const Disc& icon) {
+    return icon.radius - kPullToWantedPlace * std::abs(icon.distance - wantedIcon_.distance);
+  };
+  Disc best = iconAt(wantedIcon_.distance);
   for (int step = 0; step <= kSteps; ++step) {
-    const double distance = layout_.innerRadius + (rim - layout_.innerRadius) * step / kSteps;
-    const double radius = std::min(wanted, roomAt(distance, rim) / kIconCorners);
-    const double score = radius - kPullToWantedPlace * std::abs(distance - wantedDistance);
-    if (score <= bestScore) continue;
-    best = {distance, radius};
-    bestScore = score;
+    const Disc icon = iconAt(layout_.innerRadius + layout_.ringWidth() * step / kSteps);
+    if (score(icon) > score(best)) best = icon;
   }
   return best;
 }
@@ -73,16 +93,16 @@ SectorContents::Disc SectorContents::pawPlace(const PieMenu& menu) const {
   const double size = drawn<&PieMenu::pawSizeScale>(menu);
   const double inset = drawn<&PieMenu::pawRadialInset>(menu);
   const double distance = layout_.outerRadius - inset * layout_.ringWidth();
-  const double toEdge = distance * std::sin(std::min(halfWidth_, std::numbers::pi / 2)) - halfGap_ - padding_;
+  const double toEdge = distance * halfWidthSine_ - halfGap_ - padding_;
   return {distance, std::min(size * layout_.ringWidth() / 2, toEdge)};
 }
 
 /// The place nearest to the wanted one, seen from the corner, at which the disc touches neither icon nor hub.
 std::optional<SectorContents::CornerPlace> SectorContents::cornerPlace(double inset, double radius) const {
-  constexpr int kSteps = 32;
+  constexpr int kInsetSteps = 32;
   std::optional<CornerPlace> place;
-  for (int step = 0; step <= kSteps; ++step) {
-    const double wanted = inset * step / kSteps;
+  for (int step = 0; step <= kInsetSteps; ++step) {
+    const double wanted = inset * step / kInsetSteps;
     const double fromRim = std::max(wanted, radius + padding_);
     const double fromEdge = std::max(wanted, radius + padding_ + halfGap_);
     const double distance = layout_.outerRadius - fromRim;
@@ -100,42 +120,56 @@ bool SectorContents::leavesIconFree(const CornerPlace& place) const {
   const double a = place.disc.distance;
   const double b = icon_.distance;
   const double apart = std::sqrt(std::max(0.0, a * a + b * b - 2 * a * b * std::cos(angle)));
-  return apart >= kIconCorners * icon_.radius + place.disc.radius;
+  return apart >= icon_.radius + place.disc.radius;
 }
 
-/// Shrinks the label until it fits, but not below the size that a stack would give it.
+/// Shrinks the label a little if need be.
 bool SectorContents::placeInCorners(const PieMenu& menu) {
-  constexpr double kStep = 0.95;
   const double leftInset = drawn<&PieMenu::shortcutDigitInsetLeftScale>(menu) * labelUnit_;
   const double rightInset = drawn<&PieMenu::shortcutDigitInsetRightScale>(menu) * labelUnit_;
-  constexpr double kMinRadius = 1;  // points
-  const double smallest = std::max(stackedLabelRadius(), kMinRadius);
-  double radius = labelRadius_;
-  while (radius >= smallest) {
-    left_ = cornerPlace(leftInset, radius);
-    right_ = cornerPlace(rightInset, radius);
-    if (left_ && right_) {
-      labelRadius_ = radius;
-      return true;
-    }
-    radius *= kStep;
+  for (const double share : {1.0, 0.95, 0.9, 0.85, 0.8}) {
+    left_ = cornerPlace(leftInset, share * labelRadius_);
+    right_ = cornerPlace(rightInset, share * labelRadius_);
+    if (!left_ || !right_) continue;
+    labelRadius_ *= share;
+    return true;
   }
   return false;
 }
 
-double SectorContents::stackedLabelRadius() const {
-  const double rim = layout_.outerRadius;
-  const double room = roomAt(rim - labelRadius_ - padding_, rim + padding_);
-  return std::min({labelRadius_, std::max(room, 0.0), 0.16 * layout_.ringWidth()});
+/// The largest label between an icon and the hub.
+SectorContents::Disc SectorContents::labelInside(const Disc& icon) const {
+  const double end = icon.distance - icon.radius - padding_ / 2;
+  const double betweenEdges = (end * halfWidthSine_ - halfGap_ - padding_) / (1 + halfWidthSine_);
+  const double beforeHub = (end - layout_.innerRadius - padding_) / 2;
+  const double radius = std::max(0.0, std::min({labelRadius_, betweenEdges, beforeHub}));
+  return {end - radius, radius};
 }
 
-/// Label at the rim, icon between it and the hub.
-void SectorContents::stack(const PieMenu& menu) {
-  const double rim = layout_.outerRadius;
-  labelRadius_ = stackedLabelRadius();
-  const double distance = rim - labelRadius_ - padding_;
-  left_ = right_ = CornerPlace{{distance, labelRadius_}, halfWidth_};
-  icon_ = fittingIcon(menu, labelRadius_ >= kMinLabelRadius ? distance - labelRadius_ : rim);
+/// Icon in the wide part of the sector, label between it and the hub; each as large as the other permits.
+void SectorContents::stack() {
+  Disc label{icon_.distance, std::min(labelRadius_, roomAt(icon_.distance))};
+  double bestScore = -std::numeric_limits<double>::infinity();
+  const double wholeIcon = std::max(wantedIcon_.radius, kMinIconRadius);
+  for (int step = 0; step <= kSteps; ++step) {
+    const Disc icon = iconAt(layout_.innerRadius + layout_.ringWidth() * step / kSteps);
+    const Disc inside = labelInside(icon);
+    const double distance = std::abs(icon.distance - wantedIcon_.distance) / layout_.ringWidth();
+    const double score =
+        icon.radius / wholeIcon + kLabelPerIcon * inside.radius / labelRadius_ - kPullToWantedPlace * distance;
+    if (icon.radius < kMinIconRadius || score <= bestScore) continue;
+    bestScore = score;
+    icon_ = icon;
+    label = inside;
+  }
+  labelRadius_ = label.radius;
+  left_ = right_ = CornerPlace{label, halfWidth_};
+}
+
+/// A closed ring has no corners: the label lies opposite the icon.
+void SectorContents::placeOpposite() {
+  labelRadius_ = std::min(labelRadius_, roomAt(icon_.distance));
+  left_ = right_ = CornerPlace{{icon_.distance, labelRadius_}, 0};
 }
 
 Point SectorContents::pointAt(double distance, double angle) const {
@@ -144,13 +178,13 @@ Point SectorContents::pointAt(double distance, double angle) const {
 
 std::optional<Rect> SectorContents::iconRect(std::size_t index) const {
   if (icon_.radius < kMinIconRadius) return std::nullopt;
-  return squareAround(pointAt(icon_.distance, layout_.sectorMiddle(index)), icon_.radius);
+  return squareAround(pointAt(icon_.distance, layout_.sectorMiddle(index)), icon_.radius / kDiscPerHalfSide);
 }
 
 std::optional<SectorContents::Paw> SectorContents::paw(std::size_t index) const {
   if (paw_.radius < kMinPawRadius) return std::nullopt;
   const double armEnd = layout_.innerRadius + padding_;
-  const double roomForArm = armEnd * std::sin(std::min(halfWidth_, std::numbers::pi / 2)) - halfGap_ - padding_;
+  const double roomForArm = armEnd * halfWidthSine_ - halfGap_ - padding_;
   const bool isWhole = paw_.distance + paw_.radius < layout_.outerRadius && paw_.distance > armEnd &&
                        kArmPerPaw * paw_.radius < roomForArm;
   return Paw{pointAt(paw_.distance, layout_.sectorMiddle(index)), paw_.radius, isWhole};
