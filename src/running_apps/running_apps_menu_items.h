@@ -26,14 +26,23 @@ class RunningAppsMenuItems {
 
   /// One item for each regular running application that the menu does not exclude. The previously active application
   /// comes first, so that one step and a release switch to it; the others follow in start order, so that each keeps its
-  /// place. An application's item always has the same id.
+  /// place. An application's item always has the same id, and the same colour while the application runs.
   std::vector<PieMenuItem> build(const PieMenu& menu);
 
  private:
   using Applications = std::vector<RunningApplication>;
+  struct Started {
+    std::string identifier;
+    /// Index in kItemColorPalette.
+    std::size_t color = 0;
+  };
 
   Applications eligibleApplications(const PieMenu& menu);
   void noteStarted(const Applications& running);
+  /// `started_.size()` if it is not among them.
+  std::size_t startPosition(const std::string& identifier) const;
+  /// The identifier's own colour, or the next one that fewer applications have.
+  std::size_t freeColorFor(const std::string& identifier) const;
   /// Smaller for a more recently active application.
   std::size_t activationRank(const RunningApplication& application) const;
   void keepLastActive(Applications& applications) const;
@@ -42,8 +51,8 @@ class RunningAppsMenuItems {
   const Workspace& workspace_;
   const RunningAppsActivationHistory& history_;
   std::string ownBundleIdentifier_;
-  /// Identifiers of the applications at the last build, in the order of their first appearance.
-  std::vector<std::string> startOrder_;
+  /// The applications of the last build, in the order of their first appearance.
+  std::vector<Started> started_;
 };
 
 }  // namespace rondora

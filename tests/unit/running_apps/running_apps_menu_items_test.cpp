@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <map>
+#include <set>
 
 #include "doubles/fake_workspace.h"
 #include "doubles/stories.h"
@@ -76,23 +77,31 @@ TEST_F(RunningAppsTest, MakesAnItemThatLaunchesTheApplication) {
   EXPECT_EQ(build()[0].title, "untitled");
 }
 
-TEST_F(RunningAppsTest, ShowsTwelveWithColoursBySectorAndStableIds) {
+TEST_F(RunningAppsTest, ShowsTwelveWithStableIdsAndColours) {
   history.startObservingIfNeeded();
-  for (int i = 0; i < 20; ++i) workspace.start("app" + std::to_string(i));
+  for (int i = 0; i < 8; ++i) workspace.start("app" + std::to_string(i));
+  std::map<std::string, std::string> colors;
+  std::set<std::string> distinct;
+  for (const auto& item : build()) distinct.insert(colors[item.title] = item.color);
+  EXPECT_EQ(distinct.size(), kItemColorPalette.size());
+  for (int i = 8; i < 20; ++i) workspace.start("app" + std::to_string(i));
   const auto built = build();
   ASSERT_EQ(built.size(), 12U);
   EXPECT_EQ(built[0].title, "app18");
   EXPECT_EQ(built[1].title, "app8");
   EXPECT_EQ(built[11].title, "app19");
-  std::map<Uuid, std::string> ids;
+  std::set<Uuid> ids;
   for (std::size_t i = 0; i < built.size(); ++i) {
     EXPECT_EQ(built[i].sectorIndex, static_cast<std::int64_t>(i));
-    EXPECT_EQ(built[i].color, kItemColorPalette[i % 8]);
-    ids[built[i].id] = built[i].title;
+    EXPECT_EQ(built[i].color, colors.emplace(built[i].title, built[i].color).first->second) << built[i].title;
+    ids.insert(built[i].id);
   }
   EXPECT_EQ(ids.size(), 12U);
   workspace.bringForward(workspace.runningApplications()[10].processIdentifier);
-  for (const auto& item : build()) EXPECT_EQ(ids[item.id], item.title);
+  workspace.quit(workspace.runningApplications()[11].processIdentifier);
+  for (const auto& item : build()) {
+    EXPECT_EQ(item.color, colors.emplace(item.title, item.color).first->second) << item.title;
+  }
 }
 
 TEST_F(RunningAppsTest, HistoryKeepsTheLatestApplicationsWithAnIdentifier) {
