@@ -48,7 +48,7 @@ bool InstalledApplications::isInstalled(std::string_view id) const { return entr
 
 std::optional<std::string> InstalledApplications::name(std::string_view id) const {
   GDesktopAppInfo* entry = entries_.find(id);
-  const char* name = entry ? g_app_info_get_display_name(G_APP_INFO(entry)) : nullptr;
+  const char* name = entry ? g_app_info_get_name(G_APP_INFO(entry)) : nullptr;
   if (!name) return std::nullopt;
   return std::string(name);
 }
