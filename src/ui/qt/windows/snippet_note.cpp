@@ -1,9 +1,9 @@
 #include "ui/qt/windows/snippet_note.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QBitmap>
 #include <QFontMetricsF>
 #include <QPainter>
-#include <QPainterPath>
 #include <QTextBlock>
 #include <QTextLayout>
 #include <QTextOption>
@@ -96,18 +96,25 @@ void SnippetNote::setPreview(const SnippetPreview& preview) {
   update();
 }
 
-/// Without a compositor transparent corners would be black.
+/// Without a compositor transparent corners would be black: the window gets the shape of the note.
 void SnippetNote::cutCorners() {
   if (qtIsComposited()) return clearMask();
-  QPainterPath shape;
-  shape.addRoundedRect(rect(), kCornerRadius, kCornerRadius);
-  setMask(shape.toFillPolygon().toPolygon());
+  QBitmap shape(size());
+  shape.clear();
+  QPainter painter(&shape);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(Qt::color1);
+  painter.drawRoundedRect(rect(), kCornerRadius, kCornerRadius);
+  painter.end();
+  setMask(shape);
 }
 
 int SnippetNote::hintTop() const { return kPadding + heightOf(snippet_) + kSpaceAboveHint; }
 
 void SnippetNote::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
+  // Along the edge of a shape nothing but the note's own colour lies beneath the border.
+  if (!mask().isEmpty()) painter.fillRect(rect(), kBackground);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(kBorder);
   painter.setBrush(kBackground);
