@@ -3,6 +3,7 @@
 #include <string>
 #include <utility>
 
+#include "app/menu_directory.h"
 #include "permissions/app_relauncher.h"
 
 namespace rondora {
@@ -106,15 +107,15 @@ void AppDelegate::openSettings() {
 
 void AppDelegate::quitApp() { services_.shell.terminate(); }
 
-bool AppDelegate::trigger(std::string_view menuId) {
-  const auto id = Uuid::parse(menuId);
-  if (!id || services_.config.current().menu(*id) == nullptr) {
-    // Any program can send this text: the log repeats identifiers only.
-    services_.log.error("trigger skipped: " + (id ? "no menu has the id " + id->string() : "malformed menu id"));
-    return false;
+TriggerReply AppDelegate::trigger(std::string_view idOrName) {
+  const auto [reply, menu] = menuToTrigger(services_.config.current().menus, idOrName);
+  if (reply != TriggerReply::opens) {
+    // Any program can send this text: the log does not repeat it.
+    services_.log.error("trigger skipped: " + std::string(explain(reply)));
+    return reply;
   }
-  menuRequests_.request([this, id = *id] { services_.switchboard.handleRequest(id); });
-  return true;
+  menuRequests_.request([this, id = menu->id] { services_.switchboard.handleRequest(id); });
+  return reply;
 }
 
 void AppDelegate::iconsChanged() {

@@ -20,6 +20,7 @@
 #include "platform/application_shell.h"
 #include "platform/clock.h"
 #include "platform/hotkey_service.h"
+#include "platform/instance_channel.h"
 #include "platform/log.h"
 #include "platform/main_queue.h"
 #include "platform/permission_service.h"
@@ -76,9 +77,8 @@ class AppDelegate {
   bool applicationShouldHandleReopen(bool hasVisibleWindows);
   void openSettings();
   void quitApp();
-  /// Triggers a menu for another program, like a hotkey that is neither held nor repeated. False when no menu has this
-  /// id.
-  bool trigger(std::string_view menuId);
+  /// Triggers a menu for another program, like a hotkey that is neither held nor repeated.
+  TriggerReply trigger(std::string_view idOrName);
   /// Invalidates pre-rendered rings: a favicon arrived, or applications were installed or removed.
   void iconsChanged();
 

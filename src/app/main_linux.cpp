@@ -15,6 +15,7 @@
 #include <thread>
 #include <utility>
 
+#include "app/command_line.h"
 #include "app/composition_linux.h"
 #include "app/composition_picture_service.h"
 #include "app/repeat_limit.h"
@@ -25,10 +26,13 @@
 #include "platform/linux/desktop/own_image.h"
 #include "platform/linux/desktop/standard_error.h"
 #include "platform/linux/desktop/system_clock.h"
+#include "platform/linux/desktop/xdg_folders.h"
 #include "platform/linux/x11/guard/input_guard.h"
+#include "platform/posix/posix_file_system.h"
 #include "platform/posix/posix_process_environment.h"
 #include "platform/qt/qt_messages.h"
 #include "platform/qt/qt_setup.h"
+#include "storage/config_manager.h"
 
 namespace {
 
@@ -36,6 +40,7 @@ using rondora::CompositionLinux;
 using rondora::SingleInstance;
 
 constexpr int kFailure = 1;
+constexpr int kUsageError = 2;
 /// For the toolkit's end, which may wait for a clipboard manager or a bus that hangs; everything is saved by then.
 constexpr std::chrono::milliseconds kMaxToolkitEnd{300};
 
@@ -54,6 +59,17 @@ void handleForeignExit() {
   if (running == nullptr) return;
   terminateRunning();
   _exit(kFailure);
+}
+
+/// The exit status when the arguments ask for a text only.
+std::optional<int> replyToArguments(int argc, char** argv) {
+  const rondora::desktop::PosixFileSystem files(
+      rondora::desktop::xdgFolders(rondora::desktop::PosixProcessEnvironment()));
+  const auto document = rondora::ConfigManager::configURL(files).string();
+  const auto reply = rondora::replyToArguments({argv + 1, argv + argc}, document);
+  if (!reply) return std::nullopt;
+  std::fputs(reply->text.c_str(), reply->isUsageError ? stderr : stdout);
+  return reply->isUsageError ? kUsageError : EXIT_SUCCESS;
 }
 
 /// Checked first because the toolkit aborts without a display.
@@ -168,6 +184,9 @@ int main(int argc, char** argv) {
   if (rondora::isPictureService(argc, argv)) return rondora::runPictureService(argc, argv);
   std::signal(SIGPIPE, SIG_IGN);
   if (rondora::x11::isGuard(argv)) rondora::x11::runGuard(rondora::x11::kGuardDescriptor, argv + 1);
+  if (argc > 1) {
+    if (const auto status = replyToArguments(argc, argv)) return *status;
+  }
   rondora::x11::InputGuard guard(argv);
   rondora::desktop::SystemClock clock;
   rondora::desktop::JournalLog systemLog;

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "app/action_findings.h"
+#include "app/menu_directory.h"
 #include "base/file_url.h"
 #include "input/hotkeys/hotkey_display.h"
 #include "settings/window_texts.h"
@@ -197,7 +198,13 @@ SessionFacts Program::sessionFacts() const {
 SessionRequests Program::sessionRequests() {
   return {
       .showSettings = [this] { settingsRequests_.request([this] { delegate_.applicationShouldHandleReopen(false); }); },
-      .trigger = [this](std::string_view menuId) { return delegate_.trigger(menuId); }};
+      .trigger = [this](std::string_view idOrName) { return delegate_.trigger(idOrName); },
+      .listMenus = [this] { return menuListings(); }};
+}
+
+std::vector<MenuListing> Program::menuListings() const {
+  return listMenus(config_.current().menus, delegate_.hotkeyManager(), localization_.language(),
+                   platform_.modifierNames);
 }
 
 void Program::openDocumentFolder() { platform_.workspace.openUrl(fileUrl(config_.configURL().parent_path().string())); }

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "actions/action_failures.h"
 #include "app/action_services.h"
@@ -71,6 +72,7 @@ class Program {
   SessionFindings findings() const;
   void actionEnded(const PieMenuItem& item, const Uuid& menuId, const std::optional<ActionFailure>& failure);
   SessionRequests sessionRequests();
+  std::vector<MenuListing> menuListings() const;
   void openDocumentFolder();
 
   Platform platform_;

@@ -3,17 +3,9 @@
 #include <algorithm>
 #include <string>
 
+#include "app/menu_directory.h"
+
 namespace rondora {
-namespace {
-
-bool opens(const PieMenu& menu, const HotkeyManager& hotkeys) {
-  if (!menu.hasLiveHotkey()) return false;
-  if (hotkeys.liveRegistration(menu.hotkey.keyCode, menu.hotkey.carbonModifiers) != nullptr) return true;
-  const HotkeyHIDTap* tap = hotkeys.hidTap();
-  return tap != nullptr && tap->deliversKeyEvents() && HotkeyHIDTap::serves(menu.hotkey);
-}
-
-}  // namespace
 
 bool isWaylandSession(const ProcessEnvironment& environment) {
   return !environment.variable("WAYLAND_DISPLAY").value_or("").empty() ||
@@ -22,7 +14,7 @@ bool isWaylandSession(const ProcessEnvironment& environment) {
 
 const PieMenu* firstMenuWithWorkingHotkey(const std::vector<PieMenu>& menus, const HotkeyManager& hotkeys) {
   const auto found =
-      std::find_if(menus.begin(), menus.end(), [&](const PieMenu& menu) { return opens(menu, hotkeys); });
+      std::find_if(menus.begin(), menus.end(), [&](const PieMenu& menu) { return opensWithHotkey(menu, hotkeys); });
   return found == menus.end() ? nullptr : &*found;
 }
 
@@ -50,10 +42,11 @@ void SessionReport::addHotkeys(std::vector<SessionFinding>& findings, const Sess
   bool anyFails = false;
   for (const PieMenu& menu : menus) {
     if (!menu.hasLiveHotkey()) continue;
-    const auto option = hotkeys.optionAgainst(menu.hotkey);
-    const bool menuOpens = !option && opens(menu, hotkeys);
-    if (!menuOpens) findings.push_back(option ? cannotBeTyped(menu, *option) : hotkeyFails(menu));
+    const bool menuOpens = opensWithHotkey(menu, hotkeys);
     (menuOpens ? anyOpens : anyFails) = true;
+    if (menuOpens) continue;
+    const auto option = hotkeys.optionAgainst(menu.hotkey);
+    findings.push_back(option ? cannotBeTyped(menu, *option) : hotkeyFails(menu));
   }
   // On Wayland hotkeys arrive only sometimes, which another finding states.
   if (anyOpens && !anyFails && !facts.isWayland) findings.push_back(works(StringKey::sessionHotkeysWork));

@@ -10,4 +10,7 @@ namespace rondora::program_identity {
 inline constexpr std::string_view kName = "Rondora";
 inline constexpr std::string_view kBundleIdentifier = "io.github.rondora.Rondora";
 
+/// "1.2.3"
+std::string_view version();
+
 }  // namespace rondora::program_identity

@@ -1,15 +1,56 @@
 #pragma once
 
 #include <functional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace rondora {
+
+/// A menu as other programs see it.
+struct MenuListing {
+  std::string id;
+  std::string name;
+  /// As the user reads it; empty when the menu has none.
+  std::string hotkey;
+  /// The hotkey opens the menu.
+  bool isLive = false;
+};
+
+enum class TriggerReply {
+  opens,
+  /// No menu has this id or name.
+  unknown,
+  /// Several menus have this name.
+  ambiguous,
+  switchedOff,
+  /// The menu has no items.
+  empty,
+};
+
+/// Why nothing opens, for logs and callers.
+constexpr std::string_view explain(TriggerReply reply) {
+  switch (reply) {
+    case TriggerReply::opens:
+      break;
+    case TriggerReply::unknown:
+      return "no menu has this id or name";
+    case TriggerReply::ambiguous:
+      return "several menus have this name; use an id";
+    case TriggerReply::switchedOff:
+      return "the menu is switched off";
+    case TriggerReply::empty:
+      return "the menu has no items";
+  }
+  return {};
+}
 
 /// Requests that other programs of the user's session may send.
 struct SessionRequests {
   std::function<void()> showSettings;
-  /// Opens a menu. False when no menu has this identifier.
-  std::function<bool(std::string_view menuId)> trigger;
+  /// Opens the menu with this id or else exactly this name.
+  std::function<TriggerReply(std::string_view idOrName)> trigger;
+  std::function<std::vector<MenuListing>()> listMenus;
 };
 
 /// The single-instance claim of the session, and the channel on which other programs reach the instance. Main thread.

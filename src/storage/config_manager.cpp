@@ -50,10 +50,12 @@ void ensureSingleMenu(std::vector<PieMenu>& menus, PieMenu menuTemplate) {
 }  // namespace
 
 ConfigManager::ConfigManager(const Services& services)
-    : services_(services),
-      configURL_(services.files.applicationSupportFolder() / program_identity::kName / "config.json"),
-      configuration_(load()) {
+    : services_(services), configURL_(configURL(services.files)), configuration_(load()) {
   writeLocal(configuration_.value());
+}
+
+std::filesystem::path ConfigManager::configURL(const FileSystem& files) {
+  return files.applicationSupportFolder() / program_identity::kName / "config.json";
 }
 
 void ConfigManager::createFolder() {

@@ -48,6 +48,8 @@ class ConfigManager {
   /// configuration in memory.
   explicit ConfigManager(const Services& services);
 
+  /// The file of the document.
+  static std::filesystem::path configURL(const FileSystem& files);
   const std::filesystem::path& configURL() const { return configURL_; }
   const PieConfiguration& current() const { return configuration_.value(); }
   /// For subscribing: only `save` changes the document.

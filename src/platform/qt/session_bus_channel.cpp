@@ -1,12 +1,27 @@
 #include "platform/qt/session_bus_channel.h"
 
+#include <QDBusArgument>
 #include <QDBusError>
-#include <QDBusMessage>
+#include <QDBusMetaType>
+#include <QList>
 #include <QVariant>
 #include <cstdint>
 #include <utility>
 
+#include "platform/qt/qt_text.h"
+
 namespace rondora {
+
+// Looked up by the toolkit in the namespace of the type.
+QDBusArgument& operator<<(QDBusArgument& argument, const MenuListing& menu) {
+  argument.beginStructure();
+  argument << toQString(menu.id) << toQString(menu.name) << toQString(menu.hotkey) << menu.isLive;
+  argument.endStructure();
+  return argument;
+}
+
+// Listings are sent only, but the toolkit wants both directions.
+const QDBusArgument& operator>>(const QDBusArgument& argument, MenuListing&) { return argument; }
 
 namespace {
 
@@ -18,15 +33,41 @@ constexpr std::uint32_t kDoNotQueue = 4;
 constexpr std::uint32_t kPrimaryOwner = 1;
 constexpr const char* kShowSettings = "ShowSettings";
 constexpr const char* kTrigger = "Trigger";
+constexpr const char* kListMenus = "ListMenus";
 
-constexpr const char* kInterface = R"(
+constexpr const char* kInterface = R"xml(
   <interface name="%1">
     <method name="ShowSettings"/>
     <method name="Trigger">
-      <arg name="menuId" type="s" direction="in"/>
+      <arg name="menu" type="s" direction="in"/>
+    </method>
+    <method name="ListMenus">
+      <arg name="menus" type="a(sssb)" direction="out"/>
     </method>
   </interface>
-)";
+)xml";
+
+/// The part after the interface's name.
+const char* errorName(TriggerReply reply) {
+  switch (reply) {
+    case TriggerReply::ambiguous:
+      return ".Error.AmbiguousMenu";
+    case TriggerReply::switchedOff:
+      return ".Error.MenuSwitchedOff";
+    case TriggerReply::empty:
+      return ".Error.EmptyMenu";
+    case TriggerReply::unknown:
+    case TriggerReply::opens:
+      break;
+  }
+  return ".Error.UnknownMenu";
+}
+
+QDBusArgument listed(const std::vector<MenuListing>& menus) {
+  QDBusArgument list;
+  list << QList<MenuListing>(menus.begin(), menus.end());
+  return list;
+}
 
 QDBusMessage callOfBus(const char* method, const QList<QVariant>& arguments) {
   QDBusMessage call =
@@ -38,7 +79,9 @@ QDBusMessage callOfBus(const char* method, const QList<QVariant>& arguments) {
 }  // namespace
 
 SessionBusChannel::SessionBusChannel(ReconnectingBus& bus, const std::string& name)
-    : bus_(bus), name_(QString::fromStdString(name)), path_("/" + QString(name_).replace('.', '/')) {}
+    : bus_(bus), name_(QString::fromStdString(name)), path_("/" + QString(name_).replace('.', '/')) {
+  qDBusRegisterMetaType<MenuListing>();
+}
 
 SessionBusChannel::~SessionBusChannel() { release(); }
 
@@ -79,38 +122,50 @@ bool SessionBusChannel::askForSettings() {
   return bus_.connection().call(call, QDBus::Block, kReplyTimeout).type() == QDBusMessage::ReplyMessage;
 }
 
-void SessionBusChannel::serve(SessionRequests requests) { requests_ = std::move(requests); }
+void SessionBusChannel::serve(SessionRequests requests) {
+  requests_ = std::move(requests);
+  for (const QDBusMessage& call : std::exchange(waiting_, {})) reply(call);
+}
 
 QString SessionBusChannel::introspect(const QString& path) const {
   return path == path_ ? QString(kInterface).arg(name_) : QString();
 }
 
-bool SessionBusChannel::handleMessage(const QDBusMessage& message, const QDBusConnection& connection) {
-  const bool isOurs = message.interface().isEmpty() || message.interface() == name_;
-  if (!isOurs || (message.member() != kShowSettings && message.member() != kTrigger)) return false;
-  const QDBusMessage answer = answerTo(message);
-  if (message.isReplyRequired()) connection.send(answer);
+bool SessionBusChannel::handleMessage(const QDBusMessage& message, const QDBusConnection&) {
+  if (!message.interface().isEmpty() && message.interface() != name_) return false;
+  if (requests_.showSettings) {
+    reply(message);
+  } else {
+    waiting_.push_back(message);
+  }
   return true;
 }
 
+void SessionBusChannel::reply(const QDBusMessage& call) const {
+  const QDBusMessage answer = answerTo(call);
+  if (call.isReplyRequired()) bus_.connection().send(answer);
+}
+
 QDBusMessage SessionBusChannel::answerTo(const QDBusMessage& call) const {
-  if (!requests_.showSettings || !requests_.trigger) {
-    return call.createErrorReply(QDBusError::Failed, "the program is still starting");
-  }
   if (call.member() == kTrigger) return answerToTrigger(call);
-  if (!call.signature().isEmpty())
-    return call.createErrorReply(QDBusError::InvalidArgs, "ShowSettings takes no arguments");
+  if (call.member() != kListMenus && call.member() != kShowSettings) {
+    return call.createErrorReply(QDBusError::UnknownMethod, "the interface has no method " + call.member());
+  }
+  if (!call.signature().isEmpty()) {
+    return call.createErrorReply(QDBusError::InvalidArgs, call.member() + " takes no arguments");
+  }
+  if (call.member() == kListMenus) return call.createReply(QVariant::fromValue(listed(requests_.listMenus())));
   requests_.showSettings();
   return call.createReply();
 }
 
 QDBusMessage SessionBusChannel::answerToTrigger(const QDBusMessage& call) const {
   if (call.signature() != QLatin1String("s")) {
-    return call.createErrorReply(QDBusError::InvalidArgs, "Trigger takes one string, the id of a menu");
+    return call.createErrorReply(QDBusError::InvalidArgs, "Trigger takes one string, the id or the name of a menu");
   }
-  const std::string menuId = call.arguments().constFirst().toString().toStdString();
-  if (requests_.trigger(menuId)) return call.createReply();
-  return call.createErrorReply(name_ + ".Error.UnknownMenu", "no menu has this id");
+  const TriggerReply reply = requests_.trigger(call.arguments().constFirst().toString().toStdString());
+  if (reply == TriggerReply::opens) return call.createReply();
+  return call.createErrorReply(name_ + errorName(reply), toQString(explain(reply)));
 }
 
 }  // namespace rondora

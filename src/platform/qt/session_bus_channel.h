@@ -1,8 +1,10 @@
 #pragma once
 
 #include <QDBusConnection>
+#include <QDBusMessage>
 #include <QDBusVirtualObject>
 #include <string>
+#include <vector>
 
 #include "platform/instance_channel.h"
 #include "platform/qt/reconnecting_bus.h"
@@ -27,6 +29,7 @@ class SessionBusChannel final : public QDBusVirtualObject, public InstanceChanne
   bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
 
  private:
+  void reply(const QDBusMessage& call) const;
   QDBusMessage answerTo(const QDBusMessage& call) const;
   QDBusMessage answerToTrigger(const QDBusMessage& call) const;
 
@@ -37,6 +40,8 @@ class SessionBusChannel final : public QDBusVirtualObject, public InstanceChanne
   QString name_;
   QString path_;
   SessionRequests requests_;
+  /// Calls from before `serve`.
+  std::vector<QDBusMessage> waiting_;
   Subscription reconnected_;
 };
 

@@ -32,7 +32,7 @@ class LockFileChannelTest : public testing::Test {
   /// Another instance requests the settings while the holder runs its main loop.
   bool isShownOnRequest(LockFileChannel& holder) {
     bool isShown = false;
-    holder.serve({[&] { isShown = true; }, {}});
+    holder.serve({[&] { isShown = true; }, {}, {}});
     auto answer = std::async(std::launch::async, [other = channel()] { return other->askForSettings(); });
     pollfd incoming{listener_, POLLIN, 0};
     if (::poll(&incoming, 1, 10000) == 1) readable_();

@@ -8,6 +8,7 @@
 namespace rondora {
 namespace {
 
+using testing::Contains;
 using testing::ElementsAre;
 
 using RunningProgramTest = ProgramTest;
@@ -201,7 +202,7 @@ TEST_F(RunningProgramTest, EndSavesEditsReleasesKeysAndLeavesTheSession) {
   PieMenu tapped = menu("tapped", {49, kControlOption});
   tapped.trackpadFingerCount = 3;
   launchWith({tapped});
-  EXPECT_TRUE(channel.served.trigger(tapped.id.string()));
+  EXPECT_EQ(channel.served.trigger(tapped.id.string()), TriggerReply::opens);
   instance.claim();
   program.edits().edit([](PieConfiguration& document) { document.menus[0].name = "edited"; });
   program.end();
@@ -222,21 +223,37 @@ TEST_F(RunningProgramTest, DeliversAReleaseThatPrecedesTheMenu) {
   EXPECT_FALSE(isMenuUp());
 }
 
-TEST_F(RunningProgramTest, RequestForUnknownMenuIsLogged) {
-  launchWith({});
-  const Uuid unknown = desktop.random.uuid();
-  EXPECT_FALSE(channel.served.trigger(unknown.string()));
-  EXPECT_FALSE(channel.served.trigger("chord\nerror: forged"));
-  EXPECT_THAT(desktop.log.lines,
-              ElementsAre(FakeLog::Line{LogLevel::error, "trigger skipped: no menu has the id " + unknown.string()},
-                          FakeLog::Line{LogLevel::error, "trigger skipped: malformed menu id"}));
+TEST_F(RunningProgramTest, OtherProgramsListMenusAndNameThemByIdOrName) {
+  PieMenu off = menu("off", {});
+  off.kind = PieMenuKind::runningApps;
+  off.runningAppsMenuEnabled = false;
+  PieMenu empty = menu("empty", {});
+  empty.items.clear();
+  launchWith({menu("main", {49, kControlOption}), off, empty, menu("two", {}), menu("two", {})});
+  std::vector<std::string> listed;
+  for (const MenuListing& each : channel.served.listMenus()) {
+    listed.push_back(each.name + '|' + each.hotkey + (each.isLive ? "|live" : ""));
+  }
+  EXPECT_THAT(listed, ElementsAre("main|Ctrl + Alt + Space|live", "off|", "empty|", "two|", "two|", "commands|"));
+  const auto id = channel.served.listMenus().front().id;
+  for (const auto& [name, reply] : {std::pair<std::string, TriggerReply>{id, TriggerReply::opens},
+                                    {"main", TriggerReply::opens},
+                                    {"Main", TriggerReply::unknown},
+                                    {desktop.random.uuid().string(), TriggerReply::unknown},
+                                    {"chord\nerror: forged", TriggerReply::unknown},
+                                    {"two", TriggerReply::ambiguous},
+                                    {"off", TriggerReply::switchedOff},
+                                    {"empty", TriggerReply::empty}}) {
+    EXPECT_EQ(channel.served.trigger(name), reply) << name;
+  }
+  EXPECT_THAT(desktop.log.lines, Contains(FakeLog::Line{LogLevel::error, "trigger skipped: the menu has no items"}));
 }
 
 TEST_F(RunningProgramTest, FloodOfRequestsCostsFewRings) {
   const PieMenu main = menu("main", {49, kControlOption});
   launchWith({main});
   for (int i = 0; i < 1000; ++i) {
-    EXPECT_TRUE(channel.served.trigger(main.id.string()));
+    EXPECT_EQ(channel.served.trigger(main.id.string()), TriggerReply::opens);
     desktop.time.advance(0.001);
   }
   EXPECT_LE(desktop.overlay.panels.size(), 6U) << "opened, closed, … every 0.1 s";

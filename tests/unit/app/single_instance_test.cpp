@@ -22,7 +22,7 @@ class SingleInstanceTest : public testing::Test {
 TEST_F(SingleInstanceTest, FirstStartClaimsEveryChannel) {
   ASSERT_EQ(instance.claim(), SingleInstance::Start::first);
   EXPECT_TRUE(bus.isHeld && lock.isHeld);
-  instance.serve({[] {}, [](std::string_view) { return false; }});
+  instance.serve({[] {}, {}, {}});
   EXPECT_TRUE(bus.served.showSettings && lock.served.showSettings);
   instance.release();
   EXPECT_FALSE(bus.isHeld || lock.isHeld);

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "input/hotkeys/hotkey_display.h"
+#include "input/hotkeys/hotkey_manager.h"
+#include "model/app_language.h"
+#include "model/pie_menu.h"
+#include "platform/instance_channel.h"
+
+// The menus as users and other programs name them.
+
+namespace rondora {
+
+/// Its hotkey opens the menu: it is switched on, registered or served by the event tap, and can be typed.
+bool opensWithHotkey(const PieMenu& menu, const HotkeyManager& hotkeys);
+
+/// All menus in their order. Null `hotkeys`: none is registered yet.
+std::vector<MenuListing> listMenus(const std::vector<PieMenu>& menus, const HotkeyManager* hotkeys,
+                                   AppLanguage language, const ModifierNames& modifierNames);
+
+struct MenuToTrigger {
+  TriggerReply reply = TriggerReply::unknown;
+  /// Null unless it opens.
+  const PieMenu* menu = nullptr;
+};
+MenuToTrigger menuToTrigger(const std::vector<PieMenu>& menus, std::string_view idOrName);
+
+}  // namespace rondora
