@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdint>
 #include <sstream>
+#include <utility>
 
 #include "base/fnv.h"
 #include "base/program_identity.h"
@@ -55,8 +56,8 @@ char letterOf(FaviconOutcome outcome) {
 
 }  // namespace
 
-FaviconCache::FaviconCache(FileSystem& files, const Clock& clock)
-    : files_(files), clock_(clock), folder_(files.cachesFolder() / program_identity::kName / "favicons") {}
+FaviconCache::FaviconCache(FileSystem& files, const Clock& clock, Log& log)
+    : files_(files), clock_(clock), log_(log), folder_(files.cachesFolder() / program_identity::kName / "favicons") {}
 
 std::filesystem::path FaviconCache::fileOf(const WebAddress& site) const {
   return folder_ / (readableName(site.host()) + "-" + hexadecimal(fnv1a(site.origin())) + ".png");
@@ -90,16 +91,20 @@ bool FaviconCache::note(const std::filesystem::path& file, const FaviconResult& 
   Record& record = records_[file.filename().string()];
   record.fetchedAt = clock_.now();
   record.outcome = result.outcome;
-  bool isWritten = false;
-  if (files_.createFolder(folder_)) {
-    record.outcome = FaviconOutcome::unreachable;
-  } else if (result.outcome == FaviconOutcome::found) {
-    isWritten = !files_.replaceDurably(file, result.picture);
-    if (!isWritten) record.outcome = FaviconOutcome::unreachable;
-  }
+  FileError error = files_.createFolder(folder_);
+  const bool isPicture = result.outcome == FaviconOutcome::found;
+  if (!error && isPicture) error = files_.replaceDurably(file, result.picture);
+  const bool isWritten = isPicture && !error;
+  if (error) record.outcome = FaviconOutcome::unreachable;
   record.failures = record.outcome == FaviconOutcome::unreachable ? record.failures + 1 : 0;
-  write();
+  const FileError indexError = writeIndex();
+  noteProblem(error ? std::move(error) : indexError);
   return isWritten;
+}
+
+void FaviconCache::noteProblem(FileError problem) {
+  if (problem && problem != problem_) log_.error("failed to keep a web site's icon: " + *problem);
+  problem_ = std::move(problem);
 }
 
 /// One line per file: name, letter of the outcome, failures, time. Malformed lines are skipped.
@@ -123,7 +128,7 @@ void FaviconCache::load() {
   }
 }
 
-void FaviconCache::write() {
+FileError FaviconCache::writeIndex() {
   std::ostringstream lines;
   lines.imbue(std::locale::classic());
   lines << std::fixed;
@@ -133,8 +138,7 @@ void FaviconCache::write() {
   for (const auto& [name, record] : records_) {
     lines << name << ' ' << letterOf(record.outcome) << ' ' << record.failures << ' ' << record.fetchedAt << '\n';
   }
-  // A failure costs no more than fetching everything again after the next start.
-  files_.replaceDurably(folder_ / "index", lines.str());
+  return files_.replaceDurably(folder_ / "index", lines.str());
 }
 
 }  // namespace rondora

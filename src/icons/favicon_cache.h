@@ -8,6 +8,7 @@
 #include "icons/favicon_lookup.h"
 #include "platform/clock.h"
 #include "platform/file_system.h"
+#include "platform/log.h"
 
 namespace rondora {
 
@@ -15,7 +16,7 @@ namespace rondora {
 /// each fetch. Any of them may be deleted at any time and is fetched again. Main thread.
 class FaviconCache {
  public:
-  FaviconCache(FileSystem& files, const Clock& clock);
+  FaviconCache(FileSystem& files, const Clock& clock, Log& log);
 
   const std::filesystem::path& folder() const { return folder_; }
   std::filesystem::path fileOf(const WebAddress& site) const;
@@ -26,6 +27,8 @@ class FaviconCache {
   /// Records the result of a lookup for `file`; a cached picture stays until a new one replaces it. True when a picture
   /// was written.
   bool note(const std::filesystem::path& file, const FaviconResult& result);
+  /// Why the last result is not on disk, as the system's message; nothing when it is.
+  const FileError& problem() const { return problem_; }
 
  private:
   struct Record {
@@ -35,14 +38,17 @@ class FaviconCache {
   };
 
   void load();
-  void write();
+  FileError writeIndex();
+  void noteProblem(FileError problem);
   static double lifetime(const Record& record);
 
   FileSystem& files_;
   const Clock& clock_;
+  Log& log_;
   std::filesystem::path folder_;
   std::map<std::string, Record, std::less<>> records_;  // by file name
   bool isLoaded_ = false;
+  FileError problem_;
 };
 
 }  // namespace rondora

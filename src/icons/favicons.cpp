@@ -24,7 +24,7 @@ bool isPictureName(const std::filesystem::path& name) {
 
 }  // namespace
 
-Favicons::Favicons(const Ports& ports) : ports_(ports), cache_(ports.files, ports.clock) {}
+Favicons::Favicons(const Ports& ports) : ports_(ports), cache_(ports.files, ports.clock, ports.log) {}
 
 std::optional<std::filesystem::path> Favicons::picture(std::string_view site) const {
   const auto address = WebAddress::parse(site);

@@ -25,6 +25,7 @@ class Favicons {
     FileSystem& files;
     const Clock& clock;
     MainQueue& mainQueue;
+    Log& log;
   };
 
   /// The ports must outlive the object.
@@ -37,6 +38,9 @@ class Favicons {
 
   /// The cached picture of a site (its origin); nothing while there is none. Does not wait for the network.
   std::optional<std::filesystem::path> picture(std::string_view site) const;
+
+  /// Why the last picture could not be kept, as the system's message.
+  const FileError& problem() const { return cache_.problem(); }
 
   /// Called after a picture was written; may be empty.
   std::function<void()> onPicture;

@@ -67,6 +67,8 @@ enum class StringKey {
   documentNotSaved,  // %@: the system’s message
   documentNotSavedRemedy,
   findingSaveAgain,
+  sitePicturesNotSaved,  // %@: the system’s message
+  sitePicturesNotSavedRemedy,
 
   actionFailed,        // %@ twice: the item’s title, and one of the reasons below
   actionNotInstalled,  // %@: the application

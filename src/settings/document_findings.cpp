@@ -24,6 +24,7 @@ void addLine(std::string& text, std::string_view line) {
 SessionFindings DocumentFindings::findings() const {
   SessionFindings result;
   for (const KeptDocument& document : services_.kept.documents()) result.push_back(finding(document));
+  if (auto icons = sitePicturesNotSaved()) result.push_back(std::move(*icons));
   if (auto unsaved = notSaved()) result.push_back(std::move(*unsaved));
   std::reverse(result.begin(), result.end());
   return result;
@@ -39,6 +40,14 @@ std::optional<SessionFinding> DocumentFindings::notSaved() const {
                          .remedy = std::string(localization.text(StringKey::documentNotSavedRemedy))};
   finding.buttons.push_back({FindingCommand::saveAgain, std::string(localization.text(StringKey::findingSaveAgain))});
   return finding;
+}
+
+std::optional<SessionFinding> DocumentFindings::sitePicturesNotSaved() const {
+  const FileError problem = services_.sitePictureProblem();
+  if (!problem) return std::nullopt;
+  return SessionFinding{.works = false,
+                        .statement = services_.localization.text(StringKey::sitePicturesNotSaved, *problem),
+                        .remedy = std::string(services_.localization.text(StringKey::sitePicturesNotSavedRemedy))};
 }
 
 SessionFinding DocumentFindings::finding(const KeptDocument& document) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -11,8 +12,8 @@
 
 namespace rondora {
 
-/// The findings about the configuration file and the defaults beside it, with buttons to mend what happened to them.
-/// Main thread.
+/// The findings about the files that the program writes: the configuration, the defaults and the icons of sites, with
+/// buttons to mend what happened to them. Main thread.
 class DocumentFindings {
  public:
   /// The references must outlive the object.
@@ -22,6 +23,8 @@ class DocumentFindings {
     const UserDefaults& defaults;
     Workspace& workspace;
     const LocalizationStore& localization;
+    /// Why icons of web sites are not on disk; nothing when they are.
+    std::function<FileError()> sitePictureProblem;
   };
 
   explicit DocumentFindings(const Services& services) : services_(services) {}
@@ -40,6 +43,7 @@ class DocumentFindings {
   };
 
   std::optional<SessionFinding> notSaved() const;
+  std::optional<SessionFinding> sitePicturesNotSaved() const;
   SessionFinding finding(const KeptDocument& document) const;
   std::string remedy(const KeptDocument& document) const;
   std::vector<FindingButton> buttons(const KeptDocument& document) const;

@@ -73,6 +73,9 @@ constexpr StringTable kArabicStrings = completeTable({
      "أفرغ مساحة على القرص أو اسمح لـ Rondora بالكتابة هناك ثم احفظ مجددًا. وحتى ذلك الحين تضيع التغييرات عند إنهاء "
      "Rondora."},
     {StringKey::findingSaveAgain, "الحفظ مجددًا"},
+    {StringKey::sitePicturesNotSaved, "تعذّر حفظ أيقونات المواقع: %@"},
+    {StringKey::sitePicturesNotSavedRemedy,
+     "أفرغ مساحة على القرص أو اسمح لـ Rondora بالكتابة هناك. وحتى ذلك الحين تعرض القوائم رمزًا مكانها."},
     {StringKey::actionFailed, "العنصر «%@»: %@"},
     {StringKey::actionNotInstalled, "التطبيق «%@» غير مثبّت هنا."},
     {StringKey::actionNotInstalledRemedy, "ثبّته، أو اختر للعنصر تطبيقًا آخر في ملف الإعدادات."},

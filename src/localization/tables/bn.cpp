@@ -75,6 +75,9 @@ constexpr StringTable kBengaliStrings = completeTable({
      "ডিস্কে জায়গা খালি করুন বা Rondora-কে সেখানে লিখতে দিন, তারপর আবার সংরক্ষণ করুন। ততক্ষণ Rondora বন্ধ হলে পরিবর্তনগুলো "
      "হারিয়ে যাবে।"},
     {StringKey::findingSaveAgain, "আবার সংরক্ষণ করুন"},
+    {StringKey::sitePicturesNotSaved, "ওয়েবসাইটের আইকন সংরক্ষণ করা যাচ্ছে না: %@"},
+    {StringKey::sitePicturesNotSavedRemedy,
+     "ডিস্কে জায়গা খালি করুন বা Rondora-কে সেখানে লিখতে দিন। ততক্ষণ মেনুতে সেগুলোর জায়গায় একটি প্রতীক দেখা যাবে।"},
     {StringKey::actionFailed, "আইটেম “%@”: %@"},
     {StringKey::actionNotInstalled, "“%@” এখানে ইনস্টল করা নেই।"},
     {StringKey::actionNotInstalledRemedy,

@@ -88,6 +88,10 @@ constexpr StringTable kGermanStrings = completeTable({
      "Schaffen Sie Platz auf dem Datenträger oder erlauben Sie Rondora, dort zu schreiben, und speichern Sie noch "
      "einmal. Bis dahin gehen Änderungen verloren, wenn Rondora endet."},
     {StringKey::findingSaveAgain, "Erneut speichern"},
+    {StringKey::sitePicturesNotSaved, "Die Symbole von Websites lassen sich nicht speichern: %@"},
+    {StringKey::sitePicturesNotSavedRemedy,
+     "Schaffen Sie Platz auf dem Datenträger oder erlauben Sie Rondora, dort zu schreiben. Bis dahin zeigen die Menüs "
+     "an ihrer Stelle ein allgemeines Zeichen."},
     {StringKey::actionFailed, "Eintrag „%@“: %@"},
     {StringKey::actionNotInstalled, "„%@“ ist hier nicht installiert."},
     {StringKey::actionNotInstalledRemedy,

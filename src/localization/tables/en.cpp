@@ -80,6 +80,9 @@ constexpr StringTable kEnglishStrings = completeTable({
      "Free space on the disk, or allow Rondora to write there, and save again. Until then changes are lost when "
      "Rondora ends."},
     {StringKey::findingSaveAgain, "Save Again"},
+    {StringKey::sitePicturesNotSaved, "The icons of web sites cannot be saved: %@"},
+    {StringKey::sitePicturesNotSavedRemedy,
+     "Free space on the disk, or allow Rondora to write there. Until then the menus show a symbol in their place."},
     {StringKey::actionFailed, "Item “%@”: %@"},
     {StringKey::actionNotInstalled, "“%@” is not installed here."},
     {StringKey::actionNotInstalledRemedy,

@@ -84,6 +84,10 @@ constexpr StringTable kSpanishStrings = completeTable({
      "Libere espacio en el disco o permita que Rondora escriba allí y guarde de nuevo. Hasta entonces, los cambios se "
      "pierden al salir de Rondora."},
     {StringKey::findingSaveAgain, "Guardar de nuevo"},
+    {StringKey::sitePicturesNotSaved, "No se pueden guardar los iconos de los sitios web: %@"},
+    {StringKey::sitePicturesNotSavedRemedy,
+     "Libere espacio en el disco o permita que Rondora escriba allí. Hasta entonces, los menús muestran un símbolo en "
+     "su lugar."},
     {StringKey::actionFailed, "Elemento «%@»: %@"},
     {StringKey::actionNotInstalled, "«%@» no está instalado aquí."},
     {StringKey::actionNotInstalledRemedy,

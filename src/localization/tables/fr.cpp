@@ -87,6 +87,10 @@ constexpr StringTable kFrenchStrings = completeTable({
      "Libérez de l’espace sur le disque ou autorisez Rondora à y écrire, puis enregistrez à nouveau. D’ici là, les "
      "changements sont perdus quand Rondora se termine."},
     {StringKey::findingSaveAgain, "Enregistrer à nouveau"},
+    {StringKey::sitePicturesNotSaved, "Les icônes des sites web ne peuvent pas être enregistrées : %@"},
+    {StringKey::sitePicturesNotSavedRemedy,
+     "Libérez de l’espace sur le disque ou autorisez Rondora à y écrire. D’ici là, les menus affichent un symbole à "
+     "leur place."},
     {StringKey::actionFailed, "Élément « %@ » : %@"},
     {StringKey::actionNotInstalled, "« %@ » n’est pas installé ici."},
     {StringKey::actionNotInstalledRemedy,

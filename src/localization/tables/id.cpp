@@ -81,6 +81,10 @@ constexpr StringTable kIndonesianStrings = completeTable({
      "Kosongkan ruang di disk atau izinkan Rondora menulis di sana, lalu simpan lagi. Sampai saat itu, perubahan "
      "hilang ketika Rondora berakhir."},
     {StringKey::findingSaveAgain, "Simpan Lagi"},
+    {StringKey::sitePicturesNotSaved, "Ikon situs web tidak dapat disimpan: %@"},
+    {StringKey::sitePicturesNotSavedRemedy,
+     "Kosongkan ruang di disk atau izinkan Rondora menulis di sana. Sampai saat itu, menu menampilkan sebuah simbol "
+     "sebagai gantinya."},
     {StringKey::actionFailed, "Butir “%@”: %@"},
     {StringKey::actionNotInstalled, "“%@” tidak terpasang di sini."},
     {StringKey::actionNotInstalledRemedy,

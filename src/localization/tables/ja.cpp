@@ -81,6 +81,10 @@ constexpr StringTable kJapaneseStrings = completeTable({
      "ディスクの空きを増やすか、Rondora による書き込みを許可してから、もう一度保存してください。それまでの変更は "
      "Rondora の終了時に失われます。"},
     {StringKey::findingSaveAgain, "再保存"},
+    {StringKey::sitePicturesNotSaved, "ウェブサイトのアイコンを保存できません：%@"},
+    {StringKey::sitePicturesNotSavedRemedy,
+     "ディスクの空きを増やすか、Rondora "
+     "による書き込みを許可してください。それまでメニューには代わりの記号が表示されます。"},
     {StringKey::actionFailed, "項目「%@」：%@"},
     {StringKey::actionNotInstalled, "「%@」はインストールされていません。"},
     {StringKey::actionNotInstalledRemedy,

@@ -83,6 +83,9 @@ constexpr StringTable kPortugueseStrings = completeTable({
      "Libere espaço no disco ou permita que o Rondora grave ali e salve de novo. Até lá, as alterações se perdem "
      "quando o Rondora termina."},
     {StringKey::findingSaveAgain, "Salvar de novo"},
+    {StringKey::sitePicturesNotSaved, "Não é possível salvar os ícones dos sites: %@"},
+    {StringKey::sitePicturesNotSavedRemedy,
+     "Libere espaço no disco ou permita que o Rondora grave ali. Até lá, os menus mostram um símbolo no lugar deles."},
     {StringKey::actionFailed, "Item de menu “%@”: %@"},
     {StringKey::actionNotInstalled, "“%@” não está instalado aqui."},
     {StringKey::actionNotInstalledRemedy,

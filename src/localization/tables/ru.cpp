@@ -80,6 +80,10 @@ constexpr StringTable kRussianStrings = completeTable({
      "Освободите место на диске или разрешите Rondora писать туда и сохраните снова. До тех пор изменения пропадут, "
      "когда Rondora завершится."},
     {StringKey::findingSaveAgain, "Сохранить снова"},
+    {StringKey::sitePicturesNotSaved, "Не удаётся сохранить значки сайтов: %@"},
+    {StringKey::sitePicturesNotSavedRemedy,
+     "Освободите место на диске или разрешите Rondora писать туда. До тех пор меню показывают вместо них условный "
+     "значок."},
     {StringKey::actionFailed, "Элемент «%@»: %@"},
     {StringKey::actionNotInstalled, "приложение «%@» здесь не установлено."},
     {StringKey::actionNotInstalledRemedy,

@@ -81,6 +81,9 @@ constexpr StringTable kUrduStrings = completeTable({
      "ڈسک پر جگہ خالی کریں یا Rondora کو وہاں لکھنے دیں، پھر دوبارہ محفوظ کریں۔ تب تک Rondora بند ہونے پر تبدیلیاں "
      "ضائع ہو جائیں گی۔"},
     {StringKey::findingSaveAgain, "دوبارہ محفوظ کریں"},
+    {StringKey::sitePicturesNotSaved, "ویب سائٹس کے آئیکن محفوظ نہیں ہو پا رہے: %@"},
+    {StringKey::sitePicturesNotSavedRemedy,
+     "ڈسک پر جگہ خالی کریں یا Rondora کو وہاں لکھنے دیں۔ تب تک مینو ان کی جگہ ایک علامت دکھائیں گے۔"},
     {StringKey::actionFailed, "آئٹم ”%@“: %@"},
     {StringKey::actionNotInstalled, "یہاں ”%@“ انسٹال نہیں ہے۔"},
     {StringKey::actionNotInstalledRemedy,

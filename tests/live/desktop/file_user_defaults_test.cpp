@@ -58,5 +58,21 @@ TEST_F(FileUserDefaultsTest, LogsAFailedWriteAndKeepsTheValueForThisRun) {
   EXPECT_EQ(defaults.problem(), std::nullopt) << "an equal value is written too";
 }
 
+TEST_F(FileUserDefaultsTest, LeavesAFileThatCannotBeReadUntilItCan) {
+  const auto path = file("Rondora");
+  std::filesystem::create_directories(path);
+  FileUserDefaults defaults(files_, log_);
+  EXPECT_THAT(defaults.problem().value_or(""), testing::HasSubstr("defaults"));
+  EXPECT_FALSE(defaults.isEmpty()) << "nothing may be imported over it";
+  defaults.setBoolean("new", true);
+  ASSERT_TRUE(std::filesystem::is_directory(path));
+  EXPECT_EQ(log_.lines.size(), 1U);
+  std::filesystem::remove(path);
+  writeFile(path, "old=true\nnew=false\n");
+  defaults.setBoolean("new", true);
+  EXPECT_EQ(readFile(path), "new=true\nold=true\n");
+  EXPECT_EQ(defaults.problem(), std::nullopt);
+}
+
 }  // namespace
 }  // namespace rondora::desktop

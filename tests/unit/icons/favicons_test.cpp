@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "doubles/fake_file_system.h"
+#include "doubles/fake_log.h"
 #include "doubles/fake_web.h"
 #include "doubles/stories.h"
 #include "doubles/virtual_time.h"
@@ -41,9 +42,10 @@ struct Icons {
     const auto file = favicons->picture(site);
     return file ? files.read(*file).value_or("") : "";
   }
-  void restart() { favicons = std::make_unique<Favicons>(Favicons::Ports{web, decoder, files, time, time}); }
+  void restart() { favicons = std::make_unique<Favicons>(Favicons::Ports{web, decoder, files, time, time, log}); }
 
   VirtualTime time;
+  FakeLog log;
   FakeFileSystem files;
   FakeWeb web{time};
   FakePictureDecoder decoder{time};
@@ -148,9 +150,12 @@ TEST_F(FaviconsTest, SurvivesADamagedCache) {
   restart();
   use();
   EXPECT_EQ(picture(), "");
+  EXPECT_EQ(favicons->problem(), "disk full");
   files.failures.clear();
   pass(11 * kMinute);
   EXPECT_EQ(picture(), "png a");
+  EXPECT_EQ(favicons->problem(), std::nullopt);
+  EXPECT_EQ(log.lines.size(), 1U);
 }
 
 }  // namespace

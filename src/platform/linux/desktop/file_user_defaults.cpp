@@ -12,14 +12,20 @@ constexpr const char* kFileName = "defaults";
 }  // namespace
 
 FileUserDefaults::FileUserDefaults(FileSystem& files, Log& log)
-    : files_(files),
-      log_(log),
-      folder_(files.applicationSupportFolder() / program_identity::kName),
-      values_(load(folder_ / kFileName)) {}
+    : files_(files), log_(log), folder_(files.applicationSupportFolder() / program_identity::kName), isRead_(read()) {}
 
-FileUserDefaults::Values FileUserDefaults::load(const std::filesystem::path& path) const {
+bool FileUserDefaults::read() {
+  const auto text = files_.read(folder_ / kFileName);
+  if (!text && files_.exists(folder_ / kFileName)) {
+    problem_ = files_.readError(folder_ / kFileName);
+    return !problem_;
+  }
+  values_.merge(parse(text.value_or("")));
+  return true;
+}
+
+FileUserDefaults::Values FileUserDefaults::parse(const std::string& text) {
   Values values;
-  const std::string text = files_.read(path).value_or("");
   for (auto begin = text.begin(); begin != text.end();) {
     const auto end = std::find(begin, text.end(), '\n');
     const auto equals = std::find(begin, end, '=');
@@ -47,10 +53,10 @@ std::optional<std::string> FileUserDefaults::string(std::string_view key) const 
 
 void FileUserDefaults::setString(std::string_view key, std::string_view text) { set(key, std::string(text)); }
 
-bool FileUserDefaults::isEmpty() const { return values_.empty(); }
+bool FileUserDefaults::isEmpty() const { return values_.empty() && isRead_; }
 
 bool FileUserDefaults::importDomain(const Predecessor& predecessor) {
-  Values imported = load(files_.applicationSupportFolder() / predecessor.folder / kFileName);
+  Values imported = parse(files_.read(files_.applicationSupportFolder() / predecessor.folder / kFileName).value_or(""));
   if (imported.empty()) return false;
   values_ = std::move(imported);
   write();
@@ -65,11 +71,16 @@ void FileUserDefaults::set(std::string_view key, std::string value) {
 }
 
 void FileUserDefaults::write() {
+  isRead_ = isRead_ || read();
+  if (isRead_) problem_ = replace();
+  if (problem_) log_.error("failed to write user defaults: " + *problem_);
+}
+
+FileError FileUserDefaults::replace() {
   std::string text;
   for (const auto& [key, value] : values_) text.append(key).append("=").append(value).append("\n");
-  problem_ = files_.createFolder(folder_);
-  if (!problem_) problem_ = files_.replaceDurably(folder_ / kFileName, text);
-  if (problem_) log_.error("failed to write user defaults: " + *problem_);
+  if (auto error = files_.createFolder(folder_)) return error;
+  return files_.replaceDurably(folder_ / kFileName, text);
 }
 
 }  // namespace rondora::desktop

@@ -11,7 +11,8 @@
 namespace rondora::desktop {
 
 /// Settings in the text file "defaults" beside the document, one "key=value" per line; a value is "true", "false", an
-/// integer or a text. Unknown keys are kept. Every change is written at once.
+/// integer or a text. Unknown keys are kept. Every change is written at once. A file that cannot be read is not written
+/// either; each change tries to read it again.
 class FileUserDefaults final : public UserDefaults {
  public:
   /// Reads "Rondora/defaults" in the folder for application data. Arguments must outlive the object.
@@ -30,15 +31,19 @@ class FileUserDefaults final : public UserDefaults {
  private:
   using Values = std::map<std::string, std::string, std::less<>>;
 
-  Values load(const std::filesystem::path& path) const;
+  static Values parse(const std::string& text);
+  /// Adds the file's values to those that were set before. False when the file cannot be read.
+  bool read();
   void set(std::string_view key, std::string value);
   void write();
+  FileError replace();
 
   FileSystem& files_;
   Log& log_;
   std::filesystem::path folder_;
   Values values_;
   FileError problem_;
+  bool isRead_ = false;
 };
 
 }  // namespace rondora::desktop
