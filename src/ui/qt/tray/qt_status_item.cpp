@@ -8,8 +8,8 @@
 #include <utility>
 
 #include "platform/qt/qt_text.h"
+#include "ui/qt/painting/application_icon.h"
 #include "ui/qt/painting/symbol_images.h"
-#include "ui/qt/tray/status_bar_icon.h"
 
 namespace rondora {
 
@@ -79,7 +79,7 @@ void QtStatusItem::enterTray() {
   const Hosts hosts = notifierWatch_.hosts();
   if (icon_ || (hosts != Hosts::present && !embeddingTray_.isThere())) return;
   isOnTheBus_ = hosts == Hosts::present;
-  icon_.emplace(StatusBarIcon::make());
+  icon_.emplace(applicationIcon());
   icon_->setToolTip(toolTip_);
   icon_->setContextMenu(&menu_);
   QObject::connect(&*icon_, &QSystemTrayIcon::activated, &menu_, [this](QSystemTrayIcon::ActivationReason reason) {

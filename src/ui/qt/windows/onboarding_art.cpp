@@ -3,22 +3,13 @@
 #include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QPainter>
-#include <QPainterPath>
 #include <QStringList>
-#include <array>
 #include <cmath>
-#include <string>
-
-#include "model/palette.h"
-#include "ui/qt/painting/qt_conversions.h"
-#include "ui/qt/painting/ring_shape.h"
 
 namespace rondora {
 
 namespace {
 
-constexpr double kRingSide = 132;
-constexpr std::size_t kSectors = 6;
 constexpr double kCapHeight = 30;
 constexpr double kCapPadding = 11;
 constexpr double kCapDistance = 8;
@@ -44,19 +35,6 @@ void paintCap(QPainter& painter, const QRectF& rect, const QString& name, const 
 }
 
 }  // namespace
-
-QPixmap ringPixmap(double devicePixelRatio) {
-  QPixmap pixmap = transparentPixmap({kRingSide, kRingSide}, devicePixelRatio);
-  QPainter painter(&pixmap);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.translate(kRingSide / 2, kRingSide / 2);
-  painter.scale(kRingSide / 2, kRingSide / 2);
-  for (std::size_t i = 0; i < kSectors; ++i) {
-    const QColor color(QLatin1String(kItemColorPalette[i].data(), static_cast<qsizetype>(kItemColorPalette[i].size())));
-    painter.fillPath(ringSectorShape(i, kSectors, i == 1 ? SectorLook::chosen : SectorLook::plain), color);
-  }
-  return pixmap;
-}
 
 QPixmap keyCapsPixmap(const QString& hotkey, const QPalette& palette, double devicePixelRatio) {
   const QStringList keys = hotkey.split('+', Qt::SkipEmptyParts);

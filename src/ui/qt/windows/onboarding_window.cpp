@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "platform/qt/qt_text.h"
-#include "ui/qt/tray/status_bar_icon.h"
+#include "ui/qt/painting/application_icon.h"
 #include "ui/qt/windows/findings_view.h"
 #include "ui/qt/windows/onboarding_art.h"
 
@@ -17,6 +17,7 @@ namespace {
 
 constexpr int kMargin = 32;
 constexpr int kTextWidth = 400;
+constexpr int kIconSide = 112;
 constexpr int kMaxFindingsHeight = 180;
 constexpr double kHeadlineScale = 1.6;
 
@@ -69,7 +70,7 @@ void QtOnboardingWindow::close() {
 
 void QtOnboardingWindow::build() {
   dialog_ = std::make_unique<QDialog>();
-  dialog_->setWindowIcon(StatusBarIcon::make());
+  dialog_->setWindowIcon(applicationIcon());
   auto* layout = new QVBoxLayout(dialog_.get());
   layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
   layout->setSizeConstraint(QLayout::SetFixedSize);
@@ -93,7 +94,7 @@ QWidget* QtOnboardingWindow::makePage(const WindowTexts& texts) {
   auto* column = new QVBoxLayout(page);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(14);
-  column->addWidget(picture(ringPixmap(ratio)));
+  column->addWidget(picture(applicationPixmap(kIconSide, ratio)));
   column->addWidget(headline(texts.onboardingHeadline));
   column->addWidget(centredText(texts.onboardingIntroduction));
   if (!texts.onboardingHotkey.empty()) {

@@ -10,7 +10,7 @@
 #include <utility>
 
 #include "platform/qt/qt_text.h"
-#include "ui/qt/tray/status_bar_icon.h"
+#include "ui/qt/painting/application_icon.h"
 
 namespace rondora {
 
@@ -43,7 +43,7 @@ QtSettingsWindow::QtSettingsWindow(WindowContents contents)
 void QtSettingsWindow::build() {
   // An independent window, not a dialog of another.
   window_.setWindowFlags(Qt::Window);
-  window_.setWindowIcon(StatusBarIcon::make());
+  window_.setWindowIcon(applicationIcon());
   fitScreen();
   for (QLabel* heading : {&documentHeading_, &sessionHeading_}) makeHeading(*heading);
   introduction_.setWordWrap(true);
