@@ -103,6 +103,7 @@ void AppDelegate::openSettings() {
   triggers_.retryRefusedHotkeys();
   if (!settingsWindow_) settingsWindow_ = services_.windows.makeSettingsWindow();
   if (settingsWindow_) settingsWindow_->show();
+  if (statusMenu_->visibilityProblem()) firstLaunch_->launchState().setHasShownHiddenStatusItem(true);
 }
 
 void AppDelegate::quitApp() { services_.shell.terminate(); }
@@ -185,11 +186,21 @@ void AppDelegate::relaunchIfTapIsDeaf() {
 }
 
 void AppDelegate::evaluateStatusItemVisibility(HiddenStatusItem reaction) {
+  if (reaction == HiddenStatusItem::openSettings) opensSettingsIfHidden_ = true;
+  if (!statusMenu_->knowsVisibility()) return;
+  const bool opensSettings = std::exchange(opensSettingsIfHidden_, false);
   const auto problem = statusMenu_->visibilityProblem();
   services_.publishStatusItemProblem(problem);
-  if (!problem) return;
+  if (!problem) return firstLaunch_->launchState().setHasShownHiddenStatusItem(false);
   services_.log.error("status item not visible: " + *problem);
-  if (reaction == HiddenStatusItem::openSettings && !firstLaunch_->isOnboardingUp()) openSettings();
+  if (opensSettings && !firstLaunch_->isOnboardingUp()) openSettingsForHiddenStatusItem();
+}
+
+/// Once, not at each login of a desktop without a tray. Settings that the user has seen since the launch count.
+void AppDelegate::openSettingsForHiddenStatusItem() {
+  AppLaunchState& state = firstLaunch_->launchState();
+  if (settingsWindow_) return state.setHasShownHiddenStatusItem(true);
+  if (!state.hasShownHiddenStatusItem()) openSettings();
 }
 
 }  // namespace rondora

@@ -62,7 +62,8 @@ class AppDelegate {
 
     /// May be empty.
     std::function<void()> restoreNativeAppSwitcher;
-    /// Called with the reason why the user cannot see the status item; nothing when it is visible.
+    /// Called with the reason why the user cannot see the status item, nothing when it is visible, once one of them is
+    /// known and at each evaluation after that.
     std::function<void(const std::optional<std::string>&)> publishStatusItemProblem;
   };
 
@@ -100,6 +101,7 @@ class AppDelegate {
   void permissionsChanged(const PermissionsSnapshot& snapshot);
   void relaunchIfTapIsDeaf();
   void evaluateStatusItemVisibility(HiddenStatusItem reaction);
+  void openSettingsForHiddenStatusItem();
 
   Services services_;
   RequestGate menuRequests_;
@@ -108,6 +110,8 @@ class AppDelegate {
   std::unique_ptr<FirstLaunch> firstLaunch_;
   std::unique_ptr<RingPrerenderer> ringPrerenderer_;
   std::unique_ptr<SettingsWindow> settingsWindow_;
+  /// From the check after the launch until its answer is known.
+  bool opensSettingsIfHidden_ = false;
   Subscription appActivationObserver_;
   Subscription configurationObserver_;
   Subscription modifiersObserver_;

@@ -43,6 +43,7 @@ class FirstLaunch {
   /// Call it when all permissions are granted: closes an open onboarding window and brings the program forward.
   void finishOnboardingIfUp();
   bool hasOnboarding() const { return onboarding_ != nullptr; }
+  AppLaunchState& launchState() { return launchState_; }
   bool isOnboardingUp() const { return onboarding_ && onboarding_->isUp(); }
 
  private:

@@ -133,7 +133,12 @@ AppDelegate::Services Program::delegateServices() {
           .activationHistory = activationHistory_,
           .switchboard = switchboard_,
           .restoreNativeAppSwitcher = platform_.restoreNativeAppSwitcher,
-          .publishStatusItemProblem = [this](const auto& problem) { statusItemProblem_ = problem; }};
+          .publishStatusItemProblem = [this](const auto& problem) { statusItemEvaluated(problem); }};
+}
+
+void Program::statusItemEvaluated(const std::optional<std::string>& problem) {
+  statusItemProblem_ = problem;
+  showsStatusItem_ = !problem;
 }
 
 /// The hotkey of the first menu that its hotkey opens; empty when there is none.
@@ -191,7 +196,7 @@ void Program::actionEnded(const PieMenuItem& item, const Uuid& menuId, const std
 
 SessionFacts Program::sessionFacts() const {
   return {.isWayland = isWaylandSession(platform_.environment),
-          .showsStatusItem = !statusItemProblem_,
+          .showsStatusItem = showsStatusItem_,
           .canPressKeys = platform_.permissionService.isProcessTrusted(),
           .trackpads = platform_.trackpads.access()};
 }

@@ -66,6 +66,7 @@ class Program {
   AppDelegate::Services delegateServices();
 
   void iconsChanged();
+  void statusItemEvaluated(const std::optional<std::string>& problem);
   ConfigManager::Services configServices();
   std::string firstHotkey() const;
   SessionFacts sessionFacts() const;
@@ -95,6 +96,8 @@ class Program {
   SessionReport report_;
   DocumentFindings documentFindings_;
   std::optional<std::string> statusItemProblem_;
+  /// Nothing while it is not known.
+  std::optional<bool> showsStatusItem_;
   PieMenuWindowController pieMenuWindow_;
   MenuSwitchboard switchboard_;
   AppDelegate delegate_;

@@ -24,8 +24,10 @@ std::vector<SessionFinding> SessionReport::findings(const SessionFacts& facts, c
   result.push_back(facts.isWayland ? fails(StringKey::sessionWayland, StringKey::sessionWaylandRemedy)
                                    : works(StringKey::sessionX11));
   if (hotkeys != nullptr) addHotkeys(result, facts, configuration.menus, *hotkeys);
-  result.push_back(facts.showsStatusItem ? works(StringKey::sessionTray)
-                                         : fails(StringKey::settingsNoTray, StringKey::sessionNoTrayRemedy));
+  if (facts.showsStatusItem) {
+    result.push_back(*facts.showsStatusItem ? works(StringKey::sessionTray)
+                                            : fails(StringKey::settingsNoTray, StringKey::sessionNoTrayRemedy));
+  }
   result.push_back(facts.canPressKeys ? works(StringKey::sessionKeystrokes)
                                       : fails(StringKey::sessionNoKeystrokes, StringKey::sessionNoKeystrokesRemedy));
   if (!configuration.trackpadGestureTargets().empty()) {

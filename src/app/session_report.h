@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -16,7 +17,8 @@ namespace rondora {
 /// The state that the report depends on.
 struct SessionFacts {
   bool isWayland = false;
-  bool showsStatusItem = true;
+  /// Nothing while it is not known: the report leaves it out.
+  std::optional<bool> showsStatusItem = true;
   bool canPressKeys = true;
   TrackpadAccess trackpads = TrackpadAccess::none;
 };

@@ -23,14 +23,30 @@ std::optional<std::string> statusItemProblem(StatusItemVisibility visibility) {
 StatusItemWatch::StatusItemWatch(const StatusItem& item, MainQueue& mainQueue) : item_(item), mainQueue_(mainQueue) {
   visibilityObserver_ =
       item.onVisibilityMayHaveChanged(weakSelf_.bind([](StatusItemWatch& self) { self.visibilityMayHaveChanged(); }));
+  // A panel that starts at the last moment needs time to take the item in.
+  graceEnd_ =
+      mainQueue_.workItem(kPanelGrace + kSettlingTime, weakSelf_.bind([](StatusItemWatch& self) { self.endGrace(); }));
   visibilityMayHaveChanged();
 }
 
-void StatusItemWatch::visibilityMayHaveChanged() {
+std::optional<StatusItemVisibility> StatusItemWatch::known() const {
   const StatusItemVisibility visibility = item_.visibility();
-  if (visibility == StatusItemVisibility::unknown) return;
-  if (!last_) last_ = visibility;
-  compareLater();
+  if (visibility != StatusItemVisibility::visible && !isGraceOver_) return std::nullopt;
+  return visibility;
+}
+
+std::optional<std::string> StatusItemWatch::problem() const {
+  const auto visibility = known();
+  return visibility ? statusItemProblem(*visibility) : std::nullopt;
+}
+
+void StatusItemWatch::endGrace() {
+  isGraceOver_ = true;
+  compare();
+}
+
+void StatusItemWatch::visibilityMayHaveChanged() {
+  if (item_.visibility() != StatusItemVisibility::unknown) compareLater();
 }
 
 void StatusItemWatch::compareLater() {
@@ -38,9 +54,9 @@ void StatusItemWatch::compareLater() {
 }
 
 void StatusItemWatch::compare() {
-  const StatusItemVisibility visibility = item_.visibility();
   // The tray may still take it in, and does not report it.
-  if (visibility == StatusItemVisibility::notTaken) compareLater();
+  if (item_.visibility() == StatusItemVisibility::notTaken) compareLater();
+  const auto visibility = known();
   if (std::exchange(last_, visibility) != visibility) changed_.send();
 }
 

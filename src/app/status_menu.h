@@ -32,7 +32,9 @@ class StatusMenu {
   void setupStatusBar();
   /// Re-titles both menus in the current language.
   void refreshLocalizedTitles();
-  /// The reason why the user cannot see the status item; nothing when it is visible.
+  /// Whether the status item is known to be visible or hidden.
+  bool knowsVisibility() const { return !statusItemWatch_ || statusItemWatch_->isKnown(); }
+  /// The reason why the user cannot see the status item; nothing when it is visible or nothing is known.
   std::optional<std::string> visibilityProblem() const;
   /// Only after `setupStatusBar`.
   [[nodiscard]] Subscription onVisibilityChanged(std::function<void()> observer);

@@ -8,6 +8,10 @@ void AppLaunchState::applySettingsAutoOpenMigrationForExistingInstallsIfNeeded()
   if (hasSeenPermissionIntro()) markSettingsAutoOpened();
 }
 
+void AppLaunchState::setHasShownHiddenStatusItem(bool hasShown) {
+  if (hasShownHiddenStatusItem() != hasShown) defaults_.setBoolean(kHasShownHiddenStatusItem, hasShown);
+}
+
 bool AppLaunchState::shouldShowPermissionsOnboarding(bool accessibilityGranted, bool needsAccessibility) const {
   if (environment_.variable("RONDORA_FIRST_LAUNCH") == "1") return true;
   if (!hasSeenPermissionIntro()) return true;

@@ -12,6 +12,7 @@ class AppLaunchState {
  public:
   static constexpr std::string_view kHasSeenPermissionIntro = "pie.hasSeenPermissionIntro";
   static constexpr std::string_view kHasAutoOpenedSettings = "pie.hasAutoOpenedSettingsAfterPermissions";
+  static constexpr std::string_view kHasShownHiddenStatusItem = "pie.hasAutoOpenedSettingsForHiddenStatusItem";
   static constexpr std::string_view kAutoOpenMigrationDone = "pie.settingsAutoOpenAfterPermissionsMigrationDone";
 
   AppLaunchState(UserDefaults& defaults, const ProcessEnvironment& environment)
@@ -21,6 +22,10 @@ class AppLaunchState {
   void markPermissionIntroSeen() { defaults_.setBoolean(kHasSeenPermissionIntro, true); }
   bool hasAutoOpenedSettingsAfterPermissions() const { return defaults_.boolean(kHasAutoOpenedSettings); }
   void markSettingsAutoOpened() { defaults_.setBoolean(kHasAutoOpenedSettings, true); }
+  /// Whether the settings have told the user of a hidden status item since it was visible last.
+  bool hasShownHiddenStatusItem() const { return defaults_.boolean(kHasShownHiddenStatusItem); }
+  /// Writes only a change.
+  void setHasShownHiddenStatusItem(bool hasShown);
 
   /// Does not open the settings automatically for users of an earlier build who have seen the introduction.
   void applySettingsAutoOpenMigrationForExistingInstallsIfNeeded();

@@ -106,6 +106,7 @@ TEST_F(RunningProgramTest, ChosenLanguageReachesDocumentMenusAndWindows) {
 
 TEST_F(RunningProgramTest, WindowsFollowTheFindingsTheyShow) {
   launchWith({menu("main", {49, kControlOption})});
+  desktop.time.advance(1);
   const WindowContents contents = program.windowContents();
   std::vector<std::size_t> all;
   std::vector<std::size_t> failing;

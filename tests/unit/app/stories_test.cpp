@@ -201,6 +201,8 @@ void ProgramStory::addActions() {
       {"unidentified", [this](W) { subActions.target->bundleIdentifier.reset(); }},
       {"answer", [this](W w) { answer(w); }},
       {"newcomer", [this](W) { desktop.defaults.values.clear(); }},
+      {"told-of-hidden-item",
+       [this](W) { desktop.defaults.setBoolean(AppLaunchState::kHasShownHiddenStatusItem, true); }},
       {"permit", [this](W w) { permit(w); }},
       {"taken",
        [this](W) {
@@ -243,6 +245,8 @@ void ProgramStory::addObservations() {
       {"settings", [this, count] { return count(desktop.windows.settingsShown); }},
       {"settings-windows", [this, count] { return count(desktop.windows.settingsWindowsMade); }},
       {"introduced", [this] { return yesOrNo(desktop.defaults.boolean(AppLaunchState::kHasSeenPermissionIntro)); }},
+      {"told-of-hidden-item",
+       [this] { return yesOrNo(desktop.defaults.boolean(AppLaunchState::kHasShownHiddenStatusItem)); }},
       {"listen-requests", [this, count] { return count(desktop.permissions.listenRequests); }},
       {"activations", [this, count] { return count(desktop.shell.activations); }},
       {"terminations", [this, count] { return count(desktop.shell.terminations); }},
