@@ -136,12 +136,14 @@ CodingResult<PieConfiguration> ConfigManager::decodeConfig(std::string_view byte
 }
 
 void ConfigManager::writeLocal(const PieConfiguration& configuration) {
+  writeProblem_ = keepUnkept();
   const auto encoded = encodeConfiguration(configuration);
   const auto* bytes = std::get_if<std::string>(&encoded);
-  writeProblem_ = bytes != nullptr ? services_.files.replaceDurably(configURL_, *bytes)
-                                   : FileError(std::get<CodingError>(encoded).description);
+  if (bytes == nullptr) writeProblem_ = std::get<CodingError>(encoded).description;
+  const bool isWritten = !writeProblem_;
+  if (isWritten) writeProblem_ = services_.files.replaceDurably(configURL_, *bytes);
   if (writeProblem_) services_.log.error("writeLocal failed: " + *writeProblem_);
-  if (bytes != nullptr) (writeProblem_ ? attempted_ : known_) = fingerprint(*bytes);
+  if (isWritten) (writeProblem_ ? attempted_ : known_) = fingerprint(*bytes);
 }
 
 void ConfigManager::writeAgain() {
@@ -165,29 +167,56 @@ void ConfigManager::keepUnreadable(std::string problem, const std::filesystem::p
 
 /// Each edit is kept once, also where the save after it fails.
 void ConfigManager::keepEditedConfig() {
-  if (!services_.files.exists(configURL_)) return;
+  if (unkept_ || !services_.files.exists(configURL_)) return;
   const Fingerprint present = fingerprint(services_.files.read(configURL_));
   if (present == known_ || (attempted_ && present == attempted_)) return;
   const auto file = freeBackupPath(kEditedPrefix);
   const FileError copyError = services_.files.copy(configURL_, file);
-  const KeptDocument kept = keep({.cause = KeptDocument::Cause::edited, .file = file.string()}, copyError);
-  if (kept.keeping == KeptDocument::Keeping::failed) {
-    return services_.log.error("config edited by hand, not kept: " + kept.keepingError);
+  if (const FileError error = keep({.cause = KeptDocument::Cause::edited, .file = file.string()}, copyError)) {
+    return services_.log.error("config edited by hand, not kept: " + *error);
   }
-  services_.log.error("config edited by hand, kept: " + kept.file);
+  services_.log.error("config edited by hand, kept: " + file.string());
   known_ = present;
 }
 
+/// Tries again to keep the document that could not be kept. An error while it is still the only copy of its bytes.
+FileError ConfigManager::keepUnkept() {
+  if (!unkept_) return std::nullopt;
+  if (!services_.files.exists(configURL_)) {
+    unkept_.reset();
+    known_.reset();
+    return std::nullopt;
+  }
+  KeptDocument document = *unkept_;
+  const bool isEdited = document.cause == KeptDocument::Cause::edited;
+  document.file = freeBackupPath(isEdited ? kEditedPrefix : kBrokenPrefix).string();
+  const FileError copyError = services_.files.copy(configURL_, document.file);
+  if (const FileError error = tryToKeep(document, copyError)) return error;
+  unkept_.reset();
+  known_ = fingerprint(services_.files.read(configURL_));
+  services_.log.error((isEdited ? "config edited by hand, kept: " : "config unreadable, backup saved: ") +
+                      document.file);
+  if (services_.onKept) services_.onKept(document);
+  return std::nullopt;
+}
+
 /// Without a copy at `document.file`, the file itself gets that name.
-KeptDocument ConfigManager::keep(KeptDocument document, const FileError& copyError) {
-  if (copyError) {
-    const FileError error = services_.files.keepAs(configURL_, document.file);
-    document.keeping = error ? KeptDocument::Keeping::failed : KeptDocument::Keeping::renamed;
-    if (error) document.file = configURL_.string();
-    document.keepingError = error.value_or(std::string());
+FileError ConfigManager::tryToKeep(KeptDocument& document, const FileError& copyError) {
+  document.keeping = copyError ? KeptDocument::Keeping::renamed : KeptDocument::Keeping::copied;
+  return copyError ? services_.files.keepAs(configURL_, document.file) : std::nullopt;
+}
+
+/// A document that cannot be kept is not overwritten before it can.
+FileError ConfigManager::keep(KeptDocument document, const FileError& copyError) {
+  const FileError error = tryToKeep(document, copyError);
+  if (error) {
+    document.keeping = KeptDocument::Keeping::failed;
+    document.file = configURL_.string();
+    document.keepingError = *error;
+    unkept_ = document;
   }
   if (services_.onKept) services_.onKept(document);
-  return document;
+  return error;
 }
 
 std::filesystem::path ConfigManager::freeBackupPath(std::string_view prefix) const {

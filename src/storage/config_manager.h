@@ -44,8 +44,8 @@ class ConfigManager {
   };
 
   /// Loads the document and writes it back at once. An unreadable one is backed up and replaced by the first-run
-  /// document; where it cannot be copied, the file itself becomes the back-up. Failures are logged and leave a usable
-  /// configuration in memory.
+  /// document; where it cannot be copied, the file itself becomes the back-up, and where that fails too, it stays and
+  /// nothing is written. Failures are logged and leave a usable configuration in memory.
   explicit ConfigManager(const Services& services);
 
   /// The file of the document.
@@ -85,7 +85,9 @@ class ConfigManager {
   void backUpUnreadableConfig(std::string problem);
   void keepUnreadable(std::string problem, const std::filesystem::path& file, const FileError& copyError);
   void keepEditedConfig();
-  KeptDocument keep(KeptDocument document, const FileError& copyError);
+  FileError keep(KeptDocument document, const FileError& copyError);
+  FileError tryToKeep(KeptDocument& document, const FileError& copyError);
+  FileError keepUnkept();
   std::filesystem::path freeBackupPath(std::string_view prefix) const;
 
   Services services_;
@@ -95,6 +97,8 @@ class ConfigManager {
   /// As a write that reported an error may have left it.
   Fingerprint attempted_;
   FileError writeProblem_;
+  /// The document's file holds it, and nothing else does.
+  std::optional<KeptDocument> unkept_;
   std::filesystem::path configURL_;
   CurrentValue<PieConfiguration> configuration_;
 };

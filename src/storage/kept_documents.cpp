@@ -46,7 +46,10 @@ KeptDocuments::KeptDocuments(UserDefaults& defaults)
     : defaults_(defaults), documents_(decodeAll(defaults.string(kKey).value_or("[]"))) {}
 
 void KeptDocuments::add(KeptDocument document) {
-  std::erase(documents_, document);
+  // It replaces the report that it could not be kept.
+  std::erase_if(documents_, [&](const KeptDocument& other) {
+    return other == document || (other.keeping == KeptDocument::Keeping::failed && other.cause == document.cause);
+  });
   documents_.push_back(std::move(document));
   if (documents_.size() > kMaxDocuments) documents_.erase(documents_.begin());
   store();

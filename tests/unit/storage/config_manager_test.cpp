@@ -55,6 +55,7 @@ struct ConfigStory : Config, Story {
     const auto rest = [](W w) { return joined({w.begin() + 1, w.end()}); };
     actions = {{"put", [=, this](W w) { files.put(w.at(0), rest(w)); }},
                {"fail", [=, this](W w) { files.failures[w.at(0)] = rest(w); }},
+               {"heal", [this](W) { files.failures.clear(); }},
                {"too-long", [this](W) { files.tooLong = {url}; }},
                {"start", [this](W) { start(); }},
                {"rename", [this](W w) { rename(w.at(0)); }},
