@@ -28,7 +28,7 @@ constexpr int kBacklog = 16;
 /// A holder that is just starting locks shortly before it listens.
 constexpr Milliseconds kConnectTimeout{1000};
 constexpr Milliseconds kRetryInterval{20};
-constexpr Milliseconds kReplyTimeout{2000};
+constexpr Milliseconds kReplyTimeout{1300};
 /// For the user only. The sticky bit protects the files from clean-up (XDG base directories 0.8).
 constexpr mode_t kMode = S_ISVTX | S_IRUSR | S_IWUSR;
 
@@ -65,12 +65,13 @@ const sockaddr* generic(const sockaddr_un& address) { return reinterpret_cast<co
 
 FileDescriptor connectTo(const fs::path& path) {
   const auto address = socketAddress(path);
-  FileDescriptor connection = makeSocket(0);
+  FileDescriptor connection = makeSocket(SOCK_NONBLOCK);
   if (!address || !connection.isOpen()) return {};
   const auto deadline = std::chrono::steady_clock::now() + kConnectTimeout;
   while (::connect(connection.get(), generic(*address), sizeof *address) != 0) {
-    const bool mayStillAppear = errno == ENOENT || errno == ECONNREFUSED || errno == EINTR;
-    if (!mayStillAppear || std::chrono::steady_clock::now() >= deadline) return {};
+    // With EAGAIN as many others wait as the holder lets in.
+    const bool mayStillWork = errno == ENOENT || errno == ECONNREFUSED || errno == EINTR || errno == EAGAIN;
+    if (!mayStillWork || std::chrono::steady_clock::now() >= deadline) return {};
     std::this_thread::sleep_for(kRetryInterval);
   }
   return connection;
