@@ -76,7 +76,7 @@ struct CompositionLinux::Running {
         presence(ownPresence),
         display(access.connection, access.screenNumber, qtPixelsPerPoint(), mainQueue, installed,
                 presence.environment.bundleIdentifier()),
-        guardLink(guard, display.inputGrab, mainQueue, watchReadable) {}
+        guardLink(guard, display.inputGrab, display.keyPoster, mainQueue, watchReadable) {}
 
   Platform platform();
 

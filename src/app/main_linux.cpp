@@ -192,7 +192,7 @@ int main(int argc, char** argv) {
   rondora::desktop::JournalLog systemLog;
   rondora::RepeatLimit log(systemLog, clock);
   const rondora::desktop::GlibMessages glibMessages(log);
-  if (guard.followsAHang()) log.error("the main loop hung while the ring was open; the program was started again");
+  if (guard.followsAHang()) log.error("the main loop hung while it held keys; the program was started again");
   beginTraceIfAsked(systemLog);
   CompositionLinux::runLegacyMigration(log);
   if (!canReachDisplay()) {

@@ -11,9 +11,11 @@ constexpr std::chrono::seconds kBetweenReplacements{10};
 
 }  // namespace
 
-GuardLink::GuardLink(InputGuard& guard, X11InputGrab& inputGrab, MainQueue& mainQueue, WatchReadable watchReadable)
+GuardLink::GuardLink(InputGuard& guard, X11InputGrab& inputGrab, XTestKeyPoster& keyPoster, MainQueue& mainQueue,
+                     WatchReadable watchReadable)
     : guard_(guard), mainQueue_(mainQueue), watchReadable_(std::move(watchReadable)) {
   grabObserver_ = inputGrab.onHeldChanged([this](bool isHeld) { grabChanged(isHeld); });
+  typingObserver_ = keyPoster.onTyping([this](bool isDown) { typing(isDown); });
   watchGuard();
 }
 
@@ -21,6 +23,11 @@ void GuardLink::grabChanged(bool isHeld) {
   guard_.send(isHeld ? GuardMessage::beat : GuardMessage::ungrabbed);
   if (!isHeld) return beats_.reset();
   beats_ = mainQueue_.timer(kBeatSeconds, kBeatTolerance, [this] { guard_.send(GuardMessage::beat); });
+}
+
+// A key is down for milliseconds, between which no timer fires.
+void GuardLink::typing(bool isDown) {
+  if (!beats_) guard_.send(isDown ? GuardMessage::beat : GuardMessage::ungrabbed);
 }
 
 void GuardLink::watchGuard() {

@@ -6,11 +6,13 @@
 #include "base/observable.h"
 #include "platform/linux/x11/guard/input_guard.h"
 #include "platform/linux/x11/overlay/x11_input_grab.h"
+#include "platform/linux/x11/typing/xtest_key_poster.h"
 #include "platform/main_queue.h"
 
 namespace rondora::x11 {
 
-/// Reports to the guard that the main loop runs, while a grab is held and only then, and replaces a guard that died.
+/// Reports to the guard that the main loop runs, while a grab or a typed key is held and only then, and replaces a
+/// guard that died.
 /// Main thread.
 class GuardLink {
  public:
@@ -18,10 +20,12 @@ class GuardLink {
   using WatchReadable = std::function<Subscription(int descriptor, std::function<void()> readable)>;
 
   /// The references must outlive the object.
-  GuardLink(InputGuard& guard, X11InputGrab& inputGrab, MainQueue& mainQueue, WatchReadable watchReadable);
+  GuardLink(InputGuard& guard, X11InputGrab& inputGrab, XTestKeyPoster& keyPoster, MainQueue& mainQueue,
+            WatchReadable watchReadable);
 
  private:
   void grabChanged(bool isHeld);
+  void typing(bool isDown);
   void watchGuard();
   void guardDied();
 
@@ -29,6 +33,7 @@ class GuardLink {
   MainQueue& mainQueue_;
   WatchReadable watchReadable_;
   Subscription grabObserver_;
+  Subscription typingObserver_;
   /// Runs while a grab is held.
   Subscription beats_;
   Subscription guardWatch_;

@@ -18,6 +18,7 @@
 #include <string_view>
 
 #include "base/owned.h"
+#include "platform/linux/desktop/journal_log.h"
 #include "platform/linux/desktop/own_image.h"
 #include "platform/linux/x11/typing/xtest_keyboard.h"
 
@@ -161,11 +162,13 @@ void runGuard(int descriptor, char** arguments) {
   if (end == End::inOrder) _exit(0);
   if (end == End::hang) program.kill();
   releaseKeys();
-  if (end == End::hang && mayRestart()) {
+  if (end != End::hang) _exit(0);
+  if (mayRestart()) {
     signals.restore();
     close(descriptor);
     desktop::executeOwnImage(arguments);
   }
+  desktop::JournalLog().error("the main loop hung too often; the program is not started again");
   _exit(0);
 }
 

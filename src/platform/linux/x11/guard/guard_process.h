@@ -4,7 +4,7 @@ namespace rondora::x11 {
 
 /// Messages from the program to its guard, one byte each.
 enum class GuardMessage : char {
-  /// The main loop runs and holds a grab. Repeated every `kBeatSeconds` until `ungrabbed`.
+  /// The main loop runs and holds a grab or a typed key. Repeated every `kBeatSeconds` until `ungrabbed`.
   beat = 'b',
   ungrabbed = 'u',
   endsInOrder = 'e',
@@ -27,7 +27,7 @@ inline constexpr const char* kRestartsVariable = "RONDORA_RESTARTS";
 ///
 /// When the program dies without `endsInOrder`, releases every key of the XTEST keyboard. When it misses its beats for
 /// two seconds, kills it, which ends its grabs, and starts it again with the same arguments and environment, three
-/// times in a minute at most. Without a grab it waits without a time-out.
+/// times in a minute at most. Without a grab or a typed key it waits without a time-out.
 [[noreturn]] void runGuard(int descriptor, char** arguments);
 
 }  // namespace rondora::x11

@@ -50,6 +50,7 @@ void XTestKeyPoster::post(const SyntheticKeyEvent& event, KeyEventTap /*tap*/) {
   if (event.isDown) {
     const int locked = (event.flags & kAlphaShift) != 0 ? XCB_MOD_MASK_LOCK : 0;
     keys_.ungrabHeldKeys();
+    typed_.send(true);
     typing_.down(modifierKeys_, {static_cast<xcb_keycode_t>(event.nativeKeyCode), modifiersOf(event.flags),
                                  static_cast<std::uint8_t>(locked)});
   } else {
@@ -57,6 +58,7 @@ void XTestKeyPoster::post(const SyntheticKeyEvent& event, KeyEventTap /*tap*/) {
     if (typing_.isHolding()) followUser();
   }
   connection_.flush();
+  if (!event.isDown) typed_.send(false);
 }
 
 // The user may have released the key before the watch began.

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <memory>
+#include <utility>
 
 #include "base/observable.h"
 #include "platform/key_event_poster.h"
@@ -29,6 +31,10 @@ class XTestKeyPoster final : public KeyEventPoster {
                                                 const KeyFlags& flags) override;
   bool reachesApplications() const override { return !keys_.overlayHasKeyboard(); }
   void post(const SyntheticKeyEvent& event, KeyEventTap tap) override;
+  /// True before a key is pressed, false once it is released.
+  [[nodiscard]] Subscription onTyping(std::function<void(bool isDown)> observer) const {
+    return typed_.subscribe(std::move(observer));
+  }
 
  private:
   void readKeymap();
@@ -41,6 +47,7 @@ class XTestKeyPoster final : public KeyEventPoster {
   RawKeyReleases& rawReleases_;
   XTestKeyboard keyboard_;
   SyntheticTyping typing_{keyboard_};
+  Signal<bool> typed_;
   std::shared_ptr<const ModifierKeys> modifierKeys_;
   Subscription keymapObserver_;
   Subscription releaseWatch_;
