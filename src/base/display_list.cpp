@@ -89,10 +89,10 @@ struct Box {
   void operator()(const FillCommand& fill) { add(fill.clip.elements.empty() ? fill.path : fill.clip, 0); }
   void operator()(const StrokeCommand& stroke) { add(stroke.path, stroke.width / 2); }
   void operator()(const IconCommand& icon) { add(icon.rect); }
-  void operator()(const TextCommand& text) { add(text.rect); }
-  void add(const Rect& rect) {
-    add(rect.origin, 0);
-    add({rect.right(), rect.bottom()}, 0);
+  void operator()(const TextCommand& text) { add(text.rect, text.halo ? text.halo->width : 0); }
+  void add(const Rect& rect, double margin = 0) {
+    add(rect.origin, margin);
+    add(Point{rect.right(), rect.bottom()}, margin);
   }
 };
 

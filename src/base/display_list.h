@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
@@ -113,6 +114,13 @@ struct IconCommand {
 enum class FontWeight { regular, medium, semibold, bold };
 enum class TextAlignment { leading, center, trailing };
 
+/// A band around the letters, `width` points wide, which does not lie beneath them.
+struct TextHalo {
+  double width = 0;
+  Color color;
+  friend bool operator==(const TextHalo&, const TextHalo&) = default;
+};
+
 struct TextCommand {
   std::string text;  // UTF-8, of any direction
   Rect rect;         // wrapped and elided inside, centred vertically
@@ -121,6 +129,7 @@ struct TextCommand {
   TextAlignment alignment = TextAlignment::center;
   int maximumLines = 1;
   Color color;
+  std::optional<TextHalo> halo = std::nullopt;
   friend bool operator==(const TextCommand&, const TextCommand&) = default;
 };
 

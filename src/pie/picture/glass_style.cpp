@@ -7,6 +7,8 @@
 namespace rondora {
 namespace {
 
+constexpr Color kBlack{0, 0, 0, 1};
+constexpr Color kWhite{1, 1, 1, 1};
 constexpr Color kSmoke{0.11, 0.115, 0.14, 1};
 
 GlassStyle regularGlass() {
@@ -34,6 +36,8 @@ GlassStyle GlassStyle::of(const LiquidGlassSettings& settings) {
   const double tint = std::pow(opacity, 0.4);
   style.tintAtHub = tint * (0.7 + 0.3 * tint);
   style.tintAtRim = tint * (2 - tint);
+  style.darkest = layered(kBlack, style.backdrop.veil);
+  style.lightest = layered(mix(kBlack, kWhite, style.backdrop.brightest), style.backdrop.veil);
   return style;
 }
 

@@ -16,6 +16,9 @@ struct GlassStyle {
   /// The light on the upper and the lower edges, as the opacity of white.
   double upperEdge = 0;
   double lowerEdge = 0;
+  /// What the glass looks like over a black and over a white screen.
+  Color darkest;
+  Color lightest;
 
   static GlassStyle of(const LiquidGlassSettings& settings);
 };

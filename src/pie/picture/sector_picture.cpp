@@ -8,6 +8,7 @@
 #include "icons/icon_reference.h"
 #include "model/appearance_fields.h"
 #include "pie/picture/cat_figure.h"
+#include "pie/picture/legibility.h"
 #include "pie/picture/ring_glass.h"
 
 namespace rondora {
@@ -121,8 +122,30 @@ void SectorPainter::appendLabel(DisplayList& list, std::size_t index, const Colo
   const auto label = contents_.label(index, text);
   if (!label) return;
   const Color color = look == Look::normal ? labelColor_.value_or(kWhite) : colors.ink;
-  list.push_back(TextCommand{text, label->rect, label->pointSize, FontWeight::semibold, TextAlignment::center, 1,
-                             color.withAlpha(colors.labelOpacity)});
+  TextCommand command{text,
+                      label->rect,
+                      label->pointSize,
+                      FontWeight::semibold,
+                      TextAlignment::center,
+                      1,
+                      color.withAlpha(colors.labelOpacity)};
+  command.halo = halo(command, colors);
+  list.push_back(std::move(command));
+}
+
+/// What the label needs to be legible on its sector, over any screen. Labels fainter than by default stay so: their
+/// halo is as much fainter.
+std::optional<TextHalo> SectorPainter::halo(const TextCommand& label, const Colors& colors) const {
+  constexpr double kWidthPerPointSize = 0.085;
+  constexpr double kDefaultOpacity = appearanceField<&PieMenu::shortcutDigitOpacity>().fallback;
+  const Point offset = label.rect.center() - layout_.center();
+  const double place = (std::hypot(offset.x, offset.y) - layout_.innerRadius) / layout_.ringWidth();
+  const Color tint = mix(colors.atHub, colors.atRim, std::clamp(place, 0.0, 1.0));
+  const Color ink = label.color.withAlpha(std::max(label.color.alpha, kDefaultOpacity));
+  const Color needed = legibleHalo(ink, {layered(glass_.darkest, tint), layered(glass_.lightest, tint)});
+  const double alpha = needed.alpha * std::min(1.0, label.color.alpha / kDefaultOpacity);
+  if (alpha <= 0) return std::nullopt;
+  return TextHalo{std::max(1.0, kWidthPerPointSize * label.pointSize), needed.withAlpha(alpha)};
 }
 
 }  // namespace rondora

@@ -41,6 +41,7 @@ class SectorPainter {
                   const Colors& colors) const;
   void appendLabel(DisplayList& list, std::size_t index, const Colors& colors, const std::string& text,
                    Look look) const;
+  std::optional<TextHalo> halo(const TextCommand& label, const Colors& colors) const;
 
   const PieMenu& menu_;
   const RingLayout& layout_;

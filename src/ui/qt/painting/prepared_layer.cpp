@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <utility>
 
+#include "ui/painting/text_halo.h"
 #include "ui/qt/painting/qt_conversions.h"
 
 namespace rondora {
@@ -11,6 +13,12 @@ namespace rondora {
 namespace {
 
 constexpr double kMaxIconSide = 8192;
+constexpr int kMaxHaloSide = 2048;
+
+PixelBuffer buffer(QImage& image) {
+  return {reinterpret_cast<std::uint32_t*>(image.bits()), image.width(), image.height(),
+          static_cast<int>(image.bytesPerLine() / 4)};
+}
 
 QImage iconImage(const IconCommand& command, double scale, IconImages& icons) {
   const QRectF rect = toQRect(command.rect, scale);
@@ -37,7 +45,22 @@ struct CommandPreparer {
     return PreparedIcon{std::move(image), corner.toPoint()};
   }
   PreparedCommand operator()(const TextCommand& command) const {
+    if (command.halo) return haloed(command);
     return std::make_unique<PreparedText>(command, scale);
+  }
+  PreparedCommand haloed(const TextCommand& command) const {
+    const int reach = std::max(1, static_cast<int>(std::lround(command.halo->width * scale)));
+    const QRect area = toPixelRect(command.rect, scale).adjusted(-reach, -reach, reach, reach);
+    QImage letters(area.size().boundedTo({kMaxHaloSide, kMaxHaloSide}), QImage::Format_ARGB32_Premultiplied);
+    letters.fill(Qt::transparent);
+    QPainter painter(&letters);
+    painter.translate(-area.topLeft());
+    TextCommand opaque = command;
+    opaque.color.alpha = 1;
+    PreparedText(opaque, scale).paint(painter);
+    painter.end();
+    drawWithHalo(buffer(letters), command.color, command.halo->color, reach);
+    return PreparedIcon{std::move(letters), area.topLeft()};
   }
 };
 
