@@ -103,11 +103,20 @@ enum class IconKind {
   favicon,      // the origin of a web site, such as "https://www.example.org"; empty for no site
 };
 
+/// The colours that a sector has beneath its icon.
+struct IconBackgrounds {
+  Color normal;
+  Color highlighted;
+  friend bool operator==(const IconBackgrounds&, const IconBackgrounds&) = default;
+};
+
 struct IconCommand {
   IconKind kind = IconKind::none;
   std::string name;
   Rect rect;
   Color tint;
+  /// For an icon of unknown colours: one that hardly differs from what is beneath it lies on a plate.
+  std::optional<IconBackgrounds> backgrounds = std::nullopt;
   friend bool operator==(const IconCommand&, const IconCommand&) = default;
 };
 

@@ -59,7 +59,7 @@ PictureLayer SectorPainter::layer(std::size_t index, const PieMenuItem& item, co
     appendBody(list, index, colored, look);
     if (look == Look::highlighted && menu_.pawDecorationEnabled) appendPaw(list, index, colored);
     if (label) appendLabel(list, index, colored, *label, look);
-    appendIcon(list, index, item, title, colored);
+    appendIcon(list, index, item, title, colored.ink);
     layer.states.push_back(std::move(list));
   }
   layer.bounds = boundsOf(layer.states);
@@ -72,12 +72,12 @@ SectorPainter::Colors SectorPainter::colors(const PieMenuItem& item, Look look) 
   if (look == Look::highlighted) {
     const Color atHub = mix(color, kInk, 0.10);
     const Color atRim = mix(color, kWhite, 0.12);
-    return {atHub.withAlpha(0.97), atRim.withAlpha(0.985), inkOn(mix(atHub, atRim, 0.5)),
-            std::clamp(opacity * 2.4, 0.6, 1.0)};
+    const Color middle = mix(atHub, atRim, 0.5);
+    return {atHub.withAlpha(0.97), atRim.withAlpha(0.985), middle, inkOn(middle), std::clamp(opacity * 2.4, 0.6, 1.0)};
   }
   const Color stain = stainOf(color);
   const Color middle = mix(kDarkGlass, stain, (glass_.tintAtHub + glass_.tintAtRim) / 2);
-  return {stain.withAlpha(glass_.tintAtHub), stain.withAlpha(glass_.tintAtRim), inkOn(middle), opacity};
+  return {stain.withAlpha(glass_.tintAtHub), stain.withAlpha(glass_.tintAtRim), middle, inkOn(middle), opacity};
 }
 
 void SectorPainter::appendBody(DisplayList& list, std::size_t index, const Colors& colors, Look look) const {
@@ -104,13 +104,16 @@ void SectorPainter::appendPaw(DisplayList& list, std::size_t index, const Colors
 }
 
 void SectorPainter::appendIcon(DisplayList& list, std::size_t index, const PieMenuItem& item, const std::string& title,
-                               const Colors& colors) const {
+                               Color ink) const {
   const std::optional<Rect> rect = contents_.iconRect(index);
   if (!rect) return;
-  const Color tint = item.iconColor ? Color::fromHex(*item.iconColor).value_or(colors.ink) : colors.ink;
+  const Color tint = item.iconColor ? Color::fromHex(*item.iconColor).value_or(ink) : ink;
   IconReference icon = IconReference::of(item);
   if (icon.kind != IconKind::none) {
-    list.push_back(IconCommand{icon.kind, std::move(icon.name), *rect, tint});
+    const bool hasOwnColors = icon.kind == IconKind::application || icon.kind == IconKind::imageFile;
+    IconCommand command{icon.kind, std::move(icon.name), *rect, tint};
+    if (hasOwnColors) command.backgrounds = {colors(item, Look::normal).middle, colors(item, Look::highlighted).middle};
+    list.push_back(std::move(command));
   } else if (!title.empty()) {
     list.push_back(TextCommand{std::string(firstCharacter(title)), *rect, rect->size.height * 0.72,
                                FontWeight::semibold, TextAlignment::center, 1, tint});

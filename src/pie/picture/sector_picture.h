@@ -29,7 +29,9 @@ class SectorPainter {
   struct Colors {
     Color atHub;
     Color atRim;
-    /// Of icon and label; legible on the other two.
+    /// The approximate colour on screen half-way between them; opaque.
+    Color middle;
+    /// Of icon and label; legible on it.
     Color ink;
     double labelOpacity = 1;
   };
@@ -38,7 +40,7 @@ class SectorPainter {
   void appendBody(DisplayList& list, std::size_t index, const Colors& colors, Look look) const;
   void appendPaw(DisplayList& list, std::size_t index, const Colors& colors) const;
   void appendIcon(DisplayList& list, std::size_t index, const PieMenuItem& item, const std::string& title,
-                  const Colors& colors) const;
+                  Color ink) const;
   void appendLabel(DisplayList& list, std::size_t index, const Colors& colors, const std::string& text,
                    Look look) const;
   std::optional<TextHalo> halo(const TextCommand& label, const Colors& colors) const;

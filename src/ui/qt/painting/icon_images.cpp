@@ -51,6 +51,11 @@ QImage windowImage(const ApplicationIconSource& source, int side) {
 
 QImage IconImages::image(const IconCommand& icon, int side) {
   if (icon.kind == IconKind::none || side <= 0) return {};
+  const QImage plain = unplated(icon, side);
+  return icon.backgrounds && !plain.isNull() ? plates_.plated(plain, *icon.backgrounds, side) : plain;
+}
+
+QImage IconImages::unplated(const IconCommand& icon, int side) {
   switch (icon.kind) {
     case IconKind::none:
     case IconKind::symbol:

@@ -13,6 +13,7 @@
 #include "base/display_list.h"
 #include "platform/application_icons.h"
 #include "ui/qt/painting/decoded_icons.h"
+#include "ui/qt/painting/icon_plates.h"
 
 namespace rondora {
 
@@ -40,6 +41,7 @@ class IconImages {
   QImage image(const IconCommand& icon, int side);
 
  private:
+  QImage unplated(const IconCommand& icon, int side);
   QImage drawn(const IconCommand& icon, int side);
   QImage orSymbol(const QImage& image, std::string_view symbol, const IconCommand& icon, int side);
   void keep(const QString& key, const QImage& image);
@@ -53,6 +55,7 @@ class IconImages {
   SitePicture sitePicture_;
   QHash<QString, QImage> made_;  // symbols, emoji and icons of windows
   DecodedIcons decoded_;
+  IconPlates plates_;
 };
 
 }  // namespace rondora
