@@ -93,7 +93,8 @@ PieMenuWindowController::Ports Program::ringPorts() const {
 
 PieMenuWindowController::Environment Program::ringEnvironment() {
   return {.hapticFeedbackEnabled = [this] { return config_.current().hapticFeedbackEnabled; },
-          .displayTitle = [this](const PieMenuItem& item) { return titles_.title(item); }};
+          .displayTitle = [this](const PieMenuItem& item) { return titles_.title(item); },
+          .emptyMenuText = [this] { return std::string(localization_.text(StringKey::ringMenuEmpty)); }};
 }
 
 MenuSwitchboard::Services Program::switchboardServices() {

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -130,15 +131,31 @@ struct TextHalo {
   friend bool operator==(const TextHalo&, const TextHalo&) = default;
 };
 
+struct Disc {
+  Point center;
+  double radius = 0;
+  friend bool operator==(const Disc&, const Disc&) = default;
+};
+
+/// Where a word may break if it is wider than its line: U+200B, which is invisible.
+inline constexpr std::string_view kSoftBreak = "\u200B";
+
+enum class TextElision { end, middle };
+
 struct TextCommand {
   std::string text;  // UTF-8, of any direction
-  Rect rect;         // wrapped and elided inside, centred vertically
+  Rect rect;         // wrapped and elided inside, centred vertically; at least one line, whatever the height
   double pointSize = 13;
   FontWeight weight = FontWeight::regular;
   TextAlignment alignment = TextAlignment::center;
   int maximumLines = 1;
   Color color;
   std::optional<TextHalo> halo = std::nullopt;
+  /// Lines stay inside it, too.
+  std::optional<Disc> disc = std::nullopt;
+  /// For a text that does not fit otherwise; 0 for none.
+  double smallerPointSize = 0;
+  TextElision elision = TextElision::end;
   friend bool operator==(const TextCommand&, const TextCommand&) = default;
 };
 

@@ -88,6 +88,8 @@ enum class StringKey {
   actionTargetLost,
   actionTargetLostRemedy,
 
+  /// In the hub of a menu without items.
+  ringMenuEmpty,
   /// Names the paste shortcut as "Command+V" in every language.
   snippetHint,
   importRefused,

@@ -46,6 +46,9 @@ int main(int argc, char** argv) {
                      {"imitation", "Imitate the glass, as without a snapshot."},
                      {"application", "The application whose icon stands in the hub.", "id"},
                      {"set", "An appearance key, such as menuRadius=180; may be repeated.", "key=value"},
+                     {"title", "The title of every item.", "text"},
+                     {"icon", "The icon of every item.", "name"},
+                     {"edge", "The visible side of the hub at a screen edge, such as 1,-1.", "x,y", "0,0"},
                      {"arabic", "Right-to-left titles."}});
   application.parse();
   if (parser.positionalArguments().size() != 1) parser.showHelp(2);
@@ -55,9 +58,15 @@ int main(int argc, char** argv) {
     QTextStream(stderr) << "No such appearance key or value: " << setting << '\n';
     return 2;
   }
-  const auto app =
-      parser.isSet("application") ? std::optional(parser.value("application").toStdString()) : std::nullopt;
-  const SampleRing ring = SampleRing::make(std::move(menu), app);
+  for (PieMenuItem& item : menu.items) {
+    if (parser.isSet("title")) item.title = parser.value("title").toStdString();
+    if (parser.isSet("icon")) item.icon = parser.value("icon").toStdString();
+  }
+  const QStringList edge = parser.value("edge").split(',');
+  HubContents hub;
+  if (parser.isSet("application")) hub.application = parser.value("application").toStdString();
+  hub.visibleSide = {edge.value(0).toDouble(), edge.value(1).toDouble()};
+  const SampleRing ring = SampleRing::make(std::move(menu), std::move(hub));
   std::optional<std::size_t> highlighted;
   if (const int index = parser.value("highlight").toInt(); index >= 0) {
     highlighted = std::min(static_cast<std::size_t>(index), ring.menu.items.size() - 1);

@@ -116,14 +116,16 @@ PieMenu sampleMenu(std::size_t itemCount, bool rightToLeft) {
   return menu;
 }
 
-SampleRing SampleRing::make(PieMenu menu, const std::optional<std::string>& application) {
+SampleRing SampleRing::make(PieMenu menu, HubContents hub) {
   SampleRing ring;
   ring.menu = std::move(menu);
   ring.layout = RingLayout::make(ring.menu, ring.menu.rotationDegrees, ring.menu.items.size(), 2000);
+  hub.isMenuEmpty = ring.menu.items.empty();
+  hub.heading = hub.isMenuEmpty ? "This menu is empty" : "Everyday things";
   std::vector<std::string> titles;
   for (const PieMenuItem& item : ring.menu.items) titles.push_back(item.title);
   const auto labels = resolvedShortcutLabels(ring.menu.items);
-  ring.picture = makeRingPicture(ring.menu, ring.layout, {ring.menu.items, titles, labels, application});
+  ring.picture = makeRingPicture(ring.menu, ring.layout, {ring.menu.items, titles, labels, hub});
   return ring;
 }
 

@@ -11,6 +11,7 @@
 #include "base/display_list.h"
 #include "model/pie_menu.h"
 #include "pie/geometry/ring_layout.h"
+#include "pie/picture/hub_picture.h"
 #include "platform/application_icons.h"
 
 // A sample ring: invented items, and backgrounds.
@@ -29,7 +30,7 @@ struct SampleRing {
   RingLayout layout;
   Picture picture;
 
-  static SampleRing make(PieMenu menu, const std::optional<std::string>& application = std::nullopt);
+  static SampleRing make(PieMenu menu, HubContents hub = {});
   /// The state of each layer while that item is highlighted.
   std::vector<double> states(std::optional<std::size_t> highlighted) const;
 };

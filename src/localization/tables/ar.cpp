@@ -95,6 +95,7 @@ constexpr StringTable kArabicStrings = completeTable({
      "اختر للعنصر تركيبة أخرى في ملف الإعدادات، أو تخطيط لوحة مفاتيح يضم ذلك المفتاح."},
     {StringKey::actionTargetLost, "لم يظهر التطبيق في المقدمة في الوقت المناسب، لذلك لم يُضغط أي مفتاح."},
     {StringKey::actionTargetLostRemedy, "اختر العنصر مرة أخرى."},
+    {StringKey::ringMenuEmpty, "هذه القائمة فارغة"},
     {StringKey::snippetHint, "نُسخ النص إلى الحافظة. الصقه يدويًا باستخدام Command+V."},
     {StringKey::importRefused, "تعذرت قراءة هذا الملف. يُرجى اختيار نسخة احتياطية صالحة من الإعدادات."},
 });

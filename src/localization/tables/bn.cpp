@@ -100,6 +100,7 @@ constexpr StringTable kBengaliStrings = completeTable({
      "কনফিগারেশন ফাইলে আইটেমটির জন্য অন্য সমন্বয় বেছে নিন, অথবা সেই কী আছে এমন কীবোর্ড লেআউট নিন।"},
     {StringKey::actionTargetLost, "অ্যাপ্লিকেশনটি সময়মতো সামনে আসেনি, তাই কোনো কী চাপা হয়নি।"},
     {StringKey::actionTargetLostRemedy, "আইটেমটি আবার বেছে নিন।"},
+    {StringKey::ringMenuEmpty, "এই মেনুটি খালি"},
     {StringKey::snippetHint, "লেখাটি ক্লিপবোর্ডে কপি হয়েছে। Command+V দিয়ে নিজে পেস্ট করুন।"},
     {StringKey::importRefused, "এই ফাইলটি পড়া গেল না। অনুগ্রহ করে সেটিংসের একটি সঠিক ব্যাকআপ বেছে নিন।"},
 });

@@ -118,6 +118,7 @@ constexpr StringTable kGermanStrings = completeTable({
      "diese Taste hat."},
     {StringKey::actionTargetLost, "das Programm kam nicht rechtzeitig nach vorn; daher wurde keine Taste gedrückt."},
     {StringKey::actionTargetLostRemedy, "Wählen Sie den Eintrag noch einmal."},
+    {StringKey::ringMenuEmpty, "Dieses Menü ist leer"},
     {StringKey::snippetHint, "Der Text wurde in die Zwischenablage kopiert. Fügen Sie ihn mit Command+V selbst ein."},
     {StringKey::importRefused,
      "Diese Datei konnte nicht gelesen werden. Bitte wählen Sie eine gültige Sicherung der Einstellungen."},

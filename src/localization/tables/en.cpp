@@ -106,6 +106,7 @@ constexpr StringTable kEnglishStrings = completeTable({
      "Choose another keystroke for the item in the configuration file, or a keyboard layout with that key."},
     {StringKey::actionTargetLost, "the application did not come to the front in time, so no key was pressed."},
     {StringKey::actionTargetLostRemedy, "Choose the item again."},
+    {StringKey::ringMenuEmpty, "This menu is empty"},
     {StringKey::snippetHint, "Text is copied to the clipboard. Paste it manually with Command+V."},
     {StringKey::importRefused, "Couldn't read this file. Please choose a valid settings backup."},
 });

@@ -112,6 +112,7 @@ constexpr StringTable kSpanishStrings = completeTable({
      "esa tecla."},
     {StringKey::actionTargetLost, "la aplicación no pasó al frente a tiempo, así que no se pulsó ninguna tecla."},
     {StringKey::actionTargetLostRemedy, "Elija el elemento otra vez."},
+    {StringKey::ringMenuEmpty, "Este menú está vacío"},
     {StringKey::snippetHint, "El texto se ha copiado al portapapeles. Péguelo manualmente con Command+V."},
     {StringKey::importRefused,
      "No se ha podido leer este archivo. Elija una copia de seguridad de los ajustes que sea válida."},

@@ -117,6 +117,7 @@ constexpr StringTable kFrenchStrings = completeTable({
     {StringKey::actionTargetLost,
      "l’application n’est pas passée au premier plan à temps\u202F; aucune touche n’a été frappée."},
     {StringKey::actionTargetLostRemedy, "Choisissez l’élément encore une fois."},
+    {StringKey::ringMenuEmpty, "Ce menu est vide"},
     {StringKey::snippetHint, "Le texte est copié dans le presse-papiers. Collez-le manuellement avec Command+V."},
     {StringKey::importRefused, "Impossible de lire ce fichier. Veuillez choisir une sauvegarde de réglages valide."},
 });

@@ -94,6 +94,7 @@ constexpr StringTable kHindiStrings = completeTable({
     {StringKey::actionNoSuchKeyRemedy, "कॉन्फ़िगरेशन फ़ाइल में आइटम के लिए कोई दूसरा संयोजन चुनें, या वह कुंजी वाला कीबोर्ड लेआउट चुनें।"},
     {StringKey::actionTargetLost, "ऐप्लिकेशन समय पर सामने नहीं आया, इसलिए कोई कुंजी नहीं दबाई गई।"},
     {StringKey::actionTargetLostRemedy, "आइटम फिर से चुनें।"},
+    {StringKey::ringMenuEmpty, "यह मेनू खाली है"},
     {StringKey::snippetHint, "टेक्स्ट क्लिपबोर्ड पर कॉपी हो गया है। इसे Command+V से ख़ुद पेस्ट करें।"},
     {StringKey::importRefused, "यह फ़ाइल पढ़ी नहीं जा सकी। कृपया सेटिंग्स का सही बैकअप चुनें।"},
 });

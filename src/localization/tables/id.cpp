@@ -109,6 +109,7 @@ constexpr StringTable kIndonesianStrings = completeTable({
      "itu."},
     {StringKey::actionTargetLost, "aplikasi tidak tampil di depan tepat waktu, jadi tidak ada tombol yang ditekan."},
     {StringKey::actionTargetLostRemedy, "Pilih butir ini sekali lagi."},
+    {StringKey::ringMenuEmpty, "Menu ini kosong"},
     {StringKey::snippetHint, "Teks disalin ke papan klip. Tempelkan sendiri dengan Command+V."},
     {StringKey::importRefused, "Berkas ini tidak dapat dibaca. Pilih cadangan pengaturan yang valid."},
 });

@@ -108,6 +108,7 @@ constexpr StringTable kJapaneseStrings = completeTable({
      "設定ファイルで項目に別のキーを指定するか、そのキーのあるキーボード配列を選んでください。"},
     {StringKey::actionTargetLost, "アプリケーションが時間内に前面に出なかったため、キーを押しませんでした。"},
     {StringKey::actionTargetLostRemedy, "項目をもう一度選んでください。"},
+    {StringKey::ringMenuEmpty, "このメニューは空です"},
     {StringKey::snippetHint, "テキストをクリップボードにコピーしました。Command+V で貼り付けてください。"},
     {StringKey::importRefused, "このファイルを読み込めませんでした。有効な設定のバックアップを選んでください。"},
 });

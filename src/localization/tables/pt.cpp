@@ -110,6 +110,7 @@ constexpr StringTable kPortugueseStrings = completeTable({
     {StringKey::actionTargetLost,
      "o aplicativo não veio para a frente a tempo, por isso nenhuma tecla foi pressionada."},
     {StringKey::actionTargetLostRemedy, "Escolha o item novamente."},
+    {StringKey::ringMenuEmpty, "Este menu está vazio"},
     {StringKey::snippetHint, "O texto foi copiado para a área de transferência. Cole-o manualmente com Command+V."},
     {StringKey::importRefused, "Não foi possível ler este arquivo. Escolha um backup de configurações válido."},
 });

@@ -108,6 +108,7 @@ constexpr StringTable kRussianStrings = completeTable({
      "Задайте элементу другое сочетание в файле конфигурации или выберите раскладку с этой клавишей."},
     {StringKey::actionTargetLost, "приложение не вышло вперёд вовремя, поэтому клавиши не нажаты."},
     {StringKey::actionTargetLostRemedy, "Выберите элемент ещё раз."},
+    {StringKey::ringMenuEmpty, "В этом меню пусто"},
     {StringKey::snippetHint, "Текст скопирован в буфер обмена. Вставьте его вручную с помощью Command+V."},
     {StringKey::importRefused, "Не удалось прочитать этот файл. Выберите корректную резервную копию настроек."},
 });

@@ -106,6 +106,7 @@ constexpr StringTable kUrduStrings = completeTable({
      "ترتیبات کی فائل میں آئٹم کے لیے کوئی اور مجموعہ منتخب کریں، یا وہ کی بورڈ لے آؤٹ جس میں وہ کلید ہو۔"},
     {StringKey::actionTargetLost, "ایپلی کیشن وقت پر سامنے نہیں آئی، اس لیے کوئی کلید نہیں دبائی گئی۔"},
     {StringKey::actionTargetLostRemedy, "آئٹم دوبارہ منتخب کریں۔"},
+    {StringKey::ringMenuEmpty, "یہ مینو خالی ہے"},
     {StringKey::snippetHint, "متن کلپ بورڈ پر کاپی ہو گیا ہے۔ اسے Command+V سے خود پیسٹ کریں۔"},
     {StringKey::importRefused, "یہ فائل پڑھی نہیں جا سکی۔ براہِ کرم ترتیبات کا درست بیک اپ منتخب کریں۔"},
 });

@@ -88,6 +88,7 @@ constexpr StringTable kChineseStrings = completeTable({
     {StringKey::actionNoSuchKeyRemedy, "请在配置文件中为该项目选择其他按键，或选用包含该键的键盘布局。"},
     {StringKey::actionTargetLost, "应用程序未能及时切换到前台，因此没有按键。"},
     {StringKey::actionTargetLostRemedy, "请再次选择该项目。"},
+    {StringKey::ringMenuEmpty, "此菜单为空"},
     {StringKey::snippetHint, "文本已复制到剪贴板。请按 Command+V 手动粘贴。"},
     {StringKey::importRefused, "无法读取此文件。请选择有效的设置备份。"},
 });

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "base/geometry.h"
 #include "base/uuid.h"
 #include "model/pie_menu.h"
 #include "model/pie_sub_action.h"
@@ -35,6 +36,8 @@ struct DisplayedMenu {
   RingLayout layout;
   /// As in `AppCommands`.
   std::optional<std::string> application;
+  /// As in `HubContents`; pre-rendered pictures are of whole hubs.
+  Point visibleSide = {};
 
   /// `itemsOverride` replaces the menu's items, `appCommands` replaces both. `maxRadius` is in points.
   static DisplayedMenu make(const PieMenu& menu, std::optional<std::vector<PieMenuItem>> itemsOverride,

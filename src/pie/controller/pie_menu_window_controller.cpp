@@ -32,6 +32,18 @@ double maxRadius(const std::optional<Screen>& screen) {
   return std::max(kMinRadiusOnScreen, std::min(size.width, size.height) / 2);
 }
 
+/// The side of a disc that the screens show, along each axis; 0 where they show both or neither.
+Point visibleSide(const Screens& screens, Point center, double radius) {
+  const std::vector<Screen> all = screens.all();
+  const auto isShown = [&all](Point point) {
+    return std::any_of(all.begin(), all.end(), [point](const Screen& screen) { return screen.frame.contains(point); });
+  };
+  const auto side = [&](Point offset) {
+    return static_cast<double>(isShown(center + offset)) - static_cast<double>(isShown(center + offset * -1));
+  };
+  return {side({radius, 0}), side({0, radius})};
+}
+
 }  // namespace
 
 PieMenuWindowController::PieMenuWindowController(const Ports& ports, Environment environment)
@@ -49,6 +61,7 @@ void PieMenuWindowController::show(const PieMenu& menu, std::optional<std::vecto
   const Point pointer = ports_.pointer.location();
   const std::optional<Screen> screen = screenAt(ports_.screens, pointer);
   displayed_ = DisplayedMenu::make(menu, std::move(itemsOverride), std::move(appCommands), maxRadius(screen));
+  displayed_.visibleSide = visibleSide(ports_.screens, pointer, displayed_.layout.hubRadius());
   makePanel(menu, pointer);
   visibleFrame_ = screen ? screen->visibleFrame : window_->frame();
   restingPlace_ = pointer;
@@ -67,9 +80,14 @@ void PieMenuWindowController::prerender(const PieMenu& menu,
 }
 
 Picture PieMenuWindowController::picture(const PieMenu& menu, const DisplayedMenu& displayed) const {
+  const bool isEmpty = displayed.items.empty();
+  const auto& emptyText = environment_.emptyMenuText;
   return makeRingPicture(
       menu, displayed.layout,
-      {displayed.items, displayTitles(displayed.items), displayed.shortcutLabels.labels(), displayed.application});
+      {displayed.items,
+       displayTitles(displayed.items),
+       displayed.shortcutLabels.labels(),
+       {displayed.application, isEmpty && emptyText ? emptyText() : menu.name, isEmpty, displayed.visibleSide}});
 }
 
 /// The panel comes first: it requests its snapshot of the screen, which arrives while the picture is made.

@@ -47,11 +47,13 @@ class PieMenuWindowController {
     Clock& clock;
   };
 
-  /// Either function may be empty.
+  /// Every function may be empty.
   struct Environment {
     std::function<bool()> hapticFeedbackEnabled;  // empty: on
     /// The title that the hub shows for an item; empty: the item's own.
     std::function<std::string(const PieMenuItem&)> displayTitle;
+    /// What the hub says of a menu without items; empty: the menu's name.
+    std::function<std::string()> emptyMenuText = {};
   };
 
   using AppCommands = rondora::AppCommands;

@@ -7,6 +7,7 @@
 
 #include "model/appearance_fields.h"
 #include "pie/picture/cat_figure.h"
+#include "pie/picture/title_text.h"
 
 namespace rondora {
 namespace {
@@ -16,8 +17,8 @@ constexpr double kMinRadiusForBoth = 48;  // points, before scaling
 
 }  // namespace
 
-HubPainter::HubPainter(const PieMenu& menu, const RingLayout& layout, const std::optional<std::string>& application)
-    : menu_(menu), layout_(layout), application_(application), radius_(layout.hubRadius()) {}
+HubPainter::HubPainter(const PieMenu& menu, const RingLayout& layout, const HubContents& contents)
+    : menu_(menu), layout_(layout), contents_(contents), radius_(layout.hubRadius()) {}
 
 PictureLayer HubPainter::layer() const { return {squareAround(layout_.center(), std::ceil(radius_)), {}}; }
 
@@ -25,7 +26,9 @@ PictureLayer HubPainter::figureLayer() const {
   PictureLayer result = layer();
   result.states.resize(2);
   if (!hasFigure()) return result;
-  appendFigure(result.states[0], {layout_.center(), figureHalfSide()}, true);
+  const bool isAlone = !contents_.isMenuEmpty;
+  if (isAlone) appendFigure(result.states[0], {layout_.center(), figureHalfSide()}, true);
+  if (!isAlone && hasRoomForBoth()) appendFigure(result.states[0], figureAboveTitle(), true);
   if (hasRoomForBoth()) appendFigure(result.states[1], figureAboveTitle(), false);
   return result;
 }
@@ -33,7 +36,9 @@ PictureLayer HubPainter::figureLayer() const {
 PictureLayer HubPainter::titleLayer(const std::vector<std::string>& titles) const {
   PictureLayer result = layer();
   result.states.resize(titles.size() + 1);
-  const bool catLooks = hasRoomForBoth() && !application_;
+  const bool catLooks = hasRoomForBoth() && !contents_.application;
+  const bool hasHeading = !contents_.heading.empty() && (contents_.isMenuEmpty || !hasFigure());
+  if (hasHeading) result.states[0].push_back(title(contents_.heading));
   const Figure cat = figureAboveTitle();
   for (std::size_t i = 0; i < titles.size(); ++i) {
     DisplayList& list = result.states[i + 1];
@@ -43,11 +48,13 @@ PictureLayer HubPainter::titleLayer(const std::vector<std::string>& titles) cons
   return result;
 }
 
-bool HubPainter::hasRoomForBoth() const { return hasFigure() && radius_ >= kMinRadiusForBoth * layout_.scale; }
+bool HubPainter::hasRoomForBoth() const {
+  return hasFigure() && !isCut() && radius_ >= kMinRadiusForBoth * layout_.scale;
+}
 
 /// The icon scales with the hub's radius, the cat with the largest square inside the hub.
 double HubPainter::figureHalfSide() const {
-  if (application_) return radius_ * drawn<&PieMenu::centerAppIconScale>(menu_);
+  if (contents_.application) return radius_ * drawn<&PieMenu::centerAppIconScale>(menu_);
   return radius_ / std::numbers::sqrt2 * drawn<&PieMenu::centerCatScale>(menu_);
 }
 
@@ -57,24 +64,44 @@ HubPainter::Figure HubPainter::figureAboveTitle() const {
 }
 
 void HubPainter::appendFigure(DisplayList& list, const Figure& figure, bool isAlone) const {
-  if (application_) {
+  if (contents_.application) {
     const Rect rect = squareAround(figure.center, figure.halfSide);
-    list.push_back(IconCommand{IconKind::application, *application_, rect, kTitle});
+    list.push_back(IconCommand{IconKind::application, *contents_.application, rect, kTitle});
   } else {
     appendCat(list, figure.center, figure.halfSide, isAlone ? CatMood::asleep : CatMood::awake);
   }
 }
 
-TextCommand HubPainter::title(const std::string& text) const {
-  const bool isBelow = hasRoomForBoth();
-  const double top = isBelow ? 0.02 : -0.5;
-  const double bottom = isBelow ? 0.62 : 0.5;
-  const double halfWidth = isBelow ? 0.78 : 0.82;
+/// Beneath the figure, else in the middle, else in the half or quarter that the screen shows.
+Rect HubPainter::titleRect() const {
+  constexpr double kAcross = 0.6;  // of the radius
   const Point center = layout_.center();
-  const Rect rect{{center.x - halfWidth * radius_, center.y + top * radius_},
-                  {2 * halfWidth * radius_, (bottom - top) * radius_}};
-  const double pointSize = std::min((isBelow ? 15 : 16) * layout_.scale, radius_ * 0.235);
-  return {text, rect, pointSize, FontWeight::semibold, TextAlignment::center, isBelow ? 2 : 3, kTitle};
+  const auto part = [this](double from, double to) { return std::pair{from * radius_, (to - from) * radius_}; };
+  const auto along = [&](double side) { return side == 0 ? part(-1, 1) : side > 0 ? part(0.06, 1) : part(-1, -0.06); };
+  const auto down = [&](double side) {
+    return side == 0 ? part(-kAcross, kAcross) : side > 0 ? part(0.04, kAcross + 0.2) : part(-kAcross - 0.2, -0.04);
+  };
+  const auto [x, width] = along(contents_.visibleSide.x);
+  const auto [y, height] = hasRoomForBoth() ? part(-0.02, 0.74) : down(contents_.visibleSide.y);
+  return {{center.x + x, center.y + y}, {width, height}};
+}
+
+TextCommand HubPainter::title(const std::string& text) const {
+  constexpr int kMaxLines = 4;
+  constexpr double kSmaller = 13.0 / 15;
+  const double largest = isCut() ? 13 : hasRoomForBoth() ? 15 : 16;
+  const double pointSize = std::min(largest * layout_.scale, radius_ * 0.235);
+  TextCommand command{withSoftBreaks(text),
+                      titleRect(),
+                      pointSize,
+                      FontWeight::semibold,
+                      TextAlignment::center,
+                      hasRoomForBoth() ? 3 : kMaxLines,
+                      kTitle};
+  command.disc = Disc{layout_.center(), 0.94 * radius_};
+  command.smallerPointSize = kSmaller * pointSize;
+  command.elision = elisionOf(text);
+  return command;
 }
 
 }  // namespace rondora

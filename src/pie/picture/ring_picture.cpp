@@ -29,7 +29,7 @@ Picture makeRingPicture(const PieMenu& menu, const RingLayout& layout, const Rin
   for (std::size_t i = 0; i < contents.items.size(); ++i) {
     picture.layers.push_back(painter.layer(i, contents.items[i], contents.titles[i], labelOf(contents, i)));
   }
-  const HubPainter hub(menu, layout, contents.application);
+  const HubPainter hub(menu, layout, contents.hub);
   picture.layers.push_back(hub.figureLayer());
   picture.layers.push_back(hub.titleLayer(contents.titles));
   return picture;

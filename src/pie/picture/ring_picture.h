@@ -9,6 +9,7 @@
 #include "model/pie_menu.h"
 #include "model/pie_menu_item.h"
 #include "pie/geometry/ring_layout.h"
+#include "pie/picture/hub_picture.h"
 
 // The ring as a picture: the glass, one layer per sector with two states, and the hub's figure and title.
 
@@ -19,8 +20,7 @@ struct RingContents {
   /// One title per item, for the hub.
   const std::vector<std::string>& titles;
   const std::vector<std::optional<std::string>>& labels;
-  /// The target application; the hub shows its icon.
-  std::optional<std::string> application = std::nullopt;
+  HubContents hub = {};
 };
 
 Picture makeRingPicture(const PieMenu& menu, const RingLayout& layout, const RingContents& contents);

@@ -31,7 +31,7 @@ struct Ring {
 };
 
 /// Adds the items that the menu lacks.
-Ring ringOf(std::size_t count, PieMenu menu = {}, const std::optional<std::string>& application = {}) {
+Ring ringOf(std::size_t count, PieMenu menu = {}, const HubContents& hub = {}) {
   for (std::size_t i = menu.items.size(); i < count; ++i) {
     PieMenuItem& item = menu.items.emplace_back();
     item.title = "Item " + std::to_string(i);
@@ -43,7 +43,7 @@ Ring ringOf(std::size_t count, PieMenu menu = {}, const std::optional<std::strin
   ring.menu = std::move(menu);
   ring.layout = RingLayout::make(ring.menu, ring.menu.rotationDegrees, count, 400);
   const auto labels = resolvedShortcutLabels(ring.menu.items);
-  ring.picture = makeRingPicture(ring.menu, ring.layout, {ring.menu.items, titles, labels, application});
+  ring.picture = makeRingPicture(ring.menu, ring.layout, {ring.menu.items, titles, labels, hub});
   return ring;
 }
 
@@ -169,25 +169,50 @@ TEST(RingPictureTest, HighlightedTitleFitsIntoTheHub) {
   EXPECT_TRUE(title.states.at(static_cast<std::size_t>(ring_layers::titleState(std::nullopt))).empty());
   const auto* text = find<TextCommand>(title.states.at(static_cast<std::size_t>(ring_layers::titleState(2))));
   EXPECT_EQ(text->text, "Item 2");
-  for (const Point corner : {text->rect.origin, Point{text->rect.right(), text->rect.bottom()}}) {
-    const Point offset = corner - ring.layout.center();
-    EXPECT_LT(std::hypot(offset.x, offset.y), ring.layout.hubRadius());
-  }
+  EXPECT_EQ(text->disc->center, ring.layout.center());
+  EXPECT_LT(text->disc->radius, ring.layout.hubRadius());
 }
 
-TEST(RingPictureTest, HubShowsTheCatOrTheApplication) {
+/// What the hub shows while nothing is highlighted.
+DisplayList restingHub(std::size_t count, const PieMenu& menu, const HubContents& hub) {
+  const Picture picture = ringOf(count, menu, hub).picture;
+  DisplayList list = picture.layers[ring_layers::figure(count)].states[0];
+  const DisplayList& title = picture.layers[ring_layers::title(count)].states[0];
+  list.insert(list.end(), title.begin(), title.end());
+  return list;
+}
+
+TEST(RingPictureTest, HubShowsFigureOrMenusNameOrThatItIsEmpty) {
   PieMenu menu;
-  const auto figure = [&](const std::optional<std::string>& application) {
-    return ringOf(0, menu, application).picture.layers[ring_layers::figure(0)].states[0];
-  };
-  EXPECT_NE(find<FillCommand>(figure(std::nullopt)), nullptr);
+  const HubContents named{.application = {}, .heading = "Tools"};
+  const HubContents empty{.application = {}, .heading = "Empty", .isMenuEmpty = true};
+  const DisplayList cat = restingHub(2, menu, named);
+  EXPECT_NE(find<FillCommand>(cat), nullptr);
+  EXPECT_EQ(find<TextCommand>(cat), nullptr);
+  const DisplayList hungryCat = restingHub(0, menu, empty);
+  EXPECT_NE(find<FillCommand>(hungryCat), nullptr);
+  EXPECT_EQ(find<TextCommand>(hungryCat)->text, "Empty");
   menu.pawDecorationEnabled = false;
-  EXPECT_TRUE(figure(std::nullopt).empty());
+  ASSERT_EQ(restingHub(2, menu, named).size(), 1u);
+  EXPECT_EQ(find<TextCommand>(restingHub(2, menu, named))->text, "Tools");
+  EXPECT_EQ(find<TextCommand>(restingHub(0, menu, empty))->text, "Empty");
   menu.centerAppIconScale = 0.5;
-  const DisplayList icon = figure("org.example.Editor");
+  const DisplayList icon = restingHub(2, menu, {.application = "org.example.Editor", .heading = "Tools"});
   ASSERT_EQ(icon.size(), 1u);
   EXPECT_EQ(find<IconCommand>(icon)->name, "org.example.Editor");
-  EXPECT_DOUBLE_EQ(find<IconCommand>(icon)->rect.size.width, ringOf(0, menu).layout.hubRadius());
+  EXPECT_DOUBLE_EQ(find<IconCommand>(icon)->rect.size.width, ringOf(2, menu).layout.hubRadius());
+}
+
+TEST(RingPictureTest, TitleStaysInTheVisiblePartOfTheHub) {
+  for (const Point side : {Point{1, 0}, Point{-1, 0}, Point{0, 1}, Point{-1, -1}}) {
+    const Ring ring = ringOf(2, {}, {.application = {}, .heading = {}, .visibleSide = side});
+    EXPECT_TRUE(ring.picture.layers[ring_layers::figure(2)].states[1].empty()) << "a figure in the way";
+    const Rect title = find<TextCommand>(ring.picture.layers[ring_layers::title(2)].states[1])->rect;
+    const Point center = ring.layout.center();
+    EXPECT_GE(std::min((title.left() - center.x) * side.x, (title.top() - center.y) * side.y) + 1e-6,
+              std::min({0.0, -title.size.width * side.x, -title.size.height * side.y}) + 1e-6);
+    EXPECT_GE(std::min(title.size.width, title.size.height), 0.75 * ring.layout.hubRadius());
+  }
 }
 
 template <class T>
@@ -206,12 +231,12 @@ void change(T& value, double factor) {
 TEST(RingPictureTest, EveryAppearanceFieldChangesTheRing) {
   for (const AppearanceField& field : kAppearanceFields) {
     if (field.name == "animationDuration") continue;
-    const auto application = field.name == "centerAppIconScale" ? std::optional<std::string>("editor") : std::nullopt;
+    HubContents hub;
+    if (field.name == "centerAppIconScale") hub.application = "editor";
     for (const double factor : {0.85, 1.15}) {
       PieMenu menu;
       std::visit([&](auto member) { change(menu.*member, factor); }, field.member);
-      EXPECT_NE(ringOf(6, menu, application).picture, ringOf(6, {}, application).picture)
-          << field.name << " times " << factor;
+      EXPECT_NE(ringOf(6, menu, hub).picture, ringOf(6, {}, hub).picture) << field.name << " times " << factor;
     }
   }
 }
