@@ -1,10 +1,10 @@
 #include "ui/painting/text_halo.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <utility>
 #include <vector>
 
 namespace rondora {
@@ -53,19 +53,12 @@ Mask spread(const Mask& letters, int reach) {
   return wide;
 }
 
-struct Premultiplied {
-  explicit Premultiplied(Color color)
-      : components{color.blue * color.alpha, color.green * color.alpha, color.red * color.alpha, color.alpha} {}
-  double components[4];
-};
-
-std::uint32_t blended(const Premultiplied& ink, double inkShare, const Premultiplied& halo, double haloShare) {
-  std::uint32_t pixel = 0;
-  for (unsigned i = 0; i < 4; ++i) {
-    const double component = ink.components[i] * inkShare + halo.components[i] * haloShare;
-    pixel |= static_cast<std::uint32_t>(component * 255 + 0.5) << (8 * i);
-  }
-  return pixel;
+/// Premultiplied, 0 to 255; blue first.
+std::array<std::uint32_t, 4> components(Color color) {
+  const auto byte = [&color](double component) {
+    return static_cast<std::uint32_t>(std::lround(std::clamp(component * color.alpha, 0.0, 1.0) * 255));
+  };
+  return {byte(color.blue), byte(color.green), byte(color.red), byte(1)};
 }
 
 }  // namespace
@@ -73,13 +66,15 @@ std::uint32_t blended(const Premultiplied& ink, double inkShare, const Premultip
 void drawWithHalo(const PixelBuffer& letters, Color ink, Color halo, int reach) {
   const Mask mask(letters);
   const Mask wide = spread(mask, reach);
-  const Premultiplied inside(ink);
-  const Premultiplied around(halo);
+  const auto inside = components(ink);
+  const auto around = components(halo);
   for (int y = 0; y < letters.height; ++y) {
     std::uint32_t* to = letters.pixels + std::ptrdiff_t{y} * letters.stride;
     for (int x = 0; x < letters.width; ++x) {
-      const double letter = mask.row(y)[x] / 255.0;
-      to[x] = wide.row(y)[x] == 0 ? 0 : blended(inside, letter, around, wide.row(y)[x] / 255.0 * (1 - letter));
+      const std::uint32_t letter = mask.row(y)[x];
+      const std::uint32_t beside = wide.row(y)[x] * (255 - letter) / 255;
+      to[x] = 0;
+      for (unsigned i = 0; i < 4; ++i) to[x] |= (inside[i] * letter + around[i] * beside + 127) / 255 << (8 * i);
     }
   }
 }
