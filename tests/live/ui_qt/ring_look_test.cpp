@@ -27,12 +27,13 @@ namespace {
 constexpr double kScale = 1;
 
 struct Ring {
-  explicit Ring(PieMenu shown, bool hasLabels = true) : menu(std::move(shown)) {
+  explicit Ring(PieMenu shown, bool hasLabels = true, Point visibleSide = {}) : menu(std::move(shown)) {
     layout = RingLayout::make(menu, menu.rotationDegrees, menu.items.size(), 1000);
-    const std::vector<std::string> titles(menu.items.size());
+    std::vector<std::string> titles;  // items without icon would show the initial
+    for (const PieMenuItem& item : menu.items) titles.push_back(item.icon.empty() ? "" : "Some title");
     auto labels = resolvedShortcutLabels(menu.items);
     if (!hasLabels) std::fill(labels.begin(), labels.end(), std::nullopt);
-    picture = makeRingPicture(menu, layout, {menu.items, titles, labels});
+    picture = makeRingPicture(menu, layout, {menu.items, titles, labels, {{}, {}, false, visibleSide}});
   }
 
   PieMenu menu;
@@ -54,10 +55,23 @@ struct Pixels {
   Pixels(const Ring& ring, const ApplicationIcons& icons, std::uint32_t beneath, bool isHighlighted)
       : side(static_cast<int>(ring.picture.size.width * kScale)),
         pixels(static_cast<std::size_t>(side) * static_cast<std::size_t>(side)) {
-    std::vector<std::uint32_t> screen(pixels.size(), beneath);
     std::vector<double> states(ring.picture.layers.size(), 0);
     for (std::size_t i = 0; isHighlighted && i < ring.menu.items.size(); ++i) states[ring_layers::sector(i)] = 1;
     QtPictureRasterizer rasterizer(icons);
+    paint(ring, rasterizer, states, beneath);
+  }
+  /// With that title of the hub.
+  Pixels(const Ring& ring, QtPictureRasterizer& rasterizer, double title)
+      : side(static_cast<int>(ring.picture.size.width * kScale)),
+        pixels(static_cast<std::size_t>(side) * static_cast<std::size_t>(side)) {
+    std::vector<double> states(ring.picture.layers.size(), 0);
+    states[ring_layers::title(ring.menu.items.size())] = title;
+    paint(ring, rasterizer, states, 0xFF808080);
+  }
+
+  void paint(const Ring& ring, QtPictureRasterizer& rasterizer, const std::vector<double>& states,
+             std::uint32_t beneath) {
+    std::vector<std::uint32_t> screen(pixels.size(), beneath);
     const auto prepared = rasterizer.prepare(ring.picture, kScale);
     prepared->setSnapshot({screen.data(), side, side, side});
     prepared->paint(states, {kScale, 1, 1, {{0, 0}, ring.picture.size}}, {pixels.data(), side, side, side});
@@ -188,6 +202,27 @@ TEST(RingLookTest, LongTitlesBreakAtTheirSeamsAndKeepTheEndThatMatters) {
   const QString file = linesOf("Annual report 2023, final version with all comments.pdf").join(' ');
   EXPECT_TRUE(file.contains(QChar(0x2026)) && file.endsWith(".pdf")) << file.toStdString();
   EXPECT_TRUE(linesOf("A sentence that is far too long for any hub. It goes on").last().endsWith(QChar(0x2026)));
+}
+
+TEST(RingLookTest, RingAtAScreenEdgeEqualsANewOneAndBackAgain) {
+  const FakeApplicationIcons icons;
+  const Ring middle(menuOf(6, "star.fill"));
+  const Ring edge(menuOf(6, "star.fill"), true, {1, 0});
+  QtPictureRasterizer keeping(icons);
+  keeping.prerender(middle.picture, kScale);
+  for (const Ring* ring : {&edge, &middle, &edge}) {
+    QtPictureRasterizer fresh(icons);
+    for (const double title : {0.0, 1.0, 3.0}) {
+      const Pixels kept(*ring, keeping, title);
+      const Pixels made(*ring, fresh, title);
+      const auto differs = [](std::uint32_t a, std::uint32_t b) {
+        return std::abs(static_cast<int>(a >> 8 & 0xFF) - static_cast<int>(b >> 8 & 0xFF)) > 2;  // rounding
+      };
+      int different = 0;
+      for (std::size_t i = 0; i < kept.pixels.size(); ++i) different += differs(kept.pixels[i], made.pixels[i]);
+      EXPECT_EQ(different, 0) << "title " << title;
+    }
+  }
 }
 
 TEST(RingLookTest, IconsThatVanishOnTheirSectorGetThePlateThatShowsThem) {

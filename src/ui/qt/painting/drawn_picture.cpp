@@ -65,6 +65,27 @@ bool DrawnPicture::isOf(const Picture& picture, double pixelsPerPoint, IconImage
   return true;
 }
 
+bool DrawnPicture::adopt(Picture& picture, double pixelsPerPoint, IconImages& icons) {
+  constexpr std::size_t kFew = 2;  // such as the hub's
+  if (pixelsPerPoint != pixelsPerPoint_ || picture.size != picture_.size || picture.anchor != picture_.anchor ||
+      picture.layers.size() != layers_.size() || font_ != interfaceFontFor({})) {
+    return false;
+  }
+  std::vector<std::size_t> changed;
+  for (std::size_t i = layers_.size(); i-- > 0 && changed.size() <= kFew;) {
+    const PictureLayer& old = picture_.layers[i];
+    const PictureLayer& wanted = picture.layers[i];
+    const bool isSameLayer = old == wanted;
+    if (!isSameLayer && (old.bounds != wanted.bounds || old.states[0] != wanted.states[0])) return false;
+    if (!layers_[i].hasIconsOf(old, pixelsPerPoint, icons)) return false;
+    if (!isSameLayer) changed.push_back(i);
+  }
+  if (changed.size() > kFew) return false;
+  for (const std::size_t i : changed) layers_[i] = PreparedLayer(picture.layers[i], pixelsPerPoint, icons, size_);
+  picture_ = std::move(picture);
+  return true;
+}
+
 std::size_t DrawnPicture::byteCount() const {
   constexpr std::size_t kBytesPerLayer = 8192;
   return layers_.size() * kBytesPerLayer + (prerendered_ ? prerendered_->byteCount() : 0);

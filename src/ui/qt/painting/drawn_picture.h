@@ -26,6 +26,9 @@ class DrawnPicture {
 
   /// True when preparing that picture now would give the same result.
   bool isOf(const Picture& picture, double pixelsPerPoint, IconImages& icons) const;
+  /// Becomes that picture if it differs in few layers, and in none of what the first frame shows. Returns false,
+  /// without a change, otherwise. Not while shown.
+  bool adopt(Picture& picture, double pixelsPerPoint, IconImages& icons);
   /// The approximate memory that it takes between two showings.
   std::size_t byteCount() const;
   /// The memory that `prerender` would add.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
 #include <utility>
 
 #include "ui/qt/painting/drawn_picture.h"
@@ -61,25 +62,31 @@ void QtPictureRasterizer::warmUp() {
 }
 
 std::unique_ptr<PreparedPicture> QtPictureRasterizer::prepare(Picture picture, double pixelsPerPoint) {
-  return std::make_unique<QtPreparedPicture>(pictureOf(std::move(picture), pixelsPerPoint), icons_);
+  auto kept = keptPicture([&](DrawnPicture& each) { return each.isOf(picture, pixelsPerPoint, icons_); });
+  if (!kept) kept = keptPicture([&](DrawnPicture& each) { return each.adopt(picture, pixelsPerPoint, icons_); });
+  if (!kept) kept = newPicture(std::move(picture), pixelsPerPoint);
+  return std::make_unique<QtPreparedPicture>(std::move(kept), icons_);
 }
 
 void QtPictureRasterizer::prerender(Picture picture, double pixelsPerPoint) {
-  const auto kept = pictureOf(std::move(picture), pixelsPerPoint);
+  auto kept = keptPicture([&](DrawnPicture& each) { return each.isOf(picture, pixelsPerPoint, icons_); });
+  if (!kept) kept = newPicture(std::move(picture), pixelsPerPoint);
   if (kept->prerenderedByteCount() > kMaxPrerenderedBytes) return;
   kept->prerender();
   keepFew();
 }
 
-/// A kept picture that is not being shown, otherwise a new one. It becomes the most recently used.
-std::shared_ptr<DrawnPicture> QtPictureRasterizer::pictureOf(Picture picture, double pixelsPerPoint) {
+/// A kept picture that is not being shown and suits; it becomes the most recently used.
+std::shared_ptr<DrawnPicture> QtPictureRasterizer::keptPicture(const std::function<bool(DrawnPicture&)>& suits) {
   const auto found = std::find_if(kept_.begin(), kept_.end(), [&](const std::shared_ptr<DrawnPicture>& kept) {
-    return !kept->isShown() && kept->isOf(picture, pixelsPerPoint, icons_);
+    return !kept->isShown() && suits(*kept);
   });
-  if (found != kept_.end()) {
-    std::rotate(found, found + 1, kept_.end());
-    return kept_.back();
-  }
+  if (found == kept_.end()) return nullptr;
+  std::rotate(found, found + 1, kept_.end());
+  return kept_.back();
+}
+
+std::shared_ptr<DrawnPicture> QtPictureRasterizer::newPicture(Picture picture, double pixelsPerPoint) {
   auto made = std::make_shared<DrawnPicture>(std::move(picture), pixelsPerPoint, icons_);
   kept_.push_back(made);
   keepFew();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -26,7 +27,8 @@ class QtPictureRasterizer : public PictureRasterizer {
   void warmUp();
 
  private:
-  std::shared_ptr<DrawnPicture> pictureOf(Picture picture, double pixelsPerPoint);
+  std::shared_ptr<DrawnPicture> keptPicture(const std::function<bool(DrawnPicture&)>& suits);
+  std::shared_ptr<DrawnPicture> newPicture(Picture picture, double pixelsPerPoint);
   void keepFew();
 
   IconImages icons_;
