@@ -10,6 +10,7 @@ enum class ActionProblem {
   notInstalled,      // detail: the application
   noDefault,         // detail: the content type or URL scheme that no application opens
   cannotStart,       // detail: the application
+  endedAtOnce,       // with an error, without a window; detail: the application
   notAnAddress,      // detail: the text
   noHandler,         // detail: the address
   noSystemAction,    // of this desktop

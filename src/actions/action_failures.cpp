@@ -14,6 +14,8 @@ std::string reason(const ActionFailure& failure) {
       return "no application opens " + failure.detail;
     case ActionProblem::cannotStart:
       return "cannot start " + failure.detail;
+    case ActionProblem::endedAtOnce:
+      return failure.detail + " ended with an error before it showed a window";
     case ActionProblem::notAnAddress:
       return "not a complete address";
     case ActionProblem::noHandler:

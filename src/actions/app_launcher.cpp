@@ -39,60 +39,67 @@ std::string readable(std::string_view bundleIdentifier) {
 
 }  // namespace
 
-AppLauncher::AppLauncher(Workspace& workspace, Pasteboard& pasteboard, Focus focus, KeystrokeSender& keystrokeSender,
-                         const Clock& clock, Log& log)
-    : workspace_(workspace),
-      pasteboard_(pasteboard),
-      focus_(std::move(focus)),
-      keystrokeSender_(keystrokeSender),
-      systemActionRunner_(workspace),
-      pendingLaunches_(workspace, clock),
-      log_(log) {}
+AppLauncher::AppLauncher(const Services& services)
+    : services_(services),
+      systemActionRunner_(services.workspace),
+      pendingLaunches_({services.workspace, services.mainQueue, services.clock, services.ownBundleIdentifier}) {}
 
 void AppLauncher::execute(const PieMenuItem& item, std::optional<std::int32_t> targetPID, const ActionEnded& ended) {
-  const auto end = [&ended](const std::optional<ActionFailure>& failure) {
-    if (ended) ended(failure);
-  };
+  const ActionEnded end = ended ? ended : [](const std::optional<ActionFailure>&) {};
   const Overloaded run{
       [](const Unassigned&) {},
-      [&](const LaunchApp& action) { end(launch(action.bundleIdentifier)); },
+      [&](const LaunchApp& action) { launch(action.bundleIdentifier, end); },
       [&](const OpenURL& action) { end(openUrl(action.url)); },
-      [&](const Keystroke& action) { keystrokeSender_.perform(action.keyCode, action.modifiers, targetPID, ended); },
+      [&](const Keystroke& action) {
+        services_.keystrokeSender.perform(action.keyCode, action.modifiers, targetPID, ended);
+      },
       [&](const SystemShortcut& action) { systemActionRunner_.run(action.kind, ended); },
       [&](const Snippet& action) { copySnippet(action.text); },
   };
   std::visit(run, item.action);
 }
 
-std::optional<ActionFailure> AppLauncher::launch(std::string_view bundleIdentifier) {
+/// Brings a running instance forward, otherwise opens the application, once until its window appears.
+void AppLauncher::launch(std::string_view bundleIdentifier, const ActionEnded& ended) {
   const auto running = runningApplication(bundleIdentifier);
-  if (running && focus_(*running)) return std::nullopt;
-  const auto location = workspace_.urlForApplication(bundleIdentifier);
-  if (!location) return missing(bundleIdentifier);
+  if (running && services_.focus(*running)) return ended(std::nullopt);
+  const auto location = services_.workspace.urlForApplication(bundleIdentifier);
+  if (!location) return ended(missing(bundleIdentifier));
   if (!running && pendingLaunches_.isPending(*location)) {
-    log_.standard("launch skipped: " + location->value + " is starting");
-    return std::nullopt;
+    return services_.log.standard("launch skipped: " + location->value + " is starting");
   }
-  if (workspace_.openApplication(*location)) {
-    if (!running) pendingLaunches_.add(bundleIdentifier, *location);
-    return std::nullopt;
+  open(bundleIdentifier, *location, ended);
+}
+
+void AppLauncher::open(std::string_view bundleIdentifier, const ApplicationLocation& location,
+                       const ActionEnded& ended) {
+  std::string name = nameOf(bundleIdentifier);
+  if (!services_.workspace.openApplication(location)) {
+    return ended(ActionFailure{ActionProblem::cannotStart, std::move(name)});
   }
-  const auto name = workspace_.applicationName(bundleIdentifier);
-  return ActionFailure{ActionProblem::cannotStart, name ? *name : readable(bundleIdentifier)};
+  pendingLaunches_.add(bundleIdentifier, location, [ended, name = std::move(name)](PendingLaunches::Outcome outcome) {
+    if (outcome == PendingLaunches::Outcome::worked) return ended(std::nullopt);
+    ended(ActionFailure{ActionProblem::endedAtOnce, name});
+  });
+}
+
+std::string AppLauncher::nameOf(std::string_view bundleIdentifier) const {
+  return services_.workspace.applicationName(bundleIdentifier).value_or(readable(bundleIdentifier));
 }
 
 ActionFailure AppLauncher::missing(std::string_view bundleIdentifier) const {
-  if (auto content = workspace_.contentType(bundleIdentifier)) return {ActionProblem::noDefault, std::move(*content)};
+  if (auto content = services_.workspace.contentType(bundleIdentifier))
+    return {ActionProblem::noDefault, std::move(*content)};
   return {ActionProblem::notInstalled, readable(bundleIdentifier)};
 }
 
 std::optional<ActionFailure> AppLauncher::openUrl(const std::string& url) {
-  if (!isFileOfAnotherMachine(url) && workspace_.openUrl(url)) return std::nullopt;
+  if (!isFileOfAnotherMachine(url) && services_.workspace.openUrl(url)) return std::nullopt;
   return ActionFailure{isAddress(url) ? ActionProblem::noHandler : ActionProblem::notAnAddress, url};
 }
 
 std::optional<RunningApplication> AppLauncher::runningApplication(std::string_view bundleIdentifier) const {
-  const auto instances = workspace_.runningApplications(bundleIdentifier);
+  const auto instances = services_.workspace.runningApplications(bundleIdentifier);
   const auto found = std::find_if(instances.begin(), instances.end(), [](const RunningApplication& instance) {
     return instance.activationPolicy == ActivationPolicy::regular && !instance.isTerminated;
   });
@@ -102,8 +109,8 @@ std::optional<RunningApplication> AppLauncher::runningApplication(std::string_vi
 
 void AppLauncher::copySnippet(std::string_view text) {
   if (text.empty()) return;
-  pasteboard_.clearContents();
-  pasteboard_.setString(text);
+  services_.pasteboard.clearContents();
+  services_.pasteboard.setString(text);
 }
 
 }  // namespace rondora

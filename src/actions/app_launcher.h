@@ -26,30 +26,37 @@ class AppLauncher {
   using Focus = std::function<bool(const RunningApplication&)>;
 
   /// The references must outlive the object.
-  AppLauncher(Workspace& workspace, Pasteboard& pasteboard, Focus focus, KeystrokeSender& keystrokeSender,
-              const Clock& clock, Log& log);
+  struct Services {
+    Workspace& workspace;
+    Pasteboard& pasteboard;
+    KeystrokeSender& keystrokeSender;
+    MainQueue& mainQueue;
+    const Clock& clock;
+    Log& log;
+    Focus focus;
+    std::string ownBundleIdentifier;
+  };
+
+  explicit AppLauncher(const Services& services);
 
   /// Keystrokes go to the target process, or to the frontmost one when there is none. Calls `ended` once, at once or
-  /// later; never for an action that is empty or that no system carries out.
+  /// later; never for an action that is empty or that no system carries out, nor for an application that is already
+  /// starting.
   void execute(const PieMenuItem& item, std::optional<std::int32_t> targetPID, const ActionEnded& ended = {});
-  /// Brings a running instance forward, otherwise opens the application, once until its window appears (see
-  /// PendingLaunches).
-  std::optional<ActionFailure> launch(std::string_view bundleIdentifier);
   /// The first live instance that is an ordinary application, in the platform's order.
   std::optional<RunningApplication> runningApplication(std::string_view bundleIdentifier) const;
 
  private:
+  void launch(std::string_view bundleIdentifier, const ActionEnded& ended);
+  void open(std::string_view bundleIdentifier, const ApplicationLocation& location, const ActionEnded& ended);
+  std::string nameOf(std::string_view bundleIdentifier) const;
   ActionFailure missing(std::string_view bundleIdentifier) const;
   std::optional<ActionFailure> openUrl(const std::string& url);
   void copySnippet(std::string_view text);
 
-  Workspace& workspace_;
-  Pasteboard& pasteboard_;
-  Focus focus_;
-  KeystrokeSender& keystrokeSender_;
+  Services services_;
   MacOSSystemActionRunner systemActionRunner_;
   PendingLaunches pendingLaunches_;
-  Log& log_;
 };
 
 }  // namespace rondora

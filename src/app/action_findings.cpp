@@ -23,6 +23,8 @@ Texts textsOf(ActionProblem problem) {
       return {StringKey::actionNoDefault, StringKey::actionNoDefaultRemedy};
     case ActionProblem::cannotStart:
       return {StringKey::actionCannotStart, StringKey::actionCannotStartRemedy};
+    case ActionProblem::endedAtOnce:
+      return {StringKey::actionEndedAtOnce, StringKey::actionEndedAtOnceRemedy};
     case ActionProblem::notAnAddress:
       return {StringKey::actionNotAnAddress, StringKey::actionNotAnAddressRemedy};
     case ActionProblem::noHandler:

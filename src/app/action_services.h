@@ -8,6 +8,7 @@
 
 #include "actions/app_launcher.h"
 #include "actions/keystroke_sender.h"
+#include "platform/process_environment.h"
 #include "windows/frontmost_app_waiter.h"
 #include "windows/running_app_focus.h"
 #include "windows/space_switcher.h"
@@ -30,6 +31,7 @@ struct ActionServices {
     MainQueue& mainQueue;
     Clock& clock;
     Log& log;
+    const ProcessEnvironment& environment;
   };
 
   /// `accessibilityQueue` carries the label RunningAppFocus::kQueueLabel.
@@ -44,10 +46,9 @@ struct ActionServices {
         runningAppFocus({ports.workspace, ports.windowList, ports.frontProcess, ports.permissions, ports.accessibility,
                          spaceSwitcher, ports.log},
                         std::move(accessibilityQueue)),
-        appLauncher(
-            ports.workspace, ports.pasteboard,
-            [this](const RunningApplication& application) { return runningAppFocus.focus(application); },
-            keystrokeSender, ports.clock, ports.log) {}
+        appLauncher({ports.workspace, ports.pasteboard, keystrokeSender, ports.mainQueue, ports.clock, ports.log,
+                     [this](const RunningApplication& application) { return runningAppFocus.focus(application); },
+                     ports.environment.bundleIdentifier()}) {}
 
   FrontmostAppWaiter frontmostAppWaiter;
   KeystrokeSender keystrokeSender;

@@ -85,7 +85,7 @@ struct CompositionLinux::Running {
   desktop::FileUserDefaults defaults{presence.files, log};
   desktop::SystemClock clock;
   desktop::SystemRandom random;
-  desktop::InstalledApplications installed{presence.environment};
+  desktop::InstalledApplications installed{presence.environment, watchReadable};
   desktop::InputTrackpads trackpads;
   desktop::NoHaptics haptics;
   desktop::NoSpaceShortcuts spaceShortcuts;

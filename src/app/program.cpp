@@ -83,7 +83,8 @@ ActionServices::Ports Program::actionPorts() const {
   return {platform_.workspace,     platform_.pasteboard, platform_.permissionService,
           platform_.keyEvents,     platform_.windowList, platform_.frontProcess,
           platform_.accessibility, platform_.spaces,     platform_.symbolicHotKeys,
-          platform_.mainQueue,     platform_.clock,      platform_.log};
+          platform_.mainQueue,     platform_.clock,      platform_.log,
+          platform_.environment};
 }
 
 PieMenuWindowController::Ports Program::ringPorts() const {

@@ -77,6 +77,8 @@ enum class StringKey {
   actionNoDefaultRemedy,
   actionCannotStart,  // %@: the application
   actionCannotStartRemedy,
+  actionEndedAtOnce,  // %@: the application
+  actionEndedAtOnceRemedy,
   actionNotAnAddress,  // %@: the text
   actionNotAnAddressRemedy,
   actionNoHandler,  // %@: the address

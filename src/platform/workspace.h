@@ -37,6 +37,14 @@ struct ApplicationLocation {
   friend bool operator==(const ApplicationLocation&, const ApplicationLocation&) = default;
 };
 
+/// How the process of a started application fares.
+enum class StartedProcess {
+  unknown,  // the system cannot tell, or started none
+  runs,
+  succeeded,
+  failed,  // ended with an error or by a signal
+};
+
 /// Running and installed applications. Main thread. Requests without a result have no effect when they fail.
 class Workspace {
  public:
@@ -60,9 +68,8 @@ class Workspace {
   virtual std::optional<std::string> contentType(std::string_view bundleIdentifier) const = 0;
   /// Starts the application, or activates it when it runs. False when the system cannot start it.
   virtual bool openApplication(const ApplicationLocation& location) = 0;
-  /// Whether the process that `openApplication` started last at this location still runs; nothing when the system
-  /// cannot tell.
-  virtual std::optional<bool> startedProcessRuns(const ApplicationLocation& location) const = 0;
+  /// The process that `openApplication` started last at this location.
+  virtual StartedProcess startedProcess(const ApplicationLocation& location) const = 0;
   /// The location of an application at a fixed path of the system; nothing when there is none.
   virtual std::optional<ApplicationLocation> applicationAtPath(std::string_view path) const = 0;
   /// False when `url` is not a URL or the system refused it. The text is passed on unchanged.

@@ -55,8 +55,8 @@ struct FakePlatform {
   /// The ports of ActionServices.
   template <class Ports>
   Ports actionPorts() {
-    return {workspace,     pasteboard,   permissions,  keyEvents, windowServer, windowServer,
-            accessibility, windowServer, windowServer, time,      time,         log};
+    return {workspace,    pasteboard,   permissions, keyEvents, windowServer, windowServer, accessibility,
+            windowServer, windowServer, time,        time,      log,          environment};
   }
 
   FakePlatform() = default;

@@ -93,8 +93,8 @@ class FakeWorkspace final : public Workspace {
     }
     return true;
   }
-  std::optional<bool> startedProcessRuns(const ApplicationLocation& location) const override {
-    return !endedProcesses.contains(location.value.substr(kApplicationsFolder.size()));
+  StartedProcess startedProcess(const ApplicationLocation& location) const override {
+    return valueAt(endedProcesses, location.value.substr(kApplicationsFolder.size())).value_or(StartedProcess::runs);
   }
   std::optional<ApplicationLocation> applicationAtPath(std::string_view path) const override {
     if (!systemPaths.contains(path)) return std::nullopt;
@@ -124,7 +124,7 @@ class FakeWorkspace final : public Workspace {
   /// Installed applications that show no window when they are started.
   std::set<std::string> slow;
   /// Applications whose started process ends without a window.
-  std::set<std::string> endedProcesses;
+  std::map<std::string, StartedProcess> endedProcesses;
   /// Paths at which the system has an application.
   std::set<std::string, std::less<>> systemPaths;
 

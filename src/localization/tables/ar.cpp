@@ -84,6 +84,8 @@ constexpr StringTable kArabicStrings = completeTable({
     {StringKey::actionCannotStart, "تعذّر تشغيل «%@»."},
     {StringKey::actionCannotStartRemedy,
      "أمر تشغيله معطّل: أعد تثبيت التطبيق، أو اختر للعنصر تطبيقًا غيره في ملف الإعدادات."},
+    {StringKey::actionEndedAtOnce, "انتهى التطبيق «%@» بخطأ فور تشغيله."},
+    {StringKey::actionEndedAtOnceRemedy, "شغّله من الطرفية لقراءة رسالته، أو أعد تثبيته."},
     {StringKey::actionNotAnAddress, "النص «%@» ليس عنوانًا كاملًا."},
     {StringKey::actionNotAnAddressRemedy, "اكتب العنوان كاملًا في ملف الإعدادات، مثل https://www.debian.org."},
     {StringKey::actionNoHandler, "لا شيء هنا يفتح «%@»."},

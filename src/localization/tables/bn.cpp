@@ -88,6 +88,8 @@ constexpr StringTable kBengaliStrings = completeTable({
     {StringKey::actionCannotStartRemedy,
      "এটি চালু করার কমান্ড কাজ করছে না: অ্যাপ্লিকেশনটি আবার ইনস্টল করুন, অথবা কনফিগারেশন ফাইলে আইটেমটির জন্য অন্য একটি বেছে "
      "নিন।"},
+    {StringKey::actionEndedAtOnce, "“%@” চালু হতেই ত্রুটিসহ বন্ধ হয়ে গেছে।"},
+    {StringKey::actionEndedAtOnceRemedy, "এর বার্তা পড়তে টার্মিনাল থেকে এটি চালু করুন, অথবা আবার ইনস্টল করুন।"},
     {StringKey::actionNotAnAddress, "“%@” সম্পূর্ণ ঠিকানা নয়।"},
     {StringKey::actionNotAnAddressRemedy, "কনফিগারেশন ফাইলে সম্পূর্ণ ঠিকানা লিখুন, যেমন https://www.debian.org"},
     {StringKey::actionNoHandler, "এখানে “%@” খোলার কিছু নেই।"},

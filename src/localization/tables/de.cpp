@@ -103,6 +103,9 @@ constexpr StringTable kGermanStrings = completeTable({
     {StringKey::actionCannotStartRemedy,
      "Sein Startbefehl funktioniert nicht: Installieren Sie das Programm neu, oder wählen Sie für den Eintrag in der "
      "Konfigurationsdatei ein anderes."},
+    {StringKey::actionEndedAtOnce, "„%@“ endete gleich nach dem Start mit einem Fehler."},
+    {StringKey::actionEndedAtOnceRemedy,
+     "Starten Sie das Programm in einem Terminal, um seine Meldung zu lesen, oder installieren Sie es neu."},
     {StringKey::actionNotAnAddress, "„%@“ ist keine vollständige Adresse."},
     {StringKey::actionNotAnAddressRemedy,
      "Schreiben Sie die ganze Adresse in die Konfigurationsdatei, zum Beispiel https://www.debian.org."},

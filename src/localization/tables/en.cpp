@@ -93,6 +93,8 @@ constexpr StringTable kEnglishStrings = completeTable({
     {StringKey::actionCannotStartRemedy,
      "Its start command is broken: install the application again, or choose another one for the item in the "
      "configuration file."},
+    {StringKey::actionEndedAtOnce, "“%@” ended with an error as soon as it was started."},
+    {StringKey::actionEndedAtOnceRemedy, "Start it in a terminal to read its message, or install it again."},
     {StringKey::actionNotAnAddress, "“%@” is not a complete address."},
     {StringKey::actionNotAnAddressRemedy,
      "Write the whole address in the configuration file, such as https://www.debian.org."},

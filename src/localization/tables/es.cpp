@@ -98,6 +98,8 @@ constexpr StringTable kSpanishStrings = completeTable({
     {StringKey::actionCannotStartRemedy,
      "Su orden de inicio no funciona: vuelva a instalar la aplicación o elija otra para el elemento en el archivo de "
      "configuración."},
+    {StringKey::actionEndedAtOnce, "«%@» terminó con un error nada más iniciarse."},
+    {StringKey::actionEndedAtOnceRemedy, "Inícielo en un terminal para leer su mensaje o vuelva a instalarlo."},
     {StringKey::actionNotAnAddress, "«%@» no es una dirección completa."},
     {StringKey::actionNotAnAddressRemedy,
      "Escriba la dirección completa en el archivo de configuración, por ejemplo https://www.debian.org."},

@@ -102,6 +102,9 @@ constexpr StringTable kFrenchStrings = completeTable({
     {StringKey::actionCannotStartRemedy,
      "Sa commande de lancement ne fonctionne pas : réinstallez l’application, ou choisissez-en une autre pour "
      "l’élément dans le fichier de configuration."},
+    {StringKey::actionEndedAtOnce, "« %@ » s’est terminé par une erreur dès son lancement."},
+    {StringKey::actionEndedAtOnceRemedy,
+     "Lancez l’application dans un terminal pour lire son message, ou réinstallez-la."},
     {StringKey::actionNotAnAddress, "« %@ » n’est pas une adresse complète."},
     {StringKey::actionNotAnAddressRemedy,
      "Écrivez l’adresse entière dans le fichier de configuration, par exemple https://www.debian.org."},

@@ -84,6 +84,8 @@ constexpr StringTable kHindiStrings = completeTable({
     {StringKey::actionCannotStart, "“%@” शुरू नहीं हो सका।"},
     {StringKey::actionCannotStartRemedy,
      "उसे शुरू करने वाला कमांड खराब है: ऐप्लिकेशन फिर से इंस्टॉल करें, या कॉन्फ़िगरेशन फ़ाइल में आइटम के लिए कोई दूसरा चुनें।"},
+    {StringKey::actionEndedAtOnce, "“%@” शुरू होते ही त्रुटि के साथ बंद हो गया।"},
+    {StringKey::actionEndedAtOnceRemedy, "उसका संदेश पढ़ने के लिए उसे टर्मिनल में शुरू करें, या फिर से इंस्टॉल करें।"},
     {StringKey::actionNotAnAddress, "“%@” पूरा पता नहीं है।"},
     {StringKey::actionNotAnAddressRemedy, "कॉन्फ़िगरेशन फ़ाइल में पूरा पता लिखें, जैसे https://www.debian.org"},
     {StringKey::actionNoHandler, "यहाँ “%@” खोलने वाला कुछ नहीं है।"},

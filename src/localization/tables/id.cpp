@@ -95,6 +95,9 @@ constexpr StringTable kIndonesianStrings = completeTable({
     {StringKey::actionCannotStartRemedy,
      "Perintah untuk menjalankannya rusak: pasang ulang aplikasi itu, atau pilih yang lain untuk butir ini di berkas "
      "konfigurasi."},
+    {StringKey::actionEndedAtOnce, "“%@” berakhir dengan galat begitu dijalankan."},
+    {StringKey::actionEndedAtOnceRemedy,
+     "Jalankan aplikasi itu di terminal untuk membaca pesannya, atau pasang ulang."},
     {StringKey::actionNotAnAddress, "“%@” bukan alamat yang lengkap."},
     {StringKey::actionNotAnAddressRemedy,
      "Tulis alamat lengkapnya di berkas konfigurasi, misalnya https://www.debian.org."},

@@ -95,6 +95,8 @@ constexpr StringTable kJapaneseStrings = completeTable({
     {StringKey::actionCannotStartRemedy,
      "起動コマンドに問題があります。アプリケーションを再インストールするか、設定ファイルで項目に別のアプリケーションを"
      "指定してください。"},
+    {StringKey::actionEndedAtOnce, "「%@」は起動直後にエラーで終了しました。"},
+    {StringKey::actionEndedAtOnceRemedy, "端末で起動してメッセージを確認するか、再インストールしてください。"},
     {StringKey::actionNotAnAddress, "「%@」は完全なアドレスではありません。"},
     {StringKey::actionNotAnAddressRemedy,
      "設定ファイルに完全なアドレス（例：https://www.debian.org）を書いてください。"},

@@ -96,6 +96,8 @@ constexpr StringTable kPortugueseStrings = completeTable({
     {StringKey::actionCannotStartRemedy,
      "O comando que o inicia não funciona: reinstale o aplicativo ou escolha outro para o item no arquivo de "
      "configuração."},
+    {StringKey::actionEndedAtOnce, "“%@” terminou com um erro assim que foi iniciado."},
+    {StringKey::actionEndedAtOnceRemedy, "Inicie-o em um terminal para ler a mensagem dele ou instale-o de novo."},
     {StringKey::actionNotAnAddress, "“%@” não é um endereço completo."},
     {StringKey::actionNotAnAddressRemedy,
      "Escreva o endereço inteiro no arquivo de configuração, por exemplo https://www.debian.org."},

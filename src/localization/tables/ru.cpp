@@ -95,6 +95,9 @@ constexpr StringTable kRussianStrings = completeTable({
     {StringKey::actionCannotStartRemedy,
      "Команда его запуска не работает: переустановите приложение или укажите для элемента другое в файле "
      "конфигурации."},
+    {StringKey::actionEndedAtOnce, "приложение «%@» завершилось с ошибкой сразу после запуска."},
+    {StringKey::actionEndedAtOnceRemedy,
+     "Запустите его в терминале, чтобы прочитать сообщение, или установите заново."},
     {StringKey::actionNotAnAddress, "«%@» — неполный адрес."},
     {StringKey::actionNotAnAddressRemedy,
      "Укажите в файле конфигурации адрес целиком, например https://www.debian.org."},

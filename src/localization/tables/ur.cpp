@@ -94,6 +94,8 @@ constexpr StringTable kUrduStrings = completeTable({
     {StringKey::actionCannotStartRemedy,
      "اسے شروع کرنے والی کمانڈ خراب ہے: ایپلی کیشن دوبارہ انسٹال کریں، یا ترتیبات کی فائل میں آئٹم کے لیے کوئی اور "
      "منتخب کریں۔"},
+    {StringKey::actionEndedAtOnce, "یہ ایپلی کیشن شروع ہوتے ہی خرابی کے ساتھ بند ہو گئی: ”%@“"},
+    {StringKey::actionEndedAtOnceRemedy, "اس کا پیغام پڑھنے کے لیے اسے ٹرمینل میں چلائیں، یا دوبارہ انسٹال کریں۔"},
     {StringKey::actionNotAnAddress, "یہ مکمل پتا نہیں ہے: ”%@“"},
     {StringKey::actionNotAnAddressRemedy, "ترتیبات کی فائل میں پورا پتا لکھیں، مثلاً https://www.debian.org"},
     {StringKey::actionNoHandler, "یہاں اسے کھولنے والا کچھ نہیں: ”%@“"},

@@ -78,6 +78,8 @@ constexpr StringTable kChineseStrings = completeTable({
     {StringKey::actionCannotStart, "无法启动“%@”。"},
     {StringKey::actionCannotStartRemedy,
      "其启动命令已损坏：请重新安装该应用程序，或在配置文件中为该项目选择其他应用程序。"},
+    {StringKey::actionEndedAtOnce, "“%@”启动后随即出错退出。"},
+    {StringKey::actionEndedAtOnceRemedy, "请在终端中启动它以查看其消息，或重新安装它。"},
     {StringKey::actionNotAnAddress, "“%@”不是完整的地址。"},
     {StringKey::actionNotAnAddressRemedy, "请在配置文件中写出完整地址，例如 https://www.debian.org。"},
     {StringKey::actionNoHandler, "此处无法打开“%@”。"},

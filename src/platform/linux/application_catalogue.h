@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "platform/application_icons.h"
+#include "platform/workspace.h"
 
 namespace rondora {
 
@@ -44,8 +45,8 @@ class ApplicationCatalogue {
 
   /// False on failure.
   virtual bool launch(std::string_view id, UserTime time) = 0;
-  /// Whether the process of the last such launch still runs; nothing when it is unknown.
-  virtual std::optional<bool> startedProcessRuns(std::string_view id) const = 0;
+  /// The process of the last such launch.
+  virtual StartedProcess startedProcess(std::string_view id) const = 0;
   /// False when `url` is not an absolute URL, has no handler, or the handler could not be started.
   virtual bool openUrl(std::string_view url, UserTime time) = 0;
 };

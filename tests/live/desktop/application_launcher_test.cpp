@@ -1,10 +1,15 @@
 #include "platform/linux/desktop/application_launcher.h"
 
 #include <gtest/gtest.h>
+#include <poll.h>
 #include <signal.h>
 #include <unistd.h>
 
+#include <functional>
 #include <sstream>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "desktop/wait.h"
 #include "doubles/fake_session.h"
@@ -29,6 +34,10 @@ class ApplicationLauncherTest : public testing::Test {
     folder.addProgram("broken");
     writeFile(folder.programs() / "broken", "#!/nonexistent\n");
     folder.addEntry("broken", "Exec=broken\n");
+    for (const auto& [name, end] : {std::pair("succeeds", "exit 0"), {"fails", "exit 3"}, {"crashes", "kill -9 $$"}}) {
+      folder.addProgram(name, end);
+      folder.addEntry(name, "Exec=" + std::string(name) + "\n");
+    }
     folder.setDefaults("x-scheme-handler/report=url-reporter.desktop\n");
   }
 
@@ -43,8 +52,24 @@ class ApplicationLauncherTest : public testing::Test {
     return lines;
   }
 
+  /// Waits until the last process of the application has ended.
+  StartedProcess endOf(const char* application) {
+    live::waitUntil([&] {
+      pollfd state{processes_.back().first, POLLIN, 0};
+      return poll(&state, 1, 0) > 0;
+    });
+    EXPECT_EQ(installed_.startedProcess(application), StartedProcess::runs);
+    const auto readable = processes_.back().second;
+    readable();
+    return installed_.startedProcess(application);
+  }
+
   FakeProcessEnvironment environment_;
-  InstalledApplications installed_{environment_};
+  std::vector<std::pair<int, std::function<void()>>> processes_;
+  InstalledApplications installed_{environment_, [this](int descriptor, const auto& readable) {
+                                     processes_.emplace_back(descriptor, readable);
+                                     return Subscription();
+                                   }};
 };
 
 TEST_F(ApplicationLauncherTest, StartsADetachedProcessWithTheUsersTimeStamp) {
@@ -74,6 +99,13 @@ TEST_F(ApplicationLauncherTest, OmitsTheStartupIdAndPassesUrlsUnchanged) {
   EXPECT_EQ(report()[2], "id:") << "unknown time stamp";
   ASSERT_TRUE(live::waitUntil([this] { return installed_.openUrl("report://a/%20b?c=$HOME;d", 1); }));
   EXPECT_EQ(report()[4], "arguments:--url report://a/%20b?c=$HOME;d");
+}
+
+TEST_F(ApplicationLauncherTest, KnowsHowTheStartedProcessEnded) {
+  EXPECT_EQ(installed_.startedProcess("fails"), StartedProcess::unknown);
+  ASSERT_TRUE(installed_.launch("succeeds", 0) && endOf("succeeds") == StartedProcess::succeeded);
+  ASSERT_TRUE(installed_.launch("fails", 0) && endOf("fails") == StartedProcess::failed);
+  ASSERT_TRUE(installed_.launch("crashes", 0) && endOf("crashes") == StartedProcess::failed);
 }
 
 TEST_F(ApplicationLauncherTest, RefusesUninstalledAndBrokenApplications) {

@@ -47,7 +47,7 @@ TEST(DesktopEntriesTest, IdentifiesWindowsByTheirNames) {
 
 TEST(InstalledApplicationsTest, ReturnsNamesAndIcons) {
   FakeProcessEnvironment environment;
-  const InstalledApplications installed(environment);
+  const InstalledApplications installed(environment, {});
   EXPECT_EQ(installed.name("org.example.Editor"), "org.example.Editor");
   EXPECT_EQ(installed.iconSource("org.example.Editor")->themeName, "accessories-text-editor");
   EXPECT_EQ(installed.iconSource("plain-viewer")->filePath, "/opt/viewer/icon.png");
@@ -57,7 +57,7 @@ TEST(InstalledApplicationsTest, ReturnsNamesAndIcons) {
 
 TEST(InstalledApplicationsTest, ReportsAddedAndRemovedEntries) {
   FakeProcessEnvironment environment;
-  InstalledApplications installed(environment);
+  InstalledApplications installed(environment, {});
   installed.warmUp();
   bool isReported = false;
   const Subscription observer = installed.onChanged([&isReported] { isReported = true; });

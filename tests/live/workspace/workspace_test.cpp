@@ -40,7 +40,9 @@ void WorkspaceTest::SetUpTestSuite() {
 }
 
 WorkspaceTest::WorkspaceTest()
-    : installed_(environment_), underTest_(desktop_->display(), installed_), client_(desktop_->display()) {}
+    : installed_(environment_, [](int, const auto&) { return Subscription(); }),
+      underTest_(desktop_->display(), installed_),
+      client_(desktop_->display()) {}
 
 /// The next test starts without the windows of this one.
 WorkspaceTest::~WorkspaceTest() {

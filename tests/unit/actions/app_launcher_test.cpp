@@ -58,9 +58,36 @@ TEST_F(AppLauncherTest, StartsASlowApplicationOnce) {
   desktop_.time.advance(0.2);
   execute(LaunchApp{"slow"});
   EXPECT_THAT(opened, SizeIs(3)) << "ten seconds passed";
-  desktop_.workspace.endedProcesses = {"slow"};
+  desktop_.workspace.endedProcesses = {{"slow", StartedProcess::succeeded}};
   execute(LaunchApp{"slow"});
   EXPECT_THAT(opened, SizeIs(4)) << "its process ended";
+}
+
+TEST_F(AppLauncherTest, ReportsAnApplicationThatFailsBeforeItShowsAWindow) {
+  auto& workspace = desktop_.workspace;
+  workspace.install("wrapper", "Wrapper");
+  workspace.slow = {"wrapper"};
+  std::vector<std::optional<ActionFailure>> ended;
+  PieMenuItem item;
+  item.action = LaunchApp{"wrapper"};
+  const auto run = [&](double seconds, std::optional<StartedProcess> end, const std::string& appears = {}) {
+    ended.clear();
+    workspace.endedProcesses.clear();
+    launcher_.execute(item, std::nullopt, [&](const auto& each) { ended.push_back(each); });
+    desktop_.time.advance(seconds);
+    if (end) workspace.endedProcesses = {{"wrapper", *end}};
+    desktop_.time.advance(1);
+    if (!appears.empty()) workspace.start(appears);
+    desktop_.time.advance(12);
+    return ended;
+  };
+  const std::optional<ActionFailure> failure = ActionFailure{ActionProblem::endedAtOnce, "Wrapper"};
+  EXPECT_THAT(run(0, StartedProcess::failed), ElementsAre(failure));
+  EXPECT_THAT(run(8, StartedProcess::failed, desktop_.environment.bundleIdentifier()), ElementsAre(failure));
+  EXPECT_THAT(run(1, StartedProcess::failed, "browser"), ElementsAre(std::nullopt)) << "it handed over";
+  EXPECT_THAT(run(1, StartedProcess::succeeded), ElementsAre(std::nullopt));
+  EXPECT_THAT(run(11, StartedProcess::failed), ElementsAre(std::nullopt)) << "it was used without a window";
+  EXPECT_THAT(run(0, std::nullopt, "wrapper"), ElementsAre(std::nullopt));
 }
 
 TEST_F(AppLauncherTest, TakesTheFirstLiveOrdinaryInstance) {

@@ -107,9 +107,9 @@ bool ApplicationLauncher::launch(GDesktopAppInfo& application, const std::string
   GList* urls = url.empty() ? nullptr : g_list_append(nullptr, const_cast<char*>(url.c_str()));
   gpointer folder = hasKey(application, "Path") ? nullptr : const_cast<char*>(g_get_home_dir());
   lastProcess_ = 0;
-  const gboolean launched =
-      g_desktop_app_info_launch_uris_as_manager(&application, urls, context.get(), G_SPAWN_SEARCH_PATH, prepareChild,
-                                                folder, noteProcess, &lastProcess_, nullptr);
+  const auto flags = static_cast<GSpawnFlags>(G_SPAWN_SEARCH_PATH | G_SPAWN_DO_NOT_REAP_CHILD);
+  const gboolean launched = g_desktop_app_info_launch_uris_as_manager(
+      &application, urls, context.get(), flags, prepareChild, folder, noteProcess, &lastProcess_, nullptr);
   g_list_free(urls);
   return launched != FALSE;
 }

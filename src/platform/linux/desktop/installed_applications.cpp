@@ -1,8 +1,6 @@
 #include "platform/linux/desktop/installed_applications.h"
 
-#include <poll.h>
-#include <sys/syscall.h>
-#include <unistd.h>
+#include <utility>
 
 #include "platform/linux/desktop/glib_owned.h"
 
@@ -21,15 +19,11 @@ ApplicationIconSource iconSourceOf(GIcon* icon) {
   return source;
 }
 
-bool hasEnded(const FileDescriptor& process) {
-  pollfd state{process.get(), POLLIN, 0};
-  return !process.isOpen() || poll(&state, 1, 0) > 0;
-}
-
 }  // namespace
 
-InstalledApplications::InstalledApplications(const ProcessEnvironment& environment)
-    : defaults_(entries_, environment), urlHandlers_(defaults_) {}
+InstalledApplications::InstalledApplications(const ProcessEnvironment& environment,
+                                             StartedProcesses::WatchReadable watchReadable)
+    : defaults_(entries_, environment), urlHandlers_(defaults_), processes_(std::move(watchReadable)) {}
 
 void InstalledApplications::warmUp() const {
   entries_.warmUp();
@@ -71,22 +65,17 @@ bool InstalledApplications::launch(std::string_view id, UserTime time) {
   if (SystemPlaces::isPlace(id)) return places_.open(id);
   GDesktopAppInfo* entry = entries_.find(id);
   if (!entry || !launcher_.launch(*entry, time)) return false;
-  std::erase_if(processes_, [](const auto& process) { return hasEnded(process.second); });
-  processes_[std::string(id)] = FileDescriptor(static_cast<int>(syscall(SYS_pidfd_open, launcher_.lastProcess(), 0)));
+  processes_.add(id, launcher_.lastProcess());
   return true;
-}
-
-std::optional<bool> InstalledApplications::startedProcessRuns(std::string_view id) const {
-  const auto process = processes_.find(id);
-  if (process == processes_.end() || !process->second.isOpen()) return std::nullopt;
-  return !hasEnded(process->second);
 }
 
 bool InstalledApplications::openUrl(std::string_view url, UserTime time) {
   const std::string text(url);
   const auto id = urlHandlers_.handler(text);
   GDesktopAppInfo* entry = id ? entries_.find(*id) : nullptr;
-  return entry && launcher_.launch(*entry, text, time);
+  if (!entry || !launcher_.launch(*entry, text, time)) return false;
+  processes_.add(*id, launcher_.lastProcess());
+  return true;
 }
 
 }  // namespace rondora::desktop

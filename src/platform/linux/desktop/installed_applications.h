@@ -1,16 +1,15 @@
 #pragma once
 
 #include <functional>
-#include <map>
 #include <string>
 
 #include "platform/linux/application_catalogue.h"
 #include "platform/linux/desktop/application_launcher.h"
 #include "platform/linux/desktop/default_applications.h"
 #include "platform/linux/desktop/desktop_entries.h"
+#include "platform/linux/desktop/started_processes.h"
 #include "platform/linux/desktop/system_places.h"
 #include "platform/linux/desktop/url_handlers.h"
-#include "platform/posix/file_descriptor.h"
 
 namespace rondora::desktop {
 
@@ -18,7 +17,7 @@ namespace rondora::desktop {
 class InstalledApplications final : public ApplicationCatalogue {
  public:
   /// `environment` must outlive the object.
-  explicit InstalledApplications(const ProcessEnvironment& environment);
+  InstalledApplications(const ProcessEnvironment& environment, StartedProcesses::WatchReadable watchReadable);
 
   /// Fills the caches that the first look-up would wait for; call it while idle after start-up.
   void warmUp() const;
@@ -37,7 +36,7 @@ class InstalledApplications final : public ApplicationCatalogue {
   std::optional<ApplicationIconSource> iconSource(std::string_view id) const override;
   std::optional<std::string> applicationAtPath(std::string_view path) const override;
   bool launch(std::string_view id, UserTime time) override;
-  std::optional<bool> startedProcessRuns(std::string_view id) const override;
+  StartedProcess startedProcess(std::string_view id) const override { return processes_.state(id); }
   bool openUrl(std::string_view url, UserTime time) override;
 
  private:
@@ -46,8 +45,7 @@ class InstalledApplications final : public ApplicationCatalogue {
   UrlHandlers urlHandlers_;
   ApplicationLauncher launcher_;
   SystemPlaces places_;
-  /// Descriptors of the processes started last, by application.
-  std::map<std::string, FileDescriptor, std::less<>> processes_;
+  StartedProcesses processes_;
 };
 
 }  // namespace rondora::desktop

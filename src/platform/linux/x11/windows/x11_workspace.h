@@ -31,8 +31,8 @@ class X11Workspace final : public Workspace {
   std::optional<ApplicationLocation> urlForApplication(std::string_view bundleIdentifier) const override;
   std::optional<std::string> contentType(std::string_view bundleIdentifier) const override;
   bool openApplication(const ApplicationLocation& location) override;
-  std::optional<bool> startedProcessRuns(const ApplicationLocation& location) const override {
-    return catalogue_.startedProcessRuns(location.value);
+  StartedProcess startedProcess(const ApplicationLocation& location) const override {
+    return catalogue_.startedProcess(location.value);
   }
   std::optional<ApplicationLocation> applicationAtPath(std::string_view path) const override;
   bool openUrl(std::string_view url) override;
