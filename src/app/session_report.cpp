@@ -6,6 +6,12 @@
 #include "app/menu_directory.h"
 
 namespace rondora {
+namespace {
+
+/// Each costs the window two labels, and more of them say nothing new.
+constexpr std::size_t kMaxHotkeyFindings = 10;
+
+}  // namespace
 
 bool isWaylandSession(const ProcessEnvironment& environment) {
   return !environment.variable("WAYLAND_DISPLAY").value_or("").empty() ||
@@ -41,17 +47,18 @@ std::vector<SessionFinding> SessionReport::findings(const SessionFacts& facts, c
 void SessionReport::addHotkeys(std::vector<SessionFinding>& findings, const SessionFacts& facts,
                                const std::vector<PieMenu>& menus, const HotkeyManager& hotkeys) const {
   bool anyOpens = false;
-  bool anyFails = false;
+  std::size_t failures = 0;
   for (const PieMenu& menu : menus) {
     if (!menu.hasLiveHotkey()) continue;
     const bool menuOpens = opensWithHotkey(menu, hotkeys);
-    (menuOpens ? anyOpens : anyFails) = true;
-    if (menuOpens) continue;
+    anyOpens = anyOpens || menuOpens;
+    if (menuOpens || ++failures > kMaxHotkeyFindings) continue;
     const auto option = hotkeys.optionAgainst(menu.hotkey);
     findings.push_back(option ? cannotBeTyped(menu, *option) : hotkeyFails(menu));
   }
+  if (failures > kMaxHotkeyFindings) findings.push_back(notShown(failures - kMaxHotkeyFindings));
   // On Wayland hotkeys arrive only sometimes, which another finding states.
-  if (anyOpens && !anyFails && !facts.isWayland) findings.push_back(works(StringKey::sessionHotkeysWork));
+  if (anyOpens && failures == 0 && !facts.isWayland) findings.push_back(works(StringKey::sessionHotkeysWork));
 }
 
 SessionFinding SessionReport::hotkeyFails(const PieMenu& menu) const {
@@ -67,6 +74,10 @@ SessionFinding SessionReport::hotkeyFails(const PieMenu& menu) const {
 SessionFinding SessionReport::cannotBeTyped(const PieMenu& menu, std::string_view option) const {
   return {false, localization_.text(StringKey::sessionHotkeyUnusable, menu.name),
           localization_.text(StringKey::sessionHotkeyOptionRemedy, option)};
+}
+
+SessionFinding SessionReport::notShown(std::size_t count) const {
+  return {false, localization_.text(StringKey::findingsNotShown, std::to_string(count)), {}};
 }
 
 SessionFinding SessionReport::works(StringKey statement) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -38,6 +39,7 @@ class SessionReport {
  private:
   SessionFinding works(StringKey statement) const;
   SessionFinding fails(StringKey statement, StringKey remedy) const;
+  SessionFinding notShown(std::size_t count) const;
   SessionFinding hotkeyFails(const PieMenu& menu) const;
   SessionFinding cannotBeTyped(const PieMenu& menu, std::string_view option) const;
   void addHotkeys(std::vector<SessionFinding>& findings, const SessionFacts& facts, const std::vector<PieMenu>& menus,

@@ -49,6 +49,7 @@ enum class StringKey {
   sessionTrackpadUnreadable,
   sessionTrackpadIgnoredRemedy,
   sessionTrackpadUnreadableRemedy,
+  findingsNotShown,  // %@: their number
 
   documentUnreadable,  // %@: what is wrong and where
   documentKept,        // %@: its path

@@ -56,6 +56,7 @@ constexpr StringTable kArabicStrings = completeTable({
     {StringKey::sessionTrackpadIgnoredRemedy, "افتح هذه القوائم باختصار بدلًا من ذلك؛ يمكنك تعيينه في ملف الإعدادات."},
     {StringKey::sessionTrackpadUnreadableRemedy,
      "افتح هذه القوائم باختصار بدلًا من ذلك. سيستجيب إصدار لاحق للنقر إذا كان حسابك ضمن المجموعة «input»."},
+    {StringKey::findingsNotShown, "ملاحظات أخرى غير معروضة هنا: %@"},
     {StringKey::documentUnreadable, "تعذّر على Rondora قراءة ملف الإعدادات فبدأ بالقوائم الافتراضية: %@"},
     {StringKey::documentKept, "حُفظ ذلك الملف باسم %@."},
     {StringKey::documentKeptItself, "تعذّرت كتابة نسخة منه، لذلك أُعطي الملف نفسه الاسم %@."},

@@ -57,6 +57,7 @@ constexpr StringTable kBengaliStrings = completeTable({
     {StringKey::sessionTrackpadIgnoredRemedy, "এই মেনুগুলো হটকী দিয়ে খুলুন; কনফিগারেশন ফাইলে সেগুলোকে হটকী দিতে পারেন।"},
     {StringKey::sessionTrackpadUnreadableRemedy,
      "এই মেনুগুলো হটকী দিয়ে খুলুন। আপনার ব্যবহারকারী “input” গ্রুপে থাকলে পরের কোনো সংস্করণ ট্যাপে সাড়া দেবে।"},
+    {StringKey::findingsNotShown, "এখানে দেখানো হয়নি এমন আরও বিষয়: %@"},
     {StringKey::documentUnreadable, "Rondora তার কনফিগারেশন ফাইল পড়তে পারেনি, তাই প্রমিত মেনু নিয়ে চালু হয়েছে: %@"},
     {StringKey::documentKept, "সেই ফাইলটি এই নামে রাখা আছে: %@"},
     {StringKey::documentKeptItself, "এর কোনো কপি লেখা যায়নি, তাই ফাইলটিকেই এই নাম দেওয়া হয়েছে: %@"},

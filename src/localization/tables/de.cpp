@@ -67,6 +67,7 @@ constexpr StringTable kGermanStrings = completeTable({
     {StringKey::sessionTrackpadUnreadableRemedy,
      "Öffnen Sie diese Menüs stattdessen mit einem Tastenkürzel. Eine spätere Version wird auf Tippen reagieren, wenn "
      "Ihr Benutzer zur Gruppe „input“ gehört."},
+    {StringKey::findingsNotShown, "Weitere Hinweise, die hier nicht stehen: %@"},
     {StringKey::documentUnreadable,
      "Rondora konnte seine Konfigurationsdatei nicht lesen und ist mit den Standardmenüs gestartet: %@"},
     {StringKey::documentKept, "Diese Datei ist aufbewahrt als %@."},

@@ -60,6 +60,7 @@ constexpr StringTable kEnglishStrings = completeTable({
     {StringKey::sessionTrackpadUnreadableRemedy,
      "Open these menus by hotkey instead. A later version will react to taps if your user belongs to the group "
      "“input”."},
+    {StringKey::findingsNotShown, "Further findings, not shown here: %@"},
     {StringKey::documentUnreadable,
      "Rondora could not read its configuration file and started with its standard menus: %@"},
     {StringKey::documentKept, "That file is kept as %@."},

@@ -63,6 +63,7 @@ constexpr StringTable kSpanishStrings = completeTable({
     {StringKey::sessionTrackpadUnreadableRemedy,
      "Abra estos menús con un atajo. Una versión posterior reaccionará a los toques si su usuario pertenece al grupo "
      "«input»."},
+    {StringKey::findingsNotShown, "Otros avisos que no se muestran aquí: %@"},
     {StringKey::documentUnreadable,
      "Rondora no ha podido leer su archivo de configuración y se ha iniciado con los menús predeterminados: %@"},
     {StringKey::documentKept, "Ese archivo se conserva como %@."},

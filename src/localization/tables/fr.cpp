@@ -66,6 +66,7 @@ constexpr StringTable kFrenchStrings = completeTable({
     {StringKey::sessionTrackpadUnreadableRemedy,
      "Ouvrez plutôt ces menus avec un raccourci. Une version ultérieure réagira aux appuis si votre compte appartient "
      "au groupe « input »."},
+    {StringKey::findingsNotShown, "Autres remarques, non affichées ici : %@"},
     {StringKey::documentUnreadable,
      "Rondora n’a pas pu lire son fichier de configuration et a démarré avec les menus par défaut : %@"},
     {StringKey::documentKept, "Ce fichier est conservé sous %@."},

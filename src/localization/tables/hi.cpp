@@ -56,6 +56,7 @@ constexpr StringTable kHindiStrings = completeTable({
     {StringKey::sessionTrackpadIgnoredRemedy, "इन मेनू को हॉटकी से खोलें; कॉन्फ़िगरेशन फ़ाइल में आप उन्हें हॉटकी दे सकते हैं।"},
     {StringKey::sessionTrackpadUnreadableRemedy,
      "इन मेनू को हॉटकी से खोलें। आगे का कोई संस्करण टैप पहचानेगा, बशर्ते आपका उपयोगकर्ता “input” समूह में हो।"},
+    {StringKey::findingsNotShown, "यहाँ न दिखाई गई अन्य बातें: %@"},
     {StringKey::documentUnreadable, "Rondora अपनी कॉन्फ़िगरेशन फ़ाइल नहीं पढ़ सका और मानक मेनू के साथ शुरू हुआ: %@"},
     {StringKey::documentKept, "वह फ़ाइल इस नाम से रखी गई है: %@"},
     {StringKey::documentKeptItself, "उसकी प्रति नहीं लिखी जा सकी, इसलिए फ़ाइल को ही यह नाम दिया गया: %@"},

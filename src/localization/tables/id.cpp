@@ -62,6 +62,7 @@ constexpr StringTable kIndonesianStrings = completeTable({
     {StringKey::sessionTrackpadUnreadableRemedy,
      "Buka menu-menu ini dengan tombol pintas. Versi mendatang akan menanggapi ketukan bila pengguna Anda termasuk "
      "dalam grup “input”."},
+    {StringKey::findingsNotShown, "Temuan lain yang tidak ditampilkan di sini: %@"},
     {StringKey::documentUnreadable,
      "Rondora tidak dapat membaca berkas konfigurasinya dan mulai dengan menu bawaan: %@"},
     {StringKey::documentKept, "Berkas itu disimpan sebagai %@."},

@@ -63,6 +63,7 @@ constexpr StringTable kJapaneseStrings = completeTable({
     {StringKey::sessionTrackpadUnreadableRemedy,
      "代わりにホットキーで開いてください。ユーザーが「input」グループに属していれば、今後のバージョンでタップに対応しま"
      "す。"},
+    {StringKey::findingsNotShown, "ここに表示されていないその他の件数：%@"},
     {StringKey::documentUnreadable, "Rondora は設定ファイルを読み込めなかったため、標準のメニューで起動しました：%@"},
     {StringKey::documentKept, "そのファイルは %@ として残してあります。"},
     {StringKey::documentKeptItself, "コピーを書き込めなかったため、ファイル自体の名前を %@ に変更しました。"},

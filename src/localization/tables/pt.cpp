@@ -63,6 +63,7 @@ constexpr StringTable kPortugueseStrings = completeTable({
     {StringKey::sessionTrackpadUnreadableRemedy,
      "Abra esses menus com um atalho. Uma versão futura vai reagir a toques se o seu usuário pertencer ao grupo "
      "“input”."},
+    {StringKey::findingsNotShown, "Outros avisos que não aparecem aqui: %@"},
     {StringKey::documentUnreadable,
      "O Rondora não conseguiu ler o arquivo de configuração e iniciou com os menus padrão: %@"},
     {StringKey::documentKept, "Esse arquivo foi guardado como %@."},

@@ -61,6 +61,7 @@ constexpr StringTable kRussianStrings = completeTable({
     {StringKey::sessionTrackpadUnreadableRemedy,
      "Открывайте эти меню сочетанием клавиш. Одна из следующих версий будет реагировать на касания, если ваш "
      "пользователь состоит в группе «input»."},
+    {StringKey::findingsNotShown, "Другие замечания, не показанные здесь: %@"},
     {StringKey::documentUnreadable,
      "Не удалось прочитать файл конфигурации, поэтому Rondora запущена со стандартными меню: %@"},
     {StringKey::documentKept, "Этот файл сохранён как %@."},

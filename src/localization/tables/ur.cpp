@@ -61,6 +61,7 @@ constexpr StringTable kUrduStrings = completeTable({
      "یہ مینو شارٹ کٹ سے کھولیں؛ ترتیبات کی فائل میں آپ انہیں شارٹ کٹ دے سکتے ہیں۔"},
     {StringKey::sessionTrackpadUnreadableRemedy,
      "یہ مینو شارٹ کٹ سے کھولیں۔ اگر آپ کا صارف گروپ ”input“ میں ہو تو آئندہ کوئی ورژن ٹیپ پہچانے گا۔"},
+    {StringKey::findingsNotShown, "مزید باتیں جو یہاں نہیں دکھائی گئیں: %@"},
     {StringKey::documentUnreadable,
      "ترتیبات کی فائل پڑھی نہیں جا سکی، اس لیے Rondora معیاری مینو کے ساتھ شروع ہوا: %@"},
     {StringKey::documentKept, "وہ فائل اس نام سے محفوظ ہے: %@"},

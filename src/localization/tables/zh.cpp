@@ -51,6 +51,7 @@ constexpr StringTable kChineseStrings = completeTable({
     {StringKey::sessionTrackpadIgnoredRemedy, "请改用快捷键打开这些菜单；可以在配置文件中为它们设置快捷键。"},
     {StringKey::sessionTrackpadUnreadableRemedy,
      "请改用快捷键打开这些菜单。如果您的用户属于“input”组，以后的版本将支持轻点。"},
+    {StringKey::findingsNotShown, "此处未显示的其他问题：%@"},
     {StringKey::documentUnreadable, "Rondora 无法读取配置文件，因此以标准菜单启动：%@"},
     {StringKey::documentKept, "该文件已保留为 %@。"},
     {StringKey::documentKeptItself, "无法写入副本，因此文件本身已改名为 %@。"},

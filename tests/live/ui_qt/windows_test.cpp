@@ -73,7 +73,13 @@ class WindowsTest : public testing::Test {
             .quit = [this] { ++quits; },
             .watchFindings = [this](auto observer) { return watch(observer); },
             .watchFailures = [this](auto observer) { return watch(observer); },
-            .press = [this](const FindingButton& button) { pressed.push_back(button), findings.clear(); }};
+            .press =
+                [this](const FindingButton& button) {
+                  pressed.push_back(button);
+                  std::erase_if(findings, [&](const SessionFinding& finding) {
+                    return std::ranges::find(finding.buttons, button) != finding.buttons.end();
+                  });
+                }};
   }
   Subscription watch(const FindingsObserver& observer) {
     observer(findings);
@@ -91,7 +97,8 @@ TEST_F(WindowsTest, SettingsWindowIsReusedAndUpToDate) {
   EXPECT_TRUE(shows(*window, "Taken: Main") && shows(*window, "Choose another"));
   EXPECT_FALSE(shows(*window, "Hotkeys: 2"));
   const FindingButton dismiss{FindingCommand::dismiss, "Dismiss", "/old.json"};
-  findingsChanged.send({{false, "Unreadable", "Mend it", {{FindingCommand::openFile, "Open", "/old.json"}, dismiss}}});
+  findings = {{false, "Unreadable", "Mend it", {{FindingCommand::openFile, "Open", "/old.json"}, dismiss}}};
+  findingsChanged.send(findings);
   click(*window, "Dismiss");
   EXPECT_TRUE(QTest::qWaitFor([&] { return !shows(*window, "Unreadable"); }));
   EXPECT_EQ(pressed, std::vector{dismiss});
@@ -131,6 +138,31 @@ TEST_F(WindowsTest, SettingsWorkByKeyboardAlone) {
   EXPECT_EQ(QtPasteboard().data("text/plain"), "/home/user/config.json");
   QTest::keySequence(&window, QKeySequence("Ctrl+Q"));
   EXPECT_EQ(quits, 1);
+}
+
+TEST_F(WindowsTest, FocusStaysInTheListWhenItsFindingGoes) {
+  const auto finding = [](const std::string& name) {
+    return SessionFinding{
+        false, name, "Mend it", {{FindingCommand::openFile, "Open", name}, {FindingCommand::dismiss, "Dismiss", name}}};
+  };
+  findings = {finding("a"), finding("b"), finding("c"), {true, "Tray", ""}};
+  const auto settings = windows.makeSettingsWindow();
+  settings->show();
+  QWidget& window = *windowsUp().front();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  QList<QPushButton*> buttons = window.findChildren<QPushButton*>();
+  buttons.removeIf([](const QPushButton* button) { return button->text() != "Dismiss"; });
+  buttons.at(1)->setFocus();
+  std::vector<std::string> focused;
+  while (pressed.size() < 3) {
+    const QWidget* before = window.focusWidget();
+    QTest::keyClick(window.focusWidget(), Qt::Key_Space);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return window.focusWidget() != before; }));
+    const auto* button = qobject_cast<QPushButton*>(window.focusWidget());
+    focused.push_back(
+        (button ? button->accessibleDescription() : window.focusWidget()->accessibleName()).toStdString());
+  }
+  EXPECT_EQ(focused, (std::vector<std::string>{"c", "a", "Works: Tray"}));
 }
 
 TEST_F(WindowsTest, OnlyTheUserChoosesTheLanguage) {

@@ -45,6 +45,9 @@ TEST_F(SessionReportTest, ListsWhatWorksAndRemediesForTheRest) {
   EXPECT_EQ(outline(report({}, {{49, 0}, superTab})), "+This is an X11 sessi+Every menu that has " + rest);
   EXPECT_EQ(outline(report({}, {{49, 0}, controlSpace, {63, 0}})),
             "+This is an X11 sessi-The hotkey of the me-Rondora cannot use t" + rest);
+  const auto many = report({}, Hotkeys(30, HotkeyConfig{63, 0}));
+  EXPECT_EQ(many.size(), 14U);
+  EXPECT_EQ(many[11].statement, "Further findings, not shown here: 20");
   EXPECT_EQ(outline(report(wayland, Hotkeys{{49, 0}})), "-This is a Wayland se" + rest);
   EXPECT_EQ(outline(report(bare, {})), "+This is an X11 sessi-This desktop has no -The X server accepts");
   EXPECT_EQ(report({}, Hotkeys{HotkeyConfig{}}, true).back().statement.substr(0, 30), "This version does not react to");

@@ -2,8 +2,6 @@
 
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QLabel>
-#include <QPushButton>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <cmath>
@@ -68,12 +66,15 @@ void FindingsView::refresh() {
 
 void FindingsView::present(const SessionFindings& findings) {
   if (findings == shown_) return;
+  const auto focus = focusPlace();
   shown_ = findings;
   rebuild();
+  if (focus) restoreFocus(*focus);
 }
 
 // Called only on a change, so that a refresh keeps selection and focus.
 void FindingsView::rebuild() {
+  rows_.clear();
   auto* page = new QWidget;
   page->setAutoFillBackground(false);
   auto* grid = new QGridLayout(page);
@@ -104,6 +105,45 @@ void FindingsView::enterTabOrder() {
   }
 }
 
+std::optional<FindingsView::FocusPlace> FindingsView::focusPlace() const {
+  const QWidget* focused = window()->focusWidget();
+  for (std::size_t row = 0; row < rows_.size(); ++row) {
+    if (rows_[row].statement == focused) return FocusPlace{row, std::nullopt};
+    for (const auto& [button, widget] : rows_[row].buttons) {
+      if (widget == focused) return FocusPlace{row, button};
+    }
+  }
+  return std::nullopt;
+}
+
+/// The finding with the focus may be gone: the next button of the same kind takes it, else the list, else what precedes
+/// the list.
+void FindingsView::restoreFocus(const FocusPlace& before) {
+  QWidget* next = before.button ? buttonLike(*before.button, before.row) : nullptr;
+  if (next == nullptr && !rows_.empty()) next = rows_[std::min(before.row, rows_.size() - 1)].statement;
+  if (next == nullptr) next = predecessor_;
+  if (next == nullptr) return;
+  next->setFocus();
+  // Once the new findings have their places.
+  QMetaObject::invokeMethod(
+      next, [this, next] { ensureWidgetVisible(next); }, Qt::QueuedConnection);
+}
+
+/// The same button, else the first of its kind from that row on, else the last one above.
+QPushButton* FindingsView::buttonLike(const FindingButton& button, std::size_t row) const {
+  QPushButton* above = nullptr;
+  QPushButton* below = nullptr;
+  for (std::size_t i = 0; i < rows_.size(); ++i) {
+    for (const auto& [present, widget] : rows_[i].buttons) {
+      if (present == button) return widget;
+      if (present.command != button.command) continue;
+      if (i < row) above = widget;
+      if (i >= row && below == nullptr) below = widget;
+    }
+  }
+  return below != nullptr ? below : above;
+}
+
 QWidget* FindingsView::makeMark(const SessionFinding& finding) const {
   const double ratio = devicePixelRatioF();
   const int pixels = static_cast<int>(std::lround(kMarkSide * ratio));
@@ -127,6 +167,7 @@ QWidget* FindingsView::makeText(const SessionFinding& finding) {
   statement->setAccessibleName(toQString(mark + ": " + finding.statement));
   statement->setAccessibleDescription(toQString(finding.remedy));
   statement->setFocusPolicy(Qt::StrongFocus);
+  rows_.push_back({statement, {}});
   column->addWidget(statement);
   if (finding.remedy.empty()) return text;
   QLabel* remedy = wrapped(finding.remedy);
@@ -149,6 +190,7 @@ QWidget* FindingsView::makeButtons(const SessionFinding& finding) {
     // Later: the button itself is calling, and its finding may go.
     connect(
         widget, &QPushButton::clicked, this, [this, button] { pressed(button); }, Qt::QueuedConnection);
+    rows_.back().buttons.emplace_back(button, widget);
     row->addWidget(widget);
   }
   row->addStretch();

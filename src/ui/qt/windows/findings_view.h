@@ -1,8 +1,14 @@
 #pragma once
 
+#include <QLabel>
+#include <QPushButton>
 #include <QScrollArea>
+#include <cstddef>
 #include <functional>
+#include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "base/observable.h"
 #include "settings/findings_watch.h"
@@ -34,10 +40,24 @@ class FindingsView : public QScrollArea {
   void hideEvent(QHideEvent* event) override;
 
  private:
+  /// The widgets of one finding that take the focus.
+  struct Row {
+    QLabel* statement = nullptr;
+    std::vector<std::pair<FindingButton, QPushButton*>> buttons;
+  };
+  struct FocusPlace {
+    std::size_t row = 0;
+    /// Nothing for the statement.
+    std::optional<FindingButton> button;
+  };
+
   void subscribe();
   void present(const SessionFindings& findings);
   void rebuild();
   void enterTabOrder();
+  std::optional<FocusPlace> focusPlace() const;
+  void restoreFocus(const FocusPlace& before);
+  QPushButton* buttonLike(const FindingButton& button, std::size_t row) const;
   QWidget* makeMark(const SessionFinding& finding) const;
   QWidget* makeText(const SessionFinding& finding);
   QWidget* makeButtons(const SessionFinding& finding);
@@ -49,6 +69,7 @@ class FindingsView : public QScrollArea {
   std::string worksName_;
   std::string failsName_;
   SessionFindings shown_;
+  std::vector<Row> rows_;
   Subscription subscription_;
 };
 
