@@ -87,8 +87,11 @@ TEST_F(IdentityTest, PicturesComeFromTheDesktopEntryAndFromTheWindow) {
   EXPECT_FALSE(icons.iconSource(kOwnIdentifier));
   EXPECT_FALSE(icons.windowIconSource(kOwnIdentifier));
 
-  const KeyLogger window(desktop().display(),
-                         {.title = "ours", .icon = {2, 1, 0xFF000000, 0x80FFFFFF, 3, 1, 1, 2, 3, 1, 1, 9}});
+  std::vector<std::uint32_t> icon(1100 + 2);
+  icon[0] = 1100;  // too large to be used
+  icon[1] = 1;
+  icon.insert(icon.end(), {2, 1, 0xFF000000, 0x80FFFFFF, 3, 1, 1, 2, 3, 1, 1, 9});
+  const KeyLogger window(desktop().display(), {.title = "ours", .icon = icon});
   ASSERT_TRUE(eventually([this] { return running(kOwnIdentifier).has_value(); }));
   const auto source = icons.windowIconSource(kOwnIdentifier);
   ASSERT_TRUE(source);

@@ -22,8 +22,6 @@ namespace {
 
 /// Far more than a document's menus show; beyond it the cache starts over.
 constexpr qsizetype kMaxMade = 1024;
-/// Pixels of a window's icon.
-constexpr int kMaxWindowIconSide = 4096;
 
 /// Identifies the file's present content; empty when it cannot be a picture.
 std::string versionOf(const std::string& file) {
@@ -38,7 +36,7 @@ PictureRequest requestFor(PictureRequest::Source source, const std::string& cont
 
 QImage windowImage(const ApplicationIconSource& source, int side) {
   const QSize size(source.pixelWidth, source.pixelHeight);
-  if (size.isEmpty() || std::max(size.width(), size.height()) > kMaxWindowIconSide) return {};
+  if (size.isEmpty() || std::max(size.width(), size.height()) > PictureDecoder::kMaxSide) return {};
   const auto count = static_cast<std::size_t>(size.width()) * static_cast<std::size_t>(size.height());
   if (source.pixels.size() < count) return {};
   QImage image(size, QImage::Format_ARGB32);

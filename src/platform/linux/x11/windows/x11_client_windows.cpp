@@ -5,8 +5,11 @@
 #include <algorithm>
 #include <filesystem>
 #include <map>
+#include <utility>
 
+#include "platform/linux/x11/connection/property_reply.h"
 #include "platform/linux/x11/windows/window_activation.h"
+#include "platform/picture_decoder.h"
 
 namespace rondora::x11 {
 namespace {
@@ -51,6 +54,43 @@ xcb_window_t parentOf(const X11Connection& connection, xcb_window_t window) {
   const Reply<xcb_query_tree_reply_t> tree(
       xcb_query_tree_reply(connection.get(), xcb_query_tree(connection.get(), window), nullptr));
   return tree ? tree->parent : static_cast<xcb_window_t>(XCB_WINDOW_NONE);
+}
+
+/// Where the pixels of one icon are in the property, in words of 32 bits.
+struct IconPlace {
+  std::uint32_t offset = 0;
+  std::uint32_t width = 0;
+  std::uint32_t height = 0;
+};
+
+Reply<xcb_get_property_reply_t> wordsAt(const X11Connection& connection, xcb_window_t window, xcb_atom_t property,
+                                        std::uint32_t offset, std::uint32_t count) {
+  const auto cookie = xcb_get_property(connection.get(), 0, window, property, XCB_ATOM_CARDINAL, offset, count);
+  return Reply<xcb_get_property_reply_t>(xcb_get_property_reply(connection.get(), cookie, nullptr));
+}
+
+/// Walks the headers only: width, height and that many pixels, one icon after the other.
+std::optional<IconPlace> bestIcon(const X11Connection& connection, xcb_window_t window, xcb_atom_t property) {
+  constexpr std::uint32_t kMaxSide = PictureDecoder::kMaxSide;
+  constexpr std::uint32_t kWanted = 128;
+  constexpr int kMaxIcons = 32;
+  std::optional<IconPlace> best;
+  std::uint32_t offset = 0;
+  for (int icon = 0; icon < kMaxIcons; ++icon) {
+    const auto reply = wordsAt(connection, window, property, offset, 2);
+    const auto header = values32(reply.get());
+    if (header.size() != 2) break;
+    const auto [width, height] = std::pair(header[0], header[1]);
+    offset += 2;
+    const std::uint64_t count = std::uint64_t{width} * height;
+    if (count == 0 || count > reply->bytes_after / sizeof(std::uint32_t)) break;
+    const std::uint32_t bestWidth = best ? best->width : 0;
+    const bool isBetter = bestWidth < kWanted ? width > bestWidth : width >= kWanted && width < bestWidth;
+    if (isBetter && width <= kMaxSide && height <= kMaxSide) best = IconPlace{offset, width, height};
+    offset += static_cast<std::uint32_t>(count);
+    if (count * sizeof(std::uint32_t) == reply->bytes_after) break;
+  }
+  return best;
 }
 
 }  // namespace
@@ -144,27 +184,13 @@ xcb_window_t X11ClientWindows::focusedWindow() const {
 }
 
 std::optional<WindowIcon> X11ClientWindows::icon(xcb_window_t window) const {
-  constexpr std::uint32_t kMaxSide = 4096;
-  constexpr std::uint32_t kWanted = 128;
-  const auto data = connection_.property32(window, connection_.atom("_NET_WM_ICON"), XCB_ATOM_CARDINAL);
-  std::optional<WindowIcon> best;
-  // Width, height and that many pixels, one icon after the other.
-  for (std::size_t at = 0; at + 2 < data.size();) {
-    const std::uint32_t width = data[at];
-    const std::uint32_t height = data[at + 1];
-    at += 2;
-    const std::size_t count = static_cast<std::size_t>(width) * height;
-    if (width == 0 || height == 0 || width > kMaxSide || height > kMaxSide || count > data.size() - at) break;
-    const auto bestWidth = best ? static_cast<std::uint32_t>(best->width) : 0;
-    const bool isBetter = bestWidth < kWanted ? width > bestWidth : width >= kWanted && width < bestWidth;
-    if (isBetter) {
-      const auto first = data.begin() + static_cast<std::ptrdiff_t>(at);
-      best = WindowIcon{
-          {first, first + static_cast<std::ptrdiff_t>(count)}, static_cast<int>(width), static_cast<int>(height)};
-    }
-    at += count;
-  }
-  return best;
+  const xcb_atom_t property = connection_.atom("_NET_WM_ICON");
+  const auto place = bestIcon(connection_, window, property);
+  if (!place) return std::nullopt;
+  const auto reply = wordsAt(connection_, window, property, place->offset, place->width * place->height);
+  const auto pixels = values32(reply.get());
+  if (pixels.size() != std::size_t{place->width} * place->height) return std::nullopt;
+  return WindowIcon{{pixels.begin(), pixels.end()}, static_cast<int>(place->width), static_cast<int>(place->height)};
 }
 
 }  // namespace rondora::x11

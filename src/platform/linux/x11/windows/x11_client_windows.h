@@ -31,7 +31,8 @@ class X11ClientWindows {
   std::optional<WindowInfo> describe(xcb_window_t window) const;
   /// The active window, else the one that holds the input focus; 0 for none.
   xcb_window_t activeWindow() const;
-  /// The smallest icon of at least 128 pixels, else the largest.
+  /// The smallest icon of at least 128 pixels, else the largest, but none beyond PictureDecoder::kMaxSide. Reads the
+  /// pixels of no other.
   std::optional<WindowIcon> icon(xcb_window_t window) const;
 
  private:
