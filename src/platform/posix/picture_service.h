@@ -11,7 +11,7 @@ namespace rondora::desktop {
 inline constexpr std::string_view kPictureServiceName = "rondora-decoder";
 inline constexpr int kPictureServiceDescriptor = 3;
 
-/// Decodes one picture after the other until the program closes the socket. A picture that takes more than two seconds
+/// Decodes one picture after the other until the program closes the socket. A picture that takes more than one second
 /// of processor time, or that blocks for long, ends the process. The process itself must limit its memory before.
 void servePictures(const std::function<PictureResult(const PictureRequest&)>& decode);
 
