@@ -74,6 +74,8 @@ void AppDelegate::applicationDidFinishLaunching() {
   services_.shell.setShouldTerminateAfterLastWindowClosed(
       weakSelf_.bind([](AppDelegate& self) { return self.applicationShouldTerminateAfterLastWindowClosed(); }));
   statusMenu_->setupStatusBar();
+  triggers_.onHotkeysChanged =
+      weakSelf_.bind([](AppDelegate& self) { self.statusMenu_->showHotkeys(self.services_.workingHotkeys()); });
   setupTriggers();
   observeChanges();
   services_.mainQueue.async(weakSelf_.bind([](AppDelegate& self) { self.presentFirstWindows(); }));
@@ -117,6 +119,10 @@ TriggerReply AppDelegate::trigger(std::string_view idOrName) {
   }
   menuRequests_.request([this, id = menu->id] { services_.switchboard.handleRequest(id); });
   return reply;
+}
+
+void AppDelegate::remindToHold() const {
+  if (firstLaunch_) firstLaunch_->remindToHold();
 }
 
 void AppDelegate::iconsChanged() {

@@ -60,6 +60,8 @@ class AppDelegate {
     RunningAppsActivationHistory& activationHistory;
     MenuSwitchboard& switchboard;
 
+    /// The menus that their hotkeys open, a line for each.
+    std::function<std::string()> workingHotkeys;
     /// May be empty.
     std::function<void()> restoreNativeAppSwitcher;
     /// Called with the reason why the user cannot see the status item, nothing when it is visible, once one of them is
@@ -80,6 +82,8 @@ class AppDelegate {
   void quitApp();
   /// Triggers a menu for another program, like a hotkey that is neither held nor repeated.
   TriggerReply trigger(std::string_view idOrName);
+  /// The user tapped a hotkey that is to be held.
+  void remindToHold() const;
   /// Invalidates pre-rendered rings: a favicon arrived, or applications were installed or removed.
   void iconsChanged();
 

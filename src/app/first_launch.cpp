@@ -35,6 +35,10 @@ void FirstLaunch::finishOnboardingIfUp() {
   onboarding_->close();
 }
 
+void FirstLaunch::remindToHold() const {
+  if (isOnboardingUp()) onboarding_->remindToHold();
+}
+
 void FirstLaunch::presentSettingsOnceIfPermissionsComplete() {
   if (launchState_.hasAutoOpenedSettingsAfterPermissions() || !launchState_.hasSeenPermissionIntro()) return;
   if (!PermissionsSnapshot::read(services_.permissionService).allGranted()) return;

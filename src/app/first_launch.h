@@ -42,6 +42,7 @@ class FirstLaunch {
   void presentSettingsOnceIfPermissionsComplete();
   /// Call it when all permissions are granted: closes an open onboarding window and brings the program forward.
   void finishOnboardingIfUp();
+  void remindToHold() const;
   bool hasOnboarding() const { return onboarding_ != nullptr; }
   AppLaunchState& launchState() { return launchState_; }
   bool isOnboardingUp() const { return onboarding_ && onboarding_->isUp(); }

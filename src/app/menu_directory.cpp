@@ -42,6 +42,18 @@ std::vector<MenuListing> listMenus(const std::vector<PieMenu>& menus, const Hotk
   return listings;
 }
 
+std::string workingHotkeys(const std::vector<MenuListing>& menus) {
+  constexpr int kMaxLines = 12;
+  std::string lines;
+  int count = 0;
+  for (const MenuListing& menu : menus) {
+    if (!menu.isLive) continue;
+    if (++count > kMaxLines) return lines + "\n…";
+    lines += (lines.empty() ? "" : "\n") + menu.name + ": " + menu.hotkey;
+  }
+  return lines;
+}
+
 MenuToTrigger menuToTrigger(const std::vector<PieMenu>& menus, std::string_view idOrName) {
   if (const auto id = Uuid::parse(idOrName)) {
     const auto byId = std::find_if(menus.begin(), menus.end(), [&](const PieMenu& menu) { return menu.id == *id; });

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -19,6 +20,9 @@ bool opensWithHotkey(const PieMenu& menu, const HotkeyManager& hotkeys);
 /// All menus in their order. Null `hotkeys`: none is registered yet.
 std::vector<MenuListing> listMenus(const std::vector<PieMenu>& menus, const HotkeyManager* hotkeys,
                                    AppLanguage language, const ModifierNames& modifierNames);
+
+/// A line for each menu that its hotkey opens, a dozen at most: "Main: Ctrl + Alt + Space".
+std::string workingHotkeys(const std::vector<MenuListing>& menus);
 
 struct MenuToTrigger {
   TriggerReply reply = TriggerReply::unknown;

@@ -10,6 +10,12 @@
 #include "model/carbon_modifiers.h"
 
 namespace rondora {
+namespace {
+
+/// Seconds within which a user who means to hold the keys does not let go.
+constexpr double kTapTime = 0.25;
+
+}  // namespace
 
 MenuSwitchboard::MenuSwitchboard(const Services& services)
     : services_(services), pieMenuWindow_(services.pieMenuWindow) {
@@ -98,6 +104,7 @@ void MenuSwitchboard::show(const PieMenu& menu, const HotkeyConfig& triggerHotke
                            std::optional<PieMenuWindowController::AppCommands> appCommands) {
   lastShown_ = menu.id;
   showsRunningApps_ = menu.kind == PieMenuKind::runningApps;
+  shownAt_ = services_.clock.uptime();
   services_.windows.closePopups();
   pieMenuWindow_.show(menu, itemsOverride(menu), repeats(triggerHotkey) ? std::optional(triggerHotkey) : std::nullopt,
                       std::move(appCommands));
@@ -126,6 +133,7 @@ void MenuSwitchboard::handleClickModeModifierChordReleased() {
   if (!isMenuVisible()) return;
   const auto selection = pieMenuWindow_.currentSelection();
   pieMenuWindow_.hide();
+  if (!selection && services_.clock.uptime() - shownAt_ <= kTapTime) services_.tapped();
   if (!selection) return restorePreviousApp();
   if (const auto* item = std::get_if<PieMenuItem>(&*selection)) return restoreAndExecute(*item);
   perform(std::get<PieSubAction>(*selection));

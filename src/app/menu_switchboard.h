@@ -15,6 +15,7 @@
 #include "commands/sub_actions.h"
 #include "model/pie_configuration.h"
 #include "pie/controller/pie_menu_window_controller.h"
+#include "platform/clock.h"
 #include "platform/event_monitors.h"
 #include "platform/hotkey_service.h"
 #include "platform/key_event.h"
@@ -39,6 +40,7 @@ class MenuSwitchboard {
   /// The references must outlive the switchboard.
   struct Services {
     MainQueue& mainQueue;
+    const Clock& clock;
     RandomSource& random;
     const ProcessEnvironment& environment;
     Workspace& workspace;
@@ -53,6 +55,8 @@ class MenuSwitchboard {
     std::function<std::string()> snippetHint;
     /// Called when the action of an item of that menu has worked or failed.
     std::function<void(const PieMenuItem&, const Uuid& menuId, const std::optional<ActionFailure>&)> actionEnded;
+    /// Called when a ring closed at once because its keys were tapped, not held.
+    std::function<void()> tapped;
   };
 
   explicit MenuSwitchboard(const Services& services);
@@ -123,6 +127,7 @@ class MenuSwitchboard {
   /// The menu on screen, or the last one that was.
   Uuid lastShown_;
   bool showsRunningApps_ = false;
+  double shownAt_ = 0;  // clock's uptime
   /// Of the latest hotkey.
   ModifierHold triggerModifiers_ = ModifierHold::held;
   /// The application in front when the menu opened; restored or forgotten exactly once.

@@ -100,6 +100,7 @@ PieMenuWindowController::Environment Program::ringEnvironment() {
 
 MenuSwitchboard::Services Program::switchboardServices() {
   return {.mainQueue = platform_.mainQueue,
+          .clock = platform_.clock,
           .random = platform_.random,
           .environment = platform_.environment,
           .workspace = platform_.workspace,
@@ -112,7 +113,8 @@ MenuSwitchboard::Services Program::switchboardServices() {
           .pieMenuWindow = pieMenuWindow_,
           .snippetHint = [this] { return snippetHint(localization_, platform_.pasteKeys); },
           .actionEnded = [this](const auto& item, const Uuid& menu,
-                                const auto& failure) { actionEnded(item, menu, failure); }};
+                                const auto& failure) { actionEnded(item, menu, failure); },
+          .tapped = [this] { delegate_.remindToHold(); }};
 }
 
 AppDelegate::Services Program::delegateServices() {
@@ -134,6 +136,7 @@ AppDelegate::Services Program::delegateServices() {
           .permissions = permissions_.snapshot(),
           .activationHistory = activationHistory_,
           .switchboard = switchboard_,
+          .workingHotkeys = [this] { return workingHotkeys(menuListings()); },
           .restoreNativeAppSwitcher = platform_.restoreNativeAppSwitcher,
           .publishStatusItemProblem = [this](const auto& problem) { statusItemEvaluated(problem); }};
 }

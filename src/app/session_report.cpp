@@ -34,8 +34,11 @@ std::vector<SessionFinding> SessionReport::findings(const SessionFacts& facts, c
     result.push_back(*facts.showsStatusItem ? works(StringKey::sessionTray)
                                             : fails(StringKey::settingsNoTray, StringKey::sessionNoTrayRemedy));
   }
-  result.push_back(facts.canPressKeys ? works(StringKey::sessionKeystrokes)
-                                      : fails(StringKey::sessionNoKeystrokes, StringKey::sessionNoKeystrokesRemedy));
+  if (!facts.canPressKeys) {
+    result.push_back(fails(StringKey::sessionNoKeystrokes, StringKey::sessionNoKeystrokesRemedy));
+  } else if (!facts.isWayland) {  // where another finding says which applications they reach
+    result.push_back(works(StringKey::sessionKeystrokes));
+  }
   if (!configuration.trackpadGestureTargets().empty()) {
     result.push_back(facts.trackpads == TrackpadAccess::unreadable
                          ? fails(StringKey::sessionTrackpadUnreadable, StringKey::sessionTrackpadUnreadableRemedy)
@@ -46,19 +49,22 @@ std::vector<SessionFinding> SessionReport::findings(const SessionFacts& facts, c
 
 void SessionReport::addHotkeys(std::vector<SessionFinding>& findings, const SessionFacts& facts,
                                const std::vector<PieMenu>& menus, const HotkeyManager& hotkeys) const {
-  bool anyOpens = false;
   std::size_t failures = 0;
   for (const PieMenu& menu : menus) {
-    if (!menu.hasLiveHotkey()) continue;
-    const bool menuOpens = opensWithHotkey(menu, hotkeys);
-    anyOpens = anyOpens || menuOpens;
-    if (menuOpens || ++failures > kMaxHotkeyFindings) continue;
+    if (!menu.hasLiveHotkey() || opensWithHotkey(menu, hotkeys)) continue;
+    if (++failures > kMaxHotkeyFindings) continue;
     const auto option = hotkeys.optionAgainst(menu.hotkey);
     findings.push_back(option ? cannotBeTyped(menu, *option) : hotkeyFails(menu));
   }
   if (failures > kMaxHotkeyFindings) findings.push_back(notShown(failures - kMaxHotkeyFindings));
   // On Wayland hotkeys arrive only sometimes, which another finding states.
-  if (anyOpens && failures == 0 && !facts.isWayland) findings.push_back(works(StringKey::sessionHotkeysWork));
+  const auto working = workingHotkeys(listMenus(menus, &hotkeys, localization_.language(), modifierNames_));
+  if (working.empty() || facts.isWayland) return;
+  if (failures > 0) {
+    findings.push_back({true, working, {}});
+  } else {
+    findings.push_back({true, std::string(localization_.text(StringKey::sessionHotkeysWork)), working});
+  }
 }
 
 SessionFinding SessionReport::hotkeyFails(const PieMenu& menu) const {

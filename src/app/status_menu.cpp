@@ -53,6 +53,11 @@ void StatusMenu::refreshLocalizedTitles() {
   setupMainMenu();
 }
 
+void StatusMenu::showHotkeys(const std::string& lines) {
+  const std::string name(program_identity::kName);
+  if (statusItem_) statusItem_->setToolTip(lines.empty() ? name : name + "\n" + lines);
+}
+
 std::optional<std::string> StatusMenu::visibilityProblem() const {
   return statusItemWatch_ ? statusItemWatch_->problem() : std::nullopt;
 }

@@ -32,6 +32,8 @@ class StatusMenu {
   void setupStatusBar();
   /// Re-titles both menus in the current language.
   void refreshLocalizedTitles();
+  /// Tells the hotkeys in the tool tip: a line for each.
+  void showHotkeys(const std::string& lines);
   /// Whether the status item is known to be visible or hidden.
   bool knowsVisibility() const { return !statusItemWatch_ || statusItemWatch_->isKnown(); }
   /// The reason why the user cannot see the status item; nothing when it is visible or nothing is known.

@@ -42,6 +42,7 @@ void TriggerSources::setUp() {
     makeHotkeyManager();
   }
   hotkeyManager_->registerAll(services_.config.current().menus);
+  if (onHotkeysChanged) onHotkeysChanged();
   setUpTrackpadGesture();
 }
 
@@ -66,6 +67,7 @@ void TriggerSources::retryRefusedHotkeys() {
   }
   nextRetry_ = now + kRetryInterval;
   hotkeyManager_->retryRefused();
+  if (onHotkeysChanged) onHotkeysChanged();
 }
 
 void TriggerSources::tearDown() {

@@ -34,6 +34,9 @@ class TriggerSources {
 
   explicit TriggerSources(const Services& services);
 
+  /// Called when hotkeys have been registered.
+  std::function<void()> onHotkeysChanged;
+
   /// Registers the hotkeys of the current document and listens for its finger counts; replaces earlier registrations.
   void setUp();
   void tearDown();

@@ -54,6 +54,8 @@ class StatusItem {
   virtual ~StatusItem() = default;
 
   virtual void setMenuTitle(std::size_t index, const std::string& title) = 0;
+  /// In one or more lines.
+  virtual void setToolTip(const std::string& toolTip) = 0;
   virtual StatusItemVisibility visibility() const = 0;
   /// Calls back when a tray came or went. That a tray took the item in need not be reported.
   [[nodiscard]] virtual Subscription onVisibilityMayHaveChanged(std::function<void()> observer) const = 0;

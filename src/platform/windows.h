@@ -24,7 +24,7 @@ struct FindingButton {
 struct SessionFinding {
   bool works = true;
   std::string statement;
-  /// What the user can do about it, in one or more lines; empty when it works.
+  /// What the user can do about it, or what exactly works; in one or more lines, possibly empty.
   std::string remedy;
   std::vector<FindingButton> buttons = {};
   friend bool operator==(const SessionFinding&, const SessionFinding&) = default;
@@ -45,6 +45,8 @@ class OnboardingWindow {
   virtual bool isUp() const = 0;
   /// No effect unless it is up.
   virtual void close() = 0;
+  /// Draws attention to how a ring is opened: the user has just let go too early.
+  virtual void remindToHold() = 0;
 };
 
 /// The beginning of a snippet, and below it a line that states what choosing it does.

@@ -37,6 +37,7 @@ class FakeStatusBar final : public StatusBar {
    public:
     Item(FakeStatusBar& bar, std::shared_ptr<Record> record) : bar_(bar), record_(std::move(record)) {}
     void setMenuTitle(std::size_t index, const std::string& title) override { record_->menu.at(index).title = title; }
+    void setToolTip(const std::string& toolTip) override { record_->toolTip = toolTip; }
     StatusItemVisibility visibility() const override { return bar_.visibility; }
     Subscription onVisibilityMayHaveChanged(std::function<void()> observer) const override {
       return bar_.changed_.subscribe(std::move(observer));

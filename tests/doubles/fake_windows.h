@@ -35,6 +35,7 @@ class FakeWindows final : public Windows {
   int settingsShown = 0;
   int onboardingWindowsMade = 0;
   bool isOnboardingUp = false;
+  int reminders = 0;
   /// Previewed texts; an empty one each time the preview is hidden.
   std::vector<std::string> previews;
   std::string previewHint;
@@ -55,6 +56,7 @@ class FakeWindows final : public Windows {
     }
     bool isUp() const override { return windows_.isOnboardingUp; }
     void close() override { windows_.closeOnboarding(); }
+    void remindToHold() override { ++windows_.reminders; }
     FakeWindows& windows_;
   };
 

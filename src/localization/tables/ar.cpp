@@ -8,8 +8,8 @@ constexpr StringTable kArabicStrings = completeTable({
     {StringKey::onboardingTitle, "مرحبًا بك في Rondora"},
     {StringKey::onboardingGreeting, "كل ما تحتاج إليه في حلقة حول المؤشر"},
     {StringKey::onboardingWhatItIs, "يفتح Rondora حلقة من الإجراءات حول المؤشر: تطبيقات وروابط ومقتطفات نصية."},
-    {StringKey::onboardingHowToOpen, "اضغط على %@ لفتح الحلقة."},
-    {StringKey::onboardingHowToChoose, "أشر إلى أحد القطاعات ثم أفلت المفاتيح، أو انقر عليه. يغلق مفتاح Esc الحلقة."},
+    {StringKey::onboardingHowToOpen, "اضغط مطولًا على %@: تُفتح الحلقة عند المؤشر."},
+    {StringKey::onboardingHowToChoose, "استمر في الضغط وأشر إلى عنصر ثم أفلت. أو انقر عليه."},
     {StringKey::onboardingConfigurationFile, "قوائمك محفوظة في ملف واحد: %@"},
     {StringKey::onboardingGetStarted, "ابدأ الآن"},
     {StringKey::settingsTitle, "إعدادات Rondora"},
@@ -17,7 +17,7 @@ constexpr StringTable kArabicStrings = completeTable({
     {StringKey::settingsOpenFolder, "فتح المجلد"},
     {StringKey::settingsLanguage, "اللغة:"},
     {StringKey::settingsHotkeyRefused, "اختصار القائمة «%@» مستخدَم بالفعل في برنامج آخر."},
-    {StringKey::settingsNoTray, "لا يحتوي سطح المكتب هذا على منطقة إشعارات، لذلك لا تظهر أيقونة Rondora."},
+    {StringKey::settingsNoTray, "لا يعرض سطح المكتب لديك أيقونات الإشعارات، لذلك أيقونة Rondora مخفية."},
     {StringKey::settingsHotkeysNote,
      "تستخدم مفاتيح الاختصار العامة واجهة Carbon البرمجية في النظام. قد يتعذر تسجيل التركيبات التي تضم Fn أو مفتاح "
      "الكرة الأرضية فقط، فاختر اختصارًا آخر."},
@@ -28,26 +28,25 @@ constexpr StringTable kArabicStrings = completeTable({
     {StringKey::sessionFails, "لا يعمل"},
     {StringKey::sessionX11, "هذه جلسة X11: تُفتح الحلقة فوق أي نافذة."},
     {StringKey::sessionWayland,
-     "هذه جلسة Wayland: لا تصل الاختصارات إلا عندما تكون لوحة المفاتيح في نافذة X11، ولا يمكن إحضار نوافذ تطبيقات "
-     "Wayland إلى المقدمة."},
+     "هذه جلسة Wayland: لا تصل الاختصارات إلا عندما تكون لوحة المفاتيح في نافذة X11، ولا تصل ضغطات المفاتيح إلا إلى "
+     "تطبيقات X11، ولا يمكن إحضار نوافذ تطبيقات Wayland إلى المقدمة."},
     {StringKey::sessionWaylandRemedy,
      "اختر جلسة X11 («Xorg») عند تسجيل الدخول، أو اجعل أحد اختصارات سطح المكتب يستدعي الطريقة «Trigger» عبر D-Bus؛ "
      "يشرح ملف README ذلك."},
-    {StringKey::sessionHotkeysWork, "كل قائمة لها اختصار تُفتح به."},
+    {StringKey::sessionHotkeysWork, "تعمل جميع اختصارات القوائم."},
     {StringKey::sessionHotkeyRefusedRemedy,
      "حرِّر %@ في البرنامج الآخر أو في إعدادات لوحة المفاتيح لسطح المكتب وسيأخذه Rondora تلقائيًا، أو عيّن للقائمة اختصارًا "
-     "آخر في ملف الإعدادات."},
+     "آخر في ملف الإعدادات، ثم أنهِ Rondora وشغّله من جديد."},
     {StringKey::sessionHotkeyUnusable, "لا يستطيع Rondora استخدام اختصار القائمة «%@» هنا."},
-    {StringKey::sessionHotkeyUnusableRemedy,
-     "أنهِ Rondora، وعيّن للقائمة اختصارًا آخر في ملف الإعدادات، ثم شغّل Rondora من جديد."},
+    {StringKey::sessionHotkeyUnusableRemedy, "عيّن للقائمة اختصارًا آخر في ملف الإعدادات، ثم أنهِ Rondora وشغّله من جديد."},
     {StringKey::sessionHotkeyOptionRemedy,
      "بسبب خيار لوحة المفاتيح «%@» تبدّل مفاتيح التعديل في هذا الاختصار تخطيط اللوحة. اختر مفاتيح أخرى لذلك في إعدادات "
-     "لوحة المفاتيح لسطح المكتب، أو عيّن للقائمة اختصارًا آخر في ملف الإعدادات."},
+     "لوحة المفاتيح لسطح المكتب، أو عيّن للقائمة اختصارًا آخر في ملف الإعدادات، ثم أنهِ Rondora وشغّله من جديد."},
     {StringKey::sessionTray, "أيقونة Rondora موجودة في منطقة الإشعارات."},
     {StringKey::sessionNoTrayRemedy,
      "أضف منطقة إشعارات إلى شريط سطح المكتب؛ يحتاج GNOME لذلك إلى الإضافة «AppIndicator». ومن دون الأيقونة تُفتح هذه "
      "الإعدادات بتشغيل Rondora مرة أخرى."},
-    {StringKey::sessionKeystrokes, "تصل ضغطات المفاتيح إلى التطبيقات الأخرى."},
+    {StringKey::sessionKeystrokes, "يستطيع Rondora كتابة المفاتيح في التطبيقات الأخرى."},
     {StringKey::sessionNoKeystrokes,
      "لا يقبل خادم X ضغطات المفاتيح من البرامج، لذلك لا تفعل العناصر التي تضغط المفاتيح شيئًا."},
     {StringKey::sessionNoKeystrokesRemedy, "فعّل الامتداد XTEST في خادم X."},
@@ -99,7 +98,7 @@ constexpr StringTable kArabicStrings = completeTable({
     {StringKey::actionTargetLost, "لم يظهر التطبيق في المقدمة في الوقت المناسب، لذلك لم يُضغط أي مفتاح."},
     {StringKey::actionTargetLostRemedy, "اختر العنصر مرة أخرى."},
     {StringKey::ringMenuEmpty, "هذه القائمة فارغة"},
-    {StringKey::snippetHint, "نُسخ النص إلى الحافظة. الصقه يدويًا باستخدام Command+V."},
+    {StringKey::snippetHint, "يُنسخ النص إلى الحافظة. الصقه يدويًا باستخدام Command+V."},
     {StringKey::importRefused, "تعذرت قراءة هذا الملف. يُرجى اختيار نسخة احتياطية صالحة من الإعدادات."},
 });
 

@@ -9,9 +9,9 @@ constexpr StringTable kGermanStrings = completeTable({
     {StringKey::onboardingGreeting, "Alles Wichtige in einem Ring um den Zeiger"},
     {StringKey::onboardingWhatItIs,
      "Rondora öffnet einen Ring von Aktionen um den Zeiger: Programme, Links, Textbausteine."},
-    {StringKey::onboardingHowToOpen, "Drücken Sie %@, um den Ring zu öffnen."},
+    {StringKey::onboardingHowToOpen, "Halten Sie %@ gedrückt: Der Ring öffnet sich am Zeiger."},
     {StringKey::onboardingHowToChoose,
-     "Zeigen Sie auf einen Sektor und lassen Sie die Tasten los, oder klicken Sie ihn an. Esc schließt den Ring."},
+     "Halten Sie weiter, zeigen Sie auf ein Element und lassen Sie dann los. Oder klicken Sie es an."},
     {StringKey::onboardingConfigurationFile, "Ihre Menüs liegen in einer einzigen Datei: %@"},
     {StringKey::onboardingGetStarted, "Los geht’s"},
     {StringKey::settingsTitle, "Rondora-Einstellungen"},
@@ -21,7 +21,7 @@ constexpr StringTable kGermanStrings = completeTable({
     {StringKey::settingsHotkeyRefused,
      "Das Tastenkürzel des Menüs „%@“ wird bereits von einem anderen Programm benutzt."},
     {StringKey::settingsNoTray,
-     "Dieser Desktop hat keinen Infobereich, daher ist das Symbol von Rondora nicht zu sehen."},
+     "Ihr Desktop zeigt keine Symbole im Infobereich, daher ist das Symbol von Rondora verborgen."},
     {StringKey::settingsHotkeysNote,
      "Globale Tastenkürzel nutzen die Carbon-API des Systems. Kombinationen nur mit Fn oder der Globus-Taste lassen "
      "sich möglicherweise nicht registrieren – wählen Sie ein anderes Kürzel."},
@@ -32,28 +32,29 @@ constexpr StringTable kGermanStrings = completeTable({
     {StringKey::sessionFails, "Funktioniert nicht"},
     {StringKey::sessionX11, "Dies ist eine X11-Sitzung: Der Ring öffnet sich über jedem Fenster."},
     {StringKey::sessionWayland,
-     "Dies ist eine Wayland-Sitzung: Tastenkürzel kommen nur an, während ein X11-Fenster die Tastatur hat, und Fenster "
-     "von Wayland-Programmen lassen sich nicht nach vorn holen."},
+     "Dies ist eine Wayland-Sitzung: Tastenkürzel kommen nur an, während ein X11-Fenster die Tastatur hat, "
+     "Tastendrücke erreichen nur X11-Programme, und Fenster von Wayland-Programmen lassen sich nicht nach vorn holen."},
     {StringKey::sessionWaylandRemedy,
      "Wählen Sie bei der Anmeldung eine X11-Sitzung („Xorg“), oder lassen Sie ein Tastenkürzel Ihres Desktops die "
      "D-Bus-Methode „Trigger“ aufrufen; wie das geht, steht in der README."},
-    {StringKey::sessionHotkeysWork, "Jedes Menü mit einem Tastenkürzel lässt sich damit öffnen."},
+    {StringKey::sessionHotkeysWork, "Alle Tastenkürzel der Menüs funktionieren."},
     {StringKey::sessionHotkeyRefusedRemedy,
      "Geben Sie %@ in dem anderen Programm oder in den Tastatureinstellungen Ihres Desktops frei; Rondora übernimmt es "
-     "dann von selbst. Oder geben Sie dem Menü in der Konfigurationsdatei ein anderes Tastenkürzel."},
+     "dann von selbst. Oder geben Sie dem Menü in der Konfigurationsdatei ein anderes Tastenkürzel. Beenden Sie dann "
+     "Rondora und starten Sie es wieder."},
     {StringKey::sessionHotkeyUnusable, "Rondora kann das Tastenkürzel des Menüs „%@“ hier nicht verwenden."},
     {StringKey::sessionHotkeyUnusableRemedy,
-     "Beenden Sie Rondora, geben Sie dem Menü in der Konfigurationsdatei ein anderes Tastenkürzel und starten Sie "
-     "Rondora wieder."},
+     "Geben Sie dem Menü in der Konfigurationsdatei ein anderes Tastenkürzel, beenden Sie dann Rondora und starten Sie "
+     "es wieder."},
     {StringKey::sessionHotkeyOptionRemedy,
      "Mit der Tastaturoption „%@“ schalten die Sondertasten dieses Tastenkürzels die Tastaturbelegung um. Wählen Sie "
      "dafür in den Tastatureinstellungen andere Tasten, oder geben Sie dem Menü in der Konfigurationsdatei ein anderes "
-     "Tastenkürzel."},
+     "Tastenkürzel. Beenden Sie dann Rondora und starten Sie es wieder."},
     {StringKey::sessionTray, "Das Symbol von Rondora ist im Infobereich."},
     {StringKey::sessionNoTrayRemedy,
      "Fügen Sie Ihrer Leiste einen Infobereich hinzu; GNOME braucht dafür die Erweiterung „AppIndicator“. Auch ohne "
      "das Symbol gilt: Wird Rondora noch einmal gestartet, öffnen sich diese Einstellungen."},
-    {StringKey::sessionKeystrokes, "Tastendrücke erreichen die anderen Programme."},
+    {StringKey::sessionKeystrokes, "Rondora kann Tasten in andere Programme eingeben."},
     {StringKey::sessionNoKeystrokes,
      "Der X-Server nimmt keine Tastendrücke von Programmen an; Einträge, die Tasten drücken, bewirken daher nichts."},
     {StringKey::sessionNoKeystrokesRemedy, "Schalten Sie die XTEST-Erweiterung des X-Servers ein."},
@@ -123,7 +124,7 @@ constexpr StringTable kGermanStrings = completeTable({
     {StringKey::actionTargetLost, "das Programm kam nicht rechtzeitig nach vorn; daher wurde keine Taste gedrückt."},
     {StringKey::actionTargetLostRemedy, "Wählen Sie den Eintrag noch einmal."},
     {StringKey::ringMenuEmpty, "Dieses Menü ist leer"},
-    {StringKey::snippetHint, "Der Text wurde in die Zwischenablage kopiert. Fügen Sie ihn mit Command+V selbst ein."},
+    {StringKey::snippetHint, "Der Text wird in die Zwischenablage kopiert. Fügen Sie ihn mit Command+V selbst ein."},
     {StringKey::importRefused,
      "Diese Datei konnte nicht gelesen werden. Bitte wählen Sie eine gültige Sicherung der Einstellungen."},
 });

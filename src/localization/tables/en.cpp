@@ -9,8 +9,8 @@ constexpr StringTable kEnglishStrings = completeTable({
     {StringKey::onboardingGreeting, "Everything you need, in a ring around the pointer"},
     {StringKey::onboardingWhatItIs,
      "Rondora opens a ring of actions around the pointer: applications, links, text snippets."},
-    {StringKey::onboardingHowToOpen, "Press %@ to open the ring."},
-    {StringKey::onboardingHowToChoose, "Point at a sector and let go of the keys, or click it. Esc closes the ring."},
+    {StringKey::onboardingHowToOpen, "Hold %@: the ring opens at the pointer."},
+    {StringKey::onboardingHowToChoose, "Keep holding, point at an item, then let go. Or click it."},
     {StringKey::onboardingConfigurationFile, "Your menus live in one file: %@"},
     {StringKey::onboardingGetStarted, "Get Started"},
     {StringKey::settingsTitle, "Rondora Settings"},
@@ -18,7 +18,7 @@ constexpr StringTable kEnglishStrings = completeTable({
     {StringKey::settingsOpenFolder, "Open Folder"},
     {StringKey::settingsLanguage, "Language:"},
     {StringKey::settingsHotkeyRefused, "The hotkey of the menu “%@” is already taken by another program."},
-    {StringKey::settingsNoTray, "This desktop has no place for tray icons, so Rondora’s icon is not shown."},
+    {StringKey::settingsNoTray, "Your desktop shows no tray icons, so Rondora’s icon is hidden."},
     {StringKey::settingsHotkeysNote,
      "Global hotkeys use the system Carbon API. Fn-only or Globe combinations may not register — pick another "
      "shortcut."},
@@ -29,26 +29,27 @@ constexpr StringTable kEnglishStrings = completeTable({
     {StringKey::sessionFails, "Does not work"},
     {StringKey::sessionX11, "This is an X11 session: the ring opens over every window."},
     {StringKey::sessionWayland,
-     "This is a Wayland session: hotkeys work only while an X11 window has the keyboard, and windows of Wayland "
-     "applications cannot be brought to the front."},
+     "This is a Wayland session: hotkeys work only while an X11 window has the keyboard, keystrokes reach X11 "
+     "applications only, and windows of Wayland applications cannot be brought to the front."},
     {StringKey::sessionWaylandRemedy,
      "Choose an X11 session (“Xorg”) when you log in, or let a keyboard shortcut of your desktop call the D-Bus method "
      "“Trigger”; the README says how."},
-    {StringKey::sessionHotkeysWork, "Every menu that has a hotkey opens with it."},
+    {StringKey::sessionHotkeysWork, "All menu hotkeys work."},
     {StringKey::sessionHotkeyRefusedRemedy,
      "Free %@ in the other program or in the keyboard settings of your desktop; Rondora then takes it by itself. Or "
-     "give the menu another hotkey in the configuration file."},
+     "give the menu another hotkey in the configuration file, then quit Rondora and start it again."},
     {StringKey::sessionHotkeyUnusable, "Rondora cannot use the hotkey of the menu “%@” here."},
     {StringKey::sessionHotkeyUnusableRemedy,
-     "Quit Rondora, give the menu another hotkey in the configuration file, and start Rondora again."},
+     "Give the menu another hotkey in the configuration file, then quit Rondora and start it again."},
     {StringKey::sessionHotkeyOptionRemedy,
      "With the keyboard option “%@” the modifier keys of this hotkey switch the layout. Choose other keys for that in "
-     "the keyboard settings of your desktop, or give the menu another hotkey in the configuration file."},
+     "the keyboard settings of your desktop, or give the menu another hotkey in the configuration file, then quit "
+     "Rondora and start it again."},
     {StringKey::sessionTray, "Rondora’s icon is in the system tray."},
     {StringKey::sessionNoTrayRemedy,
      "Add a system tray to your panel; GNOME needs the extension “AppIndicator” for it. Without the icon, starting "
      "Rondora once more opens these settings."},
-    {StringKey::sessionKeystrokes, "Keystrokes reach the other applications."},
+    {StringKey::sessionKeystrokes, "Rondora can type keys into other applications."},
     {StringKey::sessionNoKeystrokes,
      "The X server accepts no keystrokes from programs, so items that type keys do nothing."},
     {StringKey::sessionNoKeystrokesRemedy, "Turn on the X server’s XTEST extension."},

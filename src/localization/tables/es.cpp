@@ -9,9 +9,8 @@ constexpr StringTable kSpanishStrings = completeTable({
     {StringKey::onboardingGreeting, "Todo lo que necesita, en un anillo alrededor del puntero"},
     {StringKey::onboardingWhatItIs,
      "Rondora abre un anillo de acciones alrededor del puntero: aplicaciones, enlaces y fragmentos de texto."},
-    {StringKey::onboardingHowToOpen, "Pulse %@ para abrir el anillo."},
-    {StringKey::onboardingHowToChoose,
-     "Apunte a un sector y suelte las teclas, o haga clic en él. Esc cierra el anillo."},
+    {StringKey::onboardingHowToOpen, "Mantenga pulsado %@: el anillo se abre junto al puntero."},
+    {StringKey::onboardingHowToChoose, "Sin soltar, apunte a un elemento y después suelte. O haga clic en él."},
     {StringKey::onboardingConfigurationFile, "Sus menús se guardan en un solo archivo: %@"},
     {StringKey::onboardingGetStarted, "Empezar"},
     {StringKey::settingsTitle, "Ajustes de Rondora"},
@@ -19,7 +18,7 @@ constexpr StringTable kSpanishStrings = completeTable({
     {StringKey::settingsOpenFolder, "Abrir carpeta"},
     {StringKey::settingsLanguage, "Idioma:"},
     {StringKey::settingsHotkeyRefused, "Otro programa ya usa el atajo del menú «%@»."},
-    {StringKey::settingsNoTray, "Este escritorio no tiene área de notificación, por eso no se ve el icono de Rondora."},
+    {StringKey::settingsNoTray, "Su escritorio no muestra iconos de bandeja, por eso el icono de Rondora está oculto."},
     {StringKey::settingsHotkeysNote,
      "Los atajos globales usan la API Carbon del sistema. Es posible que las combinaciones solo con Fn o Globo no se "
      "registren: elija otro atajo."},
@@ -30,27 +29,27 @@ constexpr StringTable kSpanishStrings = completeTable({
     {StringKey::sessionFails, "No funciona"},
     {StringKey::sessionX11, "Esta es una sesión X11: el anillo se abre sobre cualquier ventana."},
     {StringKey::sessionWayland,
-     "Esta es una sesión Wayland: los atajos solo llegan mientras una ventana X11 tiene el teclado, y las ventanas de "
-     "las aplicaciones Wayland no se pueden traer al frente."},
+     "Esta es una sesión Wayland: los atajos solo llegan mientras una ventana X11 tiene el teclado, las pulsaciones "
+     "solo llegan a las aplicaciones X11 y las ventanas de las aplicaciones Wayland no se pueden traer al frente."},
     {StringKey::sessionWaylandRemedy,
      "Elija una sesión X11 («Xorg») al iniciar sesión, o haga que un atajo de teclado de su escritorio llame al método "
      "«Trigger» de D-Bus; el archivo README explica cómo."},
-    {StringKey::sessionHotkeysWork, "Todos los menús que tienen un atajo se abren con él."},
+    {StringKey::sessionHotkeysWork, "Todos los atajos de los menús funcionan."},
     {StringKey::sessionHotkeyRefusedRemedy,
      "Libere %@ en el otro programa o en los ajustes de teclado de su escritorio y Rondora lo tomará por sí mismo, o "
-     "asigne otro atajo al menú en el archivo de configuración."},
+     "asigne otro atajo al menú en el archivo de configuración, después salga de Rondora y vuelva a iniciarlo."},
     {StringKey::sessionHotkeyUnusable, "Rondora no puede usar aquí el atajo del menú «%@»."},
     {StringKey::sessionHotkeyUnusableRemedy,
-     "Salga de Rondora, asigne otro atajo al menú en el archivo de configuración y vuelva a iniciar Rondora."},
+     "Asigne otro atajo al menú en el archivo de configuración, después salga de Rondora y vuelva a iniciarlo."},
     {StringKey::sessionHotkeyOptionRemedy,
      "Con la opción de teclado «%@», las teclas modificadoras de este atajo cambian la distribución. Elija otras "
      "teclas para ello en los ajustes de teclado de su escritorio, o asigne otro atajo al menú en el archivo de "
-     "configuración."},
+     "configuración, después salga de Rondora y vuelva a iniciarlo."},
     {StringKey::sessionTray, "El icono de Rondora está en el área de notificación."},
     {StringKey::sessionNoTrayRemedy,
      "Añada un área de notificación a su panel; GNOME necesita para ello la extensión «AppIndicator». Sin el icono, "
      "estos ajustes se abren al iniciar Rondora una vez más."},
-    {StringKey::sessionKeystrokes, "Las pulsaciones de teclas llegan a las demás aplicaciones."},
+    {StringKey::sessionKeystrokes, "Rondora puede escribir teclas en otras aplicaciones."},
     {StringKey::sessionNoKeystrokes,
      "El servidor X no acepta pulsaciones de los programas, así que los elementos que pulsan teclas no hacen nada."},
     {StringKey::sessionNoKeystrokesRemedy, "Active la extensión XTEST del servidor X."},
@@ -116,7 +115,7 @@ constexpr StringTable kSpanishStrings = completeTable({
     {StringKey::actionTargetLost, "la aplicación no pasó al frente a tiempo, así que no se pulsó ninguna tecla."},
     {StringKey::actionTargetLostRemedy, "Elija el elemento otra vez."},
     {StringKey::ringMenuEmpty, "Este menú está vacío"},
-    {StringKey::snippetHint, "El texto se ha copiado al portapapeles. Péguelo manualmente con Command+V."},
+    {StringKey::snippetHint, "El texto se copia al portapapeles. Péguelo manualmente con Command+V."},
     {StringKey::importRefused,
      "No se ha podido leer este archivo. Elija una copia de seguridad de los ajustes que sea válida."},
 });

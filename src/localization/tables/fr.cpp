@@ -9,9 +9,8 @@ constexpr StringTable kFrenchStrings = completeTable({
     {StringKey::onboardingGreeting, "Tout ce qu’il vous faut, en anneau autour du pointeur"},
     {StringKey::onboardingWhatItIs,
      "Rondora ouvre un anneau d’actions autour du pointeur : applications, liens, extraits de texte."},
-    {StringKey::onboardingHowToOpen, "Appuyez sur %@ pour ouvrir l’anneau."},
-    {StringKey::onboardingHowToChoose,
-     "Pointez vers un secteur et relâchez les touches, ou cliquez dessus. Échap ferme l’anneau."},
+    {StringKey::onboardingHowToOpen, "Maintenez %@ : l’anneau s’ouvre autour du pointeur."},
+    {StringKey::onboardingHowToChoose, "Sans relâcher, pointez vers un élément, puis relâchez. Ou cliquez dessus."},
     {StringKey::onboardingConfigurationFile, "Vos menus se trouvent dans un seul fichier : %@"},
     {StringKey::onboardingGetStarted, "Commencer"},
     {StringKey::settingsTitle, "Réglages de Rondora"},
@@ -20,7 +19,7 @@ constexpr StringTable kFrenchStrings = completeTable({
     {StringKey::settingsLanguage, "Langue :"},
     {StringKey::settingsHotkeyRefused, "Le raccourci du menu « %@ » est déjà pris par un autre programme."},
     {StringKey::settingsNoTray,
-     "Ce bureau n’a pas de zone de notification\u202F; l’icône de Rondora n’est donc pas affichée."},
+     "Votre bureau n’affiche pas d’icônes de notification\u202F; l’icône de Rondora est donc masquée."},
     {StringKey::settingsHotkeysNote,
      "Les raccourcis globaux utilisent l’API Carbon du système. Les combinaisons avec Fn ou Globe seuls peuvent ne pas "
      "être enregistrées : choisissez un autre raccourci."},
@@ -31,27 +30,29 @@ constexpr StringTable kFrenchStrings = completeTable({
     {StringKey::sessionFails, "Ne fonctionne pas"},
     {StringKey::sessionX11, "Cette session utilise X11 : l’anneau s’ouvre par-dessus toutes les fenêtres."},
     {StringKey::sessionWayland,
-     "Cette session utilise Wayland : les raccourcis ne sont reçus que lorsqu’une fenêtre X11 a le clavier, et les "
-     "fenêtres des applications Wayland ne peuvent pas être mises au premier plan."},
+     "Cette session utilise Wayland : les raccourcis ne sont reçus que lorsqu’une fenêtre X11 a le clavier, les "
+     "frappes ne parviennent qu’aux applications X11, et les fenêtres des applications Wayland ne peuvent pas être "
+     "mises au premier plan."},
     {StringKey::sessionWaylandRemedy,
      "Choisissez une session X11 (« Xorg ») à l’ouverture de session, ou faites appeler la méthode D-Bus « Trigger » "
      "par un raccourci clavier de votre bureau\u202F; le fichier README explique comment."},
-    {StringKey::sessionHotkeysWork, "Chaque menu qui a un raccourci s’ouvre avec celui-ci."},
+    {StringKey::sessionHotkeysWork, "Tous les raccourcis des menus fonctionnent."},
     {StringKey::sessionHotkeyRefusedRemedy,
      "Libérez %@ dans l’autre programme ou dans les réglages du clavier de votre bureau\u202F; Rondora le prendra "
-     "alors de lui-même. Ou donnez un autre raccourci au menu dans le fichier de configuration."},
+     "alors de lui-même. Ou donnez un autre raccourci au menu dans le fichier de configuration, puis quittez Rondora "
+     "et relancez-le."},
     {StringKey::sessionHotkeyUnusable, "Rondora ne peut pas utiliser ici le raccourci du menu « %@ »."},
     {StringKey::sessionHotkeyUnusableRemedy,
-     "Quittez Rondora, donnez un autre raccourci au menu dans le fichier de configuration, puis relancez Rondora."},
+     "Donnez un autre raccourci au menu dans le fichier de configuration, puis quittez Rondora et relancez-le."},
     {StringKey::sessionHotkeyOptionRemedy,
      "Avec l’option de clavier « %@ », les touches de modification de ce raccourci changent la disposition du clavier. "
      "Choisissez d’autres touches pour cela dans les réglages du clavier, ou donnez un autre raccourci au menu dans le "
-     "fichier de configuration."},
+     "fichier de configuration, puis quittez Rondora et relancez-le."},
     {StringKey::sessionTray, "L’icône de Rondora se trouve dans la zone de notification."},
     {StringKey::sessionNoTrayRemedy,
      "Ajoutez une zone de notification à votre panneau\u202F; GNOME a besoin pour cela de l’extension "
      "« AppIndicator ». Sans l’icône, lancez Rondora une nouvelle fois pour ouvrir ces réglages."},
-    {StringKey::sessionKeystrokes, "Les frappes parviennent aux autres applications."},
+    {StringKey::sessionKeystrokes, "Rondora peut saisir des touches dans les autres applications."},
     {StringKey::sessionNoKeystrokes,
      "Le serveur X n’accepte pas les frappes des programmes\u202F; les éléments qui appuient sur des touches sont donc "
      "sans effet."},

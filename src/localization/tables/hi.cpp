@@ -8,8 +8,8 @@ constexpr StringTable kHindiStrings = completeTable({
     {StringKey::onboardingTitle, "Rondora में आपका स्वागत है"},
     {StringKey::onboardingGreeting, "ज़रूरत की हर चीज़, पॉइंटर के चारों ओर एक घेरे में"},
     {StringKey::onboardingWhatItIs, "Rondora पॉइंटर के चारों ओर क्रियाओं का एक घेरा खोलता है: ऐप्लिकेशन, लिंक, टेक्स्ट के अंश।"},
-    {StringKey::onboardingHowToOpen, "घेरा खोलने के लिए %@ दबाएँ।"},
-    {StringKey::onboardingHowToChoose, "किसी खंड पर पॉइंटर ले जाकर कुंजियाँ छोड़ दें, या उस पर क्लिक करें। Esc से घेरा बंद होता है।"},
+    {StringKey::onboardingHowToOpen, "%@ दबाए रखें: घेरा पॉइंटर पर खुलता है।"},
+    {StringKey::onboardingHowToChoose, "दबाए रखें, किसी आइटम पर पॉइंटर ले जाएँ, फिर छोड़ दें। या उस पर क्लिक करें।"},
     {StringKey::onboardingConfigurationFile, "आपके मेनू एक ही फ़ाइल में रहते हैं: %@"},
     {StringKey::onboardingGetStarted, "शुरू करें"},
     {StringKey::settingsTitle, "Rondora सेटिंग्स"},
@@ -17,7 +17,7 @@ constexpr StringTable kHindiStrings = completeTable({
     {StringKey::settingsOpenFolder, "फ़ोल्डर खोलें"},
     {StringKey::settingsLanguage, "भाषा:"},
     {StringKey::settingsHotkeyRefused, "मेनू “%@” की हॉटकी को कोई दूसरा प्रोग्राम पहले से इस्तेमाल कर रहा है।"},
-    {StringKey::settingsNoTray, "इस डेस्कटॉप पर ट्रे आइकन के लिए जगह नहीं है, इसलिए Rondora का आइकन नहीं दिखता।"},
+    {StringKey::settingsNoTray, "आपका डेस्कटॉप ट्रे आइकन नहीं दिखाता, इसलिए Rondora का आइकन छिपा है।"},
     {StringKey::settingsHotkeysNote,
      "ग्लोबल हॉटकी सिस्टम के Carbon API का उपयोग करती हैं। केवल Fn या Globe वाले संयोजन शायद रजिस्टर न हों — कोई दूसरा शॉर्टकट "
      "चुनें।"},
@@ -28,26 +28,26 @@ constexpr StringTable kHindiStrings = completeTable({
     {StringKey::sessionFails, "काम नहीं करता"},
     {StringKey::sessionX11, "यह X11 सत्र है: घेरा हर विंडो के ऊपर खुलता है।"},
     {StringKey::sessionWayland,
-     "यह Wayland सत्र है: हॉटकी तभी पहुँचती हैं जब कीबोर्ड किसी X11 विंडो के पास हो, और Wayland ऐप्लिकेशन की विंडो सामने नहीं लाई जा "
-     "सकतीं।"},
+     "यह Wayland सत्र है: हॉटकी तभी पहुँचती हैं जब कीबोर्ड किसी X11 विंडो के पास हो, कुंजी दबाने का असर केवल X11 ऐप्लिकेशन तक पहुँचता "
+     "है, और Wayland ऐप्लिकेशन की विंडो सामने नहीं लाई जा सकतीं।"},
     {StringKey::sessionWaylandRemedy,
      "लॉग इन करते समय X11 सत्र (“Xorg”) चुनें, या अपने डेस्कटॉप के किसी कीबोर्ड शॉर्टकट से D-Bus विधि “Trigger” को बुलाएँ; तरीका "
      "README में लिखा है।"},
-    {StringKey::sessionHotkeysWork, "जिस मेनू की हॉटकी है, वह उससे खुलता है।"},
+    {StringKey::sessionHotkeysWork, "मेनू की सभी हॉटकी काम करती हैं।"},
     {StringKey::sessionHotkeyRefusedRemedy,
      "दूसरे प्रोग्राम में या डेस्कटॉप की कीबोर्ड सेटिंग्स में %@ को मुक्त करें, फिर Rondora उसे अपने आप ले लेगा; या कॉन्फ़िगरेशन फ़ाइल में मेनू को "
-     "कोई दूसरी हॉटकी दें।"},
+     "कोई दूसरी हॉटकी दें, फिर Rondora से बाहर निकलकर उसे दोबारा शुरू करें।"},
     {StringKey::sessionHotkeyUnusable, "Rondora यहाँ मेनू “%@” की हॉटकी का उपयोग नहीं कर सकता।"},
     {StringKey::sessionHotkeyUnusableRemedy,
-     "Rondora से बाहर निकलें, कॉन्फ़िगरेशन फ़ाइल में मेनू को कोई दूसरी हॉटकी दें और Rondora फिर से शुरू करें।"},
+     "कॉन्फ़िगरेशन फ़ाइल में मेनू को कोई दूसरी हॉटकी दें, फिर Rondora से बाहर निकलकर उसे दोबारा शुरू करें।"},
     {StringKey::sessionHotkeyOptionRemedy,
      "कीबोर्ड विकल्प “%@” के कारण इस हॉटकी की मॉडिफ़ायर कुंजियाँ लेआउट बदल देती हैं। डेस्कटॉप की कीबोर्ड सेटिंग्स में इसके लिए दूसरी कुंजियाँ "
-     "चुनें, या कॉन्फ़िगरेशन फ़ाइल में मेनू को कोई दूसरी हॉटकी दें।"},
+     "चुनें, या कॉन्फ़िगरेशन फ़ाइल में मेनू को कोई दूसरी हॉटकी दें, फिर Rondora से बाहर निकलकर उसे दोबारा शुरू करें।"},
     {StringKey::sessionTray, "Rondora का आइकन सिस्टम ट्रे में है।"},
     {StringKey::sessionNoTrayRemedy,
      "अपने पैनल में सिस्टम ट्रे जोड़ें; GNOME में इसके लिए “AppIndicator” एक्सटेंशन चाहिए। आइकन न हो तो Rondora को एक बार और शुरू करने पर "
      "ये सेटिंग्स खुलती हैं।"},
-    {StringKey::sessionKeystrokes, "कुंजी दबाने का असर दूसरे ऐप्लिकेशन तक पहुँचता है।"},
+    {StringKey::sessionKeystrokes, "Rondora दूसरे ऐप्लिकेशन में कुंजियाँ टाइप कर सकता है।"},
     {StringKey::sessionNoKeystrokes, "X सर्वर प्रोग्रामों से कुंजियाँ स्वीकार नहीं करता, इसलिए कुंजियाँ दबाने वाले आइटम कुछ नहीं करते।"},
     {StringKey::sessionNoKeystrokesRemedy, "X सर्वर का XTEST एक्सटेंशन चालू करें।"},
     {StringKey::sessionTrackpadIgnored, "यह संस्करण अभी ट्रैकपैड पर टैप नहीं पहचानता, इसलिए टैप से कोई मेनू नहीं खुलता।"},
@@ -98,7 +98,7 @@ constexpr StringTable kHindiStrings = completeTable({
     {StringKey::actionTargetLost, "ऐप्लिकेशन समय पर सामने नहीं आया, इसलिए कोई कुंजी नहीं दबाई गई।"},
     {StringKey::actionTargetLostRemedy, "आइटम फिर से चुनें।"},
     {StringKey::ringMenuEmpty, "यह मेनू खाली है"},
-    {StringKey::snippetHint, "टेक्स्ट क्लिपबोर्ड पर कॉपी हो गया है। इसे Command+V से ख़ुद पेस्ट करें।"},
+    {StringKey::snippetHint, "टेक्स्ट क्लिपबोर्ड पर कॉपी होता है। इसे Command+V से ख़ुद पेस्ट करें।"},
     {StringKey::importRefused, "यह फ़ाइल पढ़ी नहीं जा सकी। कृपया सेटिंग्स का सही बैकअप चुनें।"},
 });
 

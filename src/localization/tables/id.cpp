@@ -9,9 +9,8 @@ constexpr StringTable kIndonesianStrings = completeTable({
     {StringKey::onboardingGreeting, "Semua yang Anda perlukan, dalam cincin di sekitar penunjuk"},
     {StringKey::onboardingWhatItIs,
      "Rondora membuka cincin tindakan di sekitar penunjuk: aplikasi, tautan, dan potongan teks."},
-    {StringKey::onboardingHowToOpen, "Tekan %@ untuk membuka cincin."},
-    {StringKey::onboardingHowToChoose,
-     "Arahkan ke sebuah sektor lalu lepaskan tombol, atau klik sektor itu. Esc menutup cincin."},
+    {StringKey::onboardingHowToOpen, "Tahan %@: cincin terbuka di penunjuk."},
+    {StringKey::onboardingHowToChoose, "Tetap tahan, arahkan ke sebuah butir, lalu lepaskan. Atau klik butir itu."},
     {StringKey::onboardingConfigurationFile, "Menu Anda tersimpan dalam satu berkas: %@"},
     {StringKey::onboardingGetStarted, "Mulai"},
     {StringKey::settingsTitle, "Pengaturan Rondora"},
@@ -19,7 +18,7 @@ constexpr StringTable kIndonesianStrings = completeTable({
     {StringKey::settingsOpenFolder, "Buka Folder"},
     {StringKey::settingsLanguage, "Bahasa:"},
     {StringKey::settingsHotkeyRefused, "Tombol pintas menu “%@” sudah dipakai program lain."},
-    {StringKey::settingsNoTray, "Desktop ini tidak memiliki baki sistem, jadi ikon Rondora tidak ditampilkan."},
+    {StringKey::settingsNoTray, "Desktop Anda tidak menampilkan ikon baki, jadi ikon Rondora tersembunyi."},
     {StringKey::settingsHotkeysNote,
      "Tombol pintas global memakai API Carbon sistem. Kombinasi yang hanya memakai Fn atau Globe mungkin tidak "
      "terdaftar — pilih pintasan lain."},
@@ -30,26 +29,27 @@ constexpr StringTable kIndonesianStrings = completeTable({
     {StringKey::sessionFails, "Tidak berfungsi"},
     {StringKey::sessionX11, "Ini sesi X11: cincin terbuka di atas jendela mana pun."},
     {StringKey::sessionWayland,
-     "Ini sesi Wayland: tombol pintas hanya diterima selama papan ketik dipegang jendela X11, dan jendela aplikasi "
-     "Wayland tidak dapat dibawa ke depan."},
+     "Ini sesi Wayland: tombol pintas hanya diterima selama papan ketik dipegang jendela X11, penekanan tombol hanya "
+     "sampai ke aplikasi X11, dan jendela aplikasi Wayland tidak dapat dibawa ke depan."},
     {StringKey::sessionWaylandRemedy,
      "Pilih sesi X11 (“Xorg”) saat masuk, atau atur pintasan papan ketik desktop Anda agar memanggil metode D-Bus "
      "“Trigger”; caranya ada di README."},
-    {StringKey::sessionHotkeysWork, "Setiap menu yang memiliki tombol pintas terbuka dengannya."},
+    {StringKey::sessionHotkeysWork, "Semua tombol pintas menu berfungsi."},
     {StringKey::sessionHotkeyRefusedRemedy,
      "Bebaskan %@ di program lain itu atau di pengaturan papan ketik desktop, lalu Rondora akan mengambilnya sendiri; "
-     "atau beri menu ini tombol pintas lain di berkas konfigurasi."},
+     "atau beri menu ini tombol pintas lain di berkas konfigurasi, lalu keluar dari Rondora dan jalankan lagi."},
     {StringKey::sessionHotkeyUnusable, "Rondora tidak dapat memakai tombol pintas menu “%@” di sini."},
     {StringKey::sessionHotkeyUnusableRemedy,
-     "Keluar dari Rondora, beri menu ini tombol pintas lain di berkas konfigurasi, lalu jalankan Rondora lagi."},
+     "Beri menu ini tombol pintas lain di berkas konfigurasi, lalu keluar dari Rondora dan jalankan lagi."},
     {StringKey::sessionHotkeyOptionRemedy,
      "Dengan opsi papan ketik “%@”, tombol pengubah pada tombol pintas ini mengganti tata letak. Pilih tombol lain "
-     "untuk itu di pengaturan papan ketik desktop, atau beri menu ini tombol pintas lain di berkas konfigurasi."},
+     "untuk itu di pengaturan papan ketik desktop, atau beri menu ini tombol pintas lain di berkas konfigurasi, lalu "
+     "keluar dari Rondora dan jalankan lagi."},
     {StringKey::sessionTray, "Ikon Rondora ada di baki sistem."},
     {StringKey::sessionNoTrayRemedy,
      "Tambahkan baki sistem ke panel Anda; GNOME memerlukan ekstensi “AppIndicator” untuk itu. Tanpa ikon, pengaturan "
      "ini terbuka bila Rondora dijalankan sekali lagi."},
-    {StringKey::sessionKeystrokes, "Penekanan tombol sampai ke aplikasi lain."},
+    {StringKey::sessionKeystrokes, "Rondora dapat mengetikkan tombol ke aplikasi lain."},
     {StringKey::sessionNoKeystrokes,
      "Server X tidak menerima penekanan tombol dari program, jadi butir yang menekan tombol tidak melakukan apa-apa."},
     {StringKey::sessionNoKeystrokesRemedy, "Aktifkan ekstensi XTEST pada server X."},

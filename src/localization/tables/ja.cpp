@@ -9,9 +9,8 @@ constexpr StringTable kJapaneseStrings = completeTable({
     {StringKey::onboardingGreeting, "必要なものをすべて、ポインターの周りに"},
     {StringKey::onboardingWhatItIs,
      "Rondora は、アプリケーション、リンク、定型文などのアクションをポインターの周りにリング状に開きます。"},
-    {StringKey::onboardingHowToOpen, "%@ を押すとリングが開きます。"},
-    {StringKey::onboardingHowToChoose,
-     "セクターを指してキーを離すか、クリックして選びます。Esc キーでリングが閉じます。"},
+    {StringKey::onboardingHowToOpen, "%@ を押し続けると、ポインターの位置にリングが開きます。"},
+    {StringKey::onboardingHowToChoose, "押したまま項目を指し、それから離します。クリックでも選べます。"},
     {StringKey::onboardingConfigurationFile, "メニューは 1 つのファイルに保存されています：%@"},
     {StringKey::onboardingGetStarted, "はじめる"},
     {StringKey::settingsTitle, "Rondora の設定"},
@@ -19,7 +18,8 @@ constexpr StringTable kJapaneseStrings = completeTable({
     {StringKey::settingsOpenFolder, "フォルダーを開く"},
     {StringKey::settingsLanguage, "言語："},
     {StringKey::settingsHotkeyRefused, "メニュー「%@」のホットキーは、すでに別のプログラムが使用しています。"},
-    {StringKey::settingsNoTray, "このデスクトップにはシステムトレイがないため、Rondora のアイコンは表示されません。"},
+    {StringKey::settingsNoTray,
+     "このデスクトップにはトレイアイコンが表示されないため、Rondora のアイコンは見えません。"},
     {StringKey::settingsHotkeysNote,
      "グローバルホットキーはシステムの Carbon API を使用します。Fn "
      "のみ、または地球儀キーの組み合わせは登録できないことがあります。別のショートカットを選んでください。"},
@@ -30,27 +30,28 @@ constexpr StringTable kJapaneseStrings = completeTable({
     {StringKey::sessionFails, "動作していません"},
     {StringKey::sessionX11, "X11 セッションです。リングはどのウィンドウの上にも開きます。"},
     {StringKey::sessionWayland,
-     "Wayland セッションです。ホットキーは X11 のウィンドウにキーボードがある間だけ届き、Wayland "
-     "アプリケーションのウィンドウを前面に出すことはできません。"},
+     "Wayland セッションです。ホットキーは X11 のウィンドウにキーボードがある間だけ届き、キー操作は X11 "
+     "アプリケーションにだけ届きます。Wayland アプリケーションのウィンドウを前面に出すことはできません。"},
     {StringKey::sessionWaylandRemedy,
      "ログイン時に X11 セッション（「Xorg」）を選ぶか、デスクトップのキーボードショートカットから D-Bus "
      "メソッド「Trigger」を呼び出してください。方法は README にあります。"},
-    {StringKey::sessionHotkeysWork, "ホットキーのあるメニューは、すべてそのホットキーで開きます。"},
+    {StringKey::sessionHotkeysWork, "メニューのホットキーはすべて使えます。"},
     {StringKey::sessionHotkeyRefusedRemedy,
      "別のプログラムまたはデスクトップのキーボード設定で %@ を解放すると、Rondora "
-     "が自動的に使用します。または、設定ファイルでメニューに別のホットキーを割り当ててください。"},
+     "が自動的に使用します。または、設定ファイルでメニューに別のホットキーを割り当ててから、Rondora "
+     "を終了して起動し直してください。"},
     {StringKey::sessionHotkeyUnusable, "メニュー「%@」のホットキーはここでは使用できません。"},
     {StringKey::sessionHotkeyUnusableRemedy,
-     "Rondora を終了し、設定ファイルでメニューに別のホットキーを割り当ててから、Rondora を起動し直してください。"},
+     "設定ファイルでメニューに別のホットキーを割り当ててから、Rondora を終了して起動し直してください。"},
     {StringKey::sessionHotkeyOptionRemedy,
      "キーボードのオプション「%@"
      "」により、このホットキーの修飾キーは配列を切り替えます。デスクトップのキーボード設定で配列の切り替えに別のキーを"
-     "選ぶか、設定ファイルでメニューに別のホットキーを割り当ててください。"},
+     "選ぶか、設定ファイルでメニューに別のホットキーを割り当ててから、Rondora を終了して起動し直してください。"},
     {StringKey::sessionTray, "Rondora のアイコンはシステムトレイにあります。"},
     {StringKey::sessionNoTrayRemedy,
      "パネルにシステムトレイを追加してください。GNOME "
      "では拡張機能「AppIndicator」が必要です。アイコンがなくても、Rondora をもう一度起動するとこの設定が開きます。"},
-    {StringKey::sessionKeystrokes, "キー操作はほかのアプリケーションに届きます。"},
+    {StringKey::sessionKeystrokes, "Rondora はほかのアプリケーションにキーを入力できます。"},
     {StringKey::sessionNoKeystrokes,
      "X サーバーがプログラムからのキー操作を受け付けないため、キーを押す項目は何も行いません。"},
     {StringKey::sessionNoKeystrokesRemedy, "X サーバーの XTEST 拡張を有効にしてください。"},
@@ -112,7 +113,7 @@ constexpr StringTable kJapaneseStrings = completeTable({
     {StringKey::actionTargetLost, "アプリケーションが時間内に前面に出なかったため、キーを押しませんでした。"},
     {StringKey::actionTargetLostRemedy, "項目をもう一度選んでください。"},
     {StringKey::ringMenuEmpty, "このメニューは空です"},
-    {StringKey::snippetHint, "テキストをクリップボードにコピーしました。Command+V で貼り付けてください。"},
+    {StringKey::snippetHint, "テキストをクリップボードにコピーします。Command+V で貼り付けてください。"},
     {StringKey::importRefused, "このファイルを読み込めませんでした。有効な設定のバックアップを選んでください。"},
 });
 

@@ -9,8 +9,8 @@ constexpr StringTable kPortugueseStrings = completeTable({
     {StringKey::onboardingGreeting, "Tudo de que você precisa, em um anel ao redor do ponteiro"},
     {StringKey::onboardingWhatItIs,
      "O Rondora abre um anel de ações ao redor do ponteiro: aplicativos, links e trechos de texto."},
-    {StringKey::onboardingHowToOpen, "Pressione %@ para abrir o anel."},
-    {StringKey::onboardingHowToChoose, "Aponte para um setor e solte as teclas, ou clique nele. Esc fecha o anel."},
+    {StringKey::onboardingHowToOpen, "Mantenha %@ pressionado: o anel abre junto ao ponteiro."},
+    {StringKey::onboardingHowToChoose, "Sem soltar, aponte para um item e depois solte. Ou clique nele."},
     {StringKey::onboardingConfigurationFile, "Seus menus ficam em um único arquivo: %@"},
     {StringKey::onboardingGetStarted, "Começar"},
     {StringKey::settingsTitle, "Configurações do Rondora"},
@@ -19,7 +19,7 @@ constexpr StringTable kPortugueseStrings = completeTable({
     {StringKey::settingsLanguage, "Idioma:"},
     {StringKey::settingsHotkeyRefused, "O atalho do menu “%@” já está em uso por outro programa."},
     {StringKey::settingsNoTray,
-     "Esta área de trabalho não tem bandeja do sistema, por isso o ícone do Rondora não aparece."},
+     "Sua área de trabalho não mostra ícones de bandeja, por isso o ícone do Rondora está oculto."},
     {StringKey::settingsHotkeysNote,
      "Os atalhos globais usam a API Carbon do sistema. Combinações só com Fn ou Globo podem não ser registradas — "
      "escolha outro atalho."},
@@ -30,27 +30,28 @@ constexpr StringTable kPortugueseStrings = completeTable({
     {StringKey::sessionFails, "Sem funcionar"},
     {StringKey::sessionX11, "Esta é uma sessão X11: o anel abre sobre qualquer janela."},
     {StringKey::sessionWayland,
-     "Esta é uma sessão Wayland: os atalhos só chegam enquanto uma janela X11 está com o teclado, e as janelas de "
-     "aplicativos Wayland não podem ser trazidas para a frente."},
+     "Esta é uma sessão Wayland: os atalhos só chegam enquanto uma janela X11 está com o teclado, as teclas enviadas "
+     "só chegam a aplicativos X11, e as janelas de aplicativos Wayland não podem ser trazidas para a frente."},
     {StringKey::sessionWaylandRemedy,
      "Escolha uma sessão X11 (“Xorg”) ao entrar, ou faça um atalho de teclado da sua área de trabalho chamar o método "
      "“Trigger” do D-Bus; o README explica como."},
-    {StringKey::sessionHotkeysWork, "Todo menu que tem um atalho abre com ele."},
+    {StringKey::sessionHotkeysWork, "Todos os atalhos dos menus funcionam."},
     {StringKey::sessionHotkeyRefusedRemedy,
      "Libere %@ no outro programa ou nas configurações de teclado da sua área de trabalho, e o Rondora passará a "
-     "usá-lo sozinho; ou dê outro atalho ao menu no arquivo de configuração."},
+     "usá-lo sozinho; ou dê outro atalho ao menu no arquivo de configuração, depois saia do Rondora e inicie-o de "
+     "novo."},
     {StringKey::sessionHotkeyUnusable, "O Rondora não pode usar aqui o atalho do menu “%@”."},
     {StringKey::sessionHotkeyUnusableRemedy,
-     "Saia do Rondora, dê outro atalho ao menu no arquivo de configuração e inicie o Rondora de novo."},
+     "Dê outro atalho ao menu no arquivo de configuração, depois saia do Rondora e inicie-o de novo."},
     {StringKey::sessionHotkeyOptionRemedy,
      "Com a opção de teclado “%@”, as teclas modificadoras deste atalho mudam o layout. Escolha outras teclas para "
-     "isso nas configurações de teclado da sua área de trabalho ou dê outro atalho ao menu no arquivo de "
-     "configuração."},
+     "isso nas configurações de teclado da sua área de trabalho ou dê outro atalho ao menu no arquivo de configuração, "
+     "depois saia do Rondora e inicie-o de novo."},
     {StringKey::sessionTray, "O ícone do Rondora está na bandeja do sistema."},
     {StringKey::sessionNoTrayRemedy,
      "Adicione uma bandeja do sistema ao seu painel; o GNOME precisa da extensão “AppIndicator” para isso. Sem o "
      "ícone, iniciar o Rondora mais uma vez abre estas configurações."},
-    {StringKey::sessionKeystrokes, "As teclas enviadas chegam aos outros aplicativos."},
+    {StringKey::sessionKeystrokes, "O Rondora pode digitar teclas em outros aplicativos."},
     {StringKey::sessionNoKeystrokes,
      "O servidor X não aceita teclas enviadas por programas, por isso os itens que pressionam teclas não fazem nada."},
     {StringKey::sessionNoKeystrokesRemedy, "Ative a extensão XTEST do servidor X."},
@@ -114,7 +115,7 @@ constexpr StringTable kPortugueseStrings = completeTable({
      "o aplicativo não veio para a frente a tempo, por isso nenhuma tecla foi pressionada."},
     {StringKey::actionTargetLostRemedy, "Escolha o item novamente."},
     {StringKey::ringMenuEmpty, "Este menu está vazio"},
-    {StringKey::snippetHint, "O texto foi copiado para a área de transferência. Cole-o manualmente com Command+V."},
+    {StringKey::snippetHint, "O texto é copiado para a área de transferência. Cole-o manualmente com Command+V."},
     {StringKey::importRefused, "Não foi possível ler este arquivo. Escolha um backup de configurações válido."},
 });
 

@@ -9,9 +9,9 @@ constexpr StringTable kRussianStrings = completeTable({
     {StringKey::onboardingGreeting, "Всё нужное — в кольце вокруг указателя"},
     {StringKey::onboardingWhatItIs,
      "Rondora раскрывает вокруг указателя кольцо действий: приложения, ссылки, фрагменты текста."},
-    {StringKey::onboardingHowToOpen, "Нажмите %@, чтобы открыть кольцо."},
+    {StringKey::onboardingHowToOpen, "Удерживайте %@: кольцо откроется у указателя."},
     {StringKey::onboardingHowToChoose,
-     "Наведите указатель на сектор и отпустите клавиши или просто щёлкните по нему. Esc закрывает кольцо."},
+     "Не отпуская клавиш, наведите указатель на элемент, затем отпустите. Или щёлкните по нему."},
     {StringKey::onboardingConfigurationFile, "Ваши меню хранятся в одном файле: %@"},
     {StringKey::onboardingGetStarted, "Начать"},
     {StringKey::settingsTitle, "Настройки Rondora"},
@@ -19,7 +19,8 @@ constexpr StringTable kRussianStrings = completeTable({
     {StringKey::settingsOpenFolder, "Открыть папку"},
     {StringKey::settingsLanguage, "Язык:"},
     {StringKey::settingsHotkeyRefused, "Сочетание клавиш меню «%@» уже занято другой программой."},
-    {StringKey::settingsNoTray, "На этом рабочем столе нет области уведомлений, поэтому значок Rondora не виден."},
+    {StringKey::settingsNoTray,
+     "Рабочий стол не показывает значки в области уведомлений, поэтому значок Rondora скрыт."},
     {StringKey::settingsHotkeysNote,
      "Глобальные сочетания клавиш работают через системный Carbon API. Сочетания только с Fn или Globe могут не "
      "зарегистрироваться — выберите другое сочетание."},
@@ -30,26 +31,27 @@ constexpr StringTable kRussianStrings = completeTable({
     {StringKey::sessionFails, "Не работает"},
     {StringKey::sessionX11, "Это сеанс X11: кольцо открывается поверх любого окна."},
     {StringKey::sessionWayland,
-     "Это сеанс Wayland: сочетания клавиш доходят, только пока клавиатура у окна X11, а окна приложений Wayland нельзя "
-     "вывести на передний план."},
+     "Это сеанс Wayland: сочетания клавиш доходят, только пока клавиатура у окна X11, нажатия клавиш доходят только до "
+     "приложений X11, а окна приложений Wayland нельзя вывести на передний план."},
     {StringKey::sessionWaylandRemedy,
      "Выберите при входе сеанс X11 («Xorg») или назначьте в окружении рабочего стола сочетание клавиш, которое "
      "вызывает метод D-Bus «Trigger»; как это сделать, описано в README."},
-    {StringKey::sessionHotkeysWork, "Каждое меню, у которого есть сочетание клавиш, открывается им."},
+    {StringKey::sessionHotkeysWork, "Все сочетания клавиш меню работают."},
     {StringKey::sessionHotkeyRefusedRemedy,
      "Освободите %@ в другой программе или в настройках клавиатуры рабочего стола, и Rondora займёт его сама; либо "
-     "задайте меню другое сочетание в файле конфигурации."},
+     "задайте меню другое сочетание в файле конфигурации, затем завершите Rondora и запустите снова."},
     {StringKey::sessionHotkeyUnusable, "Сочетание клавиш меню «%@» здесь использовать нельзя."},
     {StringKey::sessionHotkeyUnusableRemedy,
-     "Завершите Rondora, задайте меню другое сочетание клавиш в файле конфигурации и запустите Rondora снова."},
+     "Задайте меню другое сочетание клавиш в файле конфигурации, затем завершите Rondora и запустите снова."},
     {StringKey::sessionHotkeyOptionRemedy,
      "С параметром клавиатуры «%@» клавиши-модификаторы этого сочетания переключают раскладку. Выберите для этого "
-     "другие клавиши в настройках клавиатуры или задайте меню другое сочетание клавиш в файле конфигурации."},
+     "другие клавиши в настройках клавиатуры или задайте меню другое сочетание клавиш в файле конфигурации, затем "
+     "завершите Rondora и запустите снова."},
     {StringKey::sessionTray, "Значок Rondora находится в области уведомлений."},
     {StringKey::sessionNoTrayRemedy,
      "Добавьте на панель область уведомлений; в GNOME для этого нужно расширение «AppIndicator». Если значка нет, "
      "запустите Rondora ещё раз — откроются эти настройки."},
-    {StringKey::sessionKeystrokes, "Нажатия клавиш доходят до других приложений."},
+    {StringKey::sessionKeystrokes, "Rondora может вводить клавиши в другие приложения."},
     {StringKey::sessionNoKeystrokes,
      "X-сервер не принимает нажатия клавиш от программ, поэтому элементы, которые нажимают клавиши, ничего не делают."},
     {StringKey::sessionNoKeystrokesRemedy, "Включите расширение XTEST в X-сервере."},
@@ -113,7 +115,7 @@ constexpr StringTable kRussianStrings = completeTable({
     {StringKey::actionTargetLost, "приложение не вышло вперёд вовремя, поэтому клавиши не нажаты."},
     {StringKey::actionTargetLostRemedy, "Выберите элемент ещё раз."},
     {StringKey::ringMenuEmpty, "В этом меню пусто"},
-    {StringKey::snippetHint, "Текст скопирован в буфер обмена. Вставьте его вручную с помощью Command+V."},
+    {StringKey::snippetHint, "Текст копируется в буфер обмена. Вставьте его вручную сочетанием Command+V."},
     {StringKey::importRefused, "Не удалось прочитать этот файл. Выберите корректную резервную копию настроек."},
 });
 

@@ -9,9 +9,8 @@ constexpr StringTable kUrduStrings = completeTable({
     {StringKey::onboardingGreeting, "ضرورت کی ہر چیز، پوائنٹر کے گرد ایک دائرے میں"},
     {StringKey::onboardingWhatItIs,
      "\u200FRondora پوائنٹر کے گرد کاموں کا ایک دائرہ کھولتا ہے: ایپلیکیشنز، لنکس اور متن کے ٹکڑے۔"},
-    {StringKey::onboardingHowToOpen, "دائرہ کھولنے کے لیے %@ دبائیں۔"},
-    {StringKey::onboardingHowToChoose,
-     "کسی حصے کی طرف اشارہ کریں اور کلیدیں چھوڑ دیں، یا اس پر کلک کریں۔ Esc دائرے کو بند کر دیتا ہے۔"},
+    {StringKey::onboardingHowToOpen, "\u200F%@ دبائے رکھیں: دائرہ پوائنٹر پر کھلتا ہے۔"},
+    {StringKey::onboardingHowToChoose, "دبائے رکھیں، کسی آئٹم کی طرف اشارہ کریں، پھر چھوڑ دیں۔ یا اس پر کلک کریں۔"},
     {StringKey::onboardingConfigurationFile, "آپ کے مینو ایک ہی فائل میں محفوظ ہیں: %@"},
     {StringKey::onboardingGetStarted, "شروع کریں"},
     {StringKey::settingsTitle, "\u200FRondora کی ترتیبات"},
@@ -19,7 +18,7 @@ constexpr StringTable kUrduStrings = completeTable({
     {StringKey::settingsOpenFolder, "فولڈر کھولیں"},
     {StringKey::settingsLanguage, "زبان:"},
     {StringKey::settingsHotkeyRefused, "مینو ”%@“ کا شارٹ کٹ پہلے ہی کوئی دوسرا پروگرام استعمال کر رہا ہے۔"},
-    {StringKey::settingsNoTray, "اس ڈیسک ٹاپ پر ٹرے آئیکن کی جگہ نہیں ہے، اس لیے Rondora کا آئیکن نظر نہیں آتا۔"},
+    {StringKey::settingsNoTray, "آپ کا ڈیسک ٹاپ ٹرے آئیکن نہیں دکھاتا، اس لیے Rondora کا آئیکن چھپا ہوا ہے۔"},
     {StringKey::settingsHotkeysNote,
      "عالمی شارٹ کٹ سسٹم کا Carbon API استعمال کرتے ہیں۔ صرف Fn یا Globe والے مجموعے شاید رجسٹر نہ ہوں — کوئی اور شارٹ "
      "کٹ منتخب کریں۔"},
@@ -30,26 +29,27 @@ constexpr StringTable kUrduStrings = completeTable({
     {StringKey::sessionFails, "کام نہیں کر رہا"},
     {StringKey::sessionX11, "یہ X11 سیشن ہے: دائرہ ہر ونڈو کے اوپر کھلتا ہے۔"},
     {StringKey::sessionWayland,
-     "یہ Wayland سیشن ہے: شارٹ کٹ صرف اُس وقت پہنچتے ہیں جب کی بورڈ کسی X11 ونڈو کے پاس ہو، اور Wayland ایپلیکیشنز کی "
-     "ونڈوز سامنے نہیں لائی جا سکتیں۔"},
+     "یہ Wayland سیشن ہے: شارٹ کٹ صرف اُس وقت پہنچتے ہیں جب کی بورڈ کسی X11 ونڈو کے پاس ہو، کلیدوں کے دباؤ صرف X11 "
+     "ایپلیکیشنز تک پہنچتے ہیں، اور Wayland ایپلیکیشنز کی ونڈوز سامنے نہیں لائی جا سکتیں۔"},
     {StringKey::sessionWaylandRemedy,
      "لاگ اِن کرتے وقت X11 سیشن (”Xorg“) منتخب کریں، یا اپنے ڈیسک ٹاپ کے کسی کی بورڈ شارٹ کٹ سے D-Bus کا طریقہ "
      "”Trigger“ چلائیں؛ تفصیل README میں ہے۔"},
-    {StringKey::sessionHotkeysWork, "جس مینو کا شارٹ کٹ ہے وہ اُسی سے کھلتا ہے۔"},
+    {StringKey::sessionHotkeysWork, "مینو کے تمام شارٹ کٹ کام کرتے ہیں۔"},
     {StringKey::sessionHotkeyRefusedRemedy,
      "دوسرے پروگرام میں یا ڈیسک ٹاپ کی کی بورڈ ترتیبات میں %@ خالی کریں، پھر Rondora اسے خود لے لے گا؛ یا ترتیبات کی "
-     "فائل میں مینو کو کوئی اور شارٹ کٹ دیں۔"},
+     "فائل میں مینو کو کوئی اور شارٹ کٹ دیں، پھر Rondora سے باہر نکل کر اسے دوبارہ شروع کریں۔"},
     {StringKey::sessionHotkeyUnusable, "یہاں Rondora مینو ”%@“ کا شارٹ کٹ استعمال نہیں کر سکتا۔"},
     {StringKey::sessionHotkeyUnusableRemedy,
-     "پہلے Rondora سے باہر نکلیں، ترتیبات کی فائل میں مینو کو کوئی اور شارٹ کٹ دیں، پھر Rondora دوبارہ شروع کریں۔"},
+     "ترتیبات کی فائل میں مینو کو کوئی اور شارٹ کٹ دیں، پھر Rondora سے باہر نکل کر اسے دوبارہ شروع کریں۔"},
     {StringKey::sessionHotkeyOptionRemedy,
      "کی بورڈ کے اختیار ”%@“ کی وجہ سے اس شارٹ کٹ کی ترمیمی کلیدیں لے آؤٹ بدل دیتی ہیں۔ اس کے لیے ڈیسک ٹاپ کی کی بورڈ "
-     "ترتیبات میں دوسری کلیدیں چنیں، یا ترتیبات کی فائل میں مینو کو کوئی اور شارٹ کٹ دیں۔"},
+     "ترتیبات میں دوسری کلیدیں چنیں، یا ترتیبات کی فائل میں مینو کو کوئی اور شارٹ کٹ دیں، پھر Rondora سے باہر نکل کر "
+     "اسے دوبارہ شروع کریں۔"},
     {StringKey::sessionTray, "سسٹم ٹرے میں Rondora کا آئیکن موجود ہے۔"},
     {StringKey::sessionNoTrayRemedy,
      "اپنے پینل میں سسٹم ٹرے شامل کریں؛ GNOME کو اس کے لیے ایکسٹینشن ”AppIndicator“ درکار ہے۔ آئیکن نہ ہو تو Rondora "
      "ایک بار پھر شروع کرنے سے یہ ترتیبات کھل جاتی ہیں۔"},
-    {StringKey::sessionKeystrokes, "کلیدوں کے دباؤ دوسری ایپلیکیشنز تک پہنچتے ہیں۔"},
+    {StringKey::sessionKeystrokes, "\u200FRondora دوسری ایپلیکیشنز میں کلیدیں لکھ سکتا ہے۔"},
     {StringKey::sessionNoKeystrokes,
      "ایکس سرور پروگراموں سے کلیدوں کے دباؤ قبول نہیں کرتا، اس لیے کلیدیں دبانے والے آئٹم کچھ نہیں کرتے۔"},
     {StringKey::sessionNoKeystrokesRemedy, "ایکس سرور کی XTEST ایکسٹینشن فعال کریں۔"},
@@ -110,7 +110,7 @@ constexpr StringTable kUrduStrings = completeTable({
     {StringKey::actionTargetLost, "ایپلی کیشن وقت پر سامنے نہیں آئی، اس لیے کوئی کلید نہیں دبائی گئی۔"},
     {StringKey::actionTargetLostRemedy, "آئٹم دوبارہ منتخب کریں۔"},
     {StringKey::ringMenuEmpty, "یہ مینو خالی ہے"},
-    {StringKey::snippetHint, "متن کلپ بورڈ پر کاپی ہو گیا ہے۔ اسے Command+V سے خود پیسٹ کریں۔"},
+    {StringKey::snippetHint, "متن کلپ بورڈ پر کاپی ہوتا ہے۔ اسے Command+V سے خود پیسٹ کریں۔"},
     {StringKey::importRefused, "یہ فائل پڑھی نہیں جا سکی۔ براہِ کرم ترتیبات کا درست بیک اپ منتخب کریں۔"},
 });
 

@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTest>
 #include <QWheelEvent>
 #include <QWidget>
@@ -13,6 +14,7 @@
 #include <memory>
 
 #include "platform/qt/qt_pasteboard.h"
+#include "settings/window_texts.h"
 #include "ui/qt/windows/qt_windows.h"
 
 namespace rondora {
@@ -196,6 +198,22 @@ TEST_F(WindowsTest, OnboardingFollowsTextsAndFindings) {
   EXPECT_EQ(windowsUp(), QWidgetList{window});
   EXPECT_TRUE(shows(*window, "Alles Wichtige") && shows(*window, "Fügen Sie einen hinzu"));
   EXPECT_FALSE(shows(*window, "Hello") || shows(*window, "Hotkeys: 2"));
+}
+
+TEST_F(WindowsTest, OnboardingFitsASmallScreenInEveryLanguage) {
+  constexpr QSize kRoom(1280, 720 - 90);  // less a panel and a title bar
+  for (const AppLanguage each : kAppLanguages) {
+    const LocalizationStore store(each);
+    texts = windowTexts(store, "Ctrl + Alt + Space", "/home/user/.config/Rondora/config.json");
+    findings = {{false, std::string(store.text(StringKey::settingsNoTray)),
+                 std::string(store.text(StringKey::sessionNoTrayRemedy))}};
+    const auto onboarding = windows.makeOnboardingWindow();
+    onboarding->present([] {});
+    onboarding->remindToHold();
+    const QWidget& window = *windowsUp().front();
+    EXPECT_EQ(window.size().boundedTo(kRoom), window.size()) << rawValue(each);
+    for (const QScrollBar* bar : window.findChildren<QScrollBar*>()) EXPECT_FALSE(bar->isVisible()) << rawValue(each);
+  }
 }
 
 TEST_F(WindowsTest, OnboardingReportsItsEndOnceAndMayBeDestroyed) {

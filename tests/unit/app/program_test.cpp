@@ -231,6 +231,7 @@ TEST_F(RunningProgramTest, OtherProgramsListMenusAndNameThemByIdOrName) {
   PieMenu empty = menu("empty", {});
   empty.items.clear();
   launchWith({menu("main", {49, kControlOption}), off, empty, menu("two", {}), menu("two", {})});
+  EXPECT_EQ(desktop.statusBar.items.back()->toolTip, "Rondora\nmain: Ctrl + Alt + Space");
   std::vector<std::string> listed;
   for (const MenuListing& each : channel.served.listMenus()) {
     listed.push_back(each.name + '|' + each.hotkey + (each.isLive ? "|live" : ""));

@@ -26,7 +26,7 @@ class SessionReportTest : public ProgramTest {
   static std::string outline(const std::vector<SessionFinding>& findings) {
     std::string text;
     for (const SessionFinding& finding : findings) {
-      EXPECT_EQ(finding.works, finding.remedy.empty()) << finding.statement;
+      EXPECT_TRUE(finding.works || !finding.remedy.empty()) << finding.statement;
       text += (finding.works ? "+" : "-") + finding.statement.substr(0, 20);
     }
     return text;
@@ -40,16 +40,16 @@ TEST_F(SessionReportTest, ListsWhatWorksAndRemediesForTheRest) {
   launch();
   SessionFacts wayland{.isWayland = true}, bare{.showsStatusItem = false, .canPressKeys = false};
   SessionFacts locked{.trackpads = TrackpadAccess::unreadable};
-  const std::string rest = "+Rondora’s icon is +Keystrokes reach the";
+  const std::string tray = "+Rondora’s icon is ", rest = tray + "+Rondora can type key";
 
-  EXPECT_EQ(outline(report({}, {{49, 0}, superTab})), "+This is an X11 sessi+Every menu that has " + rest);
+  EXPECT_EQ(outline(report({}, {{49, 0}, superTab})), "+This is an X11 sessi+All menu hotkeys wor" + rest);
   EXPECT_EQ(outline(report({}, {{49, 0}, controlSpace, {63, 0}})),
-            "+This is an X11 sessi-The hotkey of the me-Rondora cannot use t" + rest);
+            "+This is an X11 sessi-The hotkey of the me-Rondora cannot use t+Menu 0: Space" + rest);
   const auto many = report({}, Hotkeys(30, HotkeyConfig{63, 0}));
   EXPECT_EQ(many.size(), 14U);
   EXPECT_EQ(many[11].statement, "Further findings, not shown here: 20");
-  EXPECT_EQ(outline(report(wayland, Hotkeys{{49, 0}})), "-This is a Wayland se" + rest);
-  EXPECT_EQ(outline(report(bare, {})), "+This is an X11 sessi-This desktop has no -The X server accepts");
+  EXPECT_EQ(outline(report(wayland, Hotkeys{{49, 0}})), "-This is a Wayland se" + tray);
+  EXPECT_EQ(outline(report(bare, {})), "+This is an X11 sessi-Your desktop shows n-The X server accepts");
   EXPECT_EQ(report({}, Hotkeys{HotkeyConfig{}}, true).back().statement.substr(0, 30), "This version does not react to");
   EXPECT_EQ(report(locked, Hotkeys{HotkeyConfig{}}, true).back().statement.substr(0, 30),
             "Rondora may not read the track");

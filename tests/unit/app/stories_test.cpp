@@ -241,6 +241,7 @@ void ProgramStory::addObservations() {
       {"requests", [this, count] { return count(subActions.requests.size()); }},
       {"performed", [this] { return performed(); }},
       {"prefetched", [this] { return applicationNames(subActions.prefetched); }},
+      {"reminders", [this, count] { return count(desktop.windows.reminders); }},
       {"onboarding", [this] { return desktop.windows.isOnboardingUp ? "up" : "none"; }},
       {"settings", [this, count] { return count(desktop.windows.settingsShown); }},
       {"settings-windows", [this, count] { return count(desktop.windows.settingsWindowsMade); }},

@@ -69,6 +69,11 @@ void QtStatusItem::setMenuTitle(std::size_t index, const std::string& title) {
   if (position < actions.size()) actions.at(position)->setText(escaped(title));
 }
 
+void QtStatusItem::setToolTip(const std::string& toolTip) {
+  toolTip_ = toQString(toolTip);
+  if (icon_) icon_->setToolTip(toolTip_);
+}
+
 void QtStatusItem::handleTrays() {
   if (notifierWatch_.hosts() == Hosts::unknown) return;
   enterTray();

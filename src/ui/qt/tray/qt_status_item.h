@@ -23,6 +23,7 @@ class QtStatusItem final : public StatusItem {
                StatusNotifierWatch& notifierWatch);
 
   void setMenuTitle(std::size_t index, const std::string& title) override;
+  void setToolTip(const std::string& toolTip) override;
   /// Ignores QSystemTrayIcon::isVisible, which is true even without a tray.
   StatusItemVisibility visibility() const override;
   Subscription onVisibilityMayHaveChanged(std::function<void()> observer) const override {

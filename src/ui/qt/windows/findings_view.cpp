@@ -1,6 +1,7 @@
 #include "ui/qt/windows/findings_view.h"
 
 #include <QGridLayout>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -25,6 +26,9 @@ QLabel* wrapped(const std::string& text) {
   auto* label = new QLabel(toQString(text));
   label->setTextFormat(Qt::PlainText);
   label->setWordWrap(true);
+  // At the window's leading edge, also where a text runs the other way.
+  const bool isMirrored = QGuiApplication::isRightToLeft();
+  label->setAlignment(Qt::AlignAbsolute | Qt::AlignVCenter | (isMirrored ? Qt::AlignRight : Qt::AlignLeft));
   label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   // The toolkit's own menu is only in English.
   label->setContextMenuPolicy(Qt::NoContextMenu);

@@ -34,6 +34,7 @@ class FindingsView : public QScrollArea {
   void refresh();
 
   QSize sizeHint() const override;
+  QSize minimumSizeHint() const override { return {}; }
 
  protected:
   void showEvent(QShowEvent* event) override;

@@ -1,11 +1,12 @@
 #pragma once
 
 #include <QDialog>
+#include <QTimer>
 #include <memory>
 
 #include "ui/qt/windows/qt_windows.h"
 
-class QVBoxLayout;
+class QScrollArea;
 
 namespace rondora {
 
@@ -17,20 +18,28 @@ class QtOnboardingWindow : public OnboardingWindow {
   void present(std::function<void()> closed) override;
   bool isUp() const override;
   void close() override;
+  void remindToHold() override;
 
  private:
   void build();
   /// Rebuilds the window's contents with the current texts.
   void fill();
   QWidget* makePage(const WindowTexts& texts);
-  void addFindings(QVBoxLayout& column, const WindowTexts& texts);
+  QWidget* makeInstructions(const WindowTexts& texts);
+  QWidget* makeFindings(const WindowTexts& texts);
+  QWidget* makeFoot(const WindowTexts& texts);
+  void emphasize(bool isEmphasized);
+  void fitScreen();
   void handleClosed();
 
   WindowContents contents_;
   Subscription textsChanged_;
   std::function<void()> closed_;
   std::unique_ptr<QDialog> dialog_;
-  QWidget* page_ = nullptr;  // owned by the dialog
+  QScrollArea* scroll_ = nullptr;  // owned by the dialog, as all widgets
+  QWidget* instructions_ = nullptr;
+  QWidget* foot_ = nullptr;
+  QTimer reminder_;
 };
 
 }  // namespace rondora
