@@ -55,18 +55,18 @@ TEST_F(DefaultApplicationsTest, UsersChoicePrecedesTheFirstOfItsKind) {
 
 TEST_F(DefaultApplicationsTest, TerminalAndSettingsFollowTheDesktop) {
   const auto& folder = applicationsFolder();
-  EXPECT_EQ(defaults_.resolve("com.apple.systempreferences"), "org.example.Editor-settings");
-  EXPECT_EQ(defaults_.resolve("com.apple.Terminal"), "xfce4-terminal");  // the only one of the list
+  const auto resolved = [this](const char* kind) { return DefaultApplications(entries_, environment_).resolve(kind); };
+  EXPECT_EQ(resolved("com.apple.systempreferences"), "xfce-settings-manager") << "not a task of the editor";
+  EXPECT_EQ(resolved("com.apple.Terminal"), "xfce4-terminal");  // the only one of the list
 
   folder.addProgram("terma.wrapper");
   std::filesystem::create_symlink(folder.programs() / "terma.wrapper", folder.programs() / "x-terminal-emulator");
-  EXPECT_EQ(defaults_.resolve("com.apple.Terminal"), "terminal-a");
+  EXPECT_EQ(resolved("com.apple.Terminal"), "terminal-a");
 
   environment_.variables["XDG_CURRENT_DESKTOP"] = "Own:XFCE";
-  EXPECT_EQ(defaults_.resolve("com.apple.Terminal"), "xfce4-terminal");
-  EXPECT_EQ(defaults_.resolve("com.apple.systempreferences"), "xfce-settings-manager");
+  EXPECT_EQ(resolved("com.apple.Terminal"), "xfce4-terminal");
   environment_.variables["XDG_CURRENT_DESKTOP"] = "MATE";
-  EXPECT_EQ(defaults_.resolve("com.apple.Terminal"), "terminal-a");
+  EXPECT_EQ(resolved("com.apple.Terminal"), "terminal-a");
 }
 
 TEST_F(DefaultApplicationsTest, UrlsGoToTheHandlerOfSchemeOrFileType) {

@@ -90,8 +90,20 @@ constexpr std::array<Candidate, 15> kSettingsOfDesktops = {{
     {"Deepin", "org.deepin.dde.control-center"},
 }};
 
-constexpr std::array<std::string_view, 4> kPlainSettings = {"lxappearance", "pcmanfm-desktop-pref", "obconf",
-                                                            "nm-connection-editor"};
+/// These open a window in any X session, whatever desktop their entry names; whole panels come first. Some that do not:
+/// gnome-control-center exits outside GNOME, pcmanfm-desktop-pref shows an error without the desktop of pcmanfm.
+constexpr std::array<std::string_view, 12> kPlainSettings = {"xfce-settings-manager",
+                                                             "lxqt-config",
+                                                             "matecc",
+                                                             "obconf",
+                                                             "obconf-qt",
+                                                             "lxappearance",
+                                                             "arandr",
+                                                             "lxrandr",
+                                                             "pavucontrol",
+                                                             "org.pulseaudio.pavucontrol",
+                                                             "nm-connection-editor",
+                                                             "system-config-printer"};
 
 std::optional<std::string> idOf(GAppInfo* application) {
   const char* id = application ? g_app_info_get_id(application) : nullptr;
@@ -137,7 +149,22 @@ std::optional<std::string> DefaultApplications::contentType(std::string_view bun
   return std::nullopt;
 }
 
+void DefaultApplications::forgetOldAnswers() const {
+  if (version_ == entries_.version()) return;
+  version_ = entries_.version();
+  handlers_.clear();
+  standIns_.clear();
+}
+
 std::optional<std::string> DefaultApplications::resolve(std::string_view bundleIdentifier) const {
+  if (!isStandIn(bundleIdentifier)) return std::nullopt;
+  forgetOldAnswers();
+  const auto known = standIns_.find(bundleIdentifier);
+  if (known != standIns_.end()) return known->second;
+  return standIns_[std::string(bundleIdentifier)] = find(bundleIdentifier);
+}
+
+std::optional<std::string> DefaultApplications::find(std::string_view bundleIdentifier) const {
   if (bundleIdentifier == kTerminal) return terminal();
   if (bundleIdentifier == kSettings) return settings();
   for (const HandledKind& kind : kHandledKinds) {
@@ -149,8 +176,7 @@ std::optional<std::string> DefaultApplications::resolve(std::string_view bundleI
 }
 
 std::optional<std::string> DefaultApplications::handlerOfType(const char* mimeType) const {
-  if (version_ != entries_.version()) handlers_.clear();
-  version_ = entries_.version();
+  forgetOldAnswers();
   const auto known = handlers_.find(std::string_view(mimeType));
   if (known != handlers_.end()) return known->second;
   return handlers_[mimeType] = readHandlerOfType(mimeType);
@@ -185,7 +211,7 @@ std::optional<std::string> DefaultApplications::settings() const {
   const std::string desktops = environment_.variable("XDG_CURRENT_DESKTOP").value_or("");
   if (auto id = firstOfDesktop(kSettingsOfDesktops, desktops, entries_)) return id;
   if (auto id = firstInstalled(kPlainSettings, entries_)) return id;
-  return entries_.firstInCategories(Categories{"Settings", "DesktopSettings"});
+  return entries_.firstInCategories(Categories{"Settings", "DesktopSettings"}, DesktopEntries::Tasks::excluded);
 }
 
 }  // namespace rondora::desktop

@@ -23,11 +23,14 @@ class DefaultApplications {
   /// The MIME type or URL scheme that a stand-in is the default application of; the last two have none.
   static std::optional<std::string> contentType(std::string_view bundleIdentifier);
   /// The id of an installed desktop entry; nothing when `bundleIdentifier` is not a stand-in or no application fits it.
+  /// Reads files only after the entries or the file-type associations have changed.
   std::optional<std::string> resolve(std::string_view bundleIdentifier) const;
   /// The default handler of a MIME type, when it is an installed application.
   std::optional<std::string> handlerOfType(const char* mimeType) const;
 
  private:
+  void forgetOldAnswers() const;
+  std::optional<std::string> find(std::string_view bundleIdentifier) const;
   std::optional<std::string> readHandlerOfType(const char* mimeType) const;
   std::optional<std::string> terminal() const;
   std::optional<std::string> terminalAlternative() const;
@@ -35,8 +38,11 @@ class DefaultApplications {
 
   const DesktopEntries& entries_;
   const ProcessEnvironment& environment_;
-  /// Cache by MIME type, valid for `version_`: a look-up reads files, and each opening of a ring needs some.
-  mutable std::map<std::string, std::optional<std::string>, std::less<>> handlers_;
+  /// Caches by MIME type and by stand-in, valid for `version_`: a look-up reads files, and each opening of a ring needs
+  /// some.
+  using Answers = std::map<std::string, std::optional<std::string>, std::less<>>;
+  mutable Answers handlers_;
+  mutable Answers standIns_;
   mutable unsigned version_ = 0;
 };
 

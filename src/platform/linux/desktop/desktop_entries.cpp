@@ -164,9 +164,10 @@ std::optional<std::string> DesktopEntries::idOfExecutable(std::string_view name)
   return lookUp(index().byExecutable, name);
 }
 
-std::optional<std::string> DesktopEntries::firstInCategories(std::span<const std::string_view> categories) const {
+std::optional<std::string> DesktopEntries::firstInCategories(std::span<const std::string_view> categories,
+                                                             Tasks tasks) const {
   for (const Entry& entry : index().entries) {
-    if (!entry.isShown || entry.runsInTerminal) continue;
+    if (!entry.isShown || entry.runsInTerminal || (tasks == Tasks::excluded && !entry.isPlain)) continue;
     const char* text = g_desktop_app_info_get_categories(entry.info.get());
     const std::string padded = ";" + std::string(text ? text : "") + ";";
     const bool liesInAll = std::all_of(categories.begin(), categories.end(), [&padded](std::string_view category) {

@@ -45,8 +45,11 @@ class DesktopEntries {
   std::optional<std::string> idOfWindow(const WindowIdentity& window) const;
   /// The application whose executable has that name.
   std::optional<std::string> idOfExecutable(std::string_view name) const;
+  /// Single tasks of a larger application have arguments in their command, such as "files --preferences".
+  enum class Tasks { included, excluded };
   /// The first visible application, by id, that is in all of the categories.
-  std::optional<std::string> firstInCategories(std::span<const std::string_view> categories) const;
+  std::optional<std::string> firstInCategories(std::span<const std::string_view> categories,
+                                               Tasks tasks = Tasks::included) const;
 
  private:
   struct Index;

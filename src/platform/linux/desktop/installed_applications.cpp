@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "model/first_run_items.h"
 #include "platform/linux/desktop/glib_owned.h"
 
 namespace rondora::desktop {
@@ -27,7 +28,7 @@ InstalledApplications::InstalledApplications(const ProcessEnvironment& environme
 
 void InstalledApplications::warmUp() const {
   entries_.warmUp();
-  resolve("com.apple.Safari");
+  for (const FirstRunItem& item : kFirstRunItems) resolve(item.bundleIdentifier);
 }
 
 std::optional<std::string> InstalledApplications::identify(const WindowIdentity& window) const {
