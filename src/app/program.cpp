@@ -20,7 +20,7 @@ Program::Program(const Platform& platform)
       runningAppsMenuItems_(platform.workspace, activationHistory_, platform.environment.bundleIdentifier()),
       actions_(actionPorts(), platform.makeSerialQueue(RunningAppFocus::kQueueLabel)),
       actionFailures_(platform.log),
-      titles_(platform.workspace),
+      titles_(platform.workspace, activationHistory_, localization_),
       pictures_({platform.pictureDecoder, platform.files, platform.clock, platform.mainQueue}),
       favicons_({platform.network, pictures_, platform.files, platform.clock, platform.mainQueue, platform.log}),
       report_(localization_, platform.modifierNames),
@@ -95,6 +95,7 @@ PieMenuWindowController::Ports Program::ringPorts() const {
 PieMenuWindowController::Environment Program::ringEnvironment() {
   return {.hapticFeedbackEnabled = [this] { return config_.current().hapticFeedbackEnabled; },
           .displayTitle = [this](const PieMenuItem& item) { return titles_.title(item); },
+          .isAvailable = [this](const PieMenuItem& item) { return titles_.isAvailable(item); },
           .emptyMenuText = [this] { return std::string(localization_.text(StringKey::ringMenuEmpty)); }};
 }
 

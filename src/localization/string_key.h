@@ -71,6 +71,14 @@ enum class StringKey {
   sitePicturesNotSaved,  // %@: the system’s message
   sitePicturesNotSavedRemedy,
 
+  /// Titles of items that stand for a kind of application while none is installed.
+  kindWebBrowser,
+  kindTerminal,
+  kindFileManager,
+  kindSystemSettings,
+  kindMusicPlayer,
+  kindTextEditor,
+
   actionFailed,        // %@ twice: the item’s title, and one of the reasons below
   actionNotInstalled,  // %@: the application
   actionNotInstalledRemedy,

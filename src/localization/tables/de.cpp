@@ -94,6 +94,12 @@ constexpr StringTable kGermanStrings = completeTable({
     {StringKey::sitePicturesNotSavedRemedy,
      "Schaffen Sie Platz auf dem Datenträger oder erlauben Sie Rondora, dort zu schreiben. Bis dahin zeigen die Menüs "
      "an ihrer Stelle ein allgemeines Zeichen."},
+    {StringKey::kindWebBrowser, "Webbrowser"},
+    {StringKey::kindTerminal, "Terminal"},
+    {StringKey::kindFileManager, "Dateiverwaltung"},
+    {StringKey::kindSystemSettings, "Systemeinstellungen"},
+    {StringKey::kindMusicPlayer, "Musik-Player"},
+    {StringKey::kindTextEditor, "Texteditor"},
     {StringKey::actionFailed, "Eintrag „%@“: %@"},
     {StringKey::actionNotInstalled, "„%@“ ist hier nicht installiert."},
     {StringKey::actionNotInstalledRemedy,

@@ -88,6 +88,12 @@ constexpr StringTable kSpanishStrings = completeTable({
     {StringKey::sitePicturesNotSavedRemedy,
      "Libere espacio en el disco o permita que Rondora escriba allí. Hasta entonces, los menús muestran un símbolo en "
      "su lugar."},
+    {StringKey::kindWebBrowser, "Navegador web"},
+    {StringKey::kindTerminal, "Terminal"},
+    {StringKey::kindFileManager, "Gestor de archivos"},
+    {StringKey::kindSystemSettings, "Ajustes del sistema"},
+    {StringKey::kindMusicPlayer, "Reproductor de música"},
+    {StringKey::kindTextEditor, "Editor de texto"},
     {StringKey::actionFailed, "Elemento «%@»: %@"},
     {StringKey::actionNotInstalled, "«%@» no está instalado aquí."},
     {StringKey::actionNotInstalledRemedy,

@@ -93,6 +93,12 @@ constexpr StringTable kFrenchStrings = completeTable({
     {StringKey::sitePicturesNotSavedRemedy,
      "Libérez de l’espace sur le disque ou autorisez Rondora à y écrire. D’ici là, les menus affichent un symbole à "
      "leur place."},
+    {StringKey::kindWebBrowser, "Navigateur web"},
+    {StringKey::kindTerminal, "Terminal"},
+    {StringKey::kindFileManager, "Gestionnaire de fichiers"},
+    {StringKey::kindSystemSettings, "Paramètres système"},
+    {StringKey::kindMusicPlayer, "Lecteur de musique"},
+    {StringKey::kindTextEditor, "Éditeur de texte"},
     {StringKey::actionFailed, "Élément « %@ » : %@"},
     {StringKey::actionNotInstalled, "« %@ » n’est pas installé ici."},
     {StringKey::actionNotInstalledRemedy,

@@ -86,6 +86,12 @@ constexpr StringTable kIndonesianStrings = completeTable({
     {StringKey::sitePicturesNotSavedRemedy,
      "Kosongkan ruang di disk atau izinkan Rondora menulis di sana. Sampai saat itu, menu menampilkan sebuah simbol "
      "sebagai gantinya."},
+    {StringKey::kindWebBrowser, "Peramban web"},
+    {StringKey::kindTerminal, "Terminal"},
+    {StringKey::kindFileManager, "Pengelola berkas"},
+    {StringKey::kindSystemSettings, "Pengaturan sistem"},
+    {StringKey::kindMusicPlayer, "Pemutar musik"},
+    {StringKey::kindTextEditor, "Editor teks"},
     {StringKey::actionFailed, "Butir “%@”: %@"},
     {StringKey::actionNotInstalled, "“%@” tidak terpasang di sini."},
     {StringKey::actionNotInstalledRemedy,

@@ -87,6 +87,12 @@ constexpr StringTable kJapaneseStrings = completeTable({
     {StringKey::sitePicturesNotSavedRemedy,
      "ディスクの空きを増やすか、Rondora "
      "による書き込みを許可してください。それまでメニューには代わりの記号が表示されます。"},
+    {StringKey::kindWebBrowser, "ウェブブラウザー"},
+    {StringKey::kindTerminal, "ターミナル"},
+    {StringKey::kindFileManager, "ファイルマネージャー"},
+    {StringKey::kindSystemSettings, "システム設定"},
+    {StringKey::kindMusicPlayer, "音楽プレーヤー"},
+    {StringKey::kindTextEditor, "テキストエディター"},
     {StringKey::actionFailed, "項目「%@」：%@"},
     {StringKey::actionNotInstalled, "「%@」はインストールされていません。"},
     {StringKey::actionNotInstalledRemedy,

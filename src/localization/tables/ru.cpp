@@ -87,6 +87,12 @@ constexpr StringTable kRussianStrings = completeTable({
     {StringKey::sitePicturesNotSavedRemedy,
      "Освободите место на диске или разрешите Rondora писать туда. До тех пор меню показывают вместо них условный "
      "значок."},
+    {StringKey::kindWebBrowser, "Веб-браузер"},
+    {StringKey::kindTerminal, "Терминал"},
+    {StringKey::kindFileManager, "Файловый менеджер"},
+    {StringKey::kindSystemSettings, "Настройки системы"},
+    {StringKey::kindMusicPlayer, "Музыкальный плеер"},
+    {StringKey::kindTextEditor, "Текстовый редактор"},
     {StringKey::actionFailed, "Элемент «%@»: %@"},
     {StringKey::actionNotInstalled, "приложение «%@» здесь не установлено."},
     {StringKey::actionNotInstalledRemedy,

@@ -87,7 +87,8 @@ Picture PieMenuWindowController::picture(const PieMenu& menu, const DisplayedMen
       {displayed.items,
        displayTitles(displayed.items),
        displayed.shortcutLabels.labels(),
-       {displayed.application, isEmpty && emptyText ? emptyText() : menu.name, isEmpty, displayed.visibleSide}});
+       {displayed.application, isEmpty && emptyText ? emptyText() : menu.name, isEmpty, displayed.visibleSide},
+       dimmedItems(menu, displayed.items)});
 }
 
 /// The panel comes first: it requests its snapshot of the screen, which arrives while the picture is made.
@@ -123,6 +124,14 @@ std::vector<std::string> PieMenuWindowController::displayTitles(const std::vecto
     titles.push_back(environment_.displayTitle ? environment_.displayTitle(item) : item.title);
   }
   return titles;
+}
+
+std::vector<bool> PieMenuWindowController::dimmedItems(const PieMenu& menu,
+                                                       const std::vector<PieMenuItem>& items) const {
+  std::vector<bool> dimmed;
+  if (!environment_.isAvailable || menu.kind != PieMenuKind::standard) return dimmed;
+  for (const PieMenuItem& item : items) dimmed.push_back(!environment_.isAvailable(item));
+  return dimmed;
 }
 
 void PieMenuWindowController::installMonitors() {

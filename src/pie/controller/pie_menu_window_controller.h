@@ -52,6 +52,8 @@ class PieMenuWindowController {
     std::function<bool()> hapticFeedbackEnabled;  // empty: on
     /// The title that the hub shows for an item; empty: the item's own.
     std::function<std::string(const PieMenuItem&)> displayTitle;
+    /// Whether an item of a standard menu can do what it is for; the others are dimmed. Empty: all can.
+    std::function<bool(const PieMenuItem&)> isAvailable = {};
     /// What the hub says of a menu without items; empty: the menu's name.
     std::function<std::string()> emptyMenuText = {};
   };
@@ -109,6 +111,7 @@ class PieMenuWindowController {
  private:
   Picture picture(const PieMenu& menu, const DisplayedMenu& displayed) const;
   std::vector<std::string> displayTitles(const std::vector<PieMenuItem>& items) const;
+  std::vector<bool> dimmedItems(const PieMenu& menu, const std::vector<PieMenuItem>& items) const;
   void makePanel(const PieMenu& menu, Point center);
   void wireView();
   void installMonitors();

@@ -27,7 +27,8 @@ Picture makeRingPicture(const PieMenu& menu, const RingLayout& layout, const Rin
   picture.layers.push_back(ringGlassLayer(layout, glass, contents.items.size()));
   const SectorPainter painter(menu, layout, glass);
   for (std::size_t i = 0; i < contents.items.size(); ++i) {
-    picture.layers.push_back(painter.layer(i, contents.items[i], contents.titles[i], labelOf(contents, i)));
+    const bool isDimmed = i < contents.dimmed.size() && contents.dimmed[i];
+    picture.layers.push_back(painter.layer(i, contents.items[i], contents.titles[i], labelOf(contents, i), isDimmed));
   }
   const HubPainter hub(menu, layout, contents.hub);
   picture.layers.push_back(hub.figureLayer());

@@ -21,6 +21,8 @@ struct RingContents {
   const std::vector<std::string>& titles;
   const std::vector<std::optional<std::string>>& labels;
   HubContents hub = {};
+  /// One per item: its application is missing. Items beyond the list are not dimmed.
+  std::vector<bool> dimmed = {};
 };
 
 Picture makeRingPicture(const PieMenu& menu, const RingLayout& layout, const RingContents& contents);

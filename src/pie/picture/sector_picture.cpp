@@ -19,6 +19,9 @@ constexpr Color kInk{0.09, 0.09, 0.11, 1};
 /// The approximate colour of the glass without a snapshot of the screen.
 constexpr Color kDarkGlass{0.16, 0.165, 0.18, 1};
 
+/// The colour that dimmed sectors fade to.
+constexpr Color kFaded{0.42, 0.43, 0.45, 1};
+
 double luminance(Color color) { return 0.2126 * color.red + 0.7152 * color.green + 0.0722 * color.blue; }
 
 Color itemColor(const PieMenuItem& item) {
@@ -51,23 +54,24 @@ SectorPainter::SectorPainter(const PieMenu& menu, const RingLayout& layout, cons
       labelColor_(Color::fromHex(menu.shortcutDigitColorHex)) {}
 
 PictureLayer SectorPainter::layer(std::size_t index, const PieMenuItem& item, const std::string& title,
-                                  const std::optional<std::string>& label) const {
+                                  const std::optional<std::string>& label, bool isDimmed) const {
   PictureLayer layer;
   for (const Look look : {Look::normal, Look::highlighted}) {
-    const Colors colored = colors(item, look);
+    const Colors colored = colors(item, look, isDimmed);
     DisplayList list;
     appendBody(list, index, colored, look);
     if (look == Look::highlighted && menu_.pawDecorationEnabled) appendPaw(list, index, colored);
     if (label) appendLabel(list, index, colored, *label, look);
     appendIcon(list, index, item, title, colored.ink);
+    if (isDimmed) appendVeil(list, index, look);
     layer.states.push_back(std::move(list));
   }
   layer.bounds = boundsOf(layer.states);
   return layer;
 }
 
-SectorPainter::Colors SectorPainter::colors(const PieMenuItem& item, Look look) const {
-  const Color color = itemColor(item);
+SectorPainter::Colors SectorPainter::colors(const PieMenuItem& item, Look look, bool isDimmed) const {
+  const Color color = isDimmed ? mix(itemColor(item), kFaded, 0.8) : itemColor(item);
   const double opacity = drawn<&PieMenu::shortcutDigitOpacity>(menu_);
   if (look == Look::highlighted) {
     const Color atHub = mix(color, kInk, 0.10);
@@ -101,6 +105,11 @@ void SectorPainter::appendPaw(DisplayList& list, std::size_t index, const Colors
   if (!paw->isWhole) clip = sectorShape(layout_, index, layout_.highlightGrowth(), layout_.hairline()).path();
   list.push_back(FillCommand{catPaw(paw->center, paw->radius, layout_.sectorMiddle(index), armLength),
                              SolidPaint{colors.ink.withAlpha(0.24)}, std::move(clip)});
+}
+
+void SectorPainter::appendVeil(DisplayList& list, std::size_t index, Look look) const {
+  const double growth = look == Look::highlighted ? layout_.highlightGrowth() : 0;
+  list.push_back(FillCommand{sectorShape(layout_, index, growth, 0).path(), SolidPaint{kDarkGlass.withAlpha(0.5)}});
 }
 
 void SectorPainter::appendIcon(DisplayList& list, std::size_t index, const PieMenuItem& item, const std::string& title,

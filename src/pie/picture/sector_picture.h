@@ -14,14 +14,14 @@
 namespace rondora {
 
 /// Draws the sectors of one ring, each as a layer with the states of `ring_layers`: tinted glass with icon and label;
-/// highlighted it is larger, filled with the item's colour, and the cat's paw reaches for it. Arguments must outlive
-/// the object.
+/// highlighted it is larger, filled with the item's colour, and the cat's paw reaches for it. A dimmed sector has lost
+/// most of its colour, and a veil covers all of it. Arguments must outlive the object.
 class SectorPainter {
  public:
   SectorPainter(const PieMenu& menu, const RingLayout& layout, const GlassStyle& glass);
 
   PictureLayer layer(std::size_t index, const PieMenuItem& item, const std::string& title,
-                     const std::optional<std::string>& label) const;
+                     const std::optional<std::string>& label, bool isDimmed) const;
 
  private:
   enum class Look { normal, highlighted };
@@ -36,9 +36,10 @@ class SectorPainter {
     double labelOpacity = 1;
   };
 
-  Colors colors(const PieMenuItem& item, Look look) const;
+  Colors colors(const PieMenuItem& item, Look look, bool isDimmed) const;
   void appendBody(DisplayList& list, std::size_t index, const Colors& colors, Look look) const;
   void appendPaw(DisplayList& list, std::size_t index, const Colors& colors) const;
+  void appendVeil(DisplayList& list, std::size_t index, Look look) const;
   void appendIcon(DisplayList& list, std::size_t index, const PieMenuItem& item, const std::string& title,
                   Color ink) const;
   void appendLabel(DisplayList& list, std::size_t index, const Colors& colors, const std::string& text,

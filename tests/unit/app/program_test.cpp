@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "permissions/app_relauncher.h"
+#include "pie/picture/ring_picture.h"
 #include "unit/app/program.h"
 
 namespace rondora {
@@ -40,6 +41,36 @@ TEST_F(RunningProgramTest, DecodedIconsReachTheOpenRingAndTheNextOnes) {
   desktop.overlay.prerendered.clear();
   desktop.time.advance(3);
   EXPECT_FALSE(desktop.overlay.prerendered.empty());
+}
+
+TEST_F(RunningProgramTest, ItemsWithoutTheirApplicationAreDimmedAndSayItsKind) {
+  PieMenu main = menu("main", {49, kControlOption});
+  main.items[0].title = "Safari";
+  main.items[0].action = LaunchApp{"com.apple.Safari"};
+  main.items[1].action = LaunchApp{"org.example.missing"};
+  launchWith({main});
+  const auto nextPicture = [&] {
+    desktop.overlay.prerendered.clear();
+    program.delegate().iconsChanged();
+    desktop.time.advance(3);
+    return desktop.overlay.prerendered.back();
+  };
+  const auto title = [](const Picture& picture, std::size_t item) {
+    const DisplayList& shown = picture.layers[ring_layers::title(4)].states[item + 1];
+    return std::get<TextCommand>(shown.back()).text;
+  };
+  const Picture without = nextPicture();
+  EXPECT_EQ(title(without, 0), "Web browser");
+  EXPECT_EQ(title(without, 1), "snippet");
+  desktop.workspace.install("com.apple.Safari", "Firefox ESR");
+  desktop.workspace.install("org.example.missing", "Found");
+  const Picture with = nextPicture();
+  EXPECT_EQ(title(with, 0), "Firefox ESR");
+  for (std::size_t item = 0; item < 4; ++item) {
+    const std::size_t layer = ring_layers::sector(item);
+    EXPECT_EQ(with.layers[layer] == without.layers[layer], item > 1) << item;
+    EXPECT_NE(without.layers[layer].states[0], without.layers[layer].states[1]) << "still shows the highlight";
+  }
 }
 
 TEST_F(RunningProgramTest, KeepsAnExistingToolTipDelay) {
