@@ -184,5 +184,16 @@ TEST(ConfigurationRoundTrip, DecodedDocumentsRoundTrip) {
   }
 }
 
+TEST(ConfigurationFixtures, ExampleOfTheReadmeHasEveryKindOfAction) {
+  const std::string readme = fixture("../../../README.md");
+  const auto begin = readme.find("```json\n") + 8;
+  SeededRandom random;
+  const auto decoded = decodeConfiguration(readme.substr(begin, readme.find("```", begin) - begin), random);
+  ASSERT_TRUE(std::holds_alternative<PieConfiguration>(decoded)) << std::get<CodingError>(decoded).description;
+  std::set<std::size_t> kinds;
+  for (const auto& item : std::get<PieConfiguration>(decoded).menus.front().items) kinds.insert(item.action.index());
+  EXPECT_EQ(kinds.size(), std::variant_size_v<MenuAction>);
+}
+
 }  // namespace
 }  // namespace rondora
