@@ -36,7 +36,7 @@ class SectorPainter {
     double labelOpacity = 1;
   };
 
-  Colors colors(const PieMenuItem& item, Look look, bool isDimmed) const;
+  Colors colors(const PieMenuItem& item, Look look, bool isDimmed = false) const;
   void appendBody(DisplayList& list, std::size_t index, const Colors& colors, Look look) const;
   void appendPaw(DisplayList& list, std::size_t index, const Colors& colors) const;
   void appendVeil(DisplayList& list, std::size_t index, Look look) const;
