@@ -5,6 +5,7 @@
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPointer>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
@@ -54,18 +55,20 @@ QLabel* picture(const QPixmap& pixmap) {
   return label;
 }
 
-/// Calls back when a widget in the watched one has another size than before.
+/// Calls back when a widget in the watched one has another size than before, as long as `context` lives.
 class LayoutWatch : public QObject {
  public:
-  LayoutWatch(QWidget& widget, std::function<void()> changed) : QObject(&widget), changed_(std::move(changed)) {
+  LayoutWatch(QWidget& widget, QObject& context, std::function<void()> changed)
+      : QObject(&widget), context_(&context), changed_(std::move(changed)) {
     widget.installEventFilter(this);
   }
   bool eventFilter(QObject* /*widget*/, QEvent* event) override {
-    if (event->type() == QEvent::LayoutRequest) QTimer::singleShot(0, this, changed_);
+    if (event->type() == QEvent::LayoutRequest && context_) QTimer::singleShot(0, context_, changed_);
     return false;
   }
 
  private:
+  QPointer<QObject> context_;
   std::function<void()> changed_;
 };
 
@@ -138,11 +141,12 @@ void QtOnboardingWindow::fill() {
   dialog_->layout()->addWidget(foot_);
   if (isChoosingLanguage) foot_->findChild<QComboBox*>()->setFocus();
   fitScreen();
-  new LayoutWatch(*page, [this] { fitScreen(); });
+  new LayoutWatch(*page, reminder_, [this] { fitScreen(); });
 }
 
 // Scrolls only where the screen is smaller than the page.
 void QtOnboardingWindow::fitScreen() {
+  if (!dialog_) return;
   constexpr int kWidth = kTextWidth + 2 * kMargin;
   const int height = scroll_->widget()->heightForWidth(kWidth) + foot_->sizeHint().height();
   const QRect available = dialog_->screen()->availableGeometry();
