@@ -22,6 +22,8 @@ const std::set<std::pair<AppLanguage, StringKey>> kSharedOnPurpose = {
     {AppLanguage::portuguese, StringKey::findingRestore},
     {AppLanguage::spanish, StringKey::findingImport},  // "Importar" in both
     {AppLanguage::portuguese, StringKey::findingImport},
+    {AppLanguage::spanish, StringKey::kindTextEditor},  // "Editor de texto" in both
+    {AppLanguage::portuguese, StringKey::kindTextEditor},
 };
 
 std::string_view textOf(AppLanguage language, std::size_t key) { return stringTable(language)[key]; }
