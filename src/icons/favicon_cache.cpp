@@ -91,9 +91,9 @@ bool FaviconCache::note(const std::filesystem::path& file, const FaviconResult& 
   Record& record = records_[file.filename().string()];
   record.fetchedAt = clock_.now();
   record.outcome = result.outcome;
-  FileError error = files_.createFolder(folder_);
+  FileError error;
   const bool isPicture = result.outcome == FaviconOutcome::found;
-  if (!error && isPicture) error = files_.replaceDurably(file, result.picture);
+  if (isPicture) error = files_.replaceCached(file, result.picture);
   const bool isWritten = isPicture && !error;
   if (error) record.outcome = FaviconOutcome::unreachable;
   record.failures = record.outcome == FaviconOutcome::unreachable ? record.failures + 1 : 0;
@@ -138,7 +138,7 @@ FileError FaviconCache::writeIndex() {
   for (const auto& [name, record] : records_) {
     lines << name << ' ' << letterOf(record.outcome) << ' ' << record.failures << ' ' << record.fetchedAt << '\n';
   }
-  return files_.replaceDurably(folder_ / "index", lines.str());
+  return files_.replaceCached(folder_ / "index", lines.str());
 }
 
 }  // namespace rondora

@@ -73,7 +73,7 @@ void PictureQuarantine::add(Key key) {
   lines.precision(0);
   for (const auto& [refused, since] : refusedSince_) lines << refused << ' ' << since << '\n';
   // A failure costs no more than another attempt after the next start.
-  if (!ports_.files.createFolder(folder_)) ports_.files.replaceDurably(folder_ / kFile, lines.str());
+  ports_.files.replaceCached(folder_ / kFile, lines.str());
 }
 
 }  // namespace rondora

@@ -35,6 +35,10 @@ class FileSystem {
   /// Replaces the whole file atomically and durably: temporary file in the same folder, flush, rename, flush of the
   /// folder; mode 0600. Follows a symbolic link and replaces its target.
   virtual FileError replaceDurably(const std::filesystem::path& path, std::string_view bytes) = 0;
+  /// Replaces the whole file of a cache atomically and creates its missing folders. Flushes nothing, so it does not
+  /// wait for the disk: after a crash of the machine the file may be older, empty or missing. Otherwise as
+  /// `replaceDurably`.
+  virtual FileError replaceCached(const std::filesystem::path& path, std::string_view bytes) = 0;
   /// Removes the temporary files and copies that writes of a killed process left directly in the folder. No other
   /// process of the program may be writing there.
   virtual void removeTemporaries(const std::filesystem::path& folder) = 0;

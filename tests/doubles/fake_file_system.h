@@ -43,6 +43,13 @@ class FakeFileSystem final : public FileSystem {
     files[path] = bytes;
     return std::nullopt;
   }
+  FileError replaceCached(const Path& path, std::string_view bytes) override {
+    if (auto failure = createFolder(path.parent_path())) return failure;
+    if (auto failure = injectedFailure("replace")) return failure;
+    changes.push_back("cache " + path.string());
+    files[path] = bytes;
+    return std::nullopt;
+  }
   void removeTemporaries(const Path& folder) override { swept.push_back(folder); }
   FileError copy(const Path& from, const Path& to) override {
     if (auto failure = injectedFailure("copy")) return failure;
@@ -75,7 +82,7 @@ class FakeFileSystem final : public FileSystem {
   std::map<std::string, std::string> failures;
   /// Existing files that are too long to read.
   std::set<Path> tooLong;
-  /// Changes in order, such as "replace /home/user/.config/Rondora/config.json".
+  /// Changes in order, such as "replace /home/user/.config/Rondora/config.json"; files of caches: "cache …".
   std::vector<std::string> changes;
   /// Folders whose temporary files were removed.
   std::vector<Path> swept;

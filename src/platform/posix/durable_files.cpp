@@ -79,10 +79,16 @@ FileError flush(const fs::path& path) {
   return std::nullopt;
 }
 
+/// Whether a change is flushed to disk before it reports success.
+enum class Durability { flushed, unflushed };
+
 /// A new file or folder under a unique temporary name; removed unless it is moved into place.
 class Temporary {
  public:
-  explicit Temporary(fs::path folder) : folder_(std::move(folder)) { choosePath(); }
+  explicit Temporary(fs::path folder, Durability durability = Durability::flushed)
+      : folder_(std::move(folder)), durability_(durability) {
+    choosePath();
+  }
   ~Temporary() {
     std::error_code ignored;
     if (isThere_) fs::remove_all(path_, ignored);
@@ -105,7 +111,7 @@ class Temporary {
   FileError moveTo(const fs::path& target) {
     if (::rename(path_.c_str(), target.c_str()) != 0) return describe("cannot replace", target, errno);
     isThere_ = false;
-    return flush(folder_);
+    return durability_ == Durability::flushed ? flush(folder_) : std::nullopt;
   }
 
  private:
@@ -116,7 +122,7 @@ class Temporary {
     // The umask may have cleared bits. File systems without modes refuse this, which is harmless.
     ::fchmod(file.get(), 0600);
     if (auto failed = write(file.get())) return failed;
-    if (::fsync(file.get()) != 0) return describe("cannot flush", path_, errno);
+    if (durability_ == Durability::flushed && ::fsync(file.get()) != 0) return describe("cannot flush", path_, errno);
     if (!file.close()) return describe("cannot close", path_, errno);
     return std::nullopt;
   }
@@ -144,8 +150,33 @@ class Temporary {
 
   fs::path folder_;
   fs::path path_;
+  Durability durability_;
   bool isThere_ = false;
 };
+
+/// New folders get mode 0700 (XDG base directories 0.8).
+FileError makeFolder(const fs::path& path, Durability durability) {
+  std::error_code ignored;
+  if (fs::is_directory(path, ignored)) return std::nullopt;
+  if (path.has_relative_path()) {
+    if (auto failed = makeFolder(folderOf(path), durability)) return failed;
+  }
+  if (::mkdir(path.c_str(), 0700) != 0) return describe("cannot create", path, errno == EEXIST ? ENOTDIR : errno);
+  if (durability == Durability::flushed) flush(folderOf(path));
+  return std::nullopt;
+}
+
+FileError replace(const fs::path& path, std::string_view bytes, Durability durability) {
+  const fs::path target = followLinks(path);
+  if (target.empty()) return describe("cannot replace", path, ELOOP);
+  struct stat status {};
+  if (::stat(target.c_str(), &status) == 0 && !S_ISREG(status.st_mode)) {
+    return describe("cannot replace", target, S_ISDIR(status.st_mode) ? EISDIR : EINVAL);
+  }
+  Temporary temporary(folderOf(target), durability);
+  if (auto failed = temporary.fill(bytes)) return failed;
+  return temporary.moveTo(target);
+}
 
 }  // namespace
 
@@ -153,28 +184,16 @@ std::string describe(const char* what, const fs::path& path, int error) {
   return std::string(what) + " " + path.string() + ": " + std::generic_category().message(error);
 }
 
-/// New folders get mode 0700 (XDG base directories 0.8) and are on disk before their content.
-FileError makeFolder(const fs::path& path) {
-  std::error_code ignored;
-  if (fs::is_directory(path, ignored)) return std::nullopt;
-  if (path.has_relative_path()) {
-    if (auto failed = makeFolder(folderOf(path))) return failed;
-  }
-  if (::mkdir(path.c_str(), 0700) != 0) return describe("cannot create", path, errno == EEXIST ? ENOTDIR : errno);
-  flush(folderOf(path));
-  return std::nullopt;
-}
+/// New folders are on disk before their content.
+FileError makeFolder(const fs::path& path) { return makeFolder(path, Durability::flushed); }
 
 FileError replaceFile(const fs::path& path, std::string_view bytes) {
-  const fs::path target = followLinks(path);
-  if (target.empty()) return describe("cannot replace", path, ELOOP);
-  struct stat status {};
-  if (::stat(target.c_str(), &status) == 0 && !S_ISREG(status.st_mode)) {
-    return describe("cannot replace", target, S_ISDIR(status.st_mode) ? EISDIR : EINVAL);
-  }
-  Temporary temporary(folderOf(target));
-  if (auto failed = temporary.fill(bytes)) return failed;
-  return temporary.moveTo(target);
+  return replace(path, bytes, Durability::flushed);
+}
+
+FileError replaceCacheFile(const fs::path& path, std::string_view bytes) {
+  if (auto failed = makeFolder(folderOf(path), Durability::unflushed)) return failed;
+  return replace(path, bytes, Durability::unflushed);
 }
 
 void removeTemporariesIn(const fs::path& folder) {

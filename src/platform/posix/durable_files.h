@@ -6,8 +6,8 @@
 
 #include "platform/file_system.h"
 
-// Atomic and durable file changes: on disk when they report success, and never partly visible before. Contracts:
-// platform/file_system.h.
+// Atomic file changes, never partly visible. All but those of caches are durable: on disk when they report success.
+// Contracts: platform/file_system.h.
 
 namespace rondora::desktop {
 
@@ -16,6 +16,7 @@ std::string describe(const char* what, const std::filesystem::path& path, int er
 
 FileError makeFolder(const std::filesystem::path& path);
 FileError replaceFile(const std::filesystem::path& path, std::string_view bytes);
+FileError replaceCacheFile(const std::filesystem::path& path, std::string_view bytes);
 void removeTemporariesIn(const std::filesystem::path& folder);
 FileError copyFileOrFolder(const std::filesystem::path& from, const std::filesystem::path& to);
 FileError linkOrRename(const std::filesystem::path& path, const std::filesystem::path& name);

@@ -67,6 +67,10 @@ FileError PosixFileSystem::replaceDurably(const fs::path& path, std::string_view
   return replaceFile(path, bytes);
 }
 
+FileError PosixFileSystem::replaceCached(const fs::path& path, std::string_view bytes) {
+  return replaceCacheFile(path, bytes);
+}
+
 void PosixFileSystem::removeTemporaries(const fs::path& folder) { removeTemporariesIn(folder); }
 
 FileError PosixFileSystem::copy(const fs::path& from, const fs::path& to) { return copyFileOrFolder(from, to); }

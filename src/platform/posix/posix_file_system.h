@@ -26,6 +26,7 @@ class PosixFileSystem final : public FileSystem {
   bool isTooLong(const std::filesystem::path& path) const override;
   FileError createFolder(const std::filesystem::path& path) override;
   FileError replaceDurably(const std::filesystem::path& path, std::string_view bytes) override;
+  FileError replaceCached(const std::filesystem::path& path, std::string_view bytes) override;
   void removeTemporaries(const std::filesystem::path& folder) override;
   FileError copy(const std::filesystem::path& from, const std::filesystem::path& to) override;
   FileError keepAs(const std::filesystem::path& path, const std::filesystem::path& name) override;

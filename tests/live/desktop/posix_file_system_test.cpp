@@ -54,6 +54,13 @@ TEST_F(PosixFileSystemTest, ReplaceFlushesTheFileAndThenTheFolder) {
   EXPECT_EQ(files_.read(in("config.json")), bytes);
 }
 
+TEST_F(PosixFileSystemTest, CachesAreReplacedWithoutWaitingForTheDisk) {
+  SystemCallSpy spy;
+  EXPECT_EQ(files_.replaceCached(in("folder") / "icons" / "index", "new"), std::nullopt);
+  EXPECT_THAT(spy.calls, ElementsAre("write", "rename"));
+  EXPECT_EQ(files_.read(in("folder") / "icons" / "index"), "new");
+}
+
 TEST_F(PosixFileSystemTest, FailedCallsChangeNothing) {
   ASSERT_EQ(files_.replaceDurably(in("config.json"), "old"), std::nullopt);
   for (const std::string call : {"create", "write", "fsync file", "rename"}) {
