@@ -42,6 +42,7 @@ Program::Program(const Platform& platform)
 
 void Program::start() {
   favicons_.onPicture = [this] { iconsChanged(); };
+  favicons_.isRingOpen = [this] { return pieMenuWindow_.isVisible(); };
   if (platform_.onInstalledApplicationsChanged) {
     installedApplications_ = platform_.onInstalledApplicationsChanged([this] { iconsChanged(); });
   }
@@ -65,6 +66,7 @@ void Program::iconsChanged() {
 
 void Program::end() {
   edits_.flush();
+  favicons_.save();
   delegate_.applicationWillTerminate();
   if (platform_.handOverClipboard) platform_.handOverClipboard();
   platform_.instance.release();

@@ -91,20 +91,26 @@ bool FaviconCache::note(const std::filesystem::path& file, const FaviconResult& 
   Record& record = records_[file.filename().string()];
   record.fetchedAt = clock_.now();
   record.outcome = result.outcome;
-  FileError error;
   const bool isPicture = result.outcome == FaviconOutcome::found;
-  if (isPicture) error = files_.replaceCached(file, result.picture);
-  const bool isWritten = isPicture && !error;
-  if (error) record.outcome = FaviconOutcome::unreachable;
+  if (isPicture) noteProblem(pictureProblem_, files_.replaceCached(file, result.picture));
+  const bool isWritten = isPicture && !pictureProblem_;
+  if (isPicture && !isWritten) record.outcome = FaviconOutcome::unreachable;
   record.failures = record.outcome == FaviconOutcome::unreachable ? record.failures + 1 : 0;
-  const FileError indexError = writeIndex();
-  noteProblem(error ? std::move(error) : indexError);
+  isIndexOutdated_ = true;
   return isWritten;
 }
 
-void FaviconCache::noteProblem(FileError problem) {
-  if (problem && problem != problem_) log_.error("failed to keep a web site's icon: " + *problem);
-  problem_ = std::move(problem);
+void FaviconCache::save() {
+  if (!isIndexOutdated_) return;
+  noteProblem(indexProblem_, writeIndex());
+  isIndexOutdated_ = indexProblem_.has_value();
+}
+
+void FaviconCache::noteProblem(FileError& last, FileError problem) {
+  const FileError before = this->problem();
+  last = std::move(problem);
+  const FileError& present = this->problem();
+  if (present && present != before) log_.error("failed to keep a web site's icon: " + *present);
 }
 
 /// One line per file: name, letter of the outcome, failures, time. Malformed lines are skipped.

@@ -25,10 +25,12 @@ class FaviconCache {
   /// Seconds until the picture is due to be fetched, for the first time or again; 0: now.
   double secondsUntilDue(const std::filesystem::path& file);
   /// Records the result of a lookup for `file`; a cached picture stays until a new one replaces it. True when a picture
-  /// was written.
+  /// was written. The index is written by `save`.
   bool note(const std::filesystem::path& file, const FaviconResult& result);
-  /// Why the last result is not on disk, as the system's message; nothing when it is.
-  const FileError& problem() const { return problem_; }
+  /// Writes the index if it has changed; after a failure it counts as changed.
+  void save();
+  /// Why the last picture or the index is not on disk, as the system's message; nothing when both are.
+  const FileError& problem() const { return pictureProblem_ ? pictureProblem_ : indexProblem_; }
 
  private:
   struct Record {
@@ -39,7 +41,7 @@ class FaviconCache {
 
   void load();
   FileError writeIndex();
-  void noteProblem(FileError problem);
+  void noteProblem(FileError& last, FileError problem);
   static double lifetime(const Record& record);
 
   FileSystem& files_;
@@ -48,7 +50,9 @@ class FaviconCache {
   std::filesystem::path folder_;
   std::map<std::string, Record, std::less<>> records_;  // by file name
   bool isLoaded_ = false;
-  FileError problem_;
+  bool isIndexOutdated_ = false;
+  FileError pictureProblem_;
+  FileError indexProblem_;
 };
 
 }  // namespace rondora

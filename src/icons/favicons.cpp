@@ -1,7 +1,6 @@
 #include "icons/favicons.h"
 
 #include <algorithm>
-#include <limits>
 #include <set>
 #include <utility>
 
@@ -14,6 +13,7 @@ constexpr double kSettlingTime = 5;  // seconds; start-up and bursts of edits fi
 constexpr double kOfflineRetry = 5 * 60;
 constexpr double kMinPause = 60;
 constexpr double kMaxPause = 6 * 60 * 60;  // timers may stop while the machine sleeps
+constexpr double kSavePause = 5;           // between two writes of the index
 constexpr std::size_t kMaxLookups = 3;
 
 /// Documents of earlier builds name files of the cache directly; only plausible picture names are restored.
@@ -51,6 +51,7 @@ std::optional<Favicons::Target> Favicons::targetOf(const PieMenuItem& item) cons
 }
 
 void Favicons::prefetch(const PieConfiguration& configuration) {
+  due_.clear();
   targets_.clear();
   std::set<std::filesystem::path> files;
   for (const PieMenu& menu : configuration.menus) {
@@ -68,20 +69,43 @@ void Favicons::wakeAfter(double seconds) {
   wake_ = ports_.mainQueue.workItem(seconds, weakSelf_.bind([](Favicons& self) { self.work(); }));
 }
 
+/// Looks at every target; a finished lookup only goes on with the next of those that are due.
 void Favicons::work() {
-  double pause = std::numeric_limits<double>::infinity();
-  for (const Target& target : targets_) {
-    if (lookups_.contains(target.file)) continue;
-    double until = cache_.secondsUntilDue(target.file);
-    if (until <= 0 && !ports_.network.canReach(target.site.host())) until = kOfflineRetry;
-    if (until > 0) {
-      pause = std::min(pause, until);
-    } else if (lookups_.size() < kMaxLookups) {
-      start(target);
-    }
+  wake_.reset();
+  due_.clear();
+  std::for_each(targets_.rbegin(), targets_.rend(), [this](const Target& target) {
+    if (!lookups_.contains(target.file) && cache_.secondsUntilDue(target.file) <= 0) due_.push_back(&target);
+  });
+  startDue();
+}
+
+void Favicons::startDue() {
+  while (!due_.empty() && lookups_.size() < kMaxLookups) {
+    const Target& target = *due_.back();
+    due_.pop_back();
+    if (ports_.network.canReach(target.site.host())) start(target);
   }
   // A finished lookup calls this again, so no timer is needed before.
-  if (lookups_.empty() && !targets_.empty()) wakeAfter(std::clamp(pause, kMinPause, kMaxPause));
+  const bool isDone = due_.empty() && lookups_.empty() && !targets_.empty();
+  if (isDone && !wake_) wakeAfter(std::clamp(secondsUntilNext(), kMinPause, kMaxPause));
+}
+
+/// What is still due could not be reached.
+double Favicons::secondsUntilNext() {
+  double pause = kMaxPause;
+  for (const Target& target : targets_) {
+    const double until = cache_.secondsUntilDue(target.file);
+    pause = std::min(pause, until > 0 ? until : kOfflineRetry);
+  }
+  return pause;
+}
+
+void Favicons::saveSoon() {
+  save_ = ports_.mainQueue.workItem(kSavePause, weakSelf_.bind([](Favicons& self) {
+    if (self.isRingOpen && self.isRingOpen()) return self.saveSoon();
+    self.save_.reset();
+    self.save();
+  }));
 }
 
 void Favicons::start(const Target& target) {
@@ -93,10 +117,11 @@ void Favicons::start(const Target& target) {
 
 void Favicons::finished(const std::filesystem::path& file, const FaviconResult& result) {
   const bool isNew = cache_.note(file, result);
+  if (!save_) saveSoon();
   auto lookup = lookups_.extract(file);
   // The lookup is the caller, so it is destroyed on a later turn.
   ports_.mainQueue.async([ended = std::shared_ptr(std::move(lookup.mapped()))] {});
-  work();
+  startDue();
   if (isNew && onPicture) onPicture();
 }
 

@@ -36,6 +36,9 @@ class Favicons {
   /// favicon.
   void prefetch(const PieConfiguration& configuration);
 
+  /// Writes what is pending; call it at the end.
+  void save() { cache_.save(); }
+
   /// The cached picture of a site (its origin); nothing while there is none. Does not wait for the network.
   std::optional<std::filesystem::path> picture(std::string_view site) const;
 
@@ -44,6 +47,8 @@ class Favicons {
 
   /// Called after a picture was written; may be empty.
   std::function<void()> onPicture;
+  /// While it returns true the index of the cache is not written; may be empty.
+  std::function<bool()> isRingOpen;
 
  private:
   struct Target {
@@ -54,14 +59,20 @@ class Favicons {
   std::optional<Target> targetOf(const PieMenuItem& item) const;
   void wakeAfter(double seconds);
   void work();
+  void startDue();
+  double secondsUntilNext();
   void start(const Target& target);
+  void saveSoon();
   void finished(const std::filesystem::path& file, const FaviconResult& result);
 
   Ports ports_;
   FaviconCache cache_;
   std::vector<Target> targets_;
+  /// The targets that were due when the timer fired, the next one last.
+  std::vector<const Target*> due_;
   std::map<std::filesystem::path, std::unique_ptr<FaviconLookup>> lookups_;  // by the file they write
   Subscription wake_;
+  Subscription save_;
   WeakSelf<Favicons> weakSelf_{this};
 };
 

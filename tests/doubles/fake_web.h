@@ -22,7 +22,10 @@ class FakeWeb final : public NetworkFetch {
  public:
   explicit FakeWeb(MainQueue& mainQueue) : mainQueue_(mainQueue) {}
 
-  bool canReach(std::string_view) const override { return isConnected; }
+  bool canReach(std::string_view) const override {
+    ++reachQueries;
+    return isConnected;
+  }
   [[nodiscard]] Subscription fetch(const FetchRequest& request, Completion completion) override {
     const bool isPermitted = request.mayConnect(ipAddressOf(request.address));
     if (isPermitted) requested.push_back(request.address);
@@ -48,6 +51,7 @@ class FakeWeb final : public NetworkFetch {
   /// By host; all others have a public one.
   std::map<std::string, std::array<std::uint8_t, 4>> ipAddresses;
   bool isConnected = true;
+  mutable std::size_t reachQueries = 0;
   /// The requests that were permitted to connect.
   std::vector<std::string> requested;
   int underway = 0;

@@ -24,6 +24,7 @@ namespace {
 
 /// Size of the toolkit's read buffer in bytes.
 constexpr qint64 kReadAhead = 64 << 10;
+constexpr qint64 kConnectionKnownFor = 1000;  // milliseconds
 
 /// A request for `url` to one of its host's addresses: the name that the user or the site stated goes into the header
 /// and, for https, into the handshake and the check of the certificate.
@@ -170,6 +171,16 @@ class Transfer : public QObject {
   FetchResponse response_;
 };
 
+/// True when a network interface besides the loopback has an address.
+bool hasConnection() {
+  const auto interfaces = QNetworkInterface::allInterfaces();
+  return std::any_of(interfaces.begin(), interfaces.end(), [](const QNetworkInterface& interface) {
+    const auto flags = interface.flags();
+    return flags.testFlag(QNetworkInterface::IsRunning) && !flags.testFlag(QNetworkInterface::IsLoopBack) &&
+           !interface.addressEntries().isEmpty();
+  });
+}
+
 }  // namespace
 
 QtNetworkFetch::QtNetworkFetch() = default;
@@ -179,12 +190,11 @@ bool QtNetworkFetch::canReach(std::string_view host) const {
   QString name = toQString(host);
   name.removeIf([](QChar c) { return c == '[' || c == ']'; });
   if (name == "localhost" || QHostAddress(name).isLoopback()) return true;
-  const auto interfaces = QNetworkInterface::allInterfaces();
-  return std::any_of(interfaces.begin(), interfaces.end(), [](const QNetworkInterface& interface) {
-    const auto flags = interface.flags();
-    return flags.testFlag(QNetworkInterface::IsRunning) && !flags.testFlag(QNetworkInterface::IsLoopBack) &&
-           !interface.addressEntries().isEmpty();
-  });
+  if (connectionKnown_.hasExpired()) {
+    isConnected_ = hasConnection();
+    connectionKnown_.setRemainingTime(kConnectionKnownFor);
+  }
+  return isConnected_;
 }
 
 Subscription QtNetworkFetch::fetch(const FetchRequest& request, Completion completion) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDeadlineTimer>
 #include <memory>
 
 #include "platform/network_fetch.h"
@@ -14,12 +15,15 @@ class QtNetworkFetch final : public NetworkFetch {
   QtNetworkFetch();
   ~QtNetworkFetch() override;
 
-  /// False when no network interface has an address; the local host is always reachable.
+  /// False when no network interface has an address; the local host is always reachable. Lists the interfaces once per
+  /// second at most.
   bool canReach(std::string_view host) const override;
   [[nodiscard]] Subscription fetch(const FetchRequest& request, Completion completion) override;
 
  private:
   std::unique_ptr<QNetworkAccessManager> manager_;
+  mutable QDeadlineTimer connectionKnown_;
+  mutable bool isConnected_ = false;
 };
 
 }  // namespace rondora

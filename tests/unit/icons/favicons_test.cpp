@@ -42,7 +42,10 @@ struct Icons {
     const auto file = favicons->picture(site);
     return file ? files.read(*file).value_or("") : "";
   }
-  void restart() { favicons = std::make_unique<Favicons>(Favicons::Ports{web, decoder, files, time, time, log}); }
+  void restart() {
+    if (favicons) favicons->save();
+    favicons = std::make_unique<Favicons>(Favicons::Ports{web, decoder, files, time, time, log});
+  }
 
   VirtualTime time;
   FakeLog log;
@@ -139,10 +142,24 @@ TEST_F(FaviconsTest, FetchesThreeSitesAtATime) {
   EXPECT_EQ(web.underway, 0);
 }
 
+TEST_F(FaviconsTest, CostOfManySitesIsLinear) {
+  constexpr std::size_t kSites = 90;
+  bool isRingOpen = true;
+  favicons->isRingOpen = [&isRingOpen] { return isRingOpen; };
+  for (std::size_t i = 0; i < kSites; ++i) add("favicon:site" + std::to_string(i) + ".org");
+  use(kMinute);
+  EXPECT_EQ(web.takeRequested().size(), 2 * kSites);
+  EXPECT_EQ(web.reachQueries, kSites);
+  EXPECT_TRUE(files.changes.empty());
+  isRingOpen = false;
+  pass(kMinute);
+  EXPECT_EQ(files.changes.size(), 2U) << "the folder and one index";
+}
+
 TEST_F(FaviconsTest, SurvivesADamagedCache) {
   web.pages["https://a.org/favicon.ico"] = page("picture a");
   add("favicon:a.org");
-  use();
+  use(kMinute);
   const auto file = *favicons->picture("https://a.org");
   files.remove(file);
   files.put(file.parent_path() / "index", "\xFF f\n" + file.filename().string() + " f x y\n\n f f f\n");
