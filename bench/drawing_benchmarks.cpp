@@ -35,19 +35,21 @@ class NoApplicationIcons : public ApplicationIcons {
 constexpr const char* kIcons[] = {"safari",     "terminal",  "folder.fill", "gearshape.fill",
                                   "music.note", "note.text", "🍕",           "star.fill"};
 
-PieMenu menuOfEight() {
+PieMenu menuOf(std::size_t count) {
   PieMenu menu;
-  for (std::size_t i = 0; i < std::size(kIcons); ++i) {
+  for (std::size_t i = 0; i < count; ++i) {
     PieMenuItem item;
     item.title = "Item number " + std::to_string(i);
-    item.icon = kIcons[i];
-    item.color = std::string(kItemColorPalette[i]);
+    item.icon = kIcons[i % std::size(kIcons)];
+    item.color = std::string(kItemColorPalette[i % kItemColorPalette.size()]);
     menu.items.push_back(item);
   }
   return menu;
 }
 
 struct Ring {
+  explicit Ring(std::size_t count = std::size(kIcons)) : menu(menuOf(count)) {}
+
   Picture makePicture() const { return makeRingPicture(menu, layout, {menu.items, titles, labels}); }
   /// A picture that is not in the cache.
   Picture makeNewPicture() {
@@ -55,7 +57,7 @@ struct Ring {
     return makePicture();
   }
 
-  PieMenu menu = menuOfEight();
+  PieMenu menu;
   RingLayout layout = RingLayout::make(menu, 0, menu.items.size(), 2000);
   std::vector<std::string> titles = std::vector<std::string>(menu.items.size(), "Some title");
   std::vector<std::optional<std::string>> labels = resolvedShortcutLabels(menu.items);
@@ -137,7 +139,17 @@ void prepareAndPaintFirstGlass(benchmark::State& state) {
 }
 BENCHMARK(prepareAndPaintFirstGlass)->Apply(scales);
 
-/// The same for a ring that was pre-rendered while idle, the usual case.
+/// The same for a number of items at one pixel per point.
+void openManyItems(benchmark::State& state) {
+  Ring ring(static_cast<std::size_t>(state.range(1)));
+  paintOverScreen(state, ring.makePicture(), [&] { return ring.makeNewPicture(); });
+}
+BENCHMARK(openManyItems)
+    ->ArgsProduct({{100}, {36, 100, 360, 1000, 2500, 20000}})
+    ->Unit(benchmark::kMillisecond)
+    ->MeasureProcessCPUTime();
+
+/// A ring of eight that was pre-rendered while idle, the usual case.
 void prepareAndPaintKeptGlass(benchmark::State& state) {
   const Ring ring;
   warmRasterizer().prerender(ring.makePicture(), pixelsPerPoint(state));

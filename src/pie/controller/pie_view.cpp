@@ -24,7 +24,7 @@ PieView::PieView(const Ports& ports, Point center, const RingLayout& layout, std
       highlight_(highlight),
       tracking_(ports.haptics, ports.pointer, layout, itemCount),
       animation_(animation),
-      fade_(itemCount, std::min(kFadeShare * animation.duration, kMaxFade)) {
+      fade_(ring_layers::isCrowded(itemCount) ? 0 : itemCount, std::min(kFadeShare * animation.duration, kMaxFade)) {
   panel_ = ports_.overlayPanels.makePanel(kPanelStyle, frame_, *this);
 }
 
@@ -75,6 +75,9 @@ void PieView::advanceFade(double seconds) {
 void PieView::showHighlight() {
   const auto highlighted = highlightedItem();
   const std::size_t itemCount = tracking_.itemCount();
+  if (ring_layers::isCrowded(itemCount)) {
+    panel_->setLayerState(ring_layers::kHighlight, ring_layers::titleState(highlighted));
+  }
   panel_->setLayerState(ring_layers::figure(itemCount), ring_layers::figureState(highlighted));
   panel_->setLayerState(ring_layers::title(itemCount), ring_layers::titleState(highlighted));
   if (!animationTimer_) advanceFade(kFrameInterval);

@@ -45,8 +45,19 @@ Path PieSectorShape::ring() const {
   return path;
 }
 
+Path PieSectorShape::plainWedge() const {
+  Path path;
+  path.moveTo(onCircle(center, outerRadius, startAngle));
+  path.arc(center, outerRadius, startAngle, endAngle);
+  path.lineTo(onCircle(center, innerRadius, endAngle));
+  path.arc(center, innerRadius, endAngle, startAngle);
+  path.close();
+  return path;
+}
+
 Path PieSectorShape::path() const {
   if (endAngle - startAngle >= 2 * kPi - 1e-9) return ring();
+  if (gap <= 0 && outerCornerRadius <= 0 && innerCornerRadius <= 0) return plainWedge();
   const double sine = sineOfHalf(startAngle, endAngle);
   const double back = halfGap();
   const double ringWidth = outerRadius - innerRadius;

@@ -19,11 +19,12 @@ struct PieSectorShape {
 
   /// Half of `gap`, less where the wedge is too narrow for it.
   double halfGap() const;
-  /// A wedge of a whole turn is a closed ring without gap and corners.
+  /// A wedge of a whole turn is a closed ring without gap and corners; one without either has four edges only.
   Path path() const;
 
  private:
   Path ring() const;
+  Path plainWedge() const;
 };
 
 }  // namespace rondora

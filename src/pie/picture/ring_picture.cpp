@@ -23,10 +23,15 @@ Picture makeRingPicture(const PieMenu& menu, const RingLayout& layout, const Rin
   Picture picture;
   picture.size = {2 * layout.halfSide(), 2 * layout.halfSide()};
   picture.anchor = layout.center();
-  picture.layers.reserve(contents.items.size() + 3);
-  picture.layers.push_back(ringGlassLayer(layout, glass, contents.items.size()));
+  picture.layers.reserve(ring_layers::title(contents.items.size()) + 1);
+  const bool isCrowded = ring_layers::isCrowded(contents.items.size());
+  picture.layers.push_back(ringGlassLayer(layout, glass, isCrowded ? 0 : contents.items.size()));
   const SectorPainter painter(menu, layout, glass);
-  for (std::size_t i = 0; i < contents.items.size(); ++i) {
+  if (isCrowded) {
+    painter.appendWedges(picture.layers.back().states.front(), contents.items);
+    picture.layers.push_back(painter.highlightLayer(contents.items));
+  }
+  for (std::size_t i = 0; i < contents.items.size() && !isCrowded; ++i) {
     const bool isDimmed = i < contents.dimmed.size() && contents.dimmed[i];
     picture.layers.push_back(painter.layer(i, contents.items[i], contents.titles[i], labelOf(contents, i), isDimmed));
   }

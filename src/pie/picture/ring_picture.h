@@ -11,7 +11,8 @@
 #include "pie/geometry/ring_layout.h"
 #include "pie/picture/hub_picture.h"
 
-// The ring as a picture: the glass, one layer per sector with two states, and the hub's figure and title.
+// The ring as a picture: the glass, one layer per sector with two states, and the hub's figure and title. A crowded
+// ring, whose sectors are too many to tell apart, has plain wedges in the glass and one layer for the highlight.
 
 namespace rondora {
 
@@ -28,16 +29,23 @@ struct RingContents {
 Picture makeRingPicture(const PieMenu& menu, const RingLayout& layout, const RingContents& contents);
 
 namespace ring_layers {
+/// A sector of a usual ring is then narrower than three points.
+inline constexpr std::size_t kMaxSectorLayers = 360;
+constexpr bool isCrowded(std::size_t itemCount) { return itemCount > kMaxSectorLayers; }
+
 inline constexpr std::size_t kBackdrop = 0;
+/// Not of a crowded ring.
 constexpr std::size_t sector(std::size_t index) { return index + 1; }
-constexpr std::size_t figure(std::size_t itemCount) { return itemCount + 1; }
-constexpr std::size_t title(std::size_t itemCount) { return itemCount + 2; }
+/// Of a crowded ring.
+inline constexpr std::size_t kHighlight = 1;
+constexpr std::size_t figure(std::size_t itemCount) { return isCrowded(itemCount) ? kHighlight + 1 : itemCount + 1; }
+constexpr std::size_t title(std::size_t itemCount) { return figure(itemCount) + 1; }
 
 inline constexpr double kNormal = 0;
 inline constexpr double kHighlighted = 1;
 /// The figure layer's state: alone, or above a title.
 constexpr double figureState(std::optional<std::size_t> highlighted) { return highlighted ? 1 : 0; }
-/// The title layer's state for the highlighted item; state 0 is empty.
+/// The state of the title layer, and of a crowded ring's highlight, for the highlighted item; state 0 is empty.
 constexpr double titleState(std::optional<std::size_t> highlighted) {
   return highlighted ? static_cast<double>(*highlighted) + 1 : 0;
 }

@@ -7,6 +7,7 @@
 #include "base/unicode.h"
 #include "icons/icon_reference.h"
 #include "model/appearance_fields.h"
+#include "pie/geometry/sector_geometry.h"
 #include "pie/picture/cat_figure.h"
 #include "pie/picture/legibility.h"
 #include "pie/picture/ring_glass.h"
@@ -21,6 +22,8 @@ constexpr Color kDarkGlass{0.16, 0.165, 0.18, 1};
 
 /// The colour that dimmed sectors fade to.
 constexpr Color kFaded{0.42, 0.43, 0.45, 1};
+
+constexpr double kMinHighlightWidth = 3;  // points, at the rim
 
 double luminance(Color color) { return 0.2126 * color.red + 0.7152 * color.green + 0.0722 * color.blue; }
 
@@ -67,6 +70,40 @@ PictureLayer SectorPainter::layer(std::size_t index, const PieMenuItem& item, co
     layer.states.push_back(std::move(list));
   }
   layer.bounds = boundsOf(layer.states);
+  return layer;
+}
+
+PieSectorShape SectorPainter::wedge(std::size_t index, double growth) const {
+  PieSectorShape shape = sectorShape(layout_, index, growth, 0);
+  shape.gap = shape.outerCornerRadius = shape.innerCornerRadius = 0;
+  return shape;
+}
+
+void SectorPainter::appendWedges(DisplayList& list, const std::vector<PieMenuItem>& items) const {
+  const std::size_t step = (items.size() + kMaxWedges - 1) / kMaxWedges;
+  for (std::size_t i = 0; i < items.size(); i += step) {
+    const Colors colored = colors(items[i], Look::normal);
+    PieSectorShape shape = wedge(i, 0);
+    shape.endAngle = layout_.sectorEnd(std::min(i + step, items.size()) - 1);
+    list.push_back(FillCommand{shape.path(), acrossRing(layout_, layout_.outerRadius, colored.atHub, colored.atRim)});
+  }
+}
+
+PictureLayer SectorPainter::highlightLayer(const std::vector<PieMenuItem>& items) const {
+  const double growth = layout_.highlightGrowth();
+  const double halfWidth =
+      std::max(sectorWidth(layout_.sectorCount), kMinHighlightWidth / layout_.outerRadius) / 2;  // radians
+  PictureLayer layer{squareAround(layout_.center(), layout_.halfSide()), {}};
+  layer.states.reserve(items.size() + 1);
+  layer.states.emplace_back();
+  for (std::size_t i = 0; i < items.size(); ++i) {
+    const Colors colored = colors(items[i], Look::highlighted);
+    PieSectorShape shape = wedge(i, growth);
+    shape.startAngle = layout_.sectorMiddle(i) - halfWidth;
+    shape.endAngle = layout_.sectorMiddle(i) + halfWidth;
+    layer.states.emplace_back().push_back(
+        FillCommand{shape.path(), acrossRing(layout_, layout_.outerRadius + growth, colored.atHub, colored.atRim)});
+  }
   return layer;
 }
 

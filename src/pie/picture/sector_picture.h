@@ -3,10 +3,12 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "base/color.h"
 #include "base/display_list.h"
 #include "model/pie_menu.h"
+#include "pie/geometry/pie_sector_shape.h"
 #include "pie/geometry/ring_layout.h"
 #include "pie/picture/glass_style.h"
 #include "pie/picture/sector_contents.h"
@@ -23,6 +25,12 @@ class SectorPainter {
   PictureLayer layer(std::size_t index, const PieMenuItem& item, const std::string& title,
                      const std::optional<std::string>& label, bool isDimmed) const;
 
+  /// The sectors of a crowded ring as plain wedges, without gap, icon and label. At most kMaxWedges: neighbours that
+  /// share one have the colour of the first.
+  void appendWedges(DisplayList& list, const std::vector<PieMenuItem>& items) const;
+  /// The highlight of a crowded ring, wide enough to be seen. State 0 is empty, then one state per item.
+  PictureLayer highlightLayer(const std::vector<PieMenuItem>& items) const;
+
  private:
   enum class Look { normal, highlighted };
   /// The colours of one sector in one look.
@@ -36,6 +44,9 @@ class SectorPainter {
     double labelOpacity = 1;
   };
 
+  static constexpr std::size_t kMaxWedges = 1024;
+
+  PieSectorShape wedge(std::size_t index, double growth) const;
   Colors colors(const PieMenuItem& item, Look look, bool isDimmed = false) const;
   void appendBody(DisplayList& list, std::size_t index, const Colors& colors, Look look) const;
   void appendPaw(DisplayList& list, std::size_t index, const Colors& colors) const;

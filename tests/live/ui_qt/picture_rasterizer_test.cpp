@@ -213,6 +213,21 @@ TEST_P(PictureRasterizerTest, CachedPicturesEqualNewOnesOverEverySnapshot) {
   }
 }
 
+TEST_P(PictureRasterizerTest, TextsOfVeryManyStatesAreAllDrawn) {
+  PictureLayer titles{{{0, 0}, {kSide, kSide}}, {{}}};
+  for (int i = 1; i <= 500; ++i) {
+    titles.states.push_back(
+        {TextCommand{std::to_string(i), titles.bounds, 40, FontWeight::bold, TextAlignment::center, 1, {1, 1, 1, 1}}});
+  }
+  const auto all = prepare({{kSide, kSide}, kCentre, {titles}});
+  for (const std::size_t shown : {std::size_t{500}, std::size_t{1}}) {
+    const auto single = prepare({{kSide, kSide}, kCentre, {{titles.bounds, {titles.states[shown]}}}});
+    const Canvas expected = paintedWhole(*single, {0});
+    EXPECT_GT(std::count(expected.pixels.begin(), expected.pixels.end(), 0xFFFFFFFFU), 10);
+    expectSame(paintedWhole(*all, {static_cast<double>(shown)}), expected, 2);
+  }
+}
+
 TEST_P(PictureRasterizerTest, SnapshotIsFreedAfterTheShowing) {
   const auto bytesInUse = [] {
     const auto heap = mallinfo2();

@@ -226,6 +226,19 @@ TEST_F(OverlayTest, SectorsFollowIndexThenListOrder) {
   EXPECT_EQ(order, (Words{"<1>", "<3>", "<0>", "<2>"}));
 }
 
+TEST_F(OverlayTest, CrowdedRingHighlightsAndNamesTheSectorUnderThePointer) {
+  menu.items = makeItems(3000);
+  show();
+  moveBy(-0.1, 100);
+  const auto& states = panel().layerStates;
+  ASSERT_EQ(states.size(), 4U);
+  EXPECT_EQ(states[ring_layers::kHighlight], 1501);
+  EXPECT_EQ(states[ring_layers::title(3000)], 1501);
+  const Rect lit = boundsOf({panel().picture.layers[ring_layers::kHighlight].states[1501]});
+  EXPECT_GE(lit.size.width, 3);
+  EXPECT_LT(lit.size.width, 6);
+}
+
 TEST_F(OverlayTest, OpeningAnimationEnds) {
   menu.animationDuration = 0.2;
   show();

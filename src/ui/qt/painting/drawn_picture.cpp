@@ -87,8 +87,10 @@ bool DrawnPicture::adopt(Picture& picture, double pixelsPerPoint, IconImages& ic
 }
 
 std::size_t DrawnPicture::byteCount() const {
-  constexpr std::size_t kBytesPerLayer = 8192;
-  return layers_.size() * kBytesPerLayer + (prerendered_ ? prerendered_->byteCount() : 0);
+  constexpr std::size_t kBytesPerState = 4096;
+  std::size_t states = 0;
+  for (const PictureLayer& layer : picture_.layers) states += layer.states.size();
+  return states * kBytesPerState + (prerendered_ ? prerendered_->byteCount() : 0);
 }
 
 /// The distinct backdrops of the picture.
@@ -173,6 +175,7 @@ void DrawnPicture::useBackdrops() {
 
 void DrawnPicture::paint(std::span<const double> states, const PictureView& view, PixelBuffer target) {
   if (showPrerendered(states, view, target)) return;
+  for (std::size_t i = 0; i < std::min(layers_.size(), states.size()); ++i) layers_[i].layOutTexts(states[i]);
   beginComposing();
   const auto paint = [&] {
     compose(states);

@@ -14,6 +14,8 @@ namespace {
 
 constexpr double kMaxIconSide = 8192;
 constexpr int kMaxHaloSide = 2048;
+/// The titles of a usual ring are all laid out when it opens.
+constexpr std::size_t kMaxStatesLaidOut = 100;
 
 PixelBuffer buffer(QImage& image) {
   return {reinterpret_cast<std::uint32_t*>(image.bits()), image.width(), image.height(),
@@ -25,9 +27,30 @@ QImage iconImage(const IconCommand& command, double scale, IconImages& icons) {
   return icons.image(command, static_cast<int>(std::lround(std::min({rect.width(), rect.height(), kMaxIconSide}))));
 }
 
+PreparedCommand haloed(const TextCommand& command, double scale) {
+  const int reach = std::max(1, static_cast<int>(std::lround(command.halo->width * scale)));
+  const QRect area = toPixelRect(command.rect, scale).adjusted(-reach, -reach, reach, reach);
+  QImage letters(area.size().boundedTo({kMaxHaloSide, kMaxHaloSide}), QImage::Format_ARGB32_Premultiplied);
+  letters.fill(Qt::transparent);
+  QPainter painter(&letters);
+  painter.translate(-area.topLeft());
+  TextCommand opaque = command;
+  opaque.color.alpha = 1;
+  PreparedText(opaque, scale).paint(painter);
+  painter.end();
+  drawWithHalo(buffer(letters), command.color, command.halo->color, reach);
+  return PreparedIcon{std::move(letters), area.topLeft()};
+}
+
+PreparedCommand laidOut(const TextCommand& command, double scale) {
+  if (command.halo) return haloed(command, scale);
+  return std::make_unique<PreparedText>(command, scale);
+}
+
 struct CommandPreparer {
   IconImages& icons;
   double scale;
+  bool leavesTexts = false;
 
   PreparedCommand operator()(const FillCommand& command) const {
     const auto* backdrop = std::get_if<BackdropPaint>(&command.paint);
@@ -45,22 +68,8 @@ struct CommandPreparer {
     return PreparedIcon{std::move(image), corner.toPoint()};
   }
   PreparedCommand operator()(const TextCommand& command) const {
-    if (command.halo) return haloed(command);
-    return std::make_unique<PreparedText>(command, scale);
-  }
-  PreparedCommand haloed(const TextCommand& command) const {
-    const int reach = std::max(1, static_cast<int>(std::lround(command.halo->width * scale)));
-    const QRect area = toPixelRect(command.rect, scale).adjusted(-reach, -reach, reach, reach);
-    QImage letters(area.size().boundedTo({kMaxHaloSide, kMaxHaloSide}), QImage::Format_ARGB32_Premultiplied);
-    letters.fill(Qt::transparent);
-    QPainter painter(&letters);
-    painter.translate(-area.topLeft());
-    TextCommand opaque = command;
-    opaque.color.alpha = 1;
-    PreparedText(opaque, scale).paint(painter);
-    painter.end();
-    drawWithHalo(buffer(letters), command.color, command.halo->color, reach);
-    return PreparedIcon{std::move(letters), area.topLeft()};
+    if (leavesTexts) return std::make_unique<PendingText>(PendingText{command, scale});
+    return laidOut(command, scale);
   }
 };
 
@@ -82,6 +91,7 @@ struct CommandPainter {
     if (!icon.image.isNull()) painter.drawImage(icon.position, icon.image);
   }
   void operator()(const std::unique_ptr<PreparedText>& text) const { text->paint(painter); }
+  void operator()(const std::unique_ptr<PendingText>&) const {}
 };
 
 void paint(QPainter& painter, const std::vector<PreparedCommand>& commands) {
@@ -92,10 +102,11 @@ void paint(QPainter& painter, const std::vector<PreparedCommand>& commands) {
 }  // namespace
 
 PreparedLayer::PreparedLayer(const PictureLayer& layer, double pixelsPerPoint, IconImages& icons, QSize pictureSize)
-    : bounds_(toPixelRect(layer.bounds, pixelsPerPoint) & QRect({0, 0}, pictureSize)) {
-  const CommandPreparer preparer{icons, pixelsPerPoint};
+    : bounds_(toPixelRect(layer.bounds, pixelsPerPoint) & QRect({0, 0}, pictureSize)),
+      leavesTexts_(layer.states.size() > kMaxStatesLaidOut) {
   states_.reserve(layer.states.size());
   for (const DisplayList& state : layer.states) {
+    const CommandPreparer preparer{icons, pixelsPerPoint, leavesTexts_ && !states_.empty()};
     auto& commands = states_.emplace_back();
     commands.reserve(state.size());
     for (const DisplayCommand& command : state) commands.push_back(std::visit(preparer, command));
@@ -131,6 +142,17 @@ void PreparedLayer::setBackdrop(const std::function<QBrush(const BackdropPaint&)
     for (PreparedCommand& command : commands) {
       auto* fill = std::get_if<PreparedFill>(&command);
       if (fill != nullptr && fill->backdrop) fill->brush = backdropFor(*fill->backdrop);
+    }
+  }
+}
+
+void PreparedLayer::layOutTexts(double state) {
+  if (!leavesTexts_ || state <= 0) return;
+  for (const double near : {std::floor(state), std::ceil(state)}) {
+    if (!(near < static_cast<double>(states_.size()))) return;
+    for (PreparedCommand& command : states_[static_cast<std::size_t>(near)]) {
+      const auto* pending = std::get_if<std::unique_ptr<PendingText>>(&command);
+      if (pending != nullptr) command = laidOut((*pending)->command, (*pending)->scale);
     }
   }
 }

@@ -36,10 +36,17 @@ struct PreparedIcon {
   QImage image;
   QPoint position;
 };
-using PreparedCommand = std::variant<PreparedFill, PreparedStroke, PreparedIcon, std::unique_ptr<PreparedText>>;
+/// A text that is laid out when it is first shown.
+struct PendingText {
+  TextCommand command;
+  double scale = 1;
+};
+using PreparedCommand = std::variant<PreparedFill, PreparedStroke, PreparedIcon, std::unique_ptr<PreparedText>,
+                                     std::unique_ptr<PendingText>>;
 
 /// One layer of a picture at one scale. Caches the pixels of its two latest states at their first use, so that
-/// switching between them only copies. All lengths are pixels.
+/// switching between them only copies. Of a layer with very many states, the texts of all but the first are laid out
+/// when `layOutTexts` asks for them. All lengths are pixels.
 class PreparedLayer {
  public:
   PreparedLayer(const PictureLayer& layer, double pixelsPerPoint, IconImages& icons, QSize pictureSize);
@@ -52,6 +59,8 @@ class PreparedLayer {
   bool hasIconsOf(const PictureLayer& layer, double pixelsPerPoint, IconImages& icons) const;
   /// Prepares the icons of the same layer again. False when none is another one.
   bool refreshIcons(const PictureLayer& layer, double pixelsPerPoint, IconImages& icons);
+  /// Lays out the pending texts of a state. Main thread.
+  void layOutTexts(double state);
   /// Allocates the pixels that `draw` caches; `freePixels` frees them.
   void allocatePixels();
   void freePixels() { cached_ = {}; }
@@ -71,6 +80,7 @@ class PreparedLayer {
   void render(QImage& image, std::size_t state) const;
 
   QRect bounds_;
+  bool leavesTexts_;
   std::vector<std::vector<PreparedCommand>> states_;
   std::array<Pixels, 2> cached_;  // even and odd states
 };

@@ -15,7 +15,7 @@ namespace {
 constexpr std::size_t kMaxKeptBytes = 16 << 20;
 constexpr std::ptrdiff_t kMaxKept = 32;
 /// A larger picture would displace too many others.
-constexpr std::size_t kMaxPrerenderedBytes = kMaxKeptBytes / 2;
+constexpr std::size_t kMaxBytesOfOne = kMaxKeptBytes / 2;
 
 /// One showing of a picture.
 class QtPreparedPicture : public PreparedPicture {
@@ -71,7 +71,7 @@ std::unique_ptr<PreparedPicture> QtPictureRasterizer::prepare(Picture picture, d
 void QtPictureRasterizer::prerender(Picture picture, double pixelsPerPoint) {
   auto kept = keptPicture([&](DrawnPicture& each) { return each.isOf(picture, pixelsPerPoint, icons_); });
   if (!kept) kept = newPicture(std::move(picture), pixelsPerPoint);
-  if (kept->prerenderedByteCount() > kMaxPrerenderedBytes) return;
+  if (kept->prerenderedByteCount() > kMaxBytesOfOne) return;
   kept->prerender();
   keepFew();
 }
@@ -88,6 +88,7 @@ std::shared_ptr<DrawnPicture> QtPictureRasterizer::keptPicture(const std::functi
 
 std::shared_ptr<DrawnPicture> QtPictureRasterizer::newPicture(Picture picture, double pixelsPerPoint) {
   auto made = std::make_shared<DrawnPicture>(std::move(picture), pixelsPerPoint, icons_);
+  if (made->byteCount() > kMaxBytesOfOne) return made;
   kept_.push_back(made);
   keepFew();
   return made;
