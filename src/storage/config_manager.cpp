@@ -191,7 +191,7 @@ FileError ConfigManager::keepUnkept() {
   const bool isEdited = document.cause == KeptDocument::Cause::edited;
   document.file = freeBackupPath(isEdited ? kEditedPrefix : kBrokenPrefix).string();
   const FileError copyError = services_.files.copy(configURL_, document.file);
-  if (const FileError error = tryToKeep(document, copyError)) return error;
+  if (FileError error = tryToKeep(document, copyError)) return error;
   unkept_.reset();
   known_ = fingerprint(services_.files.read(configURL_));
   services_.log.error((isEdited ? "config edited by hand, kept: " : "config unreadable, backup saved: ") +
@@ -208,7 +208,7 @@ FileError ConfigManager::tryToKeep(KeptDocument& document, const FileError& copy
 
 /// A document that cannot be kept is not overwritten before it can.
 FileError ConfigManager::keep(KeptDocument document, const FileError& copyError) {
-  const FileError error = tryToKeep(document, copyError);
+  FileError error = tryToKeep(document, copyError);
   if (error) {
     document.keeping = KeptDocument::Keeping::failed;
     document.file = configURL_.string();

@@ -114,6 +114,10 @@ TEST_F(TrayTest, FollowsTraysThatAppearAndVanish) {
     EXPECT_TRUE(waitForSettings()) << "button " << int(button);
     closeWindows();
   }
+  const auto isNoticed = [&] {
+    return readFile(RunningProgram::defaults(desktop_)).find("ForHiddenStatusItem=false") != std::string::npos;
+  };
+  ASSERT_TRUE(waitUntil(isNoticed)) << "the settings would open at the next start without a tray";
   tray.reset();
   EXPECT_TRUE(waitUntil([&] { return linesAboutTheItem() == lines + 1; }));
   tray = desktop_.startTray();
