@@ -232,6 +232,7 @@ TEST(RingLookTest, IconsThatVanishOnTheirSectorGetThePlateThatShowsThem) {
     return plateFor(std::vector<Color>(20, outline), backgrounds).value_or(Color{1, 0, 0, 0});
   };
   EXPECT_EQ(plate({1, 1, 1, 1}, blue).alpha, 0) << "distinct";
+  EXPECT_EQ(plate({0.5, 0.75, 1, 1}, yellow).alpha, 0) << "as light, of another colour";
   EXPECT_GT(lightness(plate({0.3, 0.45, 0.75, 1}, blue)), 10) << "blue on blue";
   EXPECT_GT(lightness(plate({0.1, 0.1, 0.1, 1}, blue)), 10) << "black on dark blue";
   EXPECT_LT(lightness(plate({1, 1, 0.9, 1}, yellow)), 3) << "white, on the highlighted sector";
