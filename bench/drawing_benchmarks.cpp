@@ -51,9 +51,10 @@ struct Ring {
   explicit Ring(std::size_t count = std::size(kIcons)) : menu(menuOf(count)) {}
 
   Picture makePicture() const { return makeRingPicture(menu, layout, {menu.items, titles, labels}); }
-  /// A picture that is not in the cache.
+  /// A picture of which no kept one shows the first frame.
   Picture makeNewPicture() {
-    titles.front() = "Title " + std::to_string(++pictures);
+    menu.rotationDegrees = 1e-6 * ++pictures;
+    layout = RingLayout::make(menu, menu.rotationDegrees, menu.items.size(), 2000);
     return makePicture();
   }
 
