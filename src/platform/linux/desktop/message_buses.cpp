@@ -3,14 +3,17 @@
 #include <poll.h>
 #include <sys/socket.h>
 #include <sys/un.h>
+#include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <charconv>
 #include <cstddef>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <string>
 #include <string_view>
 #include <system_error>
 #include <utility>
@@ -24,8 +27,7 @@ namespace {
 constexpr const char* kSystemBus = "unix:path=/var/run/dbus/system_bus_socket";
 /// No socket: a connection is refused at once.
 constexpr const char* kNoBus = "unix:path=/dev/null";
-/// The credentials byte and a request that every server answers (the authentication protocol of D-Bus).
-constexpr std::string_view kGreeting{"\0AUTH\r\n", 7};
+constexpr std::size_t kAlignment = 8;  // of a message's header and of each of its fields
 
 using Variables = std::map<std::string, std::optional<std::string>>;
 
@@ -92,6 +94,56 @@ FileDescriptor connectTo(const std::string& name, bool& isRefused) {
   return {};
 }
 
+/// The beginning of the authentication protocol: the credentials byte and the user's number, in hexadecimal digits of
+/// its decimal ones.
+std::string authentication() {
+  std::string text("\0AUTH EXTERNAL ", 15);
+  for (const char digit : std::to_string(::getuid())) text += {'3', digit};  // as ASCII
+  return text + "\r\n";
+}
+
+void appendNumber(std::string& bytes, std::size_t number) {
+  for (int shift = 0; shift < 32; shift += 8) bytes += static_cast<char>(number >> shift & 0xFF);
+}
+
+void align(std::string& bytes) { bytes.resize((bytes.size() + kAlignment - 1) / kAlignment * kAlignment); }
+
+/// A header field: its code, and a string of this type.
+void appendField(std::string& fields, char code, char type, std::string_view value) {
+  align(fields);
+  fields += {code, 1, type, 0};
+  appendNumber(fields, value.size());
+  fields.append(value) += '\0';
+}
+
+/// The end of the authentication and the first call of each client, which the bus answers with the client's name.
+std::string hello() {
+  std::string fields;
+  appendField(fields, 1, 'o', "/org/freedesktop/DBus");
+  appendField(fields, 6, 's', "org.freedesktop.DBus");
+  appendField(fields, 2, 's', "org.freedesktop.DBus");
+  appendField(fields, 3, 's', "Hello");
+  std::string message{'l', 1, 0, 1};  // little-endian, a call, no flags, version
+  appendNumber(message, 0);           // length of the body
+  appendNumber(message, 1);           // serial number
+  appendNumber(message, fields.size());
+  message += fields;
+  align(message);
+  return "BEGIN\r\n" + message;
+}
+
+enum class Answer { none, some, accepted };
+
+/// Sends the text and waits for the beginning of an answer. A closed connection is an answer, too.
+Answer ask(const FileDescriptor& connection, const std::string& text, std::chrono::milliseconds limit) {
+  if (::send(connection.get(), text.data(), text.size(), MSG_NOSIGNAL) < 0) return Answer::some;
+  pollfd readable{connection.get(), POLLIN, 0};
+  if (::poll(&readable, 1, static_cast<int>(limit.count())) != 1) return Answer::none;
+  std::array<char, 256> answer{};
+  const ssize_t length = ::read(connection.get(), answer.data(), answer.size());
+  return length >= 2 && answer[0] == 'O' && answer[1] == 'K' ? Answer::accepted : Answer::some;
+}
+
 }  // namespace
 
 bool doesBusAnswer(MessageBus bus, const ProcessEnvironment& environment, std::chrono::milliseconds limit) {
@@ -100,9 +152,11 @@ bool doesBusAnswer(MessageBus bus, const ProcessEnvironment& environment, std::c
   bool isRefused = false;
   const FileDescriptor connection = connectTo(*name, isRefused);
   if (!connection.isOpen()) return isRefused;
-  if (::send(connection.get(), kGreeting.data(), kGreeting.size(), MSG_NOSIGNAL) < 0) return true;
-  pollfd readable{connection.get(), POLLIN, 0};
-  return ::poll(&readable, 1, static_cast<int>(limit.count())) == 1;
+  const auto deadline = std::chrono::steady_clock::now() + limit;
+  const Answer answer = ask(connection, authentication(), limit);
+  if (answer != Answer::accepted) return answer == Answer::some;
+  const auto rest = std::chrono::duration_cast<std::chrono::milliseconds>(deadline - std::chrono::steady_clock::now());
+  return ask(connection, hello(), std::max(rest, rest.zero())) != Answer::none;
 }
 
 void hideBus(MessageBus bus) {

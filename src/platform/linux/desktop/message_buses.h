@@ -14,9 +14,8 @@ enum class MessageBus { session, system };
 /// A bus that works answers much sooner.
 inline constexpr std::chrono::seconds kMaxBusSilence{2};
 
-/// Whether the bus begins to authenticate a client within `limit`. True also when it refuses at once, and for an
-/// address that only the libraries can judge: without one for the session they may start a bus. Blocks for `limit` at
-/// most; any thread.
+/// Whether the bus lets a client in within `limit`. True also when it refuses at once, and for an address that only the
+/// libraries can judge: without one for the session they may start a bus. Blocks for `limit` at most; any thread.
 bool doesBusAnswer(MessageBus bus, const ProcessEnvironment& environment, std::chrono::milliseconds limit);
 
 /// From now on the libraries find no such bus in this process: they would wait for a bus that hangs. Launched
