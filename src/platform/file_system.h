@@ -39,8 +39,8 @@ class FileSystem {
   /// wait for the disk: after a crash of the machine the file may be older, empty or missing. Otherwise as
   /// `replaceDurably`.
   virtual FileError replaceCached(const std::filesystem::path& path, std::string_view bytes) = 0;
-  /// Removes the temporary files and copies that writes of a killed process left directly in the folder. No other
-  /// process of the program may be writing there.
+  /// Removes the temporary files and copies that writes of a killed process left directly in the folder, or beside a
+  /// file that a link in it leads to. No other process of the program may be writing there.
   virtual void removeTemporaries(const std::filesystem::path& folder) = 0;
   /// Copies a file or a folder tree. The copy appears atomically; a copied file is on disk when this returns, with mode
   /// 0600. Follows a symbolic link. Fails when the destination exists.

@@ -178,6 +178,22 @@ FileError replace(const fs::path& path, std::string_view bytes, Durability durab
   return temporary.moveTo(target);
 }
 
+std::vector<fs::path> entriesOf(const fs::path& folder) {
+  std::error_code error;
+  std::vector<fs::path> found;
+  for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+    found.push_back(entry->path());
+  }
+  return found;
+}
+
+void removeTemporary(const fs::path& path) {
+  if (!isTemporaryName(path.filename().string())) return;
+  std::error_code error;
+  const fs::file_status status = fs::symlink_status(path, error);
+  if (fs::is_regular_file(status) || fs::is_directory(status)) fs::remove_all(path, error);
+}
+
 }  // namespace
 
 std::string describe(const char* what, const fs::path& path, int error) {
@@ -197,14 +213,12 @@ FileError replaceCacheFile(const fs::path& path, std::string_view bytes) {
 }
 
 void removeTemporariesIn(const fs::path& folder) {
-  std::error_code error;
-  std::vector<fs::path> found;
-  for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
-    if (isTemporaryName(entry->path().filename().string())) found.push_back(entry->path());
-  }
-  for (const fs::path& path : found) {
-    const fs::file_status status = fs::symlink_status(path, error);
-    if (fs::is_regular_file(status) || fs::is_directory(status)) fs::remove_all(path, error);
+  for (const fs::path& path : entriesOf(folder)) {
+    removeTemporary(path);
+    std::error_code error;
+    if (!fs::is_symlink(fs::symlink_status(path, error))) continue;
+    // A linked file is replaced where it lies.
+    for (const fs::path& other : entriesOf(fs::canonical(path, error).parent_path())) removeTemporary(other);
   }
 }
 
