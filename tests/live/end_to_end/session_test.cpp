@@ -62,6 +62,26 @@ TEST_F(SessionTest, EditByHandIsKeptAtTheNextSaveAndCanBeImported) {
   EXPECT_TRUE(waitUntil([&] { return readFile(file).find("Edited 1") != std::string::npos; })) << readFile(file);
 }
 
+TEST_F(SessionTest, DocumentThatMayNotBeReadIsKept) {
+  const std::string old = document({menu("Old", kControlAltSpace, snippetItems("Old", 4))}).dump();
+  // Without the privilege that lets root read every file.
+  program_.emplace(desktop_, client_, old, Introduction::seen,
+                   std::vector<std::string>{"sh", "-c",
+                                            R"sh(chmod 000 "$XDG_CONFIG_HOME/Rondora/config.json"
+                                            drop=--bounding-set=-dac_override,-dac_read_search
+                                            [ "$(id -u)" -ne 0 ] || exec setpriv "$drop" "$0"
+                                            exec "$0")sh",
+                                            RunningProgram::file()});
+  EXPECT_TRUE(waitForSettings()) << "they tell of it";
+  std::vector<std::string> kept;
+  for (const auto& entry : std::filesystem::directory_iterator(RunningProgram::document(desktop_).parent_path())) {
+    if (!entry.path().filename().string().starts_with("config.broken-")) continue;
+    std::filesystem::permissions(entry.path(), std::filesystem::perms::owner_read);
+    kept.push_back(readFile(entry.path()));
+  }
+  EXPECT_EQ(kept, std::vector{old});
+}
+
 TEST_F(SessionTest, ProgramsThatOwnKeysCanOpenMenus) {
   const Document other = menu("Other", {}, snippetItems("Other", 4), -45);
   start(document({menu("Main", kControlAltSpace, snippetItems("Main", 4)), other}));
