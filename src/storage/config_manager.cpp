@@ -140,10 +140,10 @@ void ConfigManager::writeLocal(const PieConfiguration& configuration) {
   const auto encoded = encodeConfiguration(configuration);
   const auto* bytes = std::get_if<std::string>(&encoded);
   if (bytes == nullptr) writeProblem_ = std::get<CodingError>(encoded).description;
-  const bool isWritten = !writeProblem_;
-  if (isWritten) writeProblem_ = services_.files.replaceDurably(configURL_, *bytes);
+  const bool mayWrite = !writeProblem_;
+  if (mayWrite) writeProblem_ = services_.files.replaceDurably(configURL_, *bytes);
   if (writeProblem_) services_.log.error("writeLocal failed: " + *writeProblem_);
-  if (isWritten) (writeProblem_ ? attempted_ : known_) = fingerprint(*bytes);
+  if (mayWrite) (writeProblem_ ? attempted_ : known_) = fingerprint(*bytes);
 }
 
 void ConfigManager::writeAgain() {
