@@ -29,6 +29,9 @@ AppDelegate::AppDelegate(const Services& services)
                  .clock = services.clock,
                  .log = services.log,
                  .hotkeyService = services.hotkeyService,
+                 .eventTaps = services.eventTaps,
+                 .secureInput = services.secureInput,
+                 .nativeAppSwitcher = services.nativeAppSwitcher,
                  .config = services.config,
                  .switchboard = services.switchboard}) {
   statusMenu_ = std::make_unique<StatusMenu>(
@@ -93,7 +96,7 @@ void AppDelegate::presentFirstWindows() {
 void AppDelegate::applicationWillTerminate() {
   ringPrerenderer_.reset();
   triggers_.tearDown();
-  if (services_.restoreNativeAppSwitcher) services_.restoreNativeAppSwitcher();
+  services_.nativeAppSwitcher.restore();
 }
 
 bool AppDelegate::applicationShouldHandleReopen(bool /*hasVisibleWindows*/) {

@@ -15,10 +15,12 @@
 #include "base/notification_center.h"
 #include "base/observable.h"
 #include "base/weak_self.h"
+#include "input/hotkeys/native_app_switcher.h"
 #include "localization/localization_store.h"
 #include "permissions/permissions_snapshot.h"
 #include "platform/application_shell.h"
 #include "platform/clock.h"
+#include "platform/event_taps.h"
 #include "platform/hotkey_service.h"
 #include "platform/instance_channel.h"
 #include "platform/log.h"
@@ -26,6 +28,7 @@
 #include "platform/permission_service.h"
 #include "platform/process_environment.h"
 #include "platform/screens.h"
+#include "platform/secure_input.h"
 #include "platform/status_item.h"
 #include "platform/user_defaults.h"
 #include "platform/windows.h"
@@ -48,6 +51,8 @@ class AppDelegate {
     Workspace& workspace;
     Screens& screens;
     HotkeyService& hotkeyService;
+    EventTaps& eventTaps;
+    SecureInput& secureInput;
     StatusBar& statusBar;
     Windows& windows;
     ApplicationShell& shell;
@@ -59,11 +64,10 @@ class AppDelegate {
     const CurrentValue<PermissionsSnapshot>& permissions;
     RunningAppsActivationHistory& activationHistory;
     MenuSwitchboard& switchboard;
+    NativeAppSwitcher& nativeAppSwitcher;
 
     /// The menus that their hotkeys open, a line for each.
     std::function<std::string()> workingHotkeys;
-    /// May be empty.
-    std::function<void()> restoreNativeAppSwitcher;
     /// Called with the reason why the user cannot see the status item, nothing when it is visible, once one of them is
     /// known and at each evaluation after that.
     std::function<void(const std::optional<std::string>&)> publishStatusItemProblem;

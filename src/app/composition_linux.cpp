@@ -88,6 +88,7 @@ struct CompositionLinux::Running {
   desktop::InstalledApplications installed{presence.environment, watchReadable};
   desktop::InputTrackpads trackpads;
   desktop::NoHaptics haptics;
+  desktop::NoEventTaps eventTaps;
   desktop::NoSpaceShortcuts spaceShortcuts;
   QtMainQueue mainQueue;
   QtApplicationShell shell;
@@ -128,6 +129,9 @@ Platform CompositionLinux::Running::platform() {
       .network = network,
       .pictureDecoder = pictureDecoder,
       .hotkeyService = display.hotkeys,
+      .eventTaps = eventTaps,
+      .secureInput = eventTaps,
+      .symbolicHotKeySwitch = eventTaps,
       .eventMonitors = display.eventMonitors,
       .keyEvents = display.keyPoster,
       .pointer = display.pointer,
@@ -159,7 +163,6 @@ Platform CompositionLinux::Running::platform() {
             installed.warmUp();
             rasterizer.warmUp();
           },
-      .restoreNativeAppSwitcher = {},
       .handOverClipboard = [this] { x11::handOverClipboard(display.connection, handleEventsUntil); },
       .modifierNames = kPcModifierNames,
       .pasteKeys = "Ctrl+V"};

@@ -8,7 +8,7 @@ namespace {
 bool isRegistered(const PieMenu& menu, const HotkeyManager& hotkeys) {
   if (hotkeys.liveRegistration(menu.hotkey.keyCode, menu.hotkey.carbonModifiers) != nullptr) return true;
   const HotkeyHIDTap* tap = hotkeys.hidTap();
-  return tap != nullptr && tap->deliversKeyEvents() && HotkeyHIDTap::serves(menu.hotkey);
+  return tap != nullptr && tap->delivers(menu.hotkey);
 }
 
 TriggerReply replyFor(const PieMenu& menu) {

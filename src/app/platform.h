@@ -12,6 +12,7 @@
 #include "platform/application_shell.h"
 #include "platform/clock.h"
 #include "platform/event_monitors.h"
+#include "platform/event_taps.h"
 #include "platform/file_system.h"
 #include "platform/front_process.h"
 #include "platform/haptics.h"
@@ -28,10 +29,12 @@
 #include "platform/process_environment.h"
 #include "platform/random_source.h"
 #include "platform/screens.h"
+#include "platform/secure_input.h"
 #include "platform/serial_queue.h"
 #include "platform/session_events.h"
 #include "platform/spaces.h"
 #include "platform/status_item.h"
+#include "platform/symbolic_hot_key_switch.h"
 #include "platform/symbolic_hot_keys.h"
 #include "platform/trackpads.h"
 #include "platform/user_defaults.h"
@@ -55,6 +58,9 @@ struct Platform {
   PictureDecoder& pictureDecoder;
 
   HotkeyService& hotkeyService;
+  EventTaps& eventTaps;
+  SecureInput& secureInput;
+  SymbolicHotKeySwitch& symbolicHotKeySwitch;
   EventMonitors& eventMonitors;
   KeyEventPoster& keyEvents;
   Pointer& pointer;
@@ -87,8 +93,6 @@ struct Platform {
   std::function<Subscription(std::function<void()>)> onInstalledApplicationsChanged;
   /// Loads what the first ring would otherwise wait for; called once, on a turn after the launch.
   std::function<void()> warmUp;
-  /// Gives its keys back to the system's application switcher.
-  std::function<void()> restoreNativeAppSwitcher;
   /// Hands the clipboard's content to the system when the program ends.
   std::function<void()> handOverClipboard;
 

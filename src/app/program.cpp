@@ -28,6 +28,7 @@ Program::Program(const Platform& platform)
                          [this] { return favicons_.problem(); }}),
       pieMenuWindow_(ringPorts(), ringEnvironment()),
       switchboard_(switchboardServices()),
+      nativeAppSwitcher_(platform.symbolicHotKeySwitch),
       delegate_(delegateServices()),
       settingsRequests_(platform.mainQueue) {
   if (platform_.useInterfaceLanguage) {
@@ -129,6 +130,8 @@ AppDelegate::Services Program::delegateServices() {
           .workspace = platform_.workspace,
           .screens = platform_.screens,
           .hotkeyService = platform_.hotkeyService,
+          .eventTaps = platform_.eventTaps,
+          .secureInput = platform_.secureInput,
           .statusBar = platform_.statusBar,
           .windows = platform_.windows,
           .shell = platform_.shell,
@@ -139,8 +142,8 @@ AppDelegate::Services Program::delegateServices() {
           .permissions = permissions_.snapshot(),
           .activationHistory = activationHistory_,
           .switchboard = switchboard_,
+          .nativeAppSwitcher = nativeAppSwitcher_,
           .workingHotkeys = [this] { return workingHotkeys(menuListings()); },
-          .restoreNativeAppSwitcher = platform_.restoreNativeAppSwitcher,
           .publishStatusItemProblem = [this](const auto& problem) { statusItemEvaluated(problem); }};
 }
 

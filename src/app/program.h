@@ -16,6 +16,7 @@
 #include "base/notification_center.h"
 #include "icons/favicons.h"
 #include "icons/picture_quarantine.h"
+#include "input/hotkeys/native_app_switcher.h"
 #include "localization/localization_store.h"
 #include "permissions/permissions_monitor.h"
 #include "running_apps/running_apps_activation_history.h"
@@ -100,6 +101,7 @@ class Program {
   std::optional<bool> showsStatusItem_;
   PieMenuWindowController pieMenuWindow_;
   MenuSwitchboard switchboard_;
+  NativeAppSwitcher nativeAppSwitcher_;
   AppDelegate delegate_;
   RequestGate settingsRequests_;
   Subscription installedApplications_;

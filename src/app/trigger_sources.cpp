@@ -26,7 +26,12 @@ std::function<void(HotkeyManager::MenuIndices, Details...)> TriggerSources::onMa
 }
 
 void TriggerSources::makeHotkeyManager() {
-  hotkeyManager_ = std::make_unique<HotkeyManager>(services_.hotkeyService, services_.log);
+  hotkeyManager_ = std::make_unique<HotkeyManager>(services_.hotkeyService,
+                                                   HotkeyHIDTap::Ports{.eventTaps = services_.eventTaps,
+                                                                       .secureInput = services_.secureInput,
+                                                                       .switcher = services_.nativeAppSwitcher,
+                                                                       .mainQueue = services_.mainQueue,
+                                                                       .log = services_.log});
   hotkeyManager_->onHotkeyPressed = onMainQueue(&MenuSwitchboard::handleHotkeyPressed);
   hotkeyManager_->onHotkeyReleased = onMainQueue(&MenuSwitchboard::handleHotkeyReleased);
   MenuSwitchboard& switchboard = services_.switchboard;
@@ -58,7 +63,9 @@ void TriggerSources::setUpTrackpadGesture() {
 }
 
 void TriggerSources::retryRefusedHotkeys() {
-  if (!hotkeyManager_ || !hotkeyManager_->hasRefused()) return;
+  if (!hotkeyManager_) return;
+  hotkeyManager_->retakeTapKeys();
+  if (!hotkeyManager_->hasRefused()) return;
   const double now = services_.clock.uptime();
   if (now < nextRetry_) {
     retry_ = services_.mainQueue.workItem(nextRetry_ - now,

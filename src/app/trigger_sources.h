@@ -26,6 +26,9 @@ class TriggerSources {
     const Clock& clock;
     Log& log;
     HotkeyService& hotkeyService;
+    EventTaps& eventTaps;
+    SecureInput& secureInput;
+    NativeAppSwitcher& nativeAppSwitcher;
     const ConfigManager& config;
     MenuSwitchboard& switchboard;
   };
@@ -40,7 +43,8 @@ class TriggerSources {
   /// Registers the hotkeys of the current document and listens for its finger counts; replaces earlier registrations.
   void setUp();
   void tearDown();
-  /// Tries refused hotkeys again: at once, or as soon as kRetryInterval has passed since the last time.
+  /// Takes back keys of the event tap, and tries refused hotkeys again: at once, or as soon as kRetryInterval has
+  /// passed since the last time.
   void retryRefusedHotkeys();
   /// Null before the first `setUp`.
   const HotkeyManager* hotkeyManager() const { return hotkeyManager_.get(); }

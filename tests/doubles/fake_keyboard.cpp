@@ -15,6 +15,7 @@ std::uint64_t modifierFlag(std::uint16_t keyCode) {
   if (keyCode == FakeKeyboard::kCommandKey) return event_flags::kCommand;
   if (keyCode == FakeKeyboard::kShiftKey) return event_flags::kShift;
   if (keyCode == FakeKeyboard::kOptionKey) return event_flags::kOption;
+  if (keyCode == FakeKeyboard::kFnKey) return event_flags::kFunction;
   return keyCode == FakeKeyboard::kControlKey ? event_flags::kControl : 0;
 }
 
@@ -47,7 +48,7 @@ Subscription FakeKeyboard::addLocalMonitor(std::uint32_t eventMask, EventMonitor
 
 std::uint64_t FakeKeyboard::currentModifierFlags() const {
   std::uint64_t flags = 0;
-  for (const auto& [keyCode, hotKey] : held_) flags |= modifierFlag(keyCode);
+  for (const auto& [keyCode, held] : held_) flags |= modifierFlag(keyCode);
   return flags;
 }
 
@@ -79,19 +80,25 @@ std::optional<EventHotKeyID> FakeKeyboard::registered(std::uint32_t keyCode, std
   return std::nullopt;
 }
 
+void FakeKeyboard::changeFlags(std::uint16_t keyCode) const {
+  if (taps.isSwallowed(tap_events::kFlagsChanged, keyCode, currentModifierFlags())) return;
+  if (overlayHoldsKeyboard_()) deliverToMonitors(event(KeyEventType::flagsChanged, keyCode));
+}
+
 void FakeKeyboard::press(std::uint16_t keyCode) {
   const KeyEvent down = event(KeyEventType::keyDown, keyCode);
   const bool isForOverlay = overlayHoldsKeyboard_();
-  held_[keyCode] = std::nullopt;
-  if (modifierFlag(keyCode) != 0) {
-    if (isForOverlay) deliverToMonitors(event(KeyEventType::flagsChanged, keyCode));
+  HeldKey& held = held_[keyCode] = {};
+  if (modifierFlag(keyCode) != 0) return changeFlags(keyCode);
+  if (taps.isSwallowed(tap_events::kKeyDown, keyCode, down.modifierFlags)) {
+    held.flagsInTap = down.modifierFlags;
     return;
   }
   const ModifierHold hold = std::exchange(latched_, 0) == 0 ? ModifierHold::held : ModifierHold::latched;
   const auto modifiers = static_cast<std::uint32_t>(CarbonModifiers::carbon(down.modifierFlags));
   const auto hotKey = registered(keyCode, modifiers);
   if (hotKey && !(isForOverlay && overlayRule_ && overlayRule_(down, *hotKey))) {
-    held_[keyCode] = modifiers;
+    held.hotKeyModifiers = modifiers;
     return sendHotKey({kEventHotKeyPressed, *hotKey, hold});
   }
   if (isForOverlay) deliverToMonitors(down);
@@ -100,17 +107,21 @@ void FakeKeyboard::press(std::uint16_t keyCode) {
 void FakeKeyboard::latch(std::uint16_t keyCode) { latched_ |= modifierFlag(keyCode); }
 
 void FakeKeyboard::release(std::uint16_t keyCode) {
-  const auto held = held_.extract(keyCode);
-  if (!held) return;
-  const auto hotKey = held.mapped() ? registered(keyCode, *held.mapped()) : std::nullopt;
+  const auto found = held_.extract(keyCode);
+  if (!found) return;
+  if (modifierFlag(keyCode) != 0) return changeFlags(keyCode);
+  const HeldKey& held = found.mapped();
+  if (taps.isSwallowed(tap_events::kKeyUp, keyCode, held.flagsInTap.value_or(currentModifierFlags()))) return;
+  const auto hotKey = held.hotKeyModifiers ? registered(keyCode, *held.hotKeyModifiers) : std::nullopt;
   if (hotKey) return sendHotKey({kEventHotKeyReleased, *hotKey});
-  const auto type = modifierFlag(keyCode) != 0 ? KeyEventType::flagsChanged : KeyEventType::keyUp;
-  if (overlayHoldsKeyboard_()) deliverToMonitors(event(type, keyCode));
+  if (overlayHoldsKeyboard_()) deliverToMonitors(event(KeyEventType::keyUp, keyCode));
 }
 
 void FakeKeyboard::repeat(std::uint16_t keyCode) {
   const auto held = held_.find(keyCode);
-  if (held == held_.end() || held->second || !overlayHoldsKeyboard_()) return;
+  if (held == held_.end()) return;
+  if (taps.isSwallowed(tap_events::kKeyDown, keyCode, currentModifierFlags())) return;
+  if (held->second.hotKeyModifiers || !overlayHoldsKeyboard_()) return;
   KeyEvent repeated = event(KeyEventType::keyDown, keyCode);
   repeated.isRepeat = true;
   const auto modifiers = static_cast<std::uint32_t>(CarbonModifiers::carbon(repeated.modifierFlags));

@@ -9,12 +9,14 @@
 #include <string>
 #include <utility>
 
+#include "doubles/fake_event_taps.h"
 #include "platform/event_monitors.h"
 #include "platform/hotkey_service.h"
 
 namespace rondora {
 
-/// The physical keyboard and the consumers of its events: hot keys first, then the overlay while it holds the keyboard.
+/// The physical keyboard and the consumers of its events: the event tap first, then hot keys, then the overlay while it
+/// holds the keyboard.
 /// The layout is US; Shift does not change what a key types.
 class FakeKeyboard final : public HotkeyService, public EventMonitors {
  public:
@@ -26,6 +28,7 @@ class FakeKeyboard final : public HotkeyService, public EventMonitors {
     kSpaceKey = 49,
     kTabKey = 48,
     kEscapeKey = 53,
+    kFnKey = 63,
   };
 
   /// `overlayHoldsKeyboard` is called for every event.
@@ -66,6 +69,7 @@ class FakeKeyboard final : public HotkeyService, public EventMonitors {
 
   /// Combinations (key code, Carbon mask) that another program has taken.
   std::set<std::pair<std::uint32_t, std::uint32_t>> foreignOwners;
+  FakeEventTaps taps;
   /// The keyboard's option that makes all modifiers switch the layout.
   std::optional<std::string> option;
 
@@ -77,6 +81,7 @@ class FakeKeyboard final : public HotkeyService, public EventMonitors {
   };
 
   KeyEvent event(KeyEventType type, std::uint16_t keyCode) const;
+  void changeFlags(std::uint16_t keyCode) const;
   void deliverToMonitors(const KeyEvent& event) const;
   std::optional<EventHotKeyID> registered(std::uint32_t keyCode, std::uint32_t carbonModifiers) const;
   void sendHotKey(const HotKeyEvent& event) const { send(&event); }
@@ -91,8 +96,14 @@ class FakeKeyboard final : public HotkeyService, public EventMonitors {
       std::make_shared<std::map<std::uint64_t, Registration>>();
   Signal<const HotKeyEvent*, int&> handlers_;
   CallbackList<std::uint32_t, const KeyEvent&> monitors_;
-  /// Keys that are down, with the Carbon modifiers of the hot key that the press triggered.
-  std::map<std::uint16_t, std::optional<std::uint32_t>> held_;
+  struct HeldKey {
+    /// Event flags of a press that the tap swallowed.
+    std::optional<std::uint64_t> flagsInTap;
+    /// Carbon modifiers of the hot key that the press triggered.
+    std::optional<std::uint32_t> hotKeyModifiers;
+  };
+  /// Keys that are down.
+  std::map<std::uint16_t, HeldKey> held_;
 };
 
 }  // namespace rondora

@@ -9,7 +9,9 @@
 #include <utility>
 #include <vector>
 
+#include "doubles/fake_event_taps.h"
 #include "doubles/fake_log.h"
+#include "doubles/virtual_time.h"
 #include "input/hotkeys/hotkey_manager.h"
 #include "platform/event_monitors.h"
 
@@ -22,6 +24,8 @@ class KeyBench {
 
   virtual HotkeyService& hotkeys() = 0;
   virtual EventMonitors& monitors() = 0;
+  virtual EventTaps& eventTaps() = 0;
+  virtual VirtualTime& time() = 0;
   /// By virtual key code. All resulting events have been reported when these return.
   virtual void press(std::uint16_t key) = 0;
   virtual void release(std::uint16_t key) = 0;
@@ -54,7 +58,8 @@ inline constexpr KeyStory kKeyStories[] = {{"ReleaseOfTheOpeningPress", "+K show
 
 class KeyContract {
  public:
-  explicit KeyContract(KeyBench& bench) : bench_(bench), manager_(bench.hotkeys(), log_) {
+  explicit KeyContract(KeyBench& bench)
+      : bench_(bench), manager_(bench.hotkeys(), {bench.eventTaps(), others_, switcher_, bench.time(), log_}) {
     manager_.onHotkeyPressed = [this](HotkeyManager::MenuIndices menus, ModifierHold) {
       note("p" + std::to_string(menus.front()));
     };
@@ -114,6 +119,9 @@ class KeyContract {
   const std::map<char, std::uint16_t> kKeys = {{'K', 40}, {'S', 49}, {'1', 18}, {'C', 59}, {'A', 58}};
   KeyBench& bench_;
   FakeLog log_;
+  /// Secure input and switch.
+  FakeEventTaps others_;
+  NativeAppSwitcher switcher_{others_};
   HotkeyManager manager_;
   Subscription monitor_;
   std::uint32_t shownMenu_ = 0;

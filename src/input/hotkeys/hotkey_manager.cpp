@@ -15,7 +15,8 @@ bool isLeftToTap(const HotkeyConfig& hotkey) { return hotkey.isStandaloneFn() ||
 
 }  // namespace
 
-HotkeyManager::HotkeyManager(HotkeyService& service, Log& log) : service_(service), log_(log) {}
+HotkeyManager::HotkeyManager(HotkeyService& service, const HotkeyHIDTap::Ports& tapPorts)
+    : service_(service), tapPorts_(tapPorts), log_(tapPorts.log) {}
 
 HotkeyManager::~HotkeyManager() {
   service_.setOverlayRule(nullptr);
@@ -46,6 +47,10 @@ void HotkeyManager::retryRefused() {
   listFailures();
 }
 
+void HotkeyManager::retakeTapKeys() const {
+  if (hidTap_) hidTap_->retakeKeys();
+}
+
 void HotkeyManager::unregisterAll() {
   registrations_.clear();
   refused_.clear();
@@ -55,7 +60,7 @@ void HotkeyManager::unregisterAll() {
 }
 
 void HotkeyManager::startTap(const std::vector<PieMenu>& menus) {
-  if (!hidTap_) hidTap_ = std::make_unique<HotkeyHIDTap>();
+  if (!hidTap_) hidTap_ = std::make_unique<HotkeyHIDTap>(tapPorts_);
   hidTap_->onPressed =
       weakSelf_.bind([](HotkeyManager& self, MenuIndices indices) { self.pressed(indices, ModifierHold::held); });
   hidTap_->onReleased = weakSelf_.bind([](HotkeyManager& self, MenuIndices indices) { self.released(indices); });

@@ -39,7 +39,7 @@ class HotkeyManager {
     std::function<bool(const KeyEvent&)> quickSelects;
   };
 
-  HotkeyManager(HotkeyService& service, Log& log);
+  HotkeyManager(HotkeyService& service, const HotkeyHIDTap::Ports& tapPorts);
   ~HotkeyManager();
   HotkeyManager(const HotkeyManager&) = delete;
   HotkeyManager& operator=(const HotkeyManager&) = delete;
@@ -53,6 +53,8 @@ class HotkeyManager {
   /// Registers those that are possible by now.
   void retryRefused();
   bool hasRefused() const { return !refused_.empty(); }
+  /// Takes back keys of the event tap that another program has taken since.
+  void retakeTapKeys() const;
   /// Hotkeys come before the ring's keys, except that a hotkey that is also a quick-select key in its own menu's ring
   /// selects.
   void followRing(Ring ring);
@@ -90,6 +92,7 @@ class HotkeyManager {
   MenuIndices menusOf(const EventHotKeyID& id) const;
 
   HotkeyService& service_;
+  HotkeyHIDTap::Ports tapPorts_;
   Log& log_;
   std::vector<Group> refused_;
   std::vector<int> failedRegistrationMenuIndices_;

@@ -125,6 +125,8 @@ class X11KeyBenchTest : public RepeatingKeysTest, public KeyBench {
 
   HotkeyService& hotkeys() override { return hotkeys_; }
   EventMonitors& monitors() override { return monitors_; }
+  EventTaps& eventTaps() override { return taps_; }
+  VirtualTime& time() override { return time_; }
   void press(std::uint16_t key) override {
     user_.keyDown(*x11::xKeyCode(key));
     drain();
@@ -141,6 +143,7 @@ class X11KeyBenchTest : public RepeatingKeysTest, public KeyBench {
     drain();
   }
 
+  FakeEventTaps taps_;
   std::unique_ptr<OverlayPanel> panel_;
 };
 

@@ -18,6 +18,9 @@ Platform ProgramTest::platform() {
           .network = desktop.web,
           .pictureDecoder = desktop.pictureDecoder,
           .hotkeyService = desktop.keyboard,
+          .eventTaps = desktop.keyboard.taps,
+          .secureInput = desktop.keyboard.taps,
+          .symbolicHotKeySwitch = desktop.keyboard.taps,
           .eventMonitors = desktop.keyboard,
           .keyEvents = desktop.keyEvents,
           .pointer = desktop.overlay,
@@ -43,7 +46,6 @@ Platform ProgramTest::platform() {
           .useInterfaceLanguage = [this](AppLanguage language) { languages.push_back(language); },
           .onInstalledApplicationsChanged = {},
           .warmUp = {},
-          .restoreNativeAppSwitcher = [this] { ending.emplace_back("switcher"); },
           .handOverClipboard = [this] { ending.emplace_back("clipboard"); },
           .modifierNames = kPcModifierNames,
           .pasteKeys = "Ctrl+V"};

@@ -37,6 +37,7 @@ TEST_F(SessionReportTest, ListsWhatWorksAndRemediesForTheRest) {
   const HotkeyConfig controlSpace{49, carbon::kControl};
   const HotkeyConfig superTab{48, carbon::kCommand};
   desktop.keyboard.foreignOwners = {{49, carbon::kControl}};
+  desktop.keyboard.taps.isAllowed = false;
   launch();
   SessionFacts wayland{.isWayland = true}, bare{.showsStatusItem = false, .canPressKeys = false};
   SessionFacts locked{.trackpads = TrackpadAccess::unreadable};
@@ -57,6 +58,7 @@ TEST_F(SessionReportTest, ListsWhatWorksAndRemediesForTheRest) {
 
 TEST_F(SessionReportTest, NamesMenuAndKeysOfARefusedHotkey) {
   desktop.keyboard.foreignOwners = {{48, carbon::kCommand}};
+  desktop.keyboard.taps.isAllowed = false;
   launch();
   const auto findings = report({}, {{49, 0}, {48, carbon::kCommand}});
   const auto refused = std::ranges::find(findings, false, &SessionFinding::works);

@@ -53,8 +53,10 @@ class ProgramStory : public ProgramTest, public Story {
   }
   /// "control+option+space", or "" for none.
   static HotkeyConfig hotkey(const std::string& text) {
-    static const std::map<std::string, std::int64_t> kModifiers = {
-        {"control", carbon::kControl}, {"option", carbon::kOption}, {"command", carbon::kCommand}};
+    static const std::map<std::string, std::int64_t> kModifiers = {{"control", carbon::kControl},
+                                                                   {"option", carbon::kOption},
+                                                                   {"command", carbon::kCommand},
+                                                                   {"function", carbon::kFunction}};
     HotkeyConfig result;
     for (const std::string& name : split(text, '+')) {
       const auto modifier = kModifiers.find(name);
@@ -103,11 +105,6 @@ class ProgramStory : public ProgramTest, public Story {
     press({stepped});
     desktop.time.advance(0.1);
     release({stepped});
-  }
-  /// No service for the Fn key exists yet, so the story fires the hotkey of the first menu.
-  void fn(bool isDown) {
-    isDown ? program.switchboard().handleHotkeyPressed({0}, ModifierHold::held)
-           : program.switchboard().handleHotkeyReleased({0});
   }
   const RunningApplication& application(const std::string& name) const { return name == "browser" ? browser : editor; }
   std::string applicationName(std::int32_t pid) const {
@@ -185,7 +182,6 @@ void ProgramStory::addActions() {
       {"repeat", keys(&FakeKeyboard::repeat)},
       {"lose", keys(&FakeKeyboard::releaseUnseen)},
       {"strike", [this](W w) { keys (&FakeKeyboard::press)(w), keys (&FakeKeyboard::release)(w); }},
-      {"fn", [this](W w) { fn(w[0] == "down"); }},
       {"step", [this](W keys) { step(key(keys[0])); }},
       {"wait", [this](W w) { desktop.time.advance(std::stod(w[0])); }},
       {"point", [this](W w) { pointAtSector(std::stoul(w[0]) - 1); }},

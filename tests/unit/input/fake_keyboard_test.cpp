@@ -9,6 +9,8 @@ class FakeKeyBench final : public KeyBench {
  public:
   HotkeyService& hotkeys() override { return keyboard_; }
   EventMonitors& monitors() override { return keyboard_; }
+  EventTaps& eventTaps() override { return keyboard_.taps; }
+  VirtualTime& time() override { return time_; }
   void press(std::uint16_t key) override { keyboard_.press(key); }
   void release(std::uint16_t key) override { keyboard_.release(key); }
   void repeat(std::uint16_t key) override { keyboard_.repeat(key); }
@@ -16,6 +18,7 @@ class FakeKeyBench final : public KeyBench {
 
  private:
   bool isOverlayUp_ = false;
+  VirtualTime time_;
   FakeKeyboard keyboard_{[this] { return isOverlayUp_; }};
 };
 

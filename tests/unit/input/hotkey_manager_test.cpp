@@ -39,7 +39,9 @@ class HotkeyManagerTest : public testing::Test {
   FakePlatform desktop;
   std::vector<Indices> pressed;
   std::vector<Indices> released;
-  HotkeyManager manager{desktop.keyboard, desktop.log};
+  NativeAppSwitcher switcher{desktop.keyboard.taps};
+  HotkeyManager manager{desktop.keyboard,
+                        {desktop.keyboard.taps, desktop.keyboard.taps, switcher, desktop.time, desktop.log}};
 };
 
 TEST_F(HotkeyManagerTest, ReportsAllMenusOfASharedHotkey) {
