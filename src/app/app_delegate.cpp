@@ -32,6 +32,8 @@ AppDelegate::AppDelegate(const Services& services)
                  .eventTaps = services.eventTaps,
                  .secureInput = services.secureInput,
                  .nativeAppSwitcher = services.nativeAppSwitcher,
+                 .multitouch = services.multitouch,
+                 .sessionEvents = services.sessionEvents,
                  .config = services.config,
                  .switchboard = services.switchboard}) {
   statusMenu_ = std::make_unique<StatusMenu>(

@@ -25,10 +25,12 @@
 #include "platform/instance_channel.h"
 #include "platform/log.h"
 #include "platform/main_queue.h"
+#include "platform/multitouch.h"
 #include "platform/permission_service.h"
 #include "platform/process_environment.h"
 #include "platform/screens.h"
 #include "platform/secure_input.h"
+#include "platform/session_events.h"
 #include "platform/status_item.h"
 #include "platform/user_defaults.h"
 #include "platform/windows.h"
@@ -53,6 +55,8 @@ class AppDelegate {
     HotkeyService& hotkeyService;
     EventTaps& eventTaps;
     SecureInput& secureInput;
+    MultitouchDevices& multitouch;
+    SessionEvents& sessionEvents;
     StatusBar& statusBar;
     Windows& windows;
     ApplicationShell& shell;

@@ -87,6 +87,7 @@ struct CompositionLinux::Running {
   desktop::SystemRandom random;
   desktop::InstalledApplications installed{presence.environment, watchReadable};
   desktop::InputTrackpads trackpads;
+  desktop::NoMultitouch multitouch;
   desktop::NoHaptics haptics;
   desktop::NoEventTaps eventTaps;
   desktop::NoSpaceShortcuts spaceShortcuts;
@@ -138,6 +139,7 @@ Platform CompositionLinux::Running::platform() {
       .screens = display.screens,
       .haptics = haptics,
       .trackpads = trackpads,
+      .multitouch = multitouch,
       .overlayPanels = overlayPanels,
       .statusBar = statusBar,
       .windows = windows,

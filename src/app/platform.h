@@ -20,6 +20,7 @@
 #include "platform/key_event_poster.h"
 #include "platform/log.h"
 #include "platform/main_queue.h"
+#include "platform/multitouch.h"
 #include "platform/network_fetch.h"
 #include "platform/overlay_panel.h"
 #include "platform/pasteboard.h"
@@ -67,6 +68,7 @@ struct Platform {
   Screens& screens;
   Haptics& haptics;
   const Trackpads& trackpads;
+  MultitouchDevices& multitouch;
   OverlayPanels& overlayPanels;
   StatusBar& statusBar;
   Windows& windows;

@@ -132,6 +132,8 @@ AppDelegate::Services Program::delegateServices() {
           .hotkeyService = platform_.hotkeyService,
           .eventTaps = platform_.eventTaps,
           .secureInput = platform_.secureInput,
+          .multitouch = platform_.multitouch,
+          .sessionEvents = platform_.sessionEvents,
           .statusBar = platform_.statusBar,
           .windows = platform_.windows,
           .shell = platform_.shell,

@@ -4,7 +4,12 @@
 
 namespace rondora {
 
-TriggerSources::TriggerSources(const Services& services) : services_(services) {
+TriggerSources::TriggerSources(const Services& services)
+    : services_(services),
+      trackpadGestureMonitor_({.devices = services.multitouch,
+                               .session = services.sessionEvents,
+                               .mainQueue = services.mainQueue,
+                               .log = services.log}) {
   trackpadGestureMonitor_.onTap = weakSelf_.bind([](TriggerSources& self, std::int64_t fingerCount) {
     self.services_.switchboard.handleTrackpadGesture(fingerCount);
   });
@@ -59,7 +64,7 @@ void TriggerSources::setUpTrackpadGesture() {
   if (fingerCounts == activeTrackpadFingerCounts_) return;
   activeTrackpadFingerCounts_ = fingerCounts;
   if (fingerCounts.empty()) return trackpadGestureMonitor_.stop();
-  trackpadGestureMonitor_.start(std::move(fingerCounts));
+  trackpadGestureMonitor_.start(fingerCounts);
 }
 
 void TriggerSources::retryRefusedHotkeys() {

@@ -13,6 +13,8 @@
 #include "platform/hotkey_service.h"
 #include "platform/log.h"
 #include "platform/main_queue.h"
+#include "platform/multitouch.h"
+#include "platform/session_events.h"
 #include "storage/config_manager.h"
 
 namespace rondora {
@@ -29,6 +31,8 @@ class TriggerSources {
     EventTaps& eventTaps;
     SecureInput& secureInput;
     NativeAppSwitcher& nativeAppSwitcher;
+    MultitouchDevices& multitouch;
+    SessionEvents& sessionEvents;
     const ConfigManager& config;
     MenuSwitchboard& switchboard;
   };

@@ -13,6 +13,8 @@ class SessionEvents {
 
   /// Called when the screen is being locked or blanked, or the machine is about to sleep; sometimes more than once.
   [[nodiscard]] virtual Subscription onLockOrSleep(std::function<void()> observer) = 0;
+  /// Called when the machine has woken from sleep.
+  [[nodiscard]] virtual Subscription onDidWake(std::function<void()> observer) = 0;
 };
 
 }  // namespace rondora

@@ -6,6 +6,7 @@
 #include "doubles/fake_key_events.h"
 #include "doubles/fake_keyboard.h"
 #include "doubles/fake_log.h"
+#include "doubles/fake_multitouch.h"
 #include "doubles/fake_overlay_panels.h"
 #include "doubles/fake_pasteboard.h"
 #include "doubles/fake_screens.h"
@@ -45,6 +46,7 @@ struct FakePlatform {
   FakeKeyboard keyboard{[this] { return overlay.holdsKeyboard(); }};
   FakeHaptics haptics;
   FakeTrackpads trackpads;
+  FakeMultitouch multitouch;
   FakeStatusBar statusBar;
   FakeApplicationShell shell;
   FakeSessionEvents session;

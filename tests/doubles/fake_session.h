@@ -48,10 +48,15 @@ class FakeSessionEvents final : public SessionEvents {
   [[nodiscard]] Subscription onLockOrSleep(std::function<void()> observer) override {
     return lockOrSleep_.subscribe(std::move(observer));
   }
+  [[nodiscard]] Subscription onDidWake(std::function<void()> observer) override {
+    return didWake_.subscribe(std::move(observer));
+  }
   void lock() const { lockOrSleep_.send(); }
+  void wake() const { didWake_.send(); }
 
  private:
   Signal<> lockOrSleep_;
+  Signal<> didWake_;
 };
 
 class FakePermissionService final : public PermissionService {

@@ -21,6 +21,13 @@ BusSessionEvents::BusSessionEvents(ReconnectingBus& systemBus, ReconnectingBus& 
     begins_.setChecked(false);
     lockOrSleep_.send();
   });
+  ends_.setCheckable(true);
+  ends_.setChecked(true);
+  QObject::connect(&ends_, &QAction::toggled, &ends_, [this](bool continues) {
+    if (continues) return;
+    ends_.setChecked(true);
+    didWake_.send();
+  });
   listenToLogin(systemBus.connection());
   listenToScreenSavers(sessionBus.connection());
 }
@@ -29,6 +36,7 @@ BusSessionEvents::BusSessionEvents(ReconnectingBus& systemBus, ReconnectingBus& 
 void BusSessionEvents::listenToLogin(QDBusConnection systemBus) {
   systemBus.connect({}, {}, "org.freedesktop.login1.Session", "Lock", &happens_, SLOT(trigger()));
   systemBus.connect({}, {}, "org.freedesktop.login1.Manager", "PrepareForSleep", &begins_, SLOT(setChecked(bool)));
+  systemBus.connect({}, {}, "org.freedesktop.login1.Manager", "PrepareForSleep", &ends_, SLOT(setChecked(bool)));
 }
 
 void BusSessionEvents::listenToScreenSavers(QDBusConnection sessionBus) {
@@ -39,6 +47,10 @@ void BusSessionEvents::listenToScreenSavers(QDBusConnection sessionBus) {
 
 Subscription BusSessionEvents::onLockOrSleep(std::function<void()> observer) {
   return lockOrSleep_.subscribe(std::move(observer));
+}
+
+Subscription BusSessionEvents::onDidWake(std::function<void()> observer) {
+  return didWake_.subscribe(std::move(observer));
 }
 
 }  // namespace rondora

@@ -14,15 +14,19 @@ class BusSessionEvents : public SessionEvents {
   BusSessionEvents(ReconnectingBus& systemBus, ReconnectingBus& sessionBus);
 
   Subscription onLockOrSleep(std::function<void()> observer) override;
+  Subscription onDidWake(std::function<void()> observer) override;
 
  private:
   void listenToLogin(QDBusConnection systemBus);
   void listenToScreenSavers(QDBusConnection sessionBus);
 
-  /// Receivers of the signals: one for those without a value, one for those that say whether it begins or ends.
+  /// Receivers of the signals: one for those without a value, two for those that say whether it begins or ends,
+  /// of which each notices every signal of one kind.
   QAction happens_;
   QAction begins_;
+  QAction ends_;
   Signal<> lockOrSleep_;
+  Signal<> didWake_;
   Subscription systemBusReturns_;
   Subscription sessionBusReturns_;
 };

@@ -27,6 +27,7 @@ Platform ProgramTest::platform() {
           .screens = desktop.screens,
           .haptics = desktop.haptics,
           .trackpads = desktop.trackpads,
+          .multitouch = desktop.multitouch,
           .overlayPanels = desktop.overlay,
           .statusBar = desktop.statusBar,
           .windows = desktop.windows,

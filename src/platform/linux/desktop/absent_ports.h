@@ -2,6 +2,7 @@
 
 #include "platform/event_taps.h"
 #include "platform/haptics.h"
+#include "platform/multitouch.h"
 #include "platform/secure_input.h"
 #include "platform/symbolic_hot_key_switch.h"
 #include "platform/symbolic_hot_keys.h"
@@ -34,6 +35,18 @@ class NoSpaceShortcuts final : public SymbolicHotKeys {
   std::optional<SymbolicHotKey> symbolicHotKey(int /*number*/) const override {
     return SymbolicHotKey{false, std::nullopt};
   }
+};
+
+/// Contact frames are not read yet.
+class NoMultitouch final : public MultitouchDevices {
+ public:
+  bool isUsable() const override { return false; }
+  std::optional<std::vector<MultitouchDevice>> createList() override { return std::nullopt; }
+  void registerContactFrameCallback(MultitouchDevice /*device*/, FrameCallback /*callback*/) override {}
+  void unregisterContactFrameCallback(MultitouchDevice /*device*/) override {}
+  void start(MultitouchDevice /*device*/) override {}
+  void stop(MultitouchDevice /*device*/) override {}
+  Subscription onArrival(std::function<void()> /*observer*/) override { return {}; }
 };
 
 }  // namespace rondora::desktop
