@@ -54,7 +54,7 @@ enum class StringKey {
   documentUnreadable,  // %@: what is wrong and where
   documentKept,        // %@: its path
   documentKeptItself,  // %@: its path
-  documentNotKept,     // %@: the system’s message
+  documentNotKept,     // %@: the system’s message; %@: a path
   documentRestoreHint,
   documentNothingOpensIt,
   findingOpenFile,

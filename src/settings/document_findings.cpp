@@ -62,7 +62,7 @@ SessionFinding DocumentFindings::finding(const KeptDocument& document) const {
 std::string DocumentFindings::remedy(const KeptDocument& document) const {
   const LocalizationStore& localization = services_.localization;
   if (document.keeping == Keeping::failed) {
-    return localization.text(StringKey::documentNotKept, document.keepingError);
+    return localization.text(StringKey::documentNotKept, document.keepingError, document.file);
   }
   const bool isCopy = document.keeping == Keeping::copied;
   std::string text = localization.text(isCopy ? StringKey::documentKept : StringKey::documentKeptItself, document.file);

@@ -74,8 +74,10 @@ constexpr StringTable kGermanStrings = completeTable({
     {StringKey::documentKept, "Diese Datei ist aufbewahrt als %@."},
     {StringKey::documentKeptItself,
      "Eine Kopie ließ sich nicht schreiben; daher hat die Datei selbst jetzt den Namen %@."},
-    {StringKey::documentNotKept, "Diese Datei ließ sich nicht aufbewahren: %@"},
-    {StringKey::documentRestoreHint, "Beheben Sie den Fehler darin und stellen Sie sie wieder her."},
+    {StringKey::documentNotKept,
+     "Diese Datei ließ sich nicht an anderer Stelle aufbewahren (%@). Sie liegt noch an ihrem Platz, %@, und Rondora "
+     "überschreibt sie nicht."},
+    {StringKey::documentRestoreHint, "Beheben Sie, was Rondora am Lesen hindert, und stellen Sie sie wieder her."},
     {StringKey::documentNothingOpensIt, "Kein Programm hier öffnet diese Datei."},
     {StringKey::findingOpenFile, "Datei öffnen"},
     {StringKey::findingRestore, "Wiederherstellen"},

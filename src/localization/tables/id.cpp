@@ -67,8 +67,10 @@ constexpr StringTable kIndonesianStrings = completeTable({
      "Rondora tidak dapat membaca berkas konfigurasinya dan mulai dengan menu bawaan: %@"},
     {StringKey::documentKept, "Berkas itu disimpan sebagai %@."},
     {StringKey::documentKeptItself, "Salinannya tidak dapat ditulis, jadi berkas itu sendiri diberi nama %@."},
-    {StringKey::documentNotKept, "Berkas itu tidak dapat disimpan: %@"},
-    {StringKey::documentRestoreHint, "Perbaiki kesalahan di dalamnya, lalu pulihkan."},
+    {StringKey::documentNotKept,
+     "Berkas itu tidak dapat disimpan di tempat lain (%@). Berkas itu masih di tempatnya, %@, dan Rondora tidak "
+     "menimpanya."},
+    {StringKey::documentRestoreHint, "Perbaiki hal yang membuat Rondora tidak dapat membacanya, lalu pulihkan."},
     {StringKey::documentNothingOpensIt, "Tidak ada aplikasi di sini yang membuka berkas ini."},
     {StringKey::findingOpenFile, "Buka Berkas"},
     {StringKey::findingRestore, "Pulihkan"},

@@ -69,8 +69,10 @@ constexpr StringTable kPortugueseStrings = completeTable({
      "O Rondora não conseguiu ler o arquivo de configuração e iniciou com os menus padrão: %@"},
     {StringKey::documentKept, "Esse arquivo foi guardado como %@."},
     {StringKey::documentKeptItself, "Não foi possível gravar uma cópia, por isso o próprio arquivo recebeu o nome %@."},
-    {StringKey::documentNotKept, "Não foi possível guardar esse arquivo: %@"},
-    {StringKey::documentRestoreHint, "Corrija o erro nele e restaure-o."},
+    {StringKey::documentNotKept,
+     "Não foi possível guardar esse arquivo em outro lugar (%@). Ele continua em seu lugar, %@, e o Rondora não o "
+     "sobrescreve."},
+    {StringKey::documentRestoreHint, "Corrija o que impede o Rondora de lê-lo e restaure-o."},
     {StringKey::documentNothingOpensIt, "Nenhum aplicativo aqui abre este arquivo."},
     {StringKey::findingOpenFile, "Abrir arquivo"},
     {StringKey::findingRestore, "Restaurar"},

@@ -68,8 +68,10 @@ constexpr StringTable kRussianStrings = completeTable({
      "Не удалось прочитать файл конфигурации, поэтому Rondora запущена со стандартными меню: %@"},
     {StringKey::documentKept, "Этот файл сохранён как %@."},
     {StringKey::documentKeptItself, "Копию записать не удалось, поэтому сам файл получил имя %@."},
-    {StringKey::documentNotKept, "Сохранить этот файл не удалось: %@"},
-    {StringKey::documentRestoreHint, "Исправьте в нём ошибку и восстановите его."},
+    {StringKey::documentNotKept,
+     "Сохранить этот файл в другом месте не удалось (%@). Он остаётся на своём месте, %@, и Rondora его не "
+     "перезаписывает."},
+    {StringKey::documentRestoreHint, "Устраните то, что мешает Rondora его прочитать, и восстановите его."},
     {StringKey::documentNothingOpensIt, "Здесь нет приложения, которое открывает этот файл."},
     {StringKey::findingOpenFile, "Открыть файл"},
     {StringKey::findingRestore, "Восстановить"},

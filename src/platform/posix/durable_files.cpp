@@ -48,17 +48,17 @@ fs::path followLinks(fs::path path) {
   return {};
 }
 
-FileError writeAll(int descriptor, std::string_view bytes, const fs::path& path) {
+FileError writeAll(int descriptor, std::string_view bytes, const fs::path& folder) {
   while (!bytes.empty()) {
     const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
     if (written < 0 && errno == EINTR) continue;
-    if (written < 0) return describe("cannot write", path, errno);
+    if (written < 0) return describe("cannot write a file in", folder, errno);
     bytes.remove_prefix(static_cast<std::size_t>(written));
   }
   return std::nullopt;
 }
 
-FileError copyAll(int source, const fs::path& sourcePath, int target, const fs::path& targetPath) {
+FileError copyAll(int source, const fs::path& sourcePath, int target, const fs::path& folder) {
   std::vector<char> chunk(1 << 16);
   for (;;) {
     const ssize_t length = ::read(source, chunk.data(), chunk.size());
@@ -66,7 +66,7 @@ FileError copyAll(int source, const fs::path& sourcePath, int target, const fs::
     if (length < 0) return describe("cannot read", sourcePath, errno);
     if (length == 0) return std::nullopt;
     const std::string_view bytes(chunk.data(), static_cast<std::size_t>(length));
-    if (auto failed = writeAll(target, bytes, targetPath)) return failed;
+    if (auto failed = writeAll(target, bytes, folder)) return failed;
   }
 }
 
@@ -97,7 +97,7 @@ class Temporary {
   Temporary& operator=(const Temporary&) = delete;
 
   FileError fill(std::string_view bytes) {
-    return fillBy([&](int file) { return writeAll(file, bytes, path_); });
+    return fillBy([&](int file) { return writeAll(file, bytes, folder_); });
   }
 
   FileError fillFrom(const fs::path& source) {
@@ -105,7 +105,7 @@ class Temporary {
     if (fs::is_directory(source, ignored)) return copyTree(source);
     const FileDescriptor from(::open(source.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     if (!from.isOpen()) return describe("cannot open", source, errno);
-    return fillBy([&](int file) { return copyAll(from.get(), source, file, path_); });
+    return fillBy([&](int file) { return copyAll(from.get(), source, file, folder_); });
   }
 
   FileError moveTo(const fs::path& target) {
@@ -118,12 +118,13 @@ class Temporary {
   template <typename Write>
   FileError fillBy(Write write) {
     FileDescriptor file = create();
-    if (!file.isOpen()) return describe("cannot create", path_, errno);
+    if (!file.isOpen()) return describe("cannot create a file in", folder_, errno);
     // The umask may have cleared bits. File systems without modes refuse this, which is harmless.
     ::fchmod(file.get(), 0600);
     if (auto failed = write(file.get())) return failed;
-    if (durability_ == Durability::flushed && ::fsync(file.get()) != 0) return describe("cannot flush", path_, errno);
-    if (!file.close()) return describe("cannot close", path_, errno);
+    if (durability_ == Durability::flushed && ::fsync(file.get()) != 0)
+      return describe("cannot flush a file in", folder_, errno);
+    if (!file.close()) return describe("cannot close a file in", folder_, errno);
     return std::nullopt;
   }
 

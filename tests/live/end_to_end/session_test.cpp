@@ -21,6 +21,22 @@ class SessionTest : public EndToEndTest {
     if (!waitUntil([&] { return !second->isRunning(); })) return std::nullopt;
     return second->wait();
   }
+
+  /// A script starts the program, its "$0", which finds `text` as its document.
+  void startBy(const std::string& script, const std::string& text) {
+    program_.emplace(desktop_, client_, text, Introduction::seen,
+                     std::vector<std::string>{"sh", "-c", script, RunningProgram::file()});
+  }
+
+  static std::vector<std::string> keptDocuments(const std::filesystem::path& folder) {
+    std::vector<std::string> result;
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+      if (!entry.path().filename().string().starts_with("config.broken-")) continue;
+      std::filesystem::permissions(entry.path(), std::filesystem::perms::owner_read);
+      result.push_back(readFile(entry.path()));
+    }
+    return result;
+  }
 };
 
 TEST_F(SessionTest, SecondStartShowsTheSettingsOfTheFirst) {
@@ -65,21 +81,28 @@ TEST_F(SessionTest, EditByHandIsKeptAtTheNextSaveAndCanBeImported) {
 TEST_F(SessionTest, DocumentThatMayNotBeReadIsKept) {
   const std::string old = document({menu("Old", kControlAltSpace, snippetItems("Old", 4))}).dump();
   // Without the privilege that lets root read every file.
-  program_.emplace(desktop_, client_, old, Introduction::seen,
-                   std::vector<std::string>{"sh", "-c",
-                                            R"sh(chmod 000 "$XDG_CONFIG_HOME/Rondora/config.json"
-                                            drop=--bounding-set=-dac_override,-dac_read_search
-                                            [ "$(id -u)" -ne 0 ] || exec setpriv "$drop" "$0"
-                                            exec "$0")sh",
-                                            RunningProgram::file()});
+  startBy(R"sh(chmod 000 "$XDG_CONFIG_HOME/Rondora/config.json"
+               drop=--bounding-set=-dac_override,-dac_read_search
+               [ "$(id -u)" -ne 0 ] || exec setpriv "$drop" "$0"
+               exec "$0")sh",
+          old);
   EXPECT_TRUE(waitForSettings()) << "they tell of it";
-  std::vector<std::string> kept;
-  for (const auto& entry : std::filesystem::directory_iterator(RunningProgram::document(desktop_).parent_path())) {
-    if (!entry.path().filename().string().starts_with("config.broken-")) continue;
-    std::filesystem::permissions(entry.path(), std::filesystem::perms::owner_read);
-    kept.push_back(readFile(entry.path()));
-  }
-  EXPECT_EQ(kept, std::vector{old});
+  EXPECT_EQ(keptDocuments(RunningProgram::document(desktop_).parent_path()), std::vector{old});
+}
+
+TEST_F(SessionTest, FullDiskLosesNothing) {
+  const std::string old = "{" + std::string(9000, ' ');
+  // The folder becomes a file system of its own, which a third file fills.
+  startBy(R"sh(exec unshare --map-current-user --keep-caps --mount sh -c '
+                 cd "$XDG_CONFIG_HOME" && mv Rondora Disk && mkdir Rondora &&
+                 mount -t tmpfs -o size=24k,mode=700 none Rondora && cp Disk/* Rondora/ || exit
+                 head -c 24k /dev/zero >Rondora/filler 2>&1 || exec "$0"' "$0")sh",
+          old);
+  EXPECT_TRUE(waitForSettings()) << "they tell of it";
+  const auto folder =
+      "/proc/" + std::to_string(program_->pid()) + "/root" + RunningProgram::document(desktop_).parent_path().string();
+  EXPECT_EQ(keptDocuments(folder), std::vector{old});
+  EXPECT_NE(readFile(desktop_.logFile("sh")).find("No space left on device"), std::string::npos);
 }
 
 TEST_F(SessionTest, ProgramsThatOwnKeysCanOpenMenus) {
