@@ -124,6 +124,7 @@ class Stage {
     for (std::size_t i = 0; i < states.size(); ++i) panel->setLayerState(i, states[i]);
     panel->display();
     panel->orderFrontRegardless();
+    panel->makeKey();
     overlay_.sync();
     return panel;
   }
