@@ -89,7 +89,7 @@ struct CompositionLinux::Running {
   desktop::InputTrackpads trackpads;
   desktop::NoMultitouch multitouch;
   desktop::NoHaptics haptics;
-  desktop::NoEventTaps eventTaps;
+  desktop::NoSwitcherKeys switcherKeys;
   desktop::NoSpaceShortcuts spaceShortcuts;
   QtMainQueue mainQueue;
   QtApplicationShell shell;
@@ -130,9 +130,9 @@ Platform CompositionLinux::Running::platform() {
       .network = network,
       .pictureDecoder = pictureDecoder,
       .hotkeyService = display.hotkeys,
-      .eventTaps = eventTaps,
-      .secureInput = eventTaps,
-      .symbolicHotKeySwitch = eventTaps,
+      .eventTaps = display.eventTaps,
+      .secureInput = display.eventTaps,
+      .symbolicHotKeySwitch = switcherKeys,
       .eventMonitors = display.eventMonitors,
       .keyEvents = display.keyPoster,
       .pointer = display.pointer,

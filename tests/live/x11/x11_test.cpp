@@ -70,6 +70,22 @@ std::vector<int> Bystander::eventTypes() {
   return types;
 }
 
+std::string Bystander::keys() {
+  sync();
+  std::string text;
+  while (const x11::Reply<xcb_generic_event_t> event{xcb_poll_for_event(get())}) {
+    if (event->response_type != XCB_KEY_PRESS && event->response_type != XCB_KEY_RELEASE) continue;
+    const int code = reinterpret_cast<const xcb_key_press_event_t&>(*event).detail;
+    text += (event->response_type == XCB_KEY_PRESS ? "+" : "-") + std::to_string(code) + " ";
+  }
+  return text;
+}
+
+void Bystander::ungrabKey(std::uint8_t keyCode, std::uint16_t modifiers) {
+  xcb_ungrab_key(get(), keyCode, root(), modifiers);
+  sync();
+}
+
 X11Test::X11Test(std::vector<std::string> serverArguments, double pixelsPerPoint)
     : server_("1280x800x24", serverArguments),
       user_(server_.display()),
@@ -78,6 +94,7 @@ X11Test::X11Test(std::vector<std::string> serverArguments, double pixelsPerPoint
       keymap_(connection_, time_),
       rawReleases_(connection_),
       keys_(connection_, keymap_, rawReleases_, time_),
+      eventTaps_(connection_, keymap_, keys_, rawReleases_),
       hotkeys_(connection_, keymap_, keys_),
       monitors_(keymap_, keys_),
       inputGrab_(connection_, keys_, time_),

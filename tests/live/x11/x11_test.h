@@ -16,6 +16,7 @@
 #include "platform/linux/x11/connection/x11_connection.h"
 #include "platform/linux/x11/keyboard/raw_key_releases.h"
 #include "platform/linux/x11/keyboard/x11_event_monitors.h"
+#include "platform/linux/x11/keyboard/x11_event_taps.h"
 #include "platform/linux/x11/keyboard/x11_hotkey_service.h"
 #include "platform/linux/x11/keyboard/x11_key_stream.h"
 #include "platform/linux/x11/keyboard/x11_keymap.h"
@@ -52,6 +53,9 @@ class Bystander : public XClient {
   xcb_window_t cover(const Area& area);
   /// The types of the events that it received.
   std::vector<int> eventTypes();
+  /// The key events that it received, by X key code: "+38 -38 ".
+  std::string keys();
+  void ungrabKey(std::uint8_t keyCode, std::uint16_t modifiers);
 };
 
 struct RecordingSink : OverlayPanelSink {
@@ -99,6 +103,7 @@ class X11Test : public testing::Test {
   x11::X11Keymap keymap_;
   x11::RawKeyReleases rawReleases_;
   x11::X11KeyStream keys_;
+  x11::X11EventTaps eventTaps_;
   x11::X11HotkeyService hotkeys_;
   x11::X11EventMonitors monitors_;
   x11::X11InputGrab inputGrab_;

@@ -11,12 +11,17 @@ class FakeKeyBench final : public KeyBench {
   EventMonitors& monitors() override { return keyboard_; }
   EventTaps& eventTaps() override { return keyboard_.taps; }
   VirtualTime& time() override { return time_; }
-  void press(std::uint16_t key) override { keyboard_.press(key); }
-  void release(std::uint16_t key) override { keyboard_.release(key); }
-  void repeat(std::uint16_t key) override { keyboard_.repeat(key); }
+  void press(std::uint16_t key) override { act(&FakeKeyboard::press, key); }
+  void release(std::uint16_t key) override { act(&FakeKeyboard::release, key); }
+  void repeat(std::uint16_t key) override { act(&FakeKeyboard::repeat, key); }
   void setOverlay(bool isUp) override { isOverlayUp_ = isUp; }
 
  private:
+  void act(void (FakeKeyboard::*event)(std::uint16_t), std::uint16_t key) {
+    (keyboard_.*event)(key);
+    time_.runUntilIdle();
+  }
+
   bool isOverlayUp_ = false;
   VirtualTime time_;
   FakeKeyboard keyboard_{[this] { return isOverlayUp_; }};

@@ -1,9 +1,7 @@
 #pragma once
 
-#include "platform/event_taps.h"
 #include "platform/haptics.h"
 #include "platform/multitouch.h"
-#include "platform/secure_input.h"
 #include "platform/symbolic_hot_key_switch.h"
 #include "platform/symbolic_hot_keys.h"
 
@@ -17,14 +15,8 @@ class NoHaptics final : public Haptics {
   void perform(HapticPattern /*pattern*/) override {}
 };
 
-class NoEventTaps final : public EventTaps, public SecureInput, public SymbolicHotKeySwitch {
+class NoSwitcherKeys final : public SymbolicHotKeySwitch {
  public:
-  std::unique_ptr<EventTap> create(std::uint64_t /*mask*/, std::span<const TapKey> /*keys*/, Callback) override {
-    return nullptr;
-  }
-  std::vector<EventTapRecord> list() const override { return {}; }
-  std::int32_t ownProcess() const override { return 0; }
-  bool isEnabled() const override { return false; }
   bool available() override { return false; }
   void setEnabled(std::int32_t /*id*/, bool /*isEnabled*/) override {}
 };

@@ -7,6 +7,7 @@
 #include "platform/linux/x11/connection/selection_owner_watch.h"
 #include "platform/linux/x11/connection/x11_connection.h"
 #include "platform/linux/x11/keyboard/x11_event_monitors.h"
+#include "platform/linux/x11/keyboard/x11_event_taps.h"
 #include "platform/linux/x11/keyboard/x11_hotkey_service.h"
 #include "platform/linux/x11/overlay/x11_input_grab.h"
 #include "platform/linux/x11/overlay/x11_pointer.h"
@@ -41,6 +42,7 @@ struct X11Backends {
   X11Keymap keymap;
   RawKeyReleases rawKeyReleases{connection};
   X11KeyStream keys;
+  X11EventTaps eventTaps{connection, keymap, keys, rawKeyReleases};
   X11HotkeyService hotkeys{connection, keymap, keys};
   X11EventMonitors eventMonitors{keymap, keys};
   XTestKeyPoster keyPoster{connection, keymap, keys, rawKeyReleases};

@@ -52,6 +52,8 @@ class X11Connection {
 
   /// The server time of the last event that carried one, for requests that must name the time of the event behind them.
   xcb_timestamp_t lastEventTime() const { return lastEventTime_; }
+  /// For events of extensions, which `dispatch` does not know.
+  void noteEventTime(xcb_timestamp_t time) { lastEventTime_ = time; }
 
   /// The whole value of the property; nothing when it is missing or of another type (XCB_ATOM_ANY accepts all).
   std::optional<std::vector<std::uint8_t>> property(xcb_window_t window, xcb_atom_t name, xcb_atom_t type) const;

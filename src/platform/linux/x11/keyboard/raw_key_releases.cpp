@@ -29,7 +29,7 @@ bool RawKeyReleases::handleEvent(const xcb_generic_event_t& event) const {
   if ((event.response_type & 0x7F) != XCB_GE_GENERIC) return false;
   const auto& raw = reinterpret_cast<const xcb_input_raw_key_release_event_t&>(event);
   const bool isRelease = raw.extension == inputExtension_ && raw.event_type == XCB_INPUT_RAW_KEY_RELEASE;
-  if (isRelease && raw.detail <= std::numeric_limits<xcb_keycode_t>::max()) {
+  if (isRelease && !isDisowned(event) && raw.detail <= std::numeric_limits<xcb_keycode_t>::max()) {
     releases_.offer(static_cast<xcb_keycode_t>(raw.detail));
   }
   return false;

@@ -2,6 +2,9 @@
 
 #include <xcb/xcb.h>
 
+#include <algorithm>
+#include <array>
+#include <cstddef>
 #include <cstdint>
 
 #include "base/observable.h"
@@ -22,6 +25,11 @@ class RawKeyReleases {
   std::uint8_t inputExtension() const { return inputExtension_; }
   /// Reports every release after this request, some more than once. The callback's result is ignored.
   [[nodiscard]] Subscription watch(CallbackList<xcb_keycode_t>::Callback observer);
+  /// The request with this number fakes a key of this program's own: the event that it causes is not the user's.
+  void disown(std::uint32_t request) { disowned_[nextDisowned_++ % disowned_.size()] = request; }
+  bool isDisowned(const xcb_generic_event_t& event) const {
+    return std::find(disowned_.begin(), disowned_.end(), event.full_sequence) != disowned_.end();
+  }
 
  private:
   bool handleEvent(const xcb_generic_event_t& event) const;
@@ -30,6 +38,9 @@ class RawKeyReleases {
   X11Connection& connection_;
   std::uint8_t inputExtension_ = 0;
   int watchers_ = 0;
+  /// The latest requests, by their full sequence numbers; 0 for none.
+  std::array<std::uint32_t, 256> disowned_{};
+  std::size_t nextDisowned_ = 0;
   CallbackList<xcb_keycode_t> releases_;
   Subscription eventHandler_;
 };

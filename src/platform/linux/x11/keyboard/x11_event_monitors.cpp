@@ -30,7 +30,7 @@ void X11EventMonitors::handleHeldModifiers(std::uint8_t held, xcb_keycode_t key)
   KeyEvent event;
   event.type = KeyEventType::flagsChanged;
   event.keyCode = virtualKeyCode(key);
-  event.modifierFlags = keymap_.eventFlags(held);
+  event.modifierFlags = keymap_.eventFlags(held) | keymap_.fnFlag();
   flagsMonitors_.offer(event);
 }
 

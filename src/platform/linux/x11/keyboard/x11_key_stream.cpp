@@ -1,5 +1,6 @@
 #include "platform/linux/x11/keyboard/x11_key_stream.h"
 
+#include <algorithm>
 #include <chrono>
 #include <utility>
 
@@ -9,6 +10,8 @@ namespace rondora::x11 {
 namespace {
 
 constexpr double kSettleSeconds = 0.25;
+/// Within this time an overlay takes the keyboard, if the key opens one.
+constexpr double kHandoverSeconds = 0.05;
 
 double steadySeconds() {
   return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
@@ -16,7 +19,7 @@ double steadySeconds() {
 
 void trace(const X11Key& key, std::optional<KeyConsumer> taker) {
   constexpr const char* kTargets[] = {"hotkey grab", "overlay", "own window"};
-  constexpr const char* kConsumers[] = {"hotkeys", "monitors"};
+  constexpr const char* kConsumers[] = {"tap", "hotkeys", "monitors"};
   const char* what = key.direction == KeyDirection::up ? "up" : key.isRepeat ? "repeat" : "down";
   trace::line("key ", int{key.code}, " ", what, " state ", key.state, " time ", key.time, " by ",
               kTargets[static_cast<std::size_t>(key.target)], " taken by ",
@@ -31,7 +34,8 @@ X11KeyStream::X11KeyStream(X11Connection& connection, X11Keymap& keymap, RawKeyR
       keymap_(keymap),
       rawReleases_(rawReleases),
       mainQueue_(mainQueue),
-      heldKeyGrabs_(connection, rawReleases.inputExtension()) {
+      xi2_(connection, rawReleases.inputExtension()),
+      handover_(connection, xi2_, rawReleases) {
   eventHandler_ = connection.addEventHandler([this](const xcb_generic_event_t& event) { return handleEvent(event); });
 }
 
@@ -39,6 +43,11 @@ Subscription X11KeyStream::consume(KeyConsumer consumer, Callback callback) {
   Callback& place = consumers_[static_cast<std::size_t>(consumer)];
   place = std::move(callback);
   return Subscription([&place] { place = nullptr; });
+}
+
+Subscription X11KeyStream::useTapGrabs(TapGrabs grabs) {
+  tapGrabs_ = std::move(grabs);
+  return Subscription([this] { tapGrabs_ = {}; });
 }
 
 Subscription X11KeyStream::onPosition(std::function<void(PixelPosition)> observer) {
@@ -50,6 +59,8 @@ void X11KeyStream::beginOverlay() {
   trace::line("grab: the overlay takes keyboard and pointer");
   overlayHasKeyboard_ = true;
   settling_.reset();
+  handoverItem_.reset();
+  handover_.clear();
   ungrabHeldKeys();
 }
 
@@ -59,10 +70,11 @@ void X11KeyStream::endOverlay() {
   trace::line("grab: the overlay ungrabs the keyboard");
   overlayHasKeyboard_ = false;
   pressedAt_ = 0;
+  tapKey_.reset();
   watchRawReleases();
   for (std::size_t key = 0; key < held_.size(); ++key) {
-    if (!held_[key].isDown) continue;
-    heldKeyGrabs_.grab(static_cast<xcb_keycode_t>(key));
+    if (!held_[key].isDown || held_[key].isSilenced) continue;
+    xi2_.grabHeld(static_cast<xcb_keycode_t>(key));
     held_[key].isGrabbed = true;
     trace::line("grab: key ", key, " until its release");
   }
@@ -78,26 +90,34 @@ void X11KeyStream::ungrabHeldKeys() {
   bool any = false;
   for (std::size_t key = 0; key < held_.size(); ++key) {
     if (!std::exchange(held_[key].isGrabbed, false)) continue;
-    heldKeyGrabs_.ungrab(static_cast<xcb_keycode_t>(key));
+    ungrabHeldKey(static_cast<xcb_keycode_t>(key));
     any = true;
   }
   if (!any) return;
   trace::line("grab: held keys are ungrabbed");
-  heldKeyGrabs_.ungrabKeyboard();
+  xi2_.ungrabKeyboard();
   connection_.flush();
+}
+
+void X11KeyStream::ungrabHeldKey(xcb_keycode_t key) {
+  xi2_.ungrabHeld(key);
+  if (tapGrabs_.renew) tapGrabs_.renew(key);
 }
 
 bool X11KeyStream::handleEvent(const xcb_generic_event_t& event) {
   const int type = event.response_type & 0x7F;
   if (type == XCB_KEY_PRESS || type == XCB_KEY_RELEASE) {
     const auto& key = reinterpret_cast<const xcb_key_press_event_t&>(event);
-    if (key.event != connection_.root()) return handleOwnWindow(key);
+    if (key.event != connection_.root()) return !rawReleases_.isDisowned(event) && handleOwnWindow(key);
+    if (rawReleases_.isDisowned(event)) return true;
     type == XCB_KEY_PRESS ? handlePress(key) : handleRelease(key);
     return true;
   }
-  const auto key = heldKeyGrabs_.coreEvent(event);
+  const auto key = xi2_.coreEvent(event);
   if (!key) return false;
-  key->response_type == XCB_KEY_PRESS ? handleGrabbedPress(*key) : handleRelease(*key);
+  connection_.noteEventTime(key->time);
+  if (rawReleases_.isDisowned(event)) return true;
+  key->response_type == XCB_KEY_PRESS ? handleXi2Press(*key, Xi2Keyboard::isRepeat(event)) : handleRelease(*key);
   return true;
 }
 
@@ -146,14 +166,61 @@ void X11KeyStream::handlePress(const xcb_key_press_event_t& event) {
   if (!isRepeat) held.taker = taker;
 }
 
+// A press that is no repeat ends one whose release was missed.
+void X11KeyStream::handleXi2Press(const xcb_key_press_event_t& event, bool isRepeat) {
+  if (!isRepeat) noteUp(event.detail);
+  if (overlayHasKeyboard_) return handlePress(event);
+  if (tapKey_ || isTapPress(event)) return handleTapPress(event);
+  handleHeldPress(event);
+}
+
+bool X11KeyStream::hasGrabbedHeldKey() const {
+  return std::any_of(held_.begin(), held_.end(), [](const HeldKey& key) { return key.isGrabbed; });
+}
+
+bool X11KeyStream::mayHoldKeyboard() const { return overlayHasKeyboard_ || tapKey_ || hasGrabbedHeldKey(); }
+
+bool X11KeyStream::isTapPress(const xcb_key_press_event_t& event) const {
+  return !hasGrabbedHeldKey() && tapGrabs_.contain && tapGrabs_.contain(event.detail, event.state);
+}
+
+void X11KeyStream::handleTapPress(const xcb_key_press_event_t& event) {
+  const bool isFirst = !tapKey_;
+  if (isFirst) tapKey_ = event.detail;
+  const bool isRepeat = held_[event.detail].isDown;
+  handlePress(event);
+  if (isRepeat) return;
+  const bool isForClient = !isFirst && !held_[event.detail].taker;
+  if (isForClient) handover_.add(event.detail, true);
+  if (isForClient || (tapGrabs_.handOver && tapGrabs_.handOver(event.detail))) handOverSoon();
+}
+
+void X11KeyStream::handOverSoon() {
+  if (!handoverItem_) handoverItem_ = mainQueue_.workItem(kHandoverSeconds, [this] { handOver(); });
+}
+
+// The watch begins first: the user's releases of silenced keys are reported by raw events only.
+void X11KeyStream::handOver() {
+  handoverItem_.reset();
+  if (overlayHasKeyboard_) return handover_.clear();
+  watchRawReleases();
+  KeySet silenced;
+  for (std::size_t key = 0; key < held_.size(); ++key) {
+    silenced[key] = held_[key].isDown && held_[key].taker;
+    if (silenced[key]) held_[key].isSilenced = true;
+  }
+  tapKey_.reset();
+  handover_.handOver(silenced);
+}
+
 // A key that was not held is new input: from the next key on other clients receive their keys again. This press itself
 // is lost to them, because an asynchronous grab cannot replay it. The grab is active even where no held key is left:
 // its key may have been pressed again before the ungrab reached the server.
-void X11KeyStream::handleGrabbedPress(const xcb_key_press_event_t& event) {
+void X11KeyStream::handleHeldPress(const xcb_key_press_event_t& event) {
   const bool isRepeat = held_[event.detail].isDown;
   if (!isRepeat) {
     ungrabHeldKeys();
-    heldKeyGrabs_.ungrabKeyboard();
+    xi2_.ungrabKeyboard();
     connection_.flush();
   }
   handlePress(event);
@@ -164,6 +231,12 @@ void X11KeyStream::handleGrabbedPress(const xcb_key_press_event_t& event) {
 
 void X11KeyStream::handleRelease(const xcb_key_release_event_t& event) {
   note(event);
+  handover_.userReleased(event.detail);
+  const bool isForClient = tapKey_ && !overlayHasKeyboard_ && tapKey_ != event.detail && !held_[event.detail].taker;
+  if (isForClient) {
+    handover_.add(event.detail, false);
+    handOverSoon();
+  }
   noteUp(event.detail);
   // The passive grab ends here: other clients receive the releases of keys pressed during it.
   if (!overlayHasKeyboard_ && !watch_ && downCount_ > 0) {
@@ -172,22 +245,34 @@ void X11KeyStream::handleRelease(const xcb_key_release_event_t& event) {
   }
 }
 
+// Its key is up.
+void X11KeyStream::endTapGrab() {
+  tapKey_.reset();
+  handoverItem_.reset();
+  if (!handover_.isEmpty()) handOver();
+}
+
 void X11KeyStream::noteUp(xcb_keycode_t code) {
   HeldKey& held = held_[code];
   if (!std::exchange(held.isDown, false)) return;
   --downCount_;
+  held.isSilenced = false;
   if (std::exchange(held.isGrabbed, false)) {
-    heldKeyGrabs_.ungrab(code);
+    ungrabHeldKey(code);
     connection_.flush();
   }
   deliver(latest(code, KeyDirection::up));
+  if (tapKey_ == code) endTapGrab();
   stopWatchingWhenNothingIsDown();
 }
 
 std::optional<KeyConsumer> X11KeyStream::deliver(const X11Key& key) const {
   std::optional<KeyConsumer> taker;
-  if (key.taker && offer(*key.taker, key)) taker = key.taker;
-  for (std::size_t i = 0; i < kKeyConsumerCount && !taker; ++i) {
+  // The repeats of a key that outlasts the overlay belong to what is over.
+  const bool isOver = key.isRepeat && held_[key.code].isGrabbed;
+  if (!isOver && offer(KeyConsumer::tap, key)) taker = KeyConsumer::tap;
+  if (!taker && key.taker && key.taker != KeyConsumer::tap && offer(*key.taker, key)) taker = key.taker;
+  for (std::size_t i = 1; i < kKeyConsumerCount && !taker; ++i) {
     const auto consumer = static_cast<KeyConsumer>(i);
     if (consumer != key.taker && offer(consumer, key)) taker = consumer;
   }
@@ -214,7 +299,7 @@ void X11KeyStream::stopWatchingWhenNothingIsDown() {
 }
 
 void X11KeyStream::forgetAll() {
-  for (HeldKey& held : held_) held.isDown = false;
+  for (HeldKey& held : held_) held.isDown = held.isSilenced = false;
   downCount_ = 0;
 }
 
@@ -224,7 +309,7 @@ void X11KeyStream::forgetKeysThatAreUp() {
   if (!reply) return;
   for (std::size_t key = 0; key < held_.size(); ++key) {
     const bool isDown = (reply->keys[key / 8] >> (key % 8)) & 1;
-    if (!isDown) noteUp(static_cast<xcb_keycode_t>(key));
+    if (!isDown && !held_[key].isSilenced) noteUp(static_cast<xcb_keycode_t>(key));
   }
 }
 

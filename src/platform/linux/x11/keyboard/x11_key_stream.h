@@ -10,17 +10,18 @@
 
 #include "base/observable.h"
 #include "platform/linux/x11/connection/x11_connection.h"
-#include "platform/linux/x11/keyboard/held_key_grabs.h"
+#include "platform/linux/x11/keyboard/grab_handover.h"
 #include "platform/linux/x11/keyboard/raw_key_releases.h"
 #include "platform/linux/x11/keyboard/x11_keymap.h"
+#include "platform/linux/x11/keyboard/xi2_keyboard.h"
 #include "platform/main_queue.h"
 
 namespace rondora::x11 {
 
 /// The consumers of key events, in the order in which they receive each event; an event that one takes reaches no later
-/// one. This is the only place that states the order: an event tap becomes the enumerator before `hotkeys`.
-enum class KeyConsumer : std::uint8_t { hotkeys, monitors };
-inline constexpr std::size_t kKeyConsumerCount = 2;
+/// one. This is the only place that states the order.
+enum class KeyConsumer : std::uint8_t { tap, hotkeys, monitors };
+inline constexpr std::size_t kKeyConsumerCount = 3;
 
 enum class KeyDirection : std::uint8_t { down, up };
 
@@ -55,7 +56,9 @@ struct X11Key {
 ///
 /// A key of a passive grab is followed until its release, also past the overlay's grab; releases that go to other
 /// clients arrive as raw events. Repeats of a key that outlasts the overlay reach no client: the stream grabs that key
-/// until its release. Main thread; allocates nothing per event.
+/// until its release. While the key of a tap's grab is down, that grab also receives all other keys; those that no
+/// consumer takes are handed over to the focused client unless the overlay takes the keyboard first. Main thread;
+/// allocates nothing per event.
 class X11KeyStream {
  public:
   /// Returns true when it takes the event.
@@ -64,7 +67,24 @@ class X11KeyStream {
   /// Arguments must outlive the object.
   X11KeyStream(X11Connection& connection, X11Keymap& keymap, RawKeyReleases& rawReleases, MainQueue& mainQueue);
 
-  /// One callback per consumer. Repeats and release of a key go first to the consumer that took its press.
+  /// The passive XI2 grabs of an event tap.
+  struct TapGrabs {
+    /// One of them grabs the key in this state.
+    std::function<bool(xcb_keycode_t, std::uint16_t state)> contain;
+    /// The key is held like a modifier: other keys go to the focused client meanwhile.
+    std::function<bool(xcb_keycode_t)> handOver;
+    /// The grabs of the key must be made again.
+    std::function<void(xcb_keycode_t)> renew;
+  };
+  [[nodiscard]] Subscription useTapGrabs(TapGrabs grabs);
+  const Xi2Keyboard& xi2() const { return xi2_; }
+  /// A passive grab of XI2 is active, so an active one of the core protocol would be refused.
+  bool isXi2GrabActive() const { return tapKey_.has_value(); }
+  /// This program may have grabbed the keyboard.
+  bool mayHoldKeyboard() const;
+
+  /// One callback per consumer. After the tap, repeats and release of a key go first to the consumer that took its
+  /// press.
   [[nodiscard]] Subscription consume(KeyConsumer consumer, Callback callback);
 
   /// The observer receives the pointer's position at each key event of the overlay, before the consumers receive the
@@ -86,8 +106,10 @@ class X11KeyStream {
  private:
   struct HeldKey {
     bool isDown = false;
-    /// Grabbed by `heldKeyGrabs_`.
+    /// Grabbed since the overlay ended.
     bool isGrabbed = false;
+    /// Up for all clients, though the user holds it.
+    bool isSilenced = false;
     std::optional<KeyConsumer> taker;
     std::uint64_t flagsAtPress = 0;
   };
@@ -95,10 +117,18 @@ class X11KeyStream {
   bool handleEvent(const xcb_generic_event_t& event);
   bool handleOwnWindow(const xcb_key_press_event_t& event);
   void handlePress(const xcb_key_press_event_t& event);
-  void handleGrabbedPress(const xcb_key_press_event_t& event);
+  void handleXi2Press(const xcb_key_press_event_t& event, bool isRepeat);
+  void handleTapPress(const xcb_key_press_event_t& event);
+  void handleHeldPress(const xcb_key_press_event_t& event);
+  bool hasGrabbedHeldKey() const;
+  bool isTapPress(const xcb_key_press_event_t& event) const;
   void handleRelease(const xcb_key_release_event_t& event);
   void note(const xcb_key_press_event_t& event);
   void noteUp(xcb_keycode_t key);
+  void handOverSoon();
+  void handOver();
+  void endTapGrab();
+  void ungrabHeldKey(xcb_keycode_t key);
   X11Key latest(xcb_keycode_t key, KeyDirection direction) const;
   std::optional<KeyConsumer> deliver(const X11Key& key) const;
   bool offer(KeyConsumer consumer, const X11Key& key) const;
@@ -112,7 +142,12 @@ class X11KeyStream {
   X11Keymap& keymap_;
   RawKeyReleases& rawReleases_;
   MainQueue& mainQueue_;
-  HeldKeyGrabs heldKeyGrabs_;
+  Xi2Keyboard xi2_;
+  GrabHandover handover_;
+  TapGrabs tapGrabs_;
+  /// The key whose tap grab is active.
+  std::optional<xcb_keycode_t> tapKey_;
+  Subscription handoverItem_;
   /// By X key code.
   std::array<HeldKey, 256> held_;
   int downCount_ = 0;

@@ -107,6 +107,10 @@ bool X11Keymap::handleEvent(const xcb_generic_event_t& event) {
   return false;
 }
 
+void X11Keymap::setFnHeld(bool isHeld, xcb_keycode_t key) {
+  if (std::exchange(isFnHeld_, isHeld) != isHeld) heldModifiersChanged_.offer(heldModifiers_, key);
+}
+
 // A change of layout arrives as a burst of events: read the mapping once, after it.
 void X11Keymap::markStale() {
   if (std::exchange(isStale_, true)) return;
@@ -208,9 +212,12 @@ std::string X11Keymap::textOf(xcb_keycode_t key, std::uint32_t modifiers, std::u
 }
 
 KeyEvent X11Keymap::keyEvent(KeyEventType type, xcb_keycode_t key, std::uint16_t state, bool isRepeat) {
-  return {
-      type,    virtualKeyCode(key), characters(key, state), charactersIgnoringModifiers(key, state), eventFlags(state),
-      isRepeat};
+  return {type,
+          virtualKeyCode(key),
+          characters(key, state),
+          charactersIgnoringModifiers(key, state),
+          eventFlags(state) | fnFlag(),
+          isRepeat};
 }
 
 }  // namespace rondora::x11

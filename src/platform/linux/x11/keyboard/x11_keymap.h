@@ -44,13 +44,16 @@ class X11Keymap {
   /// Null when the server has no keymap.
   xkb_keymap* keymap() const { return keymap_.get(); }
   const ModifierMasks& masks() const { return masks_; }
-  /// Nothing when the keyboard lacks one of the modifiers; X11 never has Fn.
+  /// Nothing when the keyboard lacks one of the modifiers; no X modifier is Fn.
   std::optional<std::uint16_t> xModifiers(std::uint32_t carbonModifiers) const;
   /// Event flags of an X modifier mask; locks are left out.
   std::uint64_t eventFlags(std::uint32_t xModifiers) const;
   /// The modifiers physically held after the events handled so far, as event flags. A reply of the server would include
   /// events that are still queued: a release would then overtake the motion before it.
-  std::uint64_t heldEventFlags() const { return eventFlags(heldModifiers_); }
+  std::uint64_t heldEventFlags() const { return eventFlags(heldModifiers_) | fnFlag(); }
+  /// The Fn flag while the key that stands in for Fn is held.
+  std::uint64_t fnFlag() const { return isFnHeld_ ? event_flags::kFunction : 0; }
+  void setFnHeld(bool isHeld, xcb_keycode_t key);
   bool isModifierKey(xcb_keycode_t key) const { return modifierKeys_[key]; }
 
   /// The text that the key types in `state`, the state field of a core event.
@@ -91,6 +94,7 @@ class X11Keymap {
   UniqueCPtr<xkb_state, xkb_state_unref> state_;
   ModifierMasks masks_;
   std::uint8_t heldModifiers_ = 0;
+  bool isFnHeld_ = false;
   std::bitset<256> modifierKeys_;
   bool isStale_ = false;
   Signal<> changed_;

@@ -48,6 +48,7 @@ void X11InputGrab::request(InputGrabSink& sink) {
   heldButtons_.reset();
   polled_.reset();
   attempts_ = 0;
+  usesXi2_ = keys_.isXi2GrabActive();
   keys_.beginOverlay();
   send(connection_.lastEventTime());
 }
@@ -69,10 +70,7 @@ void X11InputGrab::send(xcb_timestamp_t time) {
   ++attempts_;
   Attempt attempt;
   attempt.cursor = cursor_;
-  if (!hasKeyboard_) {
-    attempt.keyboard =
-        xcb_grab_keyboard(connection, 0, connection_.root(), time, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
-  }
+  if (!hasKeyboard_) requestKeyboard(attempt, time);
   if (!hasPointer_) {
     attempt.pointer = xcb_grab_pointer(connection, 0, connection_.root(), kPointerEvents, XCB_GRAB_MODE_ASYNC,
                                        XCB_GRAB_MODE_ASYNC, XCB_WINDOW_NONE, cursor_, time);
@@ -80,6 +78,15 @@ void X11InputGrab::send(xcb_timestamp_t time) {
   attempt.place = xcb_query_pointer(connection, connection_.root());
   attempt_ = attempt;
   connection_.flush();
+}
+
+void X11InputGrab::requestKeyboard(Attempt& attempt, xcb_timestamp_t time) const {
+  if (usesXi2_) {
+    attempt.xi2Keyboard = keys_.xi2().grabKeyboard(time);
+  } else {
+    attempt.keyboard =
+        xcb_grab_keyboard(connection_.get(), 0, connection_.root(), time, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+  }
 }
 
 // The time is too old when another client has grabbed since: the ring was requested over the bus, say, by the program
@@ -98,13 +105,15 @@ X11InputGrab::Outcome X11InputGrab::receive() {
   if (attempt.keyboard) {
     hasKeyboard_ = isGranted(KeyboardReply(xcb_grab_keyboard_reply(connection, *attempt.keyboard, nullptr)));
   }
+  if (attempt.xi2Keyboard) hasKeyboard_ = isGranted(keys_.xi2().reply(*attempt.xi2Keyboard));
   if (attempt.pointer) {
     hasPointer_ = isGranted(PointerReply(xcb_grab_pointer_reply(connection, *attempt.pointer, nullptr)));
     if (hasPointer_ && attempt.cursor != cursor_) changeCursor();
   }
   const Reply<xcb_query_pointer_reply_t> place(xcb_query_pointer_reply(connection, attempt.place, nullptr));
   if (place) outcome.pointer = {place->root_x, place->root_y};
-  trace::line("grab: attempt ", attempts_, " keyboard ", hasKeyboard_, " pointer ", hasPointer_);
+  trace::line("grab: attempt ", attempts_, usesXi2_ ? " XI2" : " core", " keyboard ", hasKeyboard_, " pointer ",
+              hasPointer_);
   return outcome;
 }
 
@@ -119,8 +128,10 @@ void X11InputGrab::follow(const Outcome& outcome) {
   if (outcome.pointer) pointerAt(*outcome.pointer);
 }
 
-// With the current time: the competing grab may be younger than the event behind ours.
+// With the current time: the competing grab may be younger than the event behind ours. The other protocol: the grab
+// that refuses this one may be an own passive one.
 void X11InputGrab::retry() {
+  if (!hasKeyboard_) usesXi2_ = !usesXi2_ && keys_.xi2().available();
   if (hasKeyboard_ || attempts_ < (hasPointer_ ? kMaxAttemptsWithPointer : kMaxAttempts)) {
     send(XCB_CURRENT_TIME);
     return follow(receive());
@@ -145,7 +156,7 @@ void X11InputGrab::ungrab() {
   receive();
   retry_.reset();
   keys_.endOverlay();
-  if (std::exchange(hasKeyboard_, false)) xcb_ungrab_keyboard(connection_.get(), XCB_CURRENT_TIME);
+  ungrabKeyboard();
   if (!std::exchange(hasPointer_, false)) {
     connection_.flush();
     return setHeld(false);
@@ -156,6 +167,12 @@ void X11InputGrab::ungrab() {
     heldButtons_.set(button, (pointer->mask & (XCB_BUTTON_MASK_1 << (button - 1))) != 0);
   }
   if (heldButtons_.none()) ungrabPointer();
+}
+
+void X11InputGrab::ungrabKeyboard() {
+  if (!std::exchange(hasKeyboard_, false)) return;
+  if (usesXi2_) return keys_.xi2().ungrabKeyboard();
+  xcb_ungrab_keyboard(connection_.get(), XCB_CURRENT_TIME);
 }
 
 void X11InputGrab::ungrabPointer() {

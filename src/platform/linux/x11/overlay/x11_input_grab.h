@@ -53,7 +53,9 @@ class X11InputGrab {
  private:
   /// The requests of one attempt. Those for what is already held are missing.
   struct Attempt {
+    /// One of both protocols at most.
     std::optional<xcb_grab_keyboard_cookie_t> keyboard;
+    std::optional<Xi2Keyboard::ActiveGrab> xi2Keyboard;
     std::optional<xcb_grab_pointer_cookie_t> pointer;
     xcb_query_pointer_cookie_t place{};
     xcb_cursor_t cursor = XCB_CURSOR_NONE;
@@ -69,7 +71,9 @@ class X11InputGrab {
   void retry();
   void pointerAt(PixelPosition position);
   void changeCursor() const;
+  void requestKeyboard(Attempt& attempt, xcb_timestamp_t time) const;
   void ungrab();
+  void ungrabKeyboard();
   void ungrabPointer();
   bool handleEvent(const xcb_generic_event_t& event);
   void handleRelease(xcb_button_t button);
@@ -83,6 +87,9 @@ class X11InputGrab {
   std::function<void(bool)> heldObserver_;
   bool isHeld_ = false;
   bool hasKeyboard_ = false;
+  /// The keyboard is grabbed through XI2: the server refuses the core protocol while a passive grab of XI2 is active,
+  /// and the other way round.
+  bool usesXi2_ = false;
   bool isKeyboardReported_ = false;
   bool hasPointer_ = false;
   int attempts_ = 0;

@@ -1,0 +1,137 @@
+#include "x11_test.h"
+
+namespace rondora::live {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr std::uint8_t kMenuKey = 135;
+constexpr std::uint16_t kSuperMask = XCB_MOD_MASK_4;
+
+class EventTapsTest : public X11Test {
+ protected:
+  void SetUp() override { other_.takeFocus(); }
+
+  /// A tap of Super+Tab and Fn+N, and of Fn alone if it `swallowsFn`.
+  void startTap(bool swallowsFn) {
+    const TapKey keys[] = {{48, carbon::kCommand}, {45, carbon::kFunction}};
+    tap_ = eventTaps_.create(0x1C00, keys, [this, swallowsFn](auto type, auto key, auto flags) {
+      const bool isBound = (key == 48 && flags == event_flags::kCommand) ||
+                           (key == 45 && flags == event_flags::kFunction) || (swallowsFn && type == 12);
+      if (isBound) tapped_ += std::to_string(type) + ":" + std::to_string(key) + " ";
+      return isBound ? TapVerdict::swallow : TapVerdict::pass;
+    });
+    source_ = tap_->addToRunLoop();
+    tap_->enable(true);
+  }
+  std::string tapped() {
+    drain();
+    return std::exchange(tapped_, {});
+  }
+  /// The keys that the focused client received: "+38 -38".
+  std::string typed() {
+    drain();
+    return other_.keys();
+  }
+  void tapTab() {
+    user_.keyDown(key::super);
+    user_.tap(key::tab);
+    user_.keyUp(key::super);
+  }
+  void holdFn() {
+    user_.keyDown(kMenuKey);
+    ASSERT_TRUE(eventually([&] { return !user_.isKeyDown(kMenuKey); })) << "handed over";
+  }
+
+  Bystander other_{server_.display()};
+  std::string tapped_;
+  std::unique_ptr<EventTap> tap_;
+  Subscription source_;
+};
+
+TEST_F(EventTapsTest, WinsItsKeysFromAWindowManagerAndTakesThemBack) {
+  Bystander manager(server_.display());
+  ASSERT_TRUE(manager.grabKey(key::tab, kSuperMask));
+  startTap(false);
+  EXPECT_TRUE(tap_->receives({48, carbon::kCommand}));
+  typed();
+  tapTab();
+  EXPECT_EQ(tapped(), "10:48 11:48 ");
+  manager.ungrabKey(key::tab, kSuperMask);
+  ASSERT_TRUE(manager.grabKey(key::tab, kSuperMask));
+  tapTab();
+  EXPECT_EQ(tapped(), "") << "the newest grab wins";
+  tap_->retake();
+  tapTab();
+  EXPECT_EQ(tapped(), "10:48 11:48 ");
+  EXPECT_EQ(typed(), "+133 -133 +133 -133 +133 -133 ");
+  tap_.reset();
+  manager.keys();
+  tapTab();
+  EXPECT_EQ(manager.keys(), "+23 -23 ");
+}
+
+TEST_F(EventTapsTest, TypesOtherKeysAsIfFnWereNotHeld) {
+  startTap(true);
+  for (const char* round : {"first", "second"}) {
+    holdFn();
+    EXPECT_EQ(keymap_.heldEventFlags(), event_flags::kFunction) << round;
+    user_.tap(key::a);
+    user_.keyDown(key::q);
+    user_.tap(key::n);
+    user_.keyUp(key::q);
+    EXPECT_EQ(typed(), "+38 -38 +24 -24 ");
+    user_.keyUp(kMenuKey);
+    EXPECT_EQ(tapped(), "12:63 10:45 11:45 12:63 ");
+    EXPECT_EQ(keymap_.heldEventFlags(), 0U);
+  }
+  user_.tap(key::n);
+  EXPECT_EQ(typed(), "+57 -57 ");
+  // Keys that precede the handover, one of them already down.
+  user_.keyDown(key::a);
+  user_.keyDown(kMenuKey);
+  user_.keyUp(key::a);
+  user_.tap(key::t);
+  user_.keyDown(key::q);
+  EXPECT_TRUE(eventually([&] { return !user_.isKeyDown(kMenuKey); }));
+  user_.keyUp(key::q);
+  user_.keyUp(kMenuKey);
+  EXPECT_EQ(typed(), "+38 -38 +28 -28 +24 -24 ");
+  EXPECT_TRUE(eventually([&] { return user_.keyboardIsAtRest() && user_.nothingIsGrabbed(); }));
+}
+
+TEST_F(EventTapsTest, TypesAMenuKeyThatIsTappedAloneAndUnbound) {
+  startTap(false);
+  user_.tap(kMenuKey);
+  EXPECT_EQ(typed(), "+135 -135 ");
+  holdFn();
+  user_.tap(key::n);
+  user_.keyUp(kMenuKey);
+  EXPECT_EQ(tapped(), "10:45 11:45 ");
+  EXPECT_EQ(typed(), "");
+}
+
+TEST_F(EventTapsTest, SecureInputIsAnotherClientsGrab) {
+  startTap(true);
+  EXPECT_FALSE(eventTaps_.isEnabled());
+  ASSERT_TRUE(other_.grabKeyboard());
+  EXPECT_TRUE(eventTaps_.isEnabled());
+  other_.ungrab();
+  EXPECT_FALSE(eventTaps_.isEnabled());
+  user_.keyDown(key::super);
+  user_.keyDown(key::tab);
+  EXPECT_EQ(tapped(), "10:48 ");
+  EXPECT_FALSE(eventTaps_.isEnabled()) << "the tap's own grab";
+  auto panel = openPanel();
+  EXPECT_TRUE(keys_.isXi2GrabActive() && !user_.keyboardIsFree()) << "the overlay has it at once";
+  EXPECT_FALSE(eventTaps_.isEnabled());
+  user_.keyUp(key::tab);
+  panel.reset();
+  user_.keyUp(key::super);
+  drain();
+  EXPECT_TRUE(user_.nothingIsGrabbed());
+}
+
+}  // namespace
+}  // namespace rondora::live
