@@ -14,6 +14,7 @@
 #include "platform/linux/desktop/installed_applications.h"
 #include "platform/linux/desktop/lock_file_channel.h"
 #include "platform/linux/desktop/message_buses.h"
+#include "platform/linux/desktop/switcher_keys.h"
 #include "platform/linux/desktop/system_clock.h"
 #include "platform/linux/desktop/system_random.h"
 #include "platform/linux/desktop/thread_name.h"
@@ -89,7 +90,6 @@ struct CompositionLinux::Running {
   desktop::InputTrackpads trackpads;
   desktop::NoMultitouch multitouch;
   desktop::NoHaptics haptics;
-  desktop::NoSwitcherKeys switcherKeys;
   desktop::NoSpaceShortcuts spaceShortcuts;
   QtMainQueue mainQueue;
   QtApplicationShell shell;
@@ -100,6 +100,9 @@ struct CompositionLinux::Running {
       kOwnFile, mainQueue, std::make_unique<desktop::SerialThread>("Rondora.Pictures", desktop::nameThread)};
   QtWindows windows{[this] { return program.windowContents(); }};
   x11::X11Backends display;
+  desktop::SwitcherKeys switcherKeys{{defaults, log,
+                                      [this](const TapKey& key) { return display.eventTaps.receives(key); },
+                                      [this] { return desktop::shortcutSettingsOf(presence.environment); }}};
   x11::GuardLink guardLink;
   QtNativeEvents events{[this](const xcb_generic_event_t& event) {
     mainQueue.runWaiting();

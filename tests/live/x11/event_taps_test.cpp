@@ -63,6 +63,7 @@ TEST_F(EventTapsTest, WinsItsKeysFromAWindowManagerAndTakesThemBack) {
   tapTab();
   EXPECT_EQ(tapped(), "") << "the newest grab wins";
   tap_->retake();
+  drain();
   tapTab();
   EXPECT_EQ(tapped(), "10:48 11:48 ");
   EXPECT_EQ(typed(), "+133 -133 +133 -133 +133 -133 ");

@@ -2,7 +2,6 @@
 
 #include "platform/haptics.h"
 #include "platform/multitouch.h"
-#include "platform/symbolic_hot_key_switch.h"
 #include "platform/symbolic_hot_keys.h"
 
 // Ports for capabilities that this desktop does not have.
@@ -13,12 +12,6 @@ namespace rondora::desktop {
 class NoHaptics final : public Haptics {
  public:
   void perform(HapticPattern /*pattern*/) override {}
-};
-
-class NoSwitcherKeys final : public SymbolicHotKeySwitch {
- public:
-  bool available() override { return false; }
-  void setEnabled(std::int32_t /*id*/, bool /*isEnabled*/) override {}
 };
 
 /// Activating a window switches to its desktop, so no shortcut of the window manager is needed.

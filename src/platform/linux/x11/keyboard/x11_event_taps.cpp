@@ -201,6 +201,8 @@ std::vector<EventTapRecord> X11EventTaps::list() const {
 
 std::int32_t X11EventTaps::ownProcess() const { return getpid(); }
 
+bool X11EventTaps::receives(const TapKey& key) const { return tap_ != nullptr && tap_->receives(key); }
+
 // The server looks for a grab of another client, or of ours through XI2, before it looks at the window.
 bool X11EventTaps::isEnabled() const {
   const auto cookie =

@@ -29,6 +29,8 @@ class X11EventTaps final : public EventTaps, public SecureInput {
   std::vector<EventTapRecord> list() const override;
   std::int32_t ownProcess() const override;
   bool isEnabled() const override;
+  /// The live tap receives the key.
+  bool receives(const TapKey& key) const;
 
  private:
   class Tap;
