@@ -193,7 +193,8 @@ void AppDelegate::permissionsChanged(const PermissionsSnapshot& snapshot) {
 
 void AppDelegate::relaunchIfTapIsDeaf() {
   const HotkeyHIDTap* tap = hotkeyManager()->hidTap();
-  if (tap != nullptr && tap->hasPort() && !tap->deliversKeyEvents()) AppRelauncher(services_.shell).relaunch();
+  if (tap != nullptr && tap->hasPort() && !tap->deliversKeyEvents())
+    AppRelauncher(services_.shell, services_.mainQueue).relaunch();
 }
 
 void AppDelegate::evaluateStatusItemVisibility(HiddenStatusItem reaction) {

@@ -7,11 +7,15 @@ constexpr double kToleranceShare = 0.2;
 
 }  // namespace
 
-PermissionsMonitor::PermissionsMonitor(const PermissionService& permissions, MainQueue& mainQueue,
-                                       ApplicationShell& shell)
+PermissionsMonitor::PermissionsMonitor(PermissionService& permissions, MainQueue& mainQueue, ApplicationShell& shell)
     : permissions_(permissions), mainQueue_(mainQueue), snapshot_(PermissionsSnapshot::read(permissions)) {
   activationObserver_ = shell.onDidBecomeActive(weakSelf_.bind([](PermissionsMonitor& self) { self.refresh(); }));
+  news_ = permissions.onMayHaveChanged(weakSelf_.bind([](PermissionsMonitor& self) { self.refreshOnceSettled(); }));
   scheduleTimer();
+}
+
+void PermissionsMonitor::refreshOnceSettled() {
+  settling_ = mainQueue_.workItem(kSettleTime, weakSelf_.bind([](PermissionsMonitor& self) { self.refresh(); }));
 }
 
 void PermissionsMonitor::refresh() {
@@ -22,6 +26,7 @@ void PermissionsMonitor::refresh() {
 
 void PermissionsMonitor::scheduleTimer() {
   timer_.reset();
+  if (news_) return;
   const double interval = snapshot_.value().allGranted() ? kGrantedInterval : kPendingInterval;
   timer_ = mainQueue_.timer(interval, kToleranceShare * interval,
                             weakSelf_.bind([](PermissionsMonitor& self) { self.refresh(); }));

@@ -8,6 +8,7 @@
 
 namespace rondora {
 
+inline constexpr std::uint32_t kKeyDownMask = 1024;
 inline constexpr std::uint32_t kKeyDownAndKeyUpMask = 3072;
 inline constexpr std::uint32_t kFlagsChangedMask = 4096;
 
@@ -19,7 +20,8 @@ class EventMonitors {
 
   virtual ~EventMonitors() = default;
 
-  /// `eventMask` is one of the masks above. Handlers are called in the order in which they were added.
+  /// `eventMask` is one of the masks above. Handlers are called in the order in which they were added. The result is
+  /// empty when no monitor could be installed.
   [[nodiscard]] virtual Subscription addLocalMonitor(std::uint32_t eventMask, Handler handler) = 0;
   /// The modifiers physically held after the events handled so far, as event flags; locks are left out.
   virtual std::uint64_t currentModifierFlags() const = 0;

@@ -52,6 +52,12 @@ std::uint64_t FakeKeyboard::currentModifierFlags() const {
   return flags;
 }
 
+std::optional<Subscription> FakeKeyboard::take(RecordingKeyboard::Observer observer) {
+  if (isHeldByOther) return std::nullopt;
+  recording_ = std::move(observer);
+  return Subscription([this] { recording_.reset(); });
+}
+
 KeyEvent FakeKeyboard::event(KeyEventType type, std::uint16_t keyCode) const {
   KeyEvent result;
   result.type = type;
@@ -63,8 +69,9 @@ KeyEvent FakeKeyboard::event(KeyEventType type, std::uint16_t keyCode) const {
 }
 
 void FakeKeyboard::deliverToMonitors(const KeyEvent& event) const {
-  const std::uint32_t mask = event.type == KeyEventType::flagsChanged ? kFlagsChangedMask : kKeyDownAndKeyUpMask;
-  monitors_.offer(mask, event);
+  constexpr std::uint32_t kKeyUpMask = kKeyDownAndKeyUpMask & ~kKeyDownMask;
+  const std::uint32_t keyMask = event.type == KeyEventType::keyDown ? kKeyDownMask : kKeyUpMask;
+  monitors_.offer(event.type == KeyEventType::flagsChanged ? kFlagsChangedMask : keyMask, event);
 }
 
 int FakeKeyboard::send(const HotKeyEvent* event) const {
@@ -81,8 +88,8 @@ std::optional<EventHotKeyID> FakeKeyboard::registered(std::uint32_t keyCode, std
 }
 
 void FakeKeyboard::changeFlags(std::uint16_t keyCode) const {
-  if (taps.isSwallowed(tap_events::kFlagsChanged, keyCode, currentModifierFlags())) return;
-  if (overlayHoldsKeyboard_()) deliverToMonitors(event(KeyEventType::flagsChanged, keyCode));
+  if (!recording_ && taps.isSwallowed(tap_events::kFlagsChanged, keyCode, currentModifierFlags())) return;
+  if (goesToProgram()) deliverToMonitors(event(KeyEventType::flagsChanged, keyCode));
 }
 
 void FakeKeyboard::press(std::uint16_t keyCode) {
@@ -90,6 +97,7 @@ void FakeKeyboard::press(std::uint16_t keyCode) {
   const bool isForOverlay = overlayHoldsKeyboard_();
   HeldKey& held = held_[keyCode] = {};
   if (modifierFlag(keyCode) != 0) return changeFlags(keyCode);
+  if (recording_) return deliverToMonitors(down);
   if (taps.isSwallowed(tap_events::kKeyDown, keyCode, down.modifierFlags)) {
     held.flagsInTap = down.modifierFlags;
     return;
@@ -110,6 +118,7 @@ void FakeKeyboard::release(std::uint16_t keyCode) {
   const auto found = held_.extract(keyCode);
   if (!found) return;
   if (modifierFlag(keyCode) != 0) return changeFlags(keyCode);
+  if (recording_) return deliverToMonitors(event(KeyEventType::keyUp, keyCode));
   const HeldKey& held = found.mapped();
   if (taps.isSwallowed(tap_events::kKeyUp, keyCode, held.flagsInTap.value_or(currentModifierFlags()))) return;
   const auto hotKey = held.hotKeyModifiers ? registered(keyCode, *held.hotKeyModifiers) : std::nullopt;

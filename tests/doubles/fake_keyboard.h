@@ -12,13 +12,14 @@
 #include "doubles/fake_event_taps.h"
 #include "platform/event_monitors.h"
 #include "platform/hotkey_service.h"
+#include "platform/recording_keyboard.h"
 
 namespace rondora {
 
 /// The physical keyboard and the consumers of its events: the event tap first, then hot keys, then the overlay while it
-/// holds the keyboard.
+/// holds the keyboard. While a hotkey is recorded, the event monitors alone.
 /// The layout is US; Shift does not change what a key types.
-class FakeKeyboard final : public HotkeyService, public EventMonitors {
+class FakeKeyboard final : public HotkeyService, public EventMonitors, public RecordingKeyboard {
  public:
   enum Key : std::uint16_t {
     kCommandKey = 55,
@@ -43,6 +44,7 @@ class FakeKeyboard final : public HotkeyService, public EventMonitors {
   void setOverlayRule(const OverlayRule& rule) override { overlayRule_ = rule; }
   [[nodiscard]] Subscription addLocalMonitor(std::uint32_t eventMask, EventMonitors::Handler handler) override;
   std::uint64_t currentModifierFlags() const override;
+  [[nodiscard]] std::optional<Subscription> take(RecordingKeyboard::Observer observer) override;
 
   void press(std::uint16_t keyCode);
   void release(std::uint16_t keyCode);
@@ -64,11 +66,17 @@ class FakeKeyboard final : public HotkeyService, public EventMonitors {
   std::size_t monitorCount() const { return monitors_.size(); }
   /// The user chooses another layout.
   void moveModifiers() { modifiersMoved_.send(); }
+  bool isTaken() const { return recording_.has_value(); }
+  /// The user clicks, or a ring opens.
+  void clickWhileTaken() const { RecordingKeyboard::Observer(*recording_).onClick(); }
+  void loseKeyboard() const { RecordingKeyboard::Observer(*recording_).onLost(); }
   /// Sends a hot-key event directly, as the system would.
   int send(const HotKeyEvent* event) const;
 
   /// Combinations (key code, Carbon mask) that another program has taken.
   std::set<std::pair<std::uint32_t, std::uint32_t>> foreignOwners;
+  /// Another program holds the whole keyboard.
+  bool isHeldByOther = false;
   FakeEventTaps taps;
   /// The keyboard's option that makes all modifiers switch the layout.
   std::optional<std::string> option;
@@ -86,7 +94,10 @@ class FakeKeyboard final : public HotkeyService, public EventMonitors {
   std::optional<EventHotKeyID> registered(std::uint32_t keyCode, std::uint32_t carbonModifiers) const;
   void sendHotKey(const HotKeyEvent& event) const { send(&event); }
 
+  bool goesToProgram() const { return recording_ || overlayHoldsKeyboard_(); }
+
   std::function<bool()> overlayHoldsKeyboard_;
+  std::optional<RecordingKeyboard::Observer> recording_;
   /// Event flags.
   std::uint64_t latched_ = 0;
   Signal<> modifiersMoved_;

@@ -8,6 +8,7 @@
 #include "doubles/value_at.h"
 #include "platform/application_shell.h"
 #include "platform/instance_channel.h"
+#include "platform/login_item.h"
 #include "platform/permission_service.h"
 #include "platform/process_environment.h"
 #include "platform/session_events.h"
@@ -22,7 +23,10 @@ class FakeApplicationShell final : public ApplicationShell {
   void setMainMenu(std::vector<MenuEntry> entries) override { mainMenu = std::move(entries); }
   void activateIgnoringOtherApps() override { ++activations; }
   void terminate() override { ++terminations; }
-  void openNewInstance(std::function<void()> opened) override { openingInstance = std::move(opened); }
+  void openOwnApplication(const OpenConfiguration& configuration, std::function<void()> opened) override {
+    openedWith = configuration;
+    openingInstance = std::move(opened);
+  }
   void setShouldTerminateAfterLastWindowClosed(std::function<bool()> shouldTerminate) override {
     shouldTerminateAfterLastWindowClosed = std::move(shouldTerminate);
   }
@@ -37,6 +41,7 @@ class FakeApplicationShell final : public ApplicationShell {
   int terminations = 0;
   /// Set while a new instance is being opened; the test calls it when the instance is open.
   std::function<void()> openingInstance;
+  OpenConfiguration openedWith;
   std::function<bool()> shouldTerminateAfterLastWindowClosed;
 
  private:
@@ -63,11 +68,36 @@ class FakePermissionService final : public PermissionService {
  public:
   bool isProcessTrusted() const override { return trusted; }
   bool preflightListenEventAccess() const override { return mayListen; }
+  void promptForTrust() override { ++trustPrompts; }
   void requestListenEventAccess() override { ++listenRequests; }
+  [[nodiscard]] std::optional<Subscription> onMayHaveChanged(std::function<void()> observer) override {
+    if (!tellsOfChanges) return std::nullopt;
+    return mayHaveChanged.subscribe(std::move(observer));
+  }
 
   bool trusted = true;
   bool mayListen = true;
+  bool tellsOfChanges = false;
+  int trustPrompts = 0;
   int listenRequests = 0;
+  Signal<> mayHaveChanged;
+};
+
+class FakeLoginItem final : public LoginItem {
+ public:
+  LoginItemError add() override { return change(true); }
+  LoginItemError remove() override { return change(false); }
+  bool isListed() const override { return listed; }
+
+  bool listed = false;
+  /// Of each change; empty when they succeed.
+  LoginItemError error;
+
+ private:
+  LoginItemError change(bool lists) {
+    if (!error) listed = lists;
+    return error;
+  }
 };
 
 class FakeProcessEnvironment final : public ProcessEnvironment {

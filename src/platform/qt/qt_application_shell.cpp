@@ -52,7 +52,7 @@ void QtApplicationShell::activateIgnoringOtherApps() {
 
 void QtApplicationShell::terminate() { QCoreApplication::quit(); }
 
-void QtApplicationShell::openNewInstance(std::function<void()> opened) {
+void QtApplicationShell::openOwnApplication(const OpenConfiguration& /*configuration*/, std::function<void()> opened) {
   isNewInstanceRequested_ = true;
   opened();
 }

@@ -23,8 +23,9 @@ class QtApplicationShell : public ApplicationShell {
   void setMainMenu(std::vector<MenuEntry> entries) override;
   void activateIgnoringOtherApps() override;
   void terminate() override;
-  /// Only records the request: `main` starts the new instance after this one has released its resources.
-  void openNewInstance(std::function<void()> opened) override;
+  /// Only records the request: `main` starts the new instance, which opens no window, after this one has released its
+  /// resources.
+  void openOwnApplication(const OpenConfiguration& configuration, std::function<void()> opened) override;
   bool isNewInstanceRequested() const { return isNewInstanceRequested_; }
   void setShouldTerminateAfterLastWindowClosed(std::function<bool()> shouldTerminate) override;
   Subscription onDidBecomeActive(std::function<void()> observer) override;

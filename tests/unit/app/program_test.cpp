@@ -294,9 +294,13 @@ TEST_F(RunningProgramTest, FloodOfRequestsCostsFewRings) {
 }
 
 TEST_F(RunningProgramTest, RelaunchEndsThisInstanceOnceTheNewOneIsOpen) {
-  AppRelauncher(desktop.shell).relaunch();
+  AppRelauncher(desktop.shell, desktop.time).relaunch();
+  EXPECT_EQ(desktop.shell.openedWith, (OpenConfiguration{.createsNewApplicationInstance = true, .activates = false}));
+  desktop.time.advance(1);
   EXPECT_EQ(desktop.shell.terminations, 0);
   desktop.shell.openingInstance();
+  EXPECT_EQ(desktop.shell.terminations, 0) << "only the main queue ends the program";
+  desktop.time.runUntilIdle();
   EXPECT_EQ(desktop.shell.terminations, 1);
 }
 

@@ -15,7 +15,11 @@ X11EventMonitors::X11EventMonitors(X11Keymap& keymap, X11KeyStream& keys) : keym
 }
 
 Subscription X11EventMonitors::addLocalMonitor(std::uint32_t eventMask, Handler handler) {
-  return (eventMask == kFlagsChangedMask ? flagsMonitors_ : keyMonitors_).add(std::move(handler));
+  if (eventMask == kFlagsChangedMask) return flagsMonitors_.add(std::move(handler));
+  if (eventMask != kKeyDownMask) return keyMonitors_.add(std::move(handler));
+  return keyMonitors_.add([handler = std::move(handler)](const KeyEvent& event) {
+    return event.type == KeyEventType::keyDown && handler(event);
+  });
 }
 
 // A modifier key changes the flags; it makes no key-down event.

@@ -1,0 +1,95 @@
+#include "input/recording/hotkey_recorder.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "model/carbon_modifiers.h"
+
+namespace rondora {
+namespace {
+
+/// F1 to F20.
+constexpr std::int64_t kFunctionKeys[] = {122, 120, 99,  118, 96,  97,  98, 100, 101, 109,
+                                          103, 111, 105, 107, 113, 106, 64, 79,  80,  90};
+
+/// The callback may destroy the recorder that holds it.
+template <class Callback, class... Arguments>
+void call(const Callback& callback, const Arguments&... arguments) {
+  if (const Callback copy = callback) copy(arguments...);
+}
+
+}  // namespace
+
+HotkeyRecorder::HotkeyRecorder(const Ports& ports) : ports_(ports), engine_(ports.eventMonitors, ports.mainQueue) {
+  engine_.onCaptured = [this](std::int64_t keyCode, std::int64_t modifiers, bool isFnHeld) {
+    captured({keyCode, modifiers | (isFnHeld ? carbon::kFunction : 0)});
+  };
+  engine_.onEscape = [this] { cancelled(); };
+}
+
+bool HotkeyRecorder::start() {
+  stop();
+  auto keyboard = ports_.keyboard.take({.onClick = weakSelf_.bind([](HotkeyRecorder& self) { call(self.onClick); }),
+                                        .onLost = weakSelf_.bind([](HotkeyRecorder& self) { self.cancelled(); })});
+  if (!keyboard) return false;
+  keyboard_ = std::move(*keyboard);
+  heldModifiers_ = CarbonModifiers::carbon(ports_.eventMonitors.currentModifierFlags());
+  flagsMonitor_ = ports_.eventMonitors.addLocalMonitor(
+      kFlagsChangedMask,
+      weakSelf_.bind([](HotkeyRecorder& self, const KeyEvent& event) { return self.flagsChanged(event); }));
+  engine_.start();
+  followFn();
+  if (!isRecording()) stop();
+  return isRecording();
+}
+
+void HotkeyRecorder::stop() {
+  fnObserver_.reset();
+  flagsMonitor_.reset();
+  engine_.stop();
+  keyboard_.reset();
+  heldModifiers_ = 0;
+  isFnAlone_ = false;
+}
+
+void HotkeyRecorder::followFn() {
+  if (engine_.recorder() == nullptr) return;
+  fnObserver_ = engine_.recorder()->fnState()->modifierDown.subscribe(
+      weakSelf_.bind([](HotkeyRecorder& self, bool isDown) { self.fnChanged(isDown); }));
+}
+
+// The release is handled on a later turn: its monitors are being called now.
+void HotkeyRecorder::fnChanged(bool isDown) {
+  if (isDown) {
+    isFnAlone_ = (heldModifiers_ & ~carbon::kFunction) == 0;
+  } else if (std::exchange(isFnAlone_, false)) {
+    ports_.mainQueue.async(weakSelf_.bind([](HotkeyRecorder& self) {
+      if (self.isRecording()) self.captured({kFnKeyCode, 0});
+    }));
+  }
+}
+
+bool HotkeyRecorder::flagsChanged(const KeyEvent& event) {
+  heldModifiers_ = CarbonModifiers::carbon(event.modifierFlags);
+  if ((heldModifiers_ & ~carbon::kFunction) != 0) isFnAlone_ = false;
+  call(onModifiersChanged);
+  return false;
+}
+
+void HotkeyRecorder::captured(const HotkeyConfig& hotkey) {
+  stop();
+  call(onRecorded, hotkey);
+}
+
+void HotkeyRecorder::cancelled() {
+  stop();
+  call(onCancelled);
+}
+
+bool needsModifier(const HotkeyConfig& hotkey) {
+  constexpr std::int64_t kSufficient = carbon::kControl | carbon::kOption | carbon::kCommand | carbon::kFunction;
+  if ((hotkey.carbonModifiers & kSufficient) != 0 || hotkey.keyCode == kFnKeyCode) return false;
+  return std::ranges::find(kFunctionKeys, hotkey.keyCode) == std::end(kFunctionKeys);
+}
+
+}  // namespace rondora
