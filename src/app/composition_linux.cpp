@@ -19,6 +19,7 @@
 #include "platform/linux/desktop/system_random.h"
 #include "platform/linux/desktop/thread_name.h"
 #include "platform/linux/desktop/xdg_folders.h"
+#include "platform/linux/evdev/evdev_multitouch.h"
 #include "platform/linux/evdev/input_trackpads.h"
 #include "platform/linux/x11/connection/clipboard_handover.h"
 #include "platform/linux/x11/guard/guard_link.h"
@@ -88,10 +89,10 @@ struct CompositionLinux::Running {
   desktop::SystemRandom random;
   desktop::InstalledApplications installed{presence.environment, watchReadable};
   desktop::InputTrackpads trackpads;
-  desktop::NoMultitouch multitouch;
   desktop::NoHaptics haptics;
   desktop::NoSpaceShortcuts spaceShortcuts;
   QtMainQueue mainQueue;
+  desktop::EvdevMultitouch multitouch{watchReadable, desktop::nameThread};
   QtApplicationShell shell;
   BusSessionEvents sessionEvents{presence.systemBus, presence.sessionBus};
   QtPasteboard pasteboard;

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "platform/haptics.h"
-#include "platform/multitouch.h"
 #include "platform/symbolic_hot_keys.h"
 
 // Ports for capabilities that this desktop does not have.
@@ -20,18 +19,6 @@ class NoSpaceShortcuts final : public SymbolicHotKeys {
   std::optional<SymbolicHotKey> symbolicHotKey(int /*number*/) const override {
     return SymbolicHotKey{false, std::nullopt};
   }
-};
-
-/// Contact frames are not read yet.
-class NoMultitouch final : public MultitouchDevices {
- public:
-  bool isUsable() const override { return false; }
-  std::optional<std::vector<MultitouchDevice>> createList() override { return std::nullopt; }
-  void registerContactFrameCallback(MultitouchDevice /*device*/, FrameCallback /*callback*/) override {}
-  void unregisterContactFrameCallback(MultitouchDevice /*device*/) override {}
-  void start(MultitouchDevice /*device*/) override {}
-  void stop(MultitouchDevice /*device*/) override {}
-  Subscription onArrival(std::function<void()> /*observer*/) override { return {}; }
 };
 
 }  // namespace rondora::desktop

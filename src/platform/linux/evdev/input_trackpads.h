@@ -1,24 +1,21 @@
 #pragma once
 
-#include <filesystem>
+#include <utility>
 
+#include "platform/linux/evdev/trackpad_nodes.h"
 #include "platform/trackpads.h"
 
 namespace rondora::desktop {
 
-/// Trackpads among the kernel's input devices, recognised by their capabilities in sysfs, which every user can read.
+/// Trackpads among the kernel's input devices.
 class InputTrackpads final : public Trackpads {
  public:
-  /// `classFolder` has one folder per input device, `deviceFolder` the node of the same name.
-  explicit InputTrackpads(std::filesystem::path classFolder = "/sys/class/input",
-                          std::filesystem::path deviceFolder = "/dev/input")
-      : classFolder_(std::move(classFolder)), deviceFolder_(std::move(deviceFolder)) {}
+  explicit InputTrackpads(InputFolders folders = {}) : folders_(std::move(folders)) {}
 
   TrackpadAccess access() const override;
 
  private:
-  std::filesystem::path classFolder_;
-  std::filesystem::path deviceFolder_;
+  InputFolders folders_;
 };
 
 }  // namespace rondora::desktop
