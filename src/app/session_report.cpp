@@ -39,10 +39,10 @@ std::vector<SessionFinding> SessionReport::findings(const SessionFacts& facts, c
   } else if (!facts.isWayland) {  // where another finding says which applications they reach
     result.push_back(works(StringKey::sessionKeystrokes));
   }
-  if (!configuration.trackpadGestureTargets().empty()) {
-    result.push_back(facts.trackpads == TrackpadAccess::unreadable
-                         ? fails(StringKey::sessionTrackpadUnreadable, StringKey::sessionTrackpadUnreadableRemedy)
-                         : fails(StringKey::sessionTrackpadIgnored, StringKey::sessionTrackpadIgnoredRemedy));
+  if (!configuration.trackpadGestureTargets().empty() && facts.trackpads != TrackpadAccess::none) {
+    result.push_back(facts.trackpads == TrackpadAccess::readable
+                         ? works(StringKey::sessionTrackpad)
+                         : fails(StringKey::sessionTrackpadUnreadable, StringKey::sessionTrackpadUnreadableRemedy));
   }
   return result;
 }

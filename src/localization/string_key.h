@@ -45,9 +45,8 @@ enum class StringKey {
   sessionKeystrokes,
   sessionNoKeystrokes,
   sessionNoKeystrokesRemedy,
-  sessionTrackpadIgnored,
+  sessionTrackpad,
   sessionTrackpadUnreadable,
-  sessionTrackpadIgnoredRemedy,
   sessionTrackpadUnreadableRemedy,
   findingsNotShown,  // %@: their number
 

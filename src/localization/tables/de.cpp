@@ -58,16 +58,11 @@ constexpr StringTable kGermanStrings = completeTable({
     {StringKey::sessionNoKeystrokes,
      "Der X-Server nimmt keine Tastendrücke von Programmen an; Einträge, die Tasten drücken, bewirken daher nichts."},
     {StringKey::sessionNoKeystrokesRemedy, "Schalten Sie die XTEST-Erweiterung des X-Servers ein."},
-    {StringKey::sessionTrackpadIgnored,
-     "Diese Version reagiert noch nicht auf Tippen auf das Touchpad; es öffnet daher kein Menü."},
+    {StringKey::sessionTrackpad, "Tippen mit drei, vier oder fünf Fingern auf das Touchpad öffnet die Menüs."},
     {StringKey::sessionTrackpadUnreadable,
      "Rondora darf das Touchpad nicht lesen; Tippen darauf öffnet daher kein Menü."},
-    {StringKey::sessionTrackpadIgnoredRemedy,
-     "Öffnen Sie diese Menüs stattdessen mit einem Tastenkürzel; in der Konfigurationsdatei können Sie ihnen eines "
-     "geben."},
     {StringKey::sessionTrackpadUnreadableRemedy,
-     "Öffnen Sie diese Menüs stattdessen mit einem Tastenkürzel. Eine spätere Version wird auf Tippen reagieren, wenn "
-     "Ihr Benutzer zur Gruppe „input“ gehört."},
+     "Erlauben Sie es mit diesem Befehl und melden Sie sich danach neu an: sudo usermod -aG input $USER"},
     {StringKey::findingsNotShown, "Weitere Hinweise, die hier nicht stehen: %@"},
     {StringKey::documentUnreadable,
      "Rondora konnte seine Konfigurationsdatei nicht lesen und ist mit den Standardmenüs gestartet: %@"},

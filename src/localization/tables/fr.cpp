@@ -57,16 +57,12 @@ constexpr StringTable kFrenchStrings = completeTable({
      "Le serveur X n’accepte pas les frappes des programmes\u202F; les éléments qui appuient sur des touches sont donc "
      "sans effet."},
     {StringKey::sessionNoKeystrokesRemedy, "Activez l’extension XTEST du serveur X."},
-    {StringKey::sessionTrackpadIgnored,
-     "Cette version ne réagit pas encore aux appuis sur le pavé tactile : ils n’ouvrent aucun menu."},
+    {StringKey::sessionTrackpad,
+     "Un appui de trois, quatre ou cinq doigts sur le pavé tactile ouvre le menu correspondant."},
     {StringKey::sessionTrackpadUnreadable,
      "Rondora n’a pas le droit de lire le pavé tactile : les appuis n’ouvrent aucun menu."},
-    {StringKey::sessionTrackpadIgnoredRemedy,
-     "Ouvrez plutôt ces menus avec un raccourci\u202F; vous pouvez leur en donner un dans le fichier de "
-     "configuration."},
     {StringKey::sessionTrackpadUnreadableRemedy,
-     "Ouvrez plutôt ces menus avec un raccourci. Une version ultérieure réagira aux appuis si votre compte appartient "
-     "au groupe « input »."},
+     "Autorisez l’accès avec cette commande, puis fermez la session et rouvrez-la\u202F: sudo usermod -aG input $USER"},
     {StringKey::findingsNotShown, "Autres remarques, non affichées ici : %@"},
     {StringKey::documentUnreadable,
      "Rondora n’a pas pu lire son fichier de configuration et a démarré avec les menus par défaut : %@"},
