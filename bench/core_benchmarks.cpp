@@ -3,10 +3,14 @@
 #include <benchmark/benchmark.h>
 
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
 
+#include "input/gestures/trackpad_frames.h"
 #include "model/carbon_modifiers.h"
 #include "model/palette.h"
 #include "pie/controller/mouse_tracking_ns_view.h"
@@ -148,6 +152,24 @@ void encode(benchmark::State& state) {
   for (auto _ : state) benchmark::DoNotOptimize(encodeConfiguration(configuration));
 }
 BENCHMARK(encode)->Arg(0)->Arg(10)->Arg(100)->Unit(benchmark::kMicrosecond);
+
+/// A frame of that many fingers at rest, for the three finger counts.
+void trackpadFrame(benchmark::State& state) {
+  TrackpadFrames frames([](std::int64_t) {});
+  frames.recognize({3, 4, 5});
+  std::vector<std::byte> records(size(state) * contact_record::kSize);
+  for (std::int32_t finger = 0; finger < static_cast<std::int32_t>(size(state)); ++finger) {
+    std::byte* record = &records[static_cast<std::size_t>(finger) * contact_record::kSize];
+    const std::int32_t contactState = contact_record::touching;
+    std::memcpy(record + contact_record::kIdentifierOffset, &finger, sizeof finger);
+    std::memcpy(record + contact_record::kStateOffset, &contactState, sizeof contactState);
+  }
+  double timestamp = 0;
+  for (auto _ : state) {
+    frames.contactFrame(1, records.data(), static_cast<std::int32_t>(size(state)), timestamp += 0.008);
+  }
+}
+BENCHMARK(trackpadFrame)->Arg(1)->Arg(3)->Arg(5);
 
 }  // namespace
 

@@ -61,13 +61,16 @@ Contender startRondora(const PrivateDesktop& desktop, XClient& client, const Own
   std::vector<Document> menus;
   for (int i = 0; i < setting.otherMenus; ++i) menus.push_back(ownRing("other " + std::to_string(i), {}, 8, 0));
   menus.push_back(ownRing("plain", kControlAltSpace, setting.items, 0));
+  menus.back()["trackpadFingerCount"] = setting.fingers;
   menus.push_back(ownRing("animated", kControlAltB, setting.items, kUsualAnimation));
   writeFile(RunningProgram::document(desktop), document(menus).dump(2));
   writeFile(RunningProgram::defaults(desktop),
             "pie.hasSeenPermissionIntro=true\npie.hasAutoOpenedSettingsAfterPermissions=true\n"
             "pie.settingsAutoOpenAfterPermissionsMigrationDone=true\n");
-  return startAndWait(desktop, client,
-                      {"env", "QT_SCALE_FACTOR=" + std::to_string(setting.scale), RunningProgram::file()}, kHotkeys);
+  std::vector<std::string> command{"env", "QT_SCALE_FACTOR=" + std::to_string(setting.scale)};
+  command.insert(command.end(), setting.variables.begin(), setting.variables.end());
+  command.push_back(RunningProgram::file());
+  return startAndWait(desktop, client, command, kHotkeys);
 }
 
 Contender startPeer(const PrivateDesktop& desktop, XClient& client) {

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "desktop/private_desktop.h"
 #include "desktop/x_client.h"
@@ -20,9 +22,11 @@ struct Contender {
 };
 
 struct OwnSetting {
-  int items = 8;       // in each ring
-  int otherMenus = 0;  // in the document before the rings, of eight items each and without a hotkey
-  double scale = 1;    // pixels per point
+  int items = 8;                         // in each ring
+  int otherMenus = 0;                    // in the document before the rings, of eight items each and without a hotkey
+  double scale = 1;                      // pixels per point
+  int fingers = 0;                       // of the tap that opens the first ring; 0 for none
+  std::vector<std::string> variables{};  // NAME=VALUE of its environment
 };
 
 /// This program with two rings, which differ in their opening animation only. Throws std::runtime_error when its

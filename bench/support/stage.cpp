@@ -72,9 +72,13 @@ void Stage::release(std::uint8_t key) {
 }
 
 Opening Stage::open(std::uint8_t key) {
-  const Moment pressed = press(key);
+  return openBy([&] { return press(key); });
+}
+
+Opening Stage::openBy(const std::function<Moment()>& trigger) {
+  const Moment pressed = trigger();
   const auto first = watcher->firstChange(kVisible, kLimit);
-  require(first.has_value(), "no ring on key " + std::to_string(key));
+  require(first.has_value(), "no ring");
   savePicture("first");
   const auto complete = watcher->lastChange(kStillness, kLimit);
   require(complete.has_value(), "the ring never stands still");

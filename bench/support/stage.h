@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -32,6 +33,8 @@ class Stage {
   void setMonitors(const std::vector<live::Area>& monitors);
   /// Control, Alt and `key`; returns when the ring is open and still.
   Opening open(std::uint8_t key);
+  /// The same for another trigger, which returns its own moment.
+  Opening openBy(const std::function<Moment()>& trigger);
   /// Closes the ring without a choice and waits until screen and keyboard are as before.
   void close(std::uint8_t key);
   Opening openAndClose(std::uint8_t key);

@@ -35,6 +35,9 @@ SECTIONS = [
     ("Choosing", "From the release of the trigger to the key event in the target, and until the target window is active. "
      "The key path contains two fixed times: 150 ms until the restored application gets keys, and 12 ms between press "
      "and release.", r"^(select|switch)"),
+    ("Tapping the trackpad", "From the frame in which the last of three fingers lifts to the first capture that shows "
+     "the ring, in turns with its hotkey. The trackpad is one of a mock kernel (umockdev), which answers each read of "
+     "the program; a real one would not take that round trip.", r"^trackpad\."),
     ("Footprint", "At rest after start-up, beside the peer; wake-ups are voluntary context switches. Memory and wake-ups "
      "are those of all processes of a program; ours has a small companion process.", r"^footprint\."),
     ("The core",
