@@ -94,7 +94,7 @@ X11Test::X11Test(std::vector<std::string> serverArguments, double pixelsPerPoint
       keymap_(connection_, time_),
       rawReleases_(connection_),
       keys_(connection_, keymap_, rawReleases_, time_),
-      eventTaps_(connection_, keymap_, keys_, rawReleases_),
+      eventTaps_(connection_, keymap_, keys_, rawReleases_, time_),
       hotkeys_(connection_, keymap_, keys_),
       monitors_(keymap_, keys_),
       inputGrab_(connection_, keys_, time_),

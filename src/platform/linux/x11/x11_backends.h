@@ -33,6 +33,7 @@ struct X11Backends {
       : connection(handle, screenNumber, pixelsPerPoint),
         keymap(connection, mainQueue),
         keys(connection, keymap, rawKeyReleases, mainQueue),
+        eventTaps(connection, keymap, keys, rawKeyReleases, mainQueue),
         inputGrab(connection, keys, mainQueue),
         screens(connection, mainQueue),
         workspace(connection, clientWindows, applications, std::move(ownBundleIdentifier)),
@@ -42,7 +43,7 @@ struct X11Backends {
   X11Keymap keymap;
   RawKeyReleases rawKeyReleases{connection};
   X11KeyStream keys;
-  X11EventTaps eventTaps{connection, keymap, keys, rawKeyReleases};
+  X11EventTaps eventTaps;
   X11HotkeyService hotkeys{connection, keymap, keys};
   X11EventMonitors eventMonitors{keymap, keys};
   XTestKeyPoster keyPoster{connection, keymap, keys, rawKeyReleases};

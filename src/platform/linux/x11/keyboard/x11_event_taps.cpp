@@ -18,6 +18,9 @@ namespace {
 constexpr std::uint16_t kAllModifiers = 0xFF;
 constexpr std::uint32_t kAnyModifier[] = {XCB_INPUT_MODIFIER_MASK_ANY};
 
+constexpr int kRetakes = 8;
+constexpr double kRetakeSeconds = 0.05;
+
 /// The Menu key.
 xcb_keycode_t fnKey() { return *xKeyCode(static_cast<std::uint32_t>(kFnKeyCode)); }
 
@@ -169,11 +172,12 @@ class X11EventTaps::Tap final : public EventTap {
 };
 
 X11EventTaps::X11EventTaps(X11Connection& connection, X11Keymap& keymap, X11KeyStream& keys,
-                           RawKeyReleases& rawReleases)
+                           RawKeyReleases& rawReleases, MainQueue& mainQueue)
     : connection_(connection),
       keymap_(keymap),
       keys_(keys),
       rawReleases_(rawReleases),
+      mainQueue_(mainQueue),
       probe_(xcb_generate_id(connection.get())) {
   xcb_create_window(connection.get(), 0, probe_, connection.root(), -1, -1, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_ONLY,
                     XCB_COPY_FROM_PARENT, 0, nullptr);
@@ -183,6 +187,7 @@ X11EventTaps::X11EventTaps(X11Connection& connection, X11Keymap& keymap, X11KeyS
                                  [this](auto code) {
                                    if (tap_) tap_->renew(code);
                                  }});
+  keymapObserver_ = keymap.onChanged([this] { retakeRepeatedly(); });
   keyConsumer_ = keys.consume(KeyConsumer::tap, [this](const X11Key& key) { return handleKey(key); });
 }
 
@@ -262,6 +267,18 @@ void X11EventTaps::releaseFn(const X11Key& key) {
   otherReleases_.reset();
   tap_->setFnHeld(false);
   keymap_.setFnHeld(false, key.code);
+}
+
+// Until window managers have followed the change, too.
+void X11EventTaps::retakeRepeatedly() {
+  if (tap_ == nullptr) return;
+  tap_->retake();
+  retakes_ = kRetakes;
+  if (retakeTimer_) return;
+  retakeTimer_ = mainQueue_.timer(kRetakeSeconds, 0, [this] {
+    if (tap_ != nullptr) tap_->retake();
+    if (--retakes_ <= 0) retakeTimer_.reset();
+  });
 }
 
 bool X11EventTaps::isAnyKeyDown() const {

@@ -1,0 +1,165 @@
+#include <csignal>
+#include <random>
+
+#include "desktop/key_logger.h"
+#include "live/end_to_end/end_to_end_test.h"
+
+namespace rondora::live {
+namespace {
+
+constexpr std::uint8_t kMenuKey = 135;
+constexpr int kCommand = 0x100, kFunction = 0x20000;
+/// Faster steps are debounced.
+constexpr std::chrono::milliseconds kBetweenSteps{20};
+constexpr std::chrono::milliseconds kRegrabbing{500};
+
+class EventTapTest : public UnderWindowManager {
+ protected:
+  void SetUp() override {
+    UnderWindowManager::SetUp();
+    logger_.emplace(desktop_.display(), "Logger");
+    ASSERT_TRUE(waitForActive("Logger"));
+  }
+
+  void start() {
+    EndToEndTest::start(document(
+        {menu("Tab", {48, kCommand}, snippetItems("Tab", 4)), menu("Fn", {40, kFunction}, snippetItems("Fn", 4))}));
+    // The first key of a keyboard makes window managers grab their keys again.
+    client_.tap(key::q);
+    client_.letServerRun(kRegrabbing);
+    logger_->take();
+  }
+  void openByTab() {
+    client_.keyDown(key::super);
+    client_.tap(key::tab);
+    ASSERT_TRUE(program_->waitForRing());
+    program_->settledPicture();
+  }
+  void step() {
+    client_.letServerRun(kBetweenSteps);
+    const Capture before = program_->settledPicture();
+    client_.tap(key::tab);
+    ASSERT_TRUE(program_->pictureAfterChange(before));
+  }
+  /// Presses `count` random keys and returns what the logger received: "+38/0 -38/0".
+  std::string typeAtRandom(int count) {
+    const std::uint8_t keys[] = {key::a, key::q, key::t, key::n, key::b, key::space, key::tab, key::shift, key::digit1};
+    std::mt19937 random(1);
+    std::vector<std::uint8_t> held;
+    for (int i = 0; i < count; ++i) {
+      const std::uint8_t code = keys[random() % std::size(keys)];
+      const auto place = std::ranges::find(held, code);
+      place == held.end() ? client_.keyDown(code) : client_.keyUp(code);
+      place == held.end() ? held.push_back(code) : void(held.erase(place));
+    }
+    for (const std::uint8_t code : held) client_.keyUp(code);
+    return logged();
+  }
+  std::string logged() {
+    std::string text;
+    for (const LoggedKey& key : logger_->take()) {
+      text += (key.isPress ? "+" : "-") + std::to_string(key.code) + "/" + std::to_string(key.state) + " ";
+    }
+    return text;
+  }
+  /// A key typed now reaches the window in front.
+  bool isKeyboardUsable() {
+    return waitUntil([&] {
+      logger_->takeFocus();
+      client_.tap(key::q);
+      return logged().find("+24/0 -24/0") != std::string::npos;
+    });
+  }
+  bool waitForLog(const std::string& line) {
+    return waitUntil([&] {
+      return std::ranges::any_of(program_->logLines(), [&](auto& logged) { return logged.starts_with(line); });
+    });
+  }
+
+  std::optional<KeyLogger> logger_;
+};
+
+INSTANTIATE_TEST_SUITE_P(Live, EventTapTest,
+                         testing::Values(WindowManager::openbox, WindowManager::xfwm4, WindowManager::i3), nameOf);
+
+TEST_P(EventTapTest, SuperTabAndFnOpenStepAndChoose) {
+  start();
+  for (int round = 0; round < 2; ++round) {
+    ASSERT_NO_FATAL_FAILURE(openByTab());
+    ASSERT_NO_FATAL_FAILURE(step());
+    ASSERT_NO_FATAL_FAILURE(step());
+    client_.keyUp(key::super);
+    EXPECT_TRUE(waitForClipboard("Tab 1"));
+    client_.keyDown(kMenuKey);
+    client_.tap(45);
+    ASSERT_TRUE(program_->waitForRing());
+    program_->settledPicture();
+    client_.tap(key::digit2);
+    EXPECT_TRUE(waitForClipboard("Fn 2"));
+    client_.keyUp(kMenuKey);
+    expectAtRest();
+  }
+  EXPECT_EQ(client_.title(client_.activeWindow()), "Logger") << "the window manager's switcher stays away";
+  EXPECT_EQ(program_->terminate(), 0);
+  logger_->take();
+  client_.keyDown(kMenuKey);
+  client_.tap(key::a);
+  client_.keyUp(kMenuKey);
+  EXPECT_EQ(logged(), "+135/0 +38/0 -38/0 -135/0 ");
+}
+
+TEST_P(EventTapTest, OtherKeysArriveAsWithoutTheProgram) {
+  constexpr int kCount = 2000;
+  logger_->take();
+  const std::string without = typeAtRandom(kCount);
+  EXPECT_GT(without.size(), 5U * kCount);
+  start();
+  EXPECT_EQ(typeAtRandom(kCount), without);
+  client_.keyDown(kMenuKey);
+  ASSERT_TRUE(waitUntil([&] { return !client_.isKeyDown(kMenuKey); }));
+  EXPECT_EQ(typeAtRandom(kCount), without) << "Fn is held";
+  client_.keyUp(kMenuKey);
+  expectAtRest();
+}
+
+TEST_P(EventTapTest, KeyboardStaysUsableWhenTheProgramStopsOrDies) {
+  start();
+  const auto grab =
+      xcb_grab_keyboard(client_.get(), 0, client_.root(), XCB_CURRENT_TIME, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+  xcb_discard_reply(client_.get(), grab.sequence);
+  client_.sync();
+  EXPECT_TRUE(waitForLog("secure event input on, carbon backup="));
+  xcb_ungrab_keyboard(client_.get(), XCB_CURRENT_TIME);
+  client_.sync();
+
+  kill(program_->pid(), SIGSTOP);
+  for (const std::uint8_t held : {kMenuKey, key::tab}) {
+    client_.keyDown(key::super);
+    client_.keyDown(held);
+    client_.keyUp(held);
+    client_.keyUp(key::super);
+    EXPECT_TRUE(isKeyboardUsable()) << int{held};
+  }
+  kill(program_->pid(), SIGCONT);
+  ASSERT_NO_FATAL_FAILURE(expectAtRest());
+  ASSERT_NO_FATAL_FAILURE(openByTab());
+  kill(program_->pid(), SIGSTOP);
+  EXPECT_TRUE(waitUntil([&] { return client_.nothingIsGrabbed(); }, std::chrono::seconds(3))) << "the guard";
+  client_.keyUp(key::super);
+  EXPECT_TRUE(isKeyboardUsable());
+
+  ASSERT_TRUE(waitUntil([&] {
+    client_.keyUp(key::super);
+    client_.keyDown(key::super);
+    client_.tap(key::tab);
+    return !client_.keyboardIsFree();
+  })) << "started again";
+  client_.keyDown(key::tab);
+  kill(desktop_.processesNamed("rondora").front(), SIGKILL);
+  client_.keyUp(key::tab);
+  client_.keyUp(key::super);
+  EXPECT_TRUE(isKeyboardUsable());
+}
+
+}  // namespace
+}  // namespace rondora::live
