@@ -25,6 +25,7 @@ constexpr int kCommand = 0x100, kFunction = 0x20000;
 class StillSystem final : public EventTaps,
                           public SecureInput,
                           public SymbolicHotKeySwitch,
+                          public EventMonitors,
                           public MainQueue,
                           public Log {
  public:
@@ -35,6 +36,8 @@ class StillSystem final : public EventTaps,
   std::vector<EventTapRecord> list() const override { return {}; }
   std::int32_t ownProcess() const override { return 0; }
   bool isEnabled() const override { return false; }
+  Subscription addLocalMonitor(std::uint32_t, Handler) override { return {}; }
+  std::uint64_t currentModifierFlags() const override { return 0; }
   bool available() override { return false; }
   void setEnabled(std::int32_t, bool) override {}
   void async(Work) override { throw std::logic_error("an event matched"); }
@@ -57,7 +60,7 @@ void measureCallback() {
   constexpr int kEvents = 200'000;
   StillSystem system;
   NativeAppSwitcher switcher(system);
-  HotkeyHIDTap tap({system, system, switcher, system, system});
+  HotkeyHIDTap tap({system, system, system, switcher, system, system});
   std::vector<PieMenu> menus(10);
   for (std::size_t i = 0; i < menus.size(); ++i) menus[i].hotkey = {static_cast<std::int64_t>(i), kFunction};
   menus[0].hotkey = {kTabKeyCode, kCommand};

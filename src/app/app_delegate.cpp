@@ -31,6 +31,7 @@ AppDelegate::AppDelegate(const Services& services)
                  .hotkeyService = services.hotkeyService,
                  .eventTaps = services.eventTaps,
                  .secureInput = services.secureInput,
+                 .eventMonitors = services.eventMonitors,
                  .nativeAppSwitcher = services.nativeAppSwitcher,
                  .multitouch = services.multitouch,
                  .sessionEvents = services.sessionEvents,

@@ -20,6 +20,7 @@
 #include "permissions/permissions_snapshot.h"
 #include "platform/application_shell.h"
 #include "platform/clock.h"
+#include "platform/event_monitors.h"
 #include "platform/event_taps.h"
 #include "platform/hotkey_service.h"
 #include "platform/instance_channel.h"
@@ -55,6 +56,7 @@ class AppDelegate {
     HotkeyService& hotkeyService;
     EventTaps& eventTaps;
     SecureInput& secureInput;
+    const EventMonitors& eventMonitors;
     MultitouchDevices& multitouch;
     SessionEvents& sessionEvents;
     StatusBar& statusBar;

@@ -132,6 +132,7 @@ AppDelegate::Services Program::delegateServices() {
           .hotkeyService = platform_.hotkeyService,
           .eventTaps = platform_.eventTaps,
           .secureInput = platform_.secureInput,
+          .eventMonitors = platform_.eventMonitors,
           .multitouch = platform_.multitouch,
           .sessionEvents = platform_.sessionEvents,
           .statusBar = platform_.statusBar,

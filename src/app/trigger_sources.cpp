@@ -34,6 +34,7 @@ void TriggerSources::makeHotkeyManager() {
   hotkeyManager_ = std::make_unique<HotkeyManager>(services_.hotkeyService,
                                                    HotkeyHIDTap::Ports{.eventTaps = services_.eventTaps,
                                                                        .secureInput = services_.secureInput,
+                                                                       .eventMonitors = services_.eventMonitors,
                                                                        .switcher = services_.nativeAppSwitcher,
                                                                        .mainQueue = services_.mainQueue,
                                                                        .log = services_.log});

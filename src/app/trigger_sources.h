@@ -30,6 +30,7 @@ class TriggerSources {
     HotkeyService& hotkeyService;
     EventTaps& eventTaps;
     SecureInput& secureInput;
+    const EventMonitors& eventMonitors;
     NativeAppSwitcher& nativeAppSwitcher;
     MultitouchDevices& multitouch;
     SessionEvents& sessionEvents;

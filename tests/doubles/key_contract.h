@@ -66,7 +66,8 @@ inline constexpr KeyStory kKeyStories[] = {
 class KeyContract {
  public:
   explicit KeyContract(KeyBench& bench)
-      : bench_(bench), manager_(bench.hotkeys(), {bench.eventTaps(), others_, switcher_, bench.time(), log_}) {
+      : bench_(bench),
+        manager_(bench.hotkeys(), {bench.eventTaps(), others_, bench.monitors(), switcher_, bench.time(), log_}) {
     manager_.onHotkeyPressed = [this](HotkeyManager::MenuIndices menus, ModifierHold) {
       note("p" + std::to_string(menus.front()));
     };

@@ -157,7 +157,13 @@ TapVerdict HotkeyHIDTap::handleKey(std::uint32_t type, std::int64_t keyCode, std
     return !binding.isStandaloneFn && binding.hotkey == pressed;
   });
   if (found == bindings_.end()) return TapVerdict::pass;
-  dispatch(type == tap_events::kKeyDown ? &HotkeyHIDTap::onPressed : &HotkeyHIDTap::onReleased, found->indices);
+  if (type == tap_events::kKeyUp) {
+    dispatchReleased(found->indices);
+  } else {
+    const std::uint64_t required = CarbonModifiers::eventFlags(pressed.carbonModifiers);
+    const bool areHeld = allHeld(ports_.eventMonitors.currentModifierFlags(), required);
+    dispatchPressed(found->indices, areHeld ? ModifierHold::held : ModifierHold::latched);
+  }
   return TapVerdict::swallow;
 }
 
@@ -165,8 +171,8 @@ TapVerdict HotkeyHIDTap::handleFlags(std::int64_t keyCode, std::uint64_t flags) 
   if (!hasStandaloneFn() || !concernsFn(keyCode, flags)) return TapVerdict::pass;
   const bool isDown = (flags & event_flags::kFunction) != 0;
   const bool wasDown = std::exchange(standaloneFnDown_, isDown);
-  if (isDown && !wasDown) dispatch(&HotkeyHIDTap::onPressed, standaloneFnIndices());
-  if (!isDown && wasDown) dispatch(&HotkeyHIDTap::onReleased, standaloneFnIndices());
+  if (isDown && !wasDown) dispatchPressed(standaloneFnIndices(), ModifierHold::held);
+  if (!isDown && wasDown) dispatchReleased(standaloneFnIndices());
   return isDown || wasDown ? TapVerdict::swallow : TapVerdict::pass;
 }
 
@@ -182,9 +188,15 @@ std::vector<std::uint32_t> HotkeyHIDTap::standaloneFnIndices() const {
   return indices;
 }
 
-void HotkeyHIDTap::dispatch(Callback HotkeyHIDTap::*callback, std::vector<std::uint32_t> indices) {
-  ports_.mainQueue.async(weakSelf_.bind([callback, indices = std::move(indices)](HotkeyHIDTap& self) {
-    if (self.*callback) (self.*callback)(indices);
+void HotkeyHIDTap::dispatchPressed(std::vector<std::uint32_t> indices, ModifierHold modifiers) {
+  ports_.mainQueue.async(weakSelf_.bind([indices = std::move(indices), modifiers](HotkeyHIDTap& self) {
+    if (self.onPressed) self.onPressed(indices, modifiers);
+  }));
+}
+
+void HotkeyHIDTap::dispatchReleased(std::vector<std::uint32_t> indices) {
+  ports_.mainQueue.async(weakSelf_.bind([indices = std::move(indices)](HotkeyHIDTap& self) {
+    if (self.onReleased) self.onReleased(indices);
   }));
 }
 

@@ -11,7 +11,9 @@
 #include "input/hotkeys/native_app_switcher.h"
 #include "model/hotkey_config.h"
 #include "model/pie_menu.h"
+#include "platform/event_monitors.h"
 #include "platform/event_taps.h"
+#include "platform/hotkey_service.h"
 #include "platform/log.h"
 #include "platform/main_queue.h"
 #include "platform/secure_input.h"
@@ -29,12 +31,14 @@ class HotkeyHIDTap {
     bool isStandaloneFn = false;
     friend bool operator==(const Binding&, const Binding&) = default;
   };
-  using Callback = std::function<void(std::span<const std::uint32_t>)>;
+  using PressCallback = std::function<void(std::span<const std::uint32_t>, ModifierHold)>;
+  using ReleaseCallback = std::function<void(std::span<const std::uint32_t>)>;
 
   /// All must outlive the tap.
   struct Ports {
     EventTaps& eventTaps;
     SecureInput& secureInput;
+    const EventMonitors& eventMonitors;
     NativeAppSwitcher& switcher;
     MainQueue& mainQueue;
     Log& log;
@@ -49,8 +53,8 @@ class HotkeyHIDTap {
 
   /// Called on a later turn of the main queue with indices into the menus of `start`, for each press, repeats included,
   /// and each release.
-  Callback onPressed;
-  Callback onReleased;
+  PressCallback onPressed;
+  ReleaseCallback onReleased;
 
   void start(const std::vector<PieMenu>& menus);
   /// Gives the system's switcher its keys back.
@@ -91,7 +95,8 @@ class HotkeyHIDTap {
   TapVerdict handleFlags(std::int64_t keyCode, std::uint64_t flags);
   bool hasStandaloneFn() const;
   std::vector<std::uint32_t> standaloneFnIndices() const;
-  void dispatch(Callback HotkeyHIDTap::*callback, std::vector<std::uint32_t> indices);
+  void dispatchPressed(std::vector<std::uint32_t> indices, ModifierHold modifiers);
+  void dispatchReleased(std::vector<std::uint32_t> indices);
 
   Ports ports_;
   std::vector<Binding> bindings_;

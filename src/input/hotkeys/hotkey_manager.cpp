@@ -61,8 +61,8 @@ void HotkeyManager::unregisterAll() {
 
 void HotkeyManager::startTap(const std::vector<PieMenu>& menus) {
   if (!hidTap_) hidTap_ = std::make_unique<HotkeyHIDTap>(tapPorts_);
-  hidTap_->onPressed =
-      weakSelf_.bind([](HotkeyManager& self, MenuIndices indices) { self.pressed(indices, ModifierHold::held); });
+  hidTap_->onPressed = weakSelf_.bind(
+      [](HotkeyManager& self, MenuIndices indices, ModifierHold modifiers) { self.pressed(indices, modifiers); });
   hidTap_->onReleased = weakSelf_.bind([](HotkeyManager& self, MenuIndices indices) { self.released(indices); });
   hidTap_->start(menus);
 }

@@ -293,6 +293,18 @@ TEST_F(RunningProgramTest, FloodOfRequestsCostsFewRings) {
   EXPECT_LE(desktop.overlay.panels.size(), 6U) << "opened, closed, … every 0.1 s";
 }
 
+TEST_F(RunningProgramTest, RelaunchesForATapThatAPermissionLeavesDeaf) {
+  launchWith({menu("fn", {kFnKeyCode, 0})});
+  for (const bool isDeaf : {false, true}) {
+    desktop.keyboard.taps.isDeaf = isDeaf;
+    for (const bool isTrusted : {false, true}) {
+      desktop.permissions.trusted = isTrusted;
+      desktop.time.advance(5);
+    }
+    EXPECT_EQ(static_cast<bool>(desktop.shell.openingInstance), isDeaf);
+  }
+}
+
 TEST_F(RunningProgramTest, RelaunchEndsThisInstanceOnceTheNewOneIsOpen) {
   AppRelauncher(desktop.shell, desktop.time).relaunch();
   EXPECT_EQ(desktop.shell.openedWith, (OpenConfiguration{.createsNewApplicationInstance = true, .activates = false}));

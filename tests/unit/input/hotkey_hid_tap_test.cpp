@@ -23,8 +23,8 @@ PieMenu menuWith(HotkeyConfig hotkey, PieMenuKind kind = PieMenuKind::standard) 
 /// A tap among the ports that it needs.
 struct TapBench {
   TapBench() {
-    tap.emplace(HotkeyHIDTap::Ports{taps, taps, switcher, desktop.time, desktop.log});
-    tap->onPressed = [this](std::span<const std::uint32_t> menus) { note("pressed", menus); };
+    tap.emplace(HotkeyHIDTap::Ports{taps, taps, desktop.keyboard, switcher, desktop.time, desktop.log});
+    tap->onPressed = [this](std::span<const std::uint32_t> menus, ModifierHold) { note("pressed", menus); };
     tap->onReleased = [this](std::span<const std::uint32_t> menus) { note("released", menus); };
   }
   void note(const char* what, std::span<const std::uint32_t> menus) {

@@ -40,8 +40,9 @@ class HotkeyManagerTest : public testing::Test {
   std::vector<Indices> pressed;
   std::vector<Indices> released;
   NativeAppSwitcher switcher{desktop.keyboard.taps};
-  HotkeyManager manager{desktop.keyboard,
-                        {desktop.keyboard.taps, desktop.keyboard.taps, switcher, desktop.time, desktop.log}};
+  HotkeyManager manager{
+      desktop.keyboard,
+      {desktop.keyboard.taps, desktop.keyboard.taps, desktop.keyboard, switcher, desktop.time, desktop.log}};
 };
 
 TEST_F(HotkeyManagerTest, ReportsAllMenusOfASharedHotkey) {

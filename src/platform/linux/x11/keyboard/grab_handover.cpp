@@ -9,6 +9,8 @@ namespace rondora::x11 {
 GrabHandover::GrabHandover(X11Connection& connection, const Xi2Keyboard& keyboard, RawKeyReleases& rawReleases)
     : connection_(connection), keyboard_(keyboard), rawReleases_(rawReleases) {
   keys_.reserve(kMaxKeys);
+  const xcb_query_extension_reply_t* extension = xcb_get_extension_data(connection.get(), &xcb_test_id);
+  available_ = extension != nullptr && extension->present != 0;
 }
 
 void GrabHandover::add(xcb_keycode_t key, bool isDown) {

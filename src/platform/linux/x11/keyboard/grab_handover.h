@@ -20,6 +20,8 @@ class GrabHandover {
   /// Arguments must outlive the object.
   GrabHandover(X11Connection& connection, const Xi2Keyboard& keyboard, RawKeyReleases& rawReleases);
 
+  bool available() const { return available_; }
+
   /// Records a key event for the focused client. Beyond kMaxKeys it is lost.
   void add(xcb_keycode_t key, bool isDown);
   bool isEmpty() const { return keys_.empty(); }
@@ -46,6 +48,7 @@ class GrabHandover {
   X11Connection& connection_;
   const Xi2Keyboard& keyboard_;
   RawKeyReleases& rawReleases_;
+  bool available_ = false;
   std::vector<Key> keys_;
   /// Keys of the XTEST keyboard that are down for the user.
   KeySet typed_;

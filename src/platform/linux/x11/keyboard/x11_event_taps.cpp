@@ -195,7 +195,7 @@ X11EventTaps::~X11EventTaps() { xcb_destroy_window(connection_.get(), probe_); }
 
 std::unique_ptr<EventTap> X11EventTaps::create(std::uint64_t eventMask, std::span<const TapKey> keys,
                                                Callback callback) {
-  if (!keys_.xi2().available()) return nullptr;
+  if (!keys_.supportsTapGrabs()) return nullptr;
   return std::make_unique<Tap>(*this, eventMask, keys, std::move(callback));
 }
 

@@ -78,6 +78,8 @@ class X11KeyStream {
   };
   [[nodiscard]] Subscription useTapGrabs(TapGrabs grabs);
   const Xi2Keyboard& xi2() const { return xi2_; }
+  /// The server has what `TapGrabs` need.
+  bool supportsTapGrabs() const { return xi2_.available() && handover_.available(); }
   /// A passive grab of XI2 is active, so an active one of the core protocol would be refused.
   bool isXi2GrabActive() const { return tapKey_.has_value(); }
   /// This program may have grabbed the keyboard.
