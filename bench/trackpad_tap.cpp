@@ -3,8 +3,10 @@
 // does.
 
 #include <chrono>
+#include <stdexcept>
 #include <vector>
 
+#include "desktop/wait.h"
 #include "support/contenders.h"
 #include "support/measurement.h"
 #include "support/stage.h"
@@ -42,9 +44,11 @@ void measure() {
   constexpr int kWarmUp = 5;
   const int openings = numberFromEnvironment("RONDORA_BENCH_OPENINGS", 500) / 5;
   live::MockTrackpads kernel;
-  Hand hand(kernel.connect(5));
+  MockTrackpad& trackpad = kernel.connect(5);
+  Hand hand(trackpad);
   Stage stage("trackpad", live::Compositor::picom);
   const auto own = startRondora(stage.desktop, stage.client, {.fingers = 3, .variables = kernel.environment()});
+  if (!live::waitUntil([&] { return trackpad.isOpened(); })) throw std::runtime_error("the trackpad is not read");
   Samples tap, key;
   for (int i = -kWarmUp; i < openings; ++i) {
     const Opening byTap = stage.openBy([&] { return hand.tap(); });

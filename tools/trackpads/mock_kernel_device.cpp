@@ -100,7 +100,10 @@ long MockKernelDevice::serve(unsigned long request, std::span<std::uint8_t> answ
   const unsigned number = _IOC_NR(request);
   if (request == EVIOCGVERSION) return fill(answer, kDriverVersion);
   if (request == EVIOCGID) return fill(answer, input_id{BUS_I2C, 1, 2, 3});
-  if (request == EVIOCSCLOCKID) return 0;
+  if (request == EVIOCSCLOCKID) {
+    isOpened_ = true;  // the last request of an opening
+    return 0;
+  }
   if (_IOC_DIR(request) != _IOC_READ) return -1;
   if (number >= _IOC_NR(EVIOCGABS(0)) && number < _IOC_NR(EVIOCGABS(0)) + ABS_CNT) {
     const auto axis = axes_.find(static_cast<int>(number - _IOC_NR(EVIOCGABS(0))));

@@ -2,6 +2,7 @@
 
 #include <linux/input.h>
 
+#include <atomic>
 #include <chrono>
 #include <cstdint>
 #include <map>
@@ -34,12 +35,15 @@ class MockKernelDevice {
   /// Fills `answer` for an ioctl of the event interface, whose content is that of the caller. Returns the result; -1 if
   /// there is no such ioctl.
   long serve(unsigned long request, std::span<std::uint8_t> answer);
+  /// A program has opened it and read its state. Events from before are part of that state, but stay in the pipe.
+  bool isOpened() const { return isOpened_; }
 
  private:
   long serveBits(unsigned eventType, std::span<std::uint8_t> answer) const;
   long serveSlots(std::span<std::uint8_t> answer) const;
   std::set<int> axisCodes() const;
 
+  std::atomic<bool> isOpened_ = false;
   std::mutex lock_;
   std::set<int> properties_;
   std::set<int> keys_;

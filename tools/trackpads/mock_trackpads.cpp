@@ -109,7 +109,6 @@ std::vector<input_event> MockTrackpad::report(Time time, const std::vector<Chang
 }
 
 void MockTrackpad::write(const std::vector<input_event>& events) {
-  ++frames_;
   const std::size_t size = events.size() * sizeof(input_event);
   if (::write(pipe_.get(), events.data(), size) != static_cast<ssize_t>(size)) {
     throw std::runtime_error("the pipe of the trackpad is full");

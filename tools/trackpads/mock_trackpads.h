@@ -49,7 +49,8 @@ class MockTrackpad {
   void loseFrame(Time time, const std::vector<Change>& changes);
   /// `fingers` land at `time` and lift a tenth of a second later.
   void tap(int fingers, Time time);
-  std::size_t frameCount() const { return frames_; }
+  /// A program reads it; what it should see must not be written before.
+  bool isOpened() const { return device_.isOpened(); }
 
   MockKernelDevice& device() { return device_; }
   /// From now on the events go to this pipe.
@@ -78,7 +79,6 @@ class MockTrackpad {
   MockKernelDevice device_;
   std::map<int, Finger> fingers_;
   int lastTrackingId_ = 0;
-  std::size_t frames_ = 0;
 };
 
 /// Trackpads on a computer that exists only for programs with umockdev's preload library: sysfs, udev's announcements

@@ -31,6 +31,7 @@ class TrackpadTest : public EndToEndTest {
 };
 
 TEST_F(TrackpadTest, TapOpensTheRingAtThePointerAndAClickRunsTheItem) {
+  ASSERT_TRUE(waitUntil([&] { return trackpad_.isOpened(); }));
   trackpad_.tap(3, 1s);
   ASSERT_TRUE(program_->waitForRing());
   const Area ring = program_->ring()->area;
@@ -53,7 +54,7 @@ TEST_F(TrackpadTest, TapOpensTheRingAtThePointerAndAClickRunsTheItem) {
 TEST_F(TrackpadTest, TrackpadsThatArriveAreReadAndAllOfThemAfterWaking) {
   EXPECT_TRUE(waitUntil([&] { return starts("1") == 1; }));
   MockTrackpad& second = kernel_.connect(12);
-  EXPECT_TRUE(waitUntil([&] { return starts("2") == 1; }));
+  EXPECT_TRUE(waitUntil([&] { return starts("2") == 1 && second.isOpened(); }));
   second.tap(3, 1s);
   EXPECT_TRUE(program_->waitForRing());
   client_.tap(key::escape);

@@ -81,7 +81,10 @@ class TrackpadReader::Trackpad {
   MultitouchDevices::FrameCallback callback_;
 };
 
-TrackpadReader::TrackpadReader(NameThread nameThread) : nameThread_(nameThread) {}
+TrackpadReader::TrackpadReader(NameThread nameThread) : nameThread_(nameThread) {
+  // By default libevdev writes a line for each odd event of a faulty device to standard error.
+  libevdev_set_log_function(nullptr, nullptr);
+}
 
 TrackpadReader::~TrackpadReader() { endThread(); }
 
