@@ -33,6 +33,11 @@ std::string ItemTitles::title(const PieMenuItem& item) const {
   return std::string(localization_.text(*kind));
 }
 
+bool ItemTitles::standsForKind(const PieMenuItem& item) {
+  const auto* launch = std::get_if<LaunchApp>(&item.action);
+  return launch != nullptr && kindOf(item, *launch).has_value();
+}
+
 bool ItemTitles::isAvailable(const PieMenuItem& item) const {
   const auto* launch = std::get_if<LaunchApp>(&item.action);
   if (!launch || workspace_.applicationName(launch->bundleIdentifier)) return true;

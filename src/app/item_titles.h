@@ -22,6 +22,8 @@ class ItemTitles {
   /// application, an item that still has its original title shows that application's name, and without any the kind of
   /// application.
   std::string title(const PieMenuItem& item) const;
+  /// It is an application of the first-run document, which stands for one of its kind.
+  static bool standsForKind(const PieMenuItem& item);
   /// False for an application that is neither installed nor has been active in this session.
   bool isAvailable(const PieMenuItem& item) const;
 

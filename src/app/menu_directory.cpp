@@ -1,6 +1,9 @@
 #include "app/menu_directory.h"
 
 #include <algorithm>
+#include <cstddef>
+
+#include "base/unicode.h"
 
 namespace rondora {
 namespace {
@@ -25,8 +28,22 @@ MenuToTrigger answer(const PieMenu& menu) {
 
 }  // namespace
 
-bool opensWithHotkey(const PieMenu& menu, const HotkeyManager& hotkeys) {
-  return menu.hasLiveHotkey() && !hotkeys.optionAgainst(menu.hotkey) && isRegistered(menu, hotkeys);
+std::string displayName(const PieMenu& menu) {
+  constexpr std::size_t kMaxCharacters = 60;
+  const std::string name = controlsEscaped(shortened(menu.name, kMaxCharacters));
+  return hasRightToLeftLetter(name) ? isolated(name) : name;
+}
+
+const PieMenu& firstWithHotkeyOf(const PieMenu& menu, const std::vector<PieMenu>& menus) {
+  const auto first = std::find_if(menus.begin(), menus.end(), [&](const PieMenu& other) {
+    return other.hasLiveHotkey() && other.hotkey == menu.hotkey;
+  });
+  return first == menus.end() ? menu : *first;
+}
+
+bool opensWithHotkey(const PieMenu& menu, const std::vector<PieMenu>& menus, const HotkeyManager& hotkeys) {
+  return menu.hasLiveHotkey() && isRegistered(menu, hotkeys) && &firstWithHotkeyOf(menu, menus) == &menu &&
+         !hotkeys.optionAgainst(menu.hotkey);
 }
 
 std::vector<MenuListing> listMenus(const std::vector<PieMenu>& menus, const HotkeyManager* hotkeys,
@@ -37,19 +54,22 @@ std::vector<MenuListing> listMenus(const std::vector<PieMenu>& menus, const Hotk
     listings.push_back({.id = menu.id.string(),
                         .name = menu.name,
                         .hotkey = menu.hotkey.isAssigned() ? displayString(menu.hotkey, language, modifierNames) : "",
-                        .isLive = hotkeys != nullptr && opensWithHotkey(menu, *hotkeys)});
+                        .isLive = hotkeys != nullptr && opensWithHotkey(menu, menus, *hotkeys)});
   }
   return listings;
 }
 
-std::string workingHotkeys(const std::vector<MenuListing>& menus) {
+std::string workingHotkeys(const std::vector<PieMenu>& menus, const HotkeyManager& hotkeys, AppLanguage language,
+                           const ModifierNames& modifierNames) {
   constexpr int kMaxLines = 12;
   std::string lines;
   int count = 0;
-  for (const MenuListing& menu : menus) {
-    if (!menu.isLive) continue;
+  for (const PieMenu& menu : menus) {
+    if (!opensWithHotkey(menu, menus, hotkeys)) continue;
     if (++count > kMaxLines) return lines + "\n…";
-    lines += (lines.empty() ? "" : "\n") + menu.name + ": " + menu.hotkey;
+    if (!lines.empty()) lines += '\n';
+    if (!menu.name.empty()) lines += displayName(menu) + ": ";
+    lines += displayString(menu.hotkey, language, modifierNames);
   }
   return lines;
 }

@@ -14,15 +14,23 @@
 
 namespace rondora {
 
-/// Its hotkey opens the menu: it is switched on, registered or served by the event tap, and can be typed.
-bool opensWithHotkey(const PieMenu& menu, const HotkeyManager& hotkeys);
+/// The name as a line of text that keeps its own direction; shortened if it is very long.
+std::string displayName(const PieMenu& menu);
+
+/// The first of `menus` with the same hotkey, which opens instead of the others: `menu` itself where it is the first.
+const PieMenu& firstWithHotkeyOf(const PieMenu& menu, const std::vector<PieMenu>& menus);
+
+/// Its hotkey opens the menu, one of `menus`: it is switched on, the first with this hotkey, registered or served by
+/// the event tap, and can be typed.
+bool opensWithHotkey(const PieMenu& menu, const std::vector<PieMenu>& menus, const HotkeyManager& hotkeys);
 
 /// All menus in their order. Null `hotkeys`: none is registered yet.
 std::vector<MenuListing> listMenus(const std::vector<PieMenu>& menus, const HotkeyManager* hotkeys,
                                    AppLanguage language, const ModifierNames& modifierNames);
 
 /// A line for each menu that its hotkey opens, a dozen at most: "Main: Ctrl + Alt + Space".
-std::string workingHotkeys(const std::vector<MenuListing>& menus);
+std::string workingHotkeys(const std::vector<PieMenu>& menus, const HotkeyManager& hotkeys, AppLanguage language,
+                           const ModifierNames& modifierNames);
 
 struct MenuToTrigger {
   TriggerReply reply = TriggerReply::unknown;

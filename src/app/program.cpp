@@ -146,8 +146,14 @@ AppDelegate::Services Program::delegateServices() {
           .activationHistory = activationHistory_,
           .switchboard = switchboard_,
           .nativeAppSwitcher = nativeAppSwitcher_,
-          .workingHotkeys = [this] { return workingHotkeys(menuListings()); },
+          .workingHotkeys = [this] { return listOfWorkingHotkeys(); },
           .publishStatusItemProblem = [this](const auto& problem) { statusItemEvaluated(problem); }};
+}
+
+std::string Program::listOfWorkingHotkeys() const {
+  const HotkeyManager* hotkeys = delegate_.hotkeyManager();
+  if (hotkeys == nullptr) return {};
+  return workingHotkeys(config_.current().menus, *hotkeys, localization_.language(), platform_.modifierNames);
 }
 
 void Program::statusItemEvaluated(const std::optional<std::string>& problem) {
@@ -202,10 +208,13 @@ void Program::actionEnded(const PieMenuItem& item, const Uuid& menuId, const std
   if (!failure) return actionFailures_.worked(item.action);
   const PieMenu* menu = config_.current().menu(menuId);
   const std::string title = titles_.title(item);
+  ActionFailure named = *failure;
+  // The identifier of an application of another system tells the user nothing.
+  if (named.problem == ActionProblem::notInstalled && titles_.standsForKind(item)) named.detail = title;
   actionFailures_.failed({.action = item.action,
-                          .item = title.empty() ? failure->detail : title,
+                          .item = title.empty() ? named.detail : title,
                           .menu = menu == nullptr ? "" : menu->name,
-                          .failure = *failure});
+                          .failure = std::move(named)});
 }
 
 SessionFacts Program::sessionFacts() const {

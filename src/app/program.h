@@ -67,6 +67,7 @@ class Program {
   AppDelegate::Services delegateServices();
 
   void iconsChanged();
+  std::string listOfWorkingHotkeys() const;
   void statusItemEvaluated(const std::optional<std::string>& problem);
   ConfigManager::Services configServices();
   std::string firstHotkey() const;

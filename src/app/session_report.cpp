@@ -19,8 +19,8 @@ bool isWaylandSession(const ProcessEnvironment& environment) {
 }
 
 const PieMenu* firstMenuWithWorkingHotkey(const std::vector<PieMenu>& menus, const HotkeyManager& hotkeys) {
-  const auto found =
-      std::find_if(menus.begin(), menus.end(), [&](const PieMenu& menu) { return opensWithHotkey(menu, hotkeys); });
+  const auto found = std::find_if(menus.begin(), menus.end(),
+                                  [&](const PieMenu& menu) { return opensWithHotkey(menu, menus, hotkeys); });
   return found == menus.end() ? nullptr : &*found;
 }
 
@@ -51,16 +51,19 @@ void SessionReport::addHotkeys(std::vector<SessionFinding>& findings, const Sess
                                const std::vector<PieMenu>& menus, const HotkeyManager& hotkeys) const {
   std::size_t failures = 0;
   for (const PieMenu& menu : menus) {
-    if (!menu.hasLiveHotkey() || opensWithHotkey(menu, hotkeys)) continue;
+    if (!menu.hasLiveHotkey() || opensWithHotkey(menu, menus, hotkeys)) continue;
     if (++failures > kMaxHotkeyFindings) continue;
+    const PieMenu& first = firstWithHotkeyOf(menu, menus);
     const auto option = hotkeys.optionAgainst(menu.hotkey);
-    findings.push_back(option ? cannotBeTyped(menu, *option) : hotkeyFails(menu));
+    findings.push_back(&first != &menu ? isShared(menu, first)
+                       : option        ? cannotBeTyped(menu, *option)
+                                       : hotkeyFails(menu));
   }
   if (failures > kMaxHotkeyFindings) findings.push_back(notShown(failures - kMaxHotkeyFindings));
-  // On Wayland hotkeys arrive only sometimes, which another finding states.
-  const auto working = workingHotkeys(listMenus(menus, &hotkeys, localization_.language(), modifierNames_));
-  if (working.empty() || facts.isWayland) return;
-  if (failures > 0) {
+  const auto working = workingHotkeys(menus, hotkeys, localization_.language(), modifierNames_);
+  if (working.empty()) return;
+  // On Wayland they arrive only sometimes, which another finding states.
+  if (failures > 0 || facts.isWayland) {
     findings.push_back({true, working, {}});
   } else {
     findings.push_back({true, std::string(localization_.text(StringKey::sessionHotkeysWork)), working});
@@ -69,17 +72,22 @@ void SessionReport::addHotkeys(std::vector<SessionFinding>& findings, const Sess
 
 SessionFinding SessionReport::hotkeyFails(const PieMenu& menu) const {
   if (menu.hotkey.isStandaloneFn() || menu.hotkey.hasFunctionModifier()) {
-    return {false, localization_.text(StringKey::sessionHotkeyUnusable, menu.name),
+    return {false, localization_.text(StringKey::sessionHotkeyUnusable, displayName(menu)),
             std::string(localization_.text(StringKey::sessionHotkeyUnusableRemedy))};
   }
-  return {false, localization_.text(StringKey::settingsHotkeyRefused, menu.name),
+  return {false, localization_.text(StringKey::settingsHotkeyRefused, displayName(menu)),
           localization_.text(StringKey::sessionHotkeyRefusedRemedy,
                              displayString(menu.hotkey, localization_.language(), modifierNames_))};
 }
 
 SessionFinding SessionReport::cannotBeTyped(const PieMenu& menu, std::string_view option) const {
-  return {false, localization_.text(StringKey::sessionHotkeyUnusable, menu.name),
+  return {false, localization_.text(StringKey::sessionHotkeyUnusable, displayName(menu)),
           localization_.text(StringKey::sessionHotkeyOptionRemedy, option)};
+}
+
+SessionFinding SessionReport::isShared(const PieMenu& menu, const PieMenu& first) const {
+  return {false, localization_.text(StringKey::sessionHotkeyShared, displayName(menu), displayName(first)),
+          std::string(localization_.text(StringKey::sessionHotkeyUnusableRemedy))};
 }
 
 SessionFinding SessionReport::notShown(std::size_t count) const {

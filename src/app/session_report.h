@@ -40,6 +40,7 @@ class SessionReport {
  private:
   SessionFinding works(StringKey statement) const;
   SessionFinding fails(StringKey statement, StringKey remedy) const;
+  SessionFinding isShared(const PieMenu& menu, const PieMenu& first) const;
   SessionFinding notShown(std::size_t count) const;
   SessionFinding hotkeyFails(const PieMenu& menu) const;
   SessionFinding cannotBeTyped(const PieMenu& menu, std::string_view option) const;

@@ -104,9 +104,11 @@ enum class IconKind {
   favicon,      // the origin of a web site, such as "https://www.example.org"; empty for no site
 };
 
-/// The colours that a sector has beneath its icon.
+/// The colours that a sector has beneath its icon: over the darkest and the lightest screen, and while it is
+/// highlighted.
 struct IconBackgrounds {
-  Color normal;
+  Color darkest;
+  Color lightest;
   Color highlighted;
   friend bool operator==(const IconBackgrounds&, const IconBackgrounds&) = default;
 };

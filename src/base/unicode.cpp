@@ -198,6 +198,12 @@ std::string_view firstCharacter(std::string_view text) {
   return text.substr(0, length);
 }
 
+std::string isolated(std::string_view text) {
+  constexpr std::string_view kFirstStrongIsolate = "\u2068";
+  constexpr std::string_view kPopDirectionalIsolate = "\u2069";
+  return std::string(kFirstStrongIsolate).append(text).append(kPopDirectionalIsolate);
+}
+
 std::string shortened(std::string_view text, std::size_t maxCharacters) {
   std::size_t length = 0;
   for (std::size_t i = 0; i < maxCharacters && length < text.size(); ++i) {

@@ -28,6 +28,8 @@ std::size_t scalarCount(std::string_view text);
 /// sequence. Empty for an empty text.
 std::string_view firstCharacter(std::string_view text);
 
+/// The text between characters that let it keep its own direction inside another text.
+std::string isolated(std::string_view text);
 /// The text, or its beginning of that many characters with an ellipsis behind it.
 std::string shortened(std::string_view text, std::size_t maxCharacters);
 

@@ -9,12 +9,6 @@ namespace rondora {
 namespace {
 
 constexpr std::string_view kPlaceholder = "%@";
-constexpr std::string_view kFirstStrongIsolate = "\u2068";
-constexpr std::string_view kPopDirectionalIsolate = "\u2069";
-
-std::string isolated(std::string_view argument) {
-  return std::string(kFirstStrongIsolate).append(argument).append(kPopDirectionalIsolate);
-}
 
 }  // namespace
 

@@ -40,6 +40,7 @@ enum class StringKey {
   sessionHotkeyUnusable,       // %@: the menu's name
   sessionHotkeyUnusableRemedy,
   sessionHotkeyOptionRemedy,  // %@: an option of the keyboard
+  sessionHotkeyShared,        // %@: a menu’s name; %@: that of the one that opens
   sessionTray,
   sessionNoTrayRemedy,
   sessionKeystrokes,
@@ -97,6 +98,8 @@ enum class StringKey {
   actionNoSuchKeyRemedy,
   actionTargetLost,
   actionTargetLostRemedy,
+  /// Behind a remedy that changes the document.
+  actionRestart,
 
   /// In the hub of a menu without items.
   ringMenuEmpty,

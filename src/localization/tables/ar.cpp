@@ -42,6 +42,7 @@ constexpr StringTable kArabicStrings = completeTable({
     {StringKey::sessionHotkeyOptionRemedy,
      "بسبب خيار لوحة المفاتيح «%@» تبدّل مفاتيح التعديل في هذا الاختصار تخطيط اللوحة. اختر مفاتيح أخرى لذلك في إعدادات "
      "لوحة المفاتيح لسطح المكتب، أو عيّن للقائمة اختصارًا آخر في ملف الإعدادات، ثم أنهِ Rondora وشغّله من جديد."},
+    {StringKey::sessionHotkeyShared, "لا تُفتح القائمة «%@» باختصارها لأن للقائمة «%@» الاختصار نفسه."},
     {StringKey::sessionTray, "أيقونة Rondora موجودة في منطقة الإشعارات."},
     {StringKey::sessionNoTrayRemedy,
      "أضف منطقة إشعارات إلى شريط سطح المكتب؛ يحتاج GNOME لذلك إلى الإضافة «AppIndicator». ومن دون الأيقونة تُفتح هذه "
@@ -102,6 +103,7 @@ constexpr StringTable kArabicStrings = completeTable({
      "اختر للعنصر تركيبة أخرى في ملف الإعدادات، أو تخطيط لوحة مفاتيح يضم ذلك المفتاح."},
     {StringKey::actionTargetLost, "لم يظهر التطبيق في المقدمة في الوقت المناسب، لذلك لم يُضغط أي مفتاح."},
     {StringKey::actionTargetLostRemedy, "اختر العنصر مرة أخرى."},
+    {StringKey::actionRestart, "بعد تغيير الملف أنهِ Rondora وشغّله من جديد."},
     {StringKey::ringMenuEmpty, "هذه القائمة فارغة"},
     {StringKey::snippetHint, "يُنسخ النص إلى الحافظة. الصقه يدويًا باستخدام Command+V."},
     {StringKey::importRefused, "تعذرت قراءة هذا الملف. يُرجى اختيار نسخة احتياطية صالحة من الإعدادات."},

@@ -44,6 +44,7 @@ constexpr StringTable kBengaliStrings = completeTable({
     {StringKey::sessionHotkeyOptionRemedy,
      "কীবোর্ড বিকল্প “%@”-এর কারণে এই হটকীর মডিফায়ার কীগুলো লেআউট বদলে দেয়। ডেস্কটপের কীবোর্ড সেটিংসে এর জন্য অন্য কী বেছে "
      "নিন, অথবা কনফিগারেশন ফাইলে মেনুটিকে অন্য একটি হটকী দিন, তারপর Rondora থেকে প্রস্থান করে আবার চালু করুন।"},
+    {StringKey::sessionHotkeyShared, "“%@” মেনুটি তার হটকী দিয়ে খোলে না: “%@” মেনুর একই হটকী আছে।"},
     {StringKey::sessionTray, "Rondora-র আইকন সিস্টেম ট্রে-তে আছে।"},
     {StringKey::sessionNoTrayRemedy,
      "আপনার প্যানেলে একটি সিস্টেম ট্রে যোগ করুন; GNOME-এ এর জন্য “AppIndicator” এক্সটেনশন দরকার। আইকন না থাকলে Rondora "
@@ -109,6 +110,7 @@ constexpr StringTable kBengaliStrings = completeTable({
      "কনফিগারেশন ফাইলে আইটেমটির জন্য অন্য সমন্বয় বেছে নিন, অথবা সেই কী আছে এমন কীবোর্ড লেআউট নিন।"},
     {StringKey::actionTargetLost, "অ্যাপ্লিকেশনটি সময়মতো সামনে আসেনি, তাই কোনো কী চাপা হয়নি।"},
     {StringKey::actionTargetLostRemedy, "আইটেমটি আবার বেছে নিন।"},
+    {StringKey::actionRestart, "ফাইলটি পরিবর্তনের পর Rondora থেকে প্রস্থান করে আবার চালু করুন।"},
     {StringKey::ringMenuEmpty, "এই মেনুটি খালি"},
     {StringKey::snippetHint, "লেখাটি ক্লিপবোর্ডে কপি হয়। Command+V দিয়ে নিজে পেস্ট করুন।"},
     {StringKey::importRefused, "এই ফাইলটি পড়া গেল না। অনুগ্রহ করে সেটিংসের একটি সঠিক ব্যাকআপ বেছে নিন।"},

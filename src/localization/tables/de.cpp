@@ -50,6 +50,8 @@ constexpr StringTable kGermanStrings = completeTable({
      "Mit der Tastaturoption „%@“ schalten die Sondertasten dieses Tastenkürzels die Tastaturbelegung um. Wählen Sie "
      "dafür in den Tastatureinstellungen andere Tasten, oder geben Sie dem Menü in der Konfigurationsdatei ein anderes "
      "Tastenkürzel. Beenden Sie dann Rondora und starten Sie es wieder."},
+    {StringKey::sessionHotkeyShared,
+     "Das Menü „%@“ öffnet sich nicht mit seinem Tastenkürzel: Das Menü „%@“ hat dasselbe."},
     {StringKey::sessionTray, "Das Symbol von Rondora ist im Infobereich."},
     {StringKey::sessionNoTrayRemedy,
      "Fügen Sie Ihrer Leiste einen Infobereich hinzu; GNOME braucht dafür die Erweiterung „AppIndicator“. Auch ohne "
@@ -126,6 +128,7 @@ constexpr StringTable kGermanStrings = completeTable({
      "diese Taste hat."},
     {StringKey::actionTargetLost, "das Programm kam nicht rechtzeitig nach vorn; daher wurde keine Taste gedrückt."},
     {StringKey::actionTargetLostRemedy, "Wählen Sie den Eintrag noch einmal."},
+    {StringKey::actionRestart, "Nach einer Änderung der Datei beenden Sie Rondora und starten Sie es wieder."},
     {StringKey::ringMenuEmpty, "Dieses Menü ist leer"},
     {StringKey::snippetHint, "Der Text wird in die Zwischenablage kopiert. Fügen Sie ihn mit Command+V selbst ein."},
     {StringKey::importRefused,

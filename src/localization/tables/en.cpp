@@ -45,6 +45,7 @@ constexpr StringTable kEnglishStrings = completeTable({
      "With the keyboard option “%@” the modifier keys of this hotkey switch the layout. Choose other keys for that in "
      "the keyboard settings of your desktop, or give the menu another hotkey in the configuration file, then quit "
      "Rondora and start it again."},
+    {StringKey::sessionHotkeyShared, "The menu “%@” does not open by its hotkey: the menu “%@” has the same one."},
     {StringKey::sessionTray, "Rondora’s icon is in the system tray."},
     {StringKey::sessionNoTrayRemedy,
      "Add a system tray to your panel; GNOME needs the extension “AppIndicator” for it. Without the icon, starting "
@@ -113,6 +114,7 @@ constexpr StringTable kEnglishStrings = completeTable({
      "Choose another keystroke for the item in the configuration file, or a keyboard layout with that key."},
     {StringKey::actionTargetLost, "the application did not come to the front in time, so no key was pressed."},
     {StringKey::actionTargetLostRemedy, "Choose the item again."},
+    {StringKey::actionRestart, "After a change to the file, quit Rondora and start it again."},
     {StringKey::ringMenuEmpty, "This menu is empty"},
     {StringKey::snippetHint, "Text is copied to the clipboard. Paste it manually with Command+V."},
     {StringKey::importRefused, "Couldn't read this file. Please choose a valid settings backup."},

@@ -45,6 +45,7 @@ constexpr StringTable kSpanishStrings = completeTable({
      "Con la opción de teclado «%@», las teclas modificadoras de este atajo cambian la distribución. Elija otras "
      "teclas para ello en los ajustes de teclado de su escritorio, o asigne otro atajo al menú en el archivo de "
      "configuración, después salga de Rondora y vuelva a iniciarlo."},
+    {StringKey::sessionHotkeyShared, "El menú «%@» no se abre con su atajo: el menú «%@» tiene el mismo."},
     {StringKey::sessionTray, "El icono de Rondora está en el área de notificación."},
     {StringKey::sessionNoTrayRemedy,
      "Añada un área de notificación a su panel; GNOME necesita para ello la extensión «AppIndicator». Sin el icono, "
@@ -117,6 +118,7 @@ constexpr StringTable kSpanishStrings = completeTable({
      "esa tecla."},
     {StringKey::actionTargetLost, "la aplicación no pasó al frente a tiempo, así que no se pulsó ninguna tecla."},
     {StringKey::actionTargetLostRemedy, "Elija el elemento otra vez."},
+    {StringKey::actionRestart, "Tras cambiar el archivo, salga de Rondora y vuelva a iniciarlo."},
     {StringKey::ringMenuEmpty, "Este menú está vacío"},
     {StringKey::snippetHint, "El texto se copia al portapapeles. Péguelo manualmente con Command+V."},
     {StringKey::importRefused,

@@ -48,6 +48,7 @@ constexpr StringTable kFrenchStrings = completeTable({
      "Avec l’option de clavier « %@ », les touches de modification de ce raccourci changent la disposition du clavier. "
      "Choisissez d’autres touches pour cela dans les réglages du clavier, ou donnez un autre raccourci au menu dans le "
      "fichier de configuration, puis quittez Rondora et relancez-le."},
+    {StringKey::sessionHotkeyShared, "Le menu « %@ » ne s’ouvre pas avec son raccourci : le menu « %@ » a le même."},
     {StringKey::sessionTray, "L’icône de Rondora se trouve dans la zone de notification."},
     {StringKey::sessionNoTrayRemedy,
      "Ajoutez une zone de notification à votre panneau\u202F; GNOME a besoin pour cela de l’extension "
@@ -125,6 +126,7 @@ constexpr StringTable kFrenchStrings = completeTable({
     {StringKey::actionTargetLost,
      "l’application n’est pas passée au premier plan à temps\u202F; aucune touche n’a été frappée."},
     {StringKey::actionTargetLostRemedy, "Choisissez l’élément encore une fois."},
+    {StringKey::actionRestart, "Après avoir modifié le fichier, quittez Rondora et relancez-le."},
     {StringKey::ringMenuEmpty, "Ce menu est vide"},
     {StringKey::snippetHint, "Le texte est copié dans le presse-papiers. Collez-le manuellement avec Command+V."},
     {StringKey::importRefused, "Impossible de lire ce fichier. Veuillez choisir une sauvegarde de réglages valide."},

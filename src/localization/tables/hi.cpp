@@ -43,6 +43,7 @@ constexpr StringTable kHindiStrings = completeTable({
     {StringKey::sessionHotkeyOptionRemedy,
      "कीबोर्ड विकल्प “%@” के कारण इस हॉटकी की मॉडिफ़ायर कुंजियाँ लेआउट बदल देती हैं। डेस्कटॉप की कीबोर्ड सेटिंग्स में इसके लिए दूसरी कुंजियाँ "
      "चुनें, या कॉन्फ़िगरेशन फ़ाइल में मेनू को कोई दूसरी हॉटकी दें, फिर Rondora से बाहर निकलकर उसे दोबारा शुरू करें।"},
+    {StringKey::sessionHotkeyShared, "मेनू “%@” अपनी हॉटकी से नहीं खुलता: मेनू “%@” की हॉटकी भी वही है।"},
     {StringKey::sessionTray, "Rondora का आइकन सिस्टम ट्रे में है।"},
     {StringKey::sessionNoTrayRemedy,
      "अपने पैनल में सिस्टम ट्रे जोड़ें; GNOME में इसके लिए “AppIndicator” एक्सटेंशन चाहिए। आइकन न हो तो Rondora को एक बार और शुरू करने पर "
@@ -103,6 +104,7 @@ constexpr StringTable kHindiStrings = completeTable({
     {StringKey::actionNoSuchKeyRemedy, "कॉन्फ़िगरेशन फ़ाइल में आइटम के लिए कोई दूसरा संयोजन चुनें, या वह कुंजी वाला कीबोर्ड लेआउट चुनें।"},
     {StringKey::actionTargetLost, "ऐप्लिकेशन समय पर सामने नहीं आया, इसलिए कोई कुंजी नहीं दबाई गई।"},
     {StringKey::actionTargetLostRemedy, "आइटम फिर से चुनें।"},
+    {StringKey::actionRestart, "फ़ाइल बदलने के बाद Rondora से बाहर निकलकर उसे दोबारा शुरू करें।"},
     {StringKey::ringMenuEmpty, "यह मेनू खाली है"},
     {StringKey::snippetHint, "टेक्स्ट क्लिपबोर्ड पर कॉपी होता है। इसे Command+V से ख़ुद पेस्ट करें।"},
     {StringKey::importRefused, "यह फ़ाइल पढ़ी नहीं जा सकी। कृपया सेटिंग्स का सही बैकअप चुनें।"},

@@ -45,6 +45,8 @@ constexpr StringTable kIndonesianStrings = completeTable({
      "Dengan opsi papan ketik “%@”, tombol pengubah pada tombol pintas ini mengganti tata letak. Pilih tombol lain "
      "untuk itu di pengaturan papan ketik desktop, atau beri menu ini tombol pintas lain di berkas konfigurasi, lalu "
      "keluar dari Rondora dan jalankan lagi."},
+    {StringKey::sessionHotkeyShared,
+     "Menu “%@” tidak terbuka dengan tombol pintasnya: menu “%@” memakai tombol yang sama."},
     {StringKey::sessionTray, "Ikon Rondora ada di baki sistem."},
     {StringKey::sessionNoTrayRemedy,
      "Tambahkan baki sistem ke panel Anda; GNOME memerlukan ekstensi “AppIndicator” untuk itu. Tanpa ikon, pengaturan "
@@ -117,6 +119,7 @@ constexpr StringTable kIndonesianStrings = completeTable({
      "itu."},
     {StringKey::actionTargetLost, "aplikasi tidak tampil di depan tepat waktu, jadi tidak ada tombol yang ditekan."},
     {StringKey::actionTargetLostRemedy, "Pilih butir ini sekali lagi."},
+    {StringKey::actionRestart, "Setelah mengubah berkas itu, keluar dari Rondora dan jalankan lagi."},
     {StringKey::ringMenuEmpty, "Menu ini kosong"},
     {StringKey::snippetHint, "Teks disalin ke papan klip. Tempelkan sendiri dengan Command+V."},
     {StringKey::importRefused, "Berkas ini tidak dapat dibaca. Pilih cadangan pengaturan yang valid."},

@@ -47,6 +47,8 @@ constexpr StringTable kJapaneseStrings = completeTable({
      "キーボードのオプション「%@"
      "」により、このホットキーの修飾キーは配列を切り替えます。デスクトップのキーボード設定で配列の切り替えに別のキーを"
      "選ぶか、設定ファイルでメニューに別のホットキーを割り当ててから、Rondora を終了して起動し直してください。"},
+    {StringKey::sessionHotkeyShared,
+     "メニュー「%@」はホットキーで開きません。メニュー「%@」が同じホットキーを使っています。"},
     {StringKey::sessionTray, "Rondora のアイコンはシステムトレイにあります。"},
     {StringKey::sessionNoTrayRemedy,
      "パネルにシステムトレイを追加してください。GNOME "
@@ -115,6 +117,7 @@ constexpr StringTable kJapaneseStrings = completeTable({
      "設定ファイルで項目に別のキーを指定するか、そのキーのあるキーボード配列を選んでください。"},
     {StringKey::actionTargetLost, "アプリケーションが時間内に前面に出なかったため、キーを押しませんでした。"},
     {StringKey::actionTargetLostRemedy, "項目をもう一度選んでください。"},
+    {StringKey::actionRestart, "ファイルを変更したら、Rondora を終了して起動し直してください。"},
     {StringKey::ringMenuEmpty, "このメニューは空です"},
     {StringKey::snippetHint, "テキストをクリップボードにコピーします。Command+V で貼り付けてください。"},
     {StringKey::importRefused, "このファイルを読み込めませんでした。有効な設定のバックアップを選んでください。"},

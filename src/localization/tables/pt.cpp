@@ -47,6 +47,7 @@ constexpr StringTable kPortugueseStrings = completeTable({
      "Com a opção de teclado “%@”, as teclas modificadoras deste atalho mudam o layout. Escolha outras teclas para "
      "isso nas configurações de teclado da sua área de trabalho ou dê outro atalho ao menu no arquivo de configuração, "
      "depois saia do Rondora e inicie-o de novo."},
+    {StringKey::sessionHotkeyShared, "O menu “%@” não abre com o seu atalho: o menu “%@” tem o mesmo."},
     {StringKey::sessionTray, "O ícone do Rondora está na bandeja do sistema."},
     {StringKey::sessionNoTrayRemedy,
      "Adicione uma bandeja do sistema ao seu painel; o GNOME precisa da extensão “AppIndicator” para isso. Sem o "
@@ -118,6 +119,7 @@ constexpr StringTable kPortugueseStrings = completeTable({
     {StringKey::actionTargetLost,
      "o aplicativo não veio para a frente a tempo, por isso nenhuma tecla foi pressionada."},
     {StringKey::actionTargetLostRemedy, "Escolha o item novamente."},
+    {StringKey::actionRestart, "Depois de alterar o arquivo, saia do Rondora e inicie-o de novo."},
     {StringKey::ringMenuEmpty, "Este menu está vazio"},
     {StringKey::snippetHint, "O texto é copiado para a área de transferência. Cole-o manualmente com Command+V."},
     {StringKey::importRefused, "Não foi possível ler este arquivo. Escolha um backup de configurações válido."},

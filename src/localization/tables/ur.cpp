@@ -45,6 +45,7 @@ constexpr StringTable kUrduStrings = completeTable({
      "کی بورڈ کے اختیار ”%@“ کی وجہ سے اس شارٹ کٹ کی ترمیمی کلیدیں لے آؤٹ بدل دیتی ہیں۔ اس کے لیے ڈیسک ٹاپ کی کی بورڈ "
      "ترتیبات میں دوسری کلیدیں چنیں، یا ترتیبات کی فائل میں مینو کو کوئی اور شارٹ کٹ دیں، پھر Rondora سے باہر نکل کر "
      "اسے دوبارہ شروع کریں۔"},
+    {StringKey::sessionHotkeyShared, "مینو “%@” اپنے شارٹ کٹ سے نہیں کھلتا: مینو “%@” کا بھی یہی شارٹ کٹ ہے۔"},
     {StringKey::sessionTray, "سسٹم ٹرے میں Rondora کا آئیکن موجود ہے۔"},
     {StringKey::sessionNoTrayRemedy,
      "اپنے پینل میں سسٹم ٹرے شامل کریں؛ GNOME کو اس کے لیے ایکسٹینشن ”AppIndicator“ درکار ہے۔ آئیکن نہ ہو تو Rondora "
@@ -113,6 +114,7 @@ constexpr StringTable kUrduStrings = completeTable({
      "ترتیبات کی فائل میں آئٹم کے لیے کوئی اور مجموعہ منتخب کریں، یا وہ کی بورڈ لے آؤٹ جس میں وہ کلید ہو۔"},
     {StringKey::actionTargetLost, "ایپلی کیشن وقت پر سامنے نہیں آئی، اس لیے کوئی کلید نہیں دبائی گئی۔"},
     {StringKey::actionTargetLostRemedy, "آئٹم دوبارہ منتخب کریں۔"},
+    {StringKey::actionRestart, "فائل بدلنے کے بعد Rondora سے باہر نکل کر اسے دوبارہ شروع کریں۔"},
     {StringKey::ringMenuEmpty, "یہ مینو خالی ہے"},
     {StringKey::snippetHint, "متن کلپ بورڈ پر کاپی ہوتا ہے۔ اسے Command+V سے خود پیسٹ کریں۔"},
     {StringKey::importRefused, "یہ فائل پڑھی نہیں جا سکی۔ براہِ کرم ترتیبات کا درست بیک اپ منتخب کریں۔"},

@@ -41,6 +41,7 @@ constexpr StringTable kChineseStrings = completeTable({
      "键盘选项“%@"
      "”使这个快捷键的修饰键用于切换键盘布局。请在桌面的键盘设置中改用其他按键切换布局，或者在配置文件中为该菜单换一个快"
      "捷键，然后退出并重新启动 Rondora。"},
+    {StringKey::sessionHotkeyShared, "菜单“%@”无法用其快捷键打开：菜单“%@”使用了相同的快捷键。"},
     {StringKey::sessionTray, "Rondora 的图标已显示在系统托盘中。"},
     {StringKey::sessionNoTrayRemedy,
      "请在面板中添加系统托盘；GNOME 需要安装“AppIndicator”扩展。没有图标时，再次启动 Rondora 即可打开此设置窗口。"},
@@ -96,6 +97,7 @@ constexpr StringTable kChineseStrings = completeTable({
     {StringKey::actionNoSuchKeyRemedy, "请在配置文件中为该项目选择其他按键，或选用包含该键的键盘布局。"},
     {StringKey::actionTargetLost, "应用程序未能及时切换到前台，因此没有按键。"},
     {StringKey::actionTargetLostRemedy, "请再次选择该项目。"},
+    {StringKey::actionRestart, "更改文件后，请退出并重新启动 Rondora。"},
     {StringKey::ringMenuEmpty, "此菜单为空"},
     {StringKey::snippetHint, "文本会复制到剪贴板。请按 Command+V 手动粘贴。"},
     {StringKey::importRefused, "无法读取此文件。请选择有效的设置备份。"},

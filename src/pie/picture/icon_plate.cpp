@@ -32,8 +32,9 @@ double distinctShare(std::span<const Color> outline, Color background, double ne
 }  // namespace
 
 std::optional<Color> plateFor(std::span<const Color> outline, const IconBackgrounds& backgrounds) {
-  const double share = std::min(distinctShare(outline, backgrounds.normal, kDistinct),
-                                distinctShare(outline, backgrounds.highlighted, kDistinctHighlighted));
+  const double share = std::min({distinctShare(outline, backgrounds.darkest, kDistinct),
+                                 distinctShare(outline, backgrounds.lightest, kDistinct),
+                                 distinctShare(outline, backgrounds.highlighted, kDistinctHighlighted)});
   if (outline.empty() || share >= kDistinctShare) return std::nullopt;
   const double onLight = distinctShare(outline, kLightPlate, kDistinct);
   const bool isLight = onLight + kLightBonus >= distinctShare(outline, kDarkPlate, kDistinct);

@@ -9,7 +9,7 @@
 namespace rondora {
 
 /// The colour of the plate between an icon and its backgrounds, judged by the colours of the icon's outline; nothing
-/// when the outline is distinct on both.
+/// when the outline is distinct on all.
 std::optional<Color> plateFor(std::span<const Color> outline, const IconBackgrounds& backgrounds);
 
 namespace icon_plate {

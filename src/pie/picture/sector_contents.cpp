@@ -20,6 +20,7 @@ constexpr double kMinLabelRadius = 3.3;
 constexpr double kMinPawRadius = 5;
 constexpr double kArmPerPaw = 0.7;     // half the arm's width
 constexpr double kLabelPerIcon = 0.6;  // worth of a whole label where a whole icon counts 1
+constexpr double kLargeLabel = 1.5;    // times the default size; the icon does not shrink for a larger one
 constexpr double kPullToWantedPlace = 0.02;
 constexpr int kSteps = 64;
 
@@ -123,11 +124,11 @@ bool SectorContents::leavesIconFree(const CornerPlace& place) const {
   return apart >= icon_.radius + place.disc.radius;
 }
 
-/// Shrinks the label a little if need be.
+/// Shrinks the label a little if need be, a large one more.
 bool SectorContents::placeInCorners(const PieMenu& menu) {
   const double leftInset = drawn<&PieMenu::shortcutDigitInsetLeftScale>(menu) * labelUnit_;
   const double rightInset = drawn<&PieMenu::shortcutDigitInsetRightScale>(menu) * labelUnit_;
-  for (const double share : {1.0, 0.95, 0.9, 0.85, 0.8}) {
+  for (double share = 1; share >= 0.8 || share * labelRadius_ >= largeLabel(); share -= 0.05) {
     left_ = cornerPlace(leftInset, share * labelRadius_);
     right_ = cornerPlace(rightInset, share * labelRadius_);
     if (!left_ || !right_) continue;
@@ -135,6 +136,11 @@ bool SectorContents::placeInCorners(const PieMenu& menu) {
     return true;
   }
   return false;
+}
+
+double SectorContents::largeLabel() const {
+  constexpr double kDefault = appearanceField<&PieMenu::shortcutDigitSizeScale>().fallback;
+  return kLargeLabel * kRadiusPerPointSize * kDefault * labelUnit_;
 }
 
 /// The largest label between an icon and the hub.
@@ -155,8 +161,8 @@ void SectorContents::stack() {
     const Disc icon = iconAt(layout_.innerRadius + layout_.ringWidth() * step / kSteps);
     const Disc inside = labelInside(icon);
     const double distance = std::abs(icon.distance - wantedIcon_.distance) / layout_.ringWidth();
-    const double score =
-        icon.radius / wholeIcon + kLabelPerIcon * inside.radius / labelRadius_ - kPullToWantedPlace * distance;
+    const double worth = kLabelPerIcon * kLargeLabel * std::min(inside.radius / largeLabel(), 1.0);
+    const double score = icon.radius / wholeIcon + worth - kPullToWantedPlace * distance;
     if (icon.radius < kMinIconRadius || score <= bestScore) continue;
     bestScore = score;
     icon_ = icon;

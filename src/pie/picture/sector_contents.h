@@ -61,6 +61,8 @@ class SectorContents {
   bool placeInCorners(const PieMenu& menu);
   std::optional<CornerPlace> cornerPlace(double inset, double radius) const;
   bool leavesIconFree(const CornerPlace& place) const;
+  /// The radius of a large label.
+  double largeLabel() const;
   Disc labelInside(const Disc& icon) const;
   void stack();
   void placeOpposite();

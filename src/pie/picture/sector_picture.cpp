@@ -23,6 +23,9 @@ constexpr Color kDarkGlass{0.16, 0.165, 0.18, 1};
 /// The colour that dimmed sectors fade to.
 constexpr Color kFaded{0.42, 0.43, 0.45, 1};
 
+/// Lies over a dimmed sector, but not over its label.
+constexpr Color kVeil = kDarkGlass.withAlpha(0.5);
+
 constexpr double kMinHighlightWidth = 3;  // points, at the rim
 
 double luminance(Color color) { return 0.2126 * color.red + 0.7152 * color.green + 0.0722 * color.blue; }
@@ -47,6 +50,12 @@ Color stainOf(Color color) {
   return excess <= 1 ? deep : mix({0, 0, 0, 1}, deep, 1 / excess);
 }
 
+/// `lower` beneath `upper` in one colour.
+Color together(Color lower, Color upper) {
+  const double alpha = upper.alpha + lower.alpha * (1 - upper.alpha);
+  return mix(lower, upper, upper.alpha / alpha).withAlpha(alpha);
+}
+
 }  // namespace
 
 SectorPainter::SectorPainter(const PieMenu& menu, const RingLayout& layout, const GlassStyle& glass)
@@ -64,9 +73,10 @@ PictureLayer SectorPainter::layer(std::size_t index, const PieMenuItem& item, co
     DisplayList list;
     appendBody(list, index, colored, look);
     if (look == Look::highlighted && menu_.pawDecorationEnabled) appendPaw(list, index, colored);
-    if (label) appendLabel(list, index, colored, *label, look);
+    if (label && !isDimmed) appendLabel(list, index, colored, *label, look);
     appendIcon(list, index, item, title, colored.ink);
     if (isDimmed) appendVeil(list, index, look);
+    if (label && isDimmed) appendLabel(list, index, veiled(colored), *label, look);
     layer.states.push_back(std::move(list));
   }
   layer.bounds = boundsOf(layer.states);
@@ -121,6 +131,13 @@ SectorPainter::Colors SectorPainter::colors(const PieMenuItem& item, Look look, 
   return {stain.withAlpha(glass_.tintAtHub), stain.withAlpha(glass_.tintAtRim), middle, inkOn(middle), opacity};
 }
 
+SectorPainter::Colors SectorPainter::veiled(Colors colors) {
+  colors.atHub = together(colors.atHub, kVeil);
+  colors.atRim = together(colors.atRim, kVeil);
+  colors.ink = kWhite;
+  return colors;
+}
+
 void SectorPainter::appendBody(DisplayList& list, std::size_t index, const Colors& colors, Look look) const {
   const bool isHighlighted = look == Look::highlighted;
   const double growth = isHighlighted ? layout_.highlightGrowth() : 0;
@@ -146,7 +163,7 @@ void SectorPainter::appendPaw(DisplayList& list, std::size_t index, const Colors
 
 void SectorPainter::appendVeil(DisplayList& list, std::size_t index, Look look) const {
   const double growth = look == Look::highlighted ? layout_.highlightGrowth() : 0;
-  list.push_back(FillCommand{sectorShape(layout_, index, growth, 0).path(), SolidPaint{kDarkGlass.withAlpha(0.5)}});
+  list.push_back(FillCommand{sectorShape(layout_, index, growth, 0).path(), SolidPaint{kVeil}});
 }
 
 void SectorPainter::appendIcon(DisplayList& list, std::size_t index, const PieMenuItem& item, const std::string& title,
@@ -158,12 +175,18 @@ void SectorPainter::appendIcon(DisplayList& list, std::size_t index, const PieMe
   if (icon.kind != IconKind::none) {
     const bool hasOwnColors = icon.kind == IconKind::application || icon.kind == IconKind::imageFile;
     IconCommand command{icon.kind, std::move(icon.name), *rect, tint};
-    if (hasOwnColors) command.backgrounds = {colors(item, Look::normal).middle, colors(item, Look::highlighted).middle};
+    if (hasOwnColors) command.backgrounds = backgrounds(item);
     list.push_back(std::move(command));
   } else if (!title.empty()) {
     list.push_back(TextCommand{std::string(firstCharacter(title)), *rect, rect->size.height * 0.72,
                                FontWeight::semibold, TextAlignment::center, 1, tint});
   }
+}
+
+IconBackgrounds SectorPainter::backgrounds(const PieMenuItem& item) const {
+  const Colors normal = colors(item, Look::normal);
+  const Color tint = mix(normal.atHub, normal.atRim, 0.5);
+  return {layered(glass_.darkest, tint), layered(glass_.lightest, tint), colors(item, Look::highlighted).middle};
 }
 
 void SectorPainter::appendLabel(DisplayList& list, std::size_t index, const Colors& colors, const std::string& text,

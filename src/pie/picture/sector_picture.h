@@ -48,6 +48,9 @@ class SectorPainter {
 
   PieSectorShape wedge(std::size_t index, double growth) const;
   Colors colors(const PieMenuItem& item, Look look, bool isDimmed = false) const;
+  /// With the veil of a dimmed sector over them.
+  static Colors veiled(Colors colors);
+  IconBackgrounds backgrounds(const PieMenuItem& item) const;
   void appendBody(DisplayList& list, std::size_t index, const Colors& colors, Look look) const;
   void appendPaw(DisplayList& list, std::size_t index, const Colors& colors) const;
   void appendVeil(DisplayList& list, std::size_t index, Look look) const;

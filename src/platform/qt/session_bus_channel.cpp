@@ -31,6 +31,7 @@ constexpr int kReplyTimeout = 2000;  // milliseconds, also of the bus itself
 constexpr std::uint32_t kQueue = 0;
 constexpr std::uint32_t kDoNotQueue = 4;
 constexpr std::uint32_t kPrimaryOwner = 1;
+constexpr const char* kPropertiesInterface = "org.freedesktop.DBus.Properties";
 constexpr const char* kShowSettings = "ShowSettings";
 constexpr const char* kTrigger = "Trigger";
 constexpr const char* kListMenus = "ListMenus";
@@ -132,6 +133,9 @@ QString SessionBusChannel::introspect(const QString& path) const {
 }
 
 bool SessionBusChannel::handleMessage(const QDBusMessage& message, const QDBusConnection&) {
+  const bool asksForProperties = message.interface() == kPropertiesInterface && message.member() == "GetAll" &&
+                                 message.arguments().value(0).toString() == name_;
+  if (asksForProperties) return bus_.connection().send(message.createReply(QVariantMap()));
   if (!message.interface().isEmpty() && message.interface() != name_) return false;
   if (requests_.showSettings) {
     reply(message);

@@ -226,8 +226,8 @@ TEST(RingLookTest, RingAtAScreenEdgeEqualsANewOneAndBackAgain) {
 }
 
 TEST(RingLookTest, IconsThatVanishOnTheirSectorGetThePlateThatShowsThem) {
-  const IconBackgrounds blue{{0.05, 0.2, 0.5, 1}, {0, 0.5, 1, 1}};
-  const IconBackgrounds yellow{{0.45, 0.35, 0.05, 1}, {1, 0.82, 0.1, 1}};
+  const IconBackgrounds blue{{0.05, 0.2, 0.5, 1}, {0.05, 0.2, 0.5, 1}, {0, 0.5, 1, 1}};
+  const IconBackgrounds yellow{{0.45, 0.35, 0.05, 1}, {0.45, 0.35, 0.05, 1}, {1, 0.82, 0.1, 1}};
   const auto plate = [](Color outline, const IconBackgrounds& backgrounds) {
     return plateFor(std::vector<Color>(20, outline), backgrounds).value_or(Color{1, 0, 0, 0});
   };

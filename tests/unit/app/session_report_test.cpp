@@ -49,7 +49,7 @@ TEST_F(SessionReportTest, ListsWhatWorksAndRemediesForTheRest) {
   const auto many = report({}, Hotkeys(30, HotkeyConfig{63, 0}));
   EXPECT_EQ(many.size(), 14U);
   EXPECT_EQ(many[11].statement, "Further findings, not shown here: 20");
-  EXPECT_EQ(outline(report(wayland, Hotkeys{{49, 0}})), "-This is a Wayland se" + tray);
+  EXPECT_EQ(outline(report(wayland, Hotkeys{{49, 0}})), "-This is a Wayland se+Menu 0: Space" + tray);
   EXPECT_EQ(outline(report(bare, {})), "+This is an X11 sessi-Your desktop shows n-The X server accepts");
   EXPECT_EQ(outline(report({}, {HotkeyConfig{}}, true)), "+This is an X11 sessi" + rest) << "no trackpad";
   EXPECT_EQ(outline({report(locked, {HotkeyConfig{}}, true).back(), report(open, {HotkeyConfig{}}, true).back()}),
@@ -65,6 +65,8 @@ TEST_F(SessionReportTest, NamesMenuAndKeysOfARefusedHotkey) {
   ASSERT_NE(refused, findings.end());
   EXPECT_EQ(refused->statement, "The hotkey of the menu “Menu 1” is already taken by another program.");
   EXPECT_THAT(refused->remedy, testing::StartsWith("Free Super + Tab in the other program"));
+  EXPECT_EQ(report({}, {{49, 0}, {49, 0}}).at(1).statement,
+            "The menu “Menu 1” does not open by its hotkey: the menu “Menu 0” has the same one.");
   desktop.keyboard.option = "grp:ctrl_alt_toggle";
   const SessionFinding untypable = report({}, {{49, 0}}).at(1);
   EXPECT_EQ(untypable.statement, "Rondora cannot use the hotkey of the menu “Menu 0” here.");

@@ -3,6 +3,7 @@
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <vector>
 
 #include "pie/picture/icon_plate.h"
@@ -12,7 +13,7 @@ namespace rondora {
 namespace {
 
 /// Far more than rings show; beyond it the cache starts over.
-constexpr qsizetype kMaxMade = 512;
+constexpr std::size_t kMaxMade = 512;
 
 bool isSolid(const QImage& image, int x, int y) { return image.valid(x, y) && qAlpha(image.pixel(x, y)) >= 128; }
 
@@ -52,12 +53,13 @@ QImage drawnOn(Color plate, const QImage& icon, int side) {
 }  // namespace
 
 QImage IconPlates::plated(const QImage& icon, const IconBackgrounds& backgrounds, int side) {
-  const quint64 colors = quint64{toQColor(backgrounds.normal).rgb()} << 32 | toQColor(backgrounds.highlighted).rgb();
-  const auto key = qMakePair(icon.cacheKey(), colors);
-  if (const auto found = made_.constFind(key); found != made_.constEnd()) return *found;
+  const auto rgb = [](Color color) { return toQColor(color).rgb(); };
+  const std::tuple key{icon.cacheKey(), rgb(backgrounds.darkest), rgb(backgrounds.lightest),
+                       rgb(backgrounds.highlighted)};
+  if (const auto found = made_.find(key); found != made_.end()) return found->second;
   if (made_.size() >= kMaxMade) made_.clear();
   const auto plate = plateFor(outlineOf(icon), backgrounds);
-  return *made_.insert(key, plate ? drawnOn(*plate, icon, side) : icon);
+  return made_.emplace(key, plate ? drawnOn(*plate, icon, side) : icon).first->second;
 }
 
 }  // namespace rondora

@@ -107,7 +107,7 @@ void PreparedText::layOut(const QString& text, const TextCommand& command, doubl
     useFont(text, command, command.smallerPointSize * pixelsPerPoint);
     if (fits(text, QTextOption::WordWrap)) return;
   }
-  if (!fits(text, QTextOption::WrapAtWordBoundaryOrAnywhere)) elide(QString(text).remove(softBreak()), command.elision);
+  if (!fits(text, QTextOption::WrapAtWordBoundaryOrAnywhere)) elide(text, command.elision);
 }
 
 void PreparedText::useFont(const QString& text, const TextCommand& command, double pixels) {

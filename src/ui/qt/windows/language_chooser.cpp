@@ -1,6 +1,7 @@
 #include "ui/qt/windows/language_chooser.h"
 
 #include <QKeyEvent>
+#include <QTimer>
 #include <QWheelEvent>
 #include <utility>
 
@@ -22,9 +23,18 @@ LanguageChooser::LanguageChooser(std::function<void(AppLanguage)> choose) {
   });
 }
 
-// The Return that chooses from the open list also arrives here and would press the window's default button.
+void LanguageChooser::hidePopup() {
+  hasJustClosed_ = true;
+  QTimer::singleShot(0, this, [this] { hasJustClosed_ = false; });
+  QComboBox::hidePopup();
+}
+
+// The key that closes the open list also arrives here: Return would press the window's default button, Escape would
+// close the window.
 void LanguageChooser::keyPressEvent(QKeyEvent* event) {
-  if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) QComboBox::keyPressEvent(event);
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return;
+  if (event->key() == Qt::Key_Escape && hasJustClosed_) return;
+  QComboBox::keyPressEvent(event);
 }
 
 void LanguageChooser::wheelEvent(QWheelEvent* event) { event->ignore(); }

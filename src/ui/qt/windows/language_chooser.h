@@ -14,11 +14,15 @@ class LanguageChooser : public QComboBox {
   explicit LanguageChooser(std::function<void(AppLanguage)> choose);
 
   void setLanguage(AppLanguage language);
+  void hidePopup() override;
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
   /// Ignores the wheel, so that scrolling past never sets a language that the user cannot read.
   void wheelEvent(QWheelEvent* event) override;
+
+ private:
+  bool hasJustClosed_ = false;
 };
 
 }  // namespace rondora

@@ -139,7 +139,9 @@ void QtOnboardingWindow::fill() {
   scroll_->setWidget(page);
   foot_ = makeFoot(texts);
   dialog_->layout()->addWidget(foot_);
-  if (isChoosingLanguage) foot_->findChild<QComboBox*>()->setFocus();
+  QWidget* focused = foot_->findChild<QPushButton*>();
+  if (isChoosingLanguage) focused = foot_->findChild<QComboBox*>();
+  focused->setFocus();
   fitScreen();
   new LayoutWatch(*page, reminder_, [this] { fitScreen(); });
 }
@@ -207,7 +209,6 @@ QWidget* QtOnboardingWindow::makeFoot(const WindowTexts& texts) {
   languageLabel->setBuddy(language);
   auto* done = new QPushButton(toQString(texts.onboardingDone));
   done->setDefault(true);
-  done->setFocus();
   QObject::connect(done, &QPushButton::clicked, dialog_.get(), &QDialog::accept);
   row->addWidget(languageLabel);
   row->addWidget(language);
