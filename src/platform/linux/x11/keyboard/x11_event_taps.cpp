@@ -3,42 +3,31 @@
 #include <unistd.h>
 #include <xcb/xtest.h>
 
-#include <algorithm>
-#include <optional>
 #include <utility>
 
-#include "base/trace.h"
-#include "model/carbon_modifiers.h"
 #include "model/hotkey_config.h"
 #include "platform/linux/x11/keyboard/key_codes.h"
+#include "platform/linux/x11/keyboard/tap_key_grabs.h"
 
 namespace rondora::x11 {
 namespace {
 
-constexpr std::uint16_t kAllModifiers = 0xFF;
 constexpr std::uint32_t kAnyModifier[] = {XCB_INPUT_MODIFIER_MASK_ANY};
-
 constexpr int kRetakes = 8;
 constexpr double kRetakeSeconds = 0.05;
-
-/// The Menu key.
-xcb_keycode_t fnKey() { return *xKeyCode(static_cast<std::uint32_t>(kFnKeyCode)); }
-
-bool hasFn(const TapKey& key) {
-  return HotkeyConfig{key.keyCode, key.carbonModifiers}.hasFunctionModifier() || key.keyCode == kFnKeyCode;
-}
 
 }  // namespace
 
 class X11EventTaps::Tap final : public EventTap {
  public:
   Tap(X11EventTaps& taps, std::uint64_t eventMask, std::span<const TapKey> keys, Callback callback)
-      : taps_(taps), eventMask_(eventMask), callback_(std::move(callback)) {
-    for (const TapKey& key : keys) add(key);
+      : grabs(taps.connection_, taps.keymap_, taps.keys_.xi2(), keys),
+        taps_(taps),
+        eventMask_(eventMask),
+        callback_(std::move(callback)) {
     taps_.tap_ = this;
   }
   ~Tap() override {
-    enable(false);
     taps_.tap_ = nullptr;
     taps_.otherReleases_.reset();
     taps_.keymap_.setFnHeld(false, fnKey());
@@ -48,125 +37,27 @@ class X11EventTaps::Tap final : public EventTap {
     isListening_ = true;
     return Subscription([this] { isListening_ = false; });
   }
-
   void enable(bool isEnabled) override {
-    if (std::exchange(isEnabled_, isEnabled)) ungrabAll();
-    if (!isEnabled) return;
-    grabAll();
-    collect();
+    grabs.ungrabAll();
+    isEnabled_ = isEnabled;
+    if (isEnabled) grabs.grabAll();
   }
-
   void retake() override {
-    if (!isEnabled_) return;
-    collect();
-    for (Grab& grab : grabs_) {
-      if (grab.needsFn && !isFnHeld_) continue;
-      taps_.keys_.xi2().ungrab(grab.code, grab.modifiers);
-      request(grab);
-    }
-    taps_.connection_.flush();
+    if (isEnabled_) grabs.retake();
   }
-
-  bool receives(const TapKey& key) const override {
-    collect();
-    return std::any_of(grabs_.begin(), grabs_.end(), [&](const Grab& grab) {
-      return grab.key.keyCode == key.keyCode && grab.key.carbonModifiers == key.carbonModifiers && grab.isGranted;
-    });
-  }
-
-  void setFnHeld(bool isHeld) {
-    isFnHeld_ = isHeld;
-    for (Grab& grab : grabs_) {
-      if (!grab.needsFn) continue;
-      isHeld ? request(grab) : taps_.keys_.xi2().ungrab(grab.code, grab.modifiers);
-    }
-    taps_.connection_.flush();
-  }
-
-  void renew(xcb_keycode_t code) {
-    for (Grab& grab : grabs_) {
-      if (isEnabled_ && grab.code == code && (!grab.needsFn || isFnHeld_)) request(grab);
-    }
-  }
-
-  bool contains(xcb_keycode_t code, std::uint16_t state) const {
-    const std::uint32_t held = state & kAllModifiers;
-    return std::any_of(grabs_.begin(), grabs_.end(), [&](const Grab& grab) {
-      if (grab.code != code || (grab.needsFn && !isFnHeld_)) return false;
-      return grab.modifiers.front() == XCB_INPUT_MODIFIER_MASK_ANY ||
-             std::find(grab.modifiers.begin(), grab.modifiers.end(), held) != grab.modifiers.end();
-    });
-  }
+  bool receives(const TapKey& key) const override { return grabs.isGranted(key); }
 
   bool isLive() const { return isEnabled_ && isListening_; }
   bool isEnabled() const { return isEnabled_; }
-  bool bindsFn() const { return bindsFn_; }
   std::uint64_t eventMask() const { return eventMask_; }
   const Callback& callback() const { return callback_; }
 
+  TapKeyGrabs grabs;
+
  private:
-  struct Grab {
-    TapKey key;
-    xcb_keycode_t code = 0;
-    /// X masks, with each combination of the locks.
-    std::vector<std::uint32_t> modifiers;
-    /// Made only while Fn is held.
-    bool needsFn = false;
-    bool isGranted = false;
-    std::optional<Xi2Keyboard::PassiveGrab> request = std::nullopt;
-  };
-
-  void add(const TapKey& key) {
-    if (hasFn(key) && !std::exchange(bindsFn_, true)) {
-      grabs_.push_back({{kFnKeyCode, 0}, fnKey(), {std::begin(kAnyModifier), std::end(kAnyModifier)}});
-    }
-    if (key.keyCode == kFnKeyCode) return;
-    const auto code = xKeyCode(static_cast<std::uint32_t>(key.keyCode));
-    const auto modifiers =
-        taps_.keymap_.xModifiers(static_cast<std::uint32_t>(key.carbonModifiers & ~carbon::kFunction));
-    if (!code || !modifiers) return;
-    Grab grab{key, *code, {}, hasFn(key)};
-    for (const std::uint16_t locks : taps_.keymap_.masks().lockCombinations()) {
-      grab.modifiers.push_back(static_cast<std::uint32_t>(*modifiers | locks));
-    }
-    grabs_.push_back(std::move(grab));
-  }
-
-  void request(Grab& grab) {
-    if (grab.request) xcb_discard_reply(taps_.connection_.get(), grab.request->sequence);
-    grab.request = taps_.keys_.xi2().grab(grab.code, grab.modifiers);
-  }
-
-  /// All requests go out before the first reply is awaited: one round trip. Those with Fn are tried once.
-  void grabAll() {
-    for (Grab& grab : grabs_) request(grab);
-    collect();
-    for (const Grab& grab : grabs_) {
-      if (grab.needsFn && !isFnHeld_) taps_.keys_.xi2().ungrab(grab.code, grab.modifiers);
-    }
-    taps_.connection_.flush();
-  }
-
-  void ungrabAll() {
-    collect();
-    for (const Grab& grab : grabs_) taps_.keys_.xi2().ungrab(grab.code, grab.modifiers);
-    taps_.connection_.flush();
-  }
-
-  void collect() const {
-    for (Grab& grab : grabs_) {
-      if (!grab.request) continue;
-      grab.isGranted = taps_.keys_.xi2().isGranted(*std::exchange(grab.request, std::nullopt));
-      trace::line("grab: tap ", int{grab.code}, grab.isGranted ? " is ours" : " belongs to another client");
-    }
-  }
-
   X11EventTaps& taps_;
   std::uint64_t eventMask_;
   Callback callback_;
-  mutable std::vector<Grab> grabs_;
-  bool bindsFn_ = false;
-  bool isFnHeld_ = false;
   bool isEnabled_ = false;
   bool isListening_ = false;
 };
@@ -181,12 +72,13 @@ X11EventTaps::X11EventTaps(X11Connection& connection, X11Keymap& keymap, X11KeyS
       probe_(xcb_generate_id(connection.get())) {
   xcb_create_window(connection.get(), 0, probe_, connection.root(), -1, -1, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_ONLY,
                     XCB_COPY_FROM_PARENT, 0, nullptr);
-  grabs_ = keys.useTapGrabs({.contain = [this](auto code, auto state) { return tap_ && tap_->contains(code, state); },
-                             .handOver = [](auto code) { return code == fnKey(); },
-                             .renew =
-                                 [this](auto code) {
-                                   if (tap_) tap_->renew(code);
-                                 }});
+  grabs_ =
+      keys.useTapGrabs({.contain = [this](auto code, auto state) { return tap_ && tap_->grabs.contain(code, state); },
+                        .handOver = [](auto code) { return code == fnKey(); },
+                        .renew =
+                            [this](auto code) {
+                              if (tap_) tap_->grabs.renew(code);
+                            }});
   keymapObserver_ = keymap.onChanged([this] { retakeRepeatedly(); });
   keyConsumer_ = keys.consume(KeyConsumer::tap, [this](const X11Key& key) { return handleKey(key); });
 }
@@ -223,7 +115,7 @@ bool X11EventTaps::offer(std::uint32_t type, std::int64_t keyCode, std::uint64_t
 
 bool X11EventTaps::handleKey(const X11Key& key) {
   if (tap_ == nullptr || !tap_->isLive()) return false;
-  if (key.code == fnKey() && tap_->bindsFn()) return handleFn(key);
+  if (key.code == fnKey() && tap_->grabs.bindsFn()) return handleFn(key);
   if (keymap_.isModifierKey(key.code)) return false;
   mayTypeMenuKey_ = false;
   const bool isDown = key.direction == KeyDirection::down;
@@ -255,7 +147,7 @@ bool X11EventTaps::handleFn(const X11Key& key) {
 
 void X11EventTaps::pressFn(const X11Key& key) {
   if (key.isRepeat) return;
-  tap_->setFnHeld(true);
+  tap_->grabs.setFnHeld(true);
   keymap_.setFnHeld(true, key.code);
   otherReleases_ = rawReleases_.watch([this](xcb_keycode_t released) {
     if (released != fnKey()) mayTypeMenuKey_ = false;
@@ -265,7 +157,7 @@ void X11EventTaps::pressFn(const X11Key& key) {
 
 void X11EventTaps::releaseFn(const X11Key& key) {
   otherReleases_.reset();
-  tap_->setFnHeld(false);
+  tap_->grabs.setFnHeld(false);
   keymap_.setFnHeld(false, key.code);
 }
 
@@ -301,7 +193,7 @@ void X11EventTaps::typeMenuKey() const {
         xcb_test_fake_input(connection_.get(), type, code, XCB_CURRENT_TIME, connection_.root(), 0, 0, 0);
     rawReleases_.disown(cookie.sequence);
   }
-  if (tap_) tap_->renew(code);
+  if (tap_) tap_->grabs.renew(code);
   connection_.flush();
 }
 
