@@ -38,6 +38,9 @@ SECTIONS = [
     ("Tapping the trackpad", "From the frame in which the last of three fingers lifts to the first capture that shows "
      "the ring, in turns with its hotkey. The trackpad is one of a mock kernel (umockdev), which answers each read of "
      "the program; a real one would not take that round trip.", r"^trackpad\."),
+    ("Keys that pass the event tap", "The tap's callback for an event that matches none of ten bindings, one reading of "
+     "the clock included, and the time from a key press (physical keyboard of Xvfb) to its arrival in the focused "
+     "application, with Super+Tab and an Fn hotkey bound and without the program.", r"^event_tap\."),
     ("Footprint", "At rest after start-up, beside the peer; wake-ups are voluntary context switches. Memory and wake-ups "
      "are those of all processes of a program; ours has a small companion process.", r"^footprint\."),
     ("The core",

@@ -11,6 +11,7 @@ constexpr std::uint16_t kSuperMask = XCB_MOD_MASK_4;
 
 class EventTapsTest : public X11Test {
  protected:
+  using X11Test::X11Test;
   void SetUp() override { other_.takeFocus(); }
 
   /// A tap of Super+Tab and Fn+N, and of Fn alone if it `swallowsFn`.
@@ -97,6 +98,21 @@ TEST_F(EventTapsTest, TypesOtherKeysAsIfFnWereNotHeld) {
   user_.keyUp(kMenuKey);
   EXPECT_EQ(typed(), "+38 -38 +28 -28 +24 -24 ");
   EXPECT_TRUE(eventually([&] { return user_.keyboardIsAtRest() && user_.nothingIsGrabbed(); }));
+}
+
+class RepeatingFnTest : public EventTapsTest {
+ protected:
+  RepeatingFnTest() : EventTapsTest({"-ardelay", "100", "-arinterval", "10"}) {}
+};
+
+TEST_F(RepeatingFnTest, HeldFnDoesNotRepeat) {
+  startTap(true);
+  holdFn();
+  user_.letServerRun(std::chrono::milliseconds(300));
+  EXPECT_EQ(tapped(), "12:63 ");
+  EXPECT_TRUE(user_.keyboardIsFree());
+  user_.keyUp(kMenuKey);
+  EXPECT_EQ(tapped() + typed(), "12:63 ");
 }
 
 TEST_F(EventTapsTest, TypesAMenuKeyThatIsTappedAloneAndUnbound) {
