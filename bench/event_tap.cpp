@@ -20,6 +20,8 @@ namespace {
 using namespace live;
 
 constexpr int kCommand = 0x100, kFunction = 0x20000;
+/// The program prepares its pictures after the start.
+constexpr std::chrono::seconds kSettling{3};
 
 /// Ports of a system on which nothing happens.
 class StillSystem final : public EventTaps,
@@ -105,6 +107,7 @@ void measureDelay() {
       desktop, client,
       document({menu("Tab", {48, kCommand}, snippetItems("Tab", 4)), menu("Fn", {40, kFunction}, {snippetItem("Fn")})})
           .dump());
+  client.letServerRun(kSettling);
   delays(client, target, 100);
   report("event_tap.key delay with the program", "ms", delays(client, target, count));
 }
