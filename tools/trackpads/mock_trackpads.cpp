@@ -27,16 +27,18 @@ MockKernelDevice kernelDevice(MockTrackpad::Kind kind) {
   const int slots = kind == MockTrackpad::Kind::fiveSlots ? 5 : 2;
   std::set<int> properties{INPUT_PROP_POINTER};
   if (kind == MockTrackpad::Kind::box) properties.insert(INPUT_PROP_SEMI_MT);
+  std::map<int, input_absinfo> axes{{ABS_X, range(kWidth)}, {ABS_Y, range(kHeight)}};
+  if (kind != MockTrackpad::Kind::onePosition) {
+    axes.insert({{ABS_MT_SLOT, range(slots - 1)},
+                 {ABS_MT_POSITION_X, range(kWidth)},
+                 {ABS_MT_POSITION_Y, range(kHeight)},
+                 {ABS_MT_TRACKING_ID, range(65535)},
+                 {ABS_MT_TOOL_TYPE, range(MT_TOOL_PALM)}});
+  }
   return {std::move(properties),
           {BTN_LEFT, BTN_TOUCH, BTN_TOOL_FINGER, BTN_TOOL_DOUBLETAP, BTN_TOOL_TRIPLETAP, BTN_TOOL_QUADTAP,
            BTN_TOOL_QUINTTAP},
-          {{ABS_X, range(kWidth)},
-           {ABS_Y, range(kHeight)},
-           {ABS_MT_SLOT, range(slots - 1)},
-           {ABS_MT_POSITION_X, range(kWidth)},
-           {ABS_MT_POSITION_Y, range(kHeight)},
-           {ABS_MT_TRACKING_ID, range(65535)},
-           {ABS_MT_TOOL_TYPE, range(MT_TOOL_PALM)}}};
+          std::move(axes)};
 }
 
 int units(double position, int size) { return static_cast<int>(position * size + 0.5); }
@@ -102,7 +104,8 @@ void MockTrackpad::tap(int fingers, Time time) {
 
 std::vector<input_event> MockTrackpad::report(Time time, const std::vector<Change>& changes) {
   for (const Change& change : changes) apply(change);
-  kind_ == Kind::box ? reportBox() : reportSlots();
+  if (kind_ == Kind::box) reportBox();
+  if (kind_ == Kind::fiveSlots || kind_ == Kind::twoSlots) reportSlots();
   std::erase_if(fingers_, [](const auto& each) { return each.second.trackingId < 0; });
   reportTools();
   return device_.takeEvents(time);
@@ -127,7 +130,7 @@ void MockTrackpad::apply(const Change& change) {
   }
   if (change.kind == Change::Kind::lifts || finger.slot >= 0) return;
   if (finger.trackingId < 0) finger.trackingId = lastTrackingId_++;
-  if (kind_ != Kind::box) finger.slot = freeSlot();
+  if (kind_ == Kind::fiveSlots || kind_ == Kind::twoSlots) finger.slot = freeSlot();
 }
 
 int MockTrackpad::freeSlot() const {

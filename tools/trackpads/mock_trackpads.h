@@ -30,6 +30,8 @@ class MockTrackpad {
     twoSlots,
     /// "Semi-multitouch": two slots with the corners of a box around the fingers.
     box,
+    /// No slots: the position of one finger, and the tool bits.
+    onePosition,
   };
 
   /// What happens to a finger in a frame.

@@ -65,8 +65,9 @@ struct RecordingStory : Story {
 
   void connect(const Words& words) {
     using enum MockTrackpad::Kind;
-    const std::string kind = words.size() > 1 ? words[1] : "";
-    pads[words[0]] = &kernel.connect(std::stoi(words[0]), kind == "box" ? box : kind == "two" ? twoSlots : fiveSlots);
+    static const std::map<std::string, MockTrackpad::Kind> kKinds = {
+        {"", fiveSlots}, {"two", twoSlots}, {"box", box}, {"one", onePosition}};
+    pads[words[0]] = &kernel.connect(std::stoi(words[0]), kKinds.at(words.size() > 1 ? words[1] : ""));
   }
   void listen() {
     frames.recognize({3, 4, 5});
