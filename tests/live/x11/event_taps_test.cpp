@@ -87,6 +87,11 @@ TEST_F(EventTapsTest, TypesOtherKeysAsIfFnWereNotHeld) {
   EXPECT_EQ(keymap_.heldEventFlags(), 0U);
   user_.tap(key::n);
   EXPECT_EQ(typed(), "+38 -38 +24 -24 +57 -57 ");
+  user_.keyDown(kMenuKey);
+  openPanel().reset();
+  user_.tap(key::a);
+  user_.keyUp(kMenuKey);
+  EXPECT_EQ(typed(), "+38 -38 ") << "Fn outlasts the ring";
   // Keys that precede the handover, one of them already down.
   user_.keyDown(key::a);
   user_.keyDown(kMenuKey);

@@ -23,13 +23,17 @@ void GrabHandover::handOver(const KeySet& silenced) {
   trace::line("grab: handed over with ", keys_.size(), " key events");
   xcb_discard_reply(connection_.get(), keyboard_.grabKeyboard(XCB_CURRENT_TIME).sequence);
   rewind();
-  for (std::size_t key = 0; key < silenced.size(); ++key) {
-    if (silenced[key]) fake(static_cast<xcb_keycode_t>(key), false);
-  }
+  silence(silenced);
   keyboard_.ungrabKeyboard();
   for (const Key& key : keys_) type(key);
   keys_.clear();
   connection_.flush();
+}
+
+void GrabHandover::silence(const KeySet& keys) {
+  for (std::size_t key = 0; key < keys.size(); ++key) {
+    if (keys[key]) fake(static_cast<xcb_keycode_t>(key), false);
+  }
 }
 
 void GrabHandover::rewind() {

@@ -30,6 +30,8 @@ class GrabHandover {
   /// Ends the grab and types the recorded keys. The keys in `silenced`, which the user holds, are up afterwards for all
   /// clients, and neither repeat nor will the user's release be seen, except by RawKeyReleases.
   void handOver(const KeySet& silenced);
+  /// Silences keys while a grab of this program is active: no other client sees their releases.
+  void silence(const KeySet& keys);
   /// Releases the key if it was typed and not released since.
   void userReleased(xcb_keycode_t key);
 

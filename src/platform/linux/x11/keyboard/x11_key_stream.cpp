@@ -72,13 +72,23 @@ void X11KeyStream::endOverlay() {
   pressedAt_ = 0;
   tapKey_.reset();
   watchRawReleases();
+  KeySet silenced;
   for (std::size_t key = 0; key < held_.size(); ++key) {
-    if (!held_[key].isDown || held_[key].isSilenced) continue;
-    xi2_.grabHeld(static_cast<xcb_keycode_t>(key));
-    held_[key].isGrabbed = true;
-    trace::line("grab: key ", key, " until its release");
+    if (held_[key].isDown && !held_[key].isSilenced) silenced[key] = !grabHeldKey(static_cast<xcb_keycode_t>(key));
   }
+  handover_.silence(silenced);
   settling_ = mainQueue_.workItem(kSettleSeconds, [this] { settled(); });
+}
+
+// False for a key that is held like a modifier: it is silenced instead, so that other keys work beside it.
+bool X11KeyStream::grabHeldKey(xcb_keycode_t key) {
+  HeldKey& held = held_[key];
+  held.isSilenced = held.taker == KeyConsumer::tap && tapGrabs_.handOver && tapGrabs_.handOver(key);
+  if (held.isSilenced) return false;
+  xi2_.grabHeld(key);
+  held.isGrabbed = true;
+  trace::line("grab: key ", int{key}, " until its release");
+  return true;
 }
 
 void X11KeyStream::settled() {

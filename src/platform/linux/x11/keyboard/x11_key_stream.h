@@ -130,6 +130,7 @@ class X11KeyStream {
   void handOverSoon();
   void handOver();
   void endTapGrab();
+  bool grabHeldKey(xcb_keycode_t key);
   void ungrabHeldKey(xcb_keycode_t key);
   X11Key latest(xcb_keycode_t key, KeyDirection direction) const;
   std::optional<KeyConsumer> deliver(const X11Key& key) const;
