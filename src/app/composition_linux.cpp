@@ -10,10 +10,12 @@
 #include "base/program_identity.h"
 #include "input/hotkeys/hotkey_display.h"
 #include "platform/linux/desktop/absent_ports.h"
+#include "platform/linux/desktop/autostart_entry.h"
 #include "platform/linux/desktop/file_user_defaults.h"
 #include "platform/linux/desktop/installed_applications.h"
 #include "platform/linux/desktop/lock_file_channel.h"
 #include "platform/linux/desktop/message_buses.h"
+#include "platform/linux/desktop/session_permissions.h"
 #include "platform/linux/desktop/switcher_keys.h"
 #include "platform/linux/desktop/system_clock.h"
 #include "platform/linux/desktop/system_random.h"
@@ -78,7 +80,7 @@ struct CompositionLinux::Running {
         presence(ownPresence),
         display(access.connection, access.screenNumber, qtPixelsPerPoint(), mainQueue, installed,
                 presence.environment.bundleIdentifier()),
-        guardLink(guard, display.inputGrab, display.keyPoster, mainQueue, watchReadable) {}
+        guardLink(guard, display.inputGrab, display.recordingKeyboard, display.keyPoster, mainQueue, watchReadable) {}
 
   Platform platform();
 
@@ -104,6 +106,8 @@ struct CompositionLinux::Running {
   desktop::SwitcherKeys switcherKeys{{defaults, log,
                                       [this](const TapKey& key) { return display.eventTaps.receives(key); },
                                       [this] { return desktop::shortcutSettingsOf(presence.environment); }}};
+  desktop::SessionPermissions permissions{display.keyPoster.available(), trackpads, watchReadable};
+  desktop::AutostartEntry autostart{presence.environment, presence.files, desktop::ownProgramFile()};
   x11::GuardLink guardLink;
   QtNativeEvents events{[this](const xcb_generic_event_t& event) {
     mainQueue.runWaiting();
@@ -138,6 +142,7 @@ Platform CompositionLinux::Running::platform() {
       .secureInput = display.eventTaps,
       .symbolicHotKeySwitch = switcherKeys,
       .eventMonitors = display.eventMonitors,
+      .recordingKeyboard = display.recordingKeyboard,
       .keyEvents = display.keyPoster,
       .pointer = display.pointer,
       .screens = display.screens,
@@ -151,7 +156,8 @@ Platform CompositionLinux::Running::platform() {
       .sessionEvents = sessionEvents,
       .workspace = display.workspace,
       .pasteboard = pasteboard,
-      .permissionService = display.permissions,
+      .permissionService = permissions,
+      .loginItem = autostart,
       .windowList = display.windowList,
       .frontProcess = display.frontProcess,
       .accessibility = display.accessibility,
@@ -181,12 +187,13 @@ void CompositionLinux::runLegacyMigration(Log& log) {
   LegacyPieMenuMigration({files, defaults, environment, log}).run();
 }
 
-CompositionLinux::CompositionLinux(QApplication& application, Log& log, x11::InputGuard& guard) {
+CompositionLinux::CompositionLinux(QApplication& application, Log& log, x11::InputGuard& guard,
+                                   SingleInstance::StartedBy startedBy) {
   configureQt(application, program_identity::kBundleIdentifier);
   const auto access = qtX11Access();
   if (!access) return;
   presence_ = std::make_unique<Presence>(log);
-  start_ = presence_->instance.claim();
+  start_ = presence_->instance.claim(startedBy);
   if (start_ == SingleInstance::Start::first) running_ = std::make_unique<Running>(*access, log, *presence_, guard);
 }
 

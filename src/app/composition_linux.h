@@ -23,7 +23,7 @@ class CompositionLinux {
   static void runLegacyMigration(Log& log);
 
   /// `log` and `guard` must outlive the object.
-  CompositionLinux(QApplication& application, Log& log, x11::InputGuard& guard);
+  CompositionLinux(QApplication& application, Log& log, x11::InputGuard& guard, SingleInstance::StartedBy startedBy);
   ~CompositionLinux();
   CompositionLinux(const CompositionLinux&) = delete;
   CompositionLinux& operator=(const CompositionLinux&) = delete;

@@ -72,6 +72,16 @@ std::optional<int> replyToArguments(int argc, char** argv) {
   return reply->isUsageError ? kUsageError : EXIT_SUCCESS;
 }
 
+/// Set for a new instance that this program becomes, with the value "1".
+constexpr const char* kRelaunchVariable = "RONDORA_RELAUNCH";
+
+/// Programs that this one launches do not inherit the mark.
+SingleInstance::StartedBy takeStartMark() {
+  const bool isRelaunch = std::getenv(kRelaunchVariable) != nullptr;
+  unsetenv(kRelaunchVariable);
+  return isRelaunch ? SingleInstance::StartedBy::itself : SingleInstance::StartedBy::user;
+}
+
 /// Checked first because the toolkit aborts without a display.
 bool canReachDisplay() {
   xcb_connection_t* connection = xcb_connect(nullptr, nullptr);
@@ -108,7 +118,7 @@ std::optional<int> reasonNotToRun(const CompositionLinux& composition) {
     case SingleInstance::Start::unanswered:  // which is logged
       return kFailure;
     case SingleInstance::Start::handedOver:
-      std::puts("rondora: already running; its settings are open");
+      std::puts("rondora: already running");
       return EXIT_SUCCESS;
     case SingleInstance::Start::first:
       break;
@@ -143,10 +153,11 @@ void limitToolkitEnd(int status) {
   }).detach();
 }
 
-int run(char** argv, int endSignals, rondora::Log& log, rondora::x11::InputGuard& guard) {
+int run(char** argv, int endSignals, rondora::Log& log, rondora::x11::InputGuard& guard,
+        SingleInstance::StartedBy startedBy) {
   rondora::ToolkitArguments arguments(argv);
   QApplication application(arguments.count(), arguments.values());
-  CompositionLinux composition(application, log, guard);
+  CompositionLinux composition(application, log, guard, startedBy);
   if (const auto status = reasonNotToRun(composition)) return *status;
   // The signal stays unread, so that every nested event loop ends too.
   QSocketNotifier endRequests(endSignals, QSocketNotifier::Read);
@@ -174,6 +185,7 @@ void becomeNewInstance(char** argv) {
   for (const int signal : kEndSignals) sigaddset(&signals, signal);
   sigprocmask(SIG_UNBLOCK, &signals, nullptr);
   rondora::desktop::showBuses();
+  setenv(kRelaunchVariable, "1", 1);
   rondora::desktop::executeOwnImage(argv);
 }
 
@@ -187,7 +199,9 @@ int main(int argc, char** argv) {
   if (argc > 1) {
     if (const auto status = replyToArguments(argc, argv)) return *status;
   }
+  const auto mark = takeStartMark();
   rondora::x11::InputGuard guard(argv);
+  const auto startedBy = guard.followsAHang() ? SingleInstance::StartedBy::itself : mark;
   rondora::desktop::SystemClock clock;
   rondora::desktop::JournalLog systemLog;
   rondora::RepeatLimit log(systemLog, clock);
@@ -207,7 +221,7 @@ int main(int argc, char** argv) {
     _exit(kFailure);
   });
   hideSilentBuses(log);
-  const int status = run(argv, endSignals, log, guard);
+  const int status = run(argv, endSignals, log, guard, startedBy);
   if (startAgain) becomeNewInstance(argv);
   return status;
 }

@@ -19,6 +19,7 @@
 #include "platform/hotkey_service.h"
 #include "platform/key_event_poster.h"
 #include "platform/log.h"
+#include "platform/login_item.h"
 #include "platform/main_queue.h"
 #include "platform/multitouch.h"
 #include "platform/network_fetch.h"
@@ -29,6 +30,7 @@
 #include "platform/pointer.h"
 #include "platform/process_environment.h"
 #include "platform/random_source.h"
+#include "platform/recording_keyboard.h"
 #include "platform/screens.h"
 #include "platform/secure_input.h"
 #include "platform/serial_queue.h"
@@ -63,6 +65,7 @@ struct Platform {
   SecureInput& secureInput;
   SymbolicHotKeySwitch& symbolicHotKeySwitch;
   EventMonitors& eventMonitors;
+  RecordingKeyboard& recordingKeyboard;
   KeyEventPoster& keyEvents;
   Pointer& pointer;
   Screens& screens;
@@ -78,6 +81,7 @@ struct Platform {
   Workspace& workspace;
   Pasteboard& pasteboard;
   PermissionService& permissionService;
+  LoginItem& loginItem;
   WindowList& windowList;
   FrontProcess& frontProcess;
   Accessibility& accessibility;

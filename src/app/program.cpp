@@ -30,6 +30,8 @@ Program::Program(const Platform& platform)
       switchboard_(switchboardServices()),
       nativeAppSwitcher_(platform.symbolicHotKeySwitch),
       delegate_(delegateServices()),
+      hotkeyEditing_(hotkeyEditingServices()),
+      launchAtLogin_(platform.loginItem),
       settingsRequests_(platform.mainQueue) {
   if (platform_.useInterfaceLanguage) {
     interfaceLanguage_ = localization_.currentLanguage().subscribe(platform_.useInterfaceLanguage);
@@ -156,6 +158,23 @@ std::string Program::listOfWorkingHotkeys() const {
   return workingHotkeys(config_.current().menus, *hotkeys, localization_.language(), platform_.modifierNames);
 }
 
+HotkeyEditing::Services Program::hotkeyEditingServices() {
+  return {.recorder = {platform_.eventMonitors, platform_.recordingKeyboard, platform_.mainQueue},
+          .edits = edits_,
+          .notifications = notifications_,
+          .localization = localization_,
+          .modifierNames = platform_.modifierNames,
+          .hotkeys = [this] { return delegate_.hotkeyManager(); }};
+}
+
+LoginSwitch Program::loginSwitch() {
+  return {.isOn = [this] { return launchAtLogin_.opensAtLogin(); },
+          .set = [this](bool opens) -> std::string {
+            const auto error = launchAtLogin_.setOpenAtLogin(opens);
+            return error ? localization_.text(StringKey::startAtLoginFailed, *error) : "";
+          }};
+}
+
 void Program::statusItemEvaluated(const std::optional<std::string>& problem) {
   statusItemProblem_ = problem;
   showsStatusItem_ = !problem;
@@ -182,6 +201,8 @@ WindowContents Program::windowContents() {
                 edits_.edit([language](PieConfiguration& document) { document.language = language; });
               },
           .quit = [this] { delegate_.quitApp(); },
+          .hotkeys = hotkeyEditing_.list(),
+          .login = loginSwitch(),
           .watchFindings =
               [this](FindingsObserver observer) {
                 return rondora::watchFindings(

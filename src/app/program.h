@@ -9,6 +9,7 @@
 #include "actions/action_failures.h"
 #include "app/action_services.h"
 #include "app/app_delegate.h"
+#include "app/hotkey_editing.h"
 #include "app/item_titles.h"
 #include "app/menu_switchboard.h"
 #include "app/platform.h"
@@ -18,6 +19,7 @@
 #include "icons/picture_quarantine.h"
 #include "input/hotkeys/native_app_switcher.h"
 #include "localization/localization_store.h"
+#include "permissions/launch_at_login_service.h"
 #include "permissions/permissions_monitor.h"
 #include "running_apps/running_apps_activation_history.h"
 #include "running_apps/running_apps_menu_items.h"
@@ -65,6 +67,8 @@ class Program {
   PieMenuWindowController::Environment ringEnvironment();
   MenuSwitchboard::Services switchboardServices();
   AppDelegate::Services delegateServices();
+  HotkeyEditing::Services hotkeyEditingServices();
+  LoginSwitch loginSwitch();
 
   void iconsChanged();
   std::string listOfWorkingHotkeys() const;
@@ -104,6 +108,8 @@ class Program {
   MenuSwitchboard switchboard_;
   NativeAppSwitcher nativeAppSwitcher_;
   AppDelegate delegate_;
+  HotkeyEditing hotkeyEditing_;
+  LaunchAtLoginService launchAtLogin_;
   RequestGate settingsRequests_;
   Subscription installedApplications_;
   Subscription lockOrSleep_;

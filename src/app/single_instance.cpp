@@ -24,12 +24,12 @@ InstanceChannel* SingleInstance::claimAll() {
   return nullptr;
 }
 
-SingleInstance::Start SingleInstance::claim() {
+SingleInstance::Start SingleInstance::claim(StartedBy startedBy) {
   for (int round = 0; round < kRounds; ++round) {
     InstanceChannel* other = claimAll();
     if (other == nullptr) return Start::first;
     release();
-    if (other->askForSettings()) return Start::handedOver;
+    if (startedBy == StartedBy::itself || other->askForSettings()) return Start::handedOver;
   }
   log_.error("another instance is running and does not answer");
   return Start::unanswered;

@@ -27,6 +27,19 @@ enum class StringKey {
   /// On the button beside the path of the configuration file.
   settingsCopy,
   settingsClose,
+  settingsHotkeys,
+  hotkeyRecord,
+  hotkeyCancel,
+  hotkeyRemove,
+  hotkeyPressKeys,
+  hotkeyRecordName,     // %@: the menu’s name
+  hotkeyRemoveName,     // %@: the menu’s name
+  hotkeyNeedsModifier,  // %@: the key
+  hotkeyOpensMenu,      // %@ twice: the hotkey, and the name of the menu
+  hotkeyKeyUnusable,
+  hotkeyKeyboardBusy,
+  settingsStartAtLogin,
+  startAtLoginFailed,  // %@: the system’s message
   settingsSession,
   /// Screen-reader names of the marks before the findings.
   sessionWorks,

@@ -2,12 +2,49 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "base/observable.h"
 #include "model/app_language.h"
 #include "settings/findings_watch.h"
 
 namespace rondora {
+
+/// A menu and the hotkey that opens it, as the settings show them.
+struct HotkeyRow {
+  std::string menuId;
+  std::string menu;
+  /// While it is recorded: what the user is to do, or the modifiers held so far.
+  std::string hotkey;
+  /// What is wrong with the hotkey, or with the one just recorded; empty for nothing.
+  std::string note;
+  bool isAssigned = false;
+  bool isRecording = false;
+  /// Screen-reader names of the buttons.
+  std::string recordName;
+  std::string removeName;
+  friend bool operator==(const HotkeyRow&, const HotkeyRow&) = default;
+};
+using HotkeyRows = std::vector<HotkeyRow>;
+
+/// The list of hotkeys in the settings.
+struct HotkeyList {
+  /// Calls the observer with the rows, at once and after each change.
+  std::function<Subscription(std::function<void(const HotkeyRows&)>)> watch;
+  /// Starts to record, or ends the recording of that menu.
+  std::function<void(const std::string& menuId)> toggleRecording;
+  std::function<void()> cancelRecording;
+  std::function<void(const std::string& menuId)> remove;
+  /// The observer is called when the user clicks, in any window, while a hotkey is recorded.
+  std::function<Subscription(std::function<void()>)> onClick;
+};
+
+/// The switch for the start at login.
+struct LoginSwitch {
+  std::function<bool()> isOn;
+  /// Returns what to tell the user about a failure, empty on success.
+  std::function<std::string(bool)> set;
+};
 
 /// The texts of the program's windows, in the user's language.
 struct WindowTexts {
@@ -17,6 +54,11 @@ struct WindowTexts {
   std::string openFolder;
   std::string language;
   std::string copy;
+  std::string hotkeysHeading;
+  std::string recordHotkey;
+  std::string cancelRecording;
+  std::string removeHotkey;
+  std::string startAtLogin;
   std::string sessionHeading;
   /// Screen-reader names of the marks before the findings.
   std::string works;
@@ -46,6 +88,8 @@ struct WindowContents {
   std::function<AppLanguage()> language;
   std::function<void(AppLanguage)> chooseLanguage;
   std::function<void()> quit;
+  HotkeyList hotkeys;
+  LoginSwitch login;
   /// Calls the observer with the findings about the session, at once and after each change.
   std::function<Subscription(FindingsObserver)> watchFindings;
   /// As `watchFindings`, with failures only.

@@ -51,6 +51,7 @@ struct FakePlatform {
   FakeApplicationShell shell;
   FakeSessionEvents session;
   FakePermissionService permissions;
+  FakeLoginItem loginItem;
 
   /// A queue whose work runs in virtual time, too.
   std::unique_ptr<SerialQueue> serialQueue() { return std::make_unique<SerialQueueInVirtualTime>(time); }

@@ -68,12 +68,12 @@ std::string_view unassignedText(AppLanguage language) {
 }
 
 /// `isHeld` tells which modifiers take part.
-std::string inWords(std::int64_t keyCode, const ModifierNames& names, auto isHeld) {
+std::string wordsOfModifiers(const ModifierNames& names, auto isHeld) {
   std::string text;
   for (const ModifierWord& word : kWords) {
     if (isHeld(word)) text.append(names.*word.name).append(" + ");
   }
-  return text + keyCodeToString(keyCode);
+  return text;
 }
 
 }  // namespace
@@ -85,8 +85,11 @@ std::string keyCodeToString(std::int64_t keyCode) {
 
 std::string displayString(const std::optional<HotkeyConfig>& hotkey, AppLanguage language, const ModifierNames& names) {
   if (!hotkey || !hotkey->isAssigned()) return std::string(unassignedText(language));
-  return inWords(hotkey->keyCode, names,
-                 [&](const ModifierWord& word) { return (hotkey->carbonModifiers & word.carbonMask) != 0; });
+  return modifiersInWords(hotkey->carbonModifiers, names) + keyCodeToString(hotkey->keyCode);
+}
+
+std::string modifiersInWords(std::int64_t carbonModifiers, const ModifierNames& names) {
+  return wordsOfModifiers(names, [&](const ModifierWord& word) { return (carbonModifiers & word.carbonMask) != 0; });
 }
 
 std::string glyphString(const std::optional<HotkeyConfig>& hotkey) {
@@ -103,7 +106,8 @@ std::string keystrokeDisplayString(std::int64_t keyCode, std::int64_t modifiers,
                                    const ModifierNames& names) {
   if (keyCode == 0 && modifiers == 0) return std::string(unassignedText(language));
   const auto flags = static_cast<std::uint64_t>(modifiers);
-  return inWords(keyCode, names, [flags](const ModifierWord& word) { return (flags & word.eventFlag) != 0; });
+  return wordsOfModifiers(names, [flags](const ModifierWord& word) { return (flags & word.eventFlag) != 0; }) +
+         keyCodeToString(keyCode);
 }
 
 }  // namespace rondora

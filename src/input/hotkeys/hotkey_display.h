@@ -33,6 +33,9 @@ inline constexpr ModifierNames kPcModifierNames{.command = "Super"};
 std::string displayString(const std::optional<HotkeyConfig>& hotkey, AppLanguage language,
                           const ModifierNames& names = kMacModifierNames);
 
+/// The modifiers of a Carbon mask, each followed by a plus: "Ctrl + Alt + ".
+std::string modifiersInWords(std::int64_t carbonModifiers, const ModifierNames& names = kMacModifierNames);
+
 /// Glyphs without separators: "⌃⌥Space". Empty without a hotkey.
 std::string glyphString(const std::optional<HotkeyConfig>& hotkey);
 

@@ -27,6 +27,20 @@ constexpr StringTable kGermanStrings = completeTable({
      "sich möglicherweise nicht registrieren – wählen Sie ein anderes Kürzel."},
     {StringKey::settingsCopy, "Kopieren"},
     {StringKey::settingsClose, "Schließen"},
+    {StringKey::settingsHotkeys, "Tastenkürzel:"},
+    {StringKey::hotkeyRecord, "Aufnehmen"},
+    {StringKey::hotkeyCancel, "Abbrechen"},
+    {StringKey::hotkeyRemove, "Entfernen"},
+    {StringKey::hotkeyPressKeys, "Tasten drücken …"},
+    {StringKey::hotkeyRecordName, "Tastenkürzel für das Menü „%@“ aufnehmen"},
+    {StringKey::hotkeyRemoveName, "Tastenkürzel des Menüs „%@“ entfernen"},
+    {StringKey::hotkeyNeedsModifier,
+     "%@ allein wird zum Tippen gebraucht. Halten Sie Ctrl oder Alt dazu oder wählen Sie eine Funktionstaste."},
+    {StringKey::hotkeyOpensMenu, "%@ öffnet bereits das Menü „%@“."},
+    {StringKey::hotkeyKeyUnusable, "Diese Taste kann nicht Teil eines Tastenkürzels sein."},
+    {StringKey::hotkeyKeyboardBusy, "Ein anderes Programm hält die Tastatur. Versuchen Sie es gleich noch einmal."},
+    {StringKey::settingsStartAtLogin, "Beim Anmelden starten"},
+    {StringKey::startAtLoginFailed, "Der Start beim Anmelden ließ sich nicht ändern: %@"},
     {StringKey::settingsSession, "In dieser Sitzung:"},
     {StringKey::sessionWorks, "Funktioniert"},
     {StringKey::sessionFails, "Funktioniert nicht"},
@@ -40,16 +54,14 @@ constexpr StringTable kGermanStrings = completeTable({
     {StringKey::sessionHotkeysWork, "Alle Tastenkürzel der Menüs funktionieren."},
     {StringKey::sessionHotkeyRefusedRemedy,
      "Geben Sie %@ in dem anderen Programm oder in den Tastatureinstellungen Ihres Desktops frei; Rondora übernimmt es "
-     "dann von selbst. Oder geben Sie dem Menü in der Konfigurationsdatei ein anderes Tastenkürzel. Beenden Sie dann "
-     "Rondora und starten Sie es wieder."},
+     "dann von selbst. Oder geben Sie dem Menü in den Einstellungen von Rondora ein anderes Tastenkürzel."},
     {StringKey::sessionHotkeyUnusable, "Rondora kann das Tastenkürzel des Menüs „%@“ hier nicht verwenden."},
     {StringKey::sessionHotkeyUnusableRemedy,
-     "Geben Sie dem Menü in der Konfigurationsdatei ein anderes Tastenkürzel, beenden Sie dann Rondora und starten Sie "
-     "es wieder."},
+     "Geben Sie dem Menü in den Einstellungen von Rondora ein anderes Tastenkürzel."},
     {StringKey::sessionHotkeyOptionRemedy,
      "Mit der Tastaturoption „%@“ schalten die Sondertasten dieses Tastenkürzels die Tastaturbelegung um. Wählen Sie "
-     "dafür in den Tastatureinstellungen andere Tasten, oder geben Sie dem Menü in der Konfigurationsdatei ein anderes "
-     "Tastenkürzel. Beenden Sie dann Rondora und starten Sie es wieder."},
+     "dafür in den Tastatureinstellungen andere Tasten, oder geben Sie dem Menü in den Einstellungen von Rondora ein "
+     "anderes Tastenkürzel."},
     {StringKey::sessionHotkeyShared,
      "Das Menü „%@“ öffnet sich nicht mit seinem Tastenkürzel: Das Menü „%@“ hat dasselbe."},
     {StringKey::sessionTray, "Das Symbol von Rondora ist im Infobereich."},

@@ -91,7 +91,11 @@ class EndToEndTest : public testing::Test {
   bool waitForActive(const std::string& title) {
     return waitUntil([&] { return client_.title(client_.activeWindow()) == title; });
   }
-  bool waitForSettings() { return waitForActive("Rondora Settings"); }
+  /// A window manager may announce the active window before it has the input focus.
+  bool waitForSettings() {
+    return waitForActive("Rondora Settings") &&
+           waitUntil([&] { return client_.inputFocus() == client_.activeWindow(); });
+  }
   /// Any managed window of the program.
   bool waitForWindow() {
     return waitUntil([&] { return !program_->managedWindows().empty(); });

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
 #include <QKeyEvent>
@@ -62,26 +63,53 @@ class WindowsTest : public testing::Test {
   Signal<const SessionFindings&> findingsChanged;
   std::vector<FindingButton> pressed;
   int quits = 0;
+  HotkeyRows rows{{.menuId = "1",
+                   .menu = "Main",
+                   .hotkey = "F9",
+                   .note = "",
+                   .isAssigned = true,
+                   .recordName = "Record Main",
+                   .removeName = "Remove Main"}};
+  Signal<const HotkeyRows&> rowsChanged;
+  Signal<> clicked;
+  std::string removed;
+  bool opensAtLogin = false;
   Signal<> textsChanged;
   QtWindows windows{[this] { return contents(); }};
 
   WindowContents contents() {
-    return {.texts = [this] { return texts; },
-            .onTextsChanged = [this](auto observer) { return textsChanged.subscribe(std::move(observer)); },
-            .documentPath = "/home/user/config.json",
-            .openDocumentFolder = [this] { ++foldersOpened; },
-            .language = [this] { return language; },
-            .chooseLanguage = [this](AppLanguage choice) { choices.push_back(choice); },
-            .quit = [this] { ++quits; },
-            .watchFindings = [this](auto observer) { return watch(observer); },
-            .watchFailures = [this](auto observer) { return watch(observer); },
-            .press =
-                [this](const FindingButton& button) {
-                  pressed.push_back(button);
-                  std::erase_if(findings, [&](const SessionFinding& finding) {
-                    return std::ranges::find(finding.buttons, button) != finding.buttons.end();
-                  });
-                }};
+    return {
+        .texts = [this] { return texts; },
+        .onTextsChanged = [this](auto observer) { return textsChanged.subscribe(std::move(observer)); },
+        .documentPath = "/home/user/config.json",
+        .openDocumentFolder = [this] { ++foldersOpened; },
+        .language = [this] { return language; },
+        .chooseLanguage = [this](AppLanguage choice) { choices.push_back(choice); },
+        .quit = [this] { ++quits; },
+        .hotkeys = {.watch =
+                        [this](auto observer) {
+                          observer(rows);
+                          return rowsChanged.subscribe(std::move(observer));
+                        },
+                    .toggleRecording = [this](const std::string& menu) { setRecording(!rows[0].isRecording, menu); },
+                    .cancelRecording = [this] { setRecording(false, "1"); },
+                    .remove = [this](const std::string& menu) { removed = menu; },
+                    .onClick = [this](auto observer) { return clicked.subscribe(std::move(observer)); }},
+        .login = {.isOn = [this] { return opensAtLogin; }, .set = [](bool) -> std::string { return "No space left"; }},
+        .watchFindings = [this](auto observer) { return watch(observer); },
+        .watchFailures = [this](auto observer) { return watch(observer); },
+        .press =
+            [this](const FindingButton& button) {
+              pressed.push_back(button);
+              std::erase_if(findings, [&](const SessionFinding& finding) {
+                return std::ranges::find(finding.buttons, button) != finding.buttons.end();
+              });
+            }};
+  }
+  void setRecording(bool isRecording, const std::string& menu) {
+    EXPECT_EQ(menu, "1");
+    rows[0].isRecording = isRecording;
+    rowsChanged.send(rows);
   }
   Subscription watch(const FindingsObserver& observer) {
     observer(findings);
@@ -113,8 +141,52 @@ TEST_F(WindowsTest, SettingsWindowIsReusedAndUpToDate) {
   EXPECT_EQ(window->windowTitle().toStdString(), texts.settingsTitle);
 }
 
+TEST_F(WindowsTest, RecordingEndsWithAClickElsewhereOrTheLossOfFocus) {
+  texts.recordHotkey = "Record";
+  texts.cancelRecording = "Cancel";
+  texts.removeHotkey = "Remove";
+  const auto settings = windows.makeSettingsWindow();
+  settings->show();
+  QWidget* window = windowsUp().front();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+  const auto endsWith = [&](auto end) {
+    click(*window, "Record");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return rows[0].isRecording; }));
+    end();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !rows[0].isRecording; }));
+  };
+  endsWith([&] { click(*window, "Cancel"); });
+  endsWith([&] { clicked.send(); });
+  endsWith([&] {
+    QEvent deactivation(QEvent::WindowDeactivate);
+    QApplication::sendEvent(window, &deactivation);
+  });
+  endsWith([&] { window->close(); });
+  settings->show();
+  rows[0].note = "F9 already opens";
+  rowsChanged.send(rows);
+  EXPECT_TRUE(shows(*window, "F9 already opens"));
+  click(*window, "Remove");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return removed == "1"; }));
+}
+
+TEST_F(WindowsTest, StartAtLoginShowsTheSystemsStateAndFailures) {
+  opensAtLogin = true;
+  const auto settings = windows.makeSettingsWindow();
+  settings->show();
+  QWidget* window = windowsUp().front();
+  auto* check = window->findChild<QCheckBox*>();
+  EXPECT_TRUE(check->isChecked());
+  check->click();
+  EXPECT_TRUE(check->isChecked()) << "nothing changed";
+  EXPECT_TRUE(shows(*window, "No space left"));
+}
+
 TEST_F(WindowsTest, SettingsWorkByKeyboardAlone) {
   texts.documentHeading = "File:";
+  texts.startAtLogin = "At login";
+  texts.recordHotkey = "Record";
+  texts.removeHotkey = "Remove";
   const auto settings = windows.makeSettingsWindow();
   for (const char* keys : {"Esc", "Ctrl+W", "Return"}) {
     settings->show();
@@ -127,13 +199,13 @@ TEST_F(WindowsTest, SettingsWorkByKeyboardAlone) {
   QWidget& window = *windowsUp().front();
   ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
   std::vector<std::string> names;
-  for (int tabs = 0; tabs < 7; ++tabs) {
+  for (int tabs = 0; tabs < 10; ++tabs) {
     QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
-    const auto* button = qobject_cast<QPushButton*>(window.focusWidget());
+    const auto* button = qobject_cast<QAbstractButton*>(window.focusWidget());
     names.push_back((button != nullptr ? button->text() : window.focusWidget()->accessibleName()).toStdString());
   }
-  EXPECT_EQ(names, (std::vector<std::string>{"File:", "Copy", "Open folder", "Language:", "Works: Hotkeys: 2", "Quit",
-                                             "Close"}));
+  EXPECT_EQ(names, (std::vector<std::string>{"File:", "Copy", "Open folder", "Language:", "At login", "Record",
+                                             "Remove", "Works: Hotkeys: 2", "Quit", "Close"}));
   click(window, "Open folder");
   EXPECT_EQ(foldersOpened, 1);
   click(window, "Copy");

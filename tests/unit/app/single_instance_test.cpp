@@ -36,6 +36,15 @@ TEST_F(SingleInstanceTest, SecondStartAsksTheFirstAndReleasesItsClaims) {
   EXPECT_FALSE(bus.isHeld) << "would block the first instance's next start";
 }
 
+TEST_F(SingleInstanceTest, RelaunchAsksNoInstanceForAWindow) {
+  EXPECT_EQ(instance.claim(SingleInstance::StartedBy::itself), SingleInstance::Start::first);
+  instance.release();
+  lock.claims = {Claim::taken};
+  EXPECT_EQ(instance.claim(SingleInstance::StartedBy::itself), SingleInstance::Start::handedOver);
+  EXPECT_EQ(lock.asked, 0);
+  EXPECT_FALSE(bus.isHeld);
+}
+
 TEST_F(SingleInstanceTest, SilentInstanceIsReplacedOnlyOnceItHasEnded) {
   bus.answers = false;
   bus.claims = {Claim::taken, Claim::first};

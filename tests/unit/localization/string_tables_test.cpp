@@ -18,6 +18,8 @@ const std::set<std::pair<AppLanguage, StringKey>> kSharedOnPurpose = {
     {AppLanguage::portuguese, StringKey::settingsLanguage},
     {AppLanguage::spanish, StringKey::settingsCopy},  // "Copiar" in both
     {AppLanguage::portuguese, StringKey::settingsCopy},
+    {AppLanguage::spanish, StringKey::hotkeyCancel},  // "Cancelar" in both
+    {AppLanguage::portuguese, StringKey::hotkeyCancel},
     {AppLanguage::spanish, StringKey::findingRestore},  // "Restaurar" in both
     {AppLanguage::portuguese, StringKey::findingRestore},
     {AppLanguage::spanish, StringKey::findingImport},  // "Importar" in both

@@ -9,11 +9,11 @@
 #include "platform/linux/x11/keyboard/x11_event_monitors.h"
 #include "platform/linux/x11/keyboard/x11_event_taps.h"
 #include "platform/linux/x11/keyboard/x11_hotkey_service.h"
+#include "platform/linux/x11/keyboard/x11_recording_keyboard.h"
 #include "platform/linux/x11/overlay/x11_input_grab.h"
 #include "platform/linux/x11/overlay/x11_pointer.h"
 #include "platform/linux/x11/overlay/x11_screens.h"
 #include "platform/linux/x11/typing/xtest_key_poster.h"
-#include "platform/linux/x11/typing/xtest_permissions.h"
 #include "platform/linux/x11/windows/x11_accessibility.h"
 #include "platform/linux/x11/windows/x11_application_icons.h"
 #include "platform/linux/x11/windows/x11_front_process.h"
@@ -46,8 +46,8 @@ struct X11Backends {
   X11EventTaps eventTaps;
   X11HotkeyService hotkeys{connection, keymap, keys};
   X11EventMonitors eventMonitors{keymap, keys};
+  X11RecordingKeyboard recordingKeyboard{connection, keys, rawKeyReleases.inputExtension()};
   XTestKeyPoster keyPoster{connection, keymap, keys, rawKeyReleases};
-  XTestPermissions permissions{keyPoster.available()};
   X11InputGrab inputGrab;
   X11Pointer pointer{connection, keys, inputGrab};
   X11Screens screens;

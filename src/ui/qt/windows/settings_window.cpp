@@ -33,6 +33,7 @@ void makeHeading(QLabel& label) {
 QtSettingsWindow::QtSettingsWindow(WindowContents contents)
     : contents_(std::move(contents)),
       language_(contents_.chooseLanguage),
+      hotkeys_(contents_.hotkeys),
       findings_(contents_.watchFindings, contents_.press) {
   build();
   arrange();
@@ -45,7 +46,7 @@ void QtSettingsWindow::build() {
   window_.setWindowFlags(Qt::Window);
   window_.setWindowIcon(applicationIcon());
   fitScreen();
-  for (QLabel* heading : {&documentHeading_, &sessionHeading_}) makeHeading(*heading);
+  for (QLabel* heading : {&documentHeading_, &hotkeysHeading_, &sessionHeading_}) makeHeading(*heading);
   introduction_.setWordWrap(true);
   introduction_.setTextFormat(Qt::PlainText);
   documentPath_.setReadOnly(true);
@@ -54,7 +55,12 @@ void QtSettingsWindow::build() {
   documentPath_.addAction(&copyAction_);
   documentHeading_.setBuddy(&documentPath_);
   languageLabel_.setBuddy(&language_);
-  findings_.follow(language_);
+  hotkeys_.follow(startAtLogin_);
+  findings_.follow(startAtLogin_);
+  hotkeys_.onRebuilt = [this] { findings_.follow(hotkeys_.last()); };
+  loginFailure_.setWordWrap(true);
+  loginFailure_.setTextFormat(Qt::PlainText);
+  loginFailure_.hide();
   for (QPushButton* button : {&copy_, &openFolder_, &quit_}) button->setAutoDefault(false);
   close_.setDefault(true);
 }
@@ -83,6 +89,11 @@ void QtSettingsWindow::arrange() {
   addRow({&documentPath_, &copy_, &openFolder_});
   column->addSpacing(kMargin / 2);
   addRow({&languageLabel_, &language_})->addStretch();
+  column->addWidget(&startAtLogin_);
+  column->addWidget(&loginFailure_);
+  column->addSpacing(kMargin / 2);
+  column->addWidget(&hotkeysHeading_);
+  column->addWidget(&hotkeys_);
   column->addSpacing(kMargin / 2);
   column->addWidget(&sessionHeading_);
   column->addWidget(&findings_, 1);
@@ -100,6 +111,7 @@ void QtSettingsWindow::connectButtons() {
   QObject::connect(&quit_, &QPushButton::clicked, &window_, [this] {
     if (contents_.quit) contents_.quit();
   });
+  QObject::connect(&startAtLogin_, &QCheckBox::clicked, &window_, [this](bool opens) { switchLogin(opens); });
   // QDialog handles Escape.
   new QShortcut(QKeySequence::Close, &window_, &window_, &QWidget::close);
   new QShortcut(QKeySequence(QStringLiteral("Ctrl+Q")), &window_, &quit_, &QPushButton::click);
@@ -108,6 +120,13 @@ void QtSettingsWindow::connectButtons() {
 void QtSettingsWindow::copyPath() {
   documentPath_.selectAll();
   QGuiApplication::clipboard()->setText(documentPath_.text());
+}
+
+void QtSettingsWindow::switchLogin(bool opens) {
+  const std::string failure = contents_.login.set ? contents_.login.set(opens) : "";
+  loginFailure_.setText(toQString(failure));
+  loginFailure_.setVisible(!failure.empty());
+  startAtLogin_.setChecked(contents_.login.isOn && contents_.login.isOn());
 }
 
 void QtSettingsWindow::show() {
@@ -135,6 +154,11 @@ void QtSettingsWindow::refreshTexts() {
   languageLabel_.setText(toQString(texts.language));
   language_.setAccessibleName(toQString(texts.language));
   language_.setLanguage(contents_.language());
+  startAtLogin_.setText(toQString(texts.startAtLogin));
+  startAtLogin_.setChecked(contents_.login.isOn && contents_.login.isOn());
+  hotkeysHeading_.setText(toQString(texts.hotkeysHeading));
+  hotkeys_.setTexts({texts.recordHotkey, texts.cancelRecording, texts.removeHotkey});
+  hotkeys_.setAccessibleName(toQString(texts.hotkeysHeading));
   sessionHeading_.setText(toQString(texts.sessionHeading));
   findings_.setMarkNames(texts.works, texts.fails);
   findings_.setAccessibleName(toQString(texts.sessionHeading));

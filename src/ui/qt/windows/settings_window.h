@@ -1,11 +1,13 @@
 #pragma once
 
+#include <QCheckBox>
 #include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 
 #include "ui/qt/windows/findings_view.h"
+#include "ui/qt/windows/hotkey_rows_view.h"
 #include "ui/qt/windows/language_chooser.h"
 #include "ui/qt/windows/qt_windows.h"
 
@@ -24,6 +26,7 @@ class QtSettingsWindow : public SettingsWindow {
   void arrange();
   void connectButtons();
   void copyPath();
+  void switchLogin(bool opens);
   void refreshTexts();
 
   WindowContents contents_;
@@ -37,6 +40,10 @@ class QtSettingsWindow : public SettingsWindow {
   QPushButton openFolder_;
   QLabel languageLabel_;
   LanguageChooser language_;
+  QCheckBox startAtLogin_;
+  QLabel loginFailure_;
+  QLabel hotkeysHeading_;
+  HotkeyRowsView hotkeys_;
   QLabel sessionHeading_;
   FindingsView findings_;
   QPushButton quit_;

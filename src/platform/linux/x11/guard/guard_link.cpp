@@ -11,15 +11,23 @@ constexpr std::chrono::seconds kBetweenReplacements{10};
 
 }  // namespace
 
-GuardLink::GuardLink(InputGuard& guard, X11InputGrab& inputGrab, XTestKeyPoster& keyPoster, MainQueue& mainQueue,
-                     WatchReadable watchReadable)
+GuardLink::GuardLink(InputGuard& guard, X11InputGrab& inputGrab, X11RecordingKeyboard& recordingKeyboard,
+                     XTestKeyPoster& keyPoster, MainQueue& mainQueue, WatchReadable watchReadable)
     : guard_(guard), mainQueue_(mainQueue), watchReadable_(std::move(watchReadable)) {
-  grabObserver_ = inputGrab.onHeldChanged([this](bool isHeld) { grabChanged(isHeld); });
+  grabObserver_ = inputGrab.onHeldChanged([this](bool isHeld) {
+    isRingOpen_ = isHeld;
+    grabsChanged();
+  });
+  recordingObserver_ = recordingKeyboard.onHeldChanged([this](bool isHeld) {
+    isRecording_ = isHeld;
+    grabsChanged();
+  });
   typingObserver_ = keyPoster.onTyping([this](bool isDown) { typing(isDown); });
   watchGuard();
 }
 
-void GuardLink::grabChanged(bool isHeld) {
+void GuardLink::grabsChanged() {
+  const bool isHeld = isRingOpen_ || isRecording_;
   guard_.send(isHeld ? GuardMessage::beat : GuardMessage::ungrabbed);
   if (!isHeld) return beats_.reset();
   beats_ = mainQueue_.timer(kBeatSeconds, kBeatTolerance, [this] { guard_.send(GuardMessage::beat); });

@@ -5,6 +5,7 @@
 
 #include "base/observable.h"
 #include "platform/linux/x11/guard/input_guard.h"
+#include "platform/linux/x11/keyboard/x11_recording_keyboard.h"
 #include "platform/linux/x11/overlay/x11_input_grab.h"
 #include "platform/linux/x11/typing/xtest_key_poster.h"
 #include "platform/main_queue.h"
@@ -20,11 +21,11 @@ class GuardLink {
   using WatchReadable = std::function<Subscription(int descriptor, std::function<void()> readable)>;
 
   /// The references must outlive the object.
-  GuardLink(InputGuard& guard, X11InputGrab& inputGrab, XTestKeyPoster& keyPoster, MainQueue& mainQueue,
-            WatchReadable watchReadable);
+  GuardLink(InputGuard& guard, X11InputGrab& inputGrab, X11RecordingKeyboard& recordingKeyboard,
+            XTestKeyPoster& keyPoster, MainQueue& mainQueue, WatchReadable watchReadable);
 
  private:
-  void grabChanged(bool isHeld);
+  void grabsChanged();
   void typing(bool isDown);
   void watchGuard();
   void guardDied();
@@ -32,7 +33,10 @@ class GuardLink {
   InputGuard& guard_;
   MainQueue& mainQueue_;
   WatchReadable watchReadable_;
+  bool isRingOpen_ = false;
+  bool isRecording_ = false;
   Subscription grabObserver_;
+  Subscription recordingObserver_;
   Subscription typingObserver_;
   /// Runs while a grab is held.
   Subscription beats_;

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "model/hotkey_config.h"
 #include "platform/linux/x11/keyboard/key_codes.h"
 
 namespace rondora::x11 {
@@ -22,11 +23,19 @@ Subscription X11EventMonitors::addLocalMonitor(std::uint32_t eventMask, Handler 
   });
 }
 
-// A modifier key changes the flags; it makes no key-down event.
+// A modifier key changes the flags; it makes no key-down event. Nor does the key that stands in for Fn while a hotkey
+// is recorded; its release may come after the recording.
 bool X11EventMonitors::handleKey(const X11Key& key) const {
+  const bool isRecorded = key.target == KeyTarget::recorder || key.taker == KeyConsumer::monitors;
+  if (isRecorded && virtualKeyCode(key.code) == kFnKeyCode) return handleFn(key);
   if (key.target == KeyTarget::hotkey || keyMonitors_.isEmpty() || keymap_.isModifierKey(key.code)) return false;
   const KeyEventType type = key.direction == KeyDirection::down ? KeyEventType::keyDown : KeyEventType::keyUp;
   return keyMonitors_.offer(keymap_.keyEvent(type, key.code, key.state, key.isRepeat));
+}
+
+bool X11EventMonitors::handleFn(const X11Key& key) const {
+  keymap_.setFnHeld(key.direction == KeyDirection::down, key.code);
+  return true;
 }
 
 void X11EventMonitors::handleHeldModifiers(std::uint8_t held, xcb_keycode_t key) {

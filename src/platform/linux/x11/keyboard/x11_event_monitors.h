@@ -19,6 +19,7 @@ class X11EventMonitors : public EventMonitors {
 
  private:
   bool handleKey(const X11Key& key) const;
+  bool handleFn(const X11Key& key) const;
   void handleHeldModifiers(std::uint8_t held, xcb_keycode_t key);
 
   X11Keymap& keymap_;

@@ -18,12 +18,17 @@ double steadySeconds() {
 }
 
 void trace(const X11Key& key, std::optional<KeyConsumer> taker) {
-  constexpr const char* kTargets[] = {"hotkey grab", "overlay", "own window"};
+  constexpr const char* kTargets[] = {"hotkey grab", "overlay", "own window", "recorder"};
   constexpr const char* kConsumers[] = {"tap", "hotkeys", "monitors"};
   const char* what = key.direction == KeyDirection::up ? "up" : key.isRepeat ? "repeat" : "down";
   trace::line("key ", int{key.code}, " ", what, " state ", key.state, " time ", key.time, " by ",
               kTargets[static_cast<std::size_t>(key.target)], " taken by ",
               taker ? kConsumers[static_cast<std::size_t>(*taker)] : "none");
+}
+
+/// The key was pressed during the recording that still holds the keyboard.
+bool isRecorded(const X11Key& key) {
+  return key.target == KeyTarget::recorder && key.taker.value_or(KeyConsumer::monitors) == KeyConsumer::monitors;
 }
 
 }  // namespace
@@ -55,7 +60,18 @@ Subscription X11KeyStream::onPosition(std::function<void(PixelPosition)> observe
   return Subscription([this] { positionObserver_ = nullptr; });
 }
 
+void X11KeyStream::beginRecording(std::function<void()> lost) {
+  beginOverlay();
+  recordingLost_ = std::move(lost);
+}
+
+void X11KeyStream::endRecording() {
+  recordingLost_ = nullptr;
+  endOverlay();
+}
+
 void X11KeyStream::beginOverlay() {
+  if (const auto lost = std::exchange(recordingLost_, nullptr)) lost();
   trace::line("grab: the overlay takes keyboard and pointer");
   overlayHasKeyboard_ = true;
   settling_.reset();
@@ -154,7 +170,7 @@ X11Key X11KeyStream::latest(xcb_keycode_t code, KeyDirection direction) const {
   X11Key key = latest_;
   key.code = code;
   key.direction = direction;
-  key.target = overlayHasKeyboard_ ? KeyTarget::overlay : KeyTarget::hotkey;
+  key.target = !overlayHasKeyboard_ ? KeyTarget::hotkey : recordingLost_ ? KeyTarget::recorder : KeyTarget::overlay;
   key.taker = held_[code].taker;
   key.flagsAtPress = held_[code].flagsAtPress;
   return key;
@@ -278,6 +294,11 @@ void X11KeyStream::noteUp(xcb_keycode_t code) {
 
 std::optional<KeyConsumer> X11KeyStream::deliver(const X11Key& key) const {
   std::optional<KeyConsumer> taker;
+  if (isRecorded(key)) {
+    if (offer(KeyConsumer::monitors, key)) taker = KeyConsumer::monitors;
+    if (trace::isOn) trace(key, taker);
+    return taker;
+  }
   // The repeats of a key that outlasts the overlay belong to what is over.
   const bool isOver = key.isRepeat && held_[key.code].isGrabbed;
   if (!isOver && offer(KeyConsumer::tap, key)) taker = KeyConsumer::tap;

@@ -25,8 +25,9 @@ inline constexpr std::size_t kKeyConsumerCount = 3;
 
 enum class KeyDirection : std::uint8_t { down, up };
 
-/// What receives the key event: a passive grab, the overlay's active grab, or a window of this program.
-enum class KeyTarget : std::uint8_t { hotkey, overlay, ownWindow };
+/// What receives the key event: a passive grab, the overlay's active grab, a window of this program, or the active grab
+/// of a recording, whose presses only the monitors receive.
+enum class KeyTarget : std::uint8_t { hotkey, overlay, ownWindow, recorder };
 
 /// Pixels of the root window.
 struct PixelPosition {
@@ -97,7 +98,12 @@ class X11KeyStream {
   void beginOverlay();
   /// Call it just before the request that ungrabs the keyboard.
   void endOverlay();
+  /// The overlay or a recording holds the keyboard.
   bool overlayHasKeyboard() const { return overlayHasKeyboard_; }
+  /// As `beginOverlay` and `endOverlay`, for a recording. An overlay that begins meanwhile ends the recording: `lost`
+  /// is called, which must call neither `endRecording` nor ungrab the keyboard.
+  void beginRecording(std::function<void()> lost);
+  void endRecording();
   /// Call it just before typing into another program: ends the grabs of keys that outlast the overlay.
   void ungrabHeldKeys();
 
@@ -159,6 +165,8 @@ class X11KeyStream {
   /// When the latest press was handled, in seconds of the steady clock.
   double pressedAt_ = 0;
   bool overlayHasKeyboard_ = false;
+  /// Set while a recording holds the keyboard.
+  std::function<void()> recordingLost_;
   Subscription watch_;
   /// Runs while events from before the ungrab may still arrive.
   Subscription settling_;

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <xcb/xcb.h>
+
+#include <cstdint>
+#include <functional>
+
+#include "base/observable.h"
+#include "platform/linux/x11/connection/x11_connection.h"
+#include "platform/linux/x11/keyboard/x11_key_stream.h"
+#include "platform/recording_keyboard.h"
+
+namespace rondora::x11 {
+
+/// An active grab of the keyboard on the root window, during which no passive grab of any client activates. Clicks are
+/// heard as raw events and reach their windows. An overlay that opens takes the keyboard over. Main thread.
+class X11RecordingKeyboard final : public RecordingKeyboard {
+ public:
+  /// `inputExtension` is the extension's major opcode; with 0 (none) clicks are not heard.
+  X11RecordingKeyboard(X11Connection& connection, X11KeyStream& keys, std::uint8_t inputExtension);
+  ~X11RecordingKeyboard() override { release(); }
+
+  std::optional<Subscription> take(Observer observer) override;
+  /// Called with true before the keyboard is requested, with false once it is not held any more.
+  [[nodiscard]] Subscription onHeldChanged(std::function<void(bool)> observer);
+
+ private:
+  bool grab();
+  bool grabInCore() const;
+  void release();
+  void lose();
+  void setHeld(bool isHeld);
+  void selectClicks(bool isWanted) const;
+  bool handleEvent(const xcb_generic_event_t& event) const;
+
+  X11Connection& connection_;
+  X11KeyStream& keys_;
+  std::uint8_t inputExtension_;
+  bool isHeld_ = false;
+  /// The server refuses the core protocol while a passive XI2 grab is active, such as one of the event tap.
+  bool usesXi2_ = false;
+  Observer observer_;
+  std::function<void(bool)> heldObserver_;
+  Subscription eventHandler_;
+};
+
+}  // namespace rondora::x11
