@@ -1,7 +1,6 @@
 #include "ui/qt/windows/findings_view.h"
 
 #include <QGridLayout>
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -10,6 +9,7 @@
 
 #include "platform/qt/qt_text.h"
 #include "ui/qt/painting/symbol_images.h"
+#include "ui/qt/windows/interface_language.h"
 
 namespace rondora {
 
@@ -18,6 +18,7 @@ namespace {
 constexpr int kMarkSide = 16;
 constexpr int kSpacing = 10;
 constexpr QSize kMaxHint(480, 300);
+constexpr int kMinHeight = 90;
 // A contrast of at least 3 : 1 on light and on dark windows (WCAG 2.1, 1.4.11).
 constexpr Color kWorksColor{0.14, 0.56, 0.25, 1};
 constexpr Color kFailsColor{0.78, 0.36, 0.0, 1};
@@ -26,9 +27,7 @@ QLabel* wrapped(const std::string& text) {
   auto* label = new QLabel(toQString(text));
   label->setTextFormat(Qt::PlainText);
   label->setWordWrap(true);
-  // At the window's leading edge, also where a text runs the other way.
-  const bool isMirrored = QGuiApplication::isRightToLeft();
-  label->setAlignment(Qt::AlignAbsolute | Qt::AlignVCenter | (isMirrored ? Qt::AlignRight : Qt::AlignLeft));
+  label->setAlignment(leadingAlignment());
   label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   // The toolkit's own menu is only in English.
   label->setContextMenuPolicy(Qt::NoContextMenu);
@@ -211,6 +210,8 @@ QSize FindingsView::sizeHint() const {
   const int width = std::clamp(maximumWidth(), 1, kMaxHint.width());
   return {width, std::min(widget()->heightForWidth(width), kMaxHint.height())};
 }
+
+QSize FindingsView::minimumSizeHint() const { return {0, std::min(sizeHint().height(), kMinHeight)}; }
 
 void FindingsView::showEvent(QShowEvent* event) {
   subscribe();

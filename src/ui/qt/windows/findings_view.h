@@ -34,7 +34,7 @@ class FindingsView : public QScrollArea {
   void refresh();
 
   QSize sizeHint() const override;
-  QSize minimumSizeHint() const override { return {}; }
+  QSize minimumSizeHint() const override;
 
  protected:
   void showEvent(QShowEvent* event) override;

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "platform/qt/qt_text.h"
+#include "ui/qt/windows/interface_language.h"
 
 namespace rondora {
 
@@ -13,6 +14,9 @@ namespace {
 
 constexpr int kSpacing = 6;
 constexpr QSize kMaxHint(480, 190);
+constexpr int kMinHeight = 90;
+/// Leaves room for the hotkey and the buttons in the narrowest window.
+constexpr int kMaxNameWidth = 180;
 /// Each menu has a line for its hotkey and one for a note.
 constexpr int kLinesOfRow = 2;
 
@@ -112,7 +116,10 @@ void HotkeyRowsView::placeRow(QGridLayout& grid, int line, const std::string& me
 }
 
 void HotkeyRowsView::fill(const Row& row, const HotkeyRow& content) const {
-  row.menu->setText(toQString(content.menu));
+  for (QLabel* label : {row.menu, row.hotkey, row.note}) label->setAlignment(leadingAlignment());
+  const QString name = toQString(content.menu);
+  row.menu->setText(row.menu->fontMetrics().elidedText(name, Qt::ElideRight, kMaxNameWidth));
+  row.menu->setToolTip(row.menu->text() == name ? QString() : name);
   row.hotkey->setText(toQString(content.hotkey));
   row.note->setText(toQString(content.note));
   row.note->setVisible(!content.note.empty());
@@ -168,8 +175,13 @@ bool HotkeyRowsView::eventFilter(QObject* watched, QEvent* event) {
 
 QSize HotkeyRowsView::sizeHint() const {
   if (widget() == nullptr) return {kMaxHint.width(), 0};
+  const QLayout& rows = *widget()->layout();
   const int width = std::max(viewport()->width(), 1);
-  return {kMaxHint.width(), std::min(widget()->layout()->totalHeightForWidth(width), kMaxHint.height())};
+  // Without a note no row wraps.
+  const int height = rows.hasHeightForWidth() ? rows.totalHeightForWidth(width) : rows.totalSizeHint().height();
+  return {kMaxHint.width(), std::min(height, kMaxHint.height())};
 }
+
+QSize HotkeyRowsView::minimumSizeHint() const { return {0, std::min(sizeHint().height(), kMinHeight)}; }
 
 }  // namespace rondora

@@ -34,7 +34,7 @@ class HotkeyRowsView : public QScrollArea {
   QWidget& last() const;
   std::function<void()> onRebuilt;
   QSize sizeHint() const override;
-  QSize minimumSizeHint() const override { return {}; }
+  QSize minimumSizeHint() const override;
 
  protected:
   void showEvent(QShowEvent* event) override;

@@ -57,4 +57,8 @@ QFont interfaceFontFor(const QString& text) {
   return hasArabicLetter(text) ? withFirstInstalled(kForArabicScript, font) : font;
 }
 
+Qt::Alignment leadingAlignment() {
+  return Qt::AlignAbsolute | Qt::AlignVCenter | (QGuiApplication::isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft);
+}
+
 }  // namespace rondora

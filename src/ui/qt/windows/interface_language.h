@@ -17,4 +17,7 @@ QFont interfaceFont(AppLanguage language);
 /// The current interface font, replaced for texts whose letters it would take from fonts that do not join them.
 QFont interfaceFontFor(const QString& text);
 
+/// For labels at the window's leading edge, also where a text runs the other way than the window.
+Qt::Alignment leadingAlignment();
+
 }  // namespace rondora

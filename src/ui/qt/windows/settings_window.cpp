@@ -4,9 +4,11 @@
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QScreen>
+#include <QScrollArea>
 #include <QShortcut>
 #include <QStyle>
 #include <QVBoxLayout>
+#include <initializer_list>
 #include <utility>
 
 #include "platform/qt/qt_text.h"
@@ -17,9 +19,28 @@ namespace rondora {
 namespace {
 
 constexpr int kMargin = 24;
-constexpr QSize kInitialSize(600, 520);
+constexpr QSize kInitialSize(600, 620);
 /// For the frame that the window manager adds.
 constexpr QSize kFrameRoom(20, 60);
+
+QHBoxLayout& addRow(QVBoxLayout& column, std::initializer_list<QWidget*> widgets) {
+  auto* row = new QHBoxLayout;
+  for (QWidget* widget : widgets) row->addWidget(widget);
+  column.addLayout(row);
+  return *row;
+}
+
+QScrollArea* scrolling(QWidget& page) {
+  auto* area = new QScrollArea;
+  area->setFrameShape(QFrame::NoFrame);
+  area->setWidgetResizable(true);
+  area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  area->setFocusPolicy(Qt::NoFocus);
+  area->setWidget(&page);
+  area->viewport()->setAutoFillBackground(false);
+  page.setAutoFillBackground(false);
+  return area;
+}
 
 void makeHeading(QLabel& label) {
   QFont font = label.font();
@@ -73,22 +94,17 @@ void QtSettingsWindow::fitScreen() {
   window_.move(QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, size + kFrameRoom, available).topLeft());
 }
 
-// In Tab order.
+// In Tab order. All but the last row scrolls on a small screen.
 void QtSettingsWindow::arrange() {
-  auto* column = new QVBoxLayout(&window_);
-  column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
-  const auto addRow = [column](std::initializer_list<QWidget*> widgets) {
-    auto* row = new QHBoxLayout;
-    for (QWidget* widget : widgets) row->addWidget(widget);
-    column->addLayout(row);
-    return row;
-  };
+  auto* page = new QWidget;
+  auto* column = new QVBoxLayout(page);
+  column->setContentsMargins(0, 0, 0, 0);
   column->addWidget(&introduction_);
   column->addSpacing(kMargin / 2);
   column->addWidget(&documentHeading_);
-  addRow({&documentPath_, &copy_, &openFolder_});
+  addRow(*column, {&documentPath_, &copy_, &openFolder_});
   column->addSpacing(kMargin / 2);
-  addRow({&languageLabel_, &language_})->addStretch();
+  addRow(*column, {&languageLabel_, &language_}).addStretch();
   column->addWidget(&startAtLogin_);
   column->addWidget(&loginFailure_);
   column->addSpacing(kMargin / 2);
@@ -97,8 +113,11 @@ void QtSettingsWindow::arrange() {
   column->addSpacing(kMargin / 2);
   column->addWidget(&sessionHeading_);
   column->addWidget(&findings_, 1);
-  column->addSpacing(kMargin / 2);
-  addRow({&quit_, &close_})->insertStretch(1);
+  auto* whole = new QVBoxLayout(&window_);
+  whole->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  whole->addWidget(scrolling(*page), 1);
+  whole->addSpacing(kMargin / 2);
+  addRow(*whole, {&quit_, &close_}).insertStretch(1);
 }
 
 void QtSettingsWindow::connectButtons() {
