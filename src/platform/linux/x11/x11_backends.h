@@ -46,7 +46,7 @@ struct X11Backends {
   X11EventTaps eventTaps;
   X11HotkeyService hotkeys{connection, keymap, keys};
   X11EventMonitors eventMonitors{keymap, keys};
-  X11RecordingKeyboard recordingKeyboard{connection, keys, rawKeyReleases.inputExtension()};
+  X11RecordingKeyboard recordingKeyboard{connection, keys, rawKeyReleases};
   XTestKeyPoster keyPoster{connection, keymap, keys, rawKeyReleases};
   X11InputGrab inputGrab;
   X11Pointer pointer{connection, keys, inputGrab};

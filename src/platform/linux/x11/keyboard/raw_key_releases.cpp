@@ -14,30 +14,47 @@ RawKeyReleases::RawKeyReleases(X11Connection& connection)
 }
 
 RawKeyReleases::~RawKeyReleases() {
-  if (watchers_ > 0) select(0);
+  keyWatchers_ = buttonWatchers_ = 0;
+  select();
 }
 
 Subscription RawKeyReleases::watch(CallbackList<xcb_keycode_t>::Callback observer) {
-  if (watchers_++ == 0) select(XCB_INPUT_XI_EVENT_MASK_RAW_KEY_RELEASE);
-  return Subscription([this, entry = std::make_shared<Subscription>(releases_.add(std::move(observer)))] {
+  return counted(keyWatchers_, releases_.add(std::move(observer)));
+}
+
+Subscription RawKeyReleases::watchButtons(Signal<std::uint32_t>::Slot observer) {
+  return counted(buttonWatchers_, buttonPresses_.subscribe(std::move(observer)));
+}
+
+Subscription RawKeyReleases::counted(int& watchers, Subscription entry) {
+  ++watchers;
+  select();
+  return Subscription([this, &watchers, entry = std::make_shared<Subscription>(std::move(entry))] {
     entry->reset();
-    if (--watchers_ == 0) select(0);
+    --watchers;
+    select();
   });
 }
 
 bool RawKeyReleases::handleEvent(const xcb_generic_event_t& event) const {
   if ((event.response_type & 0x7F) != XCB_GE_GENERIC) return false;
   const auto& raw = reinterpret_cast<const xcb_input_raw_key_release_event_t&>(event);
-  const bool isRelease = raw.extension == inputExtension_ && raw.event_type == XCB_INPUT_RAW_KEY_RELEASE;
+  if (raw.extension != inputExtension_) return false;
+  if (raw.event_type == XCB_INPUT_RAW_BUTTON_PRESS) buttonPresses_.send(raw.detail);
+  const bool isRelease = raw.event_type == XCB_INPUT_RAW_KEY_RELEASE;
   if (isRelease && !isDisowned(event) && raw.detail <= std::numeric_limits<xcb_keycode_t>::max()) {
     releases_.offer(static_cast<xcb_keycode_t>(raw.detail));
   }
   return false;
 }
 
-// No other code selects raw key events of the master devices, so the mask can be replaced.
-void RawKeyReleases::select(std::uint32_t mask) const {
-  if (inputExtension_ == 0) return;
+// A request replaces what this client selected before for the same device number. The toolkit, on the same connection,
+// selects for all devices; for the master devices no other code does.
+void RawKeyReleases::select() {
+  std::uint32_t mask = 0;
+  if (keyWatchers_ > 0) mask |= XCB_INPUT_XI_EVENT_MASK_RAW_KEY_RELEASE;
+  if (buttonWatchers_ > 0) mask |= XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS;
+  if (inputExtension_ == 0 || std::exchange(selected_, mask) == mask) return;
   struct {
     xcb_input_event_mask_t head{XCB_INPUT_DEVICE_ALL_MASTER, 1};
     std::uint32_t mask;

@@ -1,7 +1,6 @@
 #include "platform/linux/x11/keyboard/x11_recording_keyboard.h"
 
-#include <xcb/xinput.h>
-
+#include <cstdint>
 #include <utility>
 
 #include "base/trace.h"
@@ -14,11 +13,6 @@ constexpr std::uint32_t kLastWheelButton = 7;
 
 }  // namespace
 
-X11RecordingKeyboard::X11RecordingKeyboard(X11Connection& connection, X11KeyStream& keys, std::uint8_t inputExtension)
-    : connection_(connection), keys_(keys), inputExtension_(inputExtension) {
-  eventHandler_ = connection.addEventHandler([this](const xcb_generic_event_t& event) { return handleEvent(event); });
-}
-
 std::optional<Subscription> X11RecordingKeyboard::take(Observer observer) {
   release();
   if (keys_.overlayHasKeyboard()) return std::nullopt;
@@ -29,7 +23,7 @@ std::optional<Subscription> X11RecordingKeyboard::take(Observer observer) {
     return std::nullopt;
   }
   observer_ = std::move(observer);
-  selectClicks(true);
+  buttons_ = rawEvents_.watchButtons([this](std::uint32_t button) { pressed(button); });
   return Subscription([this] { release(); });
 }
 
@@ -54,7 +48,7 @@ bool X11RecordingKeyboard::grabInCore() const {
 // Ungrabbing a keyboard that is not held has no effect.
 void X11RecordingKeyboard::release() {
   if (!isHeld_) return;
-  selectClicks(false);
+  buttons_.reset();
   keys_.endRecording();
   if (usesXi2_) {
     keys_.xi2().ungrabKeyboard();
@@ -67,7 +61,7 @@ void X11RecordingKeyboard::release() {
 
 // The overlay's grab replaces the recording's.
 void X11RecordingKeyboard::lose() {
-  selectClicks(false);
+  buttons_.reset();
   setHeld(false);
   if (const auto lost = observer_.onLost) lost();
 }
@@ -81,24 +75,9 @@ Subscription X11RecordingKeyboard::onHeldChanged(std::function<void(bool)> obser
   return Subscription([this] { heldObserver_ = nullptr; });
 }
 
-// No other code selects events of all devices, so the mask can be replaced.
-void X11RecordingKeyboard::selectClicks(bool isWanted) const {
-  if (inputExtension_ == 0) return;
-  struct {
-    xcb_input_event_mask_t head{XCB_INPUT_DEVICE_ALL, 1};
-    std::uint32_t mask;
-  } selection{.mask = isWanted ? std::uint32_t{XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS} : 0U};
-  xcb_input_xi_select_events(connection_.get(), connection_.root(), 1, &selection.head);
-  connection_.flush();
-}
-
-bool X11RecordingKeyboard::handleEvent(const xcb_generic_event_t& event) const {
-  if (!isHeld_ || (event.response_type & 0x7F) != XCB_GE_GENERIC) return false;
-  const auto& raw = reinterpret_cast<const xcb_input_raw_button_press_event_t&>(event);
-  if (raw.extension != inputExtension_ || raw.event_type != XCB_INPUT_RAW_BUTTON_PRESS) return false;
-  const bool isWheel = raw.detail >= kFirstWheelButton && raw.detail <= kLastWheelButton;
+void X11RecordingKeyboard::pressed(std::uint32_t button) const {
+  const bool isWheel = button >= kFirstWheelButton && button <= kLastWheelButton;
   if (const auto click = observer_.onClick; click && !isWheel) click();
-  return false;
 }
 
 }  // namespace rondora::x11

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <xcb/xcb.h>
-
 #include <cstdint>
 #include <functional>
+#include <optional>
 
 #include "base/observable.h"
 #include "platform/linux/x11/connection/x11_connection.h"
+#include "platform/linux/x11/keyboard/raw_key_releases.h"
 #include "platform/linux/x11/keyboard/x11_key_stream.h"
 #include "platform/recording_keyboard.h"
 
@@ -16,8 +16,9 @@ namespace rondora::x11 {
 /// heard as raw events and reach their windows. An overlay that opens takes the keyboard over. Main thread.
 class X11RecordingKeyboard final : public RecordingKeyboard {
  public:
-  /// `inputExtension` is the extension's major opcode; with 0 (none) clicks are not heard.
-  X11RecordingKeyboard(X11Connection& connection, X11KeyStream& keys, std::uint8_t inputExtension);
+  /// The references must outlive the object.
+  X11RecordingKeyboard(X11Connection& connection, X11KeyStream& keys, RawKeyReleases& rawEvents)
+      : connection_(connection), keys_(keys), rawEvents_(rawEvents) {}
   ~X11RecordingKeyboard() override { release(); }
 
   std::optional<Subscription> take(Observer observer) override;
@@ -30,18 +31,17 @@ class X11RecordingKeyboard final : public RecordingKeyboard {
   void release();
   void lose();
   void setHeld(bool isHeld);
-  void selectClicks(bool isWanted) const;
-  bool handleEvent(const xcb_generic_event_t& event) const;
+  void pressed(std::uint32_t button) const;
 
   X11Connection& connection_;
   X11KeyStream& keys_;
-  std::uint8_t inputExtension_;
+  RawKeyReleases& rawEvents_;
   bool isHeld_ = false;
   /// The server refuses the core protocol while a passive XI2 grab is active, such as one of the event tap.
   bool usesXi2_ = false;
   Observer observer_;
   std::function<void(bool)> heldObserver_;
-  Subscription eventHandler_;
+  Subscription buttons_;
 };
 
 }  // namespace rondora::x11
