@@ -36,6 +36,8 @@ class HotkeyEditing {
 
   /// For the settings window; its functions are valid as long as this object.
   HotkeyList list();
+  /// Ends a recording without a result.
+  void cancel();
 
  private:
   /// What was wrong with the latest recording.
@@ -45,7 +47,6 @@ class HotkeyEditing {
   };
 
   void toggleRecording(const Uuid& menu);
-  void cancel();
   void recorded(const HotkeyConfig& hotkey);
   std::string problem(const HotkeyConfig& hotkey, const Uuid& menu) const;
   void assign(const Uuid& menu, const HotkeyConfig& hotkey);

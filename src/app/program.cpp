@@ -49,10 +49,16 @@ void Program::start() {
   if (platform_.onInstalledApplicationsChanged) {
     installedApplications_ = platform_.onInstalledApplicationsChanged([this] { iconsChanged(); });
   }
-  lockOrSleep_ = platform_.sessionEvents.onLockOrSleep([this] { switchboard_.dismiss(); });
+  lockOrSleep_ = platform_.sessionEvents.onLockOrSleep([this] { releaseInput(); });
   delegate_.applicationDidFinishLaunching();
   platform_.instance.serve(sessionRequests());
   if (platform_.warmUp) platform_.mainQueue.async(platform_.warmUp);
+}
+
+/// A screen lock needs keyboard and pointer for itself.
+void Program::releaseInput() {
+  switchboard_.dismiss();
+  hotkeyEditing_.cancel();
 }
 
 Subscription Program::decodeIcon(PictureRequest request, PictureDecoder::Completion completion) {

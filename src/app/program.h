@@ -70,6 +70,7 @@ class Program {
   HotkeyEditing::Services hotkeyEditingServices();
   LoginSwitch loginSwitch();
 
+  void releaseInput();
   void iconsChanged();
   std::string listOfWorkingHotkeys() const;
   void statusItemEvaluated(const std::optional<std::string>& problem);

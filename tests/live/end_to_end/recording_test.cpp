@@ -87,7 +87,21 @@ TEST_F(RecordingTest, KeyCodesAreThoseOfTheKeyOnAnyLayout) {
   client_.keyUp(key::control);
 }
 
-TEST_F(RecordingTest, EscapeFocusAndClicksEndItAndTheWindowStays) {
+TEST_F(RecordingTest, FnAloneAndWithAKey) {
+  constexpr std::uint8_t kMenuKey = 135;  // in the place of Fn
+  startRecording();
+  pressTogether(kMenuKey, key::n);
+  EXPECT_TRUE(waitForHotkey(45, 0x20000));
+  EXPECT_TRUE(waitForEnd() && waitForRest());
+  startRecording();
+  client_.tap(kMenuKey);
+  EXPECT_TRUE(waitForHotkey(63, 0));
+  EXPECT_TRUE(waitForEnd() && waitForRest());
+}
+
+TEST_F(RecordingTest, EscapeARingALockClicksAndFocusEndIt) {
+  const auto file = RunningProgram::document(desktop_);
+  const std::string main = Document::parse(readFile(file))["menus"][0]["id"];
   const auto end = [&](auto how) {
     startRecording();
     how();
@@ -96,6 +110,14 @@ TEST_F(RecordingTest, EscapeFocusAndClicksEndItAndTheWindowStays) {
   };
   end([&] { client_.tap(key::escape); });
   EXPECT_EQ(client_.title(client_.activeWindow()), "Rondora Settings") << "Escape did not close the window";
+  end([&] {
+    ASSERT_TRUE(trigger(main) && program_->waitForRing());
+    client_.tap(key::escape);
+  });
+  end([&] {
+    desktop_.outputOf({"gdbus", "emit", "--session", "--object-path", "/org/freedesktop/login1/session/_32", "--signal",
+                       "org.freedesktop.login1.Session.Lock"});
+  });
   end([&] { client_.click(); });
   client_.requestActivation(program_->managedWindows().front());
   ASSERT_TRUE(waitForSettings());

@@ -47,6 +47,12 @@ TEST_F(HotkeyEditingTest, RecordedHotkeyIsSavedAndWorksAtOnce) {
   EXPECT_FALSE(desktop.keyboard.isRegistered(kKKey, kControlOption));
 }
 
+TEST_F(HotkeyEditingTest, LockOfTheScreenEndsTheRecording) {
+  list.toggleRecording(rows.at(1).menuId);
+  desktop.session.lock();
+  EXPECT_FALSE(rows.at(1).isRecording || desktop.keyboard.isTaken());
+}
+
 TEST_F(HotkeyEditingTest, SaysWhyAHotkeyIsNotTaken) {
   record({Key::kControlKey, Key::kOptionKey, Key::kSpaceKey});
   EXPECT_THAT(rows.at(1).note, HasSubstr("main"));
