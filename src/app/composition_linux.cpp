@@ -167,6 +167,7 @@ Platform CompositionLinux::Running::platform() {
       .instance = presence.instance,
       .makeSerialQueue =
           [](auto label) { return std::make_unique<desktop::SerialThread>(std::string(label), desktop::nameThread); },
+      .wantTrackpads = [this](bool wants) { permissions.wantTrackpads(wants); },
       .useInterfaceLanguage = useInterfaceLanguage,
       .onInstalledApplicationsChanged =
           [this](std::function<void()> observer) { return installed.onChanged(std::move(observer)); },

@@ -93,6 +93,9 @@ struct Platform {
 
   /// Never empty.
   std::function<std::unique_ptr<SerialQueue>(std::string_view label)> makeSerialQueue;
+  /// Told whether a menu opens with a tap on the trackpad: before the permissions are first read, and after changes of
+  /// the document.
+  std::function<void(bool)> wantTrackpads;
   /// Sets the language of the toolkit's own texts.
   std::function<void(AppLanguage)> useInterfaceLanguage;
   /// The observer is called when applications were installed or removed.

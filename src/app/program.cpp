@@ -15,6 +15,7 @@ Program::Program(const Platform& platform)
       keptDocuments_(platform.defaults),
       config_(configServices()),
       edits_(config_, platform.mainQueue),
+      trackpadWish_(passOnTrackpadWish()),
       permissions_(platform.permissionService, platform.mainQueue, platform.shell),
       activationHistory_(platform.workspace),
       runningAppsMenuItems_(platform.workspace, activationHistory_, platform.environment.bundleIdentifier()),
@@ -40,6 +41,13 @@ Program::Program(const Platform& platform)
       [this](const PieConfiguration& configuration) { favicons_.prefetch(configuration); });
   documentActions_ = config_.configuration().subscribe([this](const PieConfiguration& configuration) {
     actionFailures_.retain([&](const MenuAction& action) { return configuration.hasItem(action); });
+  });
+}
+
+Subscription Program::passOnTrackpadWish() const {
+  if (!platform_.wantTrackpads) return {};
+  return config_.configuration().subscribe([this](const PieConfiguration& configuration) {
+    platform_.wantTrackpads(!configuration.trackpadGestureTargets().empty());
   });
 }
 

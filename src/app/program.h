@@ -62,6 +62,7 @@ class Program {
   const std::optional<std::string>& statusItemProblem() const { return statusItemProblem_; }
 
  private:
+  Subscription passOnTrackpadWish() const;
   ActionServices::Ports actionPorts() const;
   PieMenuWindowController::Ports ringPorts() const;
   PieMenuWindowController::Environment ringEnvironment();
@@ -90,6 +91,7 @@ class Program {
   EditSession edits_;
   LocalizationStore localization_;
   Subscription interfaceLanguage_;
+  Subscription trackpadWish_;
   PermissionsMonitor permissions_;
   RunningAppsActivationHistory activationHistory_;
   RunningAppsMenuItems runningAppsMenuItems_;

@@ -37,15 +37,31 @@ TEST(SessionPermissions, TellsOfDevicesThatComeAndBecomeReadable) {
     readable();
     return news == before + 1;
   };
-  EXPECT_TRUE(permissions.preflightListenEventAccess());
+  writeFile(folder.path() / "another", "");
+  EXPECT_FALSE(isTold()) << "not where the devices are";
   std::filesystem::create_directory(devices);
   EXPECT_TRUE(isTold());
   writeFile(devices / "event0", "");
   EXPECT_TRUE(isTold());
   trackpads.state = TrackpadAccess::unreadable;
-  EXPECT_FALSE(permissions.preflightListenEventAccess());
+  EXPECT_TRUE(permissions.preflightListenEventAccess()) << "no trackpad is wanted";
   std::filesystem::permissions(devices / "event0", std::filesystem::perms::owner_read);
   EXPECT_TRUE(isTold());
+  const int before = news;
+  permissions.wantTrackpads(true);
+  EXPECT_FALSE(permissions.preflightListenEventAccess());
+  EXPECT_EQ(news, before + 1);
+  std::filesystem::remove_all(devices);
+  EXPECT_TRUE(isTold());
+  std::filesystem::create_directory(devices);
+  EXPECT_TRUE(isTold()) << "the folder is back";
+}
+
+TEST(SessionPermissions, PromisesNoNewsWithoutAWatch) {
+  const SomeTrackpads trackpads;
+  const auto watch = [](int, std::function<void()>) { return Subscription([] {}); };
+  SessionPermissions permissions(true, trackpads, watch, "/is/missing/input");
+  EXPECT_FALSE(permissions.onMayHaveChanged([] {}));
 }
 
 }  // namespace

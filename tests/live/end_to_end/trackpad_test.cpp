@@ -6,17 +6,39 @@ namespace {
 
 using std::chrono_literals::operator""s;
 
-/// A computer with a trackpad, on which a menu opens with three fingers.
-class TrackpadTest : public EndToEndTest {
+/// A computer with a trackpad.
+class ComputerWithTrackpadTest : public EndToEndTest {
  protected:
-  TrackpadTest() {
-    Document tapped = menu("Tapped", kControlAltSpace, snippetItems("Tapped", 4), -45);
-    tapped["trackpadFingerCount"] = 3;
+  void startWithMenu(Hotkey hotkey, int fingers) {
+    Document tapped = menu("Tapped", hotkey, snippetItems("Tapped", 4), -45);
+    tapped["trackpadFingerCount"] = fingers;
     std::vector<std::string> command = kernel_.environment();
     command.insert(command.begin(), "env");
     command.push_back(RunningProgram::file());
     program_.emplace(desktop_, client_, document({tapped}).dump(), Introduction::seen, command);
   }
+
+  MockTrackpads kernel_;
+  MockTrackpad& trackpad_ = kernel_.connect(5);
+};
+
+// Super+Tab, because only the hotkeys of the event tap make the welcome return.
+TEST_F(ComputerWithTrackpadTest, WelcomeReturnsOnlyWhenATapIsWantedButUnreadable) {
+  constexpr Hotkey kSuperTab{48, 0x100};
+  kernel_.withhold(5);
+  startWithMenu(kSuperTab, 0);
+  EXPECT_TRUE(waitForRest());
+  EXPECT_TRUE(program_->managedWindows().empty());
+  startWithMenu(kSuperTab, 3);
+  EXPECT_TRUE(waitForActive("Welcome to Rondora"));
+  kernel_.grant(5);
+  EXPECT_TRUE(waitUntil([&] { return program_->managedWindows().empty(); })) << "all is granted";
+}
+
+/// A menu opens with three fingers.
+class TrackpadTest : public ComputerWithTrackpadTest {
+ protected:
+  TrackpadTest() { startWithMenu(kControlAltSpace, 3); }
 
   std::ptrdiff_t starts(const std::string& devices) const {
     std::istringstream log(readFile(desktop_.logFile("env")));
@@ -25,9 +47,6 @@ class TrackpadTest : public EndToEndTest {
     for (std::string line; std::getline(log, line);) count += line.find(expected) == std::string::npos ? 0 : 1;
     return count;
   }
-
-  MockTrackpads kernel_;
-  MockTrackpad& trackpad_ = kernel_.connect(5);
 };
 
 TEST_F(TrackpadTest, TapOpensTheRingAtThePointerAndAClickRunsTheItem) {

@@ -46,6 +46,7 @@ Platform ProgramTest::platform() {
           .subActions = subActions,
           .instance = instance,
           .makeSerialQueue = [this](std::string_view) { return desktop.serialQueue(); },
+          .wantTrackpads = [this](bool wants) { wantsTrackpads = wants; },
           .useInterfaceLanguage = [this](AppLanguage language) { languages.push_back(language); },
           .onInstalledApplicationsChanged = {},
           .warmUp = {},

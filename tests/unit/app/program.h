@@ -72,6 +72,7 @@ class ProgramTest : public testing::Test {
   std::vector<std::string> ending;
   /// The languages set for the toolkit.
   std::vector<AppLanguage> languages;
+  bool wantsTrackpads = false;
   RunningApplication browser;
   RunningApplication editor;
   Program program{platform()};

@@ -244,6 +244,7 @@ void ProgramStory::addObservations() {
       {"introduced", [this] { return yesOrNo(desktop.defaults.boolean(AppLaunchState::kHasSeenPermissionIntro)); }},
       {"told-of-hidden-item",
        [this] { return yesOrNo(desktop.defaults.boolean(AppLaunchState::kHasShownHiddenStatusItem)); }},
+      {"wants-trackpads", [this] { return yesOrNo(wantsTrackpads); }},
       {"listen-requests", [this, count] { return count(desktop.permissions.listenRequests); }},
       {"activations", [this, count] { return count(desktop.shell.activations); }},
       {"terminations", [this, count] { return count(desktop.shell.terminations); }},

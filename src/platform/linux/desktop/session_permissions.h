@@ -8,10 +8,12 @@
 #include "platform/posix/file_descriptor.h"
 #include "platform/trackpads.h"
 
+struct inotify_event;
+
 namespace rondora::desktop {
 
-/// The permissions of a desktop session: synthetic input works, and the trackpads, if there are any, may be read. The
-/// kernel tells of devices that come, go or change their access rights. Main thread.
+/// The permissions of a desktop session: synthetic input works, and the trackpads, if there are any and the program
+/// wants them, may be read. The kernel tells of devices that come, go or change their access rights. Main thread.
 class SessionPermissions final : public PermissionService {
  public:
   using WatchReadable = std::function<Subscription(int descriptor, std::function<void()> readable)>;
@@ -21,21 +23,30 @@ class SessionPermissions final : public PermissionService {
                      std::filesystem::path deviceFolder = "/dev/input");
 
   bool isProcessTrusted() const override { return canType_; }
-  bool preflightListenEventAccess() const override { return trackpads_.access() != TrackpadAccess::unreadable; }
+  bool preflightListenEventAccess() const override {
+    return !wantsTrackpads_ || trackpads_.access() != TrackpadAccess::unreadable;
+  }
   /// No request exists: an administrator grants both.
   void promptForTrust() override {}
   void requestListenEventAccess() override {}
   std::optional<Subscription> onMayHaveChanged(std::function<void()> observer) override;
+  /// False at first.
+  void wantTrackpads(bool wants);
 
  private:
-  void watchDevices() const;
+  bool watchDevices();
+  bool watchDeviceFolder() const;
+  bool isNews(const inotify_event& event) const;
   void readNews();
 
   const bool canType_;
   const Trackpads& trackpads_;
+  bool wantsTrackpads_ = false;
   std::filesystem::path deviceFolder_;
   Signal<> mayHaveChanged_;
   FileDescriptor notifications_;
+  /// Watches the parent of the device folder while that is missing; negative for none.
+  int parentWatch_ = -1;
   Subscription readable_;
 };
 

@@ -33,14 +33,15 @@ TrackpadArrivals::TrackpadArrivals(InputFolders folders, const WatchReadable& wa
       udev_monitor_enable_receiving(monitor_.get()) >= 0) {
     monitorWatch_ = watchReadable(udev_monitor_get_fd(monitor_.get()), [this] { udevReported(); });
   }
-  nodesWatch_ = watchReadable(nodes_.get(), [this] { nodesChanged(); });
+  if (nodes_.isOpen()) nodesWatch_ = watchReadable(nodes_.get(), [this] { nodesChanged(); });
   watchNodes();
   readable_ = readableNumbers();
 }
 
 /// A grant changes the mode or the access list of a node; nodes appear even where no udev runs. Watching a folder again
 /// has no effect, and without any input device it does not exist.
-void TrackpadArrivals::watchNodes() {
+void TrackpadArrivals::watchNodes() const {
+  if (!nodes_.isOpen()) return;
   constexpr std::uint32_t kChanges = IN_ATTRIB | IN_CREATE | IN_DELETE;
   ::inotify_add_watch(nodes_.get(), folders_.nodes.c_str(), kChanges);
 }

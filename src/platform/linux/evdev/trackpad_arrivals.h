@@ -22,7 +22,7 @@ class TrackpadArrivals {
   TrackpadArrivals(InputFolders folders, const WatchReadable& watchReadable, std::function<void()> arrived);
 
  private:
-  void watchNodes();
+  void watchNodes() const;
   void udevReported();
   void nodesChanged();
   /// Announces if there is a readable trackpad that was not there at the last call, or `isConnected`.
