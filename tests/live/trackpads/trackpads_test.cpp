@@ -4,8 +4,10 @@
 #include <cmath>
 
 #include "desktop/wait.h"
+#include "doubles/allocation_counter.h"
 #include "doubles/stories.h"
 #include "input/gestures/trackpad_frames.h"
+#include "platform/linux/evdev/contact_decoder.h"
 #include "platform/linux/evdev/evdev_multitouch.h"
 #include "platform/linux/evdev/input_trackpads.h"
 #include "trackpads/mock_trackpads.h"
@@ -127,6 +129,23 @@ struct RecordingStory : Story {
 };
 
 TEST(TrackpadsTest, Recordings) { playStories<RecordingStory>("trackpad_recordings"); }
+
+TEST(ContactDecoderTest, FramesAllocateNothing) {
+  const UniqueCPtr<libevdev, libevdev_free> device(libevdev_new());
+  const input_absinfo slots{.value = 0, .minimum = 0, .maximum = 4, .fuzz = 0, .flat = 0, .resolution = 0};
+  for (const unsigned axis : {ABS_MT_SLOT, ABS_MT_TRACKING_ID, ABS_MT_POSITION_X, ABS_MT_POSITION_Y}) {
+    libevdev_enable_event_code(device.get(), EV_ABS, axis, &slots);
+  }
+  desktop::ContactDecoder decoder(*device);
+  for (const unsigned fingers : {0U, 1U, 4U, 5U, 2U, 0U}) {
+    for (unsigned slot = 0; slot < 5; ++slot) {
+      libevdev_set_slot_value(device.get(), slot, ABS_MT_TRACKING_ID, slot < fingers ? static_cast<int>(slot) : -1);
+    }
+    const std::size_t before = allocationCount();
+    EXPECT_GE(decoder.decodeFrame().size(), fingers);
+    EXPECT_EQ(allocationCount() - before, 0U) << fingers;
+  }
+}
 
 }  // namespace
 }  // namespace rondora::live

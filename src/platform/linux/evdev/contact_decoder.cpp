@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 #include <iterator>
+#include <utility>
 
 namespace rondora::desktop {
 namespace {
@@ -10,6 +11,10 @@ namespace {
 /// In the order of their number of fingers, from one.
 constexpr unsigned kFingerTools[] = {BTN_TOOL_FINGER, BTN_TOOL_DOUBLETAP, BTN_TOOL_TRIPLETAP, BTN_TOOL_QUADTAP,
                                      BTN_TOOL_QUINTTAP};
+
+// Two places where no finger is, far from each other and from the surface.
+constexpr float kLeftTo = -1;
+constexpr float kCameFrom = -3;
 
 /// Identifiers of fingers that have no tracking id, which is never negative.
 constexpr std::int32_t identifierWithoutSlot(int finger) { return -1 - finger; }
@@ -29,7 +34,21 @@ ContactDecoder::ContactDecoder(const libevdev& device)
     : device_(device),
       hasOnlyABox_(libevdev_has_property(&device, INPUT_PROP_SEMI_MT) != 0 || slotCountOf(device) == 0),
       slots_(slotCountOf(device)) {
-  records_.reserve(2 * slots_.size() + std::size(kFingerTools));  // a slot may end one contact and begin another
+  records_.reserve(2 * slots_.size() + std::size(kFingerTools) + 1);  // a slot may end one contact and begin another
+  if (hasOnlyABox_) {
+    countedFingers_ = fingersByTool();
+    countsFromBefore_ = countedFingers_ > 0;
+    reported_ = middle().value_or(Place{});
+  } else {
+    for (unsigned slot = 0; slot < slots_.size(); ++slot) takeOverSlot(slot);
+  }
+}
+
+void ContactDecoder::takeOverSlot(unsigned slot) {
+  const int trackingId = libevdev_get_slot_value(&device_, slot, ABS_MT_TRACKING_ID);
+  if (trackingId < 0) return;
+  const bool isFinger = stateOf(slot) == contact_record::touching;
+  slots_[slot] = {.trackingId = trackingId, .isFinger = isFinger, .isFromBefore = isFinger, .place = placeOf(slot)};
 }
 
 std::span<const ContactDecoder::Record> ContactDecoder::decodeFrame() {
@@ -60,9 +79,10 @@ void ContactDecoder::decodeSlot(unsigned slot) {
   // A finger that turns out to be a palm has not been lifted: it leaves the surface once, so its gesture is no tap.
   if (!isNew && last.isFinger && state == contact_record::lingering) {
     state = contact_record::touching;
-    place = {-1, -1};
+    place = {kLeftTo, kLeftTo};
   }
-  last = {trackingId, isFinger, place};
+  if (!isNew && last.isFromBefore) add(trackingId, contact_record::touching, {kCameFrom, kCameFrom});
+  last = {.trackingId = trackingId, .isFinger = isFinger, .place = place};
   add(trackingId, state, place);
 }
 
@@ -81,6 +101,9 @@ void ContactDecoder::decodeByTool(int fingers) {
     if (countedFingers_ == 0) reported_ = *now;
     if (fingers != countedFingers_) shift_ = {reported_.x - now->x, reported_.y - now->y};
     reported_ = {now->x + shift_.x, now->y + shift_.y};
+  }
+  if (std::exchange(countsFromBefore_, false) && fingers > 0) {
+    add(identifierWithoutSlot(0), contact_record::touching, {kCameFrom, kCameFrom});
   }
   for (int finger = 0; finger < std::max(fingers, countedFingers_); ++finger) {
     const auto state = finger >= fingers           ? contact_record::outOfRange

@@ -15,7 +15,7 @@ namespace rondora::desktop {
 
 /// Turns the state of a trackpad into contact records. A trackpad with a slot for each finger (multitouch protocol B)
 /// yields a record for each tracking id. Others, which report fewer positions than fingers, are counted by their tool
-/// bits. One thread.
+/// bits. A gesture with a finger that was down before the decoder was made has moved, so it is no tap. One thread.
 class ContactDecoder {
  public:
   using Record = std::array<std::byte, contact_record::kSize>;
@@ -34,6 +34,7 @@ class ContactDecoder {
   struct Contact {
     int trackingId = -1;
     bool isFinger = false;
+    bool isFromBefore = false;
     Place place;
   };
 
@@ -42,8 +43,7 @@ class ContactDecoder {
   Place placeOf(unsigned slot) const;
   contact_record::State stateOf(unsigned slot) const;
   int fingersByTool() const;
-  std::size_t slotCount() const { return slots_.size(); }
-
+  void takeOverSlot(unsigned slot);
   void decodeSlot(unsigned slot);
   void decodeFingersWithoutSlot(int fingers);
   void decodeByTool(int fingers);
@@ -58,6 +58,7 @@ class ContactDecoder {
   /// Of a trackpad that has only a box: the number of fingers, where all of them are reported, and how far that is from
   /// the middle of the box, which jumps when the number changes.
   int countedFingers_ = 0;
+  bool countsFromBefore_ = false;
   Place reported_;
   Place shift_;
 };

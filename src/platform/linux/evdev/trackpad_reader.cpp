@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <libevdev/libevdev.h>
+#include <poll.h>
 #include <sys/epoll.h>
 #include <sys/eventfd.h>
 #include <unistd.h>
@@ -53,6 +54,10 @@ class TrackpadReader::Trackpad {
       : node_(std::move(node)), device_(std::move(device)), decoder_(*device_), callback_(std::move(callback)) {}
 
   int descriptor() const { return node_.get(); }
+  bool hasVanished() const {
+    pollfd polled{node_.get(), 0, 0};
+    return ::poll(&polled, 1, 0) > 0;  // only errors and the hang-up, which need no request
+  }
 
   /// Delivers the frames that have arrived; false when the device cannot be read any more. After lost events
   /// (SYN_DROPPED) libevdev reads the state of the device and reports the difference.
@@ -142,10 +147,12 @@ void TrackpadReader::run() {
   }
 }
 
-void TrackpadReader::read(MultitouchDevice device, bool hasVanished) {
+// While the event waited for the lock, another node may have been opened for the same device.
+void TrackpadReader::read(MultitouchDevice device, bool mayHaveVanished) {
   const auto found = trackpads_.find(device);
   if (found == trackpads_.end()) return;
-  if (!found->second->deliverFrames(device) || hasVanished) trackpads_.erase(found);
+  const Trackpad& trackpad = *found->second;
+  if (!found->second->deliverFrames(device) || (mayHaveVanished && trackpad.hasVanished())) trackpads_.erase(found);
 }
 
 }  // namespace rondora::desktop

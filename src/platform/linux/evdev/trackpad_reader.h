@@ -12,8 +12,9 @@
 
 namespace rondora::desktop {
 
-/// Reads the open trackpads on one thread, which sleeps while none is touched and exists while one is open. It grabs no
-/// device, so pointer and gestures of the desktop stay as they are. Main thread.
+/// Reads the open trackpads on one thread, which sleeps while none is touched. It starts with the first `open`; a
+/// `close` that leaves no trackpad open ends it. No device is grabbed, so pointer and gestures of the desktop stay as
+/// they are. Main thread.
 class TrackpadReader {
  public:
   /// Names the calling thread.
@@ -37,7 +38,7 @@ class TrackpadReader {
   void endThread();
   void run();
   /// Delivers what has arrived at a device; forgets a device that has vanished. With the lock.
-  void read(MultitouchDevice device, bool hasVanished);
+  void read(MultitouchDevice device, bool mayHaveVanished);
 
   NameThread nameThread_;
   FileDescriptor epoll_;
