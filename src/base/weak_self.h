@@ -6,7 +6,8 @@
 namespace rondora {
 
 /// Makes callbacks that hold their object weakly. Declare it as the last member and wrap each callback in bind(). After
-/// the object's destruction the callback does nothing and returns a default value. Main thread only.
+/// the object's destruction the callback does nothing and returns a default value. Callbacks may be copied and
+/// destroyed on any thread, and are called on the main thread.
 template <class T>
 class WeakSelf {
  public:

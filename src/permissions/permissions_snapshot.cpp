@@ -11,16 +11,14 @@ constexpr std::string_view kNewerPane = "x-apple.systempreferences:com.apple.set
 }  // namespace
 
 void PermissionsSnapshot::requestAccessibility(const Ports& ports) {
-  if (ports.permissions.isProcessTrusted()) return;
-  ports.permissions.promptForTrust();
+  if (!ports.permissions.isProcessTrusted()) ports.permissions.promptForTrust();
   ports.mainQueue.after(kPaneDelay, [ports] {
     if (!ports.permissions.isProcessTrusted()) openSettingsPane(ports.workspace, "Privacy_Accessibility");
   });
 }
 
 void PermissionsSnapshot::requestInputMonitoring(const Ports& ports) {
-  if (ports.permissions.preflightListenEventAccess()) return;
-  ports.permissions.requestListenEventAccess();
+  if (!ports.permissions.preflightListenEventAccess()) ports.permissions.requestListenEventAccess();
   ports.mainQueue.after(kPaneDelay, [ports] {
     if (!ports.permissions.preflightListenEventAccess()) openSettingsPane(ports.workspace, "Privacy_ListenEvent");
   });

@@ -29,8 +29,8 @@ struct PermissionsSnapshot {
   /// From the system's own request to the check whether the pane must be opened, in seconds.
   static constexpr double kPaneDelay = 0.6;
 
-  /// Shows the system's request and, if the user has not granted it after `kPaneDelay`, the pane of the settings. No
-  /// effect when it is granted already.
+  /// Shows the system's request unless the permission is granted already, and the pane of the settings if it is not
+  /// granted after `kPaneDelay`.
   static void requestAccessibility(const Ports& ports);
   static void requestInputMonitoring(const Ports& ports);
   /// Opens the pane of the system's settings for privacy at that place, by its older address, else by its newer one.

@@ -12,7 +12,7 @@ TrackpadGestureMonitor::TrackpadGestureMonitor(const Services& services) : servi
   frames_ = std::make_shared<TrackpadFrames>(
       [&mainQueue = services.mainQueue,
        report = weakSelf_.bind([](TrackpadGestureMonitor& self, std::int64_t fingerCount) {
-         if (self.onTap) self.onTap(fingerCount);
+         if (const auto tap = self.onTap) tap(fingerCount);  // a copy: it may destroy the monitor
        })](std::int64_t fingerCount) { mainQueue.async([report, fingerCount] { report(fingerCount); }); });
 }
 

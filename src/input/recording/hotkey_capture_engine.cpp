@@ -8,6 +8,7 @@ namespace rondora {
 void HotkeyCaptureEngine::start() {
   if (isRecording_.value()) return;
   isRecording_.send(true);
+  if (!isRecording_.value() || recorder_) return;  // an observer stopped it, or even started it again
   auto recorder = makeRecorder();
   if (recorder->start()) {
     recorder_ = std::move(recorder);
@@ -35,7 +36,8 @@ std::unique_ptr<HotkeyRecordingEventTap> HotkeyCaptureEngine::makeRecorder() {
 
 void HotkeyCaptureEngine::stop() {
   if (!isRecording_.value()) return;
-  recorder_.reset();
+  // Destroyed last: the observers see the end first.
+  const auto recorder = std::move(recorder_);
   isRecording_.send(false);
 }
 

@@ -22,7 +22,8 @@ void call(const Callback& callback, const Arguments&... arguments) {
 
 HotkeyRecorder::HotkeyRecorder(const Ports& ports) : ports_(ports), engine_(ports.eventMonitors, ports.mainQueue) {
   engine_.onCaptured = [this](std::int64_t keyCode, std::int64_t modifiers, bool isFnHeld) {
-    captured({keyCode, modifiers | (isFnHeld ? carbon::kFunction : 0)});
+    // Some systems set the modifier bit for function and arrow keys too: the flag decides.
+    captured({keyCode, (modifiers & ~carbon::kFunction) | (isFnHeld ? carbon::kFunction : 0)});
   };
   engine_.onEscape = [this] { cancelled(); };
 }

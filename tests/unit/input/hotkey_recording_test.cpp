@@ -101,6 +101,24 @@ TEST_F(HotkeyRecordingTest, EndsAtOnceWithoutMonitorsAndOutlivesItsOwner) {
   EXPECT_EQ(keyboard.monitorCount(), 0U);
 }
 
+TEST_F(HotkeyRecordingTest, ObserversSeeTheEndFirstAndMayStopAtOnce) {
+  const HotkeyRecordingEventTap* atEnd = nullptr;
+  std::size_t monitorsAtEnd = 0;
+  bool stopsAtOnce = false;
+  const auto observer = engine.isRecording().subscribe([&](bool isRecording) {
+    if (isRecording && stopsAtOnce) engine.stop();
+    if (!isRecording) atEnd = engine.recorder(), monitorsAtEnd = keyboard.monitorCount();
+  });
+  engine.start();
+  engine.stop();
+  EXPECT_EQ(atEnd, nullptr);
+  EXPECT_GT(monitorsAtEnd, 0U) << "stopped after the observers know";
+  stopsAtOnce = true;
+  engine.start();
+  EXPECT_EQ(engine.recorder(), nullptr);
+  EXPECT_EQ(keyboard.monitorCount(), 0U);
+}
+
 TEST_F(HotkeyRecordingTest, RecordsCombinationsAndFnAlone) {
   EXPECT_EQ(record({Key::kControlKey, Key::kOptionKey, Key::kSpaceKey}),
             (HotkeyConfig{Key::kSpaceKey, carbon::kControl | carbon::kOption}));

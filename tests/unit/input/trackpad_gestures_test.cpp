@@ -105,7 +105,9 @@ TEST(TrackpadGesturesTest, FramesOfAKnownDeviceAllocateNothing) {
   story.startMonitor({"3", "4", "5"});
   const auto frames = [&](double from) {
     for (const std::size_t fingers : {0U, 1U, 4U, 5U, 5U, 2U, 0U}) {
-      const auto bytes = FakeMultitouch::records(std::vector<Contact>(fingers, Contact{7, 0.5F, 0.5F}));
+      std::vector<Contact> touches(fingers, Contact{0, 0.5F, 0.5F});
+      for (std::size_t i = 0; i < fingers; ++i) touches[i].identifier = static_cast<std::int32_t>(i);
+      const auto bytes = FakeMultitouch::records(touches);
       const std::size_t before = allocationCount();
       story.monitor.contactFrame(1, bytes.data(), static_cast<std::int32_t>(fingers), from += 1);
       EXPECT_EQ(allocationCount() - before, 0U) << fingers;
