@@ -17,13 +17,16 @@ class AutostartEntryTest : public testing::Test {
   AutostartEntryTest() {
     environment.variables["XDG_CONFIG_HOME"] = (folder.path() / "config").string();
     environment.variables["XDG_CONFIG_DIRS"] = (folder.path() / "xdg").string();
+    writeFile(program, "");
+    std::filesystem::permissions(program, std::filesystem::perms::owner_all);
   }
-  AutostartEntry entry() { return AutostartEntry(environment, files, "/opt/a \"b\" $c 100%/rondora"); }
+  AutostartEntry entry() { return AutostartEntry(environment, files, program); }
   std::filesystem::path file(const std::string& base) const {
     return folder.path() / base / "autostart/io.github.rondora.Rondora.desktop";
   }
 
   TemporaryFolder folder;
+  const std::filesystem::path program = folder.path() / R"(a "b" $c/rondora)";
   FakeProcessEnvironment environment;
   PosixFileSystem files{PosixFileSystem::Folders{}};
 };
@@ -33,21 +36,25 @@ TEST_F(AutostartEntryTest, SwitchedOnAndOffItsStateIsReadFromTheFile) {
   ASSERT_EQ(entry().add(), std::nullopt);
   EXPECT_TRUE(entry().isListed());
   const std::string text = readFile(file("config"));
-  EXPECT_THAT(text, HasSubstr(R"(Exec="/opt/a \\"b\\" \\$c 100%%/rondora")"));
-  for (const char* const off : {"Hidden=true\n", "X-GNOME-Autostart-enabled=false\n"}) {
+  EXPECT_THAT(text, HasSubstr(R"(/a \\"b\\" \\$c/rondora")"));
+  for (const char* const off : {"Hidden=true\n", "X-GNOME-Autostart-enabled=false\n", "OnlyShowIn=Another;\n",
+                                "TryExec=/is/missing\n", "Exec=/is/missing\n"}) {
     writeFile(file("config"), text + off + "X-KDE-Mine=yes\n");
     EXPECT_FALSE(entry().isListed()) << off;
     ASSERT_EQ(entry().add(), std::nullopt);
     EXPECT_TRUE(entry().isListed()) << off;
     EXPECT_THAT(readFile(file("config")), HasSubstr("X-KDE-Mine=yes")) << "the user's own line";
   }
+  ASSERT_EQ(AutostartEntry(environment, files, "/is/missing/100%").add(), std::nullopt);
+  EXPECT_THAT(readFile(file("config")), HasSubstr("100%%"));
+  EXPECT_FALSE(entry().isListed()) << "its program is missing";
   ASSERT_EQ(entry().remove(), std::nullopt);
   ASSERT_EQ(entry().remove(), std::nullopt);
   EXPECT_FALSE(std::filesystem::exists(file("config")));
 }
 
 TEST_F(AutostartEntryTest, HidesTheSystemsEntryAndReportsFailures) {
-  writeFile(file("xdg"), "[Desktop Entry]\nType=Application\nName=Rondora\nExec=rondora\n");
+  writeFile(file("xdg"), "[Desktop Entry]\nType=Application\nName=Rondora\nExec=sh\n");
   EXPECT_TRUE(entry().isListed());
   ASSERT_EQ(entry().remove(), std::nullopt);
   EXPECT_FALSE(entry().isListed());

@@ -55,9 +55,12 @@ class AutostartEntry::Entry {
     g_key_file_load_from_data(file_.get(), text->data(), text->size(), kKeepAll, nullptr);
   }
 
+  /// This session's desktop starts it: its program is there, and the entry is meant for that desktop.
   bool starts() const {
-    return g_key_file_has_key(file_.get(), kGroup, G_KEY_FILE_DESKTOP_KEY_EXEC, nullptr) &&
-           !g_key_file_get_boolean(file_.get(), kGroup, G_KEY_FILE_DESKTOP_KEY_HIDDEN, nullptr) && isEnabled();
+    const GOwned<GDesktopAppInfo> info(g_desktop_app_info_new_from_keyfile(file_.get()));
+    return info && g_app_info_get_executable(G_APP_INFO(info.get())) != nullptr &&
+           !g_desktop_app_info_get_is_hidden(info.get()) && g_desktop_app_info_get_show_in(info.get(), nullptr) &&
+           isEnabled();
   }
 
   void start(const std::string& program) {
@@ -66,7 +69,10 @@ class AutostartEntry::Entry {
     set(G_KEY_FILE_DESKTOP_KEY_ICON, std::string(program_identity::kBundleIdentifier));
     set(G_KEY_FILE_DESKTOP_KEY_EXEC, quotedArgument(program));
     set(G_KEY_FILE_DESKTOP_KEY_TRY_EXEC, program);
-    g_key_file_remove_key(file_.get(), kGroup, G_KEY_FILE_DESKTOP_KEY_HIDDEN, nullptr);
+    for (const char* const key :
+         {G_KEY_FILE_DESKTOP_KEY_HIDDEN, G_KEY_FILE_DESKTOP_KEY_ONLY_SHOW_IN, G_KEY_FILE_DESKTOP_KEY_NOT_SHOW_IN}) {
+      g_key_file_remove_key(file_.get(), kGroup, key, nullptr);
+    }
     g_key_file_set_boolean(file_.get(), kGroup, kEnabled, TRUE);
   }
 
