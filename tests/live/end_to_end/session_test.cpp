@@ -44,6 +44,8 @@ TEST_F(SessionTest, SecondStartShowsTheSettingsOfTheFirst) {
   EXPECT_EQ(startAgain(), 0);
   EXPECT_TRUE(waitForSettings());
   closeWindows();
+  EXPECT_EQ(startAgain("RONDORA_RELAUNCH=1"), 0);
+  EXPECT_TRUE(waitForRest() && program_->managedWindows().empty()) << "a relaunched program asks for no window";
   EXPECT_EQ(startAgain(kNoBus), 0) << "found by the lock file";
   EXPECT_TRUE(waitForSettings());
   EXPECT_EQ(program_->boundKeys(), 4U);
