@@ -84,6 +84,7 @@ TEST_F(TrackpadTest, TrackpadsThatArriveAreReadAndAllOfThemAfterWaking) {
   trackpad_.tap(3, 3s);
   EXPECT_TRUE(program_->waitForRing());
   client_.tap(key::escape);
+  EXPECT_TRUE(program_->waitForNoRing()) << "a tap would close it too";
   kernel_.disconnect(5);
   second.tap(3, 5s);
   EXPECT_TRUE(program_->waitForRing());
