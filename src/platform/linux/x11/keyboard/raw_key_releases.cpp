@@ -36,6 +36,13 @@ Subscription RawKeyReleases::counted(int& watchers, Subscription entry) {
   });
 }
 
+// An event carries the number of the latest request that the server has handled: another request follows, so that the
+// user's next events differ.
+void RawKeyReleases::disown(std::uint32_t request) {
+  disowned_[nextDisowned_++ % disowned_.size()] = request;
+  xcb_no_operation(connection_.get());
+}
+
 bool RawKeyReleases::handleEvent(const xcb_generic_event_t& event) const {
   if ((event.response_type & 0x7F) != XCB_GE_GENERIC) return false;
   const auto& raw = reinterpret_cast<const xcb_input_raw_key_release_event_t&>(event);

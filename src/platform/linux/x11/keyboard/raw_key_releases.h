@@ -27,8 +27,9 @@ class RawKeyReleases {
   [[nodiscard]] Subscription watch(CallbackList<xcb_keycode_t>::Callback observer);
   /// Reports the button's number for every press after this request.
   [[nodiscard]] Subscription watchButtons(Signal<std::uint32_t>::Slot observer);
-  /// The request with this number fakes a key of this program's own: the event that it causes is not the user's.
-  void disown(std::uint32_t request) { disowned_[nextDisowned_++ % disowned_.size()] = request; }
+  /// The latest request, with this number, fakes a key of this program's own: the event that it causes is not the
+  /// user's.
+  void disown(std::uint32_t request);
   bool isDisowned(const xcb_generic_event_t& event) const {
     return std::find(disowned_.begin(), disowned_.end(), event.full_sequence) != disowned_.end();
   }
