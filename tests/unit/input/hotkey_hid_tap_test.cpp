@@ -95,8 +95,10 @@ class TapStory : public TapBench {
       happened += taps.isSwallowed(kTypes.at(event), keyCode, flags) ? "swallow " : "pass ";
     } else if (event == "stop") {
       tap->stop();
-    } else if (event != "tick") {
+    } else if (event == "allow" || event == "forbid") {
       taps.isAllowed = event == "allow";
+    } else {
+      EXPECT_TRUE(event == "tick" || event.empty()) << event;  // empty at the end of the file
     }
   }
 
