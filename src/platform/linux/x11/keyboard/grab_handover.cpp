@@ -13,6 +13,11 @@ GrabHandover::GrabHandover(X11Connection& connection, const Xi2Keyboard& keyboar
   available_ = extension != nullptr && extension->present != 0;
 }
 
+GrabHandover::~GrabHandover() {
+  silence(typed_);
+  connection_.flush();
+}
+
 void GrabHandover::add(xcb_keycode_t key, bool isDown) {
   if (keys_.size() < kMaxKeys) keys_.push_back({key, isDown});
 }

@@ -19,6 +19,10 @@ class GrabHandover {
  public:
   /// Arguments must outlive the object.
   GrabHandover(X11Connection& connection, const Xi2Keyboard& keyboard, RawKeyReleases& rawReleases);
+  /// Releases what is still typed.
+  ~GrabHandover();
+  GrabHandover(const GrabHandover&) = delete;
+  GrabHandover& operator=(const GrabHandover&) = delete;
 
   bool available() const { return available_; }
 

@@ -31,7 +31,10 @@ TapKeyGrabs::TapKeyGrabs(const X11Connection& connection, const X11Keymap& keyma
 // The masks are those of now: the tap is made anew when the modifiers move.
 void TapKeyGrabs::add(const TapKey& key) {
   if (hasFn(key) && !std::exchange(bindsFn_, true)) grabs_.push_back({{kFnKeyCode, 0}, fnKey(), {kAnyModifier}});
-  if (key.keyCode == kFnKeyCode) return;
+  if (key.keyCode == kFnKeyCode || !std::in_range<std::uint32_t>(key.keyCode) ||
+      !std::in_range<std::uint32_t>(key.carbonModifiers)) {
+    return;
+  }
   const auto code = xKeyCode(static_cast<std::uint32_t>(key.keyCode));
   const auto modifiers = keymap_.xModifiers(static_cast<std::uint32_t>(key.carbonModifiers & ~carbon::kFunction));
   if (!code || !modifiers) return;
@@ -47,38 +50,43 @@ void TapKeyGrabs::request(Grab& grab) const {
   grab.request = keyboard_.grab(grab.code, grab.modifiers);
 }
 
+// The grab of a key with Fn may be the one without, too.
+void TapKeyGrabs::ungrab(const Grab& grab) const {
+  const bool isShared = std::ranges::any_of(grabs_, [&](const Grab& other) {
+    return isDue(other) && other.code == grab.code && other.modifiers == grab.modifiers;
+  });
+  if (!isShared) keyboard_.ungrab(grab.code, grab.modifiers);
+}
+
 void TapKeyGrabs::collect() const {
   for (Grab& grab : grabs_) {
     if (!grab.request) continue;
-    grab.isGranted = keyboard_.isGranted(*std::exchange(grab.request, std::nullopt));
-    trace::line("grab: tap ", int{grab.code}, grab.isGranted ? " is ours" : " belongs to another client");
+    grab.isRefused = !keyboard_.isGranted(*std::exchange(grab.request, std::nullopt));
+    trace::line("grab: tap ", int{grab.code}, grab.isRefused ? " belongs to another client" : " is ours");
   }
 }
 
 // All requests go out before the first reply is awaited.
 void TapKeyGrabs::grabAll() {
   isGrabbing_ = true;
-  for (Grab& grab : grabs_) request(grab);
-  collect();
-  for (const Grab& grab : grabs_) {
-    if (!isDue(grab)) keyboard_.ungrab(grab.code, grab.modifiers);
+  for (Grab& grab : grabs_) {
+    if (isDue(grab)) request(grab);
   }
-  connection_.flush();
+  collect();
 }
 
 void TapKeyGrabs::ungrabAll() {
   if (!std::exchange(isGrabbing_, false)) return;
   collect();
-  for (const Grab& grab : grabs_) keyboard_.ungrab(grab.code, grab.modifiers);
+  for (const Grab& grab : grabs_) ungrab(grab);
   connection_.flush();
 }
 
+// An identical grab of the same client replaces the old one without a gap.
 void TapKeyGrabs::retake() {
   collect();
   for (Grab& grab : grabs_) {
-    if (!isDue(grab)) continue;
-    keyboard_.ungrab(grab.code, grab.modifiers);
-    request(grab);
+    if (isDue(grab)) request(grab);
   }
   connection_.flush();
 }
@@ -91,18 +99,31 @@ void TapKeyGrabs::renew(xcb_keycode_t code) {
 
 void TapKeyGrabs::setFnHeld(bool isHeld) {
   isFnHeld_ = isHeld;
+  if (!isGrabbing_) return;
   for (Grab& grab : grabs_) {
     if (!grab.needsFn) continue;
-    isHeld ? request(grab) : keyboard_.ungrab(grab.code, grab.modifiers);
+    isHeld ? request(grab) : ungrab(grab);
   }
   connection_.flush();
 }
 
-bool TapKeyGrabs::isGranted(const TapKey& key) const {
-  collect();
-  return std::any_of(grabs_.begin(), grabs_.end(), [&](const Grab& grab) {
-    return grab.key.keyCode == key.keyCode && grab.key.carbonModifiers == key.carbonModifiers && grab.isGranted;
+const TapKeyGrabs::Grab* TapKeyGrabs::grabOf(const TapKey& key) const {
+  const auto found = std::ranges::find_if(grabs_, [&](const Grab& grab) {
+    return grab.key.keyCode == key.keyCode && grab.key.carbonModifiers == key.carbonModifiers;
   });
+  return found == grabs_.end() ? nullptr : &*found;
+}
+
+bool TapKeyGrabs::isGranted(const TapKey& key) const {
+  const Grab* grab = grabOf(key);
+  if (grab == nullptr || !isGrabbing_ || isRefused(key)) return false;
+  return !grab->needsFn || !isRefused({kFnKeyCode, 0});
+}
+
+bool TapKeyGrabs::isRefused(const TapKey& key) const {
+  collect();
+  const Grab* grab = grabOf(key);
+  return grab != nullptr && grab->isRefused;
 }
 
 bool TapKeyGrabs::contain(xcb_keycode_t code, std::uint16_t state) const {

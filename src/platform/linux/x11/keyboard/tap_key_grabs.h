@@ -28,7 +28,7 @@ class TapKeyGrabs {
   TapKeyGrabs(const TapKeyGrabs&) = delete;
   TapKeyGrabs& operator=(const TapKeyGrabs&) = delete;
 
-  /// Waits for one reply. The keys that go with Fn are tried, to know whether they can be had.
+  /// Waits for one reply.
   void grabAll();
   void ungrabAll();
   /// Makes the grabs the newest ones, without waiting.
@@ -38,8 +38,10 @@ class TapKeyGrabs {
   void setFnHeld(bool isHeld);
 
   bool bindsFn() const { return bindsFn_; }
-  /// May wait for replies.
+  /// The tap receives the key. May wait for replies. A key that goes with Fn counts as granted until Fn is first held.
   bool isGranted(const TapKey& key) const;
+  /// Another client keeps the key; false where no key of this keyboard makes the combination. May wait for replies.
+  bool isRefused(const TapKey& key) const;
   /// One of the grabs that are made now is for this key in this state.
   bool contain(xcb_keycode_t code, std::uint16_t state) const;
 
@@ -50,14 +52,16 @@ class TapKeyGrabs {
     /// X masks.
     std::vector<std::uint32_t> modifiers;
     bool needsFn = false;
-    bool isGranted = false;
+    bool isRefused = false;
     std::optional<Xi2Keyboard::PassiveGrab> request = std::nullopt;
   };
 
   void add(const TapKey& key);
   bool isDue(const Grab& grab) const { return isGrabbing_ && (!grab.needsFn || isFnHeld_); }
   void request(Grab& grab) const;
+  void ungrab(const Grab& grab) const;
   void collect() const;
+  const Grab* grabOf(const TapKey& key) const;
 
   const X11Connection& connection_;
   const X11Keymap& keymap_;

@@ -26,12 +26,9 @@ class X11EventTaps::Tap final : public EventTap {
         eventMask_(eventMask),
         callback_(std::move(callback)) {
     taps_.tap_ = this;
+    grabs.setFnHeld(taps_.isFnHeld_);
   }
-  ~Tap() override {
-    taps_.tap_ = nullptr;
-    taps_.otherReleases_.reset();
-    taps_.keymap_.setFnHeld(false, fnKey());
-  }
+  ~Tap() override { taps_.tap_ = nullptr; }
 
   Subscription addToRunLoop() override {
     isListening_ = true;
@@ -98,15 +95,18 @@ std::vector<EventTapRecord> X11EventTaps::list() const {
 
 std::int32_t X11EventTaps::ownProcess() const { return getpid(); }
 
-bool X11EventTaps::receives(const TapKey& key) const { return tap_ != nullptr && tap_->receives(key); }
+bool X11EventTaps::isRefused(const TapKey& key) const { return tap_ != nullptr && tap_->grabs.isRefused(key); }
 
-// The server looks for a grab of another client, or of ours through XI2, before it looks at the window.
+// The server looks for another client's grab, or one of the other protocol, before it looks at the window. So a grab of
+// ours, also one whose events have not been read yet, is refused in one protocol only.
 bool X11EventTaps::isEnabled() const {
+  const Xi2Keyboard& xi2 = keys_.xi2();
   const auto cookie =
       xcb_grab_keyboard(connection_.get(), 0, probe_, XCB_CURRENT_TIME, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+  const auto xi2Reply = xi2.available() ? xi2.reply(xi2.grabKeyboard(XCB_CURRENT_TIME, probe_)) : nullptr;
   const Reply<xcb_grab_keyboard_reply_t> reply(xcb_grab_keyboard_reply(connection_.get(), cookie, nullptr));
-  const bool isGrabbed = reply && reply->status == XCB_GRAB_STATUS_ALREADY_GRABBED;
-  return isGrabbed && !keys_.mayHoldKeyboard();
+  const auto isGrabbed = [](const auto& answer) { return answer && answer->status == XCB_GRAB_STATUS_ALREADY_GRABBED; };
+  return isGrabbed(reply) && isGrabbed(xi2Reply);
 }
 
 bool X11EventTaps::offer(std::uint32_t type, std::int64_t keyCode, std::uint64_t flags) const {
@@ -114,11 +114,13 @@ bool X11EventTaps::offer(std::uint32_t type, std::int64_t keyCode, std::uint64_t
 }
 
 bool X11EventTaps::handleKey(const X11Key& key) {
-  if (tap_ == nullptr || !tap_->isLive()) return false;
-  if (key.code == fnKey() && tap_->grabs.bindsFn()) return handleFn(key);
-  if (keymap_.isModifierKey(key.code)) return false;
-  mayTypeMenuKey_ = false;
   const bool isDown = key.direction == KeyDirection::down;
+  const bool isFn = key.code == fnKey();
+  if (isFn && isFnHeld_ && !isDown) return handleFn(key);
+  if (!isFn && keymap_.isModifierKey(key.code)) return false;
+  if (!isFn) mayTypeMenuKey_ = false;
+  if (tap_ == nullptr || !tap_->isLive()) return false;
+  if (isFn && tap_->grabs.bindsFn()) return handleFn(key);
   const bool isReleaseOfOurs = !isDown && key.taker == KeyConsumer::tap;
   if (isDown && !key.isRepeat) pressedWithFn_[key.code] = keymap_.fnFlag() != 0;
   const std::uint64_t fn = pressedWithFn_[key.code] ? event_flags::kFunction : 0;
@@ -127,38 +129,46 @@ bool X11EventTaps::handleKey(const X11Key& key) {
   return offer(isDown ? tap_events::kKeyDown : tap_events::kKeyUp, virtualKeyCode(key.code), flags);
 }
 
-// The tap's answer decides only whether the key is typed when it goes up: Fn itself goes to no client.
+// The tap's answer decides only whether the key is typed when it goes up: Fn itself goes to no client. Flags do not
+// change with a repeat.
 bool X11EventTaps::handleFn(const X11Key& key) {
   const std::uint64_t modifiers = keymap_.eventFlags(key.state);
   if (key.direction == KeyDirection::up) {
-    const bool isTyped = mayTypeMenuKey_ && !isAnyKeyDown();
-    releaseFn(key);
+    const bool isTyped = std::exchange(mayTypeMenuKey_, false) && !isAnyKeyDown();
+    releaseFn();
     offer(tap_events::kFlagsChanged, kFnKeyCode, modifiers);
     if (isTyped) typeMenuKey();
-  } else if (offer(tap_events::kFlagsChanged, kFnKeyCode, modifiers | event_flags::kFunction)) {
-    pressFn(key);
-    mayTypeMenuKey_ = false;
-  } else {
-    if (!key.isRepeat) mayTypeMenuKey_ = key.target == KeyTarget::hotkey;
-    pressFn(key);
+  } else if (!key.isRepeat) {
+    const bool isSwallowed = offer(tap_events::kFlagsChanged, kFnKeyCode, modifiers | event_flags::kFunction);
+    mayTypeMenuKey_ = !isSwallowed && key.target == KeyTarget::hotkey;
+    pressFn();
   }
   return true;
 }
 
-void X11EventTaps::pressFn(const X11Key& key) {
-  if (key.isRepeat) return;
-  tap_->grabs.setFnHeld(true);
-  keymap_.setFnHeld(true, key.code);
+void X11EventTaps::pressFn() {
+  setFnHeld(true);
   otherReleases_ = rawReleases_.watch([this](xcb_keycode_t released) {
     if (released != fnKey()) mayTypeMenuKey_ = false;
     return false;
   });
 }
 
-void X11EventTaps::releaseFn(const X11Key& key) {
+void X11EventTaps::releaseFn() {
   otherReleases_.reset();
-  tap_->grabs.setFnHeld(false);
-  keymap_.setFnHeld(false, key.code);
+  setFnHeld(false);
+}
+
+void X11EventTaps::setFnHeld(bool isHeld) {
+  const bool wasHeld = std::exchange(isFnHeld_, isHeld);
+  if (wasHeld != isHeld && heldObserver_) heldObserver_(isHeld);
+  if (tap_ != nullptr) tap_->grabs.setFnHeld(isHeld);
+  keymap_.setFnHeld(isHeld, fnKey());
+}
+
+Subscription X11EventTaps::onHeldChanged(std::function<void(bool)> observer) {
+  heldObserver_ = std::move(observer);
+  return Subscription([this] { heldObserver_ = nullptr; });
 }
 
 // Until window managers have followed the change, too.
@@ -184,7 +194,7 @@ bool X11EventTaps::isAnyKeyDown() const {
   return false;
 }
 
-// Past the own grab.
+// The grab of this program is gone meanwhile, so that the focused client receives the key.
 void X11EventTaps::typeMenuKey() const {
   const xcb_keycode_t code = fnKey();
   keys_.xi2().ungrab(code, kAnyModifier);

@@ -4,6 +4,7 @@
 
 #include <bitset>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -33,16 +34,19 @@ class X11EventTaps final : public EventTaps, public SecureInput {
   std::vector<EventTapRecord> list() const override;
   std::int32_t ownProcess() const override;
   bool isEnabled() const override;
-  /// The live tap receives the key.
-  bool receives(const TapKey& key) const;
+  /// Another client keeps the key from the tap.
+  bool isRefused(const TapKey& key) const;
+  /// Called with true when Fn goes down, which makes grabs that outlast each key press, with false when it is up.
+  [[nodiscard]] Subscription onHeldChanged(std::function<void(bool)> observer);
 
  private:
   class Tap;
 
   bool handleKey(const X11Key& key);
   bool handleFn(const X11Key& key);
-  void pressFn(const X11Key& key);
-  void releaseFn(const X11Key& key);
+  void pressFn();
+  void releaseFn();
+  void setFnHeld(bool isHeld);
   bool offer(std::uint32_t type, std::int64_t keyCode, std::uint64_t flags) const;
   void typeMenuKey() const;
   bool isAnyKeyDown() const;
@@ -58,6 +62,9 @@ class X11EventTaps final : public EventTaps, public SecureInput {
   xcb_window_t probe_;
   /// By X key code: keys whose press came while Fn was held.
   std::bitset<256> pressedWithFn_;
+  /// Outlasts a tap: the next one may be made while the key is down.
+  bool isFnHeld_ = false;
+  std::function<void(bool)> heldObserver_;
   /// Fn has been held alone so far, and the tap did not swallow it.
   bool mayTypeMenuKey_ = false;
   Subscription otherReleases_;

@@ -43,7 +43,7 @@ std::string keyboardOptions(const X11Connection& connection) {
 }  // namespace
 
 X11HotkeyService::X11HotkeyService(X11Connection& connection, X11Keymap& keymap, X11KeyStream& keys)
-    : connection_(connection), keymap_(keymap), grabbedMasks_(keymap.masks()) {
+    : connection_(connection), keymap_(keymap), keyStream_(keys), grabbedMasks_(keymap.masks()) {
   keys_ = keys.consume(KeyConsumer::hotkeys, [this](const X11Key& key) { return handleKey(key); });
   keymapObserver_ = keymap.onChanged([this] { followKeymap(); });
 }
@@ -59,7 +59,7 @@ std::optional<Subscription> X11HotkeyService::registerEventHotKey(std::uint32_t 
                                                                   EventHotKeyID id) {
   const auto key = xKeyCode(keyCode);
   const auto modifiers = keymap_.xModifiers(carbonModifiers);
-  if (!key || !modifiers || !existsHere(connection_, *key)) return std::nullopt;
+  if (!key || !modifiers || !existsHere(connection_, *key) || keyStream_.isHeldByTap(*key)) return std::nullopt;
   const Combination combination{*key, *modifiers};
   if (!isNeeded(combination) && !grab(combination)) return std::nullopt;
   registrations_.push_back({++lastNumber_, *key, carbonModifiers, id, modifiers});

@@ -59,6 +59,7 @@ class X11HotkeyService : public HotkeyService {
 
   X11Connection& connection_;
   X11Keymap& keymap_;
+  X11KeyStream& keyStream_;
   std::vector<Registration> registrations_;
   std::uint64_t lastNumber_ = 0;
   /// The masks with which the current grabs were made.

@@ -101,8 +101,9 @@ bool X11KeyStream::grabHeldKey(xcb_keycode_t key) {
   HeldKey& held = held_[key];
   held.isSilenced = held.taker == KeyConsumer::tap && tapGrabs_.handOver && tapGrabs_.handOver(key);
   if (held.isSilenced) return false;
-  xi2_.grabHeld(key);
   held.isGrabbed = true;
+  reportGrabbedKeys();
+  xi2_.grabHeld(key);
   trace::line("grab: key ", int{key}, " until its release");
   return true;
 }
@@ -123,6 +124,7 @@ void X11KeyStream::ungrabHeldKeys() {
   trace::line("grab: held keys are ungrabbed");
   xi2_.ungrabKeyboard();
   connection_.flush();
+  reportGrabbedKeys();
 }
 
 void X11KeyStream::ungrabHeldKey(xcb_keycode_t key) {
@@ -204,7 +206,15 @@ bool X11KeyStream::hasGrabbedHeldKey() const {
   return std::any_of(held_.begin(), held_.end(), [](const HeldKey& key) { return key.isGrabbed; });
 }
 
-bool X11KeyStream::mayHoldKeyboard() const { return overlayHasKeyboard_ || tapKey_ || hasGrabbedHeldKey(); }
+void X11KeyStream::reportGrabbedKeys() {
+  const bool hasAny = hasGrabbedHeldKey();
+  if (std::exchange(hasGrabbedKey_, hasAny) != hasAny && heldObserver_) heldObserver_(hasAny);
+}
+
+Subscription X11KeyStream::onHeldChanged(std::function<void(bool)> observer) {
+  heldObserver_ = std::move(observer);
+  return Subscription([this] { heldObserver_ = nullptr; });
+}
 
 bool X11KeyStream::isTapPress(const xcb_key_press_event_t& event) const {
   return !hasGrabbedHeldKey() && tapGrabs_.contain && tapGrabs_.contain(event.detail, event.state);
@@ -216,8 +226,9 @@ void X11KeyStream::handleTapPress(const xcb_key_press_event_t& event) {
   const bool isRepeat = held_[event.detail].isDown;
   handlePress(event);
   if (isRepeat) return;
-  const bool isForClient = !isFirst && !held_[event.detail].taker;
+  const bool isForClient = !held_[event.detail].taker;
   if (isForClient) handover_.add(event.detail, true);
+  if (isForClient && isFirst) return handOver();
   if (isForClient || (tapGrabs_.handOver && tapGrabs_.handOver(event.detail))) handOverSoon();
 }
 
@@ -239,19 +250,21 @@ void X11KeyStream::handOver() {
   handover_.handOver(silenced);
 }
 
-// A key that was not held is new input: from the next key on other clients receive their keys again. This press itself
-// is lost to them, because an asynchronous grab cannot replay it. The grab is active even where no held key is left:
-// its key may have been pressed again before the ungrab reached the server.
+// A key that was not held is new input: from the next key on other clients receive their keys again. This press is
+// handed over, because an asynchronous grab cannot replay it; a modifier key has set its modifier all the same, and
+// typing a lock key would undo it. The grab is active even where no held key is left: its key may have been pressed
+// again, or the document registered again, before the ungrab reached the server.
 void X11KeyStream::handleHeldPress(const xcb_key_press_event_t& event) {
-  const bool isRepeat = held_[event.detail].isDown;
-  if (!isRepeat) {
-    ungrabHeldKeys();
-    xi2_.ungrabKeyboard();
-    connection_.flush();
-  }
-  handlePress(event);
-  if (isRepeat) return;
+  if (held_[event.detail].isDown) return handlePress(event);
   watchRawReleases();
+  ungrabHeldKeys();
+  xi2_.ungrabKeyboard();
+  connection_.flush();
+  handlePress(event);
+  if (!held_[event.detail].taker && !keymap_.isModifierKey(event.detail) && handover_.available()) {
+    handover_.add(event.detail, true);
+    handOver();
+  }
   forgetKeysThatAreUp();
 }
 
@@ -286,6 +299,7 @@ void X11KeyStream::noteUp(xcb_keycode_t code) {
   if (std::exchange(held.isGrabbed, false)) {
     ungrabHeldKey(code);
     connection_.flush();
+    reportGrabbedKeys();
   }
   deliver(latest(code, KeyDirection::up));
   if (tapKey_ == code) endTapGrab();

@@ -57,9 +57,8 @@ struct X11Key {
 ///
 /// A key of a passive grab is followed until its release, also past the overlay's grab; releases that go to other
 /// clients arrive as raw events. Repeats of a key that outlasts the overlay reach no client: the stream grabs that key
-/// until its release. While the key of a tap's grab is down, that grab also receives all other keys; those that no
-/// consumer takes are handed over to the focused client unless the overlay takes the keyboard first. Main thread;
-/// allocates nothing per event.
+/// until its release. Keys that an XI2 grab receives and no consumer takes are handed over to the focused client,
+/// unless the overlay takes the keyboard first. Main thread; allocates nothing per event.
 class X11KeyStream {
  public:
   /// Returns true when it takes the event.
@@ -83,8 +82,10 @@ class X11KeyStream {
   bool supportsTapGrabs() const { return xi2_.available() && handover_.available(); }
   /// A passive grab of XI2 is active, so an active one of the core protocol would be refused.
   bool isXi2GrabActive() const { return tapKey_.has_value(); }
-  /// This program may have grabbed the keyboard.
-  bool mayHoldKeyboard() const;
+  /// A tap grabs the key with any modifiers, before every other grab.
+  bool isHeldByTap(xcb_keycode_t key) const {
+    return tapGrabs_.handOver && tapGrabs_.handOver(key) && tapGrabs_.contain(key, 0);
+  }
 
   /// One callback per consumer. After the tap, repeats and release of a key go first to the consumer that took its
   /// press.
@@ -104,6 +105,9 @@ class X11KeyStream {
   /// is called, which must call neither `endRecording` nor ungrab the keyboard.
   void beginRecording(std::function<void()> lost);
   void endRecording();
+  bool isRecording() const { return recordingLost_ != nullptr; }
+  /// Called with true before the stream grabs a key that outlasts the overlay, with false once it holds none any more.
+  [[nodiscard]] Subscription onHeldChanged(std::function<void(bool)> observer);
   /// Call it just before typing into another program: ends the grabs of keys that outlast the overlay.
   void ungrabHeldKeys();
 
@@ -129,6 +133,7 @@ class X11KeyStream {
   void handleTapPress(const xcb_key_press_event_t& event);
   void handleHeldPress(const xcb_key_press_event_t& event);
   bool hasGrabbedHeldKey() const;
+  void reportGrabbedKeys();
   bool isTapPress(const xcb_key_press_event_t& event) const;
   void handleRelease(const xcb_key_release_event_t& event);
   void note(const xcb_key_press_event_t& event);
@@ -160,6 +165,9 @@ class X11KeyStream {
   /// By X key code.
   std::array<HeldKey, 256> held_;
   int downCount_ = 0;
+  /// As last reported.
+  bool hasGrabbedKey_ = false;
+  std::function<void(bool)> heldObserver_;
   /// State, time and pointer of the latest key event.
   X11Key latest_;
   /// When the latest press was handled, in seconds of the steady clock.

@@ -53,8 +53,8 @@ void Xi2Keyboard::ungrabHeld(xcb_keycode_t key) const {
   if (available()) ungrab(key, kAnyModifier);
 }
 
-Xi2Keyboard::ActiveGrab Xi2Keyboard::grabKeyboard(xcb_timestamp_t time) const {
-  return xcb_input_xi_grab_device(connection_.get(), connection_.root(), time, XCB_CURSOR_NONE, device_,
+Xi2Keyboard::ActiveGrab Xi2Keyboard::grabKeyboard(xcb_timestamp_t time, xcb_window_t window) const {
+  return xcb_input_xi_grab_device(connection_.get(), window, time, XCB_CURSOR_NONE, device_,
                                   XCB_INPUT_GRAB_MODE_22_ASYNC, XCB_INPUT_GRAB_MODE_22_ASYNC,
                                   XCB_INPUT_GRAB_OWNER_NO_OWNER, 1, &kKeyEvents);
 }
