@@ -1,3 +1,4 @@
+#include "platform/linux/x11/keyboard/x11_recording_keyboard.h"
 #include "x11_test.h"
 
 namespace rondora::live {
@@ -14,9 +15,10 @@ class EventTapsTest : public X11Test {
   using X11Test::X11Test;
   void SetUp() override { other_.takeFocus(); }
 
-  /// A tap of Super+Tab and Fn+N, and of Fn alone if it `swallowsFn`.
+  /// A tap of Super+Tab and Fn+N, and of Fn alone if it `swallowsFn`, in place of an earlier one.
   void startTap(bool swallowsFn) {
-    const TapKey keys[] = {{48, carbon::kCommand}, {45, carbon::kFunction}};
+    endTap();
+    const TapKey keys[] = {{48, carbon::kCommand}, {45, carbon::kFunction}, {48, carbon::kCommand | carbon::kFunction}};
     tap_ = eventTaps_.create(0x1C00, keys, [this, swallowsFn](auto type, auto key, auto flags) {
       const bool isBound = (key == 48 && flags == event_flags::kCommand) ||
                            (key == 45 && flags == event_flags::kFunction) || (swallowsFn && type == 12);
@@ -25,6 +27,10 @@ class EventTapsTest : public X11Test {
     });
     source_ = tap_->addToRunLoop();
     tap_->enable(true);
+  }
+  void endTap() {
+    source_.reset();
+    tap_.reset();
   }
   std::string tapped() {
     drain();
@@ -68,7 +74,7 @@ TEST_F(EventTapsTest, WinsItsKeysFromAWindowManagerAndTakesThemBack) {
   tapTab();
   EXPECT_EQ(tapped(), "10:48 11:48 ");
   EXPECT_EQ(typed(), "+133 -133 +133 -133 +133 -133 ");
-  tap_.reset();
+  endTap();
   manager.keys();
   tapTab();
   EXPECT_EQ(manager.keys(), "+23 -23 ");
@@ -100,9 +106,44 @@ TEST_F(EventTapsTest, TypesOtherKeysAsIfFnWereNotHeld) {
   user_.keyDown(key::q);
   EXPECT_TRUE(eventually([&] { return !user_.isKeyDown(kMenuKey); }));
   user_.keyUp(key::q);
+  drain();
   user_.keyUp(kMenuKey);
   EXPECT_EQ(typed(), "+38 -38 +28 -28 +24 -24 ");
+  EXPECT_EQ(tapped(), "12:63 12:63 12:63 12:63 ");
+  user_.tap(key::n);
+  tapTab();
+  EXPECT_EQ(typed() + tapped(), "+57 -57 +133 -133 10:48 11:48 ");
   EXPECT_TRUE(eventually([&] { return user_.keyboardIsAtRest() && user_.nothingIsGrabbed(); }));
+}
+
+TEST_F(EventTapsTest, FnStaysHeldWhileTheTapIsMadeAnew) {
+  startTap(false);
+  EXPECT_FALSE(registerHotkey(63, carbon::kCommand)) << "the tap takes Fn with any modifiers";
+  int changes = 0;
+  const auto observer = keymap_.onHeldModifiersChanged([&](auto...) { return ++changes == 0; });
+  holdFn();
+  startTap(false);
+  endTap();
+  drain();
+  startTap(false);
+  EXPECT_EQ(keymap_.heldEventFlags(), event_flags::kFunction);
+  user_.tap(key::n);
+  EXPECT_EQ(tapped() + typed(), "10:45 11:45 ");
+  EXPECT_EQ(changes, 1);
+  // Before the program knows that Fn is up its grab of N receives the key.
+  user_.keyUp(kMenuKey);
+  user_.keyDown(key::n);
+  drain();
+  user_.keyUp(key::n);
+  user_.tap(key::n);
+  EXPECT_EQ(tapped() + typed(), "+57 -57 +57 -57 ");
+  EXPECT_EQ(changes, 2);
+  holdFn();
+  endTap();
+  user_.tap(key::n);
+  user_.keyUp(kMenuKey);
+  EXPECT_EQ(tapped() + typed(), "+57 -57 ");
+  EXPECT_EQ(keymap_.heldEventFlags(), 0U);
 }
 
 class RepeatingFnTest : public EventTapsTest {
@@ -139,6 +180,7 @@ TEST_F(EventTapsTest, SecureInputIsAnotherClientsGrab) {
   EXPECT_FALSE(eventTaps_.isEnabled());
   user_.keyDown(key::super);
   user_.keyDown(key::tab);
+  EXPECT_FALSE(eventTaps_.isEnabled()) << "the tap's own grab, whose event is still to come";
   EXPECT_EQ(tapped(), "10:48 ");
   EXPECT_FALSE(eventTaps_.isEnabled()) << "the tap's own grab";
   auto panel = openPanel();
@@ -147,6 +189,22 @@ TEST_F(EventTapsTest, SecureInputIsAnotherClientsGrab) {
   user_.keyUp(key::tab);
   panel.reset();
   user_.keyUp(key::super);
+  drain();
+  EXPECT_TRUE(user_.nothingIsGrabbed());
+}
+
+TEST_F(EventTapsTest, OverlayThatFailsLeavesNoGrabOfTheRecordingBefore) {
+  startTap(true);
+  x11::X11RecordingKeyboard recorder(connection_, keys_, rawReleases_);
+  user_.keyDown(key::super);
+  user_.keyDown(key::tab);
+  drain();
+  const auto recording = recorder.take({});
+  user_.keyUp(key::tab);
+  user_.keyUp(key::super);
+  drain();
+  EXPECT_TRUE(recording && !user_.keyboardIsFree());
+  openPanel().reset();
   drain();
   EXPECT_TRUE(user_.nothingIsGrabbed());
 }

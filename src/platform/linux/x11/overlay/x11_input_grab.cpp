@@ -49,6 +49,7 @@ void X11InputGrab::request(InputGrabSink& sink) {
   polled_.reset();
   attempts_ = 0;
   usesXi2_ = keys_.isXi2GrabActive();
+  followsRecording_ = followsRecording_ || keys_.isRecording();
   keys_.beginOverlay();
   send(connection_.lastEventTime());
 }
@@ -170,9 +171,10 @@ void X11InputGrab::ungrab() {
 }
 
 void X11InputGrab::ungrabKeyboard() {
-  if (!std::exchange(hasKeyboard_, false)) return;
-  if (usesXi2_) return keys_.xi2().ungrabKeyboard();
-  xcb_ungrab_keyboard(connection_.get(), XCB_CURRENT_TIME);
+  const bool isHeld = std::exchange(hasKeyboard_, false);
+  const bool mayBeOfEither = std::exchange(followsRecording_, false);
+  if (mayBeOfEither || (isHeld && usesXi2_)) keys_.xi2().ungrabKeyboard();
+  if (mayBeOfEither || (isHeld && !usesXi2_)) xcb_ungrab_keyboard(connection_.get(), XCB_CURRENT_TIME);
 }
 
 void X11InputGrab::ungrabPointer() {

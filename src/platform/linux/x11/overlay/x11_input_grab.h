@@ -90,6 +90,8 @@ class X11InputGrab {
   /// The keyboard is grabbed through XI2: the server refuses the core protocol while a passive grab of XI2 is active,
   /// and the other way round.
   bool usesXi2_ = false;
+  /// The grab of the recording that the overlay ended may still be active, in either protocol.
+  bool followsRecording_ = false;
   bool isKeyboardReported_ = false;
   bool hasPointer_ = false;
   int attempts_ = 0;
