@@ -80,7 +80,7 @@ struct CompositionLinux::Running {
         presence(ownPresence),
         display(access.connection, access.screenNumber, qtPixelsPerPoint(), mainQueue, installed,
                 presence.environment.bundleIdentifier()),
-        guardLink(guard, display.inputGrab, display.recordingKeyboard, display.keyPoster, mainQueue, watchReadable) {}
+        guardLink(guard, display, mainQueue, watchReadable) {}
 
   Platform platform();
 

@@ -11,25 +11,29 @@ constexpr std::chrono::seconds kBetweenReplacements{10};
 
 }  // namespace
 
-GuardLink::GuardLink(InputGuard& guard, X11InputGrab& inputGrab, X11RecordingKeyboard& recordingKeyboard,
-                     XTestKeyPoster& keyPoster, MainQueue& mainQueue, WatchReadable watchReadable)
+GuardLink::GuardLink(InputGuard& guard, X11Backends& display, MainQueue& mainQueue, WatchReadable watchReadable)
     : guard_(guard), mainQueue_(mainQueue), watchReadable_(std::move(watchReadable)) {
-  grabObserver_ = inputGrab.onHeldChanged([this](bool isHeld) {
-    isRingOpen_ = isHeld;
-    grabsChanged();
-  });
-  recordingObserver_ = recordingKeyboard.onHeldChanged([this](bool isHeld) {
-    isRecording_ = isHeld;
-    grabsChanged();
-  });
-  typingObserver_ = keyPoster.onTyping([this](bool isDown) { typing(isDown); });
+  follow(0, display.inputGrab);
+  follow(1, display.recordingKeyboard);
+  follow(2, display.keys);
+  follow(3, display.eventTaps);
+  typingObserver_ = display.keyPoster.onTyping([this](bool isDown) { typing(isDown); });
   watchGuard();
 }
 
+template <class Holder>
+void GuardLink::follow(std::size_t index, Holder& holder) {
+  holders_[index] = holder.onHeldChanged([this, index](bool isHeld) {
+    holding_[index] = isHeld;
+    grabsChanged();
+  });
+}
+
 void GuardLink::grabsChanged() {
-  const bool isHeld = isRingOpen_ || isRecording_;
+  const bool isHeld = holding_.any();
   guard_.send(isHeld ? GuardMessage::beat : GuardMessage::ungrabbed);
   if (!isHeld) return beats_.reset();
+  if (beats_) return;
   beats_ = mainQueue_.timer(kBeatSeconds, kBeatTolerance, [this] { guard_.send(GuardMessage::beat); });
 }
 
