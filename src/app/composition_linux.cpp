@@ -104,7 +104,7 @@ struct CompositionLinux::Running {
   QtWindows windows{[this] { return program.windowContents(); }};
   x11::X11Backends display;
   desktop::SwitcherKeys switcherKeys{{defaults, log,
-                                      [this](const TapKey& key) { return !display.eventTaps.isRefused(key); },
+                                      [this](const TapKey& key) { return display.eventTaps.isRefused(key); },
                                       [this] { return desktop::shortcutSettingsOf(presence.environment); }}};
   desktop::SessionPermissions permissions{display.keyPoster.available(), trackpads, watchReadable};
   desktop::AutostartEntry autostart{presence.environment, presence.files, desktop::ownProgramFile()};

@@ -18,8 +18,8 @@ TEST(SwitcherKeysTest, TakesTheShortcutFromTheDesktopAndPutsItBackAfterACrash) {
   setenv("GSETTINGS_SCHEMA_DIR", "/usr/share/glib-2.0/schemas", 1);
   FakeUserDefaults defaults;
   FakeLog log;
-  bool isTapped = false;
-  const SwitcherKeys::Services services{defaults, log, [&](const TapKey&) { return isTapped; },
+  bool isRefused = true;
+  const SwitcherKeys::Services services{defaults, log, [&](const TapKey&) { return isRefused; },
                                         [] { return gSettingsShortcuts(kSchema); }};
   const auto settings = gSettingsShortcuts(kSchema);
   ASSERT_NE(settings, nullptr);
@@ -29,6 +29,12 @@ TEST(SwitcherKeysTest, TakesTheShortcutFromTheDesktopAndPutsItBackAfterACrash) {
   EXPECT_EQ(settings->read(kPlace), taken);
   EXPECT_EQ(settings->read("switch-applications-backward"), "['<Shift><Super>Tab', '<Shift><Alt>Tab']");
 
+  const SwitcherKeys::Services otherDesktop{defaults, log, services.isRefused,
+                                            [] { return gSettingsShortcuts("org.gnome.desktop.input-sources"); }};
+  SwitcherKeys(otherDesktop).setEnabled(SymbolicHotKeySwitch::kCommandTab, true);
+  otherDesktop.makeSettings()->write(kPlace, before);
+  settings->write(kPlace, "'Tab'");
+  EXPECT_EQ(settings->read(kPlace), taken) << "another desktop, and a value of another type";
   SwitcherKeys next(services);
   EXPECT_EQ(settings->read(kPlace), before) << "the start after a crash";
   next.setEnabled(SymbolicHotKeySwitch::kCommandTab, false);
@@ -42,11 +48,11 @@ TEST(SwitcherKeysTest, TakesTheShortcutFromTheDesktopAndPutsItBackAfterACrash) {
   EXPECT_EQ(settings->read(kPlace), "['F12']") << "the user has changed it since";
 
   settings->write(kPlace, before);
-  isTapped = true;
+  isRefused = false;
   next.setEnabled(SymbolicHotKeySwitch::kCommandTab, false);
   EXPECT_EQ(settings->read(kPlace), before) << "the grab is enough";
-  isTapped = false;
-  SwitcherKeys({defaults, log, services.isTapped, [] { return nullptr; }})
+  isRefused = true;
+  SwitcherKeys({defaults, log, services.isRefused, [] { return nullptr; }})
       .setEnabled(SymbolicHotKeySwitch::kCommandTab, false);
   EXPECT_TRUE(log.contains(LogLevel::error, "cannot take shortcut 1 from this desktop's application switcher"));
   EXPECT_TRUE(isAccelerator("<shift><Mod4>ISO_Left_Tab", ShortcutSettings::Shortcut::commandShiftTab));

@@ -1,5 +1,6 @@
 #include <gio/gio.h>
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/linux/desktop/glib_owned.h"
@@ -47,6 +48,8 @@ class XfconfShortcuts final : public ShortcutSettings {
  public:
   bool isReachable() const { return xfconf_.isReachable(); }
 
+  std::string name() const override { return kService; }
+
   std::vector<Change> changesFor(Shortcut shortcut) override {
     std::vector<Change> changes;
     const Variant reply = xfconf_.call("GetAllProperties", g_variant_new("(ss)", kChannel, "/"));
@@ -84,7 +87,9 @@ class XfconfShortcuts final : public ShortcutSettings {
  private:
   static constexpr const char* kChannel = "xfce4-keyboard-shortcuts";
 
-  BusObject xfconf_{"org.xfce.Xfconf", "/org/xfce/Xfconf", "org.xfce.Xfconf"};
+  static constexpr const char* kService = "org.xfce.Xfconf";
+
+  BusObject xfconf_{kService, "/org/xfce/Xfconf", "org.xfce.Xfconf"};
 };
 
 /// A place is the identifier of an action, a value the list of its keys in the toolkit's numbers.
@@ -92,15 +97,15 @@ class KGlobalAccelShortcuts final : public ShortcutSettings {
  public:
   bool isReachable() const { return accel_.isReachable(); }
 
+  std::string name() const override { return kService; }
+
   std::vector<Change> changesFor(Shortcut shortcut) override {
     std::vector<Change> changes;
     for (const std::int32_t key : keysOf(shortcut)) {
       const Variant reply = accel_.call("action", g_variant_new("(i)", key));
       if (!reply || !g_variant_is_of_type(reply.get(), G_VARIANT_TYPE("(as)"))) continue;
       const Variant action(g_variant_get_child_value(reply.get(), 0));
-      const std::string place = textOf(action.get());
-      const std::string before = g_variant_n_children(action.get()) == 0 ? "" : read(place);
-      if (!before.empty()) changes.push_back({place, before, without(before, key)});
+      if (g_variant_n_children(action.get()) > 0) addChange(changes, textOf(action.get()), key);
     }
     return changes;
   }
@@ -126,6 +131,16 @@ class KGlobalAccelShortcuts final : public ShortcutSettings {
     return {kMeta + kShift + kBacktab, kMeta + kShift + kTab};
   }
 
+  /// One change for each place: an action may have several of the keys.
+  void addChange(std::vector<Change>& changes, const std::string& place, std::int32_t key) {
+    const auto known = std::ranges::find(changes, place, &Change::place);
+    if (known != changes.end()) {
+      known->after = without(known->after, key);
+    } else if (const std::string before = read(place); !before.empty()) {
+      changes.push_back({place, before, without(before, key)});
+    }
+  }
+
   static std::string without(const std::string& keys, std::int32_t key) {
     const Variant list = parsed(keys);
     GVariantBuilder rest;
@@ -138,7 +153,9 @@ class KGlobalAccelShortcuts final : public ShortcutSettings {
     return textOf(Variant(g_variant_ref_sink(g_variant_builder_end(&rest))).get());
   }
 
-  BusObject accel_{"org.kde.kglobalaccel", "/kglobalaccel", "org.kde.KGlobalAccel"};
+  static constexpr const char* kService = "org.kde.kglobalaccel";
+
+  BusObject accel_{kService, "/kglobalaccel", "org.kde.KGlobalAccel"};
 };
 
 template <class Shortcuts>

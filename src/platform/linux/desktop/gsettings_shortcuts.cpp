@@ -8,6 +8,7 @@ namespace {
 
 using Variant = UniqueCPtr<GVariant, g_variant_unref>;
 using Schema = UniqueCPtr<GSettingsSchema, g_settings_schema_unref>;
+using SchemaKey = UniqueCPtr<GSettingsSchemaKey, g_settings_schema_key_unref>;
 
 std::string textOf(GVariant* value) { return GText(g_variant_print(value, TRUE)).get(); }
 
@@ -36,6 +37,8 @@ class GSettingsShortcuts final : public ShortcutSettings {
   explicit GSettingsShortcuts(Schema schema)
       : schema_(std::move(schema)), settings_(g_settings_new_full(schema_.get(), nullptr, nullptr)) {}
 
+  std::string name() const override { return g_settings_schema_get_id(schema_.get()); }
+
   std::vector<Change> changesFor(Shortcut shortcut) override {
     std::vector<Change> changes;
     const GTextList keys(g_settings_schema_list_keys(schema_.get()));
@@ -54,8 +57,13 @@ class GSettingsShortcuts final : public ShortcutSettings {
 
   // A value that the administrator locked is kept.
   void write(const std::string& place, const std::string& value) override {
-    const Variant parsed(g_variant_parse(nullptr, value.c_str(), nullptr, nullptr, nullptr));
-    if (parsed) g_settings_set_value(settings_.get(), place.c_str(), parsed.get());
+    if (g_settings_schema_has_key(schema_.get(), place.c_str()) == FALSE) return;
+    const SchemaKey key(g_settings_schema_get_key(schema_.get(), place.c_str()));
+    const GVariantType* type = g_settings_schema_key_get_value_type(key.get());
+    const Variant parsed(g_variant_parse(type, value.c_str(), nullptr, nullptr, nullptr));
+    if (parsed && g_settings_schema_key_range_check(key.get(), parsed.get()) != FALSE) {
+      g_settings_set_value(settings_.get(), place.c_str(), parsed.get());
+    }
     g_settings_sync();
   }
 

@@ -24,10 +24,13 @@ class ShortcutSettings {
 
   virtual ~ShortcutSettings() = default;
 
+  /// Of the schema or service; the same in every session.
+  virtual std::string name() const = 0;
   /// The changes that would free the shortcut; none when nothing of the desktop is bound to it.
   virtual std::vector<Change> changesFor(Shortcut shortcut) = 0;
   /// Empty when the place holds nothing.
   virtual std::string read(const std::string& place) = 0;
+  /// A place or value that the settings do not know is ignored.
   virtual void write(const std::string& place, const std::string& value) = 0;
 };
 

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "platform/event_taps.h"
@@ -15,14 +16,14 @@ namespace rondora::desktop {
 
 /// Takes Super+Tab from a desktop that refuses it to the event tap, through the desktop's own settings. What was
 /// changed is kept in the user defaults, written before the change, and put back when the shortcut is switched on again
-/// or, after a crash, at the next start. Main thread.
+/// or, after a crash, at the next start under the same desktop. Main thread.
 class SwitcherKeys final : public SymbolicHotKeySwitch {
  public:
   struct Services {
     UserDefaults& defaults;
     Log& log;
-    /// The event tap receives the key.
-    std::function<bool(const TapKey&)> isTapped;
+    /// Another program keeps the key from the event tap.
+    std::function<bool(const TapKey&)> isRefused;
     /// May return null. Called once, when it is needed.
     std::function<std::unique_ptr<ShortcutSettings>()> makeSettings;
   };
@@ -35,6 +36,8 @@ class SwitcherKeys final : public SymbolicHotKeySwitch {
  private:
   struct Taken {
     std::int32_t id = 0;
+    /// The name of the settings that were changed.
+    std::string settings;
     ShortcutSettings::Change change;
   };
 
