@@ -146,6 +146,16 @@ TEST_F(EventTapsTest, FnStaysHeldWhileTheTapIsMadeAnew) {
   EXPECT_EQ(keymap_.heldEventFlags(), 0U);
 }
 
+TEST_F(EventTapsTest, ReleaseOfFnDuringARingIsSeen) {
+  startTap(false);
+  holdFn();
+  const auto panel = openPanel();
+  user_.keyUp(kMenuKey);
+  EXPECT_TRUE(eventually([&] { return keymap_.heldEventFlags() == 0; }));
+  user_.tap(key::a);
+  EXPECT_EQ(typed(), "");
+}
+
 class RepeatingFnTest : public EventTapsTest {
  protected:
   RepeatingFnTest() : EventTapsTest({"-ardelay", "100", "-arinterval", "10"}) {}

@@ -206,6 +206,10 @@ bool X11KeyStream::hasGrabbedHeldKey() const {
   return std::any_of(held_.begin(), held_.end(), [](const HeldKey& key) { return key.isGrabbed; });
 }
 
+bool X11KeyStream::needsXi2Grab() const {
+  return isXi2GrabActive() || std::ranges::any_of(held_, [](const HeldKey& key) { return key.isSilenced; });
+}
+
 void X11KeyStream::reportGrabbedKeys() {
   const bool hasAny = hasGrabbedHeldKey();
   if (std::exchange(hasGrabbedKey_, hasAny) != hasAny && heldObserver_) heldObserver_(hasAny);

@@ -82,6 +82,8 @@ class X11KeyStream {
   bool supportsTapGrabs() const { return xi2_.available() && handover_.available(); }
   /// A passive grab of XI2 is active, so an active one of the core protocol would be refused.
   bool isXi2GrabActive() const { return tapKey_.has_value(); }
+  /// As `isXi2GrabActive`, or a key is silenced: during a core grab its release would not be reported.
+  bool needsXi2Grab() const;
   /// A tap grabs the key with any modifiers, before every other grab.
   bool isHeldByTap(xcb_keycode_t key) const {
     return tapGrabs_.handOver && tapGrabs_.handOver(key) && tapGrabs_.contain(key, 0);

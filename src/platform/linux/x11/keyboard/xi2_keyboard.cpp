@@ -8,6 +8,9 @@ namespace {
 constexpr std::uint32_t kAnyModifier[] = {XCB_INPUT_MODIFIER_MASK_ANY};
 constexpr std::uint32_t kKeyEvents = XCB_INPUT_XI_EVENT_MASK_KEY_PRESS | XCB_INPUT_XI_EVENT_MASK_KEY_RELEASE;
 
+/// The server reports no other raw event of a device to the client that has grabbed it on the root window.
+constexpr std::uint32_t kActiveGrabEvents = kKeyEvents | XCB_INPUT_XI_EVENT_MASK_RAW_KEY_RELEASE;
+
 /// Core events carry the group in bits 13 and 14 of their state.
 std::uint16_t coreState(const xcb_input_key_press_event_t& key) {
   return static_cast<std::uint16_t>((key.mods.effective & 0xFF) | (key.group.effective & 3U) << 13);
@@ -56,7 +59,7 @@ void Xi2Keyboard::ungrabHeld(xcb_keycode_t key) const {
 Xi2Keyboard::ActiveGrab Xi2Keyboard::grabKeyboard(xcb_timestamp_t time, xcb_window_t window) const {
   return xcb_input_xi_grab_device(connection_.get(), window, time, XCB_CURSOR_NONE, device_,
                                   XCB_INPUT_GRAB_MODE_22_ASYNC, XCB_INPUT_GRAB_MODE_22_ASYNC,
-                                  XCB_INPUT_GRAB_OWNER_NO_OWNER, 1, &kKeyEvents);
+                                  XCB_INPUT_GRAB_OWNER_NO_OWNER, 1, &kActiveGrabEvents);
 }
 
 Reply<xcb_input_xi_grab_device_reply_t> Xi2Keyboard::reply(ActiveGrab grab) const {

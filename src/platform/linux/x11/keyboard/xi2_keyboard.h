@@ -36,6 +36,7 @@ class Xi2Keyboard {
   /// Also ends this client's grabs of the key with single modifiers.
   void ungrabHeld(xcb_keycode_t key) const;
 
+  /// Receives keys, and raw key releases besides.
   ActiveGrab grabKeyboard(xcb_timestamp_t time) const { return grabKeyboard(time, connection_.root()); }
   ActiveGrab grabKeyboard(xcb_timestamp_t time, xcb_window_t window) const;
   Reply<xcb_input_xi_grab_device_reply_t> reply(ActiveGrab grab) const;

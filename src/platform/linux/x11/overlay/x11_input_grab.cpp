@@ -48,7 +48,7 @@ void X11InputGrab::request(InputGrabSink& sink) {
   heldButtons_.reset();
   polled_.reset();
   attempts_ = 0;
-  usesXi2_ = keys_.isXi2GrabActive();
+  usesXi2_ = keys_.needsXi2Grab();
   followsRecording_ = followsRecording_ || keys_.isRecording();
   keys_.beginOverlay();
   send(connection_.lastEventTime());
