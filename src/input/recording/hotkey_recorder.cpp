@@ -8,9 +8,9 @@
 namespace rondora {
 namespace {
 
-/// F1 to F20.
-constexpr std::int64_t kFunctionKeys[] = {122, 120, 99,  118, 96,  97,  98, 100, 101, 109,
-                                          103, 111, 105, 107, 113, 106, 64, 79,  80,  90};
+/// F1 to F20, and the three keys of the volume.
+constexpr std::int64_t kFunctionKeys[] = {122, 120, 99,  118, 96, 97, 98, 100, 101, 109, 103, 111,
+                                          105, 107, 113, 106, 64, 79, 80, 90,  72,  73,  74};
 
 /// The callback may destroy the recorder that holds it.
 template <class Callback, class... Arguments>

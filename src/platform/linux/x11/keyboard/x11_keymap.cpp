@@ -143,6 +143,19 @@ void X11Keymap::readModifiers() {
   for (std::size_t i = 0; i < 8 * width; ++i) {
     if (keys[i] != 0) noteModifierKey(i / width, keys[i]);
   }
+  noteLevelKeys();
+}
+
+// Some layouts give AltGr an effect of its own instead of a place in the modifier mapping.
+void X11Keymap::noteLevelKeys() {
+  if (!keymap_) return;
+  for (xkb_keycode_t key = xkb_keymap_min_keycode(keymap_.get()); key <= xkb_keymap_max_keycode(keymap_.get()); ++key) {
+    const auto code = static_cast<xcb_keycode_t>(key);
+    if (code == key && (hasKeysym(code, XKB_KEY_ISO_Level3_Shift, XKB_KEY_ISO_Level5_Shift) ||
+                        hasKeysym(code, XKB_KEY_Mode_switch, XKB_KEY_ISO_Level3_Latch))) {
+      modifierKeys_.set(code);
+    }
+  }
 }
 
 void X11Keymap::noteModifierKey(std::size_t modifier, xcb_keycode_t key) {

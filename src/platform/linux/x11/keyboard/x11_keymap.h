@@ -81,6 +81,7 @@ class X11Keymap {
   void refresh();
   void refreshIfStale();
   void readModifiers();
+  void noteLevelKeys();
   void noteModifierKey(std::size_t modifier, xcb_keycode_t key);
   bool hasKeysym(xcb_keycode_t key, xkb_keysym_t first, xkb_keysym_t second) const;
   std::string textOf(xcb_keycode_t key, std::uint32_t modifiers, std::uint16_t state);
