@@ -75,6 +75,8 @@ void HotkeyRowsView::rebuild() {
   grid->setContentsMargins(0, 0, 0, 0);
   grid->setSpacing(kSpacing);
   grid->setColumnStretch(1, 1);
+  // Apart from the scroll bar.
+  grid->setColumnMinimumWidth(4, 1);
   for (std::size_t i = 0; i < shown_.size(); ++i) {
     placeRow(*grid, static_cast<int>(i) * kLinesOfRow, shown_[i].menuId);
     fill(rows_.back(), shown_[i]);

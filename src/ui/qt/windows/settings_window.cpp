@@ -19,6 +19,7 @@ namespace rondora {
 namespace {
 
 constexpr int kMargin = 24;
+constexpr int kScrollBarGap = 6;
 constexpr QSize kInitialSize(600, 620);
 /// For the frame that the window manager adds.
 constexpr QSize kFrameRoom(20, 60);
@@ -97,8 +98,11 @@ void QtSettingsWindow::fitScreen() {
 // In Tab order. All but the last row scrolls on a small screen.
 void QtSettingsWindow::arrange() {
   auto* page = new QWidget;
-  auto* column = new QVBoxLayout(page);
-  column->setContentsMargins(0, 0, 0, 0);
+  auto* padded = new QHBoxLayout(page);
+  padded->setContentsMargins(0, 0, 0, 0);
+  auto* column = new QVBoxLayout;
+  padded->addLayout(column);
+  padded->addSpacing(kScrollBarGap);
   column->addWidget(&introduction_);
   column->addSpacing(kMargin / 2);
   column->addWidget(&documentHeading_);

@@ -29,7 +29,7 @@ std::optional<Subscription> X11RecordingKeyboard::take(Observer observer) {
 
 bool X11RecordingKeyboard::grab() {
   usesXi2_ = false;
-  if (grabInCore()) return true;
+  if (!keys_.needsXi2Grab() && grabInCore()) return true;
   if (!keys_.xi2().available()) return false;
   const auto reply = keys_.xi2().reply(keys_.xi2().grabKeyboard(XCB_CURRENT_TIME));
   usesXi2_ = reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
