@@ -85,10 +85,11 @@ class EventTapTest : public UnderWindowManager {
     client_.keyDown(kMenuKey);
     ASSERT_TRUE(waitUntil([&] { return !client_.isKeyDown(kMenuKey); }));
   }
+  std::ptrdiff_t logged(const std::string& line) {
+    return std::ranges::count_if(program_->logLines(), [&](auto& logged) { return logged.starts_with(line); });
+  }
   bool waitForLog(const std::string& line) {
-    return waitUntil([&] {
-      return std::ranges::any_of(program_->logLines(), [&](auto& logged) { return logged.starts_with(line); });
-    });
+    return waitUntil([&] { return logged(line) > 0; });
   }
 
   std::optional<KeyLogger> logger_;
@@ -121,6 +122,23 @@ TEST_P(EventTapTest, SuperTabAndFnOpenStepAndChoose) {
   client_.tap(key::a);
   client_.keyUp(kMenuKey);
   EXPECT_EQ(logged(), "+135/0 +38/0 -38/0 -135/0 ");
+}
+
+TEST_P(EventTapTest, RegistrationBesideAHeldFnRunsNothing) {
+  const std::string registered = "carbon backup for";
+  start();
+  ASSERT_NO_FATAL_FAILURE(holdFn());
+  client_.tap(kOtherKey);
+  ASSERT_TRUE(program_->waitForRing());
+  client_.movePointer({kSomewhere.x + kMiddleOfRing, kSomewhere.y});
+  const Capture picture = program_->settledPicture();
+  const auto before = logged(registered);
+  ASSERT_TRUE(desktop_.outputOf({"xmodmap", "-e", "add mod3 = Scroll_Lock"}));
+  ASSERT_TRUE(waitUntil([&] { return logged(registered) > before; }));
+  EXPECT_TRUE(program_->settledPicture() == picture && client_.clipboardText() != "Fn 1");
+  client_.keyUp(kMenuKey);
+  EXPECT_TRUE(waitForClipboard("Fn 1"));
+  expectAtRest();
 }
 
 TEST_P(EventTapTest, OtherKeysArriveAsWithoutTheProgram) {
