@@ -75,6 +75,7 @@ TEST_F(EventTapsTest, WinsItsKeysFromAWindowManagerAndTakesThemBack) {
   EXPECT_EQ(tapped(), "10:48 11:48 ");
   EXPECT_EQ(typed(), "+133 -133 +133 -133 +133 -133 ");
   endTap();
+  drain();
   manager.keys();
   tapTab();
   EXPECT_EQ(manager.keys(), "+23 -23 ");
