@@ -24,7 +24,7 @@ set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # Beyond the libraries: symbols of the tray's menu, emoji as icons, types of files, and the bus.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "adwaita-icon-theme, fonts-noto-color-emoji, hicolor-icon-theme, shared-mime-info")
-# The scripts of all languages of the interface.
+# The scripts of all languages of the interface, and the bus on which applications publish their menus.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
-  "default-dbus-session-bus | dbus-session-bus, fonts-noto-cjk, fonts-noto-core, fonts-noto-ui-core, xdg-utils")
+  "at-spi2-core, default-dbus-session-bus | dbus-session-bus, fonts-noto-cjk, fonts-noto-core, fonts-noto-ui-core, xdg-utils")
 include(CPack)

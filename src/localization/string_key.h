@@ -62,6 +62,8 @@ enum class StringKey {
   sessionTrackpad,
   sessionTrackpadUnreadable,
   sessionTrackpadUnreadableRemedy,
+  sessionUnreadableMenus,  // %@: the applications
+  sessionUnreadableMenusRemedy,
   findingsNotShown,  // %@: their number
 
   documentUnreadable,  // %@: what is wrong and where
@@ -92,6 +94,23 @@ enum class StringKey {
   kindMusicPlayer,
   kindTextEditor,
 
+  /// Beneath the title of a menu command that the application does not allow, or does not have.
+  commandOffNow,
+  commandGone,
+  /// Titles of the commands that every application has.
+  commandHideApp,
+  commandMinimizeWindow,
+  commandEnterFullScreen,
+  commandLeaveFullScreen,
+  commandTileLeft,
+  commandTileRight,
+  commandTileTop,
+  commandTileBottom,
+  commandFillScreen,
+  commandCenterWindow,
+  commandCloseWindow,
+  commandQuitApp,
+
   actionFailed,        // %@ twice: the item’s title, and one of the reasons below
   actionNotInstalled,  // %@: the application
   actionNotInstalledRemedy,
@@ -111,6 +130,17 @@ enum class StringKey {
   actionNoSuchKeyRemedy,
   actionTargetLost,
   actionTargetLostRemedy,
+  /// Reasons why a command of an application did nothing; %@: the application.
+  commandNotFound,
+  commandNotFoundRemedy,
+  commandDisabled,
+  commandDisabledRemedy,
+  commandRefused,
+  commandRefusedRemedy,
+  commandNoWindow,
+  commandNoWindowRemedy,
+  commandWindowKept,
+  commandWindowKeptRemedy,
   /// Behind a remedy that changes the document.
   actionRestart,
 

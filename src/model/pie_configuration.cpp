@@ -106,6 +106,12 @@ const AppSubMenu* PieConfiguration::appSubMenu(std::string_view bundleIdentifier
   return found == appSubMenus.end() ? nullptr : &*found;
 }
 
+std::vector<AppSubMenuEntry> PieConfiguration::commandEntries(std::string_view bundleIdentifier,
+                                                              RandomSource& random) const {
+  const AppSubMenu* set = appSubMenu(bundleIdentifier);
+  return set ? set->entries : defaultAppCommands(random);
+}
+
 std::vector<AppSubMenuEntry> PieConfiguration::defaultAppCommands(RandomSource& random) const {
   const auto menu = std::find_if(menus.begin(), menus.end(),
                                  [](const PieMenu& each) { return each.kind == PieMenuKind::appCommands; });

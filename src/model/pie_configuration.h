@@ -42,6 +42,8 @@ struct PieConfiguration {
   void assignTrackpadFingerCount(std::int64_t count, const Uuid& menuId);
   /// The first set for the application, or null.
   const AppSubMenu* appSubMenu(std::string_view bundleIdentifier) const;
+  /// The entries for an application: those of its set, otherwise the default ones.
+  std::vector<AppSubMenuEntry> commandEntries(std::string_view bundleIdentifier, RandomSource& random) const;
   /// The default entries of the application-commands menu; the built-ins if there are none.
   std::vector<AppSubMenuEntry> defaultAppCommands(RandomSource& random) const;
 };

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -26,6 +27,12 @@ class AXElement {
   /// Timeout in seconds of each call below.
   virtual void setMessagingTimeout(double seconds) = 0;
   virtual std::optional<AXValue> attribute(std::string_view name) const = 0;
+  /// Values of several attributes in one call, in the order of `names`; an attribute that the element lacks has none.
+  /// Nothing when the call failed.
+  virtual std::optional<std::vector<std::optional<AXValue>>> attributes(
+      std::span<const std::string_view> names) const = 0;
+  /// False also when the query fails.
+  virtual bool isSettable(std::string_view name) const = 0;
   /// False on failure.
   virtual bool setAttribute(std::string_view name, const AXValue& value) = 0;
   virtual bool perform(std::string_view action) = 0;
@@ -41,6 +48,10 @@ class Accessibility {
   virtual AXElementRef application(std::int32_t processIdentifier) = 0;
   /// A window that is missing from the application's own list, by its number; null when there is none.
   virtual AXElementRef windowByRemoteToken(std::int32_t ownerPID, std::uint32_t number) = 0;
+  /// These attributes of these elements are about to be read: a system that answers many requests at once fetches them
+  /// together, in at most `seconds`. Changes no result but its time.
+  virtual void prepareToRead(std::span<const AXElementRef> /*elements*/,
+                             std::span<const std::string_view> /*attributes*/, double /*seconds*/) {}
 };
 
 /// The attribute's value; nothing when it is missing or of another type.

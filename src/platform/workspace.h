@@ -61,6 +61,11 @@ class Workspace {
 
   /// Shows the windows of an application that the user has hidden.
   virtual void unhide(const RunningApplication& application) = 0;
+  /// Hides all windows of the application.
+  virtual void hide(const RunningApplication& application) = 0;
+  /// Asks the application to quit as its own command would: it may ask the user, and stay. False when it cannot be
+  /// asked.
+  virtual bool terminate(const RunningApplication& application) = 0;
 
   virtual std::optional<ApplicationLocation> urlForApplication(std::string_view bundleIdentifier) const = 0;
   /// The content type or URL scheme whose default application the identifier stands for; nothing for an identifier of

@@ -72,6 +72,12 @@ class FakeWorkspace final : public Workspace {
   void unhide(const RunningApplication& application) override {
     if (RunningApplication* found = find(application.processIdentifier)) found->isHidden = false;
   }
+  void hide(const RunningApplication& application) override { hide(application.processIdentifier); }
+  bool terminate(const RunningApplication& application) override {
+    const bool runs = find(application.processIdentifier) != nullptr;
+    quit(application.processIdentifier);
+    return runs;
+  }
   std::optional<ApplicationLocation> urlForApplication(std::string_view bundleIdentifier) const override {
     if (!installed_.contains(bundleIdentifier)) return std::nullopt;
     return ApplicationLocation{std::string(kApplicationsFolder).append(bundleIdentifier)};

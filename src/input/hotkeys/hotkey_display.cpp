@@ -67,6 +67,36 @@ std::string_view unassignedText(AppLanguage language) {
   return language == AppLanguage::russian ? "Не назначено" : "Unassigned";
 }
 
+struct CharacterName {
+  std::string_view character;
+  std::string_view name;
+};
+
+/// Characters of key equivalents that are not what they type. Function keys are beside them, U+F704 for F1.
+constexpr CharacterName kCharacterNames[] = {
+    {" ", "Space"},     {"\r", "Return"},      {"\t", "Tab"},         {"\b", "Backspace"},
+    {"\x1B", "Esc"},    {"\x7F", "Backspace"}, {"\uF700", "↑"},       {"\uF701", "↓"},
+    {"\uF702", "←"},    {"\uF703", "→"},       {"\uF727", "Insert"},  {"\uF728", "Delete"},
+    {"\uF729", "Home"}, {"\uF72B", "End"},     {"\uF72C", "Page Up"}, {"\uF72D", "Page Down"},
+};
+
+/// "F1" to "F35", in UTF-8 EF 9C 84 to EF 9C A6; empty for any other character.
+std::string functionKeyName(std::string_view character) {
+  constexpr unsigned char kFirst = 0x84;
+  constexpr unsigned char kLast = 0xA6;
+  if (character.size() != 3 || !character.starts_with("\xEF\x9C")) return {};
+  const auto last = static_cast<unsigned char>(character[2]);
+  return last < kFirst || last > kLast ? "" : "F" + std::to_string(last - kFirst + 1);
+}
+
+std::string characterName(const std::string& character) {
+  for (const CharacterName& each : kCharacterNames) {
+    if (each.character == character) return std::string(each.name);
+  }
+  const std::string functionKey = functionKeyName(character);
+  return functionKey.empty() ? character : functionKey;
+}
+
 /// `isHeld` tells which modifiers take part.
 std::string wordsOfModifiers(const ModifierNames& names, auto isHeld) {
   std::string text;
@@ -100,6 +130,21 @@ std::string glyphString(const std::optional<HotkeyConfig>& hotkey) {
   }
   if (const auto override = lookUp(kGlyphOverrides, hotkey->keyCode)) return text.append(*override);
   return text + keyCodeToString(hotkey->keyCode);
+}
+
+std::string menuShortcutText(const MenuShortcut& shortcut, const ModifierNames& names) {
+  if (shortcut.character.empty()) return {};
+  constexpr std::int64_t kShift = 1;
+  constexpr std::int64_t kOption = 2;
+  constexpr std::int64_t kControl = 4;
+  constexpr std::int64_t kNoCommand = 8;
+  const auto has = [&shortcut](std::int64_t bit) { return (shortcut.modifiers & bit) != 0; };
+  std::string text;
+  if (has(kControl)) text.append(names.control).append("+");
+  if (has(kOption)) text.append(names.option).append("+");
+  if (has(kShift)) text.append(names.shift).append("+");
+  if (!has(kNoCommand)) text.append(names.command).append("+");
+  return text + characterName(shortcut.character);
 }
 
 std::string keystrokeDisplayString(std::int64_t keyCode, std::int64_t modifiers, AppLanguage language,

@@ -8,6 +8,7 @@
 
 #include "model/app_language.h"
 #include "model/hotkey_config.h"
+#include "model/pie_sub_action.h"
 
 // Texts for key combinations; platforms differ only in the names of the modifiers.
 
@@ -45,5 +46,8 @@ std::string keyCodeToString(std::int64_t keyCode);
 /// As `displayString` for event flags; key code 0 without modifiers counts as unassigned.
 std::string keystrokeDisplayString(std::int64_t keyCode, std::int64_t modifiers, AppLanguage language,
                                    const ModifierNames& names = kMacModifierNames);
+
+/// Text of a menu command's key equivalent, without blanks: "Ctrl+Shift+S". Empty without a key.
+std::string menuShortcutText(const MenuShortcut& shortcut, const ModifierNames& names = kMacModifierNames);
 
 }  // namespace rondora

@@ -17,6 +17,7 @@
 #include "platform/linux/x11/windows/x11_accessibility.h"
 #include "platform/linux/x11/windows/x11_application_icons.h"
 #include "platform/linux/x11/windows/x11_front_process.h"
+#include "platform/linux/x11/windows/x11_spaces.h"
 #include "platform/linux/x11/windows/x11_window_list.h"
 #include "platform/linux/x11/windows/x11_workspace.h"
 #include "platform/main_queue.h"
@@ -36,7 +37,7 @@ struct X11Backends {
         eventTaps(connection, keymap, keys, rawKeyReleases, mainQueue),
         inputGrab(connection, keys, mainQueue),
         screens(connection, mainQueue),
-        workspace(connection, clientWindows, applications, std::move(ownBundleIdentifier)),
+        workspace(connection, clientWindows, applications, windowOwners, std::move(ownBundleIdentifier)),
         applicationIcons(applications, clientWindows, workspace) {}
 
   X11Connection connection;
@@ -52,14 +53,17 @@ struct X11Backends {
   X11Pointer pointer{connection, keys, inputGrab};
   X11Screens screens;
   X11ClientWindows clientWindows{connection};
+  WindowOwners windowOwners;
   X11Workspace workspace;
   X11ApplicationIcons applicationIcons;
-  WindowOwners windowOwners;
   X11WindowList windowList{connection, clientWindows, workspace, windowOwners};
   X11FrontProcess frontProcess{connection, clientWindows, workspace, windowOwners};
   WorkerConnection workerConnection{connection.pixelsPerPoint()};
   X11Accessibility accessibility{workerConnection, windowOwners};
   X11Spaces spaces{workerConnection};
+  /// Of the queue for the commands of applications.
+  WorkerConnection commandConnection{connection.pixelsPerPoint()};
+  X11Accessibility commandAccessibility{commandConnection, windowOwners};
   SelectionOwnerWatch embeddingTray{connection, "_NET_SYSTEM_TRAY"};
 };
 

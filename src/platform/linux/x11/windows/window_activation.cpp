@@ -1,9 +1,14 @@
 #include "platform/linux/x11/windows/window_activation.h"
 
+#include <algorithm>
+
+#include "platform/linux/x11/windows/window_manager.h"
+
 namespace rondora::x11 {
 namespace {
 
 constexpr std::uint32_t kSourcePager = 2;
+constexpr std::uint32_t kIconicState = 3;  // ICCCM 4.1.4
 
 /// Discards errors as well: the window may be gone.
 void ignoreErrors(const X11Connection& connection, xcb_void_cookie_t cookie) {
@@ -20,14 +25,24 @@ void raiseAndFocus(const X11Connection& connection, xcb_window_t window) {
   connection.flush();
 }
 
-}  // namespace
-
-// A window manager that ended may leave the property on the root window, but not the window that it names.
-bool hasWindowManager(const X11Connection& connection) {
-  const xcb_atom_t name = connection.atom("_NET_SUPPORTING_WM_CHECK");
-  const auto window = connection.property32(connection.root(), name, XCB_ATOM_WINDOW);
-  return !window.empty() && connection.property32(window.front(), name, XCB_ATOM_WINDOW) == window;
+/// What the window manager would do (ICCCM 4.2.8.1). False when the window cannot be asked, or is gone.
+bool askToClose(const X11Connection& connection, xcb_window_t window) {
+  const xcb_atom_t deletion = connection.atom("WM_DELETE_WINDOW");
+  const auto protocols = connection.property32(window, connection.atom("WM_PROTOCOLS"), XCB_ATOM_ATOM);
+  if (std::ranges::find(protocols, deletion) == protocols.end()) return false;
+  xcb_client_message_event_t message{};
+  message.response_type = XCB_CLIENT_MESSAGE;
+  message.format = 32;
+  message.window = window;
+  message.type = connection.atom("WM_PROTOCOLS");
+  message.data.data32[0] = deletion;
+  message.data.data32[1] = connection.lastEventTime();
+  ignoreErrors(connection, xcb_send_event_checked(connection.get(), 0, window, XCB_EVENT_MASK_NO_EVENT,
+                                                  reinterpret_cast<const char*>(&message)));
+  return true;
 }
+
+}  // namespace
 
 void activateWindow(const X11Connection& connection, const WindowInfo& target, xcb_window_t currentlyActive) {
   if (!hasWindowManager(connection)) {
@@ -50,6 +65,29 @@ void activateWindow(const X11Connection& connection, const WindowInfo& target, x
 void restoreWindow(const X11Connection& connection, xcb_window_t window) {
   ignoreErrors(connection, xcb_map_window_checked(connection.get(), window));
   connection.flush();
+}
+
+// i3 4.22 has no iconified windows and states no such action.
+void iconifyWindows(const X11Connection& connection, std::span<const xcb_window_t> windows) {
+  if (!managerSupports(connection, "_NET_WM_ACTION_MINIMIZE")) return;
+  for (const xcb_window_t window : windows) {
+    connection.sendToRoot(window, connection.atom("WM_CHANGE_STATE"), {kIconicState, 0, 0, 0, 0});
+  }
+  connection.flush();
+}
+
+bool closeWindows(const X11Connection& connection, std::span<const xcb_window_t> windows) {
+  const bool closesThem = managerSupports(connection, "_NET_CLOSE_WINDOW");
+  bool isAsked = false;
+  for (const xcb_window_t window : windows) {
+    if (closesThem) {
+      connection.sendToRoot(window, connection.atom("_NET_CLOSE_WINDOW"),
+                            {connection.lastEventTime(), kSourcePager, 0, 0, 0});
+    }
+    isAsked = closesThem || askToClose(connection, window) || isAsked;
+  }
+  connection.flush();
+  return isAsked;
 }
 
 }  // namespace rondora::x11

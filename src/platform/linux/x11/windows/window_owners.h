@@ -2,49 +2,51 @@
 
 #include <xcb/xcb.h>
 
+#include <cstddef>
 #include <cstdint>
+#include <map>
 #include <mutex>
-#include <utility>
+#include <span>
 #include <vector>
+
+#include "platform/linux/x11/windows/window_properties.h"
 
 namespace rondora::x11 {
 
-/// The process of each window when the windows were last listed, front to back, and the window that was active before
-/// the last activation. Any thread.
+/// Which application each window belongs to, by the process identifier that the workspace gave it, and when it was
+/// active. The workspace notes the windows that it sees; a worker asks about those that it lists itself. Any thread.
 class WindowOwners {
  public:
-  struct Owned {
-    xcb_window_t window = XCB_WINDOW_NONE;
-    std::int32_t processIdentifier = 0;
-  };
+  /// `processIdentifier` is the application's, which may be one of the invented negative ones.
+  void note(const WindowInfo& window, std::int32_t processIdentifier);
+  /// Forgets the windows that are not among these.
+  void forgetOthers(std::span<const WindowInfo> windows);
+  /// A window that was not noted belongs to the application of a noted one of the same process and class, else to its
+  /// own process.
+  std::int32_t ownerOf(const WindowInfo& window) const;
 
-  void replace(std::vector<Owned> windows) {
-    const std::lock_guard lock(mutex_);
-    windows_ = std::move(windows);
-  }
+  void noteActivation(xcb_window_t window);
+  /// Smaller for windows that were active more recently.
+  std::size_t activationRank(xcb_window_t window) const;
 
-  void setActiveBefore(xcb_window_t window) {
-    const std::lock_guard lock(mutex_);
-    activeBefore_ = window;
-  }
-
-  xcb_window_t activeBefore() const {
-    const std::lock_guard lock(mutex_);
-    return activeBefore_;
-  }
-
-  std::vector<xcb_window_t> windowsOf(std::int32_t processIdentifier) const {
-    const std::lock_guard lock(mutex_);
-    std::vector<xcb_window_t> found;
-    for (const Owned& owned : windows_) {
-      if (owned.processIdentifier == processIdentifier) found.push_back(owned.window);
-    }
-    return found;
-  }
+  /// The window that was active before the last activation by the program.
+  void setActiveBefore(xcb_window_t window);
+  xcb_window_t activeBefore() const;
 
  private:
+  struct Owned {
+    std::int32_t processIdentifier = 0;
+    /// As the system counts processes.
+    std::int32_t realProcess = 0;
+    WindowIdentity identity;
+
+    bool isLike(const WindowInfo& window) const;
+  };
+
   mutable std::mutex mutex_;
-  std::vector<Owned> windows_;
+  std::map<xcb_window_t, Owned> windows_;
+  /// Most recently active first.
+  std::vector<xcb_window_t> activations_;
   xcb_window_t activeBefore_ = XCB_WINDOW_NONE;
 };
 

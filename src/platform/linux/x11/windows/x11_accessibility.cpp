@@ -1,146 +1,98 @@
 #include "platform/linux/x11/windows/x11_accessibility.h"
 
-#include <chrono>
+#include <algorithm>
 #include <memory>
-#include <numeric>
-#include <thread>
 
-#include "platform/linux/x11/windows/window_activation.h"
+#include "platform/linux/x11/windows/window_element.h"
 
 namespace rondora::x11 {
 namespace {
 
-/// The window manager may still be handling the main thread's request: poll before sending a second one, which would
-/// pull the user back if it arrived late. When the active window has changed, the first request took effect.
-constexpr int kPolls = 20;
-constexpr std::chrono::milliseconds kPause{5};
-
-/// A window of an application.
-class WindowElement final : public AXElement {
- public:
-  WindowElement(WorkerConnection& worker, const WindowOwners& owners, xcb_window_t window)
-      : worker_(worker), owners_(owners), window_(window) {}
-
-  /// The window manager answers, not the application, so no time-out is needed.
-  void setMessagingTimeout(double /*seconds*/) override {}
-
-  std::optional<AXValue> attribute(std::string_view name) const override {
-    const auto info = describe();
-    if (!info) return std::nullopt;
-    if (name == "AXSubrole") return AXValue(std::string(info->isOrdinary ? "AXStandardWindow" : "AXUnknown"));
-    if (name == "AXMinimized") return AXValue(info->isIconified);
-    return std::nullopt;
-  }
-
-  bool setAttribute(std::string_view name, const AXValue& value) override {
-    const X11Connection* connection = worker_.connection();
-    if (!connection || name != "AXMinimized" || value != AXValue(false)) return false;
-    restoreWindow(*connection, window_);
-    return true;
-  }
-
-  bool perform(std::string_view action) override {
-    const auto info = describe();
-    if (!info || action != "AXRaise") return false;
-    X11ClientWindows& windows = *worker_.windows();
-    const xcb_window_t before = owners_.activeBefore();
-    xcb_window_t active = windows.activeWindow();
-    for (int poll = 0; poll < kPolls && active == before && active != window_; ++poll) {
-      std::this_thread::sleep_for(kPause);
-      active = windows.activeWindow();
-    }
-    if (active == before && active != window_) activateWindow(*worker_.connection(), *info, active);
-    return true;
-  }
-
-  std::uint32_t windowNumber() const override { return window_; }
-
- private:
-  std::optional<WindowInfo> describe() const {
-    X11ClientWindows* windows = worker_.windows();
-    return windows ? windows->describe(window_) : std::nullopt;
-  }
-
-  WorkerConnection& worker_;
-  const WindowOwners& owners_;
-  xcb_window_t window_;
-};
-
 class ApplicationElement final : public AXElement {
  public:
-  explicit ApplicationElement(std::vector<AXElementRef> windows) : windows_(std::move(windows)) {}
+  ApplicationElement(WorkerConnection& worker, const WindowOwners& owners, ApplicationMenus* menus,
+                     std::int32_t processIdentifier)
+      : worker_(worker), owners_(owners), menus_(menus), processIdentifier_(processIdentifier) {}
 
+  /// The window manager answers, not the application; the elements of the menus have their own.
   void setMessagingTimeout(double /*seconds*/) override {}
-  std::optional<AXValue> attribute(std::string_view name) const override {
-    if (name != "AXWindows") return std::nullopt;
-    return AXValue(windows_);
+  std::optional<AXValue> attribute(std::string_view name) const override;
+  std::optional<std::vector<std::optional<AXValue>>> attributes(
+      std::span<const std::string_view> names) const override {
+    return eachAttribute(*this, names);
   }
+  bool isSettable(std::string_view /*name*/) const override { return false; }
   bool setAttribute(std::string_view /*name*/, const AXValue& /*value*/) override { return false; }
   bool perform(std::string_view /*action*/) override { return false; }
   std::uint32_t windowNumber() const override { return 0; }
 
  private:
-  std::vector<AXElementRef> windows_;
+  using Connected = WorkerConnection::Connected;
+
+  AXElementRef element(const WindowInfo& window) const {
+    return std::make_shared<WindowElement>(worker_, owners_, window.window);
+  }
+  static const WindowInfo* focused(const Connected& connected, const std::vector<WindowInfo>& windows);
+  std::optional<AXValue> menuBar(const Connected& connected, const std::vector<WindowInfo>& windows) const;
+
+  WorkerConnection& worker_;
+  const WindowOwners& owners_;
+  ApplicationMenus* menus_;
+  std::int32_t processIdentifier_;
 };
+
+std::optional<AXValue> ApplicationElement::attribute(std::string_view name) const {
+  const Connected* connected = worker_.connected();
+  if (!connected) return std::nullopt;
+  const auto windows = windowsOf(*connected, owners_, processIdentifier_);
+  if (name == "AXWindows") {
+    std::vector<AXElementRef> elements;
+    elements.reserve(windows.size());
+    for (const WindowInfo& window : windows) elements.push_back(element(window));
+    return AXValue(std::move(elements));
+  }
+  if (windows.empty()) return std::nullopt;
+  if (name == "AXFocusedWindow") return AXValue(element(*focused(*connected, windows)));
+  if (name == "AXMainWindow") return AXValue(element(windows.front()));
+  if (name == "AXMenuBar" && menus_) return menuBar(*connected, windows);
+  return std::nullopt;
+}
+
+/// The active window when it is one of these, else the one that was active last.
+const WindowInfo* ApplicationElement::focused(const Connected& connected, const std::vector<WindowInfo>& windows) {
+  const auto active = std::ranges::find(windows, connected.windows.activeWindow(), &WindowInfo::window);
+  return active == windows.end() ? &windows.front() : &*active;
+}
+
+std::optional<AXValue> ApplicationElement::menuBar(const Connected& connected,
+                                                   const std::vector<WindowInfo>& windows) const {
+  const WindowInfo& window = *focused(connected, windows);
+  const X11Connection& connection = connected.connection;
+  const auto text = [&](const char* name) {
+    const auto bytes = connection.property(window.window, connection.atom(name), XCB_ATOM_ANY);
+    return bytes ? std::string(bytes->begin(), std::ranges::find(*bytes, std::uint8_t{0})) : std::string();
+  };
+  const MenuBarOwner owner{window.processIdentifier,
+                           window.window,
+                           window.title,
+                           text("_GTK_UNIQUE_BUS_NAME"),
+                           text("_GTK_APPLICATION_OBJECT_PATH"),
+                           text("_GTK_WINDOW_OBJECT_PATH"),
+                           text("_GTK_MENUBAR_OBJECT_PATH"),
+                           text("_GTK_APP_MENU_OBJECT_PATH")};
+  AXElementRef bar = menus_->menuBar(owner);
+  return bar ? std::optional(AXValue(std::move(bar))) : std::nullopt;
+}
 
 }  // namespace
 
-struct WorkerConnection::Connected {
-  explicit Connected(double pixelsPerPoint)
-      : handle(xcb_connect(nullptr, &screen)), connection(handle.get(), screen, pixelsPerPoint), windows(connection) {}
-
-  int screen = 0;
-  UniqueCPtr<xcb_connection_t, xcb_disconnect> handle;
-  X11Connection connection;
-  X11ClientWindows windows;
-};
-
-void WorkerConnection::Disconnect::operator()(Connected* connected) const { delete connected; }
-
-WorkerConnection::Connected* WorkerConnection::connected() {
-  if (!connected_) connected_.reset(new Connected(pixelsPerPoint_));
-  return xcb_connection_has_error(connected_->handle.get()) == 0 ? connected_.get() : nullptr;
-}
-
-X11Connection* WorkerConnection::connection() {
-  Connected* made = connected();
-  return made ? &made->connection : nullptr;
-}
-
-X11ClientWindows* WorkerConnection::windows() {
-  Connected* made = connected();
-  return made ? &made->windows : nullptr;
-}
-
 AXElementRef X11Accessibility::application(std::int32_t processIdentifier) {
-  std::vector<AXElementRef> windows;
-  for (const xcb_window_t window : owners_.windowsOf(processIdentifier)) {
-    windows.push_back(std::make_shared<WindowElement>(worker_, owners_, window));
-  }
-  return std::make_shared<ApplicationElement>(std::move(windows));
+  return std::make_shared<ApplicationElement>(worker_, owners_, menus_, processIdentifier);
 }
 
-std::optional<std::vector<std::uint64_t>> X11Spaces::spacesForWindow(std::uint32_t window) const {
-  X11ClientWindows* windows = worker_.windows();
-  const auto info = windows ? windows->describe(window) : std::nullopt;
-  if (!info || !info->desktop) return std::nullopt;
-  return std::vector<std::uint64_t>{*info->desktop};
-}
-
-std::optional<std::vector<DisplaySpaces>> X11Spaces::managedDisplaySpaces() const {
-  const X11Connection* connection = worker_.connection();
-  if (!connection) return std::nullopt;
-  const auto cardinals = [connection](const char* name) {
-    return connection->property32(connection->root(), connection->atom(name), XCB_ATOM_CARDINAL);
-  };
-  const auto count = cardinals("_NET_NUMBER_OF_DESKTOPS");
-  const auto current = cardinals("_NET_CURRENT_DESKTOP");
-  constexpr std::uint32_t kMaxDesktops = 1024;
-  if (count.empty() || count.front() > kMaxDesktops) return std::nullopt;
-  DisplaySpaces display;
-  for (std::uint32_t desktop = 0; desktop < count.front(); ++desktop) display.spaces.emplace_back(desktop);
-  if (!current.empty()) display.currentSpace = current.front();
-  return std::vector<DisplaySpaces>{display};
+void X11Accessibility::prepareToRead(std::span<const AXElementRef> elements,
+                                     std::span<const std::string_view> attributes, double seconds) {
+  if (menus_) menus_->prepareToRead(elements, attributes, seconds);
 }
 
 }  // namespace rondora::x11

@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "platform/linux/x11/connection/property_reply.h"
-#include "platform/linux/x11/windows/window_activation.h"
+#include "platform/linux/x11/windows/window_manager.h"
 #include "platform/picture_decoder.h"
 
 namespace rondora::x11 {

@@ -13,7 +13,8 @@ namespace rondora::x11 {
 class X11WindowList final : public WindowList {
  public:
   /// Arguments must outlive the object.
-  X11WindowList(X11Connection& connection, X11ClientWindows& windows, X11Workspace& workspace, WindowOwners& owners);
+  X11WindowList(X11Connection& connection, X11ClientWindows& windows, X11Workspace& workspace,
+                const WindowOwners& owners);
 
   std::vector<WindowListEntry> windows() const override;
 
@@ -23,7 +24,7 @@ class X11WindowList final : public WindowList {
   X11Connection& connection_;
   X11ClientWindows& windows_;
   X11Workspace& workspace_;
-  WindowOwners& owners_;
+  const WindowOwners& owners_;
 };
 
 }  // namespace rondora::x11

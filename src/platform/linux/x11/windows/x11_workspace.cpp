@@ -10,9 +10,6 @@
 namespace rondora::x11 {
 namespace {
 
-/// A window id of long ago may name another window by now.
-constexpr std::size_t kMaxActivations = 256;
-
 /// The windows of one application, merged.
 struct Group {
   RunningApplication application;
@@ -40,10 +37,11 @@ void join(Group& group, const RunningApplication& window, std::size_t rank) {
 }  // namespace
 
 X11Workspace::X11Workspace(X11Connection& connection, X11ClientWindows& windows, ApplicationCatalogue& catalogue,
-                           std::string ownBundleIdentifier)
+                           WindowOwners& owners, std::string ownBundleIdentifier)
     : connection_(connection),
       windows_(windows),
       catalogue_(catalogue),
+      owners_(owners),
       ownBundleIdentifier_(std::move(ownBundleIdentifier)) {
   connection_.selectRootEvents(XCB_EVENT_MASK_PROPERTY_CHANGE);
   const xcb_atom_t activeWindow = connection_.atom("_NET_ACTIVE_WINDOW");
@@ -55,7 +53,7 @@ X11Workspace::X11Workspace(X11Connection& connection, X11ClientWindows& windows,
   });
   connection_.flush();
   const xcb_window_t focused = readActiveWindow() ? xcb_window_t{XCB_WINDOW_NONE} : windows_.activeWindow();
-  if (focused != XCB_WINDOW_NONE) rememberActive(focused);
+  if (focused != XCB_WINDOW_NONE) owners_.noteActivation(focused);
   lastActivated_ = frontmostApplication();
 }
 
@@ -67,7 +65,7 @@ std::string X11Workspace::idOf(const WindowInfo& window) const {
 RunningApplication X11Workspace::applicationOf(const WindowInfo& window) const {
   RunningApplication application;
   const std::string id = idOf(window);
-  application.processIdentifier = processIdentifier(window.processIdentifier, id);
+  application.processIdentifier = processIdentifierOf(window, id);
   if (!id.empty()) application.bundleIdentifier = id;
   application.localizedName = catalogue_.name(id).value_or(id.empty() ? window.title : id);
   application.activationPolicy = window.isOrdinary ? ActivationPolicy::regular : ActivationPolicy::accessory;
@@ -77,7 +75,13 @@ RunningApplication X11Workspace::applicationOf(const WindowInfo& window) const {
 }
 
 std::int32_t X11Workspace::processIdentifierOf(const WindowInfo& window) const {
-  return processIdentifier(window.processIdentifier, idOf(window));
+  return processIdentifierOf(window, idOf(window));
+}
+
+std::int32_t X11Workspace::processIdentifierOf(const WindowInfo& window, const std::string& id) const {
+  const std::int32_t process = processIdentifier(window.processIdentifier, id);
+  owners_.note(window, process);
+  return process;
 }
 
 std::int32_t X11Workspace::processIdentifier(std::int32_t process, const std::string& id) const {
@@ -86,10 +90,6 @@ std::int32_t X11Workspace::processIdentifier(std::int32_t process, const std::st
   auto found = std::find(furtherApplications_.begin(), furtherApplications_.end(), further);
   if (found == furtherApplications_.end()) found = furtherApplications_.insert(found, further);
   return -1 - static_cast<std::int32_t>(found - furtherApplications_.begin());
-}
-
-std::size_t X11Workspace::activationRank(xcb_window_t window) const {
-  return static_cast<std::size_t>(std::find(activations_.begin(), activations_.end(), window) - activations_.begin());
 }
 
 std::optional<RunningApplication> X11Workspace::frontmostApplication() const {
@@ -109,9 +109,10 @@ std::vector<RunningApplication> X11Workspace::runningApplications() const {
     return std::none_of(windows.begin(), windows.end(),
                         [&known](const WindowInfo& window) { return window.processIdentifier == known.first; });
   });
+  owners_.forgetOthers(windows);
   for (const WindowInfo& window : windows) {
     const RunningApplication application = applicationOf(window);
-    const std::size_t rank = activationRank(window.window);
+    const std::size_t rank = owners_.activationRank(window.window);
     const auto group = std::find_if(groups.begin(), groups.end(), [&](const Group& candidate) {
       return candidate.application.isSameProcess(application);
     });
@@ -133,7 +134,7 @@ std::vector<RunningApplication> X11Workspace::runningApplications(std::string_vi
   std::erase_if(applications,
                 [&id](const RunningApplication& application) { return application.bundleIdentifier != id; });
   const auto preference = [this](const RunningApplication& application) {
-    return std::tuple(application.isHidden, activationRank(static_cast<xcb_window_t>(application.window)));
+    return std::tuple(application.isHidden, owners_.activationRank(static_cast<xcb_window_t>(application.window)));
   };
   std::ranges::stable_sort(applications, {}, preference);
   return applications;
@@ -157,7 +158,7 @@ const WindowInfo* X11Workspace::windowToActivate(const RunningApplication& appli
                                                  const std::vector<WindowInfo>& windows) const {
   const auto preference = [&](const WindowInfo& window) {
     return std::tuple(!window.isOrdinary, window.isIconified, window.window != application.window,
-                      activationRank(window.window));
+                      owners_.activationRank(window.window));
   };
   const WindowInfo* best = nullptr;
   for (const WindowInfo& window : windows) {
@@ -172,6 +173,22 @@ const WindowInfo* X11Workspace::windowToActivate(const RunningApplication& appli
 void X11Workspace::unhide(const RunningApplication& application) {
   const auto windows = windows_.windows();
   if (const WindowInfo* target = windowToActivate(application, windows)) restoreWindow(connection_, target->window);
+}
+
+std::vector<xcb_window_t> X11Workspace::ordinaryWindows(const RunningApplication& application) const {
+  std::vector<xcb_window_t> found;
+  for (const WindowInfo& window : windows_.windows()) {
+    if (window.isOrdinary && applicationOf(window).isSameProcess(application)) found.push_back(window.window);
+  }
+  return found;
+}
+
+void X11Workspace::hide(const RunningApplication& application) {
+  iconifyWindows(connection_, ordinaryWindows(application));
+}
+
+bool X11Workspace::terminate(const RunningApplication& application) {
+  return closeWindows(connection_, ordinaryWindows(application));
 }
 
 std::optional<ApplicationLocation> X11Workspace::urlForApplication(std::string_view bundleIdentifier) const {
@@ -216,7 +233,7 @@ bool X11Workspace::readActiveWindow() {
   if (active.empty() || active.front() == XCB_WINDOW_NONE) return false;
   const auto window = windows_.describe(active.front());
   if (!window) return false;
-  rememberActive(window->window);
+  owners_.noteActivation(window->window);
   frontmost_ = applicationOf(*window);
   return true;
 }
@@ -227,12 +244,6 @@ void X11Workspace::activeWindowChanged() {
   const bool isNew = !lastActivated_ || !lastActivated_->isSameProcess(*frontmost_);
   lastActivated_ = frontmost_;
   if (isNew) didActivate_.send(*lastActivated_);
-}
-
-void X11Workspace::rememberActive(xcb_window_t window) {
-  std::erase(activations_, window);
-  activations_.insert(activations_.begin(), window);
-  if (activations_.size() > kMaxActivations) activations_.pop_back();
 }
 
 }  // namespace rondora::x11

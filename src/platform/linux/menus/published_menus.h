@@ -1,0 +1,30 @@
+#pragma once
+
+#include <memory>
+
+#include "platform/linux/application_menus.h"
+#include "platform/linux/menus/bus_connection.h"
+
+namespace rondora::menus {
+
+/// The menus that applications publish on the buses. Connects at first use, on its own connections. Elements must not
+/// outlive the object.
+class PublishedMenus final : public ApplicationMenus {
+ public:
+  PublishedMenus();
+
+  /// Takes 0.2 s at most for each step of the search.
+  AXElementRef menuBar(const MenuBarOwner& owner) override;
+  void prepareToRead(std::span<const AXElementRef> elements, std::span<const std::string_view> attributes,
+                     double seconds) override;
+
+ private:
+  AXElementRef gtkMenuBar(const MenuBarOwner& owner);
+  AXElementRef accessibleMenuBar(const MenuBarOwner& owner);
+  AXElementRef registeredMenuBar(const MenuBarOwner& owner);
+
+  BusConnection session_{sessionBusAddress};
+  BusConnection accessibilityBus_;
+};
+
+}  // namespace rondora::menus
