@@ -6,14 +6,12 @@
 #include "model/palette.h"
 
 namespace rondora {
+
+/// Neither language nor state of the application change it.
 Uuid AppCommandsMenuItems::stableID(const PieSubAction& command) {
   ContentUuid content;
-  content.add(static_cast<std::uint64_t>(command.kind)).add(command.title).add(command.icon);
-  content.add(std::uint64_t{command.menuPath.size()});
+  content.add(rawValue(command.kind)).add(std::uint64_t{command.menuPath.size()});
   for (const std::string& title : command.menuPath) content.add(title);
-  if (command.shortcut) {
-    content.add(command.shortcut->character).add(static_cast<std::uint64_t>(command.shortcut->modifiers));
-  }
   return content.uuid();
 }
 

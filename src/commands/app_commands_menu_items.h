@@ -10,7 +10,7 @@ namespace rondora {
 
 /// The sectors of an application-commands menu.
 struct AppCommandsMenuItems {
-  /// Equal commands have the same id at every start.
+  /// The same command has the same id at every start, whatever its title, icon and availability are.
   static Uuid stableID(const PieSubAction& command);
   /// One item per command, in the same order, coloured by position.
   static std::vector<PieMenuItem> build(const std::vector<PieSubAction>& commands);

@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "model/pie_sub_action.h"
-#include "platform/main_queue.h"
 #include "platform/workspace.h"
 
 namespace rondora {
@@ -23,22 +22,9 @@ class SubActions {
   virtual void resolve(const RunningApplication& application, Completion completion) = 0;
   /// Reads the application's commands before they are needed.
   virtual void prefetch(const RunningApplication& application) = 0;
+  /// The commands that `resolve` would answer with at once; nothing when it would wait for the application.
+  virtual std::optional<std::vector<PieSubAction>> known(const RunningApplication& application) = 0;
   virtual void perform(const PieSubAction& action, const std::optional<RunningApplication>& previousApp) = 0;
-};
-
-/// For systems without access to applications' commands: every application has none.
-class NoSubActions final : public SubActions {
- public:
-  NoSubActions(Workspace& workspace, MainQueue& mainQueue) : workspace_(workspace), mainQueue_(mainQueue) {}
-
-  std::optional<RunningApplication> targetApp() override { return workspace_.frontmostApplication(); }
-  void resolve(const RunningApplication& application, Completion completion) override;
-  void prefetch(const RunningApplication&) override {}
-  void perform(const PieSubAction&, const std::optional<RunningApplication>&) override {}
-
- private:
-  Workspace& workspace_;
-  MainQueue& mainQueue_;
 };
 
 }  // namespace rondora

@@ -32,6 +32,13 @@ double maxRadius(const std::optional<Screen>& screen) {
   return std::max(kMinRadiusOnScreen, std::min(size.width, size.height) / 2);
 }
 
+std::vector<std::string> notes(const DisplayedMenu& displayed) {
+  std::vector<std::string> notes;
+  if (!displayed.commands) return notes;
+  for (const PieSubAction& command : *displayed.commands) notes.push_back(command.note);
+  return notes;
+}
+
 /// The side of a disc that the screens show, along each axis; 0 where they show both or neither.
 Point visibleSide(const Screens& screens, Point center, double radius) {
   const std::vector<Screen> all = screens.all();
@@ -72,10 +79,10 @@ void PieMenuWindowController::show(const PieMenu& menu, std::optional<std::vecto
   if (trace::isOn) trace::line("ring: menu ", menu.id.string(), " opens with ", displayed_.items.size(), " sectors");
 }
 
-void PieMenuWindowController::prerender(const PieMenu& menu,
-                                        std::optional<std::vector<PieMenuItem>> itemsOverride) const {
+void PieMenuWindowController::prerender(const PieMenu& menu, std::optional<std::vector<PieMenuItem>> itemsOverride,
+                                        std::optional<AppCommands> appCommands) const {
   const double radius = maxRadius(screenAt(ports_.screens, ports_.pointer.location()));
-  const auto displayed = DisplayedMenu::make(menu, std::move(itemsOverride), std::nullopt, radius);
+  const auto displayed = DisplayedMenu::make(menu, std::move(itemsOverride), std::move(appCommands), radius);
   ports_.overlayPanels.prerender(picture(menu, displayed));
 }
 
@@ -88,7 +95,8 @@ Picture PieMenuWindowController::picture(const PieMenu& menu, const DisplayedMen
        displayTitles(displayed.items),
        displayed.shortcutLabels.labels(),
        {displayed.application, isEmpty && emptyText ? emptyText() : menu.name, isEmpty, displayed.visibleSide},
-       dimmedItems(menu, displayed.items)});
+       dimmedItems(menu, displayed),
+       notes(displayed)});
 }
 
 /// The panel comes first: it requests its snapshot of the screen, which arrives while the picture is made.
@@ -126,11 +134,13 @@ std::vector<std::string> PieMenuWindowController::displayTitles(const std::vecto
   return titles;
 }
 
-std::vector<bool> PieMenuWindowController::dimmedItems(const PieMenu& menu,
-                                                       const std::vector<PieMenuItem>& items) const {
+std::vector<bool> PieMenuWindowController::dimmedItems(const PieMenu& menu, const DisplayedMenu& displayed) const {
   std::vector<bool> dimmed;
-  if (!environment_.isAvailable || menu.kind != PieMenuKind::standard) return dimmed;
-  for (const PieMenuItem& item : items) dimmed.push_back(!environment_.isAvailable(item));
+  if (displayed.commands) {
+    for (const PieSubAction& command : *displayed.commands) dimmed.push_back(!command.isAvailable);
+  } else if (environment_.isAvailable && menu.kind == PieMenuKind::standard) {
+    for (const PieMenuItem& item : displayed.items) dimmed.push_back(!environment_.isAvailable(item));
+  }
   return dimmed;
 }
 

@@ -69,7 +69,8 @@ class PieMenuWindowController {
   void show(const PieMenu& menu, std::optional<std::vector<PieMenuItem>> itemsOverride,
             std::optional<HotkeyConfig> navigationHotkeyForChordRepeat, std::optional<AppCommands> appCommands);
   /// Pre-renders the menu's picture for its first `show`.
-  void prerender(const PieMenu& menu, std::optional<std::vector<PieMenuItem>> itemsOverride) const;
+  void prerender(const PieMenu& menu, std::optional<std::vector<PieMenuItem>> itemsOverride,
+                 std::optional<AppCommands> appCommands) const;
   /// Icons may have been decoded: shows those of the menu on screen.
   void refreshIcons();
   /// Does nothing when nothing is shown.
@@ -111,7 +112,7 @@ class PieMenuWindowController {
  private:
   Picture picture(const PieMenu& menu, const DisplayedMenu& displayed) const;
   std::vector<std::string> displayTitles(const std::vector<PieMenuItem>& items) const;
-  std::vector<bool> dimmedItems(const PieMenu& menu, const std::vector<PieMenuItem>& items) const;
+  std::vector<bool> dimmedItems(const PieMenu& menu, const DisplayedMenu& displayed) const;
   void makePanel(const PieMenu& menu, Point center);
   void wireView();
   void installMonitors();

@@ -13,7 +13,10 @@ namespace rondora {
 namespace {
 
 constexpr Color kTitle{1, 1, 1, 0.97};
+constexpr Color kNote{1, 1, 1, 0.72};
 constexpr double kMinRadiusForBoth = 48;  // points, before scaling
+constexpr double kNoteTop = 0.50;         // of the radius, below the centre
+constexpr double kNoteBottom = 0.78;
 
 }  // namespace
 
@@ -33,7 +36,8 @@ PictureLayer HubPainter::figureLayer() const {
   return result;
 }
 
-PictureLayer HubPainter::titleLayer(const std::vector<std::string>& titles) const {
+PictureLayer HubPainter::titleLayer(const std::vector<std::string>& titles,
+                                    const std::vector<std::string>& notes) const {
   PictureLayer result = layer();
   result.states.resize(titles.size() + 1);
   const bool catLooks = hasRoomForBoth() && !contents_.application;
@@ -43,7 +47,9 @@ PictureLayer HubPainter::titleLayer(const std::vector<std::string>& titles) cons
   for (std::size_t i = 0; i < titles.size(); ++i) {
     DisplayList& list = result.states[i + 1];
     if (catLooks) appendCatPupils(list, cat.center, cat.halfSide, layout_.sectorMiddle(i));
-    list.push_back(title(titles[i]));
+    const bool hasNote = i < notes.size() && !notes[i].empty() && !isCut();
+    list.push_back(title(titles[i], hasNote));
+    if (hasNote) list.push_back(note(notes[i]));
   }
   return result;
 }
@@ -73,34 +79,54 @@ void HubPainter::appendFigure(DisplayList& list, const Figure& figure, bool isAl
 }
 
 /// Beneath the figure, else in the middle, else in the half or quarter that the screen shows.
-Rect HubPainter::titleRect() const {
+Rect HubPainter::titleRect(bool hasNote) const {
   constexpr double kAcross = 0.6;  // of the radius
   const Point center = layout_.center();
   const auto part = [this](double from, double to) { return std::pair{from * radius_, (to - from) * radius_}; };
   const auto along = [&](double side) { return side == 0 ? part(-1, 1) : side > 0 ? part(0.06, 1) : part(-1, -0.06); };
   const auto down = [&](double side) {
-    return side == 0 ? part(-kAcross, kAcross) : side > 0 ? part(0.04, kAcross + 0.2) : part(-kAcross - 0.2, -0.04);
+    return side == 0  ? part(-kAcross, hasNote ? kNoteTop : kAcross)
+           : side > 0 ? part(0.04, kAcross + 0.2)
+                      : part(-kAcross - 0.2, -0.04);
   };
   const auto [x, width] = along(contents_.visibleSide.x);
-  const auto [y, height] = hasRoomForBoth() ? part(-0.02, 0.74) : down(contents_.visibleSide.y);
+  const auto [y, height] =
+      hasRoomForBoth() ? (hasNote ? part(-0.04, kNoteTop) : part(-0.02, 0.74)) : down(contents_.visibleSide.y);
   return {{center.x + x, center.y + y}, {width, height}};
 }
 
-TextCommand HubPainter::title(const std::string& text) const {
+TextCommand HubPainter::title(const std::string& text, bool hasNote) const {
   constexpr int kMaxLines = 4;
   constexpr double kSmaller = 13.0 / 15;
   const double largest = isCut() ? 13 : hasRoomForBoth() ? 15 : 16;
   const double pointSize = std::min(largest * layout_.scale, radius_ * 0.235);
   TextCommand command{withSoftBreaks(text),
-                      titleRect(),
+                      titleRect(hasNote),
                       pointSize,
                       FontWeight::semibold,
                       TextAlignment::center,
-                      hasRoomForBoth() ? 3 : kMaxLines,
+                      (hasRoomForBoth() ? 3 : kMaxLines) - (hasNote ? 1 : 0),
                       kTitle};
   command.disc = Disc{layout_.center(), 0.94 * radius_};
   command.smallerPointSize = kSmaller * pointSize;
   command.elision = elisionOf(text);
+  return command;
+}
+
+TextCommand HubPainter::note(const std::string& text) const {
+  constexpr double kSmaller = 10.0 / 12;
+  const Point center = layout_.center();
+  const double pointSize = std::min(12 * layout_.scale, radius_ * 0.185);
+  TextCommand command{
+      text,
+      {{center.x - radius_, center.y + kNoteTop * radius_}, {2 * radius_, (kNoteBottom - kNoteTop) * radius_}},
+      pointSize,
+      FontWeight::medium,
+      TextAlignment::center,
+      1,
+      kNote};
+  command.disc = Disc{center, 0.94 * radius_};
+  command.smallerPointSize = kSmaller * pointSize;
   return command;
 }
 

@@ -30,7 +30,9 @@ class HubPainter {
   /// State 0 is the figure alone, state 1 the figure above a title.
   PictureLayer figureLayer() const;
   /// State 0 is the heading, if any, then each title; the cat looks at the highlighted item.
-  PictureLayer titleLayer(const std::vector<std::string>& titles) const;
+  /// `notes` are beneath their titles; titles beyond the list have none. A hub that the screen's edge cuts shows no
+  /// notes.
+  PictureLayer titleLayer(const std::vector<std::string>& titles, const std::vector<std::string>& notes) const;
 
  private:
   struct Figure {
@@ -44,8 +46,9 @@ class HubPainter {
   double figureHalfSide() const;
   Figure figureAboveTitle() const;
   void appendFigure(DisplayList& list, const Figure& figure, bool isAlone) const;
-  Rect titleRect() const;
-  TextCommand title(const std::string& text) const;
+  Rect titleRect(bool hasNote) const;
+  TextCommand title(const std::string& text, bool hasNote = false) const;
+  TextCommand note(const std::string& text) const;
   PictureLayer layer() const;
 
   const PieMenu& menu_;

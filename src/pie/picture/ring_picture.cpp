@@ -37,7 +37,7 @@ Picture makeRingPicture(const PieMenu& menu, const RingLayout& layout, const Rin
   }
   const HubPainter hub(menu, layout, contents.hub);
   picture.layers.push_back(hub.figureLayer());
-  picture.layers.push_back(hub.titleLayer(contents.titles));
+  picture.layers.push_back(hub.titleLayer(contents.titles, contents.notes));
   return picture;
 }
 

@@ -22,8 +22,10 @@ struct RingContents {
   const std::vector<std::string>& titles;
   const std::vector<std::optional<std::string>>& labels;
   HubContents hub = {};
-  /// One per item: its application is missing. Items beyond the list are not dimmed.
+  /// One per item: it cannot do what it is for. Items beyond the list are not dimmed.
   std::vector<bool> dimmed = {};
+  /// One per item, beneath its title; may be empty. Items beyond the list have none.
+  std::vector<std::string> notes = {};
 };
 
 Picture makeRingPicture(const PieMenu& menu, const RingLayout& layout, const RingContents& contents);

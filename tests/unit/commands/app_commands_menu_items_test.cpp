@@ -12,7 +12,9 @@ TEST(AppCommandsMenuItems, IdentifiersAreStableAndDistinct) {
   other.menuPath = {"EditCopy"};
   EXPECT_NE(AppCommandsMenuItems::stableID(copy), AppCommandsMenuItems::stableID(other));
   const PieSubAction quit{"Quit", "xmark", AppSubMenuEntry::Kind::quitApp, {}, {}};
-  EXPECT_EQ(AppCommandsMenuItems::stableID(quit).string(), "2D34E169-6BCF-8D8B-9C70-77296F61B49E");
+  const PieSubAction sameQuit{"Beenden", "power", AppSubMenuEntry::Kind::quitApp, {}, {}, "Ctrl+Q", false};
+  EXPECT_EQ(AppCommandsMenuItems::stableID(quit), AppCommandsMenuItems::stableID(sameQuit));
+  EXPECT_EQ(AppCommandsMenuItems::stableID(quit).string(), "78D77C57-47DB-8657-9DD4-9307851C38CE");
 }
 
 }  // namespace

@@ -37,6 +37,15 @@ TEST(HotkeyDisplay, ShowsWordsAndGlyphs) {
   }
 }
 
+TEST(HotkeyDisplay, NamesTheKeyEquivalentsOfMenus) {
+  const std::pair<MenuShortcut, std::string> rows[] = {
+      {{"S", 0}, "Cmd+S"},           {{"é", 1 + 2 + 4}, "Ctrl+Alt+Shift+Cmd+é"},
+      {{"\uF703", 4 + 8}, "Ctrl+→"}, {{"\r", 2 + 8}, "Alt+Return"},
+      {{"\uF704", 8}, "F1"},         {{"\uF726", 8}, "F35"},
+      {{"\uF727", 8}, "Insert"},     {{"", 4}, ""}};
+  for (const auto& [shortcut, text] : rows) EXPECT_EQ(menuShortcutText(shortcut), text);
+}
+
 TEST(HotkeyDisplay, NamesKeysByTheirUsCharacters) {
   FakeKeyboard keyboard([] { return true; });
   std::string typed;

@@ -184,7 +184,7 @@ struct OverlayStory : Overlay, Story {
 TEST(OverlayStories, PlayAsWritten) { playStories<OverlayStory>("overlay"); }
 
 TEST_F(OverlayTest, OpensAtThePointerAndLeavesNothingBehind) {
-  controller->prerender(menu, std::nullopt);
+  controller->prerender(menu, std::nullopt, std::nullopt);
   show();
   EXPECT_EQ(panel().picture, desktop.overlay.prerendered.back());
   EXPECT_TRUE(panel().isKey);

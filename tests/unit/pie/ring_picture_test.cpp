@@ -174,6 +174,20 @@ TEST(RingPictureTest, HighlightedTitleFitsIntoTheHub) {
   EXPECT_LT(text->disc->radius, ring.layout.hubRadius());
 }
 
+TEST(RingPictureTest, NoteIsBeneathItsTitleInAWholeHub) {
+  const Ring ring = ringOf(2);
+  for (const Point side : {Point{}, Point{1, 0}}) {
+    const RingContents contents{ring.menu.items, {"a", "b"}, {}, {{}, {}, false, side}, {}, {"", "Ctrl+B"}};
+    const Picture picture = makeRingPicture(ring.menu, ring.layout, contents);
+    const auto& states = picture.layers[ring_layers::title(2)].states;
+    EXPECT_EQ(std::get<TextCommand>(states[1].back()).text, "a");
+    const auto& last = std::get<TextCommand>(states[2].back());
+    EXPECT_EQ(last.text, side == Point{} ? "Ctrl+B" : "b");
+    if (side != Point{}) continue;
+    EXPECT_GE(last.rect.top(), std::get<TextCommand>(*(states[2].end() - 2)).rect.bottom());
+  }
+}
+
 /// What the hub shows while nothing is highlighted.
 DisplayList restingHub(std::size_t count, const PieMenu& menu, const HubContents& hub) {
   const Picture picture = ringOf(count, menu, hub).picture;

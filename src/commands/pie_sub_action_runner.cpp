@@ -1,0 +1,121 @@
+#include "commands/pie_sub_action_runner.h"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+#include "commands/app_menu_command_reader.h"
+
+namespace rondora {
+namespace {
+
+using Kind = AppSubMenuEntry::Kind;
+
+/// Seconds. The user has given up by then and may have chosen again.
+constexpr double kMaxDelay = 1;
+
+std::string joinedPath(const std::vector<std::string>& path) {
+  std::string text;
+  for (const std::string& title : path) text.append(text.empty() ? "" : " > ").append(title);
+  return text;
+}
+
+}  // namespace
+
+std::vector<Rect> PieSubActionRunner::workAreas() const {
+  std::vector<Rect> areas;
+  for (const Screen& screen : services_.screens.all()) areas.push_back(screen.visibleFrame);
+  return areas;
+}
+
+void PieSubActionRunner::perform(const PieSubAction& action, const std::optional<RunningApplication>& previousApp) {
+  if (!previousApp || !runs(*previousApp)) {
+    return services_.log.standard("sub-action: the application of " + std::string(rawValue(action.kind)) +
+                                  " has ended");
+  }
+  if (action.kind == Kind::hideApp) {
+    services_.workspace.hide(*previousApp);
+    ended(action, *previousApp, std::nullopt);
+  } else if (action.kind == Kind::quitApp) {
+    const bool isAsked = services_.workspace.terminate(*previousApp);
+    ended(action, *previousApp, isAsked ? Outcome() : SubActionProblem::refused);
+  } else {
+    performOnQueue(action, *previousApp);
+  }
+}
+
+bool PieSubActionRunner::runs(const RunningApplication& application) const {
+  const auto running = services_.workspace.runningApplications();
+  return std::any_of(running.begin(), running.end(),
+                     [&application](const RunningApplication& other) { return other.isSameProcess(application); });
+}
+
+void PieSubActionRunner::performOnQueue(const PieSubAction& action, const RunningApplication& application) {
+  using Self = PieSubActionRunner;
+  services_.queue.async([this, action, application, areas = workAreas(), chosenAt = services_.clock.uptime(),
+                         ended = weakSelf_.bind([action, application](Self& self, Outcome outcome) {
+                           self.ended(action, application, outcome);
+                         })] {
+    const bool isLate = services_.clock.uptime() - chosenAt > kMaxDelay;
+    const Outcome outcome = isLate ? SubActionProblem::refused : run(action, application.processIdentifier, areas);
+    services_.mainQueue.async([ended, outcome] { ended(outcome); });
+  });
+}
+
+void PieSubActionRunner::ended(const PieSubAction& action, const RunningApplication& application, Outcome outcome) {
+  services_.resolver.commandRan(application);
+  if (services_.ended) services_.ended(action, application, outcome);
+}
+
+PieSubActionRunner::Outcome PieSubActionRunner::run(const PieSubAction& action, std::int32_t processIdentifier,
+                                                    const std::vector<Rect>& areas) {
+  if (action.kind == Kind::menuItem) return pressMenuItem(action, processIdentifier);
+  const AXElementRef window = WindowAX(services_.accessibility).targetWindow(processIdentifier);
+  const Outcome outcome = window ? changeWindow(action.kind, *window, areas) : SubActionProblem::noWindow;
+  if (outcome) services_.log.error("sub-action: " + std::string(rawValue(action.kind)) + " failed");
+  return outcome;
+}
+
+PieSubActionRunner::Outcome PieSubActionRunner::pressMenuItem(const PieSubAction& action,
+                                                              std::int32_t processIdentifier) {
+  const bool isTrusted = services_.permissions.isProcessTrusted();
+  const auto item = AppMenuCommandReader(services_.accessibility, services_.clock)
+                        .item(processIdentifier, action.menuPath, action.shortcut, isTrusted);
+  const std::string name = "sub-action: menu item " + joinedPath(action.menuPath);
+  if (!item) {
+    services_.log.error(name + " not found");
+    return SubActionProblem::notFound;
+  }
+  if (!item->isEnabled) {
+    services_.log.standard(name + " is disabled");
+    return SubActionProblem::disabled;
+  }
+  if (press(*item->element)) return std::nullopt;
+  services_.log.error(name + " was not pressed");
+  return SubActionProblem::refused;
+}
+
+/// An application that shows a dialog answers when the dialog has ended: no answer in time is no refusal.
+bool PieSubActionRunner::press(AXElement& element) {
+  constexpr double kTimeout = AppMenuCommandReader::kMessagingTimeout;
+  element.setMessagingTimeout(kTimeout);
+  const double start = services_.clock.uptime();
+  return element.perform("AXPress") || services_.clock.uptime() - start >= kTimeout;
+}
+
+PieSubActionRunner::Outcome PieSubActionRunner::changeWindow(Kind kind, AXElement& window,
+                                                             const std::vector<Rect>& areas) {
+  const auto unless = [](bool worked, SubActionProblem problem) { return worked ? Outcome() : problem; };
+  if (kind == Kind::closeWindow) {
+    const auto button = attributeOf<AXElementRef>(window, "AXCloseButton");
+    return unless(button && *button && press(**button), SubActionProblem::refused);
+  }
+  if (kind == Kind::minimizeWindow) {
+    return unless(window.setAttribute("AXMinimized", true), SubActionProblem::windowKept);
+  }
+  if (kind == Kind::toggleFullScreen) return unless(WindowAX::toggleFullScreen(window), SubActionProblem::windowKept);
+  const auto tile = PieSubActionResolver::windowTile(kind);
+  return unless(tile && WindowAX::tile(window, *tile, areas), SubActionProblem::windowKept);
+}
+
+}  // namespace rondora
