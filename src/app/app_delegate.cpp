@@ -135,6 +135,10 @@ void AppDelegate::iconsChanged() {
   if (ringPrerenderer_) ringPrerenderer_->iconsChanged();
 }
 
+void AppDelegate::commandsKnown() {
+  if (ringPrerenderer_) ringPrerenderer_->commandsKnown();
+}
+
 void AppDelegate::subscribeLanguage() {
   auto languageChanged = removingDuplicates<AppLanguage>(weakSelf_.bind(
       [](AppDelegate& self, AppLanguage language) { self.services_.localization.setLanguage(language); }));

@@ -96,6 +96,8 @@ class AppDelegate {
   void remindToHold() const;
   /// Invalidates pre-rendered rings: a favicon arrived, or applications were installed or removed.
   void iconsChanged();
+  /// The commands of an application became known or changed.
+  void commandsKnown();
 
   TriggerSources& triggers() { return triggers_; }
   /// Null before the launch.

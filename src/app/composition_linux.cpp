@@ -23,6 +23,8 @@
 #include "platform/linux/desktop/xdg_folders.h"
 #include "platform/linux/evdev/evdev_multitouch.h"
 #include "platform/linux/evdev/input_trackpads.h"
+#include "platform/linux/menus/menu_publishing.h"
+#include "platform/linux/menus/published_menus.h"
 #include "platform/linux/x11/connection/clipboard_handover.h"
 #include "platform/linux/x11/guard/guard_link.h"
 #include "platform/linux/x11/overlay/x11_overlay_panel.h"
@@ -80,7 +82,9 @@ struct CompositionLinux::Running {
         presence(ownPresence),
         display(access.connection, access.screenNumber, qtPixelsPerPoint(), mainQueue, installed,
                 presence.environment.bundleIdentifier()),
-        guardLink(guard, display, mainQueue, watchReadable) {}
+        guardLink(guard, display, mainQueue, watchReadable) {
+    display.commandAccessibility.setMenus(publishedMenus);
+  }
 
   Platform platform();
 
@@ -102,7 +106,10 @@ struct CompositionLinux::Running {
   desktop::ProcessPictureDecoder pictureDecoder{
       kOwnFile, mainQueue, std::make_unique<desktop::SerialThread>("Rondora.Pictures", desktop::nameThread)};
   QtWindows windows{[this] { return program.windowContents(); }};
+  menus::PublishedMenus publishedMenus;
   x11::X11Backends display;
+  menus::MenuPublishing menuPublishing{std::make_unique<desktop::SerialThread>("Rondora.Menus", desktop::nameThread),
+                                       [this] { return display.workspace.runningApplications(); }};
   desktop::SwitcherKeys switcherKeys{{defaults, log,
                                       [this](const TapKey& key) { return display.eventTaps.isRefused(key); },
                                       [this] { return desktop::shortcutSettingsOf(presence.environment); }}};
@@ -122,7 +129,6 @@ struct CompositionLinux::Running {
   QtStatusBar statusBar{
       {[this] { return display.embeddingTray.hasOwner(); },
        [this](std::function<void()> observer) { return display.embeddingTray.onChanged(std::move(observer)); }}};
-  NoSubActions subActions{display.workspace, mainQueue};
   Program program{platform()};
 };
 
@@ -163,11 +169,13 @@ Platform CompositionLinux::Running::platform() {
       .accessibility = display.accessibility,
       .spaces = display.spaces,
       .symbolicHotKeys = spaceShortcuts,
-      .subActions = subActions,
+      .commandAccessibility = display.commandAccessibility,
       .instance = presence.instance,
       .makeSerialQueue =
           [](auto label) { return std::make_unique<desktop::SerialThread>(std::string(label), desktop::nameThread); },
       .wantTrackpads = [this](bool wants) { permissions.wantTrackpads(wants); },
+      .wantApplicationMenus = [this](bool wants) { menuPublishing.want(wants); },
+      .applicationsWithoutMenus = [this] { return menuPublishing.applicationsWithoutMenus(); },
       .useInterfaceLanguage = useInterfaceLanguage,
       .onInstalledApplicationsChanged =
           [this](std::function<void()> observer) { return installed.onChanged(std::move(observer)); },

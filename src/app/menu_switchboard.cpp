@@ -120,8 +120,23 @@ std::optional<std::vector<PieMenuItem>> MenuSwitchboard::itemsOverride(const Pie
 }
 
 void MenuSwitchboard::prerender(const PieMenu& menu) const {
-  if (menu.kind == PieMenuKind::appCommands) return;  // its commands are unknown before it opens
-  pieMenuWindow_.prerender(menu, itemsOverride(menu));
+  if (menu.kind == PieMenuKind::appCommands) return prerenderAppCommands(menu);
+  pieMenuWindow_.prerender(menu, itemsOverride(menu), std::nullopt);
+}
+
+void MenuSwitchboard::prerenderAppCommands(const PieMenu& menu) const {
+  const auto application = services_.subActions.targetApp();
+  if (!application || !application->bundleIdentifier) return;
+  auto commands = services_.subActions.known(*application);
+  if (!commands || commands->empty()) return;
+  pieMenuWindow_.prerender(menu, std::nullopt, appCommands(*application->bundleIdentifier, *std::move(commands)));
+}
+
+PieMenuWindowController::AppCommands MenuSwitchboard::appCommands(const std::string& bundleIdentifier,
+                                                                  std::vector<PieSubAction> commands) const {
+  const AppSubMenu* subMenu = configuration().appSubMenu(bundleIdentifier);
+  auto items = AppCommandsMenuItems::build(commands);
+  return {std::move(commands), std::move(items), subMenu ? subMenu->rotationDegrees : std::nullopt, bundleIdentifier};
 }
 
 void MenuSwitchboard::armModifierReleaseDismissal(const HotkeyConfig& hotkey) {
@@ -159,9 +174,10 @@ void MenuSwitchboard::handleHotkeyReleased(const Candidates& candidateIndices) {
 }
 
 void MenuSwitchboard::showAppCommands(const PieMenu& menu, const HotkeyConfig& triggerHotkey) {
+  pendingAppCommandsToken_.reset();
   const auto application = services_.subActions.targetApp();
   if (!application || !application->bundleIdentifier) return;
-  AppCommandsRequest request{services_.random.uuid(), menu.id, triggerHotkey, *application->bundleIdentifier};
+  AppCommandsRequest request{services_.random.uuid(), menu.id, triggerHotkey, *application};
   pendingAppCommandsToken_ = request.token;
   services_.subActions.resolve(
       *application,
@@ -189,12 +205,8 @@ void MenuSwitchboard::appCommandsResolved(const AppCommandsRequest& request, std
   const bool isStillHeld = triggerModifiers_ == ModifierHold::latched || holdsModifiers(request.triggerHotkey);
   const bool isStillWanted = menu != nullptr && menu->isEnabled() && isStillHeld;
   if (!isStillWanted) return previousApp_.reset();
-  const AppSubMenu* subMenu = configuration().appSubMenu(request.bundleIdentifier);
-  auto items = AppCommandsMenuItems::build(commands);
-  show(*menu, request.triggerHotkey,
-       PieMenuWindowController::AppCommands{std::move(commands), std::move(items),
-                                            subMenu ? subMenu->rotationDegrees : std::nullopt,
-                                            request.bundleIdentifier});
+  previousApp_ = request.application;
+  show(*menu, request.triggerHotkey, appCommands(*request.application.bundleIdentifier, std::move(commands)));
 }
 
 void MenuSwitchboard::prefetchAppCommands(const RunningApplication& application) {

@@ -72,7 +72,8 @@ class MenuSwitchboard {
   /// Closes a special menu that has been switched off in the document.
   void dismissRunningAppsMenuIfDisabled();
   void prefetchAppCommands(const RunningApplication& application);
-  /// Pre-renders the menu's picture, so that its first opening is as fast as later ones.
+  /// Pre-renders the menu's picture, so that its first opening is as fast as later ones. Of a menu of commands, the one
+  /// for the application in front, if its commands are known.
   void prerender(const PieMenu& menu) const;
 
   bool isMenuVisible() const { return pieMenuWindow_.isVisible(); }
@@ -86,7 +87,7 @@ class MenuSwitchboard {
     Uuid token;
     Uuid menuId;
     HotkeyConfig triggerHotkey;
-    std::string bundleIdentifier;
+    RunningApplication application;
   };
 
   void wirePieMenu();
@@ -104,6 +105,9 @@ class MenuSwitchboard {
   void show(const PieMenu& menu, const HotkeyConfig& triggerHotkey,
             std::optional<PieMenuWindowController::AppCommands> appCommands);
   void showAppCommands(const PieMenu& menu, const HotkeyConfig& triggerHotkey);
+  PieMenuWindowController::AppCommands appCommands(const std::string& bundleIdentifier,
+                                                   std::vector<PieSubAction> commands) const;
+  void prerenderAppCommands(const PieMenu& menu) const;
   void appCommandsResolved(const AppCommandsRequest& request, std::vector<PieSubAction> commands);
   bool holdsModifiers(const HotkeyConfig& hotkey) const;
   bool holdsAnyKeyOf(const HotkeyConfig& trigger) const;

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "app/single_instance.h"
 #include "commands/sub_actions.h"
@@ -87,7 +88,8 @@ struct Platform {
   Accessibility& accessibility;
   Spaces& spaces;
   SymbolicHotKeys& symbolicHotKeys;
-  SubActions& subActions;
+  /// For the commands of applications; used on one worker thread only.
+  Accessibility& commandAccessibility;
   /// Already claimed.
   SingleInstance& instance;
 
@@ -96,6 +98,10 @@ struct Platform {
   /// Told whether a menu opens with a tap on the trackpad: before the permissions are first read, and after changes of
   /// the document.
   std::function<void(bool)> wantTrackpads;
+  /// Told whether a menu shows the commands of applications, at the same times.
+  std::function<void(bool)> wantApplicationMenus;
+  /// Names of the running applications whose menus cannot be read until they are started again.
+  std::function<std::vector<std::string>()> applicationsWithoutMenus;
   /// Sets the language of the toolkit's own texts.
   std::function<void(AppLanguage)> useInterfaceLanguage;
   /// The observer is called when applications were installed or removed.
@@ -108,6 +114,9 @@ struct Platform {
   ModifierNames modifierNames;
   /// Display text of the keys that paste.
   std::string_view pasteKeys;
+
+  /// Finds and runs the commands of applications in place of the program's own; null: its own.
+  SubActions* subActions = nullptr;
 };
 
 }  // namespace rondora

@@ -3,7 +3,9 @@
 #include <utility>
 
 #include "app/action_findings.h"
+#include "app/command_findings.h"
 #include "app/menu_directory.h"
+#include "app/trigger_rules.h"
 #include "base/file_url.h"
 #include "input/hotkeys/hotkey_display.h"
 #include "settings/window_texts.h"
@@ -16,11 +18,13 @@ Program::Program(const Platform& platform)
       config_(configServices()),
       edits_(config_, platform.mainQueue),
       trackpadWish_(passOnTrackpadWish()),
+      menuWish_(passOnMenuWish()),
       permissions_(platform.permissionService, platform.mainQueue, platform.shell),
       activationHistory_(platform.workspace),
       runningAppsMenuItems_(platform.workspace, activationHistory_, platform.environment.bundleIdentifier()),
       actions_(actionPorts(), platform.makeSerialQueue(RunningAppFocus::kQueueLabel)),
       actionFailures_(platform.log),
+      commands_(commandPorts(), platform.makeSerialQueue(PieSubActionRunner::kQueueLabel)),
       titles_(platform.workspace, activationHistory_, localization_),
       pictures_({platform.pictureDecoder, platform.files, platform.clock, platform.mainQueue}),
       favicons_({platform.network, pictures_, platform.files, platform.clock, platform.mainQueue, platform.log}),
@@ -41,6 +45,7 @@ Program::Program(const Platform& platform)
       [this](const PieConfiguration& configuration) { favicons_.prefetch(configuration); });
   documentActions_ = config_.configuration().subscribe([this](const PieConfiguration& configuration) {
     actionFailures_.retain([&](const MenuAction& action) { return configuration.hasItem(action); });
+    commandFailures_.clear();
   });
 }
 
@@ -51,8 +56,16 @@ Subscription Program::passOnTrackpadWish() const {
   });
 }
 
+Subscription Program::passOnMenuWish() const {
+  if (!platform_.wantApplicationMenus) return {};
+  return config_.configuration().subscribe([this](const PieConfiguration& configuration) {
+    platform_.wantApplicationMenus(hasLiveAppCommandsMenu(configuration));
+  });
+}
+
 void Program::start() {
   favicons_.onPicture = [this] { iconsChanged(); };
+  commands_.resolver.onKnown = [this](const RunningApplication&) { delegate_.commandsKnown(); };
   favicons_.isRingOpen = [this] { return pieMenuWindow_.isVisible(); };
   if (platform_.onInstalledApplicationsChanged) {
     installedApplications_ = platform_.onInstalledApplicationsChanged([this] { iconsChanged(); });
@@ -61,6 +74,7 @@ void Program::start() {
   delegate_.applicationDidFinishLaunching();
   platform_.instance.serve(sessionRequests());
   if (platform_.warmUp) platform_.mainQueue.async(platform_.warmUp);
+  if (const auto front = platform_.workspace.frontmostApplication()) switchboard_.prefetchAppCommands(*front);
 }
 
 /// A screen lock needs keyboard and pointer for itself.
@@ -106,6 +120,22 @@ ActionServices::Ports Program::actionPorts() const {
           platform_.environment};
 }
 
+CommandServices::Ports Program::commandPorts() {
+  return {.workspace = platform_.workspace,
+          .screens = platform_.screens,
+          .mainQueue = platform_.mainQueue,
+          .clock = platform_.clock,
+          .permissions = platform_.permissionService,
+          .log = platform_.log,
+          .accessibility = platform_.commandAccessibility,
+          .localization = localization_,
+          .keyEquivalent =
+              [this](const MenuShortcut& shortcut) { return menuShortcutText(shortcut, platform_.modifierNames); },
+          .entries = [this](std::string_view id) { return config_.current().commandEntries(id, platform_.random); },
+          .ended = [this](const auto& command, const auto& application,
+                          auto problem) { commandEnded(command, application, problem); }};
+}
+
 PieMenuWindowController::Ports Program::ringPorts() const {
   return {platform_.overlayPanels, platform_.screens,   platform_.pointer, platform_.haptics,
           platform_.eventMonitors, platform_.mainQueue, platform_.clock};
@@ -129,7 +159,7 @@ MenuSwitchboard::Services Program::switchboardServices() {
           .config = config_,
           .runningAppsMenuItems = runningAppsMenuItems_,
           .appLauncher = actions_.appLauncher,
-          .subActions = platform_.subActions,
+          .subActions = platform_.subActions ? *platform_.subActions : commands_.runner,
           .pieMenuWindow = pieMenuWindow_,
           .snippetHint = [this] { return snippetHint(localization_, platform_.pasteKeys); },
           .actionEnded = [this](const auto& item, const Uuid& menu,
@@ -232,8 +262,9 @@ WindowContents Program::windowContents() {
 
 SessionFindings Program::findings() const {
   SessionFindings all = documentFindings_.findings();
-  for (const SessionFindings& more : {actionFindings(actionFailures_, localization_),
-                                      report_.findings(sessionFacts(), config_.current(), delegate_.hotkeyManager())}) {
+  for (const SessionFindings& more :
+       {actionFindings(actionFailures_, localization_), commandFindings(commandFailures_, localization_),
+        report_.findings(sessionFacts(), config_.current(), delegate_.hotkeyManager())}) {
     all.insert(all.end(), more.begin(), more.end());
   }
   return all;
@@ -252,11 +283,19 @@ void Program::actionEnded(const PieMenuItem& item, const Uuid& menuId, const std
                           .failure = std::move(named)});
 }
 
+void Program::commandEnded(const PieSubAction& command, const RunningApplication& application,
+                           std::optional<SubActionProblem> problem) {
+  if (!problem) return commandFailures_.worked(command, application);
+  commandFailures_.failed({command, application, *problem});
+}
+
 SessionFacts Program::sessionFacts() const {
+  const bool readsMenus = platform_.applicationsWithoutMenus && hasLiveAppCommandsMenu(config_.current());
   return {.isWayland = isWaylandSession(platform_.environment),
           .showsStatusItem = showsStatusItem_,
           .canPressKeys = platform_.permissionService.isProcessTrusted(),
-          .trackpads = platform_.trackpads.access()};
+          .trackpads = platform_.trackpads.access(),
+          .applicationsWithoutMenus = readsMenus ? platform_.applicationsWithoutMenus() : std::vector<std::string>()};
 }
 
 SessionRequests Program::sessionRequests() {

@@ -9,6 +9,7 @@
 #include "actions/action_failures.h"
 #include "app/action_services.h"
 #include "app/app_delegate.h"
+#include "app/command_services.h"
 #include "app/hotkey_editing.h"
 #include "app/item_titles.h"
 #include "app/menu_switchboard.h"
@@ -59,11 +60,14 @@ class Program {
   const LocalizationStore& localization() const { return localization_; }
   PermissionsMonitor& permissions() { return permissions_; }
   const RunningAppsActivationHistory& activationHistory() const { return activationHistory_; }
+  AppMenuCatalog& appMenuCatalog() { return commands_.catalog; }
   const std::optional<std::string>& statusItemProblem() const { return statusItemProblem_; }
 
  private:
   Subscription passOnTrackpadWish() const;
+  Subscription passOnMenuWish() const;
   ActionServices::Ports actionPorts() const;
+  CommandServices::Ports commandPorts();
   PieMenuWindowController::Ports ringPorts() const;
   PieMenuWindowController::Environment ringEnvironment();
   MenuSwitchboard::Services switchboardServices();
@@ -80,6 +84,8 @@ class Program {
   SessionFacts sessionFacts() const;
   SessionFindings findings() const;
   void actionEnded(const PieMenuItem& item, const Uuid& menuId, const std::optional<ActionFailure>& failure);
+  void commandEnded(const PieSubAction& command, const RunningApplication& application,
+                    std::optional<SubActionProblem> problem);
   SessionRequests sessionRequests();
   std::vector<MenuListing> menuListings() const;
   void openDocumentFolder();
@@ -92,11 +98,14 @@ class Program {
   LocalizationStore localization_;
   Subscription interfaceLanguage_;
   Subscription trackpadWish_;
+  Subscription menuWish_;
   PermissionsMonitor permissions_;
   RunningAppsActivationHistory activationHistory_;
   RunningAppsMenuItems runningAppsMenuItems_;
   ActionServices actions_;
   ActionFailures actionFailures_;
+  CommandServices commands_;
+  SubActionFailures commandFailures_;
   Subscription documentActions_;
   ItemTitles titles_;
   PictureQuarantine pictures_;

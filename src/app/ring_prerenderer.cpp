@@ -31,6 +31,8 @@ void RingPrerenderer::iconsChanged() {
   waitForQuiet(kIconQuietTime);
 }
 
+void RingPrerenderer::commandsKnown() { waitForQuiet(kQuietTime); }
+
 void RingPrerenderer::waitForQuiet(double seconds) {
   next_ = services_.mainQueue.workItem(seconds, weakSelf_.bind([](RingPrerenderer& self) { self.begin(); }));
 }
@@ -40,7 +42,7 @@ void RingPrerenderer::begin() {
   std::size_t items = 0;
   for (const bool hasHotkey : {true, false}) {
     for (const PieMenu& menu : services_.config.current().menus) {
-      const bool isDue = isDocumentDue_ || menu.kind == PieMenuKind::runningApps;
+      const bool isDue = isDocumentDue_ || menu.kind != PieMenuKind::standard;
       if (!isDue || !menu.isEnabled() || menu.hasLiveHotkey() != hasHotkey) continue;
       if (waiting_.size() == kMaxMenus || items + menu.items.size() > kMaxItems) continue;
       items += menu.items.size();

@@ -14,9 +14,10 @@
 namespace rondora {
 
 /// Pre-renders the ring of every enabled menu while the program is idle, one per turn of the main queue, so that a
-/// first opening is as fast as later ones: after the start, after a change of the document, and on request. The rings
-/// of running applications are also pre-rendered when another application becomes active. A document of any size takes
-/// limited time: menus with a hotkey come first, and what exceeds the budget is left out. Main thread.
+/// first opening is as fast as later ones: after the start, after a change of the document, and on request. The
+/// rings of running applications and of commands are also pre-rendered when another application becomes active. A
+/// document of any size takes limited time: menus with a hotkey come first, and what exceeds the budget is left out.
+/// Main thread.
 class RingPrerenderer {
  public:
   struct Services {
@@ -34,6 +35,8 @@ class RingPrerenderer {
 
   /// Starts over soon: icons arrive in short bursts, the first ones right after the start.
   void iconsChanged();
+  /// The commands of an application became known or changed.
+  void commandsKnown();
 
  private:
   void prerenderAll();

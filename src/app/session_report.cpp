@@ -4,12 +4,16 @@
 #include <string>
 
 #include "app/menu_directory.h"
+#include "base/unicode.h"
 
 namespace rondora {
 namespace {
 
 /// Each costs the window two labels, and more of them say nothing new.
 constexpr std::size_t kMaxHotkeyFindings = 10;
+constexpr std::size_t kMaxApplications = 8;
+/// Of an application's name.
+constexpr std::size_t kMaxCharacters = 40;
 
 }  // namespace
 
@@ -44,7 +48,18 @@ std::vector<SessionFinding> SessionReport::findings(const SessionFacts& facts, c
                          ? works(StringKey::sessionTrackpad)
                          : fails(StringKey::sessionTrackpadUnreadable, StringKey::sessionTrackpadUnreadableRemedy));
   }
+  if (!facts.applicationsWithoutMenus.empty()) result.push_back(unreadableMenus(facts.applicationsWithoutMenus));
   return result;
+}
+
+SessionFinding SessionReport::unreadableMenus(const std::vector<std::string>& applications) const {
+  std::string names;
+  for (std::size_t i = 0; i < applications.size() && i < kMaxApplications; ++i) {
+    names.append(i == 0 ? "" : ", ").append(shortened(applications[i], kMaxCharacters));
+  }
+  if (applications.size() > kMaxApplications) names.append(", …");
+  return {false, localization_.text(StringKey::sessionUnreadableMenus, names),
+          std::string(localization_.text(StringKey::sessionUnreadableMenusRemedy))};
 }
 
 void SessionReport::addHotkeys(std::vector<SessionFinding>& findings, const SessionFacts& facts,

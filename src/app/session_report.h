@@ -23,6 +23,8 @@ struct SessionFacts {
   std::optional<bool> showsStatusItem = true;
   bool canPressKeys = true;
   TrackpadAccess trackpads = TrackpadAccess::none;
+  /// Names of those whose menus cannot be read until they are started again.
+  std::vector<std::string> applicationsWithoutMenus = {};
 };
 
 bool isWaylandSession(const ProcessEnvironment& environment);
@@ -42,6 +44,7 @@ class SessionReport {
   SessionFinding fails(StringKey statement, StringKey remedy) const;
   SessionFinding isShared(const PieMenu& menu, const PieMenu& first) const;
   SessionFinding notShown(std::size_t count) const;
+  SessionFinding unreadableMenus(const std::vector<std::string>& applications) const;
   SessionFinding hotkeyFails(const PieMenu& menu) const;
   SessionFinding cannotBeTyped(const PieMenu& menu, std::string_view option) const;
   void addHotkeys(std::vector<SessionFinding>& findings, const SessionFacts& facts, const std::vector<PieMenu>& menus,

@@ -42,15 +42,19 @@ std::optional<double> restoreDelay(const MenuAction& action) {
   return actsOnPreviousApp ? std::optional(kRestoreDelay) : std::nullopt;
 }
 
-bool prefetchesAppCommands(const PieConfiguration& configuration, const RunningApplication& application,
-                           std::string_view ownBundleIdentifier) {
-  if (application.bundleIdentifier.value_or("") == ownBundleIdentifier) return false;
-  if (application.activationPolicy != ActivationPolicy::regular) return false;
+bool hasLiveAppCommandsMenu(const PieConfiguration& configuration) {
   const auto& menus = configuration.menus;
   const auto menu = std::find_if(menus.begin(), menus.end(),
                                  [](const PieMenu& candidate) { return candidate.kind == PieMenuKind::appCommands; });
   if (menu == menus.end() || !menu->isEnabled()) return false;
   return menu->hotkey.isAssigned() || isTrackpadTarget(configuration, static_cast<std::size_t>(menu - menus.begin()));
+}
+
+bool prefetchesAppCommands(const PieConfiguration& configuration, const RunningApplication& application,
+                           std::string_view ownBundleIdentifier) {
+  if (application.bundleIdentifier.value_or("") == ownBundleIdentifier) return false;
+  if (application.activationPolicy != ActivationPolicy::regular) return false;
+  return hasLiveAppCommandsMenu(configuration);
 }
 
 }  // namespace rondora

@@ -33,6 +33,9 @@ Toggle toggleOutcome(const PieMenu& menu, const HotkeyConfig& trigger, const std
 /// Nothing for an action that runs at once and restores nothing.
 std::optional<double> restoreDelay(const MenuAction& action);
 
+/// True when an enabled application-commands menu has a hotkey or a trackpad gesture.
+bool hasLiveAppCommandsMenu(const PieConfiguration& configuration);
+
 /// True when the commands of an application that became active are worth prefetching.
 bool prefetchesAppCommands(const PieConfiguration& configuration, const RunningApplication& application,
                            std::string_view ownBundleIdentifier);

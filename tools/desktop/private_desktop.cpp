@@ -117,6 +117,7 @@ void PrivateDesktop::restartBus() {
 
 void PrivateDesktop::startParts(const DesktopParts& parts) {
   XClient client(display());
+  if (!parts.monitors.empty()) setMonitors(parts.monitors);
   if (parts.windowManager != WindowManager::none) {
     startWindowManager(parts.windowManager);
     require(waitUntil([&] { return client.windowManagerAnswers(); }), "the window manager");
@@ -142,6 +143,7 @@ std::unique_ptr<ChildProcess> PrivateDesktop::startTray() const {
 void PrivateDesktop::startWindowManager(WindowManager manager) {
   if (manager == WindowManager::openbox) startPart({"openbox"});
   if (manager == WindowManager::xfwm4) startPart({"xfwm4", "--compositor=off"});
+  if (manager == WindowManager::metacity) startPart({"metacity", "--no-composite"});
   if (manager == WindowManager::i3) {
     // Without a configuration i3 starts its wizard; this one binds no keys.
     const auto configuration = configHome() / "i3" / "config";

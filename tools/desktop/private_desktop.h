@@ -14,7 +14,7 @@
 
 namespace rondora::live {
 
-enum class WindowManager { none, openbox, xfwm4, i3 };
+enum class WindowManager { none, openbox, xfwm4, i3, metacity };
 enum class Compositor { none, picom };
 enum class Tray { none, tint2 };
 
@@ -23,6 +23,8 @@ struct DesktopParts {
   Compositor compositor = Compositor::picom;
   Tray tray = Tray::tint2;
   std::string screen = "1280x800x24";  // width x height x depth
+  /// Made before the window manager starts, as some never learn of later ones; one that covers the screen if empty.
+  std::vector<Area> monitors = {};
 };
 
 /// A desktop of its own: X server, a bus for session and system, the given parts and XDG folders, all ready when the

@@ -137,7 +137,7 @@ class UnderWindowManager : public EndToEndTest, public testing::WithParamInterfa
 };
 
 inline void PrintTo(WindowManager manager, std::ostream* stream) {
-  constexpr const char* kNames[] = {"none", "openbox", "xfwm4", "i3"};
+  constexpr const char* kNames[] = {"none", "openbox", "xfwm4", "i3", "metacity"};
   *stream << kNames[static_cast<int>(manager)];
 }
 

@@ -48,7 +48,27 @@ TEST_F(ActivationTest, WorksWithoutAWindowManager) {
     }));
     EXPECT_EQ(bare.workspace.runningApplications().front().window, application.window);
   }
+  const auto first = bare.workspace.frontmostApplication().value();
+  bare.workspace.hide(first);  // nothing brings a hidden window back here
+  EXPECT_EQ(bare.workspace.runningApplications("debian-xterm").size(), 2U);
+  EXPECT_TRUE(bare.workspace.terminate(first));
+  EXPECT_TRUE(waitUntil([&] { return bare.workspace.runningApplications("debian-xterm").size() == 1; }));
+  EXPECT_FALSE(bare.workspace.terminate(first));
   EXPECT_TRUE(bare.handleEvents());
+}
+
+TEST_F(ActivationTest, HidesAndQuitsAllWindowsOfAnApplication) {
+  const auto editor = startWithWindow({"mousepad"}, "Untitled 1");
+  run({"mousepad", "--opening-mode", "window"});
+  ASSERT_TRUE(eventually([this] { return windowTitled("Untitled 2") != XCB_NONE; }));
+  const auto terminal = startTerminal("terminal");
+  const auto remembered = running("org.xfce.mousepad").value();
+  workspace().hide(remembered);
+  EXPECT_TRUE(eventually([this] { return running("org.xfce.mousepad")->isHidden; }));
+  EXPECT_FALSE(running("debian-xterm")->isHidden);
+  EXPECT_TRUE(workspaceForUser().terminate(remembered));
+  EXPECT_TRUE(eventually([&] { return !editor->isRunning(); })) << "also iconified windows";
+  EXPECT_TRUE(terminal->isRunning());
 }
 
 }  // namespace

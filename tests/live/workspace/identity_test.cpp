@@ -67,7 +67,7 @@ TEST_F(IdentityTest, ProcessesWithWindowsAreApplicationsPanelsAreNot) {
 /// A reparented window's own origin is not its position on the screen.
 TEST_F(IdentityTest, WindowBoundsAreThoseOfTheFrame) {
   const auto terminal = startTerminal("framed");
-  x11::WindowOwners owners;
+  const x11::WindowOwners& owners = underTest_.owners;
   const auto entries = x11::X11WindowList(underTest_.connection, underTest_.windows, workspace(), owners).windows();
   const auto found = std::ranges::find(entries, windowTitled("framed"), &WindowListEntry::number);
   ASSERT_TRUE(found != entries.end() && found->bounds);
@@ -76,7 +76,7 @@ TEST_F(IdentityTest, WindowBoundsAreThoseOfTheFrame) {
     frames.push_back({{double(area.x), double(area.y)}, {double(area.width), double(area.height)}});
   }
   EXPECT_THAT(frames, testing::Contains(*found->bounds));
-  EXPECT_EQ(owners.windowsOf(terminal->pid()), std::vector{windowTitled("framed")});
+  EXPECT_EQ(found->ownerPID, terminal->pid());
 }
 
 TEST_F(IdentityTest, PicturesComeFromTheDesktopEntryAndFromTheWindow) {

@@ -22,7 +22,7 @@ WorkspaceUnderTest::WorkspaceUnderTest(const std::string& display, ApplicationCa
     : handle_(xcb_connect(display.c_str(), &screen_)),
       connection(handle_.get(), screen_, 1),
       windows(connection),
-      workspace(connection, windows, catalogue, kOwnIdentifier) {}
+      workspace(connection, windows, catalogue, owners, kOwnIdentifier) {}
 
 bool WorkspaceUnderTest::handleEvents() {
   bool isClean = xcb_connection_has_error(handle_.get()) == 0;

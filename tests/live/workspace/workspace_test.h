@@ -34,6 +34,7 @@ class WorkspaceUnderTest {
  public:
   x11::X11Connection connection;
   x11::X11ClientWindows windows;
+  x11::WindowOwners owners;
   x11::X11Workspace workspace;
 };
 

@@ -43,16 +43,19 @@ Platform ProgramTest::platform() {
           .accessibility = desktop.accessibility,
           .spaces = desktop.windowServer,
           .symbolicHotKeys = desktop.windowServer,
-          .subActions = subActions,
+          .commandAccessibility = desktop.accessibility,
           .instance = instance,
           .makeSerialQueue = [this](std::string_view) { return desktop.serialQueue(); },
           .wantTrackpads = [this](bool wants) { wantsTrackpads = wants; },
+          .wantApplicationMenus = [this](bool wants) { wantsApplicationMenus = wants; },
+          .applicationsWithoutMenus = [this] { return applicationsWithoutMenus; },
           .useInterfaceLanguage = [this](AppLanguage language) { languages.push_back(language); },
           .onInstalledApplicationsChanged = {},
           .warmUp = {},
           .handOverClipboard = [this] { ending.emplace_back("clipboard"); },
           .modifierNames = kPcModifierNames,
-          .pasteKeys = "Ctrl+V"};
+          .pasteKeys = "Ctrl+V",
+          .subActions = &subActions};
 }
 
 ProgramTest::ProgramTest() {

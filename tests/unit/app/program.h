@@ -21,12 +21,16 @@ class FakeSubActions final : public SubActions {
     requests.push_back(std::move(completion));
   }
   void prefetch(const RunningApplication& application) override { prefetched.push_back(application.processIdentifier); }
+  std::optional<std::vector<PieSubAction>> known(const RunningApplication& /*application*/) override {
+    return knownCommands;
+  }
   void perform(const PieSubAction& action, const std::optional<RunningApplication>& previousApp) override {
     performed.emplace_back(action.title, previousApp ? previousApp->processIdentifier : 0);
   }
 
   std::optional<RunningApplication> target;
   std::vector<Completion> requests;
+  std::optional<std::vector<PieSubAction>> knownCommands;
   std::vector<std::int32_t> prefetched;
   std::vector<std::pair<std::string, std::int32_t>> performed;
 };
@@ -73,6 +77,8 @@ class ProgramTest : public testing::Test {
   /// The languages set for the toolkit.
   std::vector<AppLanguage> languages;
   bool wantsTrackpads = false;
+  bool wantsApplicationMenus = false;
+  std::vector<std::string> applicationsWithoutMenus;
   RunningApplication browser;
   RunningApplication editor;
   Program program{platform()};

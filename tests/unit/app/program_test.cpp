@@ -96,6 +96,32 @@ TEST_F(RunningProgramTest, CallbacksThatOutliveTheProgramDoNothing) {
   EXPECT_EQ(desktop.keyboard.monitorCount(), 0U);
 }
 
+TEST_F(RunningProgramTest, RunsCommandsOfTheFrontApplicationAndListsFailures) {
+  PieMenu commands = appCommandsMenu({49, kControlOption});
+  commands.appCommandsDefaultEntries.resize(2);
+  commands.appCommandsDefaultEntries[0].kind = AppSubMenuEntry::Kind::quitApp;
+  commands.appCommandsDefaultEntries[1].kind = AppSubMenuEntry::Kind::minimizeWindow;
+  useMenus({commands});
+  desktop.accessibility.addWindow(editor.processIdentifier, "window", 1, false)->refusedActions = {"AXMinimized"};
+  Platform own = platform();
+  own.subActions = nullptr;
+  Program real(own);
+  real.start();
+  EXPECT_TRUE(wantsApplicationMenus);
+  desktop.time.advance(3);
+  press({Key::kControlKey, Key::kOptionKey, Key::kSpaceKey});
+  ASSERT_TRUE(isMenuUp());
+  EXPECT_THAT(desktop.overlay.prerendered, Contains(desktop.overlay.keyPanel()->picture));
+  press({kOneKey});
+  EXPECT_FALSE(isMenuUp());
+  EXPECT_THAT(desktop.accessibility.journal, ElementsAre("window: AXMinimized=1"));
+  std::vector<std::string> statements;
+  const auto watch = real.windowContents().watchFailures([&](const SessionFindings& findings) {
+    for (const SessionFinding& finding : findings) statements.push_back(finding.statement);
+  });
+  EXPECT_THAT(statements, Contains("Item “Minimize window”: the window of “Editor” did not change."));
+}
+
 TEST_F(RunningProgramTest, NewInstallStaysNewAfterTheIntroduction) {
   desktop.defaults.values.clear();
   AppLaunchState state(desktop.defaults, desktop.environment);

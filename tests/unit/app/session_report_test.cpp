@@ -54,6 +54,8 @@ TEST_F(SessionReportTest, ListsWhatWorksAndRemediesForTheRest) {
   EXPECT_EQ(outline(report({}, {HotkeyConfig{}}, true)), "+This is an X11 sessi" + rest) << "no trackpad";
   EXPECT_EQ(outline({report(locked, {HotkeyConfig{}}, true).back(), report(open, {HotkeyConfig{}}, true).back()}),
             "-Rondora may not read+Taps of three, four ");
+  const auto menus = report({.applicationsWithoutMenus = {"Kate", "GIMP"}}, {}).back();
+  EXPECT_EQ(menus.statement, "Rondora cannot read the menus of these applications: Kate, GIMP");
 }
 
 TEST_F(SessionReportTest, NamesMenuAndKeysOfARefusedHotkey) {

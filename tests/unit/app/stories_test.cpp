@@ -126,9 +126,12 @@ class ProgramStory : public ProgramTest, public Story {
   }
   /// The n-th request for commands is answered with these titles.
   void answer(const Words& words) {
-    std::vector<PieSubAction> commands(words.size() - 1);
-    for (std::size_t i = 0; i < commands.size(); ++i) commands[i].title = words[i + 1];
-    subActions.requests.at(std::stoul(words[0]) - 1)(commands);
+    subActions.requests.at(std::stoul(words[0]) - 1)(commandsFrom({words.begin() + 1, words.end()}));
+  }
+  static std::vector<PieSubAction> commandsFrom(const Words& titles) {
+    std::vector<PieSubAction> commands;
+    for (const std::string& title : titles) commands.push_back({title, "", {}, {"File", title}, {}});
+    return commands;
   }
   std::string performed() const {
     Words words;
@@ -196,6 +199,7 @@ void ProgramStory::addActions() {
       {"targetless", [this](W) { subActions.target.reset(); }},
       {"unidentified", [this](W) { subActions.target->bundleIdentifier.reset(); }},
       {"answer", [this](W w) { answer(w); }},
+      {"known", [this](W w) { subActions.knownCommands = commandsFrom(w); }},
       {"newcomer", [this](W) { desktop.defaults.values.clear(); }},
       {"told-of-hidden-item",
        [this](W) { desktop.defaults.setBoolean(AppLaunchState::kHasShownHiddenStatusItem, true); }},

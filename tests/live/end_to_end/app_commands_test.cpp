@@ -1,0 +1,107 @@
+#include <csignal>
+#include <fstream>
+
+#include "live/end_to_end/end_to_end_test.h"
+
+namespace rondora::live {
+namespace {
+
+/// Control is part of the shortcut, Command is not.
+constexpr int kControlShortcut = 12;
+
+Document entry(const std::string& kind) { return {{"kind", kind}}; }
+
+Document command(const std::string& menu, const std::string& title) {
+  return {{"kind", "menuItem"}, {"menuPath", {menu, title}}};
+}
+
+Document retitled(const std::string& menu, const std::string& character) {
+  Document retitled = command(menu, "A title of long ago");
+  retitled["shortcutCharacter"] = character;
+  retitled["shortcutModifiers"] = kControlShortcut;
+  return retitled;
+}
+
+/// The ring of the active application's commands, opened by Control, Alt and Space.
+class AppCommandsTest : public EndToEndTest {
+ protected:
+  void startWith(const std::string& application, std::vector<Document> entries) {
+    Document commands = menu("Commands", kControlAltSpace, {});
+    commands["kind"] = "appCommands";
+    Document whole = document({commands});
+    whole["appSubMenus"] = {{{"bundleIdentifier", application}, {"entries", std::move(entries)}}};
+    start(whole);
+  }
+  void startEditor() {
+    std::ofstream(file()) << "text\n";
+    editor_ = desktop_.start({"mousepad", "--disable-server", file().string()});
+    ASSERT_TRUE(waitUntil([&] { return editorWindow() != XCB_NONE; }));
+    ASSERT_TRUE(waitUntil([&] { return client_.activeWindow() == editorWindow(); }));
+  }
+  xcb_window_t editorWindow() { return windowTitled("notes.txt"); }
+  xcb_window_t windowTitled(const std::string& part) {
+    for (const xcb_window_t window : client_.clientList()) {
+      if (client_.title(window).find(part) != std::string::npos) return window;
+    }
+    return XCB_NONE;
+  }
+  bool waitForWindowTitled(const std::string& part) {
+    return waitUntil([&] { return windowTitled(part) != XCB_NONE; });
+  }
+  bool hasLogged(const std::string& text) {
+    const auto lines = program_->logLines();
+    return std::any_of(lines.begin(), lines.end(),
+                       [&](const std::string& line) { return line.find(text) != std::string::npos; });
+  }
+  /// Opens the ring and presses the label of a sector.
+  void chooseByKey(std::uint8_t keyCode) {
+    ASSERT_TRUE(open());
+    client_.tap(keyCode);
+    ASSERT_TRUE(program_->waitForNoRing());
+    releaseChord();
+  }
+  std::filesystem::path file() const { return desktop_.configHome() / "notes.txt"; }
+
+  std::unique_ptr<ChildProcess> editor_;
+};
+
+TEST_F(AppCommandsTest, CommandsOfTheActiveApplicationHappen) {
+  startWith("org.xfce.mousepad", {command("File", "Open..."), retitled("File", "N"), command("File", "Nowhere"),
+                                  entry("minimizeWindow"), entry("quitApp")});
+  ASSERT_NO_FATAL_FAILURE(startEditor());
+  ASSERT_NO_FATAL_FAILURE(chooseByKey(key::digit0));
+  ASSERT_TRUE(waitForWindowTitled("Open"));
+  client_.tap(key::escape);
+  ASSERT_TRUE(waitUntil([&] { return client_.activeWindow() == editorWindow(); }));
+
+  ASSERT_NO_FATAL_FAILURE(chooseByKey(key::digit1));
+  EXPECT_TRUE(waitForWindowTitled("Untitled")) << "found by its shortcut";
+  ASSERT_NO_FATAL_FAILURE(chooseByKey(key::digit2));
+  EXPECT_TRUE(waitUntil([&] { return hasLogged("sub-action: menu item"); }));
+}
+
+TEST_F(AppCommandsTest, StoppedApplicationDoesNotDelayTheRing) {
+  startWith("org.xfce.mousepad", {command("File", "Open..."), entry("tileLeft"), entry("quitApp")});
+  ASSERT_NO_FATAL_FAILURE(startEditor());
+  kill(editor_->pid(), SIGSTOP);
+  ASSERT_TRUE(open());
+  releaseChord();
+  EXPECT_TRUE(program_->waitForNoRing());
+  kill(editor_->pid(), SIGCONT);
+  expectAtRest();
+}
+
+TEST_F(AppCommandsTest, ApplicationThatEndsTakesNothingWithIt) {
+  startWith("org.xfce.mousepad", {command("File", "Open..."), entry("quitApp")});
+  ASSERT_NO_FATAL_FAILURE(startEditor());
+  ASSERT_TRUE(open());
+  kill(editor_->pid(), SIGKILL);
+  ASSERT_TRUE(waitForActive("Bystander"));
+  client_.tap(key::digit1);
+  releaseChord();
+  expectAtRest();
+  EXPECT_TRUE(program_->isRunning());
+}
+
+}  // namespace
+}  // namespace rondora::live
