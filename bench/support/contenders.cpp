@@ -57,18 +57,25 @@ Document ownRing(const std::string& name, Hotkey hotkey, int items, double anima
 
 Contender startRondora(const PrivateDesktop& desktop, XClient& client, const OwnSetting& setting) {
   constexpr double kUsualAnimation = 0.2;  // seconds
-  constexpr std::size_t kHotkeys = 2;
   std::vector<Document> menus;
   for (int i = 0; i < setting.otherMenus; ++i) menus.push_back(ownRing("other " + std::to_string(i), {}, 8, 0));
   menus.push_back(ownRing("plain", kControlAltSpace, setting.items, 0));
   menus.back()["trackpadFingerCount"] = setting.fingers;
   menus.push_back(ownRing("animated", kControlAltB, setting.items, kUsualAnimation));
-  writeFile(RunningProgram::document(desktop), document(menus).dump(2));
+  std::vector<std::string> variables = setting.variables;
+  variables.push_back("QT_SCALE_FACTOR=" + std::to_string(setting.scale));
+  return startRondoraWith(desktop, client, live::document(menus), variables);
+}
+
+Contender startRondoraWith(const PrivateDesktop& desktop, XClient& client, const Document& document,
+                           const std::vector<std::string>& variables) {
+  constexpr std::size_t kHotkeys = 2;
+  writeFile(RunningProgram::document(desktop), document.dump(2));
   writeFile(RunningProgram::defaults(desktop),
             "pie.hasSeenPermissionIntro=true\npie.hasAutoOpenedSettingsAfterPermissions=true\n"
             "pie.settingsAutoOpenAfterPermissionsMigrationDone=true\n");
-  std::vector<std::string> command{"env", "QT_SCALE_FACTOR=" + std::to_string(setting.scale)};
-  command.insert(command.end(), setting.variables.begin(), setting.variables.end());
+  std::vector<std::string> command{"env"};
+  command.insert(command.end(), variables.begin(), variables.end());
   command.push_back(RunningProgram::file());
   return startAndWait(desktop, client, command, kHotkeys);
 }

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "desktop/document.h"
 #include "desktop/private_desktop.h"
 #include "desktop/x_client.h"
 
@@ -32,6 +33,9 @@ struct OwnSetting {
 /// This program with two rings, which differ in their opening animation only. Throws std::runtime_error when its
 /// hotkeys are never bound.
 Contender startRondora(const live::PrivateDesktop& desktop, live::XClient& client, const OwnSetting& setting = {});
+/// The same with a document that has two hotkeys.
+Contender startRondoraWith(const live::PrivateDesktop& desktop, live::XClient& client, const live::Document& document,
+                           const std::vector<std::string>& variables = {});
 
 /// The peer with a ring of eight items, likewise; observed only from outside.
 Contender startPeer(const live::PrivateDesktop& desktop, live::XClient& client);

@@ -91,6 +91,15 @@ void Stage::close(std::uint8_t key) {
   require(watcher->waitForBaseline(kPause, kLimit), "the ring does not go away");
 }
 
+void Stage::choose(std::uint8_t key, std::uint8_t label) {
+  client.fakeKeyUp(key);
+  client.fakeKeyDown(label);
+  client.fakeKeyUp(label);
+  client.fakeKeyUp(key::alt);
+  client.fakeKeyUp(key::control);
+  require(watcher->waitForBaseline(kPause, kLimit), "the ring does not go away");
+}
+
 Opening Stage::openAndClose(std::uint8_t key) {
   const Opening opening = open(key);
   close(key);

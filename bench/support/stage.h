@@ -29,6 +29,8 @@ class Stage {
   /// there.
   Stage(std::string name, live::Compositor compositor);
 
+  /// What is on the screen now is what lies behind a ring.
+  void rememberBackground();
   /// Replaces the monitors of the screen.
   void setMonitors(const std::vector<live::Area>& monitors);
   /// Control, Alt and `key`; returns when the ring is open and still.
@@ -37,6 +39,8 @@ class Stage {
   Opening openBy(const std::function<Moment()>& trigger);
   /// Closes the ring without a choice and waits until screen and keyboard are as before.
   void close(std::uint8_t key);
+  /// Chooses the item with that quick-select key instead.
+  void choose(std::uint8_t key, std::uint8_t label);
   Opening openAndClose(std::uint8_t key);
   /// After a failure: releases all keys and closes any ring.
   void recover();
@@ -52,7 +56,6 @@ class Stage {
 
  private:
   void showBackground();
-  void rememberBackground();
   Moment press(std::uint8_t key);
   void release(std::uint8_t key);
 

@@ -35,9 +35,19 @@ SECTIONS = [
     ("Choosing", "From the release of the trigger to the key event in the target, and until the target window is active. "
      "The key path contains two fixed times: 150 ms until the restored application gets keys, and 12 ms between press "
      "and release.", r"^(select|switch)"),
+    ("Placing windows", "From the request to place a window in the left or right half of the screen until another client "
+     "sees its frame there. `ownShadow`: an editor that draws its own decoration; `maximized`: of a window that is "
+     "maximised before.", r"^tile\."),
     ("Tapping the trackpad", "From the frame in which the last of three fingers lifts to the first capture that shows "
      "the ring, in turns with its hotkey. The trackpad is one of a mock kernel (umockdev), which answers each read of "
      "the program; a real one would not take that round trip.", r"^trackpad\."),
+    ("Commands of the application in front", "From the press of the hotkey to the first capture that shows the ring of "
+     "an editor's (mousepad's) commands: eight, of which six are in its menus. `prefetched`: they are known; `cold`: "
+     "nothing is known, since a command has just run; `plain`: a ring of eight snippets, in turns with both.",
+     r"^command_ring\."),
+    ("Reading menus", "All commands of an application, three menus deep, with the program's own reader: mousepad (GTK 3) "
+     "and linguist (Qt 6) over the accessibility bus, gtk4-demo-application (GTK 4) by org.gtk.Menus. `cold`: the first "
+     "time in the application's life, which then makes its accessible objects; five starts.", r"^menus\."),
     ("Keys that pass the event tap", "The tap's callback for an event that matches none of ten bindings, one reading of "
      "the clock included, and the time from a key press (physical keyboard of Xvfb) to its arrival in the focused "
      "application, with Super+Tab and an Fn hotkey bound and without the program.", r"^event_tap\."),
