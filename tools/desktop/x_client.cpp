@@ -54,6 +54,7 @@ std::uint8_t XClient::findKeyboard() {
 }
 
 void XClient::userInput(std::uint8_t type, std::uint8_t keyCode) {
+  if (beforeInput_) beforeInput_();
   const auto event = static_cast<std::uint8_t>(inputEvent_ + type);
   xcb_test_fake_input(get(), event, keyCode, XCB_CURRENT_TIME, XCB_NONE, 0, 0, keyboard_);
   sync();
@@ -62,6 +63,7 @@ void XClient::userInput(std::uint8_t type, std::uint8_t keyCode) {
 void XClient::sync() { ask(get(), xcb_get_input_focus, xcb_get_input_focus_reply); }
 
 void XClient::fakeInput(std::uint8_t type, std::uint8_t detail, Position position) {
+  if (beforeInput_) beforeInput_();
   xcb_test_fake_input(get(), type, detail, XCB_CURRENT_TIME, root(), static_cast<std::int16_t>(position.x),
                       static_cast<std::int16_t>(position.y), 0);
   sync();

@@ -6,8 +6,10 @@
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "base/owned.h"
@@ -63,6 +65,8 @@ class XClient {
   /// Returns once the server has handled all requests.
   void sync();
 
+  /// Runs before each key, click and motion, so that the server knows what a client under test asked for before it.
+  void beforeInput(std::function<void()> action) { beforeInput_ = std::move(action); }
   /// On the server's own keyboard, like a user; XTEST events of other programs come from another device.
   void keyDown(std::uint8_t keyCode);
   void keyUp(std::uint8_t keyCode);
@@ -127,6 +131,8 @@ class XClient {
   std::uint8_t findKeyboard();
   void userInput(std::uint8_t type, std::uint8_t keyCode);
   void fakeInput(std::uint8_t type, std::uint8_t detail, Position position = {});
+
+  std::function<void()> beforeInput_;
   xcb_timestamp_t serverTime();
   void drainEvents();
   /// A text or a vector of 32-bit values; empty if there is none of that type.

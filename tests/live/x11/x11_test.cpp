@@ -100,6 +100,7 @@ X11Test::X11Test(std::vector<std::string> serverArguments, double pixelsPerPoint
       inputGrab_(connection_, keys_, time_),
       pointer_(connection_, keys_, inputGrab_),
       panels_(connection_, inputGrab_, rasterizer_) {
+  user_.beforeInput([this] { ask(handle_.get(), xcb_get_input_focus, xcb_get_input_focus_reply); });
   reportHandler_ = hotkeys_.installEventHandler([this](const HotKeyEvent* event) {
     reports_.push_back((event->kind == kEventHotKeyPressed ? "+" : "-") + std::to_string(event->id.id) +
                        (event->modifiers == ModifierHold::latched ? " latched" : ""));
