@@ -140,6 +140,15 @@ class TilingTest : public testing::Test {
     return found != windows->end() && WindowAX::tile(**found, tile, inPoints(kWorkAreas, 1));
   }
 
+  /// As a pager does.
+  void addState(xcb_window_t window, const char* state, xcb_atom_t second = XCB_ATOM_NONE) {
+    server_.sendToRoot(window, server_.atom("_NET_WM_STATE"), {1, server_.atom(state), second, 2, 0});
+    server_.flush();
+  }
+  std::string statesOf(xcb_window_t window) {
+    return desktop_.outputOf({"xprop", "-id", std::to_string(window), "_NET_WM_STATE"}).value_or("");
+  }
+
   bool hasShadow(xcb_window_t window) {
     return waitUntil([&] {
       const auto frame = x11::windowFrame(worker_.connected()->connection, window);
@@ -200,10 +209,7 @@ void TilingTest::expectTilesFromHeldStates(AXElement& window) {
       EXPECT_TRUE(WindowAX::toggleFullScreen(window));
       EXPECT_EQ(WindowAX::fullScreenState(window), FullScreenState::on);
     } else {
-      server_.sendToRoot(
-          number, server_.atom("_NET_WM_STATE"),
-          {1, server_.atom("_NET_WM_STATE_MAXIMIZED_VERT"), server_.atom("_NET_WM_STATE_MAXIMIZED_HORZ"), 2, 0});
-      server_.flush();
+      addState(number, "_NET_WM_STATE_MAXIMIZED_VERT", server_.atom("_NET_WM_STATE_MAXIMIZED_HORZ"));
     }
     const Area held = isFullScreen ? monitors()[0] : maximizedArea();
     EXPECT_TRUE(isFramed(number, held)) << testing::PrintToString(frameOf(number));
@@ -243,6 +249,24 @@ TEST_F(TilingTest, WindowsThatDrawTheirShadowTileToThePixel) {
 TEST_F(TilingTest, MaximizedAndFullScreenWindowsTileToThePixel) {
   const KeyLogger plain(desktop_.display(), "plain");
   expectTilesFromHeldStates(*target(getpid()));
+}
+
+TEST_F(TilingTest, ShadedWindowsAreOpenUntilTheyAreMinimized) {
+  const KeyLogger plain(desktop_.display(), "plain");
+  const AXElementRef window = target(getpid());
+  place(plain.window(), {141, 100, 600, 400});
+  for (const bool tiles : {true, false}) {
+    addState(plain.window(), "_NET_WM_STATE_SHADED");
+    EXPECT_TRUE(waitUntil([&] { return statesOf(plain.window()).find("SHADED") != std::string::npos; }));
+    EXPECT_TRUE(WindowAX::isStandardWindow(*window));
+    if (!tiles) break;
+    EXPECT_TRUE(WindowAX::tile(*window, WindowTile::right, inPoints(kWorkAreas, 1)));
+    EXPECT_TRUE(isFramed(plain.window(), kTiles[0].at(WindowTile::right)));
+    EXPECT_EQ(statesOf(plain.window()).find("SHADED"), std::string::npos);
+  }
+  EXPECT_TRUE(window->setAttribute("AXMinimized", true));
+  EXPECT_FALSE(WindowAX::isStandardWindow(*window));
+  EXPECT_TRUE(waitUntil([&] { return client_.activeWindow() != plain.window(); }));
 }
 
 /// An edge that falls on half a pixel is the same for the windows on both sides.

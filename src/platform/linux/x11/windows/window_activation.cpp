@@ -42,6 +42,17 @@ bool askToClose(const X11Connection& connection, xcb_window_t window) {
   return true;
 }
 
+/// openbox 3.6 keeps shaded windows iconic and follows no request to iconify one.
+void unshadeIfIconic(const X11Connection& connection, xcb_window_t window) {
+  const auto state = connection.property32(window, connection.atom("WM_STATE"), XCB_ATOM_ANY);
+  const auto states = connection.property32(window, connection.atom("_NET_WM_STATE"), XCB_ATOM_ATOM);
+  const auto has = [&](const char* name) { return std::ranges::find(states, connection.atom(name)) != states.end(); };
+  if (state.empty() || state.front() != kIconicState) return;
+  if (!has("_NET_WM_STATE_SHADED") || has("_NET_WM_STATE_HIDDEN")) return;
+  connection.sendToRoot(window, connection.atom("_NET_WM_STATE"),
+                        {0, connection.atom("_NET_WM_STATE_SHADED"), XCB_ATOM_NONE, kSourcePager, 0});
+}
+
 }  // namespace
 
 void activateWindow(const X11Connection& connection, const WindowInfo& target, xcb_window_t currentlyActive) {
@@ -71,6 +82,7 @@ void restoreWindow(const X11Connection& connection, xcb_window_t window) {
 void iconifyWindows(const X11Connection& connection, std::span<const xcb_window_t> windows) {
   if (!managerSupports(connection, "_NET_WM_ACTION_MINIMIZE")) return;
   for (const xcb_window_t window : windows) {
+    unshadeIfIconic(connection, window);
     connection.sendToRoot(window, connection.atom("WM_CHANGE_STATE"), {kIconicState, 0, 0, 0, 0});
   }
   connection.flush();

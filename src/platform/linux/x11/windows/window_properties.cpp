@@ -82,12 +82,24 @@ bool isOrdinary(const X11Connection& connection, const Replies& replies) {
                                        [&](const char* name) { return types.front() == connection.atom(name); });
 }
 
+/// Whether the window manager shows its decoration of the window.
+bool isFrameShown(const X11Connection& connection, xcb_window_t window) {
+  xcb_connection_t* server = connection.get();
+  const Reply<xcb_query_tree_reply_t> tree(xcb_query_tree_reply(server, xcb_query_tree(server, window), nullptr));
+  if (!tree || tree->parent == tree->root) return false;
+  const Reply<xcb_get_window_attributes_reply_t> frame(
+      xcb_get_window_attributes_reply(server, xcb_get_window_attributes(server, tree->parent), nullptr));
+  return frame && frame->map_state == XCB_MAP_STATE_VIEWABLE;
+}
+
 /// Some window managers also make windows of other desktops iconic (openbox 3.6), some mark a window behind another tab
-/// as hidden (i3 4.22): where both states exist, both must agree.
-bool isIconified(const X11Connection& connection, const Replies& replies) {
+/// as hidden (i3 4.22): where both states exist, both must agree. A shaded window may be in both (metacity 3.46).
+bool isIconified(const X11Connection& connection, xcb_window_t window, const Replies& replies) {
   const auto states = values32(replies[netWmState].get());
-  if (std::find(states.begin(), states.end(), connection.atom("_NET_WM_STATE_HIDDEN")) != states.end()) {
-    return firstOf(replies[wmState], kIconicState) != kNormalState;
+  const auto has = [&](const char* state) { return std::ranges::find(states, connection.atom(state)) != states.end(); };
+  if (has("_NET_WM_STATE_HIDDEN")) {
+    const bool isUnmapped = firstOf(replies[wmState], kIconicState) != kNormalState;
+    return isUnmapped && !(has("_NET_WM_STATE_SHADED") && isFrameShown(connection, window));
   }
   const bool knowsStates = replies[netWmDesktop] && replies[netWmDesktop]->type != XCB_ATOM_NONE;
   return !knowsStates && firstOf(replies[wmState], 0) == kIconicState;
@@ -104,7 +116,7 @@ WindowInfo makeInfo(const X11Connection& connection, xcb_window_t window, const 
   if (const auto desktop = firstOf(replies[netWmDesktop], kAllDesktops); desktop != kAllDesktops) {
     info.desktop = desktop;
   }
-  info.isIconified = isIconified(connection, replies);
+  info.isIconified = isIconified(connection, window, replies);
   info.isOrdinary = isOrdinary(connection, replies);
   return info;
 }
@@ -112,7 +124,7 @@ WindowInfo makeInfo(const X11Connection& connection, xcb_window_t window, const 
 }  // namespace
 
 void internWindowAtoms(const X11Connection& connection) {
-  std::vector<std::string_view> names = {"_NET_WM_STATE_HIDDEN", "_NET_WM_STATE_SKIP_TASKBAR"};
+  std::vector<std::string_view> names = {"_NET_WM_STATE_HIDDEN", "_NET_WM_STATE_SHADED", "_NET_WM_STATE_SKIP_TASKBAR"};
   for (const auto& property : kProperties) names.emplace_back(property.name);
   names.insert(names.end(), kTransientTypes.begin(), kTransientTypes.end());
   connection.internAtoms(names);
