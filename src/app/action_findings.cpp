@@ -1,47 +1,34 @@
 #include "app/action_findings.h"
 
-#include <string>
-#include <utility>
-
-#include "base/unicode.h"
+#include "app/failure_finding.h"
 
 namespace rondora {
 namespace {
 
-/// Characters of a title or an address from the document, which may have any length.
-constexpr std::size_t kMaxCharacters = 80;
-
-struct Texts {
-  StringKey reason;
-  StringKey remedy;
-  /// The remedy changes the document.
-  bool needsRestart = true;
-};
-
-Texts textsOf(ActionProblem problem) {
+FailureTexts textsOf(ActionProblem problem) {
   switch (problem) {
     case ActionProblem::notInstalled:
-      return {StringKey::actionNotInstalled, StringKey::actionNotInstalledRemedy};
+      return {StringKey::actionNotInstalled, StringKey::actionNotInstalledRemedy, true};
     case ActionProblem::noDefault:
-      return {StringKey::actionNoDefault, StringKey::actionNoDefaultRemedy, false};
+      return {StringKey::actionNoDefault, StringKey::actionNoDefaultRemedy};
     case ActionProblem::cannotStart:
-      return {StringKey::actionCannotStart, StringKey::actionCannotStartRemedy};
+      return {StringKey::actionCannotStart, StringKey::actionCannotStartRemedy, true};
     case ActionProblem::endedAtOnce:
-      return {StringKey::actionEndedAtOnce, StringKey::actionEndedAtOnceRemedy, false};
+      return {StringKey::actionEndedAtOnce, StringKey::actionEndedAtOnceRemedy};
     case ActionProblem::notAnAddress:
-      return {StringKey::actionNotAnAddress, StringKey::actionNotAnAddressRemedy};
+      return {StringKey::actionNotAnAddress, StringKey::actionNotAnAddressRemedy, true};
     case ActionProblem::noHandler:
-      return {StringKey::actionNoHandler, StringKey::actionNoHandlerRemedy};
+      return {StringKey::actionNoHandler, StringKey::actionNoHandlerRemedy, true};
     case ActionProblem::noSystemAction:
-      return {StringKey::actionNoSystemAction, StringKey::actionNoSystemActionRemedy};
+      return {StringKey::actionNoSystemAction, StringKey::actionNoSystemActionRemedy, true};
     case ActionProblem::keysRefused:
-      return {StringKey::sessionNoKeystrokes, StringKey::sessionNoKeystrokesRemedy, false};
+      return {StringKey::sessionNoKeystrokes, StringKey::sessionNoKeystrokesRemedy};
     case ActionProblem::noSuchKey:
-      return {StringKey::actionNoSuchKey, StringKey::actionNoSuchKeyRemedy};
+      return {StringKey::actionNoSuchKey, StringKey::actionNoSuchKeyRemedy, true};
     case ActionProblem::targetNotInFront:
       break;
   }
-  return {StringKey::actionTargetLost, StringKey::actionTargetLostRemedy, false};
+  return {StringKey::actionTargetLost, StringKey::actionTargetLostRemedy};
 }
 
 }  // namespace
@@ -49,14 +36,7 @@ Texts textsOf(ActionProblem problem) {
 SessionFindings actionFindings(const ActionFailures& failures, const LocalizationStore& localization) {
   SessionFindings result;
   for (const ActionFailures::Entry& entry : failures.entries()) {
-    const Texts texts = textsOf(entry.failure.problem);
-    const std::string reason = localization.text(texts.reason, shortened(entry.failure.detail, kMaxCharacters));
-    std::string remedy(localization.text(texts.remedy));
-    if (texts.needsRestart) remedy.append(" ").append(localization.text(StringKey::actionRestart));
-    result.push_back(
-        {.works = false,
-         .statement = localization.text(StringKey::actionFailed, shortened(entry.item, kMaxCharacters), reason),
-         .remedy = std::move(remedy)});
+    result.push_back(failureFinding(entry.item, textsOf(entry.failure.problem), entry.failure.detail, localization));
   }
   return result;
 }

@@ -1,27 +1,16 @@
 #include "app/command_findings.h"
 
-#include <cstddef>
-#include <string>
-
-#include "base/unicode.h"
+#include "app/failure_finding.h"
 
 namespace rondora {
 namespace {
 
-/// Characters of a title from the document or a name from another program, which may have any length.
-constexpr std::size_t kMaxCharacters = 80;
-
-struct Texts {
-  StringKey reason;
-  StringKey remedy;
-  /// The remedy changes the document.
-  bool needsRestart = false;
-};
-
-Texts textsOf(SubActionProblem problem) {
+FailureTexts textsOf(SubActionProblem problem) {
   switch (problem) {
     case SubActionProblem::notFound:
       return {StringKey::commandNotFound, StringKey::commandNotFoundRemedy, true};
+    case SubActionProblem::noAnswer:
+      return {StringKey::commandNoAnswer, StringKey::commandNoAnswerRemedy};
     case SubActionProblem::disabled:
       return {StringKey::commandDisabled, StringKey::commandDisabledRemedy};
     case SubActionProblem::noWindow:
@@ -39,15 +28,8 @@ Texts textsOf(SubActionProblem problem) {
 SessionFindings commandFindings(const SubActionFailures& failures, const LocalizationStore& localization) {
   SessionFindings result;
   for (const SubActionFailures::Entry& entry : failures.entries()) {
-    const Texts texts = textsOf(entry.problem);
-    const std::string reason =
-        localization.text(texts.reason, shortened(entry.application.localizedName, kMaxCharacters));
-    std::string remedy(localization.text(texts.remedy));
-    if (texts.needsRestart) remedy.append(" ").append(localization.text(StringKey::actionRestart));
-    result.push_back({.works = false,
-                      .statement = localization.text(StringKey::actionFailed,
-                                                     shortened(entry.command.title, kMaxCharacters), reason),
-                      .remedy = std::move(remedy)});
+    result.push_back(
+        failureFinding(entry.command.title, textsOf(entry.problem), entry.application.localizedName, localization));
   }
   return result;
 }

@@ -38,14 +38,20 @@ struct CommandServices {
                   ports.mainQueue,
                   ports.clock,
                   *serialQueue,
+                  readings,
                   reader,
                   {ports.localization, ports.keyEquivalent},
                   ports.entries}),
         runner({ports.workspace, ports.screens, ports.mainQueue, ports.clock, ports.permissions, ports.log,
-                *serialQueue, ports.accessibility, resolver, ports.ended}),
-        catalog({ports.mainQueue, ports.clock, *serialQueue, ports.accessibility}),
+                *serialQueue, readings, ports.accessibility, resolver, ports.ended}),
+        catalog({ports.mainQueue, ports.clock, *serialQueue, readings, ports.accessibility}),
         queue(std::move(serialQueue)) {}
+  CommandServices(const CommandServices&) = delete;
+  CommandServices& operator=(const CommandServices&) = delete;
+  // Ends what the queue reads, for which its destructor would wait.
+  ~CommandServices() { readings.cancel(); }
 
+  QueueReadings readings;
   ApplicationSnapshotReader reader;
   PieSubActionResolver resolver;
   PieSubActionRunner runner;

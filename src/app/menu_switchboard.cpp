@@ -177,7 +177,7 @@ void MenuSwitchboard::showAppCommands(const PieMenu& menu, const HotkeyConfig& t
   pendingAppCommandsToken_.reset();
   const auto application = services_.subActions.targetApp();
   if (!application || !application->bundleIdentifier) return;
-  AppCommandsRequest request{services_.random.uuid(), menu.id, triggerHotkey, *application};
+  AppCommandsRequest request{services_.random.uuid(), menu.id, triggerHotkey, triggerModifiers_, *application};
   pendingAppCommandsToken_ = request.token;
   services_.subActions.resolve(
       *application,
@@ -202,10 +202,11 @@ void MenuSwitchboard::appCommandsResolved(const AppCommandsRequest& request, std
   pendingAppCommandsToken_.reset();
   if (commands.empty() || isMenuVisible()) return;
   const PieMenu* menu = configuration().menu(request.menuId);
-  const bool isStillHeld = triggerModifiers_ == ModifierHold::latched || holdsModifiers(request.triggerHotkey);
-  const bool isStillWanted = menu != nullptr && menu->isEnabled() && isStillHeld;
-  if (!isStillWanted) return previousApp_.reset();
+  const bool isStillHeld = request.modifiers == ModifierHold::latched || holdsModifiers(request.triggerHotkey);
+  const bool isStillThere = menu != nullptr && menu->kind == PieMenuKind::appCommands && menu->isEnabled();
+  if (!isStillThere || !isStillHeld) return previousApp_.reset();
   previousApp_ = request.application;
+  triggerModifiers_ = request.modifiers;
   show(*menu, request.triggerHotkey, appCommands(*request.application.bundleIdentifier, std::move(commands)));
 }
 

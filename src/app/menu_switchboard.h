@@ -87,6 +87,7 @@ class MenuSwitchboard {
     Uuid token;
     Uuid menuId;
     HotkeyConfig triggerHotkey;
+    ModifierHold modifiers;
     RunningApplication application;
   };
 

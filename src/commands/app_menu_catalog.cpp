@@ -19,8 +19,7 @@ AppMenuCatalog::Listing listingOf(const AppMenuCommandReader::Crawl& crawl) {
         std::none_of(item.path.begin(), item.path.end(), [](const auto& title) { return title.empty(); });
     if (!hasName || item.hasSubmenu || !listed.insert(item.path).second) continue;
     AppMenuCatalog::Command command{item.path, std::nullopt, item.isEnabled};
-    if (!item.shortcutCharacter.value_or("").empty())
-      command.shortcut = MenuShortcut{*item.shortcutCharacter, item.shortcutModifiers};
+    if (!item.shortcutCharacter.value_or("").empty()) command.shortcut = item.shortcut();
     listing.commands.push_back(std::move(command));
   }
   std::stable_partition(listing.commands.begin(), listing.commands.end(),
@@ -33,8 +32,9 @@ AppMenuCatalog::Listing listingOf(const AppMenuCommandReader::Crawl& crawl) {
 void AppMenuCatalog::list(std::int32_t processIdentifier, std::function<void(Listing)> completion) {
   auto done = weakSelf_.bind(
       [completion = std::move(completion)](AppMenuCatalog&, const Listing& listing) { completion(listing); });
-  services_.queue.async([services = services_, processIdentifier, done = std::move(done)] {
-    AppMenuCommandReader reader(services.accessibility, services.clock);
+  services_.queue.async([services = services_, processIdentifier, isCancelled = services_.readings.makeIsCancelled(),
+                         done = std::move(done)] {
+    AppMenuCommandReader reader(services.accessibility, services.clock, isCancelled);
     services.mainQueue.async(
         [done, listing = listingOf(reader.readItems(processIdentifier, kBudget, kMaxDepth))] { done(listing); });
   });

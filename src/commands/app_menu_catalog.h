@@ -8,6 +8,7 @@
 
 #include "base/weak_self.h"
 #include "commands/app_menu_command_reader.h"
+#include "commands/queue_readings.h"
 #include "platform/accessibility.h"
 #include "platform/clock.h"
 #include "platform/main_queue.h"
@@ -29,7 +30,7 @@ class AppMenuCatalog {
   struct Listing {
     /// Those with a key equivalent first, each group in the order of the menus, each command once.
     std::vector<Command> commands;
-    /// Nothing was left out for lack of time.
+    /// Nothing was left out for lack of time or because something else needed the queue.
     bool isComplete = false;
   };
 
@@ -39,6 +40,7 @@ class AppMenuCatalog {
     const Clock& clock;
     /// Destroyed before the catalog.
     SerialQueue& queue;
+    QueueReadings& readings;
     /// Used on the queue only.
     Accessibility& accessibility;
   };

@@ -51,8 +51,10 @@ struct ReadItem {
 /// One reading of an application's menus, until its deadline or a limit.
 class MenuReading {
  public:
-  MenuReading(Accessibility& accessibility, const Clock& clock, double budget)
-      : accessibility_(accessibility), clock_(clock), deadline_(clock.uptime() + budget) {}
+  MenuReading(Accessibility& accessibility, const Clock& clock, double budget, const std::function<bool()>& isCancelled)
+      : accessibility_(accessibility), clock_(clock), isCancelled_(isCancelled), deadline_(clock.uptime() + budget) {}
+
+  bool hasGap() const { return hasGap_; }
 
   std::vector<Reader::TopMenu> topMenus(std::int32_t processIdentifier) {
     const AXElementRef bar =
@@ -122,8 +124,8 @@ class MenuReading {
   }
 
   bool isOver() {
-    const bool isOver =
-        itemCount_ >= Reader::kMaxItems || byteCount_ >= Reader::kMaxBytes || clock_.uptime() >= deadline_;
+    const bool isFull = itemCount_ >= Reader::kMaxItems || byteCount_ >= Reader::kMaxBytes;
+    const bool isOver = isFull || clock_.uptime() >= deadline_ || (isCancelled_ && isCancelled_());
     hasGap_ = hasGap_ || isOver;
     return isOver;
   }
@@ -206,6 +208,7 @@ class MenuReading {
 
   Accessibility& accessibility_;
   const Clock& clock_;
+  const std::function<bool()>& isCancelled_;
   double deadline_;
   std::size_t itemCount_ = 0;
   std::size_t byteCount_ = 0;
@@ -216,30 +219,40 @@ class MenuReading {
 }  // namespace
 
 std::vector<AppMenuCommandReader::TopMenu> AppMenuCommandReader::topMenus(std::int32_t processIdentifier) {
-  return MenuReading(accessibility_, clock_, kWalkBudget).topMenus(processIdentifier);
+  MenuReading reading(accessibility_, clock_, kWalkBudget, isCancelled_);
+  auto menus = reading.topMenus(processIdentifier);
+  hasGap_ = reading.hasGap();
+  return menus;
 }
 
 std::optional<AppMenuItemInfo> AppMenuCommandReader::walk(std::int32_t processIdentifier, const Path& path,
                                                           double budget) {
+  hasGap_ = false;
   if (path.size() < 2) return std::nullopt;
-  return MenuReading(accessibility_, clock_, budget).walk(processIdentifier, path);
+  MenuReading reading(accessibility_, clock_, budget, isCancelled_);
+  auto item = reading.walk(processIdentifier, path);
+  hasGap_ = reading.hasGap();
+  return item;
 }
 
 std::optional<AppMenuItemInfo> AppMenuCommandReader::item(std::int32_t processIdentifier, const Path& path,
                                                           const std::optional<MenuShortcut>& shortcut, bool isTrusted) {
+  hasGap_ = false;
   if (!isTrusted) return std::nullopt;
   auto atPath = walk(processIdentifier, path);
   if (atPath || !shortcut) return atPath;
   auto items = readItems(processIdentifier, kSearchBudget, kSearchDepth).items;
-  const auto found = std::find_if(items.begin(), items.end(), [&](const AppMenuItemInfo& item) {
-    return item.shortcutCharacter == shortcut->character && item.shortcutModifiers == shortcut->modifiers;
-  });
+  const auto found = std::find_if(items.begin(), items.end(),
+                                  [&](const AppMenuItemInfo& item) { return item.shortcut() == shortcut; });
   return found == items.end() ? std::nullopt : std::optional(std::move(*found));
 }
 
 AppMenuCommandReader::Crawl AppMenuCommandReader::readItems(std::int32_t processIdentifier, double budget,
                                                             int maxDepth) {
-  return MenuReading(accessibility_, clock_, budget).crawl(processIdentifier, maxDepth);
+  MenuReading reading(accessibility_, clock_, budget, isCancelled_);
+  auto result = reading.crawl(processIdentifier, maxDepth);
+  hasGap_ = reading.hasGap();
+  return result;
 }
 
 }  // namespace rondora

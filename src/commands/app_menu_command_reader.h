@@ -2,8 +2,10 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "model/pie_sub_action.h"
@@ -26,6 +28,11 @@ struct AppMenuItemInfo {
   /// True also when the application does not say.
   bool isEnabled = true;
   bool hasSubmenu = false;
+
+  std::optional<MenuShortcut> shortcut() const {
+    if (!shortcutCharacter) return std::nullopt;
+    return MenuShortcut{*shortcutCharacter, shortcutModifiers};
+  }
 };
 
 /// Reads the menus of another application. A call blocks while it waits for the application: each request at most
@@ -62,9 +69,10 @@ class AppMenuCommandReader {
     bool isComplete = false;
   };
 
-  /// Both must outlive the object.
-  AppMenuCommandReader(Accessibility& accessibility, const Clock& clock)
-      : accessibility_(accessibility), clock_(clock) {}
+  /// A call ends early, as if its budget were used up, once `isCancelled` holds. May be empty; the references must
+  /// outlive the object.
+  AppMenuCommandReader(Accessibility& accessibility, const Clock& clock, std::function<bool()> isCancelled = {})
+      : accessibility_(accessibility), clock_(clock), isCancelled_(std::move(isCancelled)) {}
 
   /// The menus of the menu bar but its first, the system's own; nameless ones are left out. Within kWalkBudget.
   std::vector<TopMenu> topMenus(std::int32_t processIdentifier);
@@ -81,9 +89,14 @@ class AppMenuCommandReader {
   /// The items of all menus, as far as `maxDepth` levels and `budget` seconds allow.
   Crawl readItems(std::int32_t processIdentifier, double budget, int maxDepth);
 
+  /// The last call left something unread: a limit cut it, a request failed, or there is no menu bar.
+  bool hasGap() const { return hasGap_; }
+
  private:
   Accessibility& accessibility_;
   const Clock& clock_;
+  std::function<bool()> isCancelled_;
+  bool hasGap_ = false;
 };
 
 }  // namespace rondora

@@ -1,20 +1,17 @@
 #include "commands/application_snapshot.h"
 
-#include <algorithm>
-
 namespace rondora {
 
 const ApplicationSnapshot::Command* ApplicationSnapshot::command(const std::vector<std::string>& path) const {
-  const auto found =
-      std::find_if(commands.begin(), commands.end(), [&path](const Command& each) { return each.path == path; });
-  return found == commands.end() ? nullptr : &*found;
+  const auto found = commands.find(path);
+  return found == commands.end() ? nullptr : &found->second;
 }
 
 std::size_t ApplicationSnapshot::byteCount() const {
   std::size_t bytes = sizeof(ApplicationSnapshot);
-  for (const Command& each : commands) {
-    bytes += sizeof(Command);
-    for (const std::string& title : each.path) bytes += sizeof(std::string) + title.size();
+  for (const auto& [path, _] : commands) {
+    bytes += sizeof(std::vector<std::string>) + sizeof(Command);
+    for (const std::string& title : path) bytes += sizeof(std::string) + title.size();
   }
   return bytes;
 }

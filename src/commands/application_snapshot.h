@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -14,16 +15,21 @@ namespace rondora {
 struct ApplicationSnapshot {
   struct Window {
     bool canMoveAndResize = false;
+    bool canMinimize = false;
     FullScreenState fullScreen = FullScreenState::unsupported;
     friend bool operator==(const Window&, const Window&) = default;
   };
 
-  enum class Availability { enabled, disabled, missing };
+  enum class Availability {
+    unknown,  // the application did not tell
+    enabled,
+    disabled,
+    missing,
+  };
 
   /// A menu command of the document.
   struct Command {
-    std::vector<std::string> path;
-    Availability availability = Availability::enabled;
+    Availability availability = Availability::unknown;
     /// Its key equivalent now.
     std::optional<MenuShortcut> shortcut;
     friend bool operator==(const Command&, const Command&) = default;
@@ -33,11 +39,11 @@ struct ApplicationSnapshot {
   /// The window that commands act on; nothing when there is none.
   std::optional<Window> window;
   bool areMenusRead = false;
-  /// Those of which something is known.
-  std::vector<Command> commands;
+  /// By path: all that were looked for.
+  std::map<std::vector<std::string>, Command> commands;
   friend bool operator==(const ApplicationSnapshot&, const ApplicationSnapshot&) = default;
 
-  /// Null when nothing is known of it.
+  /// Null when it was not looked for.
   const Command* command(const std::vector<std::string>& path) const;
   /// Roughly, what the snapshot takes in memory.
   std::size_t byteCount() const;

@@ -1,36 +1,46 @@
 #include "commands/application_snapshot_reader.h"
 
 #include <algorithm>
+#include <map>
 #include <utility>
-
-#include "commands/app_menu_command_reader.h"
 
 namespace rondora {
 namespace {
 
 using Availability = ApplicationSnapshot::Availability;
-using Items = std::vector<AppMenuItemInfo>;
+using Command = ApplicationSnapshot::Command;
+using Reader = AppMenuCommandReader;
 
-/// The command at the path, otherwise the first with the shortcut, as AppMenuCommandReader::item finds it.
-const AppMenuItemInfo* findCommand(const Items& items, const AppSubMenuEntry& entry) {
-  const auto first = [&items](auto matches) {
-    const auto found = std::find_if(items.begin(), items.end(), matches);
-    return found == items.end() ? nullptr : &*found;
-  };
-  const AppMenuItemInfo* atPath = first([&](const auto& item) { return item.path == entry.menuPath; });
-  if (atPath && !atPath->hasSubmenu) return atPath;
-  const auto shortcut = storedShortcut(entry);
-  if (!shortcut) return nullptr;
-  return first([&](const auto& item) {
-    return item.shortcutCharacter == shortcut->character && item.shortcutModifiers == shortcut->modifiers;
-  });
+Command commandOf(const AppMenuItemInfo& item) {
+  return {item.isEnabled ? Availability::enabled : Availability::disabled, item.shortcut()};
 }
 
-ApplicationSnapshot::Command commandOf(const AppSubMenuEntry& entry, const AppMenuItemInfo& item) {
-  std::optional<MenuShortcut> shortcut;
-  if (item.shortcutCharacter) shortcut = MenuShortcut{*item.shortcutCharacter, item.shortcutModifiers};
-  return {entry.menuPath, item.isEnabled ? Availability::enabled : Availability::disabled, std::move(shortcut)};
-}
+/// The items of a crawl by path and by key equivalent; of equal ones the first.
+class CrawledCommands {
+ public:
+  explicit CrawledCommands(const std::vector<AppMenuItemInfo>& items) {
+    for (const AppMenuItemInfo& item : items) {
+      byPath_.emplace(item.path, &item);
+      if (const auto shortcut = item.shortcut()) byShortcut_.emplace(keyOf(*shortcut), &item);
+    }
+  }
+
+  /// The command at the path, otherwise the one with the stored key equivalent, as AppMenuCommandReader::item finds it.
+  const AppMenuItemInfo* find(const AppSubMenuEntry& entry) const {
+    const auto atPath = byPath_.find(entry.menuPath);
+    if (atPath != byPath_.end() && !atPath->second->hasSubmenu) return atPath->second;
+    const auto shortcut = storedShortcut(entry);
+    const auto found = shortcut ? byShortcut_.find(keyOf(*shortcut)) : byShortcut_.end();
+    return found == byShortcut_.end() ? nullptr : found->second;
+  }
+
+ private:
+  using Key = std::pair<std::string, std::int64_t>;
+  static Key keyOf(const MenuShortcut& shortcut) { return {shortcut.character, shortcut.modifiers}; }
+
+  std::map<std::vector<std::string>, const AppMenuItemInfo*> byPath_;
+  std::map<Key, const AppMenuItemInfo*> byShortcut_;
+};
 
 }  // namespace
 
@@ -49,42 +59,43 @@ ApplicationSnapshot ApplicationSnapshotReader::readWindow(std::int32_t processId
   ApplicationSnapshot snapshot;
   snapshot.isWindowRead = true;
   if (const AXElementRef window = WindowAX(accessibility_).targetWindow(processIdentifier)) {
-    snapshot.window = {WindowAX::canMoveAndResize(*window), WindowAX::fullScreenState(*window)};
+    snapshot.window = {.canMoveAndResize = WindowAX::canMoveAndResize(*window),
+                       .canMinimize = window->isSettable("AXMinimized"),
+                       .fullScreen = WindowAX::fullScreenState(*window)};
   }
   return snapshot;
 }
 
 void ApplicationSnapshotReader::readMenus(ApplicationSnapshot& snapshot, std::int32_t processIdentifier,
-                                          const std::vector<AppSubMenuEntry>& entries) {
-  using Reader = AppMenuCommandReader;
-  Reader reader(accessibility_, clock_);
+                                          const std::vector<AppSubMenuEntry>& entries,
+                                          const std::function<bool()>& isCancelled) {
+  Reader reader(accessibility_, clock_, isCancelled);
   const double deadline = clock_.uptime() + Reader::kSearchBudget;
   const Reader::Crawl crawl = reader.readItems(processIdentifier, Reader::kSearchBudget, Reader::kSearchDepth);
+  const CrawledCommands crawled(crawl.items);
   snapshot.areMenusRead = crawl.isComplete || !crawl.items.empty();
   for (const AppSubMenuEntry& entry : entries) {
-    if (const AppMenuItemInfo* item = findCommand(crawl.items, entry)) {
-      snapshot.commands.push_back(commandOf(entry, *item));
+    Command& command = snapshot.commands[entry.menuPath];
+    if (const AppMenuItemInfo* item = crawled.find(entry)) {
+      command = commandOf(*item);
     } else if (crawl.isComplete) {
-      snapshot.commands.push_back({entry.menuPath, Availability::missing, {}});
-    } else if (!crawl.items.empty() && clock_.uptime() < deadline) {
-      walkTo(snapshot, processIdentifier, entry, deadline);
+      command.availability = Availability::missing;
+    } else if (!crawl.items.empty() && clock_.uptime() < deadline && !isCancelled()) {
+      command = walkTo(reader, processIdentifier, entry, deadline);
     }
   }
 }
 
 /// For a command below the levels or behind the time of a crawl. A walk in which no request can have timed out tells
 /// that there is none.
-void ApplicationSnapshotReader::walkTo(ApplicationSnapshot& snapshot, std::int32_t processIdentifier,
-                                       const AppSubMenuEntry& entry, double deadline) {
+Command ApplicationSnapshotReader::walkTo(AppMenuCommandReader& reader, std::int32_t processIdentifier,
+                                          const AppSubMenuEntry& entry, double deadline) {
   const double start = clock_.uptime();
-  const auto item =
-      AppMenuCommandReader(accessibility_, clock_).walk(processIdentifier, entry.menuPath, deadline - start);
+  const auto item = reader.walk(processIdentifier, entry.menuPath, deadline - start);
+  if (item) return commandOf(*item);
   const double end = clock_.uptime();
-  if (item) {
-    snapshot.commands.push_back(commandOf(entry, *item));
-  } else if (end < deadline && end - start < AppMenuCommandReader::kMessagingTimeout) {
-    snapshot.commands.push_back({entry.menuPath, Availability::missing, {}});
-  }
+  const bool isKnown = end < deadline && end - start < Reader::kMessagingTimeout && !reader.hasGap();
+  return {isKnown ? Availability::missing : Availability::unknown, {}};
 }
 
 }  // namespace rondora

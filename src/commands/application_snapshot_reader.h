@@ -1,8 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <vector>
 
+#include "commands/app_menu_command_reader.h"
 #include "commands/application_snapshot.h"
 #include "model/app_sub_menu.h"
 #include "platform/accessibility.h"
@@ -19,13 +21,14 @@ class ApplicationSnapshotReader {
       : accessibility_(accessibility), clock_(clock) {}
 
   ApplicationSnapshot readWindow(std::int32_t processIdentifier);
-  /// Adds what becomes known of these menu commands. Takes AppMenuCommandReader::kSearchBudget and one request at most.
+  /// Looks for these menu commands. Takes AppMenuCommandReader::kSearchBudget and one request at most, and ends early
+  /// once `isCancelled` holds.
   void readMenus(ApplicationSnapshot& snapshot, std::int32_t processIdentifier,
-                 const std::vector<AppSubMenuEntry>& entries);
+                 const std::vector<AppSubMenuEntry>& entries, const std::function<bool()>& isCancelled);
 
  private:
-  void walkTo(ApplicationSnapshot& snapshot, std::int32_t processIdentifier, const AppSubMenuEntry& entry,
-              double deadline);
+  ApplicationSnapshot::Command walkTo(AppMenuCommandReader& reader, std::int32_t processIdentifier,
+                                      const AppSubMenuEntry& entry, double deadline);
 
   Accessibility& accessibility_;
   const Clock& clock_;

@@ -41,15 +41,24 @@ std::vector<AppSubMenuEntry> PieSubActionResolver::entriesOf(const RunningApplic
   return services_.entries(application.bundleIdentifier.value_or(""));
 }
 
-bool PieSubActionResolver::waitsForMenus(const RunningApplication& application,
-                                         const ApplicationSnapshot& snapshot) const {
-  return !snapshot.areMenusRead && !menuItems(entriesOf(application)).empty();
+/// The application told of every menu command that the document has for it now.
+bool PieSubActionResolver::isComplete(const RunningApplication& application,
+                                      const ApplicationSnapshot& snapshot) const {
+  const auto entries = entriesOf(application);
+  return std::all_of(entries.begin(), entries.end(), [&snapshot](const AppSubMenuEntry& entry) {
+    return entry.kind != Kind::menuItem || (snapshot.areMenusRead && snapshot.command(entry.menuPath));
+  });
+}
+
+bool PieSubActionResolver::isWaitedFor(const RunningApplication& application) const {
+  return std::any_of(waiting_.begin(), waiting_.end(),
+                     [&application](const Request& request) { return request.application.isSameProcess(application); });
 }
 
 /// An application without a window, or with a minimised one, is read anew: its window may be back by now.
 const ApplicationSnapshot* PieSubActionResolver::cached(const RunningApplication& application) const {
   const ApplicationSnapshot* snapshot = cache_.find(application);
-  return snapshot && snapshot->window && !waitsForMenus(application, *snapshot) ? snapshot : nullptr;
+  return snapshot && snapshot->window && isComplete(application, *snapshot) ? snapshot : nullptr;
 }
 
 std::vector<PieSubAction> PieSubActionResolver::list(const RunningApplication& application,
@@ -64,7 +73,7 @@ std::optional<std::vector<PieSubAction>> PieSubActionResolver::known(const Runni
 
 void PieSubActionResolver::resolve(const RunningApplication& application, SubActions::Completion completion) {
   if (auto commands = known(application)) {
-    prefetchIn(kPrefetchDelay, application);
+    prefetch(application);
     return services_.mainQueue.async(
         [commands = *std::move(commands), completion = std::move(completion)] { completion(commands); });
   }
@@ -82,7 +91,9 @@ void PieSubActionResolver::timedOut(std::uint64_t number) {
   const Request request = std::move(*found);
   waiting_.erase(found);
   const bool isBeingRead = reading_ && reading_->isSameProcess(request.application);
-  request.completion(list(request.application, isBeingRead ? partial_ : ApplicationSnapshot()));
+  ApplicationSnapshot snapshot = isBeingRead ? partial_ : ApplicationSnapshot();
+  addKnown(request.application, snapshot);
+  request.completion(list(request.application, snapshot));
 }
 
 /// A completion may ask again, so the requests are taken out first.
@@ -99,23 +110,28 @@ void PieSubActionResolver::answer(const RunningApplication& application, const A
   }
 }
 
-void PieSubActionResolver::prefetch(const RunningApplication& application) { prefetchIn(kPrefetchDelay, application); }
+void PieSubActionResolver::prefetch(const RunningApplication& application) {
+  prefetchDelay_ = prefetchIn(kPrefetchDelay, application);
+}
 
 void PieSubActionResolver::commandRan(const RunningApplication& application) {
   cache_.drop(application);
-  prefetchIn(kSettlingTime, application);
+  settling_ = prefetchIn(kSettlingTime, application);
 }
 
-void PieSubActionResolver::prefetchIn(double seconds, const RunningApplication& application) {
-  prefetchDelay_ = services_.mainQueue.workItem(seconds, weakSelf_.bind([application](PieSubActionResolver& self) {
+Subscription PieSubActionResolver::prefetchIn(double seconds, const RunningApplication& application) {
+  return services_.mainQueue.workItem(seconds, weakSelf_.bind([application](PieSubActionResolver& self) {
+    const auto front = self.targetApp();
+    if (!front || !front->isSameProcess(application)) return;
     self.cache_.retain(self.services_.workspace.runningApplications());
-    self.nextPrefetch_ = application;
+    self.nextPrefetch_ = front;
     self.startNext();
   }));
 }
 
 /// What the user waits for comes first.
 void PieSubActionResolver::startNext() {
+  if (reading_ && !waiting_.empty() && !isWaitedFor(*reading_)) services_.readings.cancel();
   if (reading_) return;
   if (!waiting_.empty()) return read(RunningApplication(waiting_.back().application));
   if (const auto next = std::exchange(nextPrefetch_, std::nullopt)) read(*next);
@@ -125,14 +141,16 @@ void PieSubActionResolver::read(const RunningApplication& application) {
   using Self = PieSubActionResolver;
   reading_ = application;
   partial_ = {};
+  isReadingCancelled_ = services_.readings.makeIsCancelled();
   services_.queue.async([&reader = services_.reader, &mainQueue = services_.mainQueue,
                          pid = application.processIdentifier, items = menuItems(entriesOf(application)),
+                         isCancelled = isReadingCancelled_,
                          windowRead = weakSelf_.bind([](Self& self, const auto& read) { self.windowRead(read); }),
                          ended = weakSelf_.bind([](Self& self, const auto& read) { self.readingEnded(read); })] {
     ApplicationSnapshot snapshot = reader.readWindow(pid);
     if (!items.empty()) {
       mainQueue.async([windowRead, snapshot] { windowRead(snapshot); });
-      reader.readMenus(snapshot, pid, items);
+      reader.readMenus(snapshot, pid, items, isCancelled);
     }
     mainQueue.async([ended, snapshot = std::move(snapshot)] { ended(snapshot); });
   });
@@ -140,20 +158,26 @@ void PieSubActionResolver::read(const RunningApplication& application) {
 
 void PieSubActionResolver::windowRead(const ApplicationSnapshot& snapshot) { partial_ = snapshot; }
 
-/// An application that hangs has the commands that it had.
-void PieSubActionResolver::keepKnownCommands(const RunningApplication& application,
-                                             ApplicationSnapshot& snapshot) const {
-  const ApplicationSnapshot* known = snapshot.areMenusRead ? nullptr : cache_.find(application);
+/// What an application did not tell, because it hangs or because the reading was cancelled, is as it was.
+void PieSubActionResolver::addKnown(const RunningApplication& application, ApplicationSnapshot& snapshot) const {
+  const ApplicationSnapshot* known = cache_.find(application);
   if (known == nullptr) return;
-  snapshot.areMenusRead = known->areMenusRead;
-  snapshot.commands = known->commands;
+  if (!snapshot.isWindowRead) {
+    snapshot.isWindowRead = known->isWindowRead;
+    snapshot.window = known->window;
+  }
+  snapshot.areMenusRead = snapshot.areMenusRead || known->areMenusRead;
+  for (const auto& [path, before] : known->commands) {
+    ApplicationSnapshot::Command& command = snapshot.commands[path];
+    if (command.availability == ApplicationSnapshot::Availability::unknown) command = before;
+  }
 }
 
 void PieSubActionResolver::readingEnded(const ApplicationSnapshot& read) {
   ApplicationSnapshot snapshot = read;
   const RunningApplication application = *std::exchange(reading_, std::nullopt);
-  keepKnownCommands(application, snapshot);
-  const bool isNew = cache_.store(application, snapshot);
+  addKnown(application, snapshot);
+  const bool isNew = !isReadingCancelled_() && cache_.store(application, snapshot);
   answer(application, snapshot);
   startNext();
   if (isNew && onKnown) onKnown(application);

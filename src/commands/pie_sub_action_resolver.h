@@ -9,6 +9,7 @@
 #include "base/observable.h"
 #include "base/weak_self.h"
 #include "commands/application_snapshot_reader.h"
+#include "commands/queue_readings.h"
 #include "commands/snapshot_cache.h"
 #include "commands/sub_action_list.h"
 #include "commands/sub_actions.h"
@@ -33,6 +34,7 @@ class PieSubActionResolver {
     const Clock& clock;
     /// Destroyed before the resolver, so that its work has ended by then.
     SerialQueue& queue;
+    QueueReadings& readings;
     /// Used on the queue only.
     ApplicationSnapshotReader& reader;
     SubActionTexts texts;
@@ -46,7 +48,7 @@ class PieSubActionResolver {
   /// Answers at once from the cache, otherwise as soon as the application was read, after kMaxWait with what is known
   /// then. Calls `completion` once, on a later turn of the main loop.
   void resolve(const RunningApplication& application, SubActions::Completion completion);
-  /// Reads the application in a moment, unless another one is prefetched before.
+  /// Reads the application in a moment, if it is still in front then.
   void prefetch(const RunningApplication& application);
   /// What `resolve` would answer at once; nothing when it would wait.
   std::optional<std::vector<PieSubAction>> known(const RunningApplication& application) const;
@@ -68,16 +70,17 @@ class PieSubActionResolver {
   };
 
   std::vector<AppSubMenuEntry> entriesOf(const RunningApplication& application) const;
-  bool waitsForMenus(const RunningApplication& application, const ApplicationSnapshot& snapshot) const;
+  bool isComplete(const RunningApplication& application, const ApplicationSnapshot& snapshot) const;
+  bool isWaitedFor(const RunningApplication& application) const;
   const ApplicationSnapshot* cached(const RunningApplication& application) const;
   std::vector<PieSubAction> list(const RunningApplication& application, const ApplicationSnapshot& snapshot) const;
   void timedOut(std::uint64_t number);
   void answer(const RunningApplication& application, const ApplicationSnapshot& snapshot);
-  void prefetchIn(double seconds, const RunningApplication& application);
+  Subscription prefetchIn(double seconds, const RunningApplication& application);
   void startNext();
   void read(const RunningApplication& application);
   void windowRead(const ApplicationSnapshot& snapshot);
-  void keepKnownCommands(const RunningApplication& application, ApplicationSnapshot& snapshot) const;
+  void addKnown(const RunningApplication& application, ApplicationSnapshot& snapshot) const;
   void readingEnded(const ApplicationSnapshot& read);
 
   Services services_;
@@ -87,8 +90,10 @@ class PieSubActionResolver {
   /// The application that the queue reads, and what is known of it so far.
   std::optional<RunningApplication> reading_;
   ApplicationSnapshot partial_;
+  std::function<bool()> isReadingCancelled_;
   std::optional<RunningApplication> nextPrefetch_;
   Subscription prefetchDelay_;
+  Subscription settling_;
   WeakSelf<PieSubActionResolver> weakSelf_{this};
 };
 

@@ -52,7 +52,9 @@ bool PieSubActionRunner::runs(const RunningApplication& application) const {
 
 void PieSubActionRunner::performOnQueue(const PieSubAction& action, const RunningApplication& application) {
   using Self = PieSubActionRunner;
-  services_.queue.async([this, action, application, areas = workAreas(), chosenAt = services_.clock.uptime(),
+  services_.readings.cancel();
+  auto areas = PieSubActionResolver::windowTile(action.kind) ? workAreas() : std::vector<Rect>();
+  services_.queue.async([this, action, application, areas = std::move(areas), chosenAt = services_.clock.uptime(),
                          ended = weakSelf_.bind([action, application](Self& self, Outcome outcome) {
                            self.ended(action, application, outcome);
                          })] {
@@ -79,12 +81,14 @@ PieSubActionRunner::Outcome PieSubActionRunner::run(const PieSubAction& action, 
 PieSubActionRunner::Outcome PieSubActionRunner::pressMenuItem(const PieSubAction& action,
                                                               std::int32_t processIdentifier) {
   const bool isTrusted = services_.permissions.isProcessTrusted();
-  const auto item = AppMenuCommandReader(services_.accessibility, services_.clock)
-                        .item(processIdentifier, action.menuPath, action.shortcut, isTrusted);
+  const double start = services_.clock.uptime();
+  AppMenuCommandReader reader(services_.accessibility, services_.clock);
+  const auto item = reader.item(processIdentifier, action.menuPath, action.shortcut, isTrusted);
   const std::string name = "sub-action: menu item " + joinedPath(action.menuPath);
   if (!item) {
     services_.log.error(name + " not found");
-    return SubActionProblem::notFound;
+    const bool hasWaited = services_.clock.uptime() - start >= AppMenuCommandReader::kMessagingTimeout;
+    return hasWaited && reader.hasGap() ? SubActionProblem::noAnswer : SubActionProblem::notFound;
   }
   if (!item->isEnabled) {
     services_.log.standard(name + " is disabled");

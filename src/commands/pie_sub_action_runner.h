@@ -34,6 +34,8 @@ class PieSubActionRunner final : public SubActions {
     Log& log;
     /// Destroyed before the runner, so that its work has ended by then.
     SerialQueue& queue;
+    /// Give way to the commands.
+    QueueReadings& readings;
     /// Used on the queue only.
     Accessibility& accessibility;
     PieSubActionResolver& resolver;

@@ -11,7 +11,8 @@ namespace rondora {
 
 /// Why a command did nothing.
 enum class SubActionProblem {
-  notFound,    // the application has no such command, or did not tell
+  notFound,    // the application has no such command
+  noAnswer,    // from the application
   disabled,    // by the application, now
   refused,     // by the application
   noWindow,    // to act on

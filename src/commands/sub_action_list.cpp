@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <array>
+#include <set>
 #include <string_view>
 #include <utility>
 
 #include "commands/application_snapshot_reader.h"
+#include "commands/command_symbol.h"
 
 namespace rondora {
 namespace {
@@ -34,7 +36,6 @@ constexpr auto kLooks = std::to_array<Look>({
     {Kind::closeWindow, StringKey::commandCloseWindow, "xmark"},
     {Kind::quitApp, StringKey::commandQuitApp, "power"},
 });
-constexpr std::string_view kMenuItemSymbol = "command";
 
 const Look& lookOf(Kind kind) {
   return *std::find_if(kLooks.begin(), kLooks.end(), [kind](const Look& look) { return look.kind == kind; });
@@ -44,15 +45,10 @@ bool isOffered(Kind kind, const ApplicationSnapshot& snapshot) {
   const bool alwaysOffered = kind == Kind::menuItem || kind == Kind::hideApp || kind == Kind::quitApp;
   if (alwaysOffered || !snapshot.isWindowRead) return true;
   if (!snapshot.window) return false;
-  if (kind == Kind::minimizeWindow || kind == Kind::closeWindow) return true;
+  if (kind == Kind::closeWindow) return true;
+  if (kind == Kind::minimizeWindow) return snapshot.window->canMinimize;
   if (kind == Kind::toggleFullScreen) return snapshot.window->fullScreen != FullScreenState::unsupported;
   return snapshot.window->canMoveAndResize;
-}
-
-bool contains(const std::vector<PieSubAction>& actions, const AppSubMenuEntry& entry) {
-  return std::any_of(actions.begin(), actions.end(), [&entry](const PieSubAction& action) {
-    return action.kind == entry.kind && action.menuPath == entry.menuPath;
-  });
 }
 
 std::string noteOf(Availability availability, const std::optional<MenuShortcut>& shortcut,
@@ -62,22 +58,30 @@ std::string noteOf(Availability availability, const std::optional<MenuShortcut>&
       return std::string(texts.localization.text(StringKey::commandOffNow));
     case Availability::missing:
       return std::string(texts.localization.text(StringKey::commandGone));
+    case Availability::unknown:
     case Availability::enabled:
       break;
   }
   return shortcut && texts.keyEquivalent ? texts.keyEquivalent(*shortcut) : "";
 }
 
+/// A document may say "" for no icon.
+std::string iconOf(const AppSubMenuEntry& entry, std::string_view otherwise) {
+  return entry.icon.value_or("").empty() ? std::string(otherwise) : *entry.icon;
+}
+
 PieSubAction menuCommand(const AppSubMenuEntry& entry, const ApplicationSnapshot& snapshot,
                          const SubActionTexts& texts) {
-  const ApplicationSnapshot::Command* known = snapshot.command(entry.menuPath);
+  const ApplicationSnapshot::Command* found = snapshot.command(entry.menuPath);
+  const Availability availability = found ? found->availability : Availability::unknown;
+  const bool isUnknown = availability == Availability::unknown;
   PieSubAction action;
   action.title = entry.menuPath.empty() ? "" : entry.menuPath.back();
-  action.icon = entry.icon.value_or(std::string(kMenuItemSymbol));
   action.shortcut = storedShortcut(entry);
-  action.isAvailable = !known || known->availability == Availability::enabled;
-  action.note =
-      noteOf(known ? known->availability : Availability::enabled, known ? known->shortcut : action.shortcut, texts);
+  const auto& shortcut = isUnknown ? action.shortcut : found->shortcut;
+  action.icon = iconOf(entry, commandSymbol(shortcut));
+  action.isAvailable = isUnknown || availability == Availability::enabled;
+  action.note = noteOf(availability, shortcut, texts);
   return action;
 }
 
@@ -88,7 +92,7 @@ PieSubAction generalCommand(const AppSubMenuEntry& entry, const ApplicationSnaps
   const bool leaves = entry.kind == Kind::toggleFullScreen && isFullScreen;
   PieSubAction action;
   action.title = texts.localization.text(leaves ? StringKey::commandLeaveFullScreen : look.title);
-  action.icon = entry.icon.value_or(std::string(look.symbol));
+  action.icon = iconOf(entry, look.symbol);
   return action;
 }
 
@@ -98,8 +102,9 @@ std::vector<PieSubAction> makeSubActions(const std::vector<AppSubMenuEntry>& ent
                                          const ApplicationSnapshot& snapshot, const SubActionTexts& texts) {
   std::vector<PieSubAction> actions;
   actions.reserve(entries.size());
+  std::set<std::pair<Kind, std::vector<std::string>>> made;
   for (const AppSubMenuEntry& entry : entries) {
-    if (!isOffered(entry.kind, snapshot) || contains(actions, entry)) continue;
+    if (!isOffered(entry.kind, snapshot) || !made.insert({entry.kind, entry.menuPath}).second) continue;
     const bool isMenuItem = entry.kind == Kind::menuItem;
     PieSubAction action = isMenuItem ? menuCommand(entry, snapshot, texts) : generalCommand(entry, snapshot, texts);
     action.kind = entry.kind;

@@ -133,6 +133,8 @@ enum class StringKey {
   /// Reasons why a command of an application did nothing; %@: the application.
   commandNotFound,
   commandNotFoundRemedy,
+  commandNoAnswer,
+  commandNoAnswerRemedy,
   commandDisabled,
   commandDisabledRemedy,
   commandRefused,

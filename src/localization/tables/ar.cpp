@@ -136,6 +136,8 @@ constexpr StringTable kArabicStrings = completeTable({
     {StringKey::actionTargetLostRemedy, "اختر العنصر مرة أخرى."},
     {StringKey::commandNotFound, "لا يوجد هذا الأمر في التطبيق «%@»."},
     {StringKey::commandNotFoundRemedy, "إذا تغيّر اسم الأمر فعدّله في ملف الإعدادات، وإلا فشغّل التطبيق من جديد."},
+    {StringKey::commandNoAnswer, "لا يستجيب التطبيق «%@»."},
+    {StringKey::commandNoAnswerRemedy, "انتظر حتى يستجيب التطبيق، أو أنهه ثم شغّله من جديد."},
     {StringKey::commandDisabled, "لا يسمح التطبيق «%@» بهذا الأمر الآن."},
     {StringKey::commandDisabledRemedy, "قد يحتاج الأمر إلى تحديد أو إلى مستند مفتوح."},
     {StringKey::commandRefused, "لم ينفّذ التطبيق «%@» هذا الأمر."},

@@ -143,6 +143,8 @@ constexpr StringTable kBengaliStrings = completeTable({
     {StringKey::commandNotFound, "“%@”-এ এমন কোনো কমান্ড নেই।"},
     {StringKey::commandNotFoundRemedy,
      "কমান্ডটির নাম বদলে গিয়ে থাকলে কনফিগারেশন ফাইলে সেটি পরিবর্তন করুন; না হলে অ্যাপ্লিকেশনটি আবার চালু করুন।"},
+    {StringKey::commandNoAnswer, "“%@” সাড়া দিচ্ছে না।"},
+    {StringKey::commandNoAnswerRemedy, "অ্যাপ্লিকেশনটি সাড়া দেওয়া পর্যন্ত অপেক্ষা করুন, অথবা সেটি বন্ধ করে আবার চালু করুন।"},
     {StringKey::commandDisabled, "“%@” এই মুহূর্তে এই কমান্ডটি চালাতে দেয় না।"},
     {StringKey::commandDisabledRemedy, "কমান্ডটির জন্য হয়তো কিছু নির্বাচন করা বা কোনো নথি খোলা থাকা দরকার।"},
     {StringKey::commandRefused, "“%@” এই কমান্ডটি চালায়নি।"},

@@ -162,6 +162,9 @@ constexpr StringTable kGermanStrings = completeTable({
     {StringKey::commandNotFoundRemedy,
      "Falls der Befehl inzwischen anders heißt, ändern Sie ihn in der Konfigurationsdatei; sonst starten Sie das "
      "Programm neu."},
+    {StringKey::commandNoAnswer, "„%@“ antwortet nicht."},
+    {StringKey::commandNoAnswerRemedy,
+     "Warten Sie, bis das Programm wieder antwortet, oder beenden Sie es und starten Sie es neu."},
     {StringKey::commandDisabled, "„%@“ lässt diesen Befehl gerade nicht zu."},
     {StringKey::commandDisabledRemedy, "Vielleicht braucht der Befehl eine Auswahl oder ein geöffnetes Dokument."},
     {StringKey::commandRefused, "„%@“ hat diesen Befehl nicht ausgeführt."},

@@ -148,6 +148,8 @@ constexpr StringTable kEnglishStrings = completeTable({
     {StringKey::commandNotFoundRemedy,
      "If the command has another name now, change it in the configuration file; otherwise start the application "
      "again."},
+    {StringKey::commandNoAnswer, "“%@” does not respond."},
+    {StringKey::commandNoAnswerRemedy, "Wait until the application responds, or end it and start it again."},
     {StringKey::commandDisabled, "“%@” does not allow this command at the moment."},
     {StringKey::commandDisabledRemedy, "The command may need a selection or an open document."},
     {StringKey::commandRefused, "“%@” did not carry out this command."},

@@ -153,6 +153,8 @@ constexpr StringTable kSpanishStrings = completeTable({
     {StringKey::commandNotFoundRemedy,
      "Si la orden tiene ahora otro nombre, cámbielo en el archivo de configuración; si no, vuelva a iniciar la "
      "aplicación."},
+    {StringKey::commandNoAnswer, "«%@» no responde."},
+    {StringKey::commandNoAnswerRemedy, "Espere a que la aplicación responda, o ciérrela y vuelva a iniciarla."},
     {StringKey::commandDisabled, "«%@» no permite esta orden en este momento."},
     {StringKey::commandDisabledRemedy, "Puede que la orden necesite una selección o un documento abierto."},
     {StringKey::commandRefused, "«%@» no ejecutó esta orden."},

@@ -160,6 +160,8 @@ constexpr StringTable kFrenchStrings = completeTable({
     {StringKey::commandNotFoundRemedy,
      "Si la commande porte maintenant un autre nom, modifiez-le dans le fichier de configuration\u202F; sinon, "
      "relancez l’application."},
+    {StringKey::commandNoAnswer, "« %@ » ne répond pas."},
+    {StringKey::commandNoAnswerRemedy, "Attendez que l’application réponde, ou fermez-la et relancez-la."},
     {StringKey::commandDisabled, "« %@ » ne permet pas cette commande pour le moment."},
     {StringKey::commandDisabledRemedy, "La commande demande peut-être une sélection ou un document ouvert."},
     {StringKey::commandRefused, "« %@ » n’a pas exécuté cette commande."},

@@ -137,6 +137,8 @@ constexpr StringTable kHindiStrings = completeTable({
     {StringKey::commandNotFound, "“%@” में ऐसा कोई कमांड नहीं है।"},
     {StringKey::commandNotFoundRemedy,
      "अगर कमांड का नाम बदल गया है, तो उसे कॉन्फ़िगरेशन फ़ाइल में बदलें; नहीं तो ऐप्लिकेशन फिर से शुरू करें।"},
+    {StringKey::commandNoAnswer, "“%@” जवाब नहीं दे रहा है।"},
+    {StringKey::commandNoAnswerRemedy, "ऐप्लिकेशन के जवाब देने तक रुकें, या उसे बंद करके फिर से शुरू करें।"},
     {StringKey::commandDisabled, "“%@” अभी इस कमांड की अनुमति नहीं देता।"},
     {StringKey::commandDisabledRemedy, "हो सकता है कि कमांड के लिए कुछ चुना होना या कोई दस्तावेज़ खुला होना ज़रूरी हो।"},
     {StringKey::commandRefused, "“%@” ने यह कमांड नहीं चलाया।"},

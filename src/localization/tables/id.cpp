@@ -152,6 +152,8 @@ constexpr StringTable kIndonesianStrings = completeTable({
     {StringKey::commandNotFound, "“%@” tidak memiliki perintah itu."},
     {StringKey::commandNotFoundRemedy,
      "Jika perintah itu kini bernama lain, ubah di berkas konfigurasi; jika tidak, jalankan ulang aplikasinya."},
+    {StringKey::commandNoAnswer, "“%@” tidak merespons."},
+    {StringKey::commandNoAnswerRemedy, "Tunggu sampai aplikasi itu merespons, atau hentikan lalu jalankan ulang."},
     {StringKey::commandDisabled, "“%@” tidak mengizinkan perintah ini saat ini."},
     {StringKey::commandDisabledRemedy, "Perintah ini mungkin memerlukan pilihan atau dokumen yang terbuka."},
     {StringKey::commandRefused, "“%@” tidak menjalankan perintah ini."},

@@ -151,6 +151,8 @@ constexpr StringTable kJapaneseStrings = completeTable({
     {StringKey::commandNotFoundRemedy,
      "コマンドの名前が変わった場合は設定ファイルで変更してください。そうでない場合はアプリケーションを起動し直してくだ"
      "さい。"},
+    {StringKey::commandNoAnswer, "「%@」が応答していません。"},
+    {StringKey::commandNoAnswerRemedy, "アプリケーションが応答するまで待つか、終了してから起動し直してください。"},
     {StringKey::commandDisabled, "「%@」では今このコマンドを実行できません。"},
     {StringKey::commandDisabledRemedy, "選択範囲や開いた書類が必要なコマンドかもしれません。"},
     {StringKey::commandRefused, "「%@」はこのコマンドを実行しませんでした。"},

@@ -153,6 +153,8 @@ constexpr StringTable kPortugueseStrings = completeTable({
     {StringKey::commandNotFoundRemedy,
      "Se o comando tem outro nome agora, altere-o no arquivo de configuração; caso contrário, inicie o aplicativo de "
      "novo."},
+    {StringKey::commandNoAnswer, "“%@” não responde."},
+    {StringKey::commandNoAnswerRemedy, "Espere até que o aplicativo responda, ou encerre-o e inicie-o de novo."},
     {StringKey::commandDisabled, "“%@” não permite este comando no momento."},
     {StringKey::commandDisabledRemedy, "O comando talvez precise de uma seleção ou de um documento aberto."},
     {StringKey::commandRefused, "“%@” não executou este comando."},

@@ -152,6 +152,8 @@ constexpr StringTable kRussianStrings = completeTable({
     {StringKey::commandNotFound, "в приложении «%@» нет такой команды."},
     {StringKey::commandNotFoundRemedy,
      "Если команда теперь называется иначе, измените её в файле конфигурации; если нет, запустите приложение заново."},
+    {StringKey::commandNoAnswer, "приложение «%@» не отвечает."},
+    {StringKey::commandNoAnswerRemedy, "Подождите, пока приложение ответит, или завершите его и запустите заново."},
     {StringKey::commandDisabled, "приложение «%@» сейчас не позволяет выполнить эту команду."},
     {StringKey::commandDisabledRemedy, "Возможно, команде нужно выделение или открытый документ."},
     {StringKey::commandRefused, "приложение «%@» не выполнило эту команду."},

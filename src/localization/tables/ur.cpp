@@ -147,6 +147,8 @@ constexpr StringTable kUrduStrings = completeTable({
     {StringKey::commandNotFound, "ایپلی کیشن ”%@“ میں یہ کمانڈ موجود نہیں۔"},
     {StringKey::commandNotFoundRemedy,
      "اگر کمانڈ کا نام بدل گیا ہے تو اسے ترتیبات کی فائل میں تبدیل کریں؛ ورنہ ایپلی کیشن دوبارہ شروع کریں۔"},
+    {StringKey::commandNoAnswer, "ایپلی کیشن ”%@“ جواب نہیں دے رہی۔"},
+    {StringKey::commandNoAnswerRemedy, "ایپلی کیشن کے جواب دینے تک انتظار کریں، یا اسے بند کر کے دوبارہ شروع کریں۔"},
     {StringKey::commandDisabled, "ایپلی کیشن ”%@“ اس وقت یہ کمانڈ چلانے نہیں دیتی۔"},
     {StringKey::commandDisabledRemedy, "ہو سکتا ہے کمانڈ کو کسی انتخاب یا کھلی دستاویز کی ضرورت ہو۔"},
     {StringKey::commandRefused, "ایپلی کیشن ”%@“ نے یہ کمانڈ نہیں چلائی۔"},

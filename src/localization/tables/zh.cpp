@@ -127,6 +127,8 @@ constexpr StringTable kChineseStrings = completeTable({
     {StringKey::actionTargetLostRemedy, "请再次选择该项目。"},
     {StringKey::commandNotFound, "“%@”没有此命令。"},
     {StringKey::commandNotFoundRemedy, "如果该命令已改名，请在配置文件中修改；否则请重新启动该应用程序。"},
+    {StringKey::commandNoAnswer, "“%@”没有响应。"},
+    {StringKey::commandNoAnswerRemedy, "请等待该应用程序恢复响应，或结束它后重新启动。"},
     {StringKey::commandDisabled, "“%@”目前不允许执行此命令。"},
     {StringKey::commandDisabledRemedy, "此命令可能需要先选中内容或打开文档。"},
     {StringKey::commandRefused, "“%@”没有执行此命令。"},

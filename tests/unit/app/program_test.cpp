@@ -102,7 +102,8 @@ TEST_F(RunningProgramTest, RunsCommandsOfTheFrontApplicationAndListsFailures) {
   commands.appCommandsDefaultEntries[0].kind = AppSubMenuEntry::Kind::quitApp;
   commands.appCommandsDefaultEntries[1].kind = AppSubMenuEntry::Kind::minimizeWindow;
   useMenus({commands});
-  desktop.accessibility.addWindow(editor.processIdentifier, "window", 1, false)->refusedActions = {"AXMinimized"};
+  const auto window = desktop.accessibility.addWindow(editor.processIdentifier, "window", 1, false);
+  window->settable = window->refusedActions = {"AXMinimized"};
   Platform own = platform();
   own.subActions = nullptr;
   Program real(own);
