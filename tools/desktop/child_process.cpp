@@ -1,14 +1,16 @@
 #include "desktop/child_process.h"
 
 #include <fcntl.h>
-#include <signal.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <csignal>
+#include <filesystem>
 #include <stdexcept>
 #include <utility>
 
+#include "desktop/temporary_folder.h"
 #include "desktop/wait.h"
 
 namespace rondora::live {
@@ -57,6 +59,23 @@ void ChildProcess::reap(int options) {
   if (pid_ < 0 || waitpid(pid_, &status, options) == 0) return;
   status_ = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
   pid_ = -1;
+}
+
+bool ChildProcess::areAllThreads(char state) const {
+  const std::string wanted = std::string(") ") + state;
+  std::error_code error;
+  for (const auto& thread : std::filesystem::directory_iterator("/proc/" + std::to_string(pid_) + "/task", error)) {
+    const std::string status = readFile(thread.path() / "stat");
+    const std::size_t nameEnd = status.rfind(')');
+    if (nameEnd == std::string::npos || status.compare(nameEnd, wanted.size(), wanted) != 0) return false;
+  }
+  return !error;
+}
+
+// The signal is only sent when `kill` returns: the threads may run on for a while.
+void ChildProcess::stop() const {
+  kill(pid_, SIGSTOP);
+  waitUntil([this] { return areAllThreads('T'); });
 }
 
 void ChildProcess::terminate() {

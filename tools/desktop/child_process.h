@@ -21,12 +21,17 @@ class ChildProcess {
 
   pid_t pid() const { return pid_; }
   bool isRunning();
+  /// All its threads sleep: it has no work left, even if a busy machine delays it.
+  bool isWaiting() const { return areAllThreads('S'); }
+  /// Returns once none of its threads runs.
+  void stop() const;
   /// Waits for the end; the exit status, or 128 + signal.
   int wait();
   void terminate();
 
  private:
   void reap(int options);
+  bool areAllThreads(char state) const;
 
   pid_t pid_ = -1;
   int status_ = 0;

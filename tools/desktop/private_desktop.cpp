@@ -2,6 +2,7 @@
 
 #include <signal.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <stdexcept>
 
@@ -145,9 +146,10 @@ void PrivateDesktop::startWindowManager(WindowManager manager) {
   if (manager == WindowManager::xfwm4) startPart({"xfwm4", "--compositor=off"});
   if (manager == WindowManager::metacity) startPart({"metacity", "--no-composite"});
   if (manager == WindowManager::i3) {
-    // Without a configuration i3 starts its wizard; this one binds no keys.
+    // Without a configuration i3 starts its wizard, without a bar a bar of its own, which takes its place, and that of
+    // the tray, at any time; this one binds no keys.
     const auto configuration = configHome() / "i3" / "config";
-    writeFile(configuration, "font pango:monospace 8\n");
+    writeFile(configuration, "font pango:monospace 8\nbar {\n  i3bar_command true\n}\n");
     startPart({"i3", "-c", configuration});
   }
 }
@@ -166,6 +168,10 @@ std::optional<std::string> PrivateDesktop::outputOf(const std::vector<std::strin
   ChildProcess process(withOutputIn(file, command), environment_);
   if (process.wait() != 0) return std::nullopt;
   return readFile(file);
+}
+
+bool PrivateDesktop::isWaiting() const {
+  return std::ranges::all_of(processes_, [](const auto& process) { return process->isWaiting(); });
 }
 
 std::vector<pid_t> PrivateDesktop::processesNamed(const std::string& name) const {

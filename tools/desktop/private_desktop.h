@@ -51,6 +51,8 @@ class PrivateDesktop {
   /// Runs a program to its end and returns its output; nothing if it failed.
   std::optional<std::string> outputOf(const std::vector<std::string>& command) const;
 
+  /// Window manager, compositor and tray have no work left.
+  bool isWaiting() const;
   /// The processes of that name on this desktop, whichever program started them.
   std::vector<pid_t> processesNamed(const std::string& name) const;
 

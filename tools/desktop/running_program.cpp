@@ -3,7 +3,6 @@
 #include <signal.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cstdlib>
 #include <sstream>
 #include <stdexcept>
@@ -58,7 +57,7 @@ RunningProgram::RunningProgram(PrivateDesktop& desktop, XClient& client, const s
   }
   // The others follow at once, unless another client has grabbed them.
   const std::size_t all = kGrabsPerHotkey * hotkeysIn(configuration);
-  waitUntil([this, all] { return boundKeys() >= all; }, std::chrono::seconds(1));
+  waitUntilSteady([&] { return boundKeys() >= all || isWaiting(); });
 }
 
 RunningProgram::~RunningProgram() {
@@ -91,19 +90,12 @@ bool RunningProgram::waitForNoRing() {
   return waitUntil([this] { return !ring().has_value(); });
 }
 
-bool RunningProgram::isWaiting() const {
-  // The toolkit reads the X connection on a thread of its own.
-  const std::filesystem::path threads = "/proc/" + std::to_string(pid()) + "/task";
-  std::error_code error;
-  for (const auto& thread : std::filesystem::directory_iterator(threads, error)) {
-    const std::string status = readFile(thread.path() / "stat");
-    const std::size_t nameEnd = status.rfind(')');
-    if (nameEnd == std::string::npos || status.compare(nameEnd, 3, ") S") != 0) return false;
-  }
-  return !error;
-}
+Capture RunningProgram::settledPicture() { return settledCapture(ring().value().area); }
 
-Capture RunningProgram::settledPicture() { return client_.settledCapture(ring().value().area); }
+// A compositor that gets no processor leaves a picture still that it is about to change.
+Capture RunningProgram::settledCapture(Area area) {
+  return client_.settledCapture(area, [this] { return isWaiting() && desktop_.isWaiting(); });
+}
 
 std::optional<Capture> RunningProgram::pictureAfterChange(const Capture& before) {
   if (!waitUntil([&] { return !(client_.capture(before.area) == before); })) return std::nullopt;
@@ -122,7 +114,10 @@ std::optional<int> RunningProgram::terminate() {
 }
 
 std::optional<int> RunningProgram::waitForExit() {
+  const pid_t process = pid();
   if (!waitUntil([this] { return !process_->isRunning(); })) return std::nullopt;
+  // Its grabs end when the server sees that the connections are closed.
+  waitUntil([&] { return !client_.isConnected(process); });
   return process_->wait();
 }
 

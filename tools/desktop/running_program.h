@@ -23,8 +23,8 @@ class RunningProgram {
 
   pid_t pid() const { return process_->pid(); }
   bool isRunning() const { return process_->isRunning(); }
-  /// All its threads sleep: it has no work left, even if a busy machine delays it.
-  bool isWaiting() const;
+  bool isWaiting() const { return process_->isWaiting(); }
+  void stop() const { process_->stop(); }
   /// Its override-redirect windows, the topmost last: the ring, menus and the snippet preview.
   std::vector<TopLevel> popups();
   /// The open ring, if any.
@@ -34,6 +34,7 @@ class RunningProgram {
   bool waitForNoRing();
   /// The screen in the ring's area, once it has stopped changing.
   Capture settledPicture();
+  Capture settledCapture(Area area);
   /// Waits until that area differs from `before` and is still; nothing if it does not change.
   std::optional<Capture> pictureAfterChange(const Capture& before);
 

@@ -26,4 +26,15 @@ bool waitUntil(Condition condition, std::chrono::milliseconds limit = kPatience)
   return true;
 }
 
+/// Until the condition holds at five looks in a row.
+template <class Condition>
+bool waitUntilSteady(Condition condition) {
+  constexpr int kLooks = 5;
+  int held = 0;
+  return waitUntil([&] {
+    held = condition() ? held + 1 : 0;
+    return held >= kLooks;
+  });
+}
+
 }  // namespace rondora::live

@@ -81,9 +81,12 @@ void XClient::tap(std::uint8_t keyCode) {
 
 void XClient::movePointer(Position position) { fakeInput(XCB_MOTION_NOTIFY, 0, position); }
 
+void XClient::buttonDown(std::uint8_t button) { fakeInput(XCB_BUTTON_PRESS, button); }
+void XClient::buttonUp(std::uint8_t button) { fakeInput(XCB_BUTTON_RELEASE, button); }
+
 void XClient::click(std::uint8_t button) {
-  fakeInput(XCB_BUTTON_PRESS, button);
-  fakeInput(XCB_BUTTON_RELEASE, button);
+  buttonDown(button);
+  buttonUp(button);
 }
 
 Position XClient::pointer() {
@@ -228,13 +231,22 @@ pid_t XClient::ownerOf(std::uint32_t resource) {
   return static_cast<pid_t>(*xcb_res_client_id_value_value(id.data));
 }
 
-std::size_t XClient::resourceCount(pid_t process, const std::string& type) {
+std::vector<std::uint32_t> XClient::connectionsOf(pid_t process) {
+  std::vector<std::uint32_t> connections;
   const auto clients = ask(get(), xcb_res_query_clients, xcb_res_query_clients_reply);
+  for (int i = 0; clients && i < xcb_res_query_clients_clients_length(clients.get()); ++i) {
+    const std::uint32_t base = xcb_res_query_clients_clients(clients.get())[i].resource_base;
+    if (ownerOf(base) == process) connections.push_back(base);
+  }
+  return connections;
+}
+
+bool XClient::isConnected(pid_t process) { return !connectionsOf(process).empty(); }
+
+std::size_t XClient::resourceCount(pid_t process, const std::string& type) {
   const xcb_atom_t wanted = atom(type);
   std::size_t count = 0;
-  for (int i = 0; i < xcb_res_query_clients_clients_length(clients.get()); ++i) {
-    const std::uint32_t base = xcb_res_query_clients_clients(clients.get())[i].resource_base;
-    if (ownerOf(base) != process) continue;
+  for (const std::uint32_t base : connectionsOf(process)) {
     const auto held = ask(get(), xcb_res_query_client_resources, xcb_res_query_client_resources_reply, base);
     if (!held) continue;
     const xcb_res_type_t* types = xcb_res_query_client_resources_types(held.get());
@@ -261,19 +273,21 @@ bool XClient::keyboardIsAtRest() {
          std::all_of(std::begin(keys->keys), std::end(keys->keys), [](std::uint8_t bits) { return bits == 0; });
 }
 
+// Both requests reach the server at once, so that no other client is refused meanwhile.
 bool XClient::keyboardIsFree() {
-  const auto reply = ask(get(), xcb_grab_keyboard, xcb_grab_keyboard_reply, 0, root(), XCB_CURRENT_TIME,
-                         XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+  const auto cookie = xcb_grab_keyboard(get(), 0, root(), XCB_CURRENT_TIME, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
   xcb_ungrab_keyboard(get(), XCB_CURRENT_TIME);
+  const UniqueCPtr<xcb_grab_keyboard_reply_t, std::free> reply(xcb_grab_keyboard_reply(get(), cookie, nullptr));
   sync();
   return reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
 }
 
 bool XClient::nothingIsGrabbed() {
-  const auto pointer = ask(get(), xcb_grab_pointer, xcb_grab_pointer_reply, 0, root(), 0, XCB_GRAB_MODE_ASYNC,
-                           XCB_GRAB_MODE_ASYNC, XCB_NONE, XCB_NONE, XCB_CURRENT_TIME);
+  const auto cookie = xcb_grab_pointer(get(), 0, root(), 0, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC, XCB_NONE,
+                                       XCB_NONE, XCB_CURRENT_TIME);
   xcb_ungrab_pointer(get(), XCB_CURRENT_TIME);
-  return keyboardIsFree() && pointer && pointer->status == XCB_GRAB_STATUS_SUCCESS;
+  const UniqueCPtr<xcb_grab_pointer_reply_t, std::free> reply(xcb_grab_pointer_reply(get(), cookie, nullptr));
+  return keyboardIsFree() && reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
 }
 
 bool XClient::grabKey(std::uint8_t keyCode, std::uint16_t modifiers) {
@@ -340,12 +354,12 @@ bool XClient::isPainted(const TopLevel& window) {
   return std::any_of(bytes, bytes + xcb_get_image_data_length(image.get()), [](auto byte) { return byte != 0; });
 }
 
-Capture XClient::settledCapture(Area area) {
+Capture XClient::settledCapture(Area area, const std::function<bool()>& isQuiet) {
   Capture last = capture(area);
   int same = 0;
   waitUntil([&] {
     Capture next = capture(area);
-    same = next == last ? same + 1 : 0;
+    same = isQuiet() && next == last ? same + 1 : 0;
     last = std::move(next);
     return same >= kSettledCaptures;
   });

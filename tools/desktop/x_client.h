@@ -72,6 +72,8 @@ class XClient {
   void keyUp(std::uint8_t keyCode);
   void tap(std::uint8_t keyCode);
   void movePointer(Position position);
+  void buttonDown(std::uint8_t button);
+  void buttonUp(std::uint8_t button);
   void click(std::uint8_t button = XCB_BUTTON_INDEX_1);
   Position pointer();
   /// Returns once the server's clock has advanced by that much, so that key repeats due by then have happened, however
@@ -96,6 +98,7 @@ class XClient {
 
   /// The process that owns a resource; 0 if unknown.
   pid_t ownerOf(std::uint32_t resource);
+  bool isConnected(pid_t process);
   /// How many resources of a type ("WINDOW", "PASSIVE GRAB", …) the connections of a process hold.
   std::size_t resourceCount(pid_t process, const std::string& type);
 
@@ -124,10 +127,12 @@ class XClient {
   Capture capture(Area area);
   /// The window's own pixels in its middle row are not all transparent black.
   bool isPainted(const TopLevel& window);
-  /// The area once it has stopped changing.
-  Capture settledCapture(Area area);
+  /// The area once it has stopped changing while `isQuiet` holds.
+  Capture settledCapture(Area area, const std::function<bool()>& isQuiet);
 
  private:
+  /// One resource number of each connection of the process.
+  std::vector<std::uint32_t> connectionsOf(pid_t process);
   std::uint8_t findKeyboard();
   void userInput(std::uint8_t type, std::uint8_t keyCode);
   void fakeInput(std::uint8_t type, std::uint8_t detail, Position position = {});

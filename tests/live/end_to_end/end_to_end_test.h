@@ -115,12 +115,7 @@ class EndToEndTest : public testing::Test {
   }
   /// No key is down, and the program is idle.
   bool waitForRest() {
-    constexpr int kLookedAt = 5;
-    int quiet = 0;
-    return waitUntil([&] {
-      quiet = client_.keyboardIsAtRest() && program_->isWaiting() ? quiet + 1 : 0;
-      return quiet >= kLookedAt;
-    });
+    return waitUntilSteady([&] { return client_.keyboardIsAtRest() && program_->isWaiting(); });
   }
 
   PrivateDesktop desktop_;

@@ -61,7 +61,7 @@ TEST_P(RingTest, CentreIsAtThePointerToThePixel) {
   for (const Position position : {Position{500, 380}, Position{641, 403}, Position{333, 508}}) {
     client_.movePointer(position);
     const Area around{position.x - kMaxDistance, position.y - kMaxDistance, 2 * kMaxDistance, 2 * kMaxDistance};
-    const Capture before = client_.settledCapture(around);
+    const Capture before = program_->settledCapture(around);
     ASSERT_TRUE(open());
     EXPECT_EQ(client_.pointer(), position);
     const auto painted = reaches(before, client_.capture(around), position);
