@@ -76,9 +76,17 @@ class TrayTest : public EndToEndTest {
 
   std::optional<Area> icon() { return client_.trayIconOf(program_->pid()); }
   enum class Entry { settings, quit };
+  void startTray() { tray_ = desktop_.startTray(); }
+  /// The tray takes the icon in at one place and moves it to another.
+  bool waitForIcon(Area& place) {
+    return waitUntilSteady([&] {
+      const Area before = std::exchange(place, icon().value_or(Area{}));
+      return place.width > 0 && place == before && tray_->isWaiting() && program_->isWaiting();
+    });
+  }
   void openIconMenu(std::uint8_t button) {
-    ASSERT_TRUE(waitUntil([&] { return icon().has_value(); }));
-    const Area place = *icon();
+    Area place;
+    ASSERT_TRUE(waitForIcon(place));
     client_.movePointer({place.x + place.width / 2, place.y + place.height / 2});
     client_.click(button);
     ASSERT_TRUE(waitUntil([&] { return !program_->popups().empty(); }));
@@ -100,6 +108,7 @@ class TrayTest : public EndToEndTest {
   }
 
   const Document main_ = menu("Main", kControlAltSpace, snippetItems("Main", 4), -45);
+  std::unique_ptr<ChildProcess> tray_;
 };
 
 TEST_F(TrayTest, FollowsTraysThatAppearAndVanish) {
@@ -108,7 +117,7 @@ TEST_F(TrayTest, FollowsTraysThatAppearAndVanish) {
   const std::size_t lines = linesAboutTheItem();
   EXPECT_GE(lines, 1U);
   closeWindows();
-  auto tray = desktop_.startTray();
+  startTray();
   for (const std::uint8_t button : {std::uint8_t{XCB_BUTTON_INDEX_3}, std::uint8_t{XCB_BUTTON_INDEX_1}}) {
     chooseFromIcon(button, Entry::settings);
     EXPECT_TRUE(waitForSettings()) << "button " << int(button);
@@ -118,15 +127,15 @@ TEST_F(TrayTest, FollowsTraysThatAppearAndVanish) {
     return readFile(RunningProgram::defaults(desktop_)).find("ForHiddenStatusItem=false") != std::string::npos;
   };
   ASSERT_TRUE(waitUntil(isNoticed)) << "the settings would open at the next start without a tray";
-  tray.reset();
+  tray_.reset();
   EXPECT_TRUE(waitUntil([&] { return linesAboutTheItem() == lines + 1; }));
-  tray = desktop_.startTray();
+  startTray();
   chooseFromIcon(XCB_BUTTON_INDEX_3, Entry::quit);
   EXPECT_EQ(program_->waitForExit(), 0);
 }
 
 TEST_F(TrayTest, RingTakesKeyboardAndPointerFromTheIconsMenu) {
-  const auto tray = desktop_.startTray();
+  startTray();
   startIn("en");
   ASSERT_NO_FATAL_FAILURE(openIconMenu(XCB_BUTTON_INDEX_3));
   ASSERT_TRUE(trigger(main_["id"]));
