@@ -1,10 +1,8 @@
 #include <xcb/shape.h>
-#include <xcb/xtest.h>
 
 #include <chrono>
 #include <map>
 #include <optional>
-#include <thread>
 #include <utility>
 
 #include "desktop/x_reply.h"
@@ -67,12 +65,6 @@ class OverlayPanelTest : public X11Test {
            shown.at(302, 302) == kCoverColor;
   }
 
-  /// The user presses or releases a mouse button.
-  void mouse(std::uint8_t type, std::uint8_t button) {
-    xcb_test_fake_input(user_.get(), type, button, XCB_CURRENT_TIME, user_.root(), 0, 0, 0);
-    user_.sync();
-  }
-
   /// The overlay's window has a bounding shape.
   bool isShaped() {
     for (const TopLevel& top : user_.topLevels()) {
@@ -87,7 +79,7 @@ class OverlayPanelTest : public X11Test {
                                                  "--shadow-exclude", "_GTK_FRAME_EXTENTS@:c"},
                         std::map<std::string, std::string>{{"DISPLAY", server_.display()}});
     ASSERT_TRUE(eventually([&] { return user_.selectionOwner("_NET_WM_CM_S0") != XCB_NONE; }));
-    drain();
+    ASSERT_TRUE(eventually([&] { return user_.capture({1279, 799, 1, 1}).at(1279, 799) != 0; })) << "black is the root";
   }
 
   std::optional<ChildProcess> compositor_;
@@ -172,7 +164,7 @@ TEST_F(OverlayPanelTest, GrabsAtOnceAfterAYoungerGrabOfAnotherClient) {
   user_.tap(key::q);
   EXPECT_THAT(keysSeen(), ElementsAre("down q", "up q"));
   panel.reset();
-  std::this_thread::sleep_for(std::chrono::milliseconds(5));  // the server counts milliseconds
+  user_.letServerRun(std::chrono::milliseconds(5));
   ASSERT_TRUE(other_.grabKeyboard());
   other_.ungrab();
   panel = openPanel();
@@ -182,7 +174,7 @@ TEST_F(OverlayPanelTest, GrabsAtOnceAfterAYoungerGrabOfAnotherClient) {
 TEST_F(OverlayPanelTest, KeyboardAloneServesUntilThePointerIsFree) {
   other_.cover({0, 0, 1280, 800});
   user_.movePointer({400, 300});
-  mouse(XCB_BUTTON_PRESS, 1);  // a drag
+  user_.buttonDown(1);  // a drag
   auto panel = openPanel();
   EXPECT_FALSE(other_.keyboardIsFree());
   user_.movePointer({700, 500});
@@ -196,7 +188,7 @@ TEST_F(OverlayPanelTest, KeyboardAloneServesUntilThePointerIsFree) {
   ASSERT_TRUE(eventually([&] { return time_.uptime() >= later; }));
   EXPECT_EQ(sink_.lost, 0);
   EXPECT_THAT(sink_.presses, IsEmpty());
-  mouse(XCB_BUTTON_RELEASE, 1);
+  user_.buttonUp(1);
   EXPECT_THAT(other_.eventTypes(), IsSupersetOf({XCB_BUTTON_PRESS, XCB_BUTTON_RELEASE})) << "the drag is not ours";
   ASSERT_TRUE(eventually([&] {
     user_.click();
@@ -230,18 +222,18 @@ TEST_F(OverlayPanelTest, WindowBeneathGetsNoPartOfAClick) {
   other_.cover({0, 0, 1280, 800});
   user_.movePointer({400, 300});
   auto panel = openPanel();
-  mouse(XCB_BUTTON_PRESS, 4);
-  mouse(XCB_BUTTON_RELEASE, 4);
-  mouse(XCB_BUTTON_PRESS, 1);
+  user_.buttonDown(4);
+  user_.buttonUp(4);
+  user_.buttonDown(1);
   drain();
   EXPECT_THAT(sink_.presses, ElementsAre(Point{300, 200})) << "the wheel is no click";
   close(panel);
   EXPECT_FALSE(user_.nothingIsGrabbed());
-  mouse(XCB_BUTTON_RELEASE, 1);
+  user_.buttonUp(1);
   EXPECT_TRUE(eventually([&] { return user_.nothingIsGrabbed(); }));
   EXPECT_THAT(other_.eventTypes(), IsEmpty());
-  mouse(XCB_BUTTON_PRESS, 1);
-  mouse(XCB_BUTTON_RELEASE, 1);
+  user_.buttonDown(1);
+  user_.buttonUp(1);
   EXPECT_THAT(other_.eventTypes(), ElementsAre(XCB_BUTTON_PRESS, XCB_BUTTON_RELEASE));
 }
 
