@@ -12,6 +12,8 @@ namespace {
 
 /// For window managers that answer before they have done everything, and those that do not answer.
 constexpr std::chrono::milliseconds kPause{2};
+/// As many as an idle machine has time for in a fraction of kPatience.
+constexpr int kAnswersOfItsTurn = 20;
 
 }  // namespace
 
@@ -23,19 +25,20 @@ WindowManagerSync::WindowManagerSync(const X11Connection& connection)
                     XCB_COPY_FROM_PARENT, XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK, kValues);
 }
 
-bool WindowManagerSync::until(const std::function<bool()>& condition, std::chrono::milliseconds patience) const {
-  const Moment deadline = std::chrono::steady_clock::now() + patience;
-  const bool answers = managerSupports(connection_, "_NET_REQUEST_FRAME_EXTENTS");
-  while (true) {
-    if (answers) awaitAnswer(deadline);
+bool WindowManagerSync::until(const std::function<bool()>& condition) const {
+  const Moment begin = std::chrono::steady_clock::now();
+  const bool mayAnswer = managerSupports(connection_, "_NET_REQUEST_FRAME_EXTENTS");
+  for (int answers = 0;;) {
+    if (mayAnswer && awaitAnswer(begin + kPatienceWhileBusy)) ++answers;
     connection_.flush();
     if (condition()) return true;
-    if (std::chrono::steady_clock::now() >= deadline) return false;
+    const bool hadItsTurn = !mayAnswer || answers >= kAnswersOfItsTurn;
+    if (std::chrono::steady_clock::now() - begin >= (hadItsTurn ? kPatience : kPatienceWhileBusy)) return false;
     std::this_thread::sleep_for(kPause);
   }
 }
 
-void WindowManagerSync::awaitAnswer(Moment deadline) const {
+bool WindowManagerSync::awaitAnswer(Moment deadline) const {
   takeAnswer();
   connection_.sendToRoot(window_, connection_.atom("_NET_REQUEST_FRAME_EXTENTS"), {});
   connection_.flush();
@@ -43,9 +46,10 @@ void WindowManagerSync::awaitAnswer(Moment deadline) const {
     const auto remaining =
         std::chrono::duration_cast<std::chrono::milliseconds>(deadline - std::chrono::steady_clock::now()).count();
     pollfd descriptor{xcb_get_file_descriptor(connection_.get()), POLLIN, 0};
-    if (remaining <= 0 || poll(&descriptor, 1, static_cast<int>(remaining)) < 0) return;
-    if (xcb_connection_has_error(connection_.get()) != 0) return;
+    if (remaining <= 0 || poll(&descriptor, 1, static_cast<int>(remaining)) < 0) return false;
+    if (xcb_connection_has_error(connection_.get()) != 0) return false;
   }
+  return true;
 }
 
 /// Discards all events that have arrived; true when the answer was among them.

@@ -13,19 +13,23 @@ namespace rondora::x11 {
 /// client in order, so its answer to a last one ends the wait. Reads the events of the connection. One worker thread.
 class WindowManagerSync {
  public:
+  /// With a window manager that answers, or does not know how to.
   static constexpr std::chrono::milliseconds kPatience{200};
+  /// With one whose answers are late: it is stuck, or gets no processor on a busy machine.
+  static constexpr std::chrono::milliseconds kPatienceWhileBusy{2000};
 
   /// `connection` must outlive the object.
   explicit WindowManagerSync(const X11Connection& connection);
 
   /// Waits until the condition holds, which is tried each time the window manager has handled all requests so far;
   /// false when the time is over.
-  bool until(const std::function<bool()>& condition, std::chrono::milliseconds patience = kPatience) const;
+  bool until(const std::function<bool()>& condition) const;
 
  private:
   using Moment = std::chrono::steady_clock::time_point;
 
-  void awaitAnswer(Moment deadline) const;
+  /// False when none came in time.
+  bool awaitAnswer(Moment deadline) const;
   bool takeAnswer() const;
 
   const X11Connection& connection_;

@@ -12,8 +12,8 @@
 
 namespace rondora::x11 {
 
-/// Requests to the window manager to place one window. Each waits until the window manager has handled it, for at most
-/// WindowManagerSync::kPatience, and fails when it has no effect. One worker thread.
+/// Requests to the window manager to place one window. Each waits until the window manager has handled it, as long as
+/// WindowManagerSync does, and fails when it has no effect. One worker thread.
 class WindowPlacement {
  public:
   /// Arguments must outlive the object.
