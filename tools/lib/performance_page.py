@@ -1,9 +1,10 @@
 #!/usr/bin/env python3
 """Writes the performance page from the figures of the programs in bench/.
 
-usage: performance_page.py FOLDER
+usage: performance_page.py FOLDER PAGE
 
-FOLDER holds files NAME.jsonl with one JSON object a line. The page goes to standard output.
+FOLDER holds files NAME.jsonl with one JSON object a line. Figures and runs that they lack stay as they are in PAGE, an
+earlier page. The new one goes to standard output.
 """
 
 import json
@@ -75,12 +76,16 @@ def package_version(name):
     return command_output("dpkg-query", "-W", "-f=${Version}", name)
 
 
-def machine():
+def processor():
     model = re.search(r"^model name\s*:\s*(.*)$", Path("/proc/cpuinfo").read_text(encoding="utf-8"), re.MULTILINE)
+    return model.group(1) if model else platform.machine()
+
+
+def machine():
     memory = re.search(r"^MemTotal:\s*(\d+)", Path("/proc/meminfo").read_text(encoding="utf-8"), re.MULTILINE)
     packages = ", ".join(f"{name} {package_version(name)}" for name in ("xvfb", "openbox", "picom", "gnome-pie"))
-    return (f"{model.group(1) if model else platform.machine()}, {os.cpu_count()} cores, "
-            f"{int(memory.group(1)) // 1048576 if memory else '?'} GiB, Linux {platform.release()}; {packages}; "
+    return (f"{os.cpu_count()} cores, {int(memory.group(1)) // 1048576 if memory else '?'} GiB, Linux {platform.release()}; "
+            f"{packages}; "
             f"{command_output('c++', '--version').splitlines()[0]}. Xvfb has no GPU and no vertical sync.")
 
 
@@ -93,6 +98,41 @@ def read_lines(folder):
                 entry = json.loads(line)
                 (runs if "run" in entry else figures).append(entry)
     return figures, runs
+
+
+def page_figure(cells):
+    name, unit, count, middle, high, highest = cells
+    figure = {"name": name, "unit": unit, "n": count}
+    if high:
+        return figure | {"p50": float(middle), "p95": float(high), "p99": float(highest)}
+    return figure | {"value": float(middle)}
+
+
+def page_run(cells):
+    return dict(zip(("run", "date", "load_before", "load_after", "processor"), cells))
+
+
+def read_page(file):
+    """The figures and runs of an earlier page, as read_lines returns them."""
+    figures, runs, make = [], [], None
+    for line in Path(file).read_text(encoding="utf-8").splitlines():
+        cells = [cell.strip() for cell in line.strip("|").split("|")]
+        if not line.startswith("|"):
+            make = None
+        elif cells[0] == "what" and len(cells) == 6:
+            make = lambda row: figures.append(page_figure(row))
+        elif cells[0] == "program" and len(cells) == 5:
+            make = lambda row: runs.append(page_run(row))
+        elif make and not cells[0].startswith("---"):
+            make(cells)
+    return figures, runs
+
+
+def merged(earlier, new, key):
+    """The earlier entries in their order, each replaced by the new one of the same key, and the other new ones."""
+    entries = {entry[key]: entry for entry in earlier}
+    entries.update({entry[key]: entry for entry in new})
+    return list(entries.values())
 
 
 def row(figure):
@@ -122,8 +162,9 @@ def comparison(figures):
 
 
 def circumstances(runs):
-    lines = ["| program | ended | load average before | after |", "|---|---|---|---|"]
-    lines += [f"| {run['run']} | {run['date']} | {run['load_before']} | {run['load_after']} |" for run in runs]
+    lines = ["| program | ended | load average before | after | processor |", "|---|---|---|---|---|"]
+    lines += [f"| {run['run']} | {run['date']} | {run['load_before']} | {run['load_after']} | "
+              f"{run.get('processor') or processor()} |" for run in runs]
     return "\n".join(lines)
 
 
@@ -138,10 +179,13 @@ def notes(heading):
 
 
 def main():
-    if len(sys.argv) != 2:
+    if len(sys.argv) != 3:
         print(__doc__, file=sys.stderr)
         return 2
-    figures, runs = read_lines(sys.argv[1])
+    new_figures, new_runs = read_lines(sys.argv[1])
+    old_figures, old_runs = read_page(sys.argv[2])
+    figures = merged(old_figures, new_figures, "name")
+    runs = sorted(merged(old_runs, new_runs, "run"), key=lambda run: run["run"])
     print("# Performance\n")
     print("Made by `tools/bench` from what the programs in `bench/` print and from `performance-notes.md`; do not edit.\n")
     print(f"Measured on: {machine()}\n")
