@@ -7,7 +7,7 @@
 
 namespace rondora {
 
-/// Neither language nor state of the application change it.
+/// From kind and path alone, which neither the language nor the application's state changes.
 Uuid AppCommandsMenuItems::stableID(const PieSubAction& command) {
   ContentUuid content;
   content.add(rawValue(command.kind)).add(std::uint64_t{command.menuPath.size()});

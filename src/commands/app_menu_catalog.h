@@ -16,7 +16,7 @@
 
 namespace rondora {
 
-/// Lists the menu commands of a running application, for the choice of a set. Main thread.
+/// Lists the menu commands of a running application, from which the user makes its set. Main thread.
 class AppMenuCatalog {
  public:
   struct Command {

@@ -115,7 +115,7 @@ constexpr StringTable kGermanStrings = completeTable({
     {StringKey::kindSystemSettings, "Systemeinstellungen"},
     {StringKey::kindMusicPlayer, "Musik-Player"},
     {StringKey::kindTextEditor, "Texteditor"},
-    {StringKey::commandOffNow, "Zurzeit nicht verfügbar"},
+    {StringKey::commandOffNow, "Nicht verfügbar"},
     {StringKey::commandGone, "Nicht in den Menüs"},
     {StringKey::commandHideApp, "Programm ausblenden"},
     {StringKey::commandMinimizeWindow, "Fenster minimieren"},

@@ -113,7 +113,7 @@ constexpr StringTable kFrenchStrings = completeTable({
     {StringKey::kindSystemSettings, "Paramètres système"},
     {StringKey::kindMusicPlayer, "Lecteur de musique"},
     {StringKey::kindTextEditor, "Éditeur de texte"},
-    {StringKey::commandOffNow, "Indisponible pour le moment"},
+    {StringKey::commandOffNow, "Indisponible"},
     {StringKey::commandGone, "Absente des menus"},
     {StringKey::commandHideApp, "Masquer l’application"},
     {StringKey::commandMinimizeWindow, "Réduire la fenêtre"},

@@ -108,7 +108,7 @@ constexpr StringTable kIndonesianStrings = completeTable({
     {StringKey::kindSystemSettings, "Pengaturan sistem"},
     {StringKey::kindMusicPlayer, "Pemutar musik"},
     {StringKey::kindTextEditor, "Editor teks"},
-    {StringKey::commandOffNow, "Tidak tersedia saat ini"},
+    {StringKey::commandOffNow, "Tidak tersedia"},
     {StringKey::commandGone, "Tidak ada di menu"},
     {StringKey::commandHideApp, "Sembunyikan aplikasi"},
     {StringKey::commandMinimizeWindow, "Kecilkan jendela"},

@@ -109,7 +109,7 @@ constexpr StringTable kPortugueseStrings = completeTable({
     {StringKey::kindSystemSettings, "Configurações do sistema"},
     {StringKey::kindMusicPlayer, "Reprodutor de música"},
     {StringKey::kindTextEditor, "Editor de texto"},
-    {StringKey::commandOffNow, "Indisponível no momento"},
+    {StringKey::commandOffNow, "Indisponível"},
     {StringKey::commandGone, "Não está nos menus"},
     {StringKey::commandHideApp, "Ocultar aplicativo"},
     {StringKey::commandMinimizeWindow, "Minimizar janela"},
