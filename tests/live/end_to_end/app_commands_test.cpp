@@ -80,6 +80,41 @@ TEST_F(AppCommandsTest, CommandsOfTheActiveApplicationHappen) {
   EXPECT_TRUE(waitUntil([&] { return hasLogged("sub-action: menu item"); }));
 }
 
+struct ToolkitCommand {
+  const char* toolkit;
+  std::string application;
+  std::string menu;
+  std::string title;
+  /// The window that the command opens.
+  std::string opens;
+};
+
+void PrintTo(const ToolkitCommand& command, std::ostream* out) { *out << command.toolkit; }
+
+class ToolkitCommandTest : public AppCommandsTest, public testing::WithParamInterface<ToolkitCommand> {};
+
+TEST_P(ToolkitCommandTest, IsChosenByKeyAndHappens) {
+  const auto& [toolkit, application, title, item, opens] = GetParam();
+  Document commands = menu("Commands", kControlAltSpace, {});
+  commands["kind"] = "appCommands";
+  commands["appCommandsDefaultEntries"] = {command(title, item)};
+  start(document({commands}));
+  const auto process = desktop_.start({application});
+  ASSERT_TRUE(waitUntil([&] { return client_.ownerOf(client_.activeWindow()) == process->pid(); }));
+  const auto count = [&, window = opens] { return client_.windowsTitled(window).size(); };
+  const std::size_t before = count();
+  ASSERT_NO_FATAL_FAILURE(chooseByKey(key::digit0));
+  EXPECT_TRUE(waitUntil([&] { return count() > before; }));
+}
+
+INSTANTIATE_TEST_SUITE_P(AppCommands, ToolkitCommandTest,
+                         testing::Values(ToolkitCommand{"Gtk4", "gtk4-demo-application", "Application", "New",
+                                                        "Application Class"},
+                                         ToolkitCommand{"Qt6", "/usr/lib/qt6/bin/linguist", "Phrases",
+                                                        "New Phrase Book...", "Create New Phrase Book"},
+                                         ToolkitCommand{"Qt5", "featherpad", "File", "Open", "Open file..."}),
+                         [](const auto& tested) { return std::string(tested.param.toolkit); });
+
 TEST_F(AppCommandsTest, StoppedApplicationDoesNotDelayTheRing) {
   startWith("org.xfce.mousepad", {command("File", "Open..."), entry("tileLeft"), entry("quitApp")});
   ASSERT_NO_FATAL_FAILURE(startEditor());
