@@ -146,10 +146,10 @@ void PrivateDesktop::startWindowManager(WindowManager manager) {
   if (manager == WindowManager::xfwm4) startPart({"xfwm4", "--compositor=off"});
   if (manager == WindowManager::metacity) startPart({"metacity", "--no-composite"});
   if (manager == WindowManager::i3) {
-    // Without a configuration i3 starts its wizard, without a bar a bar of its own, which takes its place, and that of
-    // the tray, at any time; this one binds no keys.
+    // Without a configuration i3 starts its wizard. Without the first line it takes this one for an old one, whose
+    // conversion adds a bar, which takes its place and that of the tray at any time. No keys are bound.
     const auto configuration = configHome() / "i3" / "config";
-    writeFile(configuration, "font pango:monospace 8\nbar {\n  i3bar_command true\n}\n");
+    writeFile(configuration, "# i3 config file (v4)\nfont pango:monospace 8\n");
     startPart({"i3", "-c", configuration});
   }
 }
