@@ -7,6 +7,7 @@
 
 #include <csignal>
 #include <filesystem>
+#include <sstream>
 #include <stdexcept>
 #include <utility>
 
@@ -63,13 +64,25 @@ void ChildProcess::reap(int options) {
 
 bool ChildProcess::areAllThreads(char state) const {
   const std::string wanted = std::string(") ") + state;
-  std::error_code error;
-  for (const auto& thread : std::filesystem::directory_iterator("/proc/" + std::to_string(pid_) + "/task", error)) {
-    const std::string status = readFile(thread.path() / "stat");
+  std::error_code error;  // of a process that has ended, also in the middle
+  std::filesystem::directory_iterator thread("/proc/" + std::to_string(pid_) + "/task", error);
+  for (; !error && thread != std::filesystem::directory_iterator(); thread.increment(error)) {
+    const std::string status = readFile(thread->path() / "stat");
     const std::size_t nameEnd = status.rfind(')');
     if (nameEnd == std::string::npos || status.compare(nameEnd, wanted.size(), wanted) != 0) return false;
   }
   return !error;
+}
+
+bool ChildProcess::waitForChild(const std::string& program) const {
+  const std::string process = "/proc/" + std::to_string(pid_);
+  return waitUntil([&] {
+    std::istringstream children(readFile(process + "/task/" + std::to_string(pid_) + "/children"));
+    for (std::string child; children >> child;) {
+      if (readFile("/proc/" + child + "/comm") == program + '\n') return true;
+    }
+    return false;
+  });
 }
 
 // The signal is only sent when `kill` returns: the threads may run on for a while.

@@ -23,6 +23,8 @@ class ChildProcess {
   bool isRunning();
   /// All its threads sleep: it has no work left, even if a busy machine delays it.
   bool isWaiting() const { return areAllThreads('S'); }
+  /// Waits until a child of it runs that program; a terminal that is closed before may stay.
+  bool waitForChild(const std::string& program) const;
   /// Returns once none of its threads runs.
   void stop() const;
   /// Waits for the end; the exit status, or 128 + signal.

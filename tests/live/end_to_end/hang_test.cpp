@@ -13,7 +13,8 @@ class HangTest : public EndToEndTest {
   /// Waits until exactly one process has that name and is another one than `before`; 0 when none comes.
   pid_t nextProcess(const std::string& name, pid_t before) {
     std::vector<pid_t> found;
-    waitUntil([&] {
+    // A process that is on its way to become another may be left out, and its passing child found.
+    waitUntilSteady([&] {
       found = desktop_.processesNamed(name);
       return found.size() == 1 && found.front() != before;
     });

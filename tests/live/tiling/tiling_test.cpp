@@ -350,6 +350,7 @@ TEST_F(WithoutTilingTest, WindowsThatTheManagerPlacesAreTold) {
 
 TEST_F(WithoutTilingTest, WindowsCanBeClosedWithoutAManager) {
   const auto terminal = desktop_.start({"xterm", "-e", "cat"});
+  ASSERT_TRUE(terminal->waitForChild("cat"));
   const AXElementRef window = target(terminal->pid());
   if (windowManager() == WindowManager::none) {
     EXPECT_FALSE(WindowAX::canMoveAndResize(*window));

@@ -36,6 +36,7 @@ TEST_F(ActivationTest, WorksWithoutAWindowManager) {
   environment["DISPLAY"] = server.display();
   const ChildProcess one({"xterm", "-T", "one", "-e", "cat"}, environment);
   const ChildProcess two({"xterm", "-T", "two", "-e", "cat"}, environment);
+  ASSERT_TRUE(one.waitForChild("cat") && two.waitForChild("cat"));
   WorkspaceUnderTest bare(server.display(), installed_);
   ASSERT_TRUE(waitUntil([&] { return bare.workspace.runningApplications("debian-xterm").size() == 2; }));
   EXPECT_EQ(bare.workspace.frontmostApplication(), std::nullopt);
