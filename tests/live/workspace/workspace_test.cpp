@@ -81,6 +81,7 @@ std::unique_ptr<ChildProcess> WorkspaceTest::startWithWindow(const std::vector<s
                                                              const std::string& title) {
   auto process = desktop_->start(command);
   EXPECT_TRUE(eventually([&] { return windowTitled(title) != XCB_NONE; })) << title;
+  client_.requestActivation(windowTitled(title));  // a busy window manager may leave the focus where it is
   EXPECT_TRUE(becomesActive(windowTitled(title))) << title;
   return process;
 }
