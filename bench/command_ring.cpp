@@ -40,7 +40,8 @@ void measure() {
   const auto own = startRondoraWith(stage.desktop, stage.client, rings());
   const auto editor = stage.desktop.start({"mousepad", "--disable-server"});
   const auto isInFront = [&] {
-    return stage.client.title(stage.client.activeWindow()).find("Mousepad") != std::string::npos;
+    const bool isActive = stage.client.title(stage.client.activeWindow()).find("Mousepad") != std::string::npos;
+    return isActive && editor->isWaiting() && stage.desktop.isWaiting();
   };
   if (!waitUntil(isInFront)) throw std::runtime_error("the editor does not come to the front");
   stage.rememberBackground();

@@ -88,7 +88,7 @@ Opening Stage::openBy(const std::function<Moment()>& trigger) {
 
 void Stage::close(std::uint8_t key) {
   release(key);
-  require(watcher->waitForBaseline(kPause, kLimit), "the ring does not go away");
+  requireBaseline(kPause);
 }
 
 void Stage::choose(std::uint8_t key, std::uint8_t label) {
@@ -97,7 +97,7 @@ void Stage::choose(std::uint8_t key, std::uint8_t label) {
   client.fakeKeyUp(label);
   client.fakeKeyUp(key::alt);
   client.fakeKeyUp(key::control);
-  require(watcher->waitForBaseline(kPause, kLimit), "the ring does not go away");
+  requireBaseline(kPause);
 }
 
 Opening Stage::openAndClose(std::uint8_t key) {
@@ -117,12 +117,18 @@ void Stage::openAndCloseQuickly(std::uint8_t key) {
   press(key);
   require(watcher->firstChange(kVisible, kLimit).has_value(), "no ring on key " + std::to_string(key));
   release(key);
-  require(watcher->waitForBaseline(milliseconds(2), kLimit), "the ring does not go away");
+  requireBaseline(milliseconds(2));
 }
 
 std::vector<Moment> Stage::changesWhileOpening(std::uint8_t key, milliseconds duration) {
   press(key);
   return watcher->changesDuring(duration);
+}
+
+void Stage::requireBaseline(milliseconds stillness) {
+  const bool isBack = watcher->waitForBaseline(stillness, kLimit);
+  if (!isBack) savePicture("stuck");
+  require(isBack, "the ring does not go away");
 }
 
 void Stage::savePicture(const std::string& what) {

@@ -48,6 +48,7 @@ class Stage {
   void openAndCloseQuickly(std::uint8_t key);
   /// Opens the ring; returns the times of the captures with a change within `duration`.
   std::vector<Moment> changesWhileOpening(std::uint8_t key, std::chrono::milliseconds duration);
+  void requireBaseline(std::chrono::milliseconds stillness);
   void savePicture(const std::string& what);
 
   live::PrivateDesktop desktop;
