@@ -116,6 +116,8 @@ void PieSubActionResolver::prefetch(const RunningApplication& application) {
 
 void PieSubActionResolver::commandRan(const RunningApplication& application) {
   cache_.drop(application);
+  prefetchDelay_.reset();
+  nextPrefetch_.reset();
   settling_ = prefetchIn(kSettlingTime, application);
 }
 
