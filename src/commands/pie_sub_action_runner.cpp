@@ -34,8 +34,8 @@ void PieSubActionRunner::perform(const PieSubAction& action, const std::optional
                                   " has ended");
   }
   if (action.kind == Kind::hideApp) {
-    services_.workspace.hide(*previousApp);
-    ended(action, *previousApp, std::nullopt);
+    const bool isHidden = services_.workspace.hide(*previousApp);
+    ended(action, *previousApp, isHidden ? Outcome() : SubActionProblem::windowKept);
   } else if (action.kind == Kind::quitApp) {
     const bool isAsked = services_.workspace.terminate(*previousApp);
     ended(action, *previousApp, isAsked ? Outcome() : SubActionProblem::refused);

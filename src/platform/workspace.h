@@ -61,8 +61,8 @@ class Workspace {
 
   /// Shows the windows of an application that the user has hidden.
   virtual void unhide(const RunningApplication& application) = 0;
-  /// Hides all windows of the application.
-  virtual void hide(const RunningApplication& application) = 0;
+  /// Asks for all windows of the application to be hidden. False when they cannot be.
+  virtual bool hide(const RunningApplication& application) = 0;
   /// Asks the application to quit as its own command would: it may ask the user, and stay. False when it cannot be
   /// asked.
   virtual bool terminate(const RunningApplication& application) = 0;

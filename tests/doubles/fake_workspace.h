@@ -72,7 +72,10 @@ class FakeWorkspace final : public Workspace {
   void unhide(const RunningApplication& application) override {
     if (RunningApplication* found = find(application.processIdentifier)) found->isHidden = false;
   }
-  void hide(const RunningApplication& application) override { hide(application.processIdentifier); }
+  bool hide(const RunningApplication& application) override {
+    if (hidesApplications) hide(application.processIdentifier);
+    return hidesApplications;
+  }
   bool terminate(const RunningApplication& application) override {
     const bool runs = find(application.processIdentifier) != nullptr;
     quit(application.processIdentifier);
@@ -123,6 +126,7 @@ class FakeWorkspace final : public Workspace {
   std::vector<std::string> openedApplications;
   std::vector<std::string> openedUrls;
   bool opensUrls = true;
+  bool hidesApplications = true;
   /// Installed applications that cannot be started.
   std::set<std::string> broken;
   /// By the identifiers that stand for a kind of application.

@@ -14,6 +14,7 @@
 #include "desktop/wait.h"
 #include "doubles/virtual_time.h"
 #include "platform/linux/x11/overlay/x11_screens.h"
+#include "platform/linux/x11/windows/window_activation.h"
 #include "platform/linux/x11/windows/window_frame.h"
 #include "platform/linux/x11/windows/x11_accessibility.h"
 
@@ -340,6 +341,7 @@ TEST_F(WithoutTilingTest, WindowsThatTheManagerPlacesAreTold) {
   EXPECT_FALSE(WindowAX::canMoveAndResize(*window));
   EXPECT_FALSE(WindowAX::tile(*window, WindowTile::left, inPoints(kWorkAreas, 1)));
   EXPECT_FALSE(window->setAttribute("AXMinimized", true));
+  EXPECT_FALSE(x11::iconifyWindows(server_, {{tiled.window()}}));
   EXPECT_EQ(frameOf(tiled.window()), before);
   EXPECT_TRUE(WindowAX::toggleFullScreen(*window));
   EXPECT_EQ(WindowAX::fullScreenState(*window), FullScreenState::on);

@@ -50,7 +50,7 @@ TEST_F(ActivationTest, WorksWithoutAWindowManager) {
     EXPECT_EQ(bare.workspace.runningApplications().front().window, application.window);
   }
   const auto first = bare.workspace.frontmostApplication().value();
-  bare.workspace.hide(first);  // nothing brings a hidden window back here
+  EXPECT_FALSE(bare.workspace.hide(first));  // nothing brings a hidden window back here
   EXPECT_EQ(bare.workspace.runningApplications("debian-xterm").size(), 2U);
   EXPECT_TRUE(bare.workspace.terminate(first));
   EXPECT_TRUE(waitUntil([&] { return bare.workspace.runningApplications("debian-xterm").size() == 1; }));
@@ -64,7 +64,7 @@ TEST_F(ActivationTest, HidesAndQuitsAllWindowsOfAnApplication) {
   ASSERT_TRUE(eventually([this] { return windowTitled("Untitled 2") != XCB_NONE; }));
   const auto terminal = startTerminal("terminal");
   const auto remembered = running("org.xfce.mousepad").value();
-  workspace().hide(remembered);
+  EXPECT_TRUE(workspace().hide(remembered));
   EXPECT_TRUE(eventually([this] { return running("org.xfce.mousepad")->isHidden; }));
   EXPECT_FALSE(running("debian-xterm")->isHidden);
   EXPECT_TRUE(workspaceForUser().terminate(remembered));

@@ -240,6 +240,9 @@ TEST_F(CommandServicesTest, RunsEachKindOfCommand) {
   EXPECT_EQ(run(entry(Kind::fillScreen)), "window: AXSize=1280,770 5");
   EXPECT_EQ(run(entry(Kind::minimizeWindow)), "window: AXMinimized=1 worked");
   EXPECT_EQ(run(entry(Kind::centerWindow)), "none 4");
+  desktop.workspace.hidesApplications = false;
+  EXPECT_EQ(run(entry(Kind::hideApp)), "none 5");
+  desktop.workspace.hidesApplications = true;
   EXPECT_EQ(run(entry(Kind::hideApp)), "none worked");
   EXPECT_EQ(desktop.workspace.frontmostApplication(), std::nullopt);
   EXPECT_EQ(run(entry(Kind::quitApp)), "none worked");

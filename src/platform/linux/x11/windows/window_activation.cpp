@@ -79,13 +79,14 @@ void restoreWindow(const X11Connection& connection, xcb_window_t window) {
 }
 
 // i3 4.22 has no iconified windows and states no such action.
-void iconifyWindows(const X11Connection& connection, std::span<const xcb_window_t> windows) {
-  if (!managerSupports(connection, "_NET_WM_ACTION_MINIMIZE")) return;
+bool iconifyWindows(const X11Connection& connection, std::span<const xcb_window_t> windows) {
+  if (windows.empty() || !managerSupports(connection, "_NET_WM_ACTION_MINIMIZE")) return false;
   for (const xcb_window_t window : windows) {
     unshadeIfIconic(connection, window);
     connection.sendToRoot(window, connection.atom("WM_CHANGE_STATE"), {kIconicState, 0, 0, 0, 0});
   }
   connection.flush();
+  return true;
 }
 
 bool closeWindows(const X11Connection& connection, std::span<const xcb_window_t> windows) {

@@ -14,9 +14,9 @@ namespace rondora::x11 {
 void activateWindow(const X11Connection& connection, const WindowInfo& target, xcb_window_t currentlyActive);
 /// Deiconifies the window without giving it the focus. A window that is gone is ignored.
 void restoreWindow(const X11Connection& connection, xcb_window_t window);
-/// Iconifies the windows; nothing under a window manager that has no iconified windows. Windows that are gone are
-/// ignored.
-void iconifyWindows(const X11Connection& connection, std::span<const xcb_window_t> windows);
+/// Asks the window manager to iconify the windows. False without one that has iconified windows, and for no windows.
+/// Windows that are gone are ignored.
+bool iconifyWindows(const X11Connection& connection, std::span<const xcb_window_t> windows);
 /// Asks the application to close the windows, which it may refuse. False when no window can be asked.
 bool closeWindows(const X11Connection& connection, std::span<const xcb_window_t> windows);
 

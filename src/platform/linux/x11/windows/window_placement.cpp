@@ -187,8 +187,7 @@ bool WindowPlacement::setFullScreen(bool isFullScreen) const {
 }
 
 bool WindowPlacement::minimize() const {
-  if (!canMinimize()) return false;
-  iconifyWindows(connection_, {&window_, 1});
+  if (!canMinimize() || !iconifyWindows(connection_, {&window_, 1})) return false;
   return windowManager_.until([&] {
     const auto info = readWindowProperties(connection_, window_, requestWindowProperties(connection_, window_));
     return info && info->isIconified;

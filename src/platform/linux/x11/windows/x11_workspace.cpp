@@ -183,8 +183,8 @@ std::vector<xcb_window_t> X11Workspace::ordinaryWindows(const RunningApplication
   return found;
 }
 
-void X11Workspace::hide(const RunningApplication& application) {
-  iconifyWindows(connection_, ordinaryWindows(application));
+bool X11Workspace::hide(const RunningApplication& application) {
+  return iconifyWindows(connection_, ordinaryWindows(application));
 }
 
 bool X11Workspace::terminate(const RunningApplication& application) {

@@ -28,8 +28,8 @@ class X11Workspace final : public Workspace {
   std::vector<RunningApplication> runningApplications(std::string_view bundleIdentifier) const override;
   bool activate(const RunningApplication& application) override;
   void unhide(const RunningApplication& application) override;
-  /// Does nothing under a window manager that has no iconified windows.
-  void hide(const RunningApplication& application) override;
+  /// False without an ordinary window, and under a window manager that has no iconified windows.
+  bool hide(const RunningApplication& application) override;
   /// Closes every ordinary window, also iconified ones. False when there is none.
   bool terminate(const RunningApplication& application) override;
   /// Also finds applications that run without being installed.
