@@ -15,8 +15,8 @@ using testing::Not;
 using Path = std::vector<std::string>;
 
 constexpr const char* kQtApplication = "/usr/lib/qt6/bin/linguist";
-/// Seconds; far less than all requests to a stopped application would take.
-constexpr double kBusyMachine = 2;
+/// Seconds; less than two requests to a stopped application take.
+constexpr double kOneRequest = 0.35;
 
 struct PublishingApplication {
   const char* name;
@@ -89,10 +89,11 @@ TEST_F(MenusTest, StoppedApplicationDelaysNeitherItselfNorOthers) {
   ASSERT_TRUE(isPublished(other));
   kill(stopped.process->pid(), SIGSTOP);
   for (int i = 0; i < 3; ++i) {
-    const double begin = clock_.uptime();
-    const auto menus = reader_.readItems(stopped.process->pid(), 0.35, 3);
-    EXPECT_LT(clock_.uptime() - begin, 0.35 + kBusyMachine);
-    EXPECT_FALSE(menus.isComplete);
+    EXPECT_TRUE(waitUntil([&] {
+      const double begin = clock_.uptime();
+      EXPECT_FALSE(reader_.readItems(stopped.process->pid(), 1, 3).isComplete);
+      return clock_.uptime() - begin < kOneRequest;
+    })) << "whenever the machine is not busy";
     EXPECT_TRUE(isPublished(other));
   }
   kill(stopped.process->pid(), SIGCONT);

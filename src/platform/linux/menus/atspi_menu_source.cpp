@@ -39,11 +39,11 @@ bool isMnemonic(const MenuKey& key, const std::string& title) {
 
 MenuNodeRef AtspiMenuSource::menuBar(std::string path) const { return std::make_shared<Node>(std::move(path)); }
 
-bool AtspiMenuSource::holdsMenus(const MenuNodeRef& bar, double seconds) {
-  expand(std::span(&bar, 1), seconds);
+bool AtspiMenuSource::holdsMenus(const MenuNodeRef& bar, const Deadline& deadline) {
+  expand(std::span(&bar, 1), deadline.secondsLeft());
   if (!bar->items) return false;
   bool isFound = false;
-  CallBatch batch(bus_, seconds);
+  CallBatch batch(bus_, deadline.secondsLeft());
   for (const MenuNodeRef& item : *bar->items) {
     batch.call({service_, static_cast<Node&>(*item).path}, kGetRole,
                [&](sd_bus_message& reply) { isFound = isFound || readRole(reply) == AtspiRole::menu; });

@@ -19,7 +19,7 @@ class AtspiMenuSource final : public MenuSource {
   MenuNodeRef menuBar(std::string path) const;
 
   /// GTK 4 shows the bus a menu bar with items, but without the menus behind them.
-  bool holdsMenus(const MenuNodeRef& bar, double seconds);
+  bool holdsMenus(const MenuNodeRef& bar, const Deadline& deadline);
 
   void expand(std::span<const MenuNodeRef> nodes, double seconds) override;
   bool press(MenuNode& node, double seconds) override;

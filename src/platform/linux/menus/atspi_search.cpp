@@ -102,12 +102,12 @@ std::optional<std::multimap<std::int32_t, std::string>> accessibleApplications(B
 }
 
 std::optional<BusObject> findMenuBar(BusConnection& bus, std::int32_t processIdentifier, const std::string& title,
-                                     double seconds) {
-  const auto applications = accessibleApplications(bus, seconds);
+                                     const Deadline& deadline) {
+  const auto applications = accessibleApplications(bus, deadline.secondsLeft());
   if (!applications) return std::nullopt;
   const auto [first, last] = applications->equal_range(processIdentifier);
   for (auto service = first; service != last; ++service) {
-    if (auto bar = Search(bus, seconds).menuBarOf({service->second, kRootPath}, title)) return bar;
+    if (auto bar = Search(bus, deadline.secondsLeft()).menuBarOf({service->second, kRootPath}, title)) return bar;
   }
   return std::nullopt;
 }

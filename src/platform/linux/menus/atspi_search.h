@@ -16,6 +16,6 @@ std::optional<std::multimap<std::int32_t, std::string>> accessibleApplications(B
 
 /// The menu bar of the application's window of that title, else of its active one, else of another.
 std::optional<BusObject> findMenuBar(BusConnection& bus, std::int32_t processIdentifier, const std::string& title,
-                                     double seconds);
+                                     const Deadline& deadline);
 
 }  // namespace rondora::menus

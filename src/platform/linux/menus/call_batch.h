@@ -15,6 +15,20 @@ namespace rondora::menus {
 /// A request without an answer for so long means that its application hangs.
 inline constexpr double kMaxRequestSeconds = 0.2;
 
+/// A time limit that several steps share.
+class Deadline {
+ public:
+  explicit Deadline(double seconds)
+      : end_(Clock::now() + std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(seconds))) {}
+  /// Negative when it is over.
+  double secondsLeft() const { return std::chrono::duration<double>(end_ - Clock::now()).count(); }
+
+ private:
+  using Clock = std::chrono::steady_clock;
+
+  Clock::time_point end_;
+};
+
 struct BusObject {
   std::string service;
   std::string path;

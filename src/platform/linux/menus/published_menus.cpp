@@ -9,8 +9,11 @@
 #include "platform/linux/menus/menu_elements.h"
 
 namespace rondora::menus {
-
 namespace {
+
+/// What the search on the accessibility bus leaves of the time: the other sources need little of it, unless the
+/// application hangs.
+constexpr double kReservedSeconds = 0.05;
 
 bool namesGtkMenus(const MenuBarOwner& owner) { return !owner.busName.empty() && !owner.menuBarPath.empty(); }
 
@@ -20,9 +23,11 @@ PublishedMenus::PublishedMenus() : accessibilityBus_([this] { return accessibili
 
 /// The richest source first: only the accessibility bus tells the keys that a GTK application sets outside its menus.
 AXElementRef PublishedMenus::menuBar(const MenuBarOwner& owner) {
-  if (AXElementRef bar = accessibleMenuBar(owner)) return bar;
-  if (AXElementRef bar = gtkMenuBar(owner)) return bar;
-  return registeredMenuBar(owner);
+  accessibilityBus_.get();  // connects, which has a limit of its own
+  const Deadline deadline(kMaxRequestSeconds);
+  if (AXElementRef bar = accessibleMenuBar(owner, Deadline(kMaxRequestSeconds - kReservedSeconds))) return bar;
+  if (AXElementRef bar = gtkMenuBar(owner, deadline)) return bar;
+  return registeredMenuBar(owner, deadline);
 }
 
 void PublishedMenus::prepareToRead(std::span<const AXElementRef> elements, std::span<const std::string_view> attributes,
@@ -30,7 +35,7 @@ void PublishedMenus::prepareToRead(std::span<const AXElementRef> elements, std::
   prepareMenus(elements, attributes, seconds);
 }
 
-AXElementRef PublishedMenus::gtkMenuBar(const MenuBarOwner& owner) {
+AXElementRef PublishedMenus::gtkMenuBar(const MenuBarOwner& owner, const Deadline& deadline) {
   if (!namesGtkMenus(owner)) return nullptr;
   GtkMenuSource::Objects objects{owner.busName, owner.menuBarPath, {}};
   for (const auto& [prefix, path] : {std::pair("app", owner.applicationPath), std::pair("win", owner.windowPath)}) {
@@ -38,24 +43,24 @@ AXElementRef PublishedMenus::gtkMenuBar(const MenuBarOwner& owner) {
   }
   auto source = std::make_shared<GtkMenuSource>(session_, std::move(objects));
   MenuNodeRef bar = source->menuBar();
-  source->expand(std::span(&bar, 1), kMaxRequestSeconds);
+  source->expand(std::span(&bar, 1), deadline.secondsLeft());
   return bar->items->empty() ? nullptr : makeMenuBarElement(std::move(source), std::move(bar));
 }
 
-AXElementRef PublishedMenus::registeredMenuBar(const MenuBarOwner& owner) {
-  auto object = registeredMenu(session_, owner.window, kMaxRequestSeconds);
+AXElementRef PublishedMenus::registeredMenuBar(const MenuBarOwner& owner, const Deadline& deadline) {
+  auto object = registeredMenu(session_, owner.window, deadline.secondsLeft());
   if (!object) return nullptr;
   auto source = std::make_shared<DbusMenuSource>(session_, *std::move(object));
   MenuNodeRef bar = source->menuBar();
   return makeMenuBarElement(std::move(source), std::move(bar));
 }
 
-AXElementRef PublishedMenus::accessibleMenuBar(const MenuBarOwner& owner) {
-  auto found = findMenuBar(accessibilityBus_, owner.processIdentifier, owner.title, kMaxRequestSeconds);
+AXElementRef PublishedMenus::accessibleMenuBar(const MenuBarOwner& owner, const Deadline& deadline) {
+  auto found = findMenuBar(accessibilityBus_, owner.processIdentifier, owner.title, deadline);
   if (!found) return nullptr;
   auto source = std::make_shared<AtspiMenuSource>(accessibilityBus_, std::move(found->service));
   MenuNodeRef bar = source->menuBar(std::move(found->path));
-  const bool isBare = namesGtkMenus(owner) && !source->holdsMenus(bar, kMaxRequestSeconds);
+  const bool isBare = namesGtkMenus(owner) && !source->holdsMenus(bar, deadline);
   return isBare ? nullptr : makeMenuBarElement(std::move(source), std::move(bar));
 }
 

@@ -4,6 +4,7 @@
 
 #include "platform/linux/application_menus.h"
 #include "platform/linux/menus/bus_connection.h"
+#include "platform/linux/menus/call_batch.h"
 
 namespace rondora::menus {
 
@@ -13,15 +14,15 @@ class PublishedMenus final : public ApplicationMenus {
  public:
   PublishedMenus();
 
-  /// Takes 0.2 s at most for each step of the search.
+  /// Takes 0.2 s at most, apart from connecting to a bus.
   AXElementRef menuBar(const MenuBarOwner& owner) override;
   void prepareToRead(std::span<const AXElementRef> elements, std::span<const std::string_view> attributes,
                      double seconds) override;
 
  private:
-  AXElementRef gtkMenuBar(const MenuBarOwner& owner);
-  AXElementRef accessibleMenuBar(const MenuBarOwner& owner);
-  AXElementRef registeredMenuBar(const MenuBarOwner& owner);
+  AXElementRef gtkMenuBar(const MenuBarOwner& owner, const Deadline& deadline);
+  AXElementRef accessibleMenuBar(const MenuBarOwner& owner, const Deadline& deadline);
+  AXElementRef registeredMenuBar(const MenuBarOwner& owner, const Deadline& deadline);
 
   BusConnection session_{sessionBusAddress};
   BusConnection accessibilityBus_;
