@@ -33,6 +33,11 @@ void MenusTest::switchOn() {
   }));
 }
 
+void MenusTest::startRegistrar() {
+  EXPECT_TRUE(desktop_.outputOf(
+      {"busctl", "--user", "call", "com.canonical.AppMenu.Registrar", "/", "org.freedesktop.DBus.Peer", "Ping"}));
+}
+
 bool MenusTest::isSwitched(const std::string& state) {
   return waitUntil([&] {
     const auto value = desktop_.outputOf(

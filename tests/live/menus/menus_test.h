@@ -28,6 +28,7 @@ class MenusTest : public testing::Test {
 
   /// Switches the accessibility bus on, and waits for it.
   void switchOn();
+  void startRegistrar();
   bool isSwitched(const std::string& state);
   StartedApplication start(const std::vector<std::string>& command);
   AppMenuCommandReader::Crawl crawl(const StartedApplication& application);

@@ -87,15 +87,11 @@ std::optional<BusObject> Search::menuBarBelow(std::vector<BusObject> level) {
 std::optional<std::multimap<std::int32_t, std::string>> accessibleApplications(BusConnection& bus, double seconds) {
   CallBatch batch(bus, seconds);
   std::multimap<std::int32_t, std::string> services;
-  const auto askProcess = [&](const std::string& service) {
-    const auto take = [&services, service](sd_bus_message& reply) {
-      std::uint32_t process = 0;
-      if (sd_bus_message_read_basic(&reply, 'u', &process) > 0) services.emplace(process, service);
-    };
-    batch.call(kBusObject, {kBusInterface, "GetConnectionUnixProcessID"}, take, "s", service.c_str());
-  };
   batch.call({"org.a11y.atspi.Registry", kRootPath}, kGetChildren, [&](sd_bus_message& reply) {
-    for (const BusObject& application : readChildren(reply)) askProcess(application.service);
+    for (const auto& [service, path] : readChildren(reply)) {
+      requestProcess(batch, service,
+                     [&services, service = service](std::int32_t process) { services.emplace(process, service); });
+    }
   });
   if (!batch.run()) return std::nullopt;
   return services;

@@ -97,6 +97,14 @@ void CallBatch::finish(Pending& pending, sd_bus_message& reply) {
   if (sd_bus_message_is_method_error(&reply, nullptr) == 0) pending.handler(reply);
 }
 
+void requestProcess(CallBatch& batch, const std::string& service, std::function<void(std::int32_t process)> take) {
+  const auto read = [take = std::move(take)](sd_bus_message& reply) {
+    std::uint32_t process = 0;
+    if (sd_bus_message_read_basic(&reply, 'u', &process) > 0) take(static_cast<std::int32_t>(process));
+  };
+  batch.call(kBusObject, {kBusInterface, "GetConnectionUnixProcessID"}, read, "s", service.c_str());
+}
+
 std::string readText(sd_bus_message& message) {
   const char* text = nullptr;
   return sd_bus_message_read_basic(&message, 's', &text) > 0 ? text : "";

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cstddef>
+#include <cstdint>
 #include <deque>
 #include <functional>
 #include <memory>
@@ -93,6 +94,9 @@ class CallBatch {
   std::deque<std::unique_ptr<Pending>> sent_;
   bool hasFailed_ = false;
 };
+
+/// Asks the bus for the process behind a name.
+void requestProcess(CallBatch& batch, const std::string& service, std::function<void(std::int32_t process)> take);
 
 /// The next value of the message; empty when it is of another type.
 std::string readText(sd_bus_message& message);

@@ -45,6 +45,14 @@ std::optional<MenuKey> readShortcut(sd_bus_message& reply) {
   return parser.keyNamed(names.back());
 }
 
+/// Does not start a registrar.
+BusMessage registrarCall(const CallBatch& batch, const char* method) {
+  BusMessage call = batch.makeCall({"com.canonical.AppMenu.Registrar", "/com/canonical/AppMenu/Registrar"},
+                                   {"com.canonical.AppMenu.Registrar", method});
+  if (call) sd_bus_message_set_auto_start(call.get(), 0);
+  return call;
+}
+
 }  // namespace
 
 struct DbusMenuSource::Node : MenuNode {
@@ -55,10 +63,8 @@ struct DbusMenuSource::Node : MenuNode {
 std::optional<BusObject> registeredMenu(BusConnection& bus, std::uint32_t window, double seconds) {
   std::optional<BusObject> found;
   CallBatch batch(bus, seconds);
-  BusMessage call = batch.makeCall({"com.canonical.AppMenu.Registrar", "/com/canonical/AppMenu/Registrar"},
-                                   {"com.canonical.AppMenu.Registrar", "GetMenuForWindow"});
+  BusMessage call = registrarCall(batch, "GetMenuForWindow");
   if (!call) return std::nullopt;
-  sd_bus_message_set_auto_start(call.get(), 0);
   sd_bus_message_append(call.get(), "u", window);
   batch.add(std::move(call), [&](sd_bus_message& reply) {
     const char* service = "";
@@ -67,6 +73,22 @@ std::optional<BusObject> registeredMenu(BusConnection& bus, std::uint32_t window
   });
   batch.run();
   return found;
+}
+
+std::set<std::int32_t> registeredProcesses(BusConnection& bus, double seconds) {
+  std::set<std::int32_t> processes;
+  CallBatch batch(bus, seconds);
+  batch.add(registrarCall(batch, "GetMenus"), [&](sd_bus_message& reply) {
+    std::set<std::string> services;
+    sd_bus_message_enter_container(&reply, 'a', "(uso)");
+    const char* service = "";
+    while (sd_bus_message_read(&reply, "(uso)", nullptr, &service, nullptr) > 0) services.insert(service);
+    for (const std::string& each : services) {
+      requestProcess(batch, each, [&processes](std::int32_t process) { processes.insert(process); });
+    }
+  });
+  batch.run();
+  return processes;
 }
 
 MenuNodeRef DbusMenuSource::menuBar() const { return std::make_shared<Node>(); }

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -13,6 +14,9 @@ namespace rondora::menus {
 
 /// The object that publishes the window's menus to the registrar of application menus; nothing when no registrar runs.
 std::optional<BusObject> registeredMenu(BusConnection& bus, std::uint32_t window, double seconds);
+
+/// The processes that publish menus to the registrar.
+std::set<std::int32_t> registeredProcesses(BusConnection& bus, double seconds);
 
 /// The menus of one object by com.canonical.dbusmenu.
 class DbusMenuSource final : public MenuSource {

@@ -12,6 +12,7 @@
 
 #include "platform/linux/menus/atspi_search.h"
 #include "platform/linux/menus/call_batch.h"
+#include "platform/linux/menus/dbus_menu_source.h"
 
 namespace rondora::menus {
 namespace {
@@ -63,9 +64,10 @@ class MenuPublishing::Worker {
     isLooking = false;
     const auto published = accessibleApplications(accessibilityBus_, kMaxRequestSeconds);
     if (!published) return;
+    const Processes registered = registeredProcesses(session_, kMaxRequestSeconds);
     Processes found;
     for (const std::int32_t process : processes) {
-      if (published->count(process) == 0 && usesQt(process)) found.insert(process);
+      if (published->count(process) == 0 && registered.count(process) == 0 && usesQt(process)) found.insert(process);
     }
     const std::lock_guard lock(mutex_);
     unpublished_ = std::move(found);
