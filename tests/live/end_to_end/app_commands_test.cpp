@@ -115,6 +115,21 @@ INSTANTIATE_TEST_SUITE_P(AppCommands, ToolkitCommandTest,
                                          ToolkitCommand{"Qt5", "featherpad", "File", "Open", "Open file..."}),
                          [](const auto& tested) { return std::string(tested.param.toolkit); });
 
+TEST_F(AppCommandsTest, FileManagerCreatesAFolder) {
+  const auto folder = desktop_.dataHome() / "files";
+  std::filesystem::create_directories(folder);
+  Document commands = menu("Commands", kControlAltSpace, {});
+  commands["kind"] = "appCommands";
+  commands["appCommandsDefaultEntries"] = {{{"kind", "menuItem"}, {"menuPath", {"File", "Create New", "Folder"}}}};
+  start(document({commands}));
+  const auto manager = desktop_.start({"pcmanfm-qt", folder.string()});
+  ASSERT_TRUE(waitUntil([&] { return client_.title(client_.activeWindow()) == "files"; }));
+  ASSERT_NO_FATAL_FAILURE(chooseByKey(key::digit0));
+  ASSERT_TRUE(waitForActive("Create Folder"));
+  client_.tap(key::enter);
+  EXPECT_TRUE(waitUntil([&] { return !std::filesystem::is_empty(folder); }));
+}
+
 TEST_F(AppCommandsTest, StoppedApplicationDoesNotDelayTheRing) {
   startWith("org.xfce.mousepad", {command("File", "Open..."), entry("tileLeft"), entry("quitApp")});
   ASSERT_NO_FATAL_FAILURE(startEditor());
