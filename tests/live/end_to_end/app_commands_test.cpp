@@ -45,9 +45,6 @@ class AppCommandsTest : public EndToEndTest {
     }
     return XCB_NONE;
   }
-  bool waitForWindowTitled(const std::string& part) {
-    return waitUntil([&] { return windowTitled(part) != XCB_NONE; });
-  }
   bool hasLogged(const std::string& text) {
     const auto lines = program_->logLines();
     return std::any_of(lines.begin(), lines.end(),
@@ -60,6 +57,19 @@ class AppCommandsTest : public EndToEndTest {
     ASSERT_TRUE(program_->waitForNoRing());
     releaseChord();
   }
+  /// Like a user who chooses again when the application was not ready to show its menus.
+  template <class Condition>
+  bool chooseByKeyUntil(Condition happened, std::uint8_t keyCode) {
+    return waitUntil([&] {
+      const auto before = failures();
+      chooseByKey(keyCode);
+      return HasFatalFailure() || (waitUntil([&] { return happened() || failures() > before; }) && happened());
+    });
+  }
+  std::ptrdiff_t failures() {
+    return std::ranges::count_if(program_->logLines(),
+                                 [](auto& line) { return line.find("sub-action: menu item") != line.npos; });
+  }
   std::filesystem::path file() const { return desktop_.configHome() / "notes.txt"; }
 
   std::unique_ptr<ChildProcess> editor_;
@@ -69,13 +79,12 @@ TEST_F(AppCommandsTest, CommandsOfTheActiveApplicationHappen) {
   startWith("org.xfce.mousepad", {command("File", "Open..."), retitled("File", "N"), command("File", "Nowhere"),
                                   entry("minimizeWindow"), entry("quitApp")});
   ASSERT_NO_FATAL_FAILURE(startEditor());
-  ASSERT_NO_FATAL_FAILURE(chooseByKey(key::digit0));
-  ASSERT_TRUE(waitForWindowTitled("Open"));
+  ASSERT_TRUE(chooseByKeyUntil([&] { return windowTitled("Open") != XCB_NONE; }, key::digit0));
   client_.tap(key::escape);
   ASSERT_TRUE(waitUntil([&] { return client_.activeWindow() == editorWindow(); }));
 
-  ASSERT_NO_FATAL_FAILURE(chooseByKey(key::digit1));
-  EXPECT_TRUE(waitForWindowTitled("Untitled")) << "found by its shortcut";
+  EXPECT_TRUE(chooseByKeyUntil([&] { return windowTitled("Untitled") != XCB_NONE; }, key::digit1))
+      << "found by its shortcut";
   ASSERT_NO_FATAL_FAILURE(chooseByKey(key::digit2));
   EXPECT_TRUE(waitUntil([&] { return hasLogged("sub-action: menu item"); }));
 }
@@ -103,8 +112,7 @@ TEST_P(ToolkitCommandTest, IsChosenByKeyAndHappens) {
   ASSERT_TRUE(waitUntil([&] { return client_.ownerOf(client_.activeWindow()) == process->pid(); }));
   const auto count = [&, window = opens] { return client_.windowsTitled(window).size(); };
   const std::size_t before = count();
-  ASSERT_NO_FATAL_FAILURE(chooseByKey(key::digit0));
-  EXPECT_TRUE(waitUntil([&] { return count() > before; }));
+  EXPECT_TRUE(chooseByKeyUntil([&] { return count() > before; }, key::digit0));
 }
 
 INSTANTIATE_TEST_SUITE_P(AppCommands, ToolkitCommandTest,
