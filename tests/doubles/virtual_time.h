@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <deque>
 #include <map>
 #include <memory>
 #include <utility>
-#include <vector>
 
 #include "platform/clock.h"
 #include "platform/main_queue.h"
@@ -45,6 +45,12 @@ class VirtualTime final : public MainQueue, public Clock {
     while (runOneDueBefore(target)) {
     }
     elapsed_ = std::max(elapsed_, target);
+  }
+  /// Runs work of another thread, beside which the main thread goes on, and returns the time that it takes.
+  double runBeside(const Work& work) {
+    const double start = elapsed_;
+    work();
+    return std::exchange(elapsed_, start) - start;
   }
   /// Number of queued work items, due or not.
   std::size_t pendingCount() {
@@ -98,15 +104,31 @@ class VirtualTime final : public MainQueue, public Clock {
   std::map<std::pair<double, std::uint64_t>, Ref> schedule_;
 };
 
-/// Work on the main queue that ends with the object.
+/// A thread of its own: its work runs one at a time, and the next one waits for as long as it takes.
 class SerialQueueInVirtualTime final : public SerialQueue {
  public:
-  explicit SerialQueueInVirtualTime(MainQueue& queue) : queue_(queue) {}
-  void async(Work work) override { work_.push_back(queue_.workItem(0, std::move(work))); }
+  explicit SerialQueueInVirtualTime(VirtualTime& time) : time_(time) {}
+  void async(Work work) override {
+    waiting_.push_back(std::move(work));
+    if (!std::exchange(isBusy_, true)) runNextIn(0);
+  }
 
  private:
-  MainQueue& queue_;
-  std::vector<Subscription> work_;
+  void runNextIn(double seconds) {
+    next_ = time_.workItem(seconds, [this] { runNext(); });
+  }
+  void runNext() {
+    isBusy_ = !waiting_.empty();
+    if (!isBusy_) return;
+    const Work work = std::move(waiting_.front());
+    waiting_.pop_front();
+    runNextIn(time_.runBeside(work));
+  }
+
+  VirtualTime& time_;
+  std::deque<Work> waiting_;
+  bool isBusy_ = false;
+  Subscription next_;
 };
 
 }  // namespace rondora
