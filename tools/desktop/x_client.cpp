@@ -19,6 +19,7 @@ namespace {
 
 constexpr std::uint32_t kWholeProperty = 1U << 20;  // in units of four bytes
 constexpr int kSettledCaptures = 8;
+constexpr std::chrono::seconds kSettlingPatience{5};  // an open ring closes after ten idle seconds
 
 using Numbers = std::vector<std::uint32_t>;
 
@@ -357,12 +358,15 @@ bool XClient::isPainted(const TopLevel& window) {
 Capture XClient::settledCapture(Area area, const std::function<bool()>& isQuiet) {
   Capture last = capture(area);
   int same = 0;
-  waitUntil([&] {
+  bool wasQuiet = false;
+  const auto isSettled = [&] {
+    wasQuiet = wasQuiet || isQuiet();
     Capture next = capture(area);
-    same = isQuiet() && next == last ? same + 1 : 0;
+    if (next != last) same = 0, wasQuiet = false;
     last = std::move(next);
-    return same >= kSettledCaptures;
-  });
+    return ++same >= kSettledCaptures && wasQuiet;
+  };
+  waitUntil(isSettled, kSettlingPatience);
   return last;
 }
 

@@ -127,7 +127,7 @@ class XClient {
   Capture capture(Area area);
   /// The window's own pixels in its middle row are not all transparent black.
   bool isPainted(const TopLevel& window);
-  /// The area once it has stopped changing while `isQuiet` holds.
+  /// The area once it has stopped changing, and `isQuiet` has held since.
   Capture settledCapture(Area area, const std::function<bool()>& isQuiet);
 
  private:
