@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <chrono>
 #include <cstdlib>
 #include <thread>
@@ -15,13 +16,19 @@ inline int rounds(int byDefault) {
   return wanted == nullptr ? byDefault : std::atoi(wanted);
 }
 
-/// Polls the condition until it holds; false after the deadline.
+/// Polls the condition until it holds; false after the limit. While the machine stands still, what is waited for does
+/// too: no more than a slice of such a time counts.
 template <class Condition>
 bool waitUntil(Condition condition, std::chrono::milliseconds limit = kPatience) {
-  const auto deadline = std::chrono::steady_clock::now() + limit;
-  while (!condition()) {
-    if (std::chrono::steady_clock::now() >= deadline) return false;
+  using Clock = std::chrono::steady_clock;
+  constexpr Clock::duration kSlice = std::chrono::seconds(1);
+  Clock::duration waited{0};
+  for (auto last = Clock::now(); !condition();) {
+    if (waited >= limit) return false;
     std::this_thread::sleep_for(std::chrono::milliseconds(2));
+    const auto now = Clock::now();
+    waited += std::min(now - last, kSlice);
+    last = now;
   }
   return true;
 }
