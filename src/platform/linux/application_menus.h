@@ -4,6 +4,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/accessibility.h"
 
@@ -14,12 +15,12 @@ struct MenuBarOwner {
   /// As the system counts processes; 0 when unknown.
   std::int32_t processIdentifier = 0;
   std::uint32_t window = 0;
-  std::string title;
-  std::string busName;              // _GTK_UNIQUE_BUS_NAME
-  std::string applicationPath;      // _GTK_APPLICATION_OBJECT_PATH
-  std::string windowPath;           // _GTK_WINDOW_OBJECT_PATH
-  std::string menuBarPath;          // _GTK_MENUBAR_OBJECT_PATH
-  std::string applicationMenuPath;  // _GTK_APP_MENU_OBJECT_PATH
+  /// Of the process's windows, the owner's first, then the most recently active.
+  std::vector<std::string> titles;
+  std::string busName;          // _GTK_UNIQUE_BUS_NAME
+  std::string applicationPath;  // _GTK_APPLICATION_OBJECT_PATH
+  std::string windowPath;       // _GTK_WINDOW_OBJECT_PATH
+  std::string menuBarPath;      // _GTK_MENUBAR_OBJECT_PATH
 };
 
 /// The menus that applications publish. One worker thread.

@@ -25,7 +25,7 @@ class Search {
  public:
   Search(BusConnection& bus, double seconds) : batch_(bus, seconds) {}
 
-  std::optional<BusObject> menuBarOf(const BusObject& application, const std::string& title);
+  std::optional<BusObject> menuBarOf(const BusObject& application, const std::vector<std::string>& titles);
 
  private:
   std::vector<BusObject> childrenOf(const BusObject& object);
@@ -57,11 +57,12 @@ std::vector<Object> Search::describe(const std::vector<BusObject>& objects, bool
   return described;
 }
 
-/// The frame of that title, then the active one, then the others: a dialog may be in front of the window with the menu
-/// bar.
-std::optional<BusObject> Search::menuBarOf(const BusObject& application, const std::string& title) {
+/// In the order of the titles; of frames with the same title the active one first.
+std::optional<BusObject> Search::menuBarOf(const BusObject& application, const std::vector<std::string>& titles) {
   auto frames = describe(childrenOf(application), true);
-  const auto rank = [&](const Object& frame) { return frame.name == title ? 0 : frame.states.isActive() ? 1 : 2; };
+  const auto rank = [&](const Object& frame) {
+    return std::pair(std::ranges::find(titles, frame.name) - titles.begin(), !frame.states.isActive());
+  };
   std::stable_sort(frames.begin(), frames.end(),
                    [&](const Object& one, const Object& other) { return rank(one) < rank(other); });
   for (Object& frame : frames) {
@@ -97,13 +98,13 @@ std::optional<std::multimap<std::int32_t, std::string>> accessibleApplications(B
   return services;
 }
 
-std::optional<BusObject> findMenuBar(BusConnection& bus, std::int32_t processIdentifier, const std::string& title,
-                                     const Deadline& deadline) {
+std::optional<BusObject> findMenuBar(BusConnection& bus, std::int32_t processIdentifier,
+                                     const std::vector<std::string>& titles, const Deadline& deadline) {
   const auto applications = accessibleApplications(bus, deadline.secondsLeft());
   if (!applications) return std::nullopt;
   const auto [first, last] = applications->equal_range(processIdentifier);
   for (auto service = first; service != last; ++service) {
-    if (auto bar = Search(bus, deadline.secondsLeft()).menuBarOf({service->second, kRootPath}, title)) return bar;
+    if (auto bar = Search(bus, deadline.secondsLeft()).menuBarOf({service->second, kRootPath}, titles)) return bar;
   }
   return std::nullopt;
 }

@@ -15,7 +15,7 @@ namespace rondora::menus {
 std::optional<std::multimap<std::int32_t, std::string>> accessibleApplications(BusConnection& bus, double seconds);
 
 /// The menu bar of the application's window of that title, else of its active one, else of another.
-std::optional<BusObject> findMenuBar(BusConnection& bus, std::int32_t processIdentifier, const std::string& title,
-                                     const Deadline& deadline);
+std::optional<BusObject> findMenuBar(BusConnection& bus, std::int32_t processIdentifier,
+                                     const std::vector<std::string>& titles, const Deadline& deadline);
 
 }  // namespace rondora::menus

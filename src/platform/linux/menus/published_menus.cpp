@@ -1,5 +1,6 @@
 #include "platform/linux/menus/published_menus.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/linux/menus/atspi_menu_source.h"
@@ -11,8 +12,10 @@
 namespace rondora::menus {
 namespace {
 
-/// What the search on the accessibility bus leaves of the time: the other sources need little of it, unless the
-/// application hangs.
+/// The search on the accessibility bus takes several requests, each of which a busy application may answer slowly; the
+/// first without an answer ends it.
+constexpr double kMaxSearchSeconds = 2 * kMaxRequestSeconds;
+/// What the other sources get at least; they need little, unless the application hangs.
 constexpr double kReservedSeconds = 0.05;
 
 bool namesGtkMenus(const MenuBarOwner& owner) { return !owner.busName.empty() && !owner.menuBarPath.empty(); }
@@ -24,8 +27,9 @@ PublishedMenus::PublishedMenus() : accessibilityBus_([this] { return accessibili
 /// The richest source first: only the accessibility bus tells the keys that a GTK application sets outside its menus.
 AXElementRef PublishedMenus::menuBar(const MenuBarOwner& owner) {
   accessibilityBus_.get();  // connects, which has a limit of its own
-  const Deadline deadline(kMaxRequestSeconds);
-  if (AXElementRef bar = accessibleMenuBar(owner, Deadline(kMaxRequestSeconds - kReservedSeconds))) return bar;
+  const Deadline whole(kMaxRequestSeconds);
+  if (AXElementRef bar = accessibleMenuBar(owner, Deadline(kMaxSearchSeconds))) return bar;
+  const Deadline deadline(std::max(whole.secondsLeft(), kReservedSeconds));
   if (AXElementRef bar = gtkMenuBar(owner, deadline)) return bar;
   return registeredMenuBar(owner, deadline);
 }
@@ -56,7 +60,7 @@ AXElementRef PublishedMenus::registeredMenuBar(const MenuBarOwner& owner, const 
 }
 
 AXElementRef PublishedMenus::accessibleMenuBar(const MenuBarOwner& owner, const Deadline& deadline) {
-  auto found = findMenuBar(accessibilityBus_, owner.processIdentifier, owner.title, deadline);
+  auto found = findMenuBar(accessibilityBus_, owner.processIdentifier, owner.titles, deadline);
   if (!found) return nullptr;
   auto source = std::make_shared<AtspiMenuSource>(accessibilityBus_, std::move(found->service));
   MenuNodeRef bar = source->menuBar(std::move(found->path));

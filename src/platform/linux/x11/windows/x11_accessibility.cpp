@@ -33,6 +33,7 @@ class ApplicationElement final : public AXElement {
     return std::make_shared<WindowElement>(worker_, owners_, window.window);
   }
   static const WindowInfo* focused(const Connected& connected, const std::vector<WindowInfo>& windows);
+  static const WindowInfo* withMenus(const Connected& connected, const std::vector<WindowInfo>& windows);
   std::optional<AXValue> menuBar(const Connected& connected, const std::vector<WindowInfo>& windows) const;
 
   WorkerConnection& worker_;
@@ -64,22 +65,36 @@ const WindowInfo* ApplicationElement::focused(const Connected& connected, const 
   return active == windows.end() ? &windows.front() : &*active;
 }
 
+/// A dialog in front has the menus of the window that it belongs to.
+const WindowInfo* ApplicationElement::withMenus(const Connected& connected, const std::vector<WindowInfo>& windows) {
+  constexpr int kMaxDialogs = 8;
+  const WindowInfo* window = focused(connected, windows);
+  for (int i = 0; i < kMaxDialogs; ++i) {
+    const auto owner = connected.connection.property32(window->window, XCB_ATOM_WM_TRANSIENT_FOR, XCB_ATOM_WINDOW);
+    const auto found = owner.empty() ? windows.end() : std::ranges::find(windows, owner.front(), &WindowInfo::window);
+    if (found == windows.end()) break;
+    window = &*found;
+  }
+  return window;
+}
+
 std::optional<AXValue> ApplicationElement::menuBar(const Connected& connected,
                                                    const std::vector<WindowInfo>& windows) const {
-  const WindowInfo& window = *focused(connected, windows);
+  const WindowInfo& window = *withMenus(connected, windows);
   const X11Connection& connection = connected.connection;
   const auto text = [&](const char* name) {
     const auto bytes = connection.property(window.window, connection.atom(name), XCB_ATOM_ANY);
     return bytes ? std::string(bytes->begin(), std::ranges::find(*bytes, std::uint8_t{0})) : std::string();
   };
+  std::vector<std::string> titles{window.title};
+  for (const WindowInfo& each : windows) titles.push_back(each.title);
   const MenuBarOwner owner{window.processIdentifier,
                            window.window,
-                           window.title,
+                           std::move(titles),
                            text("_GTK_UNIQUE_BUS_NAME"),
                            text("_GTK_APPLICATION_OBJECT_PATH"),
                            text("_GTK_WINDOW_OBJECT_PATH"),
-                           text("_GTK_MENUBAR_OBJECT_PATH"),
-                           text("_GTK_APP_MENU_OBJECT_PATH")};
+                           text("_GTK_MENUBAR_OBJECT_PATH")};
   AXElementRef bar = menus_->menuBar(owner);
   return bar ? std::optional(AXValue(std::move(bar))) : std::nullopt;
 }
