@@ -48,8 +48,11 @@ struct CommandServices {
         queue(std::move(serialQueue)) {}
   CommandServices(const CommandServices&) = delete;
   CommandServices& operator=(const CommandServices&) = delete;
-  // Ends what the queue reads, for which its destructor would wait.
-  ~CommandServices() { readings.cancel(); }
+  // Ends the queue's work, for which its destructor would wait.
+  ~CommandServices() {
+    readings.cancel();
+    runner.cancel();
+  }
 
   QueueReadings readings;
   ApplicationSnapshotReader reader;

@@ -33,7 +33,11 @@ void MenuSwitchboard::wirePieMenu() {
   });
   pieMenuWindow_.onHoverChanged =
       weakSelf_.bind([](MenuSwitchboard& self, const PieMenuItem* item) { self.updateSnippetPreview(item); });
-  pieMenuWindow_.onHide = weakSelf_.bind([](MenuSwitchboard& self) { self.hideSnippetPreview(); });
+  pieMenuWindow_.onHide = weakSelf_.bind([](MenuSwitchboard& self) {
+    self.hideSnippetPreview();
+    // Not while the ring is open: an application without the keyboard switches commands off.
+    if (const auto application = std::exchange(self.commandsShownOf_, {})) self.prefetchAppCommands(*application);
+  });
 }
 
 std::optional<Uuid> MenuSwitchboard::displayedMenu() const {
@@ -208,6 +212,7 @@ void MenuSwitchboard::appCommandsResolved(const AppCommandsRequest& request, std
   previousApp_ = request.application;
   triggerModifiers_ = request.modifiers;
   show(*menu, request.triggerHotkey, appCommands(*request.application.bundleIdentifier, std::move(commands)));
+  commandsShownOf_ = request.application;
 }
 
 void MenuSwitchboard::prefetchAppCommands(const RunningApplication& application) {

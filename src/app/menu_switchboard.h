@@ -137,6 +137,8 @@ class MenuSwitchboard {
   ModifierHold triggerModifiers_ = ModifierHold::held;
   /// The application in front when the menu opened; restored or forgotten exactly once.
   std::optional<RunningApplication> previousApp_;
+  /// The application whose commands are on screen.
+  std::optional<RunningApplication> commandsShownOf_;
   /// The one pending request for an application's commands that may open a menu.
   std::optional<Uuid> pendingAppCommandsToken_;
   WeakSelf<MenuSwitchboard> weakSelf_{this};

@@ -78,7 +78,7 @@ class MenuReading {
     if (top == menus.end()) return std::nullopt;
     std::optional<ReadItem> item = ReadItem{{}, std::move(top->children)};
     for (auto title = std::next(path.begin()); title != path.end() && item; ++title) {
-      item = firstItem(*title, item->children);
+      item = firstItem(*title, item->children, title == std::next(path.begin()));
     }
     if (!item || item->info.hasSubmenu) return std::nullopt;
     item->info.path = path;
@@ -159,11 +159,18 @@ class MenuReading {
     return item;
   }
 
-  std::optional<ReadItem> firstItem(const std::string& title, const Elements& menus) {
+  /// An empty menu of the menu bar tells nothing: its application fills it when it is shown. A submenu may be empty.
+  Elements itemsOf(const AXElementRef& menu, bool isInMenuBar) {
+    Elements items = children(menu);
+    if (isInMenuBar && items.empty()) hasGap_ = true;
+    return items;
+  }
+
+  std::optional<ReadItem> firstItem(const std::string& title, const Elements& menus, bool areInMenuBar) {
     announce(menus, kMenuAttributes);
     for (const AXElementRef& menu : menus) {
       if (isOver()) return std::nullopt;
-      const Elements elements = children(menu);
+      const Elements elements = itemsOf(menu, areInMenuBar);
       announce(elements, kItemAttributes);
       for (const AXElementRef& element : elements) {
         if (isOver()) return std::nullopt;
@@ -192,7 +199,7 @@ class MenuReading {
 
   void readMenu(const AXElementRef& menu, const Path& path, std::vector<AppMenuItemInfo>& items,
                 std::vector<OpenMenus>& next) {
-    const Elements elements = children(menu);
+    const Elements elements = itemsOf(menu, path.size() == 1);
     announce(elements, kItemAttributes);
     for (const AXElementRef& element : elements) {
       if (isOver()) return;

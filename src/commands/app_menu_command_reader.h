@@ -64,8 +64,8 @@ class AppMenuCommandReader {
   struct Crawl {
     /// In reading order: level by level.
     std::vector<AppMenuItemInfo> items;
-    /// All menus were read: none was cut by a limit, lay deeper or failed, and there is a menu bar. Only then is a
-    /// command that is missing here known not to exist.
+    /// All menus were read: none was cut by a limit, lay deeper or failed, and there is a menu bar without empty menus.
+    /// Only then is a command that is missing here known not to exist.
     bool isComplete = false;
   };
 
@@ -89,7 +89,8 @@ class AppMenuCommandReader {
   /// The items of all menus, as far as `maxDepth` levels and `budget` seconds allow.
   Crawl readItems(std::int32_t processIdentifier, double budget, int maxDepth);
 
-  /// The last call left something unread: a limit cut it, a request failed, or there is no menu bar.
+  /// The last call left something unread: a limit cut it, a request failed, a menu of the menu bar was empty, or there
+  /// is no menu bar.
   bool hasGap() const { return hasGap_; }
 
  private:

@@ -16,6 +16,15 @@ constexpr double kPrefetchDelay = 0.1;
 /// Seconds after a command: its effect takes a moment.
 constexpr double kSettlingTime = 0.5;
 
+/// The commands as the application allows all of them.
+ApplicationSnapshot withoutStates(ApplicationSnapshot snapshot) {
+  using Availability = ApplicationSnapshot::Availability;
+  for (auto& [path, command] : snapshot.commands) {
+    if (command.availability == Availability::disabled) command.availability = Availability::enabled;
+  }
+  return snapshot;
+}
+
 }  // namespace
 
 std::optional<WindowTile> PieSubActionResolver::windowTile(Kind kind) {
@@ -68,14 +77,15 @@ std::vector<PieSubAction> PieSubActionResolver::list(const RunningApplication& a
 
 std::optional<std::vector<PieSubAction>> PieSubActionResolver::known(const RunningApplication& application) const {
   const ApplicationSnapshot* snapshot = cached(application);
-  return snapshot ? std::optional(list(application, *snapshot)) : std::nullopt;
+  return snapshot ? std::optional(list(application, withoutStates(*snapshot))) : std::nullopt;
 }
 
 void PieSubActionResolver::resolve(const RunningApplication& application, SubActions::Completion completion) {
-  if (auto commands = known(application)) {
-    prefetch(application);
+  if (const ApplicationSnapshot* snapshot = cached(application)) {
+    const bool isRecent = cache_.age(application) <= kMaxStateAge;
+    auto commands = list(application, isRecent ? *snapshot : withoutStates(*snapshot));
     return services_.mainQueue.async(
-        [commands = *std::move(commands), completion = std::move(completion)] { completion(commands); });
+        [commands = std::move(commands), completion = std::move(completion)] { completion(commands); });
   }
   const std::uint64_t number = ++lastRequest_;
   auto timeout = services_.mainQueue.workItem(

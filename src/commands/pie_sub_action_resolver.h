@@ -45,12 +45,16 @@ class PieSubActionResolver {
   explicit PieSubActionResolver(const Services& services) : services_(services), cache_(services.clock) {}
 
   std::optional<RunningApplication> targetApp() const { return services_.workspace.frontmostApplication(); }
+  /// Seconds for which a command that the application does not allow counts as disabled: work in the application
+  /// changes that, and a wrongly dimmed command misleads more than one that fails.
+  static constexpr double kMaxStateAge = 2;
+
   /// Answers at once from the cache, otherwise as soon as the application was read, after kMaxWait with what is known
   /// then. Calls `completion` once, on a later turn of the main loop.
   void resolve(const RunningApplication& application, SubActions::Completion completion);
   /// Reads the application in a moment, if it is still in front then.
   void prefetch(const RunningApplication& application);
-  /// What `resolve` would answer at once; nothing when it would wait.
+  /// What `resolve` would answer at once, later than kMaxStateAge after the reading; nothing when it would wait.
   std::optional<std::vector<PieSubAction>> known(const RunningApplication& application) const;
   /// A command was run: what is known of the application no longer holds.
   void commandRan(const RunningApplication& application);

@@ -55,11 +55,14 @@ void PieSubActionRunner::performOnQueue(const PieSubAction& action, const Runnin
   services_.readings.cancel();
   auto areas = PieSubActionResolver::windowTile(action.kind) ? workAreas() : std::vector<Rect>();
   services_.queue.async([this, action, application, areas = std::move(areas), chosenAt = services_.clock.uptime(),
+                         isCancelled = commands_.makeIsCancelled(),
                          ended = weakSelf_.bind([action, application](Self& self, Outcome outcome) {
                            self.ended(action, application, outcome);
                          })] {
     const bool isLate = services_.clock.uptime() - chosenAt > kMaxDelay;
-    const Outcome outcome = isLate ? SubActionProblem::refused : run(action, application.processIdentifier, areas);
+    if (isLate) services_.log.standard("sub-action: " + std::string(rawValue(action.kind)) + " came too late");
+    const Outcome outcome =
+        isLate ? SubActionProblem::refused : run(action, application.processIdentifier, areas, isCancelled);
     services_.mainQueue.async([ended, outcome] { ended(outcome); });
   });
 }
@@ -70,8 +73,9 @@ void PieSubActionRunner::ended(const PieSubAction& action, const RunningApplicat
 }
 
 PieSubActionRunner::Outcome PieSubActionRunner::run(const PieSubAction& action, std::int32_t processIdentifier,
-                                                    const std::vector<Rect>& areas) {
-  if (action.kind == Kind::menuItem) return pressMenuItem(action, processIdentifier);
+                                                    const std::vector<Rect>& areas,
+                                                    const std::function<bool()>& isCancelled) {
+  if (action.kind == Kind::menuItem) return pressMenuItem(action, processIdentifier, isCancelled);
   const AXElementRef window = WindowAX(services_.accessibility).targetWindow(processIdentifier);
   const Outcome outcome = window ? changeWindow(action.kind, *window, areas) : SubActionProblem::noWindow;
   if (outcome) services_.log.error("sub-action: " + std::string(rawValue(action.kind)) + " failed");
@@ -79,10 +83,11 @@ PieSubActionRunner::Outcome PieSubActionRunner::run(const PieSubAction& action, 
 }
 
 PieSubActionRunner::Outcome PieSubActionRunner::pressMenuItem(const PieSubAction& action,
-                                                              std::int32_t processIdentifier) {
+                                                              std::int32_t processIdentifier,
+                                                              const std::function<bool()>& isCancelled) {
   const bool isTrusted = services_.permissions.isProcessTrusted();
   const double start = services_.clock.uptime();
-  AppMenuCommandReader reader(services_.accessibility, services_.clock);
+  AppMenuCommandReader reader(services_.accessibility, services_.clock, isCancelled);
   const auto item = reader.item(processIdentifier, action.menuPath, action.shortcut, isTrusted);
   const std::string name = "sub-action: menu item " + joinedPath(action.menuPath);
   if (!item) {

@@ -55,6 +55,9 @@ class PieSubActionRunner final : public SubActions {
   }
   void perform(const PieSubAction& action, const std::optional<RunningApplication>& previousApp) override;
 
+  /// Ends the command that runs, and drops those that wait for it: the program ends.
+  void cancel() { commands_.cancel(); }
+
   /// The usable part of each screen, in the platform's order: points, the origin at the top left of the primary screen.
   std::vector<Rect> workAreas() const;
 
@@ -66,12 +69,15 @@ class PieSubActionRunner final : public SubActions {
   void ended(const PieSubAction& action, const RunningApplication& application, Outcome outcome);
 
   // On the queue:
-  Outcome run(const PieSubAction& action, std::int32_t processIdentifier, const std::vector<Rect>& areas);
-  Outcome pressMenuItem(const PieSubAction& action, std::int32_t processIdentifier);
+  Outcome run(const PieSubAction& action, std::int32_t processIdentifier, const std::vector<Rect>& areas,
+              const std::function<bool()>& isCancelled);
+  Outcome pressMenuItem(const PieSubAction& action, std::int32_t processIdentifier,
+                        const std::function<bool()>& isCancelled);
   Outcome changeWindow(AppSubMenuEntry::Kind kind, AXElement& window, const std::vector<Rect>& areas);
   bool press(AXElement& element);
 
   Services services_;
+  QueueReadings commands_;
   WeakSelf<PieSubActionRunner> weakSelf_{this};
 };
 

@@ -7,7 +7,7 @@
 
 namespace rondora {
 
-/// The readings of applications that occupy the queue, which end early once something else needs it.
+/// Work that occupies the queue, which ends early once something else needs it.
 class QueueReadings {
  public:
   void cancel() { ++*cancellations_; }

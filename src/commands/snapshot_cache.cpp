@@ -19,6 +19,11 @@ const ApplicationSnapshot* SnapshotCache::find(const RunningApplication& applica
   return found->application.window == application.window ? &found->snapshot : nullptr;
 }
 
+double SnapshotCache::age(const RunningApplication& application) const {
+  const auto found = std::find_if(entries_.begin(), entries_.end(), isOf(application));
+  return found == entries_.end() ? kMaxAge : clock_.uptime() - found->readAt;
+}
+
 bool SnapshotCache::store(const RunningApplication& application, ApplicationSnapshot snapshot) {
   const auto before = std::find_if(entries_.begin(), entries_.end(), isOf(application));
   const bool isNew = before == entries_.end() || before->snapshot != snapshot;

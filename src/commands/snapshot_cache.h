@@ -22,6 +22,8 @@ class SnapshotCache {
 
   /// Null when there is none of the application's current window, or only an old one. Valid until the cache changes.
   const ApplicationSnapshot* find(const RunningApplication& application) const;
+  /// Seconds since the application was read; it is in the cache.
+  double age(const RunningApplication& application) const;
   /// True when the snapshot differs from the one before.
   bool store(const RunningApplication& application, ApplicationSnapshot snapshot);
   void drop(const RunningApplication& application);

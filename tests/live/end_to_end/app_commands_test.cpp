@@ -86,7 +86,20 @@ TEST_F(AppCommandsTest, CommandsOfTheActiveApplicationHappen) {
   EXPECT_TRUE(chooseByKeyUntil([&] { return windowTitled("Untitled") != XCB_NONE; }, key::digit1))
       << "found by its shortcut";
   ASSERT_NO_FATAL_FAILURE(chooseByKey(key::digit2));
-  EXPECT_TRUE(waitUntil([&] { return hasLogged("sub-action: menu item"); }));
+  EXPECT_TRUE(waitUntil([&] { return hasLogged("Nowhere not found"); }));
+}
+
+TEST_F(AppCommandsTest, DialogInFrontHasTheCommandsOfItsOwnWindow) {
+  startWith("org.xfce.mousepad",
+            {command("File", "New Window"), command("File", "Open..."), command("File", "Close Window")});
+  ASSERT_NO_FATAL_FAILURE(startEditor());
+  const auto frontTitled = [this](const char* title) {
+    return client_.title(client_.activeWindow()).find(title) != std::string::npos;
+  };
+  ASSERT_TRUE(chooseByKeyUntil([&] { return frontTitled("Untitled"); }, key::digit0));
+  ASSERT_TRUE(chooseByKeyUntil([&] { return frontTitled("Open"); }, key::digit1));
+  EXPECT_TRUE(chooseByKeyUntil([&] { return windowTitled("Untitled") == XCB_NONE; }, key::digit2));
+  EXPECT_NE(editorWindow(), XCB_NONE);
 }
 
 struct ToolkitCommand {
