@@ -26,6 +26,8 @@ class EditSession {
   void edit(const Edit& edit);
   /// Saves pending edits at once: before the settings close or the program ends.
   void flush();
+  /// The document that is being published is this session's own.
+  bool isSaving() const { return isSaving_; }
 
  private:
   void documentChanged();
