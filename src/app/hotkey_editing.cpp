@@ -91,7 +91,7 @@ void HotkeyEditing::assign(const Uuid& menu, const HotkeyConfig& hotkey) {
     const auto found = std::ranges::find(document.menus, menu, &PieMenu::id);
     if (found != document.menus.end()) found->hotkey = hotkey;
   });
-  services_.edits.flush();
+  services_.edits.save();
 }
 
 void HotkeyEditing::publish() {

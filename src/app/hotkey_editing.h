@@ -13,8 +13,8 @@
 #include "input/recording/hotkey_recorder.h"
 #include "localization/localization_store.h"
 #include "model/pie_menu.h"
+#include "settings/editing/edit_history.h"
 #include "settings/window_contents.h"
-#include "storage/edit_session.h"
 
 namespace rondora {
 
@@ -24,7 +24,7 @@ class HotkeyEditing {
   /// The references must outlive the object.
   struct Services {
     HotkeyRecorder::Ports recorder;
-    EditSession& edits;
+    EditHistory& edits;
     NotificationCenter& notifications;
     const LocalizationStore& localization;
     ModifierNames modifierNames;

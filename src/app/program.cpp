@@ -17,6 +17,7 @@ Program::Program(const Platform& platform)
       keptDocuments_(platform.defaults),
       config_(configServices()),
       edits_(config_, platform.mainQueue),
+      history_(edits_, config_, platform.clock),
       trackpadWish_(passOnTrackpadWish()),
       menuWish_(passOnMenuWish()),
       permissions_(platform.permissionService, platform.mainQueue, platform.shell),
@@ -204,7 +205,7 @@ std::string Program::listOfWorkingHotkeys() const {
 
 HotkeyEditing::Services Program::hotkeyEditingServices() {
   return {.recorder = {platform_.eventMonitors, platform_.recordingKeyboard, platform_.mainQueue},
-          .edits = edits_,
+          .edits = history_,
           .notifications = notifications_,
           .localization = localization_,
           .modifierNames = platform_.modifierNames,
@@ -242,7 +243,17 @@ WindowContents Program::windowContents() {
           .language = [this] { return localization_.language(); },
           .chooseLanguage =
               [this](AppLanguage language) {
-                edits_.edit([language](PieConfiguration& document) { document.language = language; });
+                history_.edit([language](PieConfiguration& document) { document.language = language; });
+              },
+          .undo =
+              [this] {
+                history_.undo();
+                history_.save();
+              },
+          .redo =
+              [this] {
+                history_.redo();
+                history_.save();
               },
           .quit = [this] { delegate_.quitApp(); },
           .hotkeys = hotkeyEditing_.list(),

@@ -25,6 +25,7 @@
 #include "running_apps/running_apps_activation_history.h"
 #include "running_apps/running_apps_menu_items.h"
 #include "settings/document_findings.h"
+#include "settings/editing/edit_history.h"
 #include "settings/window_contents.h"
 #include "storage/config_manager.h"
 #include "storage/edit_session.h"
@@ -95,6 +96,7 @@ class Program {
   KeptDocuments keptDocuments_;
   ConfigManager config_;
   EditSession edits_;
+  EditHistory history_;
   LocalizationStore localization_;
   Subscription interfaceLanguage_;
   Subscription trackpadWish_;

@@ -87,6 +87,9 @@ struct WindowContents {
   std::function<void()> openDocumentFolder;
   std::function<AppLanguage()> language;
   std::function<void(AppLanguage)> chooseLanguage;
+  /// The latest change to the document.
+  std::function<void()> undo;
+  std::function<void()> redo;
   std::function<void()> quit;
   HotkeyList hotkeys;
   LoginSwitch login;

@@ -36,6 +36,8 @@ class EditHistory {
   /// Without effect when there is no step.
   void undo() { step(done_, undone_); }
   void redo() { step(undone_, done_); }
+  /// Saves at once what else is saved after a pause.
+  void save() { session_.flush(); }
 
  private:
   /// Documents, the latest last.

@@ -75,6 +75,7 @@ class WindowsTest : public testing::Test {
   Signal<> clicked;
   std::string removed;
   bool opensAtLogin = false;
+  std::string steps;
   Signal<> textsChanged;
   QtWindows windows{[this] { return contents(); }};
 
@@ -86,6 +87,8 @@ class WindowsTest : public testing::Test {
         .openDocumentFolder = [this] { ++foldersOpened; },
         .language = [this] { return language; },
         .chooseLanguage = [this](AppLanguage choice) { choices.push_back(choice); },
+        .undo = [this] { steps += "undo "; },
+        .redo = [this] { steps += "redo "; },
         .quit = [this] { ++quits; },
         .hotkeys = {.watch =
                         [this](auto observer) {
@@ -215,7 +218,8 @@ TEST_F(WindowsTest, SettingsWorkByKeyboardAlone) {
   EXPECT_EQ(foldersOpened, 1);
   click(window, "Copy");
   EXPECT_EQ(QtPasteboard().data("text/plain"), "/home/user/config.json");
-  QTest::keySequence(&window, QKeySequence("Ctrl+Q"));
+  for (const char* keys : {"Ctrl+Z", "Ctrl+Shift+Z", "Ctrl+Q"}) QTest::keySequence(&window, QKeySequence(keys));
+  EXPECT_EQ(steps, "undo redo ");
   EXPECT_EQ(quits, 1);
 }
 

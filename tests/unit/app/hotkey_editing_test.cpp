@@ -45,6 +45,10 @@ TEST_F(HotkeyEditingTest, RecordedHotkeyIsSavedAndWorksAtOnce) {
   desktop.time.runUntilIdle();
   EXPECT_FALSE(saved().isAssigned() || rows.at(1).isAssigned);
   EXPECT_FALSE(desktop.keyboard.isRegistered(kKKey, kControlOption));
+  program.windowContents().undo();
+  EXPECT_TRUE(desktop.keyboard.isRegistered(kKKey, kControlOption));
+  program.windowContents().redo();
+  EXPECT_FALSE(desktop.keyboard.isRegistered(kKKey, kControlOption));
 }
 
 TEST_F(HotkeyEditingTest, LockOfTheScreenEndsTheRecording) {

@@ -135,6 +135,12 @@ void QtSettingsWindow::connectButtons() {
     if (contents_.quit) contents_.quit();
   });
   QObject::connect(&startAtLogin_, &QCheckBox::clicked, &window_, [this](bool opens) { switchLogin(opens); });
+  new QShortcut(QKeySequence::Undo, &window_, &window_, [this] {
+    if (contents_.undo) contents_.undo();
+  });
+  new QShortcut(QKeySequence::Redo, &window_, &window_, [this] {
+    if (contents_.redo) contents_.redo();
+  });
   // QDialog handles Escape.
   new QShortcut(QKeySequence::Close, &window_, &window_, &QWidget::close);
   new QShortcut(QKeySequence(QStringLiteral("Ctrl+Q")), &window_, &quit_, &QPushButton::click);
