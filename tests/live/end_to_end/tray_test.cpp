@@ -84,7 +84,9 @@ class TrayTest : public EndToEndTest {
       return place.width > 0 && place == before && tray_->isWaiting() && program_->isWaiting();
     });
   }
+  /// Qt counts the program as active for 0.4 s after its window has closed, and closes a menu at the end of that time.
   void openIconMenu(std::uint8_t button) {
+    client_.letServerRun(std::chrono::milliseconds(500));
     Area place;
     ASSERT_TRUE(waitForIcon(place));
     client_.movePointer({place.x + place.width / 2, place.y + place.height / 2});
