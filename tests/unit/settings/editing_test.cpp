@@ -22,7 +22,7 @@ struct EditingStory : Story {
       return Uuid();
     };
     const auto change = [this](auto edit, const std::string& field = "") { changed = history.edit(edit, field); };
-    const auto changeItem = [this, change](W w, auto edit) {
+    const auto changeItem = [change](W w, auto edit) {
       change([&](Document& d) { edit(d.menus[0], d.menus[0].items.at(std::stoul(w[0])).id); });
     };
     actions = {
