@@ -14,10 +14,12 @@ using Kind = AppSubMenuEntry::Kind;
 /// Seconds. The user has given up by then and may have chosen again.
 constexpr double kMaxDelay = 1;
 
-std::string joinedPath(const std::vector<std::string>& path) {
-  std::string text;
-  for (const std::string& title : path) text.append(text.empty() ? "" : " > ").append(title);
-  return text;
+/// In log lines.
+std::string nameOf(const PieSubAction& action) {
+  if (action.kind != Kind::menuItem) return std::string(rawValue(action.kind));
+  std::string path;
+  for (const std::string& title : action.menuPath) path.append(path.empty() ? "" : " > ").append(title);
+  return "menu item " + path;
 }
 
 }  // namespace
@@ -30,8 +32,7 @@ std::vector<Rect> PieSubActionRunner::workAreas() const {
 
 void PieSubActionRunner::perform(const PieSubAction& action, const std::optional<RunningApplication>& previousApp) {
   if (!previousApp || !runs(*previousApp)) {
-    return services_.log.standard("sub-action: the application of " + std::string(rawValue(action.kind)) +
-                                  " has ended");
+    return services_.log.standard("sub-action: the application of " + nameOf(action) + " has ended");
   }
   if (action.kind == Kind::hideApp) {
     const bool isHidden = services_.workspace.hide(*previousApp);
@@ -60,7 +61,7 @@ void PieSubActionRunner::performOnQueue(const PieSubAction& action, const Runnin
                            self.ended(action, application, outcome);
                          })] {
     const bool isLate = services_.clock.uptime() - chosenAt > kMaxDelay;
-    if (isLate) services_.log.standard("sub-action: " + std::string(rawValue(action.kind)) + " came too late");
+    if (isLate) services_.log.standard("sub-action: " + nameOf(action) + " came too late");
     const Outcome outcome =
         isLate ? SubActionProblem::refused : run(action, application.processIdentifier, areas, isCancelled);
     services_.mainQueue.async([ended, outcome] { ended(outcome); });
@@ -78,7 +79,7 @@ PieSubActionRunner::Outcome PieSubActionRunner::run(const PieSubAction& action, 
   if (action.kind == Kind::menuItem) return pressMenuItem(action, processIdentifier, isCancelled);
   const AXElementRef window = WindowAX(services_.accessibility).targetWindow(processIdentifier);
   const Outcome outcome = window ? changeWindow(action.kind, *window, areas) : SubActionProblem::noWindow;
-  if (outcome) services_.log.error("sub-action: " + std::string(rawValue(action.kind)) + " failed");
+  if (outcome) services_.log.error("sub-action: " + nameOf(action) + " failed");
   return outcome;
 }
 
@@ -89,7 +90,7 @@ PieSubActionRunner::Outcome PieSubActionRunner::pressMenuItem(const PieSubAction
   const double start = services_.clock.uptime();
   AppMenuCommandReader reader(services_.accessibility, services_.clock, isCancelled);
   const auto item = reader.item(processIdentifier, action.menuPath, action.shortcut, isTrusted);
-  const std::string name = "sub-action: menu item " + joinedPath(action.menuPath);
+  const std::string name = "sub-action: " + nameOf(action);
   if (!item) {
     services_.log.error(name + " not found");
     const bool hasWaited = services_.clock.uptime() - start >= AppMenuCommandReader::kMessagingTimeout;
