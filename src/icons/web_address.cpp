@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <utility>
 #include <vector>
 
 #include "base/unicode.h"
@@ -122,6 +123,12 @@ std::string withoutDotSegments(std::string_view path) {
 
 }  // namespace
 
+/// Quoting and resolving lengthen an address.
+std::optional<WebAddress> WebAddress::withinLimit(WebAddress address) {
+  if (address.text().size() > kMaxAddressLength) return std::nullopt;
+  return address;
+}
+
 std::optional<WebAddress> WebAddress::parse(std::string_view text) {
   const std::string address = cleaned(text);
   const std::string scheme = schemeOf(address);
@@ -146,7 +153,7 @@ std::optional<WebAddress> WebAddress::parse(std::string_view text) {
   result.port_ = *port;
   const bool hasPath = rest.starts_with('/');
   result.path_ = withoutDotSegments(percentEncoded(hasPath ? std::string(rest) : "/" + std::string(rest)));
-  return result;
+  return withinLimit(std::move(result));
 }
 
 std::optional<WebAddress> WebAddress::resolve(std::string_view reference) const {
@@ -164,7 +171,7 @@ std::optional<WebAddress> WebAddress::resolve(std::string_view reference) const 
   } else {
     result.path_ = withoutDotSegments(here.substr(0, here.rfind('/') + 1) + percentEncoded(link));
   }
-  return result;
+  return withinLimit(std::move(result));
 }
 
 std::string WebAddress::origin() const {

@@ -7,7 +7,7 @@
 
 namespace rondora {
 
-/// An absolute http or https address. It never holds a user name, a password or a fragment.
+/// An absolute http or https address of at most 2048 bytes. It never holds a user name, a password or a fragment.
 class WebAddress {
  public:
   /// Nothing when the text is not such an address. Tolerates surrounding blanks and a missing path.
@@ -33,6 +33,8 @@ class WebAddress {
   friend bool operator==(const WebAddress&, const WebAddress&) = default;
 
  private:
+  static std::optional<WebAddress> withinLimit(WebAddress address);
+
   bool isSecure_ = true;
   std::string host_;
   std::uint16_t port_ = 0;
