@@ -13,7 +13,7 @@ import sys
 CORE_BASE = ["base", "platform", "model"]
 CORE_DATA = CORE_BASE + ["localization"]
 CORE_SERVICES = CORE_DATA + ["storage", "icons"]
-FEATURES = ["pie", "actions", "windows", "commands", "input", "running_apps", "permissions", "settings"]
+FEATURES = ["pie", "actions", "windows", "commands", "input", "running_apps", "permissions"]
 
 # What a layer may include, besides itself. Siblings are missing on purpose: app/ injects what one needs from another.
 ALLOWED = {
@@ -24,14 +24,15 @@ ALLOWED = {
     "storage": CORE_DATA,
     "icons": CORE_DATA,
     **{feature: CORE_SERVICES for feature in FEATURES},
-    "app": CORE_SERVICES + FEATURES,
+    "settings": CORE_SERVICES + FEATURES,
+    "app": CORE_SERVICES + FEATURES + ["settings"],
     "platform/posix": CORE_BASE,
     "platform/qt": CORE_BASE,
     "platform/linux": CORE_BASE + ["pie", "platform/posix"],
     "platform/macos": CORE_BASE + ["pie", "platform/posix"],
     "ui/painting": CORE_BASE + ["pie"],
-    "ui/qt": CORE_BASE + ["pie", "settings", "platform/qt", "ui/painting"],
-    "ui/appkit": CORE_BASE + ["pie", "settings", "ui/painting"],
+    "ui/qt": CORE_SERVICES + ["pie", "settings", "platform/qt", "ui/painting"],
+    "ui/appkit": CORE_SERVICES + ["pie", "settings", "ui/painting"],
 }
 BACKENDS = ["platform/posix", "platform/qt", "platform/linux", "platform/macos", "ui/qt", "ui/appkit"]
 NESTED = BACKENDS + ["ui/painting"]

@@ -35,6 +35,7 @@ bool EditHistory::edit(const EditSession::Edit& edit, std::string_view field) {
   lastEdit_ = clock_.uptime();
   known_ = edited;
   session_.edit([&edited](PieConfiguration& document) { document = std::move(edited); });
+  changed_.send();
   return true;
 }
 
@@ -45,6 +46,7 @@ void EditHistory::step(Steps& from, Steps& to) {
   from.pop_back();
   lastField_.clear();
   session_.edit([this](PieConfiguration& document) { document = known_; });
+  changed_.send();
 }
 
 void EditHistory::push(Steps& steps, PieConfiguration document) {
@@ -66,6 +68,7 @@ void EditHistory::published(const PieConfiguration& document) {
     lastField_.clear();
   }
   known_ = document;
+  changed_.send();
 }
 
 }  // namespace rondora

@@ -2,8 +2,10 @@
 
 #include <cstddef>
 #include <deque>
+#include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "base/observable.h"
@@ -31,6 +33,11 @@ class EditHistory {
   /// is one. False, without a step, when the edit changes nothing.
   bool edit(const EditSession::Edit& edit, std::string_view field = {});
 
+  /// The observer is called after each edit and step, and when a document comes from elsewhere.
+  [[nodiscard]] Subscription onChanged(std::function<void()> observer) const {
+    return changed_.subscribe(std::move(observer));
+  }
+
   bool canUndo() const { return !done_.empty(); }
   bool canRedo() const { return !undone_.empty(); }
   /// Without effect when there is no step.
@@ -56,6 +63,7 @@ class EditHistory {
   double lastEdit_ = 0;
   /// The document after the latest step.
   PieConfiguration known_;
+  Signal<> changed_;
   Subscription documents_;
 };
 

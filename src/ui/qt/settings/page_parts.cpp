@@ -1,0 +1,142 @@
+#include "ui/qt/settings/page_parts.h"
+
+#include <QEvent>
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QPalette>
+#include <QScrollArea>
+#include <QScrollBar>
+
+#include "ui/qt/windows/interface_language.h"
+
+namespace rondora::settings_look {
+namespace {
+
+constexpr double kTitleScale = 1.45;
+constexpr double kNoteScale = 0.92;
+/// The share of the text colour in quiet letters; dark and light schemes stay above 4.5 : 1.
+constexpr double kQuiet = 0.72;
+
+QColor blended(const QColor& front, const QColor& back, double share) {
+  const auto mix = [share](float a, float b) {
+    return static_cast<float>(share) * a + static_cast<float>(1 - share) * b;
+  };
+  return QColor::fromRgbF(mix(front.redF(), back.redF()), mix(front.greenF(), back.greenF()),
+                          mix(front.blueF(), back.blueF()));
+}
+
+/// A label that follows the interface's font, colours and direction.
+class Text : public QLabel {
+ public:
+  enum class Role { plain, title, heading, note, problem };
+
+  Text(const QString& text, Role role) : QLabel(text), role_(role) {
+    setTextFormat(Qt::PlainText);
+    adapt();
+  }
+
+ protected:
+  void changeEvent(QEvent* event) override {
+    QLabel::changeEvent(event);
+    const auto type = event->type();
+    const bool matters = type == QEvent::ApplicationFontChange || type == QEvent::ApplicationPaletteChange ||
+                         type == QEvent::LayoutDirectionChange || type == QEvent::ParentChange;
+    if (matters && !isAdapting_) adapt();
+  }
+  bool event(QEvent* event) override {
+    if (event->type() == QEvent::ApplicationPaletteChange && !isAdapting_) adapt();
+    return QLabel::event(event);
+  }
+
+ private:
+  void adapt() {
+    isAdapting_ = true;
+    QFont font;
+    if (role_ == Role::title) font.setPointSizeF(font.pointSizeF() * kTitleScale);
+    if (role_ == Role::title || role_ == Role::heading) font.setWeight(QFont::DemiBold);
+    if (role_ == Role::note || role_ == Role::problem) font.setPointSizeF(font.pointSizeF() * kNoteScale);
+    setFont(font);
+    if (role_ == Role::note) {
+      const QPalette application;
+      QPalette quiet = application;
+      quiet.setColor(QPalette::WindowText,
+                     blended(application.color(QPalette::WindowText), application.color(QPalette::Window), kQuiet));
+      setPalette(quiet);
+    }
+    setWordWrap(role_ != Role::plain);
+    if (role_ != Role::plain) setAlignment(leadingAlignment() | Qt::AlignTop);
+    isAdapting_ = false;
+  }
+
+  Role role_;
+  bool isAdapting_ = false;
+};
+
+/// The page inside is as wide as the area, but no wider than is readable.
+class PageArea : public QScrollArea {
+ public:
+  explicit PageArea(QWidget& page) {
+    setFrameShape(QFrame::NoFrame);
+    setWidgetResizable(true);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setFocusPolicy(Qt::NoFocus);
+    setWidget(&page);
+    viewport()->setAutoFillBackground(false);
+    page.setAutoFillBackground(false);
+  }
+  QSize minimumSizeHint() const override {
+    return {widget()->minimumSizeHint().width() + verticalScrollBar()->sizeHint().width(), 0};
+  }
+};
+
+}  // namespace
+
+QLabel* makeTitle(const QString& text) { return new Text(text, Text::Role::title); }
+QLabel* makeHeading(const QString& text) { return new Text(text, Text::Role::heading); }
+QLabel* makeNote(const QString& text) { return new Text(text, Text::Role::note); }
+
+QLabel* makeProblem() {
+  auto* label = new Text({}, Text::Role::problem);
+  label->hide();
+  return label;
+}
+
+void showText(QLabel& label, const QString& text) {
+  label.setText(text);
+  label.setVisible(!text.isEmpty());
+}
+
+QLabel* makeLabelFor(QWidget& control, const QString& text) {
+  auto* label = new Text(text, Text::Role::plain);
+  label->setBuddy(&control);
+  nameControl(*label, text);
+  return label;
+}
+
+void nameControl(QLabel& label, const QString& text) {
+  label.setText(text);
+  if (label.buddy() != nullptr) label.buddy()->setAccessibleName(text);
+}
+
+QWidget* makeScrollingPage(QVBoxLayout*& column) {
+  auto* page = new QWidget;
+  auto* across = new QHBoxLayout(page);
+  across->setContentsMargins(kPageMargin, kPageMargin, kPageMargin, kPageMargin);
+  auto* content = new QWidget;
+  content->setMaximumWidth(kMaxPageWidth);
+  column = new QVBoxLayout(content);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(kRowGap);
+  across->addWidget(content, 1000);
+  across->addStretch(1);
+  return new PageArea(*page);
+}
+
+QWidget* makeRule() {
+  auto* rule = new QFrame;
+  rule->setFrameShape(QFrame::HLine);
+  rule->setFrameShadow(QFrame::Sunken);
+  return rule;
+}
+
+}  // namespace rondora::settings_look
