@@ -93,6 +93,24 @@ bool isVisible(const Scalar& scalar) {
   return category != UTF8PROC_CATEGORY_CC && category != UTF8PROC_CATEGORY_ZL && category != UTF8PROC_CATEGORY_ZP;
 }
 
+/// Canonical combining classes of marks that make another letter: nukta, kana voicing, virama (UnicodeData.txt). Vowel
+/// signs have class 0.
+bool isAccent(utf8proc_int32_t scalar) {
+  const auto combiningClass = utf8proc_get_property(scalar)->combining_class;
+  return combiningClass > 9;
+}
+
+bool separatesWords(utf8proc_int32_t scalar) {
+  const utf8proc_category_t category = utf8proc_category(scalar);
+  const bool isPunctuation = category >= UTF8PROC_CATEGORY_PC && category <= UTF8PROC_CATEGORY_PO;
+  return isPunctuation || category == UTF8PROC_CATEGORY_CN || category >= UTF8PROC_CATEGORY_ZS;
+}
+
+/// One space between words, none at the beginning of the key.
+void separateWords(std::string& key, std::size_t begin) {
+  if (key.size() > begin && key.back() != ' ') key += ' ';
+}
+
 std::string escape(const char* format, unsigned value) {
   std::array<char, 16> text{};
   std::snprintf(text.data(), text.size(), format, value);
@@ -135,6 +153,37 @@ std::string compatibilityFolded(std::string_view text) {
   if (length < 0) return {};
   const UniqueCPtr<utf8proc_uint8_t, std::free> owner(bytes);
   return {reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(length)};
+}
+
+void appendSearchKey(std::string& key, std::string_view text) {
+  constexpr auto kOptions =
+      static_cast<utf8proc_option_t>(UTF8PROC_DECOMPOSE | UTF8PROC_COMPAT | UTF8PROC_CASEFOLD | UTF8PROC_IGNORE);
+  constexpr std::size_t kLongestDecomposition = 18;  // of U+FDFA
+  const std::size_t begin = key.size();
+  std::array<utf8proc_int32_t, kLongestDecomposition> parts{};
+  while (!text.empty()) {
+    const Scalar scalar = firstScalar(text);
+    text.remove_prefix(std::min(scalar.length, text.size()));
+    int lastBoundClass = 0;
+    const utf8proc_ssize_t count =
+        utf8proc_decompose_char(scalar.value, parts.data(), parts.size(), kOptions, &lastBoundClass);
+    for (std::size_t i = 0; i < std::min(static_cast<std::size_t>(std::max<utf8proc_ssize_t>(count, 0)), parts.size());
+         ++i) {
+      const utf8proc_int32_t part = parts.at(i);
+      if (separatesWords(part)) {
+        separateWords(key, begin);
+      } else if (!isAccent(part)) {
+        append(key, part);
+      }
+    }
+  }
+  if (key.size() > begin && key.back() == ' ') key.pop_back();
+}
+
+std::string searchKey(std::string_view text) {
+  std::string key;
+  appendSearchKey(key, text);
+  return key;
 }
 
 std::string controlsEscaped(std::string_view text) {

@@ -16,6 +16,11 @@ std::string lowerCased(std::string_view text);
 /// Replaces characters by those that they stand for and removes invisible ones (NFKC): "①" becomes "1". Empty for
 /// ill-formed text.
 std::string compatibilityFolded(std::string_view text);
+/// The words of a text as they are compared in a search, separated by single spaces: without case, accents,
+/// punctuation and invisible characters. Letters that an Indian vowel sign or a Japanese voicing mark changes stay
+/// different.
+std::string searchKey(std::string_view text);
+void appendSearchKey(std::string& key, std::string_view text);
 /// One line of visible text: a line end becomes a space; other control characters, line separators, characters that
 /// change the direction of writing, and ill-formed bytes become escapes such as "\\x1B" and "\\u202E".
 std::string controlsEscaped(std::string_view text);

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <initializer_list>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace rondora {
+
+/// What the user searches for. A text is found when each word of the query begins one of its words; in Chinese and
+/// Japanese, whose words are not separated, when it contains them.
+class WordQuery {
+ public:
+  explicit WordQuery(std::string_view query);
+
+  bool isEmpty() const { return words_.empty(); }
+  /// The query as `searchKey` makes it.
+  const std::string& key() const { return key_; }
+  /// Each word is in one of the texts, which `searchKey` made. Allocates nothing.
+  bool finds(std::initializer_list<std::string_view> keys) const;
+
+ private:
+  struct Word {
+    std::string text;
+    bool anywhere = false;
+  };
+  static bool isIn(std::string_view key, const Word& word);
+
+  std::string key_;
+  std::vector<Word> words_;
+};
+
+}  // namespace rondora
