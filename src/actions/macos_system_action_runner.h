@@ -15,6 +15,8 @@ class MacOSSystemActionRunner {
 
   /// The kinds without an application of their own are accepted and do nothing; `ended` is not called for them.
   void run(MacOSSystemActionKind kind, const ActionEnded& ended = {});
+  /// There is an application that carries out the action.
+  bool canRun(MacOSSystemActionKind kind) const;
   /// False when no application lies at `path`, or it cannot be opened.
   bool openApplicationAt(std::string_view path);
 

@@ -28,12 +28,6 @@ MenuToTrigger answer(const PieMenu& menu) {
 
 }  // namespace
 
-std::string displayName(const PieMenu& menu) {
-  constexpr std::size_t kMaxCharacters = 60;
-  const std::string name = controlsEscaped(shortened(menu.name, kMaxCharacters));
-  return hasRightToLeftLetter(name) ? isolated(name) : name;
-}
-
 const PieMenu& firstWithHotkeyOf(const PieMenu& menu, const std::vector<PieMenu>& menus) {
   const auto first = std::find_if(menus.begin(), menus.end(), [&](const PieMenu& other) {
     return other.hasLiveHotkey() && other.hotkey == menu.hotkey;

@@ -7,15 +7,13 @@
 #include "input/hotkeys/hotkey_display.h"
 #include "input/hotkeys/hotkey_manager.h"
 #include "model/app_language.h"
+#include "model/menu_name.h"
 #include "model/pie_menu.h"
 #include "platform/instance_channel.h"
 
 // The menus as users and other programs name them.
 
 namespace rondora {
-
-/// The name as a line of text that keeps its own direction; shortened if it is very long.
-std::string displayName(const PieMenu& menu);
 
 /// The first of `menus` with the same hotkey, which opens instead of the others: `menu` itself where it is the first.
 const PieMenu& firstWithHotkeyOf(const PieMenu& menu, const std::vector<PieMenu>& menus);

@@ -255,6 +255,16 @@ void MenuSwitchboard::restoreAndExecute(const PieMenuItem& item) {
   execute(item, lastShown_, frontmost ? std::optional(frontmost->processIdentifier) : std::nullopt);
 }
 
+void MenuSwitchboard::run(const PieMenuItem& item, const Uuid& menuId,
+                          const std::optional<RunningApplication>& target) {
+  dismiss();
+  if (!target || !std::holds_alternative<Keystroke>(item.action)) return execute(item, menuId, std::nullopt);
+  previousApp_ = target;
+  lastShown_ = menuId;
+  showsRunningApps_ = false;
+  restoreAndExecute(item);
+}
+
 void MenuSwitchboard::execute(const PieMenuItem& item, const Uuid& menuId, std::optional<std::int32_t> targetPID) {
   services_.appLauncher.execute(item, targetPID,
                                 weakSelf_.bind([item, menuId](MenuSwitchboard& self, const auto& failure) {

@@ -71,6 +71,8 @@ class MenuSwitchboard {
   void dismiss();
   /// Closes a special menu that has been switched off in the document.
   void dismissRunningAppsMenuIfDisabled();
+  /// Runs an item outside of a ring. A keystroke goes to that application, which comes to the front.
+  void run(const PieMenuItem& item, const Uuid& menuId, const std::optional<RunningApplication>& target);
   void prefetchAppCommands(const RunningApplication& application);
   /// Pre-renders the menu's picture, so that its first opening is as fast as later ones. Of a menu of commands, the one
   /// for the application in front, if its commands are known.

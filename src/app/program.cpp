@@ -1,5 +1,6 @@
 #include "app/program.h"
 
+#include <limits>
 #include <utility>
 
 #include "app/action_findings.h"
@@ -17,7 +18,6 @@ Program::Program(const Platform& platform)
       keptDocuments_(platform.defaults),
       config_(configServices()),
       edits_(config_, platform.mainQueue),
-      history_(edits_, config_, platform.clock),
       trackpadWish_(passOnTrackpadWish()),
       menuWish_(passOnMenuWish()),
       permissions_(platform.permissionService, platform.mainQueue, platform.shell),
@@ -36,7 +36,6 @@ Program::Program(const Platform& platform)
       switchboard_(switchboardServices()),
       nativeAppSwitcher_(platform.symbolicHotKeySwitch),
       delegate_(delegateServices()),
-      hotkeyEditing_(hotkeyEditingServices()),
       launchAtLogin_(platform.loginItem),
       settingsRequests_(platform.mainQueue) {
   if (platform_.useInterfaceLanguage) {
@@ -81,7 +80,9 @@ void Program::start() {
 /// A screen lock needs keyboard and pointer for itself.
 void Program::releaseInput() {
   switchboard_.dismiss();
-  hotkeyEditing_.cancel();
+  if (!settings_) return;
+  settings_->hotkeys.cancel();
+  settings_->item.cancelRecording();
 }
 
 Subscription Program::decodeIcon(PictureRequest request, PictureDecoder::Completion completion) {
@@ -94,6 +95,7 @@ Subscription Program::decodeIcon(PictureRequest request, PictureDecoder::Complet
 void Program::iconsChanged() {
   pieMenuWindow_.refreshIcons();
   delegate_.iconsChanged();
+  iconsDecoded_.send();
 }
 
 void Program::end() {
@@ -203,13 +205,64 @@ std::string Program::listOfWorkingHotkeys() const {
   return workingHotkeys(config_.current().menus, *hotkeys, localization_.language(), platform_.modifierNames);
 }
 
-HotkeyEditing::Services Program::hotkeyEditingServices() {
-  return {.recorder = {platform_.eventMonitors, platform_.recordingKeyboard, platform_.mainQueue},
-          .edits = history_,
-          .notifications = notifications_,
-          .localization = localization_,
-          .modifierNames = platform_.modifierNames,
-          .hotkeys = [this] { return delegate_.hotkeyManager(); }};
+SettingsServices& Program::settings() {
+  if (!settings_) settings_.emplace(settingsPorts());
+  return *settings_;
+}
+
+SettingsServices::Ports Program::settingsPorts() {
+  return {
+      .session = edits_,
+      .config = config_,
+      .clock = platform_.clock,
+      .haptics = platform_.haptics,
+      .pasteboard = platform_.pasteboard,
+      .random = platform_.random,
+      .localization = localization_,
+      .notifications = notifications_,
+      .recorder = {platform_.eventMonitors, platform_.recordingKeyboard, platform_.mainQueue},
+      .modifierNames = platform_.modifierNames,
+      .hotkeys = [this] { return delegate_.hotkeyManager(); },
+      .trigger = [this](const PieMenu& menu) { return triggerInWords(menu); },
+      .itemTitle = [this](const PieMenuItem& item) { return titles_.title(item); },
+      .trackpadNote =
+          [this] {
+            const bool isMissing = platform_.trackpads.access() == TrackpadAccess::none;
+            return isMissing ? std::string(localization_.text(StringKey::menuNoTrackpad)) : "";
+          },
+      .applicationName = [this](std::string_view id) { return platform_.workspace.applicationName(id); },
+      .canDo = [this](MacOSSystemActionKind kind) { return MacOSSystemActionRunner(platform_.workspace).canRun(kind); },
+      .snippetHint = [this] { return snippetHint(localization_, platform_.pasteKeys); },
+      .ring = [this](const PieMenu& menu) { return previewRing(menu); },
+      .run = [this](const PieMenuItem& item, const Uuid& menu) { tryItem(item, menu); }};
+}
+
+RingPreview::Ring Program::previewRing(const PieMenu& menu) {
+  const bool isOfRunningApps = menu.kind == PieMenuKind::runningApps;
+  auto preview =
+      pieMenuWindow_.preview(menu, isOfRunningApps ? std::optional(runningAppsMenuItems_.build(menu)) : std::nullopt,
+                             std::nullopt, std::numeric_limits<double>::infinity());
+  return {std::move(preview.picture), preview.displayed.layout, preview.displayed.items.size()};
+}
+
+std::string Program::triggerInWords(const PieMenu& menu) const {
+  if (menu.hotkey.isAssigned()) return displayString(menu.hotkey, localization_.language(), platform_.modifierNames);
+  return menu.trackpadFingerCount == 0
+             ? ""
+             : localization_.text(StringKey::fingersCount, std::to_string(menu.trackpadFingerCount));
+}
+
+/// A keystroke goes to the application that the user worked with before the settings.
+void Program::tryItem(const PieMenuItem& item, const Uuid& menu) {
+  std::optional<RunningApplication> target;
+  for (const std::string& id : activationHistory_.bundleIdentifiers()) {
+    if (id == platform_.environment.bundleIdentifier()) continue;
+    const auto running = platform_.workspace.runningApplications(id);
+    if (running.empty()) continue;
+    target = running.front();
+    break;
+  }
+  switchboard_.run(item, menu, target);
 }
 
 LoginSwitch Program::loginSwitch() {
@@ -243,20 +296,20 @@ WindowContents Program::windowContents() {
           .language = [this] { return localization_.language(); },
           .chooseLanguage =
               [this](AppLanguage language) {
-                history_.edit([language](PieConfiguration& document) { document.language = language; });
+                settings().history.edit([language](PieConfiguration& document) { document.language = language; });
               },
           .undo =
               [this] {
-                history_.undo();
-                history_.save();
+                settings().history.undo();
+                settings().history.save();
               },
           .redo =
               [this] {
-                history_.redo();
-                history_.save();
+                settings().history.redo();
+                settings().history.save();
               },
           .quit = [this] { delegate_.quitApp(); },
-          .hotkeys = hotkeyEditing_.list(),
+          .hotkeys = settings().hotkeys.list(),
           .login = loginSwitch(),
           .watchFindings =
               [this](FindingsObserver observer) {
@@ -282,7 +335,11 @@ SessionFindings Program::findings() const {
 }
 
 void Program::actionEnded(const PieMenuItem& item, const Uuid& menuId, const std::optional<ActionFailure>& failure) {
-  if (!failure) return actionFailures_.worked(item.action);
+  if (!failure) {
+    actionFailures_.worked(item.action);
+    if (settings_) settings_->actionEnded(item, {});
+    return;
+  }
   const PieMenu* menu = config_.current().menu(menuId);
   const std::string title = titles_.title(item);
   ActionFailure named = *failure;
@@ -292,6 +349,8 @@ void Program::actionEnded(const PieMenuItem& item, const Uuid& menuId, const std
                           .item = title.empty() ? named.detail : title,
                           .menu = menu == nullptr ? "" : menu->name,
                           .failure = std::move(named)});
+  // The latest failure is the first finding.
+  if (settings_) settings_->actionEnded(item, actionFindings(actionFailures_, localization_).front().statement);
 }
 
 void Program::commandEnded(const PieSubAction& command, const RunningApplication& application,

@@ -10,11 +10,11 @@
 #include "app/action_services.h"
 #include "app/app_delegate.h"
 #include "app/command_services.h"
-#include "app/hotkey_editing.h"
 #include "app/item_titles.h"
 #include "app/menu_switchboard.h"
 #include "app/platform.h"
 #include "app/session_report.h"
+#include "app/settings_services.h"
 #include "base/notification_center.h"
 #include "icons/favicons.h"
 #include "icons/picture_quarantine.h"
@@ -25,7 +25,6 @@
 #include "running_apps/running_apps_activation_history.h"
 #include "running_apps/running_apps_menu_items.h"
 #include "settings/document_findings.h"
-#include "settings/editing/edit_history.h"
 #include "settings/window_contents.h"
 #include "storage/config_manager.h"
 #include "storage/edit_session.h"
@@ -73,7 +72,11 @@ class Program {
   PieMenuWindowController::Environment ringEnvironment();
   MenuSwitchboard::Services switchboardServices();
   AppDelegate::Services delegateServices();
-  HotkeyEditing::Services hotkeyEditingServices();
+  SettingsServices& settings();
+  SettingsServices::Ports settingsPorts();
+  RingPreview::Ring previewRing(const PieMenu& menu);
+  std::string triggerInWords(const PieMenu& menu) const;
+  void tryItem(const PieMenuItem& item, const Uuid& menu);
   LoginSwitch loginSwitch();
 
   void releaseInput();
@@ -96,7 +99,6 @@ class Program {
   KeptDocuments keptDocuments_;
   ConfigManager config_;
   EditSession edits_;
-  EditHistory history_;
   LocalizationStore localization_;
   Subscription interfaceLanguage_;
   Subscription trackpadWish_;
@@ -122,9 +124,11 @@ class Program {
   MenuSwitchboard switchboard_;
   NativeAppSwitcher nativeAppSwitcher_;
   AppDelegate delegate_;
-  HotkeyEditing hotkeyEditing_;
+  /// Nothing before a window needs it.
+  std::optional<SettingsServices> settings_;
   LaunchAtLoginService launchAtLogin_;
   RequestGate settingsRequests_;
+  Signal<> iconsDecoded_;
   Subscription installedApplications_;
   Subscription lockOrSleep_;
 };

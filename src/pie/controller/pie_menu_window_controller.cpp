@@ -86,6 +86,15 @@ void PieMenuWindowController::prerender(const PieMenu& menu, std::optional<std::
   ports_.overlayPanels.prerender(picture(menu, displayed));
 }
 
+PieMenuWindowController::Preview PieMenuWindowController::preview(const PieMenu& menu,
+                                                                  std::optional<std::vector<PieMenuItem>> itemsOverride,
+                                                                  std::optional<AppCommands> appCommands,
+                                                                  double maxRadius) const {
+  auto displayed = DisplayedMenu::make(menu, std::move(itemsOverride), std::move(appCommands), maxRadius);
+  Picture drawn = picture(menu, displayed);
+  return {std::move(displayed), std::move(drawn)};
+}
+
 Picture PieMenuWindowController::picture(const PieMenu& menu, const DisplayedMenu& displayed) const {
   const bool isEmpty = displayed.items.empty();
   const auto& emptyText = environment_.emptyMenuText;

@@ -71,6 +71,13 @@ class PieMenuWindowController {
   /// Pre-renders the menu's picture for its first `show`.
   void prerender(const PieMenu& menu, std::optional<std::vector<PieMenuItem>> itemsOverride,
                  std::optional<AppCommands> appCommands) const;
+  /// A menu as `show` would present it, for the settings.
+  struct Preview {
+    DisplayedMenu displayed;
+    Picture picture;
+  };
+  Preview preview(const PieMenu& menu, std::optional<std::vector<PieMenuItem>> itemsOverride,
+                  std::optional<AppCommands> appCommands, double maxRadius) const;
   /// Icons may have been decoded: shows those of the menu on screen.
   void refreshIcons();
   /// Does nothing when nothing is shown.

@@ -6,6 +6,8 @@
 #include <utility>
 #include <vector>
 
+#include "pie/geometry/sector_geometry.h"
+
 namespace rondora {
 namespace {
 
@@ -25,6 +27,11 @@ bool moveTo(std::vector<Element>& elements, const Uuid& id, std::size_t place) {
 }
 
 bool isStandard(const PieMenu& menu) { return menu.kind == PieMenuKind::standard; }
+
+/// A rotation that was tidy with another number of sectors.
+void snap(PieMenu& menu) {
+  menu.rotationDegrees = snappedAestheticRotationDegrees(menu.rotationDegrees, std::ssize(menu.items));
+}
 
 void number(PieMenu& menu) {
   for (std::size_t i = 0; i < menu.items.size(); ++i) menu.items[i].sectorIndex = static_cast<std::int64_t>(i);
@@ -105,6 +112,7 @@ Uuid ItemEdits::insert(PieMenu& menu, std::size_t place, PieMenuItem item, Rando
   putInRingOrder(menu);
   menu.items.push_back(std::move(item));
   move(menu, id, place);
+  snap(menu);
   return id;
 }
 
@@ -130,6 +138,7 @@ bool ItemEdits::remove(PieMenu& menu, const Uuid& item) {
   if (found == menu.items.end()) return false;
   menu.items.erase(found);
   putInRingOrder(menu);
+  snap(menu);
   return true;
 }
 

@@ -27,8 +27,8 @@ struct MenuEdits {
   static bool copyAppearanceToAll(PieConfiguration& document, const Uuid& menu);
 };
 
-/// Edits of the items of a menu; places are those in the ring, from which the items are numbered anew. Each returns
-/// false, and changes nothing, when there is no such item.
+/// Edits of the items of a menu; places are those in the ring, from which the items are numbered anew. The
+/// rotation is snapped when their number changes. Each returns false, and changes nothing, when there is no such item.
 struct ItemEdits {
   /// An item without an action, with a symbol that the menu does not show yet.
   static PieMenuItem make(const PieMenu& menu, RandomSource& random);

@@ -20,6 +20,10 @@ const std::set<std::pair<AppLanguage, StringKey>> kSharedOnPurpose = {
     {AppLanguage::portuguese, StringKey::settingsCopy},
     {AppLanguage::spanish, StringKey::hotkeyCancel},  // "Cancelar" in both
     {AppLanguage::portuguese, StringKey::hotkeyCancel},
+    {AppLanguage::spanish, StringKey::settingsDuplicate},  // "Duplicar" in both
+    {AppLanguage::portuguese, StringKey::settingsDuplicate},
+    {AppLanguage::spanish, StringKey::itemTitle},  // "Título:" in both
+    {AppLanguage::portuguese, StringKey::itemTitle},
     {AppLanguage::spanish, StringKey::findingRestore},  // "Restaurar" in both
     {AppLanguage::portuguese, StringKey::findingRestore},
     {AppLanguage::spanish, StringKey::findingImport},  // "Importar" in both

@@ -1,0 +1,71 @@
+#include "app/settings_services.h"
+
+#include <algorithm>
+
+#include "model/ring_order.h"
+
+namespace rondora {
+namespace {
+
+std::vector<PieMenuItem> reordered(std::vector<PieMenuItem> items, const std::vector<std::size_t>& order) {
+  std::vector<PieMenuItem> result;
+  for (const std::size_t from : order) {
+    if (from >= items.size()) return items;
+    result.push_back(items[from]);
+    result.back().sectorIndex = static_cast<std::int64_t>(result.size()) - 1;
+  }
+  return result;
+}
+
+}  // namespace
+
+SettingsServices::SettingsServices(const Ports& ports)
+    : ports_(ports),
+      history(ports.session, ports.config, ports.clock),
+      navigation(history),
+      hotkeys({ports.recorder, history, ports.notifications, ports.localization, ports.modifierNames, ports.hotkeys}),
+      menus({history, navigation, ports.localization, ports.random, ports.trigger, ports.itemTitle}),
+      menu({history, navigation, ports.localization, ports.random, ports.pasteboard, ports.itemTitle,
+            ports.trackpadNote}),
+      item({history, navigation, ports.localization, ports.recorder, ports.modifierNames, ports.applicationName,
+            ports.canDo, ports.snippetHint,
+            [this](const PieMenuItem& tried, std::function<void(std::string)> ended) {
+              attempted_ = tried.id;
+              attemptEnded_ = std::move(ended);
+              ports_.run(tried, navigation.menu()->id);
+            }}),
+      preview(previewServices()),
+      navigationChanged_(navigation.onChanged([this] { preview.refresh(); })) {}
+
+void SettingsServices::actionEnded(const PieMenuItem& ended, const std::string& problem) {
+  if (attempted_ != ended.id) return;
+  attempted_.reset();
+  if (const auto tell = std::exchange(attemptEnded_, nullptr)) tell(problem);
+}
+
+RingPreview::Ring SettingsServices::ring(const std::vector<std::size_t>& order) const {
+  PieMenu shown = menu.menu() == nullptr ? PieMenu() : *menu.menu();
+  if (!order.empty()) shown.items = reordered(inRingOrder(std::move(shown.items)), order);
+  return ports_.ring(shown);
+}
+
+RingPreview::Services SettingsServices::previewServices() {
+  return {
+      .haptics = ports_.haptics,
+      .hapticFeedbackEnabled = [this] { return history.document().hapticFeedbackEnabled; },
+      .ring = [this](const auto& order) { return ring(order); },
+      .chosen = [this] { return navigation.item() == nullptr ? std::nullopt : menu.place(navigation.item()->id); },
+      .choose =
+          [this](std::optional<std::size_t> sector) {
+            const auto items = menu.items();
+            navigation.choose(sector && *sector < items.size() ? std::optional(items[*sector].item.id) : std::nullopt);
+          },
+      .move =
+          [this](std::size_t from, std::size_t to) {
+            const auto items = menu.items();
+            if (from < items.size()) menu.moveItem(items[from].item.id, to);
+          },
+      .turn = [this](double rotation) { menu.setRotation(rotation); }};
+}
+
+}  // namespace rondora

@@ -1,0 +1,80 @@
+#include "settings/settings_navigation.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "model/ring_order.h"
+
+namespace rondora {
+namespace {
+
+/// The element with this id, else the one that has taken its place, else the last one; null if there are none. Updates
+/// the place.
+template <class Elements>
+auto keep(const Elements& elements, const Uuid& id, std::size_t& place) -> decltype(elements.data()) {
+  if (elements.empty()) return nullptr;
+  const auto found = std::ranges::find_if(elements, [&id](const auto& each) { return each.id == id; });
+  place = found == elements.end() ? std::min(place, elements.size() - 1)
+                                  : static_cast<std::size_t>(found - elements.begin());
+  return &elements[place];
+}
+
+}  // namespace
+
+SettingsNavigation::SettingsNavigation(EditHistory& history) : history_(history) {
+  follow();
+  documents_ = history.onChanged([this] { documentChanged(); });
+}
+
+void SettingsNavigation::documentChanged() {
+  notice_.clear();
+  follow();
+  changed_.send();
+}
+
+void SettingsNavigation::follow() {
+  const PieMenu* menu = keep(history_.document().menus, menu_, menuPlace_);
+  if (menu == nullptr || menu->id != menu_) item_.reset();
+  menu_ = menu == nullptr ? Uuid() : menu->id;
+  if (!item_) return;
+  const auto items = inRingOrder(menu->items);
+  const PieMenuItem* item = keep(items, *item_, itemPlace_);
+  item_ = item == nullptr ? std::nullopt : std::optional(item->id);
+}
+
+void SettingsNavigation::open(SettingsPage page) {
+  if (page_ == page) return;
+  page_ = page;
+  notice_.clear();
+  changed_.send();
+}
+
+void SettingsNavigation::openMenu(const Uuid& menu, std::optional<Uuid> item) {
+  if (page_ == SettingsPage::menu && menu_ == menu && item_ == item) return;
+  page_ = SettingsPage::menu;
+  if (menu_ != menu) notice_.clear();
+  menu_ = menu;
+  item_ = item;
+  follow();
+  changed_.send();
+}
+
+void SettingsNavigation::choose(std::optional<Uuid> item) { openMenu(menu_, item); }
+
+const PieMenuItem* SettingsNavigation::item() const {
+  const PieMenu* shown = menu();
+  if (shown == nullptr || !item_) return nullptr;
+  const auto found = std::ranges::find(shown->items, *item_, &PieMenuItem::id);
+  return found == shown->items.end() ? nullptr : &*found;
+}
+
+void SettingsNavigation::tell(std::string notice) {
+  notice_ = std::move(notice);
+  changed_.send();
+}
+
+void SettingsNavigation::dismissNotice() {
+  if (!notice_.empty()) tell({});
+}
+
+}  // namespace rondora

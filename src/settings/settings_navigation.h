@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "base/observable.h"
+#include "base/uuid.h"
+#include "settings/editing/edit_history.h"
+
+namespace rondora {
+
+enum class SettingsPage { menu, general, appearance, backup, session };
+
+/// Which page the settings show, and of which menu and item. A menu or item that vanishes is replaced by its neighbour.
+/// Main thread.
+class SettingsNavigation {
+ public:
+  /// `history` must outlive the object.
+  explicit SettingsNavigation(EditHistory& history);
+
+  SettingsPage page() const { return page_; }
+  void open(SettingsPage page);
+  /// Opens the page of that menu.
+  void openMenu(const Uuid& menu, std::optional<Uuid> item = std::nullopt);
+  /// Null in a document without menus.
+  const PieMenu* menu() const { return history_.document().menu(menu_); }
+  /// Chooses an item of the menu, or none.
+  void choose(std::optional<Uuid> item);
+  /// Null while none is chosen.
+  const PieMenuItem* item() const;
+
+  /// Tells the user what an edit did besides the visible; undo takes it back. Shown until the page, menu or document
+  /// changes again.
+  void tell(std::string notice);
+  const std::string& notice() const { return notice_; }
+  void dismissNotice();
+
+  /// The observer is called after each change of page, choice, notice or document.
+  [[nodiscard]] Subscription onChanged(std::function<void()> observer) const {
+    return changed_.subscribe(std::move(observer));
+  }
+
+ private:
+  void documentChanged();
+  void follow();
+
+  EditHistory& history_;
+  SettingsPage page_ = SettingsPage::menu;
+  Uuid menu_;
+  std::size_t menuPlace_ = 0;
+  std::optional<Uuid> item_;
+  std::size_t itemPlace_ = 0;
+  std::string notice_;
+  Signal<> changed_;
+  Subscription documents_;
+};
+
+}  // namespace rondora
