@@ -94,6 +94,19 @@ enum class StringKey {
   kindMusicPlayer,
   kindTextEditor,
 
+  /// The colours of the palette, and other ways to choose one.
+  colorBlue,
+  colorGreen,
+  colorLightBlue,
+  colorGray,
+  colorPink,
+  colorYellow,
+  colorPurple,
+  colorOrange,
+  colorCode,
+  colorOther,
+  colorCodeInvalid,  // %@: an example
+
   /// Beneath the title of a menu command that the application does not allow, or does not have.
   commandOffNow,
   commandGone,

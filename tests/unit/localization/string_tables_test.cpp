@@ -30,6 +30,18 @@ const std::set<std::pair<AppLanguage, StringKey>> kSharedOnPurpose = {
     {AppLanguage::portuguese, StringKey::findingImport},
     {AppLanguage::spanish, StringKey::kindTextEditor},  // "Editor de texto" in both
     {AppLanguage::portuguese, StringKey::kindTextEditor},
+    {AppLanguage::spanish, StringKey::colorBlue},  // "Azul" in both
+    {AppLanguage::portuguese, StringKey::colorBlue},
+    {AppLanguage::spanish, StringKey::colorGreen},  // "Verde" in both
+    {AppLanguage::portuguese, StringKey::colorGreen},
+    {AppLanguage::french, StringKey::colorGray},  // "Gris" in both
+    {AppLanguage::spanish, StringKey::colorGray},
+    {AppLanguage::german, StringKey::colorPink},  // "Rosa" in all three
+    {AppLanguage::spanish, StringKey::colorPink},
+    {AppLanguage::portuguese, StringKey::colorPink},
+    {AppLanguage::english, StringKey::colorOrange},  // "Orange" in all three
+    {AppLanguage::german, StringKey::colorOrange},
+    {AppLanguage::french, StringKey::colorOrange},
 };
 
 std::string_view textOf(AppLanguage language, std::size_t key) { return stringTable(language)[key]; }
