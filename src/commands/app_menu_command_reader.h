@@ -36,7 +36,8 @@ struct AppMenuItemInfo {
 };
 
 /// Reads the menus of another application. A call blocks while it waits for the application: each request at most
-/// kMessagingTimeout, all at most the call's budget and one request. Menus may be without end (a submenu that contains
+/// kMessagingTimeout, but the first, which asks the platform for the menu bar, as long as the platform searches for it;
+/// all of them at most the call's budget and one request. Menus may be without end (a submenu that contains
 /// itself, a list that grows), so no call reads more than kMaxItems items and about kMaxBytes bytes of titles, paths
 /// and lists. An application that fails or hangs has no menus. Off the main thread, on the thread of the given
 /// Accessibility.

@@ -21,8 +21,8 @@ class ApplicationSnapshotReader {
       : accessibility_(accessibility), clock_(clock) {}
 
   ApplicationSnapshot readWindow(std::int32_t processIdentifier);
-  /// Looks for these menu commands. Takes AppMenuCommandReader::kSearchBudget and one request at most, and ends early
-  /// once `isCancelled` holds.
+  /// Looks for these menu commands. Takes AppMenuCommandReader::kSearchBudget and one request at most (see there),
+  /// and ends early once `isCancelled` holds.
   void readMenus(ApplicationSnapshot& snapshot, std::int32_t processIdentifier,
                  const std::vector<AppSubMenuEntry>& entries, const std::function<bool()>& isCancelled);
 

@@ -124,6 +124,36 @@ enum class StringKey {
   commandCloseWindow,
   commandQuitApp,
 
+  /// The page of the application-commands menu.
+  commandsSet,
+  commandsDefaultSet,
+  commandsAddSet,
+  commandsRemoveSet,  // %@: the application
+  commandsDefaultNote,
+  commandsEmptyNote,
+  commandsEveryApp,
+  commandsList,
+  commandsAdd,
+  commandsFromMenus,
+  commandsRemove,
+  commandsMoveUp,
+  commandsMoveDown,
+  commandsIcon,
+  commandsSuggest,
+  commandsSuggestNote,
+  commandsReset,
+  /// The list of an application’s menu commands.
+  catalogTitle,  // %@: the application
+  catalogSearch,
+  catalogReading,
+  catalogNotRunning,
+  catalogUnreadable,
+  catalogIncomplete,
+  catalogReadAgain,
+  catalogNoMatch,
+  catalogAdded,
+  catalogAdd,
+
   actionFailed,        // %@ twice: the item’s title, and one of the reasons below
   actionNotInstalled,  // %@: the application
   actionNotInstalledRemedy,

@@ -7,24 +7,13 @@
 #include <vector>
 
 #include "pie/geometry/sector_geometry.h"
+#include "settings/editing/elements_by_id.h"
 
 namespace rondora {
 namespace {
 
-template <class Element>
-auto find(std::vector<Element>& elements, const Uuid& id) {
-  return std::find_if(elements.begin(), elements.end(), [&id](const Element& each) { return each.id == id; });
-}
-
-template <class Element>
-bool moveTo(std::vector<Element>& elements, const Uuid& id, std::size_t place) {
-  const auto found = find(elements, id);
-  if (found == elements.end()) return false;
-  const auto target = elements.begin() + static_cast<std::ptrdiff_t>(std::min(place, elements.size() - 1));
-  if (target < found) std::rotate(target, found, std::next(found));
-  if (target > found) std::rotate(found, std::next(found), std::next(target));
-  return true;
-}
+using editing::find;
+using editing::moveTo;
 
 bool isStandard(const PieMenu& menu) { return menu.kind == PieMenuKind::standard; }
 

@@ -14,7 +14,7 @@ class PublishedMenus final : public ApplicationMenus {
  public:
   PublishedMenus();
 
-  /// Takes 0.2 s at most, apart from connecting to a bus.
+  /// Takes 0.45 s at most, apart from connecting to a bus.
   AXElementRef menuBar(const MenuBarOwner& owner) override;
   void prepareToRead(std::span<const AXElementRef> elements, std::span<const std::string_view> attributes,
                      double seconds) override;
