@@ -42,6 +42,7 @@
 #include "platform/qt/qt_pasteboard.h"
 #include "platform/qt/qt_readable_watch.h"
 #include "platform/qt/qt_setup.h"
+#include "platform/qt/qt_text_order.h"
 #include "platform/qt/qt_x11_access.h"
 #include "platform/qt/reconnecting_bus.h"
 #include "platform/qt/session_bus_channel.h"
@@ -49,6 +50,7 @@
 #include "ui/qt/painting/qt_picture_rasterizer.h"
 #include "ui/qt/tray/qt_status_bar.h"
 #include "ui/qt/windows/interface_language.h"
+#include "ui/qt/windows/qt_file_chooser.h"
 #include "ui/qt/windows/qt_windows.h"
 
 namespace rondora {
@@ -106,6 +108,8 @@ struct CompositionLinux::Running {
   desktop::ProcessPictureDecoder pictureDecoder{
       kOwnFile, mainQueue, std::make_unique<desktop::SerialThread>("Rondora.Pictures", desktop::nameThread)};
   QtWindows windows{[this] { return program.windowContents(); }};
+  QtFileChooser fileChooser;
+  QtTextOrder textOrder;
   menus::PublishedMenus publishedMenus;
   x11::X11Backends display;
   menus::MenuPublishing menuPublishing{std::make_unique<desktop::SerialThread>("Rondora.Menus", desktop::nameThread),
@@ -158,9 +162,12 @@ Platform CompositionLinux::Running::platform() {
       .overlayPanels = overlayPanels,
       .statusBar = statusBar,
       .windows = windows,
+      .fileChooser = fileChooser,
+      .textOrder = textOrder,
       .shell = shell,
       .sessionEvents = sessionEvents,
       .workspace = display.workspace,
+      .applications = installed,
       .pasteboard = pasteboard,
       .permissionService = permissions,
       .loginItem = autostart,

@@ -10,10 +10,12 @@
 #include "commands/sub_actions.h"
 #include "input/hotkeys/hotkey_display.h"
 #include "platform/accessibility.h"
+#include "platform/application_directory.h"
 #include "platform/application_shell.h"
 #include "platform/clock.h"
 #include "platform/event_monitors.h"
 #include "platform/event_taps.h"
+#include "platform/file_chooser.h"
 #include "platform/file_system.h"
 #include "platform/front_process.h"
 #include "platform/haptics.h"
@@ -40,6 +42,7 @@
 #include "platform/status_item.h"
 #include "platform/symbolic_hot_key_switch.h"
 #include "platform/symbolic_hot_keys.h"
+#include "platform/text_order.h"
 #include "platform/trackpads.h"
 #include "platform/user_defaults.h"
 #include "platform/window_list.h"
@@ -76,10 +79,13 @@ struct Platform {
   OverlayPanels& overlayPanels;
   StatusBar& statusBar;
   Windows& windows;
+  FileChooser& fileChooser;
+  const TextOrder& textOrder;
   ApplicationShell& shell;
   SessionEvents& sessionEvents;
 
   Workspace& workspace;
+  const ApplicationDirectory& applications;
   Pasteboard& pasteboard;
   PermissionService& permissionService;
   LoginItem& loginItem;

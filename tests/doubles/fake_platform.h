@@ -2,6 +2,7 @@
 
 #include "doubles/fake_accessibility.h"
 #include "doubles/fake_devices.h"
+#include "doubles/fake_dialogs.h"
 #include "doubles/fake_file_system.h"
 #include "doubles/fake_key_events.h"
 #include "doubles/fake_keyboard.h"
@@ -26,6 +27,8 @@ namespace rondora {
 struct FakePlatform {
   /// Declared before the queue, whose work may own a window.
   FakeWindows windows;
+  FakeFileChooser fileChooser;
+  FakeTextOrder textOrder;
   VirtualTime time;
   FakeLog log;
   SeededRandom random;

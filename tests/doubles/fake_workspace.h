@@ -8,12 +8,13 @@
 #include <vector>
 
 #include "doubles/value_at.h"
+#include "platform/application_directory.h"
 #include "platform/workspace.h"
 
 namespace rondora {
 
 /// Installed and running applications with their windows. Records all requests, successful or not.
-class FakeWorkspace final : public Workspace {
+class FakeWorkspace final : public Workspace, public ApplicationDirectory {
  public:
   /// Installs an application; its location is "/apps/<identifier>".
   void install(const std::string& bundleIdentifier, const std::string& name,
@@ -55,6 +56,17 @@ class FakeWorkspace final : public Workspace {
   std::optional<RunningApplication> frontmostApplication() const override {
     const auto found = std::ranges::find(running_, frontmost_, &RunningApplication::processIdentifier);
     return found == running_.end() ? std::nullopt : std::optional(*found);
+  }
+  /// The regular ones.
+  std::vector<StartableApplication> startableApplications() const override {
+    std::vector<StartableApplication> applications;
+    for (const auto& [identifier, each] : installed_) {
+      if (each.policy != ActivationPolicy::regular) continue;
+      applications.push_back(valueAt(searchTexts, identifier).value_or(StartableApplication{}));
+      applications.back().bundleIdentifier = identifier;
+      applications.back().name = each.name;
+    }
+    return applications;
   }
   std::vector<RunningApplication> runningApplications() const override { return running_; }
   std::vector<RunningApplication> runningApplications(std::string_view bundleIdentifier) const override {
@@ -122,6 +134,8 @@ class FakeWorkspace final : public Workspace {
     return activated_.subscribe(std::move(observer));
   }
 
+  /// What installed applications are found by besides identifier and name.
+  std::map<std::string, StartableApplication, std::less<>> searchTexts;
   std::vector<std::int32_t> activationRequests;
   std::vector<std::string> openedApplications;
   std::vector<std::string> openedUrls;

@@ -54,6 +54,8 @@ ApplicationsFolder::ApplicationsFolder() {
   addEntry("xfce-settings-manager", "Exec=weaver --settings\nCategories=Settings;\n");
   addEntry("files", "Exec=files %U\nCategories=System;FileManager;\n");
   addEntry("in-terminal", "Exec=weaver --text\nTerminal=true\nCategories=Utility;TextEditor;\n");
+  addEntry("painter", "Exec=/usr/bin/env weaver\nGenericName=Image Editor\nKeywords=photo;paint box;\n");
+  addEntry("elsewhere", "Exec=weaver --else\nOnlyShowIn=Elsewhere;\n");
   addEntry("gone", "Exec=weaver\nHidden=true\n");
 }
 

@@ -55,6 +55,16 @@ TEST(InstalledApplicationsTest, ReturnsNamesAndIcons) {
   EXPECT_FALSE(installed.name("gone"));
 }
 
+TEST(DesktopEntriesTest, ListsWhatTheUserCanStart) {
+  std::map<std::string, StartableApplication> listed;
+  for (auto& each : DesktopEntries().startable()) listed[each.bundleIdentifier] = each;
+  EXPECT_EQ(listed["painter"],
+            (StartableApplication{"painter", "painter", "Image Editor", {"photo", "paint box"}, ""}));
+  EXPECT_EQ(listed["org.example.Editor"].executable, "editor");
+  for (const char* id : {"a-hidden-player", "gone", "elsewhere"}) EXPECT_FALSE(listed.contains(id)) << id;
+  EXPECT_TRUE(listed.contains("in-terminal"));
+}
+
 TEST(InstalledApplicationsTest, ReportsAddedAndRemovedEntries) {
   FakeProcessEnvironment environment;
   InstalledApplications installed(environment, {});

@@ -72,6 +72,22 @@ std::string lastComponent(std::string_view id) {
   return lowered(id.substr(id.rfind('.') + 1));
 }
 
+std::string textOf(const char* text) { return text ? text : ""; }
+
+StartableApplication describe(const Entry& entry) {
+  auto* app = G_APP_INFO(entry.info.get());
+  StartableApplication result{entry.id,
+                              textOf(g_app_info_get_name(app)),
+                              textOf(g_desktop_app_info_get_generic_name(entry.info.get())),
+                              {},
+                              {}};
+  const char* const* keywords = g_desktop_app_info_get_keywords(entry.info.get());
+  for (; keywords && *keywords; ++keywords) result.keywords.emplace_back(*keywords);
+  const std::string executable = fileName(textOf(g_app_info_get_executable(app)));
+  if (!startsOthers(executable)) result.executable = executable;
+  return result;
+}
+
 std::optional<std::string> lookUp(const IdMap& map, std::string_view key) {
   if (key.empty()) return std::nullopt;
   const auto found = map.find(key);
@@ -105,7 +121,7 @@ struct DesktopEntries::Index {
     }
     byLastComponent.emplace(lastComponent(entry.id), entry.id);
     const char* program = g_app_info_get_executable(G_APP_INFO(entry.info.get()));
-    const std::string executable = fileName(program ? program : "");
+    const std::string executable = fileName(textOf(program));
     if (!entry.runsInTerminal && !startsOthers(executable)) byExecutable.emplace(executable, entry.id);
   }
 };
@@ -138,6 +154,14 @@ void DesktopEntries::forget() {
   index_.reset();
   ++version_;
   changed_.send();
+}
+
+std::vector<StartableApplication> DesktopEntries::startable() const {
+  std::vector<StartableApplication> applications;
+  for (const Entry& entry : index().entries) {
+    if (entry.isShown) applications.push_back(describe(entry));
+  }
+  return applications;
 }
 
 GDesktopAppInfo* DesktopEntries::find(std::string_view id) const {

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "base/observable.h"
+#include "platform/application_directory.h"
 #include "platform/linux/application_catalogue.h"
 
 typedef struct _GDesktopAppInfo GDesktopAppInfo;
@@ -35,6 +36,9 @@ class DesktopEntries {
   [[nodiscard]] Subscription onChanged(std::function<void()> observer) const {
     return changed_.subscribe(std::move(observer));
   }
+
+  /// Those that the desktop's own menu would show.
+  std::vector<StartableApplication> startable() const;
 
   bool contains(std::string_view id) const { return find(id) != nullptr; }
   /// Valid until the entries are read again; null when there is none.

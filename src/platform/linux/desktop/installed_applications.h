@@ -2,7 +2,9 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
+#include "platform/application_directory.h"
 #include "platform/linux/application_catalogue.h"
 #include "platform/linux/desktop/application_launcher.h"
 #include "platform/linux/desktop/default_applications.h"
@@ -14,7 +16,7 @@
 namespace rondora::desktop {
 
 /// The applications of the installed desktop entries.
-class InstalledApplications final : public ApplicationCatalogue {
+class InstalledApplications final : public ApplicationCatalogue, public ApplicationDirectory {
  public:
   /// `environment` must outlive the object.
   InstalledApplications(const ProcessEnvironment& environment, StartedProcesses::WatchReadable watchReadable);
@@ -25,6 +27,8 @@ class InstalledApplications final : public ApplicationCatalogue {
   [[nodiscard]] Subscription onChanged(std::function<void()> observer) const {
     return entries_.onChanged(std::move(observer));
   }
+
+  std::vector<StartableApplication> startableApplications() const override { return entries_.startable(); }
 
   std::optional<std::string> identify(const WindowIdentity& window) const override;
   std::string resolve(std::string_view bundleIdentifier) const override;
