@@ -1,15 +1,24 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace rondora {
 
 /// Empty on success, else the system's error message.
 using FileError = std::optional<std::string>;
+
+/// A file directly in a folder.
+struct FolderFile {
+  std::string name;
+  std::uint64_t size = 0;  // bytes
+  friend bool operator==(const FolderFile&, const FolderFile&) = default;
+};
 
 /// The user's files. Main thread; calls block until the work is done.
 class FileSystem {
@@ -30,6 +39,8 @@ class FileSystem {
   virtual FileError readError(const std::filesystem::path& path) const = 0;
   /// True when `read` fails only because of the file's length.
   virtual bool isTooLong(const std::filesystem::path& path) const = 0;
+  /// The regular files directly in the folder, by name; none when it cannot be read.
+  virtual std::vector<FolderFile> filesIn(const std::filesystem::path& folder) const = 0;
   /// Creates the folder and its parents, accessible to the user only; succeeds when the folder exists.
   virtual FileError createFolder(const std::filesystem::path& path) = 0;
   /// Replaces the whole file atomically and durably: temporary file in the same folder, flush, rename, flush of the
@@ -48,6 +59,8 @@ class FileSystem {
   /// Gives the file a second name in the same folder without reading or writing its content: a hard link, else it is
   /// renamed. Afterwards `replaceDurably(path)` leaves the content under `name`. Fails when `name` exists.
   virtual FileError keepAs(const std::filesystem::path& path, const std::filesystem::path& name) = 0;
+  /// Removes a file, or a link without what it leads to. Fails for a folder.
+  virtual FileError remove(const std::filesystem::path& file) = 0;
 };
 
 }  // namespace rondora

@@ -1,10 +1,6 @@
 #include "storage/config_manager.h"
 
 #include <algorithm>
-#include <array>
-#include <chrono>
-#include <cmath>
-#include <cstdio>
 #include <string>
 #include <utility>
 #include <variant>
@@ -12,30 +8,15 @@
 
 #include "base/fnv.h"
 #include "base/program_identity.h"
+#include "storage/kept_file_name.h"
 #include "storage/pie_configuration_migrator.h"
 
 namespace rondora {
 namespace {
 
-constexpr int kMaxBackupNumber = 99;
-constexpr std::string_view kBrokenPrefix = "config.broken-";
-constexpr std::string_view kEditedPrefix = "config.edited-";
+using Cause = KeptDocument::Cause;
 
-/// In UTC, such as 2026-11-14T211548.
-std::string fileStamp(WallTime time) {
-  using std::chrono::days;
-  constexpr std::chrono::sys_days kReferenceDate{std::chrono::year{2001} / 1 / 1};
-  const auto moment = kReferenceDate + std::chrono::seconds(static_cast<std::int64_t>(std::floor(time)));
-  const auto midnight = std::chrono::floor<days>(moment);
-  const std::chrono::year_month_day date(midnight);
-  const std::chrono::hh_mm_ss clock(moment - midnight);
-  std::array<char, 48> text{};
-  std::snprintf(text.data(), text.size(), "%04d-%02u-%02uT%02d%02d%02d", static_cast<int>(date.year()),
-                static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()),
-                static_cast<int>(clock.hours().count()), static_cast<int>(clock.minutes().count()),
-                static_cast<int>(clock.seconds().count()));
-  return text.data();
-}
+constexpr int kMaxBackupNumber = 99;
 
 void ensureSingleMenu(std::vector<PieMenu>& menus, PieMenu menuTemplate) {
   const auto isOfKind = [kind = menuTemplate.kind](const PieMenu& menu) { return menu.kind == kind; };
@@ -86,16 +67,16 @@ PieConfiguration ConfigManager::readOrDefault() {
     backUpUnreadableConfig(std::get<CodingError>(decoded).description);
   } else if (services_.files.isTooLong(configURL_)) {
     const std::string problem = "document: too long";
-    services_.log.error("decodeConfig failed: " + problem);
+    logUndecodable(problem);
     backUpUnreadableConfig(problem);
   } else if (services_.files.exists(configURL_)) {
     const FileError error = services_.files.readError(configURL_);
-    keepUnreadable(error.value_or(std::string()), freeBackupPath(kBrokenPrefix), error.value_or(std::string()));
+    keepUnreadable(error.value_or(std::string()), freeBackupPath(Cause::unreadable), error.value_or(std::string()));
   }
   return PieConfiguration::defaultConfig(services_.random);
 }
 
-void ConfigManager::normalize(PieConfiguration& configuration) {
+void ConfigManager::normalize(PieConfiguration& configuration) const {
   ensureSingleMenu(configuration.menus, PieConfiguration::templateRunningAppsMenu(services_.random));
   ensureSingleMenu(configuration.menus, PieConfiguration::templateAppCommandsMenu(services_.random));
   PieConfigurationMigrator(services_.random).bringUpToDate(configuration);
@@ -113,25 +94,45 @@ void ConfigManager::save(PieConfiguration configuration) {
 }
 
 FileError ConfigManager::exportConfiguration(const std::filesystem::path& path) {
+  if (path.lexically_normal() == configURL_) {
+    writeAgain();
+    return writeProblem_;
+  }
   const auto encoded = encodeConfiguration(current());
   if (const auto* error = std::get_if<CodingError>(&encoded)) return error->description;
   return services_.files.replaceDurably(path, std::get<std::string>(encoded));
 }
 
-std::optional<ConfigManager::ImportRefusal> ConfigManager::importConfiguration(const std::filesystem::path& path) {
+ConfigManager::Candidate ConfigManager::candidate(const std::filesystem::path& path) const {
   const auto bytes = services_.files.read(path);
   if (!bytes) return ImportRefusal{.problem = services_.files.readError(path).value_or(std::string())};
-  auto decoded = decodeConfig(*bytes);
+  auto decoded = decodeConfiguration(*bytes, services_.random);
   if (const auto* error = std::get_if<CodingError>(&decoded)) return ImportRefusal{.problem = error->description};
-  save(std::move(std::get<PieConfiguration>(decoded)));
+  auto& configuration = std::get<PieConfiguration>(decoded);
+  normalize(configuration);
+  return std::move(configuration);
+}
+
+ConfigManager::Candidate ConfigManager::readImport(const std::filesystem::path& path) {
+  Candidate found = candidate(path);
+  if (const auto* refusal = std::get_if<ImportRefusal>(&found)) logUndecodable(refusal->problem);
+  return found;
+}
+
+std::optional<ConfigManager::ImportRefusal> ConfigManager::importConfiguration(const std::filesystem::path& path) {
+  Candidate found = readImport(path);
+  if (auto* refusal = std::get_if<ImportRefusal>(&found)) return std::move(*refusal);
+  save(std::move(std::get<PieConfiguration>(found)));
   return std::nullopt;
+}
+
+void ConfigManager::logUndecodable(const std::string& problem) {
+  services_.log.error("decodeConfig failed: " + problem);
 }
 
 CodingResult<PieConfiguration> ConfigManager::decodeConfig(std::string_view bytes) {
   auto decoded = decodeConfiguration(bytes, services_.random);
-  if (const auto* error = std::get_if<CodingError>(&decoded)) {
-    services_.log.error("decodeConfig failed: " + error->description);
-  }
+  if (const auto* error = std::get_if<CodingError>(&decoded)) logUndecodable(error->description);
   return decoded;
 }
 
@@ -153,7 +154,7 @@ void ConfigManager::writeAgain() {
 }
 
 void ConfigManager::backUpUnreadableConfig(std::string problem) {
-  const auto backup = freeBackupPath(kBrokenPrefix);
+  const auto backup = freeBackupPath(Cause::unreadable);
   const FileError error = services_.files.copy(configURL_, backup);
   services_.log.error(error ? "config backup failed: " + *error
                             : "config unreadable, backup saved: " + backup.string());
@@ -162,7 +163,7 @@ void ConfigManager::backUpUnreadableConfig(std::string problem) {
 
 void ConfigManager::keepUnreadable(std::string problem, const std::filesystem::path& file, const FileError& copyError) {
   hasReplacedUnreadable_ = true;
-  keep({.cause = KeptDocument::Cause::unreadable, .file = file.string(), .problem = std::move(problem)}, copyError);
+  keep({.cause = Cause::unreadable, .file = file.string(), .problem = std::move(problem)}, copyError);
 }
 
 /// Each edit is kept once, also where the save after it fails.
@@ -170,9 +171,9 @@ void ConfigManager::keepEditedConfig() {
   if (unkept_ || !services_.files.exists(configURL_)) return;
   const Fingerprint present = fingerprint(services_.files.read(configURL_));
   if (present == known_ || (attempted_ && present == attempted_)) return;
-  const auto file = freeBackupPath(kEditedPrefix);
+  const auto file = freeBackupPath(Cause::edited);
   const FileError copyError = services_.files.copy(configURL_, file);
-  if (const FileError error = keep({.cause = KeptDocument::Cause::edited, .file = file.string()}, copyError)) {
+  if (const FileError error = keep({.cause = Cause::edited, .file = file.string()}, copyError)) {
     return services_.log.error("config edited by hand, not kept: " + *error);
   }
   services_.log.error("config edited by hand, kept: " + file.string());
@@ -188,8 +189,8 @@ FileError ConfigManager::keepUnkept() {
     return std::nullopt;
   }
   KeptDocument document = *unkept_;
-  const bool isEdited = document.cause == KeptDocument::Cause::edited;
-  document.file = freeBackupPath(isEdited ? kEditedPrefix : kBrokenPrefix).string();
+  const bool isEdited = document.cause == Cause::edited;
+  document.file = freeBackupPath(document.cause).string();
   const FileError copyError = services_.files.copy(configURL_, document.file);
   if (FileError error = tryToKeep(document, copyError)) return error;
   unkept_.reset();
@@ -219,12 +220,12 @@ FileError ConfigManager::keep(KeptDocument document, const FileError& copyError)
   return error;
 }
 
-std::filesystem::path ConfigManager::freeBackupPath(std::string_view prefix) const {
+std::filesystem::path ConfigManager::freeBackupPath(KeptDocument::Cause cause) const {
   const std::filesystem::path folder = configURL_.parent_path();
-  const std::string name = std::string(prefix) + fileStamp(services_.clock.now());
-  auto path = folder / (name + ".json");
+  const KeptFileName name{cause, services_.clock.now()};
+  auto path = folder / name.text();
   for (int number = 2; services_.files.exists(path) && number <= kMaxBackupNumber; ++number) {
-    path = folder / (name + "-" + std::to_string(number) + ".json");
+    path = folder / name.text(number);
   }
   return path;
 }

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <variant>
 
 #include "base/notification_center.h"
 #include "base/observable.h"
@@ -64,8 +65,13 @@ class ConfigManager {
   /// Writes the current document again, after a failed save.
   void writeAgain();
 
-  /// Writes the current document to a file of the user's choice.
+  /// Writes the current document to a file of the user's choice. The document's own file is written as by a save.
   FileError exportConfiguration(const std::filesystem::path& path);
+  using Candidate = std::variant<PieConfiguration, ImportRefusal>;
+  /// The document in the file as a save would store it. Saves and logs nothing.
+  Candidate candidate(const std::filesystem::path& path) const;
+  /// As `candidate`, for an import: logs why the file holds no document.
+  Candidate readImport(const std::filesystem::path& path);
   /// Saves the document in the file as the current one, unless the file holds none.
   std::optional<ImportRefusal> importConfiguration(const std::filesystem::path& path);
   /// The document that was found at the start could not be read, so the first-run document has replaced it.
@@ -79,8 +85,9 @@ class ConfigManager {
   void createFolder();
   PieConfiguration load();
   PieConfiguration readOrDefault();
-  void normalize(PieConfiguration& configuration);
+  void normalize(PieConfiguration& configuration) const;
   CodingResult<PieConfiguration> decodeConfig(std::string_view bytes);
+  void logUndecodable(const std::string& problem);
   void writeLocal(const PieConfiguration& configuration);
   void backUpUnreadableConfig(std::string problem);
   void keepUnreadable(std::string problem, const std::filesystem::path& file, const FileError& copyError);
@@ -88,7 +95,7 @@ class ConfigManager {
   FileError keep(KeptDocument document, const FileError& copyError);
   FileError tryToKeep(KeptDocument& document, const FileError& copyError);
   FileError keepUnkept();
-  std::filesystem::path freeBackupPath(std::string_view prefix) const;
+  std::filesystem::path freeBackupPath(KeptDocument::Cause cause) const;
 
   Services services_;
   bool hasReplacedUnreadable_ = false;

@@ -30,6 +30,13 @@ class FakeFileSystem final : public FileSystem {
     return files.contains(path) ? FileError() : "No such file or directory";
   }
   bool isTooLong(const Path& path) const override { return tooLong.contains(path); }
+  std::vector<FolderFile> filesIn(const Path& folder) const override {
+    std::vector<FolderFile> found;
+    for (const auto& [path, bytes] : files) {
+      if (path.parent_path() == folder) found.push_back({path.filename().string(), bytes.size()});
+    }
+    return found;
+  }
   FileError createFolder(const Path& path) override {
     if (auto failure = injectedFailure("create")) return failure;
     if (!folders.contains(path)) changes.push_back("create " + path.string());
@@ -71,14 +78,18 @@ class FakeFileSystem final : public FileSystem {
     return std::nullopt;
   }
 
+  FileError remove(const Path& file) override {
+    if (auto failure = injectedFailure("remove")) return failure;
+    return files.erase(file) == 0 ? FileError("No such file or directory") : std::nullopt;
+  }
+
   /// Adds a file and its folders.
   void put(const Path& path, std::string bytes) {
     makeFolders(path.parent_path());
     files[path] = std::move(bytes);
   }
-  void remove(const Path& file) { files.erase(file); }
 
-  /// By operation: "read", "create" (a folder), "replace", "copy", "keep".
+  /// By operation: "read", "create" (a folder), "replace", "copy", "keep", "remove".
   std::map<std::string, std::string> failures;
   /// Existing files that are too long to read.
   std::set<Path> tooLong;

@@ -1,7 +1,9 @@
 #include "platform/posix/posix_file_system.h"
 
 #include <sys/stat.h>
+#include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <system_error>
 #include <vector>
@@ -61,6 +63,20 @@ bool PosixFileSystem::isTooLong(const fs::path& path) const {
   return ::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode) && isLongerThanRead(status);
 }
 
+std::vector<FolderFile> PosixFileSystem::filesIn(const fs::path& folder) const {
+  std::vector<FolderFile> files;
+  std::error_code error;
+  for (auto entry = fs::directory_iterator(folder, error); !error && entry != fs::directory_iterator();
+       entry.increment(error)) {
+    std::error_code unknown;
+    if (!entry->is_regular_file(unknown)) continue;
+    const auto size = entry->file_size(unknown);
+    if (!unknown) files.push_back({entry->path().filename().string(), size});
+  }
+  std::sort(files.begin(), files.end(), [](const auto& one, const auto& other) { return one.name < other.name; });
+  return files;
+}
+
 FileError PosixFileSystem::createFolder(const fs::path& path) { return makeFolder(path); }
 
 FileError PosixFileSystem::replaceDurably(const fs::path& path, std::string_view bytes) {
@@ -76,5 +92,10 @@ void PosixFileSystem::removeTemporaries(const fs::path& folder) { removeTemporar
 FileError PosixFileSystem::copy(const fs::path& from, const fs::path& to) { return copyFileOrFolder(from, to); }
 
 FileError PosixFileSystem::keepAs(const fs::path& path, const fs::path& name) { return linkOrRename(path, name); }
+
+FileError PosixFileSystem::remove(const fs::path& file) {
+  if (::unlink(file.c_str()) != 0) return describe("cannot remove", file, errno);
+  return std::nullopt;
+}
 
 }  // namespace rondora::desktop

@@ -24,12 +24,14 @@ class PosixFileSystem final : public FileSystem {
   std::optional<std::string> read(const std::filesystem::path& path) const override;
   FileError readError(const std::filesystem::path& path) const override;
   bool isTooLong(const std::filesystem::path& path) const override;
+  std::vector<FolderFile> filesIn(const std::filesystem::path& folder) const override;
   FileError createFolder(const std::filesystem::path& path) override;
   FileError replaceDurably(const std::filesystem::path& path, std::string_view bytes) override;
   FileError replaceCached(const std::filesystem::path& path, std::string_view bytes) override;
   void removeTemporaries(const std::filesystem::path& folder) override;
   FileError copy(const std::filesystem::path& from, const std::filesystem::path& to) override;
   FileError keepAs(const std::filesystem::path& path, const std::filesystem::path& name) override;
+  FileError remove(const std::filesystem::path& file) override;
 
  private:
   Folders folders_;

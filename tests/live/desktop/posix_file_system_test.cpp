@@ -114,6 +114,18 @@ TEST_F(PosixFileSystemTest, ReadsWholeRegularFilesOnly) {
   EXPECT_FALSE(files_.isTooLong(in("pipe")));
 }
 
+TEST_F(PosixFileSystemTest, ListsAndRemovesFilesOnly) {
+  files_.replaceDurably(in("b"), "12");
+  files_.replaceDurably(in("a"), "1");
+  files_.createFolder(in("folder"));
+  EXPECT_THAT(files_.filesIn(folder_.path()), ElementsAre(FolderFile{"a", 1}, FolderFile{"b", 2}));
+  EXPECT_THAT(files_.filesIn(in("missing")), testing::IsEmpty());
+  EXPECT_EQ(files_.remove(in("a")), std::nullopt);
+  EXPECT_NE(files_.remove(in("a")), std::nullopt);
+  EXPECT_NE(files_.remove(in("folder")), std::nullopt);
+  EXPECT_THAT(namesInFolder(), ElementsAre("b", "folder"));
+}
+
 TEST_F(PosixFileSystemTest, CreatesFoldersWithTheirParents) {
   SystemCallSpy spy;
   EXPECT_EQ(files_.createFolder(in("a") / "b" / "c"), std::nullopt);
