@@ -86,6 +86,69 @@ enum class StringKey {
   sitePicturesNotSaved,  // %@: the system’s message
   sitePicturesNotSavedRemedy,
 
+  backupTitle,
+  backupExport,
+  backupExportNote,
+  backupExportButton,
+  /// %@: the file’s path
+  backupExported,
+  /// %@: the system’s message
+  backupExportFailed,
+  backupImportNote,
+  backupChooseFile,
+  /// Kinds of files in a file chooser.
+  backupFiles,
+  backupAllFiles,
+  /// %@: a file’s name
+  backupPreview,
+  /// %@: a file’s name
+  backupNoChanges,
+  backupApply,
+  backupApplied,
+  backupCopies,
+  backupCopiesNote,
+  backupNoCopies,
+  /// Why a copy was kept.
+  backupCopyUnreadable,
+  backupCopyEdited,
+  /// %@ twice: the numbers
+  backupCopyHolds,
+  /// %@: what is wrong and where
+  backupCopyProblem,
+  backupDelete,
+  backupDeleteQuestion,
+  backupDeleteFailed,
+  backupDeleted,
+  backupNothingOpensFolder,
+  /// What an import would change; %@ twice: a menu’s name and its number of items.
+  changeMenuAdded,
+  changeMenuRemoved,
+  changeMenu,
+  changeMenuOrder,
+  /// The next are changes of one menu; %@ twice: before and afterwards.
+  changeName,
+  changeHotkey,
+  changeFingers,
+  changeSwitchedOn,
+  changeSwitchedOff,
+  changeItemAdded,
+  changeItemRemoved,
+  changeItemRenamed,
+  changeItem,
+  changeItemOrder,
+  changeExclusions,
+  changeDefaultCommands,
+  changeAppearance,
+  /// %@: an application
+  changeCommandsAdded,
+  changeCommandsRemoved,
+  changeCommands,
+  changeLanguage,
+  changeHapticOn,
+  changeHapticOff,
+  /// %@: their number
+  changesNotShown,
+
   /// Titles of items that stand for a kind of application while none is installed.
   kindWebBrowser,
   kindTerminal,

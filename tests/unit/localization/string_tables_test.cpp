@@ -28,6 +28,10 @@ const std::set<std::pair<AppLanguage, StringKey>> kSharedOnPurpose = {
     {AppLanguage::portuguese, StringKey::findingRestore},
     {AppLanguage::spanish, StringKey::findingImport},  // "Importar" in both
     {AppLanguage::portuguese, StringKey::findingImport},
+    {AppLanguage::spanish, StringKey::backupExport},  // "Exportar" in both
+    {AppLanguage::portuguese, StringKey::backupExport},
+    {AppLanguage::spanish, StringKey::backupApply},  // "Aplicar" in both
+    {AppLanguage::portuguese, StringKey::backupApply},
     {AppLanguage::spanish, StringKey::kindTextEditor},  // "Editor de texto" in both
     {AppLanguage::portuguese, StringKey::kindTextEditor},
     {AppLanguage::spanish, StringKey::colorBlue},  // "Azul" in both
