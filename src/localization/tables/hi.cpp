@@ -95,7 +95,7 @@ constexpr StringTable kHindiStrings = completeTable({
     {StringKey::sitePicturesNotSavedRemedy,
      "डिस्क पर जगह खाली करें या Rondora को वहाँ लिखने दें। तब तक मेनू में उनकी जगह एक प्रतीक दिखेगा।"},
     {StringKey::backupTitle, "बैकअप"},
-    {StringKey::backupExport, "निर्यात"},
+    {StringKey::backupExport, "निर्यात करें"},
     {StringKey::backupExportNote, "सभी मेनू और सेटिंग्स एक फ़ाइल में लिखें, बैकअप के रूप में या किसी दूसरे कंप्यूटर के लिए।"},
     {StringKey::backupExportButton, "सेटिंग्स निर्यात करें…"},
     {StringKey::backupExported, "यहाँ निर्यात किया गया: %@"},

@@ -103,7 +103,7 @@ constexpr StringTable kRussianStrings = completeTable({
      "Освободите место на диске или разрешите Rondora писать туда. До тех пор меню показывают вместо них условный "
      "значок."},
     {StringKey::backupTitle, "Резервная копия"},
-    {StringKey::backupExport, "Экспорт"},
+    {StringKey::backupExport, "Экспортировать"},
     {StringKey::backupExportNote, "Записывает все меню и настройки в файл — на хранение или для другого компьютера."},
     {StringKey::backupExportButton, "Экспортировать настройки…"},
     {StringKey::backupExported, "Экспортировано в %@."},

@@ -101,7 +101,7 @@ constexpr StringTable kUrduStrings = completeTable({
     {StringKey::sitePicturesNotSavedRemedy,
      "ڈسک پر جگہ خالی کریں یا Rondora کو وہاں لکھنے دیں۔ تب تک مینو ان کی جگہ ایک علامت دکھائیں گے۔"},
     {StringKey::backupTitle, "بیک اپ"},
-    {StringKey::backupExport, "برآمد"},
+    {StringKey::backupExport, "برآمد کریں"},
     {StringKey::backupExportNote,
      "تمام مینو اور ترتیبات ایک فائل میں لکھیں، بیک اپ کے طور پر یا کسی دوسرے کمپیوٹر کے لیے۔"},
     {StringKey::backupExportButton, "ترتیبات برآمد کریں…"},

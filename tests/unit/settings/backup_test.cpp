@@ -113,7 +113,7 @@ TEST(SettingsBackup, TellsWhateverDiffers) {
   before.appSubMenus = {{"org.a", {}, {}}, {"org.b", {}, {}}};
   const auto main = [](const std::string& part) { return "~The menu “Main” changes [~" + part + "]"; };
   const std::vector<Difference> differences = {
-      {[](auto& d) { d.menus.erase(d.menus.begin()); }, "-The menu “Main” goes, items: 6"},
+      {[](auto& d) { d.menus.erase(d.menus.begin()); }, "-The menu “Main” is removed, items: 6"},
       {[](auto& d) { std::swap(d.menus[0], d.menus[1]); }, "~The menus are in another order"},
       {[](auto& d) { d.menus[0].name = "A\nB"; }, main("Name: Main → A B")},
       {[](auto& d) { d.menus[0].hotkey = {}; }, main("Hotkey: Ctrl + Alt + Space → Unassigned")},
@@ -130,7 +130,7 @@ TEST(SettingsBackup, TellsWhateverDiffers) {
       {[](auto& d) { d.menus[0].items[1].action = Snippet{"x"}; }, main("The item “Terminal” changes")},
       {[](auto& d) { std::swap(d.menus[0].items[0].sectorIndex, d.menus[0].items[1].sectorIndex); },
        main("The items are in another order")},
-      {[](auto& d) { d.appSubMenus.erase(d.appSubMenus.begin()); }, "-The commands for “org.a” go"},
+      {[](auto& d) { d.appSubMenus.erase(d.appSubMenus.begin()); }, "-The commands for “org.a” are removed"},
       {[](auto& d) { d.appSubMenus[1].rotationDegrees = 5; }, "~The commands for “org.b” change"},
       {[](auto& d) { d.language = AppLanguage::german; }, "~Language: English → Deutsch"},
       {[](auto& d) { d.hapticFeedbackEnabled = false; }, "~Haptic feedback is switched off"},
