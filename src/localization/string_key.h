@@ -172,6 +172,43 @@ enum class StringKey {
 
   /// Beneath the title of a menu command that the application does not allow, or does not have.
   commandOffNow,
+
+  /// The appearance page: its groups of fields, the fields, and what it does with them.
+  lookRing,
+  lookIcons,
+  lookGlassGroup,
+  lookAnimation,
+  lookMiddle,
+  lookKeys,
+  lookRadius,
+  lookHubRadius,
+  lookScale,
+  lookRotation,
+  lookIconSize,
+  lookIconDistance,
+  lookGlass,
+  lookGlassRegular,
+  lookGlassClear,
+  lookTint,
+  lookDuration,
+  lookPaws,
+  lookCatSize,
+  lookAppIconSize,
+  lookPawSize,
+  lookPawInset,
+  lookKeySize,
+  lookKeyInsetLeft,
+  lookKeyInsetRight,
+  lookKeyOpacity,
+  lookKeyColor,
+  lookNeedsPaws,
+  lookMenu,
+  lookReset,
+  lookResetName,  // %@: the field
+  lookResetAll,
+  lookCopyToAll,
+  lookCopied,  // %@ twice: the menu’s name, and how many menus changed
+  lookAllAlike,
   commandGone,
   /// Titles of the commands that every application has.
   commandHideApp,

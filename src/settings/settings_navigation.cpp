@@ -59,6 +59,15 @@ void SettingsNavigation::openMenu(const Uuid& menu, std::optional<Uuid> item) {
   changed_.send();
 }
 
+void SettingsNavigation::showMenu(const Uuid& menu) {
+  if (menu_ == menu) return;
+  notice_.clear();
+  menu_ = menu;
+  item_.reset();
+  follow();
+  changed_.send();
+}
+
 void SettingsNavigation::choose(std::optional<Uuid> item) { openMenu(menu_, item); }
 
 const PieMenuItem* SettingsNavigation::item() const {

@@ -26,6 +26,8 @@ class SettingsNavigation {
   void openMenu(const Uuid& menu, std::optional<Uuid> item = std::nullopt);
   /// Null in a document without menus.
   const PieMenu* menu() const { return history_.document().menu(menu_); }
+  /// Shows that menu on the page that is open.
+  void showMenu(const Uuid& menu);
   /// Chooses an item of the menu, or none.
   void choose(std::optional<Uuid> item);
   /// Null while none is chosen.

@@ -43,6 +43,8 @@ const std::set<std::pair<AppLanguage, StringKey>> kSharedOnPurpose = {
     {AppLanguage::german, StringKey::colorPink},  // "Rosa" in all three
     {AppLanguage::spanish, StringKey::colorPink},
     {AppLanguage::portuguese, StringKey::colorPink},
+    {AppLanguage::english, StringKey::lookRing},  // "Ring" in both
+    {AppLanguage::german, StringKey::lookRing},
     {AppLanguage::english, StringKey::colorOrange},  // "Orange" in all three
     {AppLanguage::german, StringKey::colorOrange},
     {AppLanguage::french, StringKey::colorOrange},
