@@ -16,7 +16,7 @@ enum class AppearanceGroup { ring, icons, glass, animation, middle, keys };
 
 /// How a number is shown.
 struct AppearanceUnit {
-  /// In every language.
+  /// Behind the number, in every language.
   std::string_view symbol;
   /// What is shown for 1.
   double factor = 1;
@@ -46,10 +46,10 @@ struct AppearanceControl {
 };
 
 namespace appearance_columns {
-inline constexpr AppearanceUnit kPoints{"px"};
-inline constexpr AppearanceUnit kPercent{"%", 100};
+inline constexpr AppearanceUnit kPoints{" px"};
+inline constexpr AppearanceUnit kPercent{"\u202f%", 100};
 inline constexpr AppearanceUnit kDegrees{"°", 1, 1};
-inline constexpr AppearanceUnit kSeconds{"s", 1, 2};
+inline constexpr AppearanceUnit kSeconds{" s", 1, 2};
 inline constexpr AppearanceUnit kNone;
 /// From a ring whose icons can still be told apart to one that fills the height of a small screen.
 inline constexpr NumberRange kRadii{60, 400};

@@ -131,6 +131,7 @@ void ColorField::showChoice() {
   code_->setFixedWidth(code_->fontMetrics().horizontalAdvance(QString::fromLatin1(kWidestCode)) + kFrame);
   const QColor shown(toQString(color_.value_or("")));
   other_->setIcon(shown.isValid() ? discIcon(shown, *this) : QIcon());
+  other_->setMinimumWidth(other_->sizeHint().width() + settings_look::kRowGap);
 }
 
 // A group of exclusive buttons lets none of them be unchecked.
