@@ -54,7 +54,10 @@ void AppLauncher::execute(const PieMenuItem& item, std::optional<std::int32_t> t
         services_.keystrokeSender.perform(action.keyCode, action.modifiers, targetPID, ended);
       },
       [&](const SystemShortcut& action) { systemActionRunner_.run(action.kind, ended); },
-      [&](const Snippet& action) { copySnippet(action.text); },
+      [&](const Snippet& action) {
+        copySnippet(action.text);
+        end(std::nullopt);
+      },
   };
   std::visit(run, item.action);
 }

@@ -89,6 +89,12 @@ struct CompositionLinux::Running {
   }
 
   Platform platform();
+  IconSources iconSources() {
+    return {[this](std::string_view site) { return program.sitePicture(site); },
+            [this](PictureRequest request, PictureDecoder::Completion completion) {
+              return program.decodeIcon(std::move(request), std::move(completion));
+            }};
+  }
 
   Log& log;
   Presence& presence;
@@ -107,7 +113,8 @@ struct CompositionLinux::Running {
   QtNetworkFetch network;
   desktop::ProcessPictureDecoder pictureDecoder{
       kOwnFile, mainQueue, std::make_unique<desktop::SerialThread>("Rondora.Pictures", desktop::nameThread)};
-  QtWindows windows{[this] { return program.windowContents(); }};
+  QtWindows windows{[this] { return program.windowContents(); },
+                    {[this]() -> const ApplicationIcons& { return display.applicationIcons; }, iconSources()}};
   QtFileChooser fileChooser;
   QtTextOrder textOrder;
   menus::PublishedMenus publishedMenus;
@@ -124,11 +131,7 @@ struct CompositionLinux::Running {
     mainQueue.runWaiting();
     return display.connection.dispatch(event);
   }};
-  QtPictureRasterizer rasterizer{display.applicationIcons,
-                                 {[this](std::string_view site) { return program.sitePicture(site); },
-                                  [this](PictureRequest request, PictureDecoder::Completion completion) {
-                                    return program.decodeIcon(std::move(request), std::move(completion));
-                                  }}};
+  QtPictureRasterizer rasterizer{display.applicationIcons, iconSources()};
   x11::X11OverlayPanels overlayPanels{display.connection, display.inputGrab, rasterizer};
   QtStatusBar statusBar{
       {[this] { return display.embeddingTray.hasOwner(); },

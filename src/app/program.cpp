@@ -234,7 +234,9 @@ SettingsServices::Ports Program::settingsPorts() {
       .canDo = [this](MacOSSystemActionKind kind) { return MacOSSystemActionRunner(platform_.workspace).canRun(kind); },
       .snippetHint = [this] { return snippetHint(localization_, platform_.pasteKeys); },
       .ring = [this](const PieMenu& menu) { return previewRing(menu); },
-      .run = [this](const PieMenuItem& item, const Uuid& menu) { tryItem(item, menu); }};
+      .run = [this](const PieMenuItem& item, const Uuid& menu) { tryItem(item, menu); },
+      .hasProblem =
+          [this] { return statusItemProblem_.has_value() || !failures(documentFindings_.findings()).empty(); }};
 }
 
 RingPreview::Ring Program::previewRing(const PieMenu& menu) {
@@ -286,42 +288,45 @@ std::string Program::firstHotkey() const {
 }
 
 WindowContents Program::windowContents() {
-  return {.texts = [this] { return windowTexts(localization_, firstHotkey(), config_.configURL().string()); },
-          .onTextsChanged =
-              [this](std::function<void()> observer) {
-                return notifications_.addObserver(ConfigManager::kConfigurationDidChange, std::move(observer));
-              },
-          .documentPath = config_.configURL().string(),
-          .openDocumentFolder = [this] { openDocumentFolder(); },
-          .language = [this] { return localization_.language(); },
-          .chooseLanguage =
-              [this](AppLanguage language) {
-                settings().history.edit([language](PieConfiguration& document) { document.language = language; });
-              },
-          .undo =
-              [this] {
-                settings().history.undo();
-                settings().history.save();
-              },
-          .redo =
-              [this] {
-                settings().history.redo();
-                settings().history.save();
-              },
-          .quit = [this] { delegate_.quitApp(); },
-          .hotkeys = settings().hotkeys.list(),
-          .login = loginSwitch(),
-          .watchFindings =
-              [this](FindingsObserver observer) {
-                return rondora::watchFindings(
-                    platform_.mainQueue, [this] { return findings(); }, std::move(observer));
-              },
-          .watchFailures =
-              [this](FindingsObserver observer) {
-                return rondora::watchFindings(
-                    platform_.mainQueue, [this] { return failures(findings()); }, std::move(observer));
-              },
-          .press = [this](const FindingButton& button) { documentFindings_.press(button); }};
+  return {
+      .texts = [this] { return windowTexts(localization_, firstHotkey(), config_.configURL().string()); },
+      .onTextsChanged =
+          [this](std::function<void()> observer) {
+            return notifications_.addObserver(ConfigManager::kConfigurationDidChange, std::move(observer));
+          },
+      .settings = [this] { return settings().models(); },
+      .onIconsDecoded = [this](std::function<void()> observer) { return iconsDecoded_.subscribe(std::move(observer)); },
+      .documentPath = config_.configURL().string(),
+      .openDocumentFolder = [this] { openDocumentFolder(); },
+      .language = [this] { return localization_.language(); },
+      .chooseLanguage =
+          [this](AppLanguage language) {
+            settings().history.edit([language](PieConfiguration& document) { document.language = language; });
+          },
+      .undo =
+          [this] {
+            settings().history.undo();
+            settings().history.save();
+          },
+      .redo =
+          [this] {
+            settings().history.redo();
+            settings().history.save();
+          },
+      .quit = [this] { delegate_.quitApp(); },
+      .hotkeys = settings().hotkeys.list(),
+      .login = loginSwitch(),
+      .watchFindings =
+          [this](FindingsObserver observer) {
+            return rondora::watchFindings(
+                platform_.mainQueue, [this] { return findings(); }, std::move(observer));
+          },
+      .watchFailures =
+          [this](FindingsObserver observer) {
+            return rondora::watchFindings(
+                platform_.mainQueue, [this] { return failures(findings()); }, std::move(observer));
+          },
+      .press = [this](const FindingButton& button) { documentFindings_.press(button); }};
 }
 
 SessionFindings Program::findings() const {

@@ -37,6 +37,11 @@ SettingsServices::SettingsServices(const Ports& ports)
       preview(previewServices()),
       navigationChanged_(navigation.onChanged([this] { preview.refresh(); })) {}
 
+SettingsModels SettingsServices::models() {
+  if (!std::exchange(isOpened_, true) && ports_.hasProblem()) navigation.open(SettingsPage::session);
+  return {ports_.localization, history, navigation, menus, menu, item, preview};
+}
+
 void SettingsServices::actionEnded(const PieMenuItem& ended, const std::string& problem) {
   if (attempted_ != ended.id) return;
   attempted_.reset();

@@ -11,6 +11,7 @@
 #include "settings/menus/menu_editor.h"
 #include "settings/menus/menu_list.h"
 #include "settings/menus/ring_preview.h"
+#include "settings/settings_models.h"
 #include "settings/settings_navigation.h"
 
 namespace rondora {
@@ -38,12 +39,16 @@ struct SettingsServices {
     std::function<std::string()> snippetHint;
     std::function<RingPreview::Ring(const PieMenu&)> ring;
     std::function<void(const PieMenuItem&, const Uuid& menu)> run;
+    /// The user must be told of something before they edit menus.
+    std::function<bool()> hasProblem;
   };
 
   explicit SettingsServices(const Ports& ports);
   SettingsServices(const SettingsServices&) = delete;
   SettingsServices& operator=(const SettingsServices&) = delete;
 
+  /// Begins with the page that tells what is wrong, if something is.
+  SettingsModels models();
   /// An action ended; an attempt of the user's learns of it.
   void actionEnded(const PieMenuItem& item, const std::string& problem);
 
@@ -52,6 +57,7 @@ struct SettingsServices {
   RingPreview::Ring ring(const std::vector<std::size_t>& order) const;
 
   Ports ports_;
+  bool isOpened_ = false;
   std::optional<Uuid> attempted_;
   std::function<void(std::string)> attemptEnded_;
 

@@ -7,6 +7,7 @@
 #include "base/observable.h"
 #include "model/app_language.h"
 #include "settings/findings_watch.h"
+#include "settings/settings_models.h"
 
 namespace rondora {
 
@@ -82,6 +83,10 @@ struct WindowContents {
   std::function<WindowTexts()> texts;
   /// Subscribes to changes of the texts; visible windows update.
   std::function<Subscription(std::function<void()>)> onTextsChanged;
+  /// What the settings window shows and edits; called when the window opens.
+  std::function<SettingsModels()> settings;
+  /// The observer is called when further icons are decoded.
+  std::function<Subscription(std::function<void()>)> onIconsDecoded;
   /// Absolute path of the configuration document.
   std::string documentPath;
   std::function<void()> openDocumentFolder;

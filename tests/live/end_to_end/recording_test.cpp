@@ -20,7 +20,7 @@ class RecordingTest : public EndToEndTest {
     desktop_.outputOf({"gdbus", "call", "--session", "--dest", "io.github.rondora.Rondora", "--object-path",
                        "/io/github/rondora/Rondora", "--method", "io.github.rondora.Rondora.ShowSettings"});
     ASSERT_TRUE(waitForSettings());
-    constexpr int kTabsToTheButton = 6;
+    constexpr int kTabsToTheButton = 7;  // from the list of menus
     for (int i = 0; i < kTabsToTheButton; ++i) client_.tap(key::tab);
   }
 

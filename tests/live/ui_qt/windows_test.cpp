@@ -45,229 +45,40 @@ void click(const QWidget& window, const QString& title) {
 class WindowsTest : public testing::Test {
  protected:
   WindowsTest() {
-    texts.openFolder = "Open folder";
-    texts.copy = "Copy";
-    texts.language = "Language:";
-    texts.works = "Works";
-    texts.quit = "Quit";
-    texts.close = "Close";
     texts.onboardingHeadline = "Hello";
     texts.onboardingHotkey = "Ctrl+Alt+Space";
     texts.onboardingDone = "Done";
   }
 
   WindowTexts texts;
-  int foldersOpened = 0;
-  AppLanguage language = AppLanguage::english;
-  std::vector<AppLanguage> choices;
   SessionFindings findings{{true, "Hotkeys: 2", ""}};
   Signal<const SessionFindings&> findingsChanged;
-  std::vector<FindingButton> pressed;
-  int quits = 0;
-  HotkeyRows rows{{.menuId = "1",
-                   .menu = "Main",
-                   .hotkey = "F9",
-                   .note = "",
-                   .isAssigned = true,
-                   .recordName = "Record Main",
-                   .removeName = "Remove Main"}};
-  Signal<const HotkeyRows&> rowsChanged;
-  Signal<> clicked;
-  std::string removed;
-  bool opensAtLogin = false;
-  std::string steps;
   Signal<> textsChanged;
-  QtWindows windows{[this] { return contents(); }};
+  QtWindows windows{[this] { return contents(); }, {}};
 
   WindowContents contents() {
-    return {
-        .texts = [this] { return texts; },
-        .onTextsChanged = [this](auto observer) { return textsChanged.subscribe(std::move(observer)); },
-        .documentPath = "/home/user/config.json",
-        .openDocumentFolder = [this] { ++foldersOpened; },
-        .language = [this] { return language; },
-        .chooseLanguage = [this](AppLanguage choice) { choices.push_back(choice); },
-        .undo = [this] { steps += "undo "; },
-        .redo = [this] { steps += "redo "; },
-        .quit = [this] { ++quits; },
-        .hotkeys = {.watch =
-                        [this](auto observer) {
-                          observer(rows);
-                          return rowsChanged.subscribe(std::move(observer));
-                        },
-                    .toggleRecording = [this](const std::string& menu) { setRecording(!rows[0].isRecording, menu); },
-                    .cancelRecording = [this] { setRecording(false, "1"); },
-                    .remove = [this](const std::string& menu) { removed = menu; },
-                    .onClick = [this](auto observer) { return clicked.subscribe(std::move(observer)); }},
-        .login = {.isOn = [this] { return opensAtLogin; }, .set = [](bool) -> std::string { return "No space left"; }},
-        .watchFindings = [this](auto observer) { return watch(observer); },
-        .watchFailures = [this](auto observer) { return watch(observer); },
-        .press =
-            [this](const FindingButton& button) {
-              pressed.push_back(button);
-              std::erase_if(findings, [&](const SessionFinding& finding) {
-                return std::ranges::find(finding.buttons, button) != finding.buttons.end();
-              });
-            }};
-  }
-  void setRecording(bool isRecording, const std::string& menu) {
-    EXPECT_EQ(menu, "1");
-    rows[0].isRecording = isRecording;
-    rowsChanged.send(rows);
+    return {.texts = [this] { return texts; },
+            .onTextsChanged = [this](auto observer) { return textsChanged.subscribe(std::move(observer)); },
+            .settings = {},
+            .onIconsDecoded = {},
+            .documentPath = "/home/user/config.json",
+            .openDocumentFolder = {},
+            .language = [] { return AppLanguage::english; },
+            .chooseLanguage = [](AppLanguage) {},
+            .undo = {},
+            .redo = {},
+            .quit = {},
+            .hotkeys = {},
+            .login = {},
+            .watchFindings = [this](auto observer) { return watch(observer); },
+            .watchFailures = [this](auto observer) { return watch(observer); },
+            .press = {}};
   }
   Subscription watch(const FindingsObserver& observer) {
     observer(findings);
     return findingsChanged.subscribe(observer);
   }
 };
-
-TEST_F(WindowsTest, SettingsWindowIsReusedAndUpToDate) {
-  const auto settings = windows.makeSettingsWindow();
-  settings->show();
-  ASSERT_EQ(windowsUp().size(), 1U);
-  QWidget* window = windowsUp().front();
-  EXPECT_TRUE(shows(*window, "Hotkeys: 2"));
-  findingsChanged.send({{false, "Taken: Main", "Choose another"}});
-  EXPECT_TRUE(shows(*window, "Taken: Main") && shows(*window, "Choose another"));
-  EXPECT_FALSE(shows(*window, "Hotkeys: 2"));
-  const FindingButton dismiss{FindingCommand::dismiss, "Dismiss", "/old.json"};
-  findings = {{false, "Unreadable", "Mend it", {{FindingCommand::openFile, "Open", "/old.json"}, dismiss}}};
-  findingsChanged.send(findings);
-  click(*window, "Dismiss");
-  EXPECT_TRUE(QTest::qWaitFor([&] { return !shows(*window, "Unreadable"); }));
-  EXPECT_EQ(pressed, std::vector{dismiss});
-  click(*window, "Close");
-  EXPECT_EQ(findingsChanged.size(), 0U) << "nothing is read for a hidden window";
-  EXPECT_TRUE(windowsUp().empty());
-  texts.settingsTitle = "الإعدادات";
-  settings->show();
-  EXPECT_EQ(windowsUp(), QWidgetList{window});
-  EXPECT_EQ(window->windowTitle().toStdString(), texts.settingsTitle);
-}
-
-TEST_F(WindowsTest, RecordingEndsWithAClickElsewhereOrTheLossOfFocus) {
-  texts.recordHotkey = "Record";
-  texts.cancelRecording = "Cancel";
-  texts.removeHotkey = "Remove";
-  const auto settings = windows.makeSettingsWindow();
-  settings->show();
-  QWidget* window = windowsUp().front();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(window));
-  const auto endsWith = [&](auto end) {
-    click(*window, "Record");
-    EXPECT_TRUE(QTest::qWaitFor([&] { return rows[0].isRecording; }));
-    end();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !rows[0].isRecording; }));
-  };
-  endsWith([&] { click(*window, "Cancel"); });
-  endsWith([&] { clicked.send(); });
-  endsWith([&] {
-    QEvent deactivation(QEvent::WindowDeactivate);
-    QApplication::sendEvent(window, &deactivation);
-  });
-  endsWith([&] { window->close(); });
-  settings->show();
-  rows[0].note = "F9 already opens";
-  rowsChanged.send(rows);
-  EXPECT_TRUE(shows(*window, "F9 already opens"));
-  rows[0].note = "";
-  rowsChanged.send(rows);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return !shows(*window, "F9 already opens"); }));
-  EXPECT_TRUE(shows(*window, "F9")) << "the list is no taller than its rows, and no shorter";
-  click(*window, "Remove");
-  EXPECT_TRUE(QTest::qWaitFor([&] { return removed == "1"; }));
-}
-
-TEST_F(WindowsTest, StartAtLoginShowsTheSystemsStateAndFailures) {
-  opensAtLogin = true;
-  const auto settings = windows.makeSettingsWindow();
-  settings->show();
-  QWidget* window = windowsUp().front();
-  auto* check = window->findChild<QCheckBox*>();
-  EXPECT_TRUE(check->isChecked());
-  check->click();
-  EXPECT_TRUE(check->isChecked()) << "nothing changed";
-  EXPECT_TRUE(shows(*window, "No space left"));
-}
-
-TEST_F(WindowsTest, SettingsWorkByKeyboardAlone) {
-  texts.documentHeading = "File:";
-  texts.startAtLogin = "At login";
-  texts.recordHotkey = "Record";
-  texts.removeHotkey = "Remove";
-  const auto settings = windows.makeSettingsWindow();
-  for (const char* keys : {"Esc", "Ctrl+W", "Return"}) {
-    settings->show();
-    ASSERT_EQ(windowsUp().size(), 1U);
-    ASSERT_TRUE(QTest::qWaitForWindowActive(windowsUp().front()));
-    QTest::keySequence(windowsUp().front(), QKeySequence(keys));
-    EXPECT_TRUE(windowsUp().empty()) << keys;
-  }
-  settings->show();
-  QWidget& window = *windowsUp().front();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-  std::vector<std::string> names;
-  for (int tabs = 0; tabs < 10; ++tabs) {
-    QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
-    const auto* button = qobject_cast<QAbstractButton*>(window.focusWidget());
-    names.push_back((button != nullptr ? button->text() : window.focusWidget()->accessibleName()).toStdString());
-  }
-  EXPECT_EQ(names, (std::vector<std::string>{"File:", "Copy", "Open folder", "Language:", "At login", "Record",
-                                             "Remove", "Works: Hotkeys: 2", "Quit", "Close"}));
-  click(window, "Open folder");
-  EXPECT_EQ(foldersOpened, 1);
-  click(window, "Copy");
-  EXPECT_EQ(QtPasteboard().data("text/plain"), "/home/user/config.json");
-  for (const char* keys : {"Ctrl+Z", "Ctrl+Shift+Z", "Ctrl+Q"}) QTest::keySequence(&window, QKeySequence(keys));
-  EXPECT_EQ(steps, "undo redo ");
-  EXPECT_EQ(quits, 1);
-}
-
-TEST_F(WindowsTest, FocusStaysInTheListWhenItsFindingGoes) {
-  const auto finding = [](const std::string& name) {
-    return SessionFinding{
-        false, name, "Mend it", {{FindingCommand::openFile, "Open", name}, {FindingCommand::dismiss, "Dismiss", name}}};
-  };
-  findings = {finding("a"), finding("b"), finding("c"), {true, "Tray", ""}};
-  const auto settings = windows.makeSettingsWindow();
-  settings->show();
-  QWidget& window = *windowsUp().front();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-  QList<QPushButton*> buttons = window.findChildren<QPushButton*>();
-  buttons.removeIf([](const QPushButton* button) { return button->text() != "Dismiss"; });
-  buttons.at(1)->setFocus();
-  std::vector<std::string> focused;
-  while (pressed.size() < 3) {
-    const QWidget* before = window.focusWidget();
-    QTest::keyClick(window.focusWidget(), Qt::Key_Space);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return window.focusWidget() != before; }));
-    const auto* button = qobject_cast<QPushButton*>(window.focusWidget());
-    focused.push_back(
-        (button ? button->accessibleDescription() : window.focusWidget()->accessibleName()).toStdString());
-  }
-  EXPECT_EQ(focused, (std::vector<std::string>{"c", "a", "Works: Tray"}));
-}
-
-TEST_F(WindowsTest, OnlyTheUserChoosesTheLanguage) {
-  const auto settings = windows.makeSettingsWindow();
-  settings->show();
-  auto* chooser = windowsUp().front()->findChild<QComboBox*>();
-  ASSERT_NE(chooser, nullptr);
-  EXPECT_EQ(chooser->count(), static_cast<int>(kAppLanguageCount));
-  EXPECT_EQ(chooser->currentText(), "English");
-  QWheelEvent scroll({5, 5}, {5, 5}, {}, {0, -120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-  QApplication::sendEvent(chooser, &scroll);
-  QKeyEvent up(QEvent::KeyPress, Qt::Key_Up, Qt::NoModifier);
-  QApplication::sendEvent(chooser, &up);
-  EXPECT_EQ(choices, std::vector{AppLanguage::russian});
-  QKeyEvent choose(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
-  QApplication::sendEvent(chooser, &choose);
-  EXPECT_EQ(windowsUp().size(), 1U) << "Return must not press the default button";
-  language = AppLanguage::german;
-  textsChanged.send();
-  EXPECT_EQ(chooser->currentText(), "Deutsch");
-  EXPECT_EQ(choices.size(), 1U);
-}
 
 TEST_F(WindowsTest, OnboardingFollowsTextsAndFindings) {
   const auto onboarding = windows.makeOnboardingWindow();

@@ -116,8 +116,8 @@ constexpr auto kSymbols = std::to_array<SymbolEntry>({
     {"doc.on.clipboard.fill", "clipboard-fill"},
     {"doc.badge.plus", "file-earmark-plus-fill"},
     {"square.and.arrow.down.fill", "save-fill"},
-    {"arrow.uturn.backward", "arrow-counterclockwise"},
-    {"arrow.uturn.forward", "arrow-clockwise"},
+    {"arrow.uturn.backward", "arrow-90deg-left"},
+    {"arrow.uturn.forward", "arrow-90deg-right"},
     {"plus.magnifyingglass", "zoom-in"},
     {"minus.magnifyingglass", "zoom-out"},
     {"square.and.pencil", "pencil-square"},
@@ -130,6 +130,11 @@ constexpr auto kSymbols = std::to_array<SymbolEntry>({
     {"tv.fill", "tv-fill"},
     {"option", "option"},
     {"app", "app"},
+    {"chevron.up", "chevron-up"},
+    {"chevron.down", "chevron-down"},
+    {"rotate.left", "arrow-counterclockwise"},
+    {"rotate.right", "arrow-clockwise"},
+    {"plus.square.on.square", "plus-square"},
 });
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QPalette>
+#include <QResizeEvent>
 #include <QScrollArea>
 #include <QScrollBar>
 
@@ -35,7 +36,17 @@ class Text : public QLabel {
     adapt();
   }
 
+  // The toolkit assumes a wide label and so lets a narrow one be cut off.
+  QSize minimumSizeHint() const override {
+    const QSize hint = QLabel::minimumSizeHint();
+    return wordWrap() && isVisible() ? QSize(hint.width(), heightForWidth(width())) : hint;
+  }
+
  protected:
+  void resizeEvent(QResizeEvent* event) override {
+    QLabel::resizeEvent(event);
+    if (wordWrap() && event->oldSize().width() != width()) updateGeometry();
+  }
   void changeEvent(QEvent* event) override {
     QLabel::changeEvent(event);
     const auto type = event->type();
@@ -87,6 +98,10 @@ class PageArea : public QScrollArea {
   QSize minimumSizeHint() const override {
     return {widget()->minimumSizeHint().width() + verticalScrollBar()->sizeHint().width(), 0};
   }
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (watched == widget() && event->type() == QEvent::LayoutRequest) updateGeometry();
+    return QScrollArea::eventFilter(watched, event);
+  }
 };
 
 }  // namespace
@@ -117,6 +132,8 @@ void nameControl(QLabel& label, const QString& text) {
   label.setText(text);
   if (label.buddy() != nullptr) label.buddy()->setAccessibleName(text);
 }
+
+QScrollArea* makeScrolling(QWidget& content) { return new PageArea(content); }
 
 QWidget* makeScrollingPage(QVBoxLayout*& column) {
   auto* page = new QWidget;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QLabel>
+#include <QScrollArea>
 #include <QString>
 #include <QVBoxLayout>
 #include <QWidget>
@@ -35,6 +36,8 @@ void showText(QLabel& label, const QString& text);
 QLabel* makeLabelFor(QWidget& control, const QString& text = {});
 /// Sets the text of a label made by `makeLabelFor`, and with it the control's accessible name.
 void nameControl(QLabel& label, const QString& text);
+/// An area in which the content scrolls up and down, never narrower than it.
+QScrollArea* makeScrolling(QWidget& content);
 /// A scrolling page; the column is its content's layout.
 QWidget* makeScrollingPage(QVBoxLayout*& column);
 /// A line between sections.

@@ -3,16 +3,17 @@
 #include <QApplication>
 #include <utility>
 
+#include "ui/qt/settings/settings_window.h"
 #include "ui/qt/windows/onboarding_window.h"
-#include "ui/qt/windows/settings_window.h"
 #include "ui/qt/windows/snippet_preview_popover.h"
 
 namespace rondora {
 
-QtWindows::QtWindows(Contents contents) : contents_(std::move(contents)) {}
+QtWindows::QtWindows(Contents contents, IconDrawing drawing)
+    : contents_(std::move(contents)), drawing_(std::move(drawing)) {}
 
 std::unique_ptr<SettingsWindow> QtWindows::makeSettingsWindow() {
-  return std::make_unique<QtSettingsWindow>(contents_());
+  return std::make_unique<QtSettingsWindow>(contents_(), drawing_);
 }
 
 std::unique_ptr<OnboardingWindow> QtWindows::makeOnboardingWindow() {

@@ -4,15 +4,23 @@
 
 #include "platform/windows.h"
 #include "settings/window_contents.h"
+#include "ui/qt/painting/icon_images.h"
 
 namespace rondora {
+
+/// What the windows draw icons with.
+struct IconDrawing {
+  /// Called when a window is made.
+  std::function<const ApplicationIcons&()> applications;
+  IconSources sources;
+};
 
 class QtWindows : public Windows {
  public:
   using Contents = std::function<WindowContents()>;
 
   /// Calls `contents` when a window is made.
-  explicit QtWindows(Contents contents);
+  QtWindows(Contents contents, IconDrawing drawing);
 
   std::unique_ptr<SettingsWindow> makeSettingsWindow() override;
   std::unique_ptr<OnboardingWindow> makeOnboardingWindow() override;
@@ -21,6 +29,7 @@ class QtWindows : public Windows {
 
  private:
   Contents contents_;
+  IconDrawing drawing_;
 };
 
 }  // namespace rondora

@@ -1,0 +1,179 @@
+#include "ui/qt/settings/settings_view.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QScreen>
+#include <QShortcut>
+#include <QStyle>
+#include <QTimer>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "platform/qt/qt_text.h"
+#include "ui/qt/painting/application_icon.h"
+#include "ui/qt/settings/menu_page.h"
+#include "ui/qt/settings/notice_bar.h"
+#include "ui/qt/settings/page_parts.h"
+#include "ui/qt/settings/sidebar.h"
+
+namespace rondora {
+namespace {
+
+constexpr QSize kInitialSize(1060, 720);
+/// For the frame that the window manager adds.
+constexpr QSize kFrameRoom(20, 60);
+
+}  // namespace
+
+SettingsView::SettingsView(const WindowContents& contents, const IconDrawing& drawing)
+    : contents_(contents),
+      images_(drawing.applications(), drawing.sources),
+      rasterizer_(drawing.applications(), drawing.sources),
+      icons_([this](const IconCommand& icon, int side) { return images_.image(icon, side); }, contents.onIconsDecoded),
+      parts_{contents.settings(),
+             contents_,
+             icons_,
+             rasterizer_,
+             [this](QWidget& parent, auto chosen) { chooseApplication(parent, std::move(chosen)); },
+             [this](QWidget& parent, const PieMenuItem& item, auto chosen) {
+               chooseIcon(parent, item, std::move(chosen));
+             }},
+      sidebar_(new Sidebar(parts_.models, icons_)),
+      notice_(new NoticeBar(parts_.models, icons_)),
+      stack_(new QStackedWidget) {
+  setWindowIcon(applicationIcon());
+  auto* across = new QHBoxLayout(this);
+  across->setContentsMargins(0, 0, 0, 0);
+  across->setSpacing(0);
+  across->addWidget(sidebar_);
+  auto* rule = new QFrame;
+  rule->setFrameShape(QFrame::VLine);
+  rule->setFrameShadow(QFrame::Sunken);
+  across->addWidget(rule);
+  auto* column = new QVBoxLayout;
+  column->setSpacing(0);
+  column->addWidget(notice_);
+  column->addWidget(stack_, 1);
+  across->addLayout(column, 1);
+  addShortcuts();
+  qApp->installEventFilter(this);
+  fitScreen();
+  navigation_ = parts_.models.navigation.onChanged([this] { refreshSoon(); });
+  if (contents_.onTextsChanged) texts_ = contents_.onTextsChanged([this] { refreshSoon(); });
+  decoded_ = icons_.onDecoded([this] { refreshSoon(); });
+  refresh();
+}
+
+SettingsView::~SettingsView() = default;
+
+void SettingsView::addShortcuts() {
+  // A standard key may have several combinations.
+  const auto add = [this](QKeySequence::StandardKey key, auto act) { new QShortcut(key, this, this, act); };
+  add(QKeySequence::Close, [this] { close(); });
+  add(QKeySequence::Find, [this] { sidebar_->search(); });
+  add(QKeySequence::New, [this] { parts_.models.menus.add(); });
+  add(QKeySequence::Undo, [this] { parts_.models.history.undo(); });
+  add(QKeySequence::Redo, [this] { parts_.models.history.redo(); });
+  new QShortcut(QKeySequence(QStringLiteral("Ctrl+Q")), this, this, [this] {
+    if (contents_.quit) contents_.quit();
+  });
+}
+
+// The window manager may place the title bar above a small screen.
+void SettingsView::fitScreen() {
+  const QRect available = screen()->availableGeometry();
+  const QSize size = kInitialSize.boundedTo(available.size() - kFrameRoom);
+  resize(size);
+  move(QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, size + kFrameRoom, available).topLeft());
+}
+
+void SettingsView::present() {
+  refresh();
+  if (!isVisible()) sidebar_->menus().setFocus();
+  setWindowState(windowState() & ~Qt::WindowMinimized);
+  show();
+  raise();
+  activateWindow();
+}
+
+/// Several parts of one edit report a change.
+void SettingsView::refreshSoon() {
+  if (std::exchange(isRefreshDue_, true)) return;
+  QTimer::singleShot(0, this, [this] { refresh(); });
+}
+
+void SettingsView::refresh() {
+  isRefreshDue_ = false;
+  setWindowTitle(toQString(parts_.models.localization.text(StringKey::settingsTitle)));
+  sidebar_->refresh();
+  notice_->refresh();
+  const Page& shown = page(parts_.models.navigation.page());
+  shown.refresh();
+  stack_->setCurrentWidget(shown.widget);
+}
+
+const SettingsView::Page& SettingsView::page(SettingsPage page) {
+  auto found = pages_.find(page);
+  if (found == pages_.end()) {
+    found = pages_.emplace(page, makePage(page)).first;
+    stack_->addWidget(found->second.widget);
+  }
+  return found->second;
+}
+
+SettingsView::Page SettingsView::makePage(SettingsPage page) {
+  switch (page) {
+    case SettingsPage::menu: {
+      auto* menu = new MenuPage(parts_, {});
+      return {menu, [menu] {
+                menu->refresh();
+                menu->refreshIcons();
+              }};
+    }
+    default:
+      return {new QWidget, [] {}};
+  }
+}
+
+void SettingsView::chooseApplication(QWidget& /*parent*/, std::function<void(std::string)> /*chosen*/) {}
+
+void SettingsView::chooseIcon(QWidget& /*parent*/, const PieMenuItem& /*item*/,
+                              std::function<void(std::string)> /*chosen*/) {}
+
+/// A text field takes the keys of undo and redo for itself, also when it has nothing to undo.
+bool SettingsView::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::ShortcutOverride) return QWidget::eventFilter(watched, event);
+  const auto& key = *static_cast<QKeyEvent*>(event);
+  const bool undoes = key.matches(QKeySequence::Undo);
+  if (!undoes && !key.matches(QKeySequence::Redo)) return false;
+  const auto* line = qobject_cast<const QLineEdit*>(watched);
+  const auto* text = qobject_cast<const QPlainTextEdit*>(watched);
+  if (line == nullptr && text == nullptr) return false;
+  const bool hasOwn = line != nullptr
+                          ? (undoes ? line->isUndoAvailable() : line->isRedoAvailable())
+                          : (undoes ? text->document()->isUndoAvailable() : text->document()->isRedoAvailable());
+  if (hasOwn) return false;
+  event->ignore();
+  return true;
+}
+
+void SettingsView::closeEvent(QCloseEvent* event) {
+  parts_.models.history.save();
+  QWidget::closeEvent(event);
+  if (onClosed) onClosed();
+}
+
+void SettingsView::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape) {
+    if (!sidebar_->endSearch()) close();
+    return;
+  }
+  QWidget::keyPressEvent(event);
+}
+
+}  // namespace rondora

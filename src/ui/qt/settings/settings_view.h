@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QStackedWidget>
+#include <QWidget>
+#include <functional>
+#include <map>
+
+#include "ui/qt/painting/qt_picture_rasterizer.h"
+#include "ui/qt/settings/settings_parts.h"
+#include "ui/qt/windows/qt_windows.h"
+
+namespace rondora {
+
+class MenuPage;
+class NoticeBar;
+class Sidebar;
+
+/// The content of the settings' window: the sidebar, and the page that it chooses. Pages are made when they are first
+/// shown.
+class SettingsView : public QWidget {
+ public:
+  /// `contents` must outlive the object.
+  SettingsView(const WindowContents& contents, const IconDrawing& drawing);
+  ~SettingsView() override;
+
+  /// Shows the window in front, on the screen where it was.
+  void present();
+  std::function<void()> onClosed;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  /// A page and what brings its texts and values up to date.
+  struct Page {
+    QWidget* widget = nullptr;
+    std::function<void()> refresh;
+  };
+
+  void addShortcuts();
+  void fitScreen();
+  void refreshSoon();
+  void refresh();
+  const Page& page(SettingsPage page);
+  Page makePage(SettingsPage page);
+  void chooseApplication(QWidget& parent, std::function<void(std::string)> chosen);
+  void chooseIcon(QWidget& parent, const PieMenuItem& item, std::function<void(std::string)> chosen);
+
+  const WindowContents& contents_;
+  IconImages images_;
+  QtPictureRasterizer rasterizer_;
+  ItemIcons icons_;
+  SettingsParts parts_;
+  Sidebar* sidebar_;
+  NoticeBar* notice_;
+  QStackedWidget* stack_;
+  std::map<SettingsPage, Page> pages_;
+  bool isRefreshDue_ = false;
+  Subscription navigation_;
+  Subscription texts_;
+  Subscription decoded_;
+};
+
+}  // namespace rondora

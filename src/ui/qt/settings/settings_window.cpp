@@ -1,0 +1,28 @@
+#include "ui/qt/settings/settings_window.h"
+
+#include <QTimer>
+#include <utility>
+
+#include "ui/qt/settings/settings_view.h"
+
+namespace rondora {
+
+QtSettingsWindow::QtSettingsWindow(WindowContents contents, IconDrawing drawing)
+    : contents_(std::move(contents)), drawing_(std::move(drawing)) {}
+
+QtSettingsWindow::~QtSettingsWindow() = default;
+
+void QtSettingsWindow::show() {
+  if (!view_) {
+    view_ = std::make_unique<SettingsView>(contents_, drawing_);
+    // On a later turn: the view is still closing.
+    view_->onClosed = [this] {
+      QTimer::singleShot(0, view_.get(), [this] {
+        if (!view_->isVisible()) view_.reset();
+      });
+    };
+  }
+  view_->present();
+}
+
+}  // namespace rondora
