@@ -41,6 +41,7 @@ class NoPointer : public Pointer {
 
 class NoHaptics : public Haptics {
  public:
+  bool isAvailable() const override { return false; }
   void perform(HapticPattern) override {}
 };
 

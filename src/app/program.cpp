@@ -236,7 +236,14 @@ SettingsServices::Ports Program::settingsPorts() {
       .ring = [this](const PieMenu& menu) { return previewRing(menu); },
       .run = [this](const PieMenuItem& item, const Uuid& menu) { tryItem(item, menu); },
       .hasProblem =
-          [this] { return statusItemProblem_.has_value() || !failures(documentFindings_.findings()).empty(); }};
+          [this] { return statusItemProblem_.has_value() || !failures(documentFindings_.findings()).empty(); },
+      .trackpads = platform_.trackpads,
+      .login = launchAtLogin_,
+      .permissions = permissions_,
+      .permissionRequests = {platform_.permissionService, platform_.workspace, platform_.mainQueue},
+      .showsStatusItem = [this] { return showsStatusItem_; },
+      .failures = [this] { return whatFailed(); },
+      .pressFinding = [this](const FindingButton& button) { documentFindings_.press(button); }};
 }
 
 RingPreview::Ring Program::previewRing(const PieMenu& menu) {
@@ -330,10 +337,16 @@ WindowContents Program::windowContents() {
 }
 
 SessionFindings Program::findings() const {
+  SessionFindings all = whatFailed();
+  const SessionFindings session = report_.findings(sessionFacts(), config_.current(), delegate_.hotkeyManager());
+  all.insert(all.end(), session.begin(), session.end());
+  return all;
+}
+
+SessionFindings Program::whatFailed() const {
   SessionFindings all = documentFindings_.findings();
   for (const SessionFindings& more :
-       {actionFindings(actionFailures_, localization_), commandFindings(commandFailures_, localization_),
-        report_.findings(sessionFacts(), config_.current(), delegate_.hotkeyManager())}) {
+       {actionFindings(actionFailures_, localization_), commandFindings(commandFailures_, localization_)}) {
     all.insert(all.end(), more.begin(), more.end());
   }
   return all;

@@ -87,6 +87,7 @@ class Program {
   std::string firstHotkey() const;
   SessionFacts sessionFacts() const;
   SessionFindings findings() const;
+  SessionFindings whatFailed() const;
   void actionEnded(const PieMenuItem& item, const Uuid& menuId, const std::optional<ActionFailure>& failure);
   void commandEnded(const PieSubAction& command, const RunningApplication& application,
                     std::optional<SubActionProblem> problem);

@@ -35,6 +35,8 @@ SettingsServices::SettingsServices(const Ports& ports)
               ports_.run(tried, navigation.menu()->id);
             }}),
       preview(previewServices()),
+      general({history, ports.localization, ports.haptics, ports.trackpads, ports.login, ports.permissions,
+               ports.permissionRequests, ports.showsStatusItem, ports.failures, ports.pressFinding}),
       navigationChanged_(navigation.onChanged([this] { preview.refresh(); })) {}
 
 SettingsModels SettingsServices::models() {

@@ -7,6 +7,7 @@
 
 #include "app/hotkey_editing.h"
 #include "settings/editing/edit_history.h"
+#include "settings/general/general_settings.h"
 #include "settings/menus/item_editor.h"
 #include "settings/menus/menu_editor.h"
 #include "settings/menus/menu_list.h"
@@ -41,6 +42,13 @@ struct SettingsServices {
     std::function<void(const PieMenuItem&, const Uuid& menu)> run;
     /// The user must be told of something before they edit menus.
     std::function<bool()> hasProblem;
+    const Trackpads& trackpads;
+    LaunchAtLoginService& login;
+    const PermissionsMonitor& permissions;
+    PermissionsSnapshot::Ports permissionRequests;
+    std::function<std::optional<bool>()> showsStatusItem;
+    std::function<SessionFindings()> failures;
+    std::function<void(const FindingButton&)> pressFinding;
   };
 
   explicit SettingsServices(const Ports& ports);
@@ -69,6 +77,7 @@ struct SettingsServices {
   MenuEditor menu;
   ItemEditor item;
   RingPreview preview;
+  GeneralSettings general;
 
  private:
   Subscription navigationChanged_;

@@ -45,6 +45,23 @@ enum class StringKey {
   sessionWorks,
   sessionFails,
 
+  sessionIntroduction,
+  settingsHaptics,
+  permissionsHeading,
+  permissionAccessibility,
+  permissionAccessibilityUse,
+  permissionInputMonitoring,
+  permissionInputMonitoringUse,
+  permissionGranted,  // %@: a permission
+  permissionMissing,  // %@: a permission
+  permissionAllow,
+  permissionTrackpadUnneeded,
+  failuresHeading,
+  failuresNone,
+  aboutHeading,
+  aboutVersion,  // %@: "1.2.3"
+  aboutLicence,
+
   sessionX11,
   sessionWayland,
   sessionWaylandRemedy,

@@ -12,6 +12,9 @@ class PermissionService {
  public:
   virtual ~PermissionService() = default;
 
+  /// True on a system that asks the user for permissions and has pages of settings for them. On others an administrator
+  /// grants them, and the requests below have no effect.
+  virtual bool asksUser() const = 0;
   /// True when the program may send keys to other applications and control their windows. Any thread.
   virtual bool isProcessTrusted() const = 0;
   /// Shows the system's own request for that permission, on systems that have one.

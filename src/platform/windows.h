@@ -9,7 +9,7 @@
 
 namespace rondora {
 
-enum class FindingCommand { openFile, importFile, dismiss, saveAgain };
+enum class FindingCommand { openFile, importFile, dismiss, saveAgain, requestAccessibility, requestInputMonitoring };
 
 /// A button beside a finding.
 struct FindingButton {

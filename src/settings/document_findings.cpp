@@ -101,6 +101,9 @@ void DocumentFindings::press(const FindingButton& button) {
     case FindingCommand::saveAgain:
       services_.config.writeAgain();
       return services_.kept.store();
+    case FindingCommand::requestAccessibility:
+    case FindingCommand::requestInputMonitoring:
+      return;  // of the permissions
   }
 }
 

@@ -16,14 +16,18 @@ namespace rondora {
 
 class FakeHaptics final : public Haptics {
  public:
+  bool isAvailable() const override { return hasDevice; }
   void perform(HapticPattern pattern) override { performed.push_back(pattern); }
 
+  bool hasDevice = true;
   std::vector<HapticPattern> performed;
 };
 
 class FakeTrackpads final : public Trackpads {
  public:
-  TrackpadAccess access() const override { return TrackpadAccess::none; }
+  TrackpadAccess access() const override { return state; }
+
+  TrackpadAccess state = TrackpadAccess::none;
 };
 
 /// The same numbers for the same seed on every machine (SplitMix64).

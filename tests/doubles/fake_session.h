@@ -66,6 +66,7 @@ class FakeSessionEvents final : public SessionEvents {
 
 class FakePermissionService final : public PermissionService {
  public:
+  bool asksUser() const override { return hasPages; }
   bool isProcessTrusted() const override { return trusted; }
   bool preflightListenEventAccess() const override { return mayListen; }
   void promptForTrust() override { ++trustPrompts; }
@@ -75,6 +76,7 @@ class FakePermissionService final : public PermissionService {
     return mayHaveChanged.subscribe(std::move(observer));
   }
 
+  bool hasPages = true;
   bool trusted = true;
   bool mayListen = true;
   bool tellsOfChanges = false;

@@ -10,6 +10,7 @@ namespace rondora::desktop {
 /// No pointing device on this desktop has haptics.
 class NoHaptics final : public Haptics {
  public:
+  bool isAvailable() const override { return false; }
   void perform(HapticPattern /*pattern*/) override {}
 };
 

@@ -22,11 +22,11 @@ class SessionPermissions final : public PermissionService {
   SessionPermissions(bool canType, const Trackpads& trackpads, const WatchReadable& watchReadable,
                      std::filesystem::path deviceFolder = "/dev/input");
 
+  bool asksUser() const override { return false; }
   bool isProcessTrusted() const override { return canType_; }
   bool preflightListenEventAccess() const override {
     return !wantsTrackpads_ || trackpads_.access() != TrackpadAccess::unreadable;
   }
-  /// No request exists: an administrator grants both.
   void promptForTrust() override {}
   void requestListenEventAccess() override {}
   std::optional<Subscription> onMayHaveChanged(std::function<void()> observer) override;
