@@ -22,6 +22,13 @@ struct Scalar {
 
 bool isAscii(char byte) { return static_cast<unsigned char>(byte) < 0x80; }
 
+char asciiLowerCased(char byte) { return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte; }
+
+bool isAsciiLetterOrDigit(char byte) {
+  const char lower = asciiLowerCased(byte);
+  return (lower >= 'a' && lower <= 'z') || (byte >= '0' && byte <= '9');
+}
+
 Scalar firstScalar(std::string_view text) {
   utf8proc_int32_t value = -1;
   const auto* bytes = reinterpret_cast<const utf8proc_uint8_t*>(text.data());
@@ -139,8 +146,7 @@ std::string upperCased(std::string_view text) {
 }
 
 std::string lowerCased(std::string_view text) {
-  const auto ascii = [](char byte) { return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte; };
-  return mapped(text, ascii,
+  return mapped(text, asciiLowerCased,
                 [](std::string& result, utf8proc_int32_t scalar) { append(result, utf8proc_tolower(scalar)); });
 }
 
@@ -162,6 +168,11 @@ void appendSearchKey(std::string& key, std::string_view text) {
   const std::size_t begin = key.size();
   std::array<utf8proc_int32_t, kLongestDecomposition> parts{};
   while (!text.empty()) {
+    if (isAsciiLetterOrDigit(text.front())) {
+      key += asciiLowerCased(text.front());
+      text.remove_prefix(1);
+      continue;
+    }
     const Scalar scalar = firstScalar(text);
     text.remove_prefix(std::min(scalar.length, text.size()));
     int lastBoundClass = 0;
