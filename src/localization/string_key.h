@@ -364,6 +364,18 @@ enum class StringKey {
   actionSystem,
   actionChooseApplication,
   applicationNotInstalled,
+  /// The window that lists applications to choose from.
+  applicationsTitle,
+  applicationsSearch,
+  applicationsChoose,
+  applicationsRunning,     // mark in the list
+  applicationsIdentifier,  // %@: what the user typed
+  /// The applications that the menu of running applications leaves out.
+  excludedHeading,
+  excludedNote,
+  excludedNone,
+  excludedAdd,
+  excludedRemove,
   addressField,
   addressEmpty,
   addressInvalid,
