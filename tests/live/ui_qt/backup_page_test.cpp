@@ -6,6 +6,7 @@
 #include <QTest>
 
 #include "doubles/fake_devices.h"
+#include "doubles/fake_dialogs.h"
 #include "doubles/fake_file_system.h"
 #include "doubles/fake_log.h"
 #include "doubles/fake_user_defaults.h"
@@ -15,7 +16,7 @@
 namespace rondora {
 namespace {
 
-/// Used by keyboard alone; choosers answer with `chosen`.
+/// Used by keyboard alone.
 class BackupPageTest : public testing::Test {
  protected:
   BackupPageTest() {
@@ -46,7 +47,6 @@ class BackupPageTest : public testing::Test {
   }
 
   const std::string folder = "/home/user/.config/Rondora/";
-  std::optional<std::string> chosen;
   FakeFileSystem files;
   VirtualTime time;
   FakeLog log;
@@ -61,25 +61,27 @@ class BackupPageTest : public testing::Test {
   EditHistory history{session, config, time};
   SettingsBackup backup{{config, history, kept, files, workspace, {localization, kPcModifierNames}}};
   ItemIcons icons{{}, {}};
-  BackupPage page{backup,
-                  localization,
-                  icons,
-                  {.open = [this](auto&&, auto&&, auto answer) { answer(chosen); },
-                   .save = [this](auto&&, const std::string& name, auto&&, auto answer) { answer("/tmp/" + name); }}};
+  FakeFileChooser chooser;
+  BackupPage page{backup, localization, icons, chooser};
 };
 
 TEST_F(BackupPageTest, ImportsOnlyWhatIsApplied) {
+  const std::string copy = folder + "config.edited-2023-03-08T202640.json";
   use("Export Settings…");
+  EXPECT_TRUE(chooser.asked.suggestedName.ends_with(".json"));
+  chooser.answer("/missing/out.json");
   EXPECT_TRUE(QApplication::focusWidget()->accessibleDescription().contains("could not be exported"));
   use("Choose File…");
-  EXPECT_FALSE(backup.preview()) << "the user cancelled the chooser";
-  chosen = folder + "config.edited-2023-03-08T202640.json";
+  chooser.answer(std::nullopt);
+  EXPECT_FALSE(backup.preview());
   press(Qt::Key_Space);
+  chooser.answer(copy);
   EXPECT_EQ(QApplication::focusWidget()->accessibleName(), "“config.edited-2023-03-08T202640.json” would change this:");
   press(Qt::Key_Escape);
   EXPECT_FALSE(backup.preview());
   EXPECT_EQ(menu(), "Edited");
   use("Choose File…");
+  chooser.answer(copy);
   use("Apply");
   EXPECT_EQ(menu(), "Main");
   EXPECT_EQ(QApplication::focusWidget()->accessibleDescription(), "Applied. Undo takes it back.");

@@ -33,10 +33,10 @@ void addLeading(QVBoxLayout& column, QPushButton& button) {
 }  // namespace
 
 BackupPage::BackupPage(SettingsBackup& backup, const LocalizationStore& localization, const ItemIcons& icons,
-                       FileQuestions questions)
+                       FileChooser& chooser)
     : backup_(backup),
       localization_(localization),
-      questions_(std::move(questions)),
+      chooser_(chooser),
       title_(settings_look::makeTitle()),
       path_(new QLineEdit),
       copy_(new QPushButton),
@@ -197,29 +197,28 @@ void BackupPage::copyPath() {
   QGuiApplication::clipboard()->setText(path_->text());
 }
 
-std::vector<BackupPage::FileQuestions::Kind> BackupPage::kinds() const {
-  return {{plain(StringKey::backupFiles), {"*.json"}}, {plain(StringKey::backupAllFiles), {"*"}}};
-}
-
 void BackupPage::chooseExport() {
-  if (!questions_.save) return;
-  const std::string name = SettingsBackup::suggestedName(QDate::currentDate().toString(Qt::ISODate).toStdString());
-  questions_.save(plain(StringKey::backupExport), name, kinds(),
-                  [page = QPointer<BackupPage>(this)](std::optional<std::string> path) {
-                    if (!path || !page) return;
-                    page->backup_.exportTo(*path);
-                    page->refresh();
-                  });
+  FileChoice choice;
+  choice.purpose = FileChoice::Purpose::save;
+  choice.title = plain(StringKey::backupExport);
+  choice.suggestedName = SettingsBackup::suggestedName(QDate::currentDate().toString(Qt::ISODate).toStdString());
+  choice.extension = "json";
+  choose(std::move(choice), &SettingsBackup::exportTo);
 }
 
 void BackupPage::chooseImport() {
-  if (!questions_.open) return;
-  questions_.open(plain(StringKey::findingImport), kinds(),
-                  [page = QPointer<BackupPage>(this)](std::optional<std::string> path) {
-                    if (!path || !page) return;
-                    page->backup_.readImport(*path);
-                    page->refresh();
-                  });
+  FileChoice choice;
+  choice.title = plain(StringKey::findingImport);
+  choose(std::move(choice), &SettingsBackup::readImport);
+}
+
+void BackupPage::choose(FileChoice choice, void (SettingsBackup::*use)(const std::string&)) {
+  choice.kinds = {{plain(StringKey::backupFiles), {"*.json"}}, {plain(StringKey::backupAllFiles), {"*"}}};
+  chooser_.choose(choice, [page = QPointer<BackupPage>(this), use](const std::optional<std::string>& path) {
+    if (!path || !page) return;
+    (page->backup_.*use)(*path);
+    page->refresh();
+  });
 }
 
 void BackupPage::endPreview(bool applies) {

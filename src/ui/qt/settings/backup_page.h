@@ -6,11 +6,9 @@
 #include <QScrollArea>
 #include <QVBoxLayout>
 #include <array>
-#include <functional>
-#include <optional>
 #include <string>
-#include <vector>
 
+#include "platform/file_chooser.h"
 #include "settings/backup/settings_backup.h"
 #include "ui/qt/settings/import_preview.h"
 #include "ui/qt/settings/item_icons.h"
@@ -21,23 +19,9 @@ namespace rondora {
 /// The page of the settings with export, import and kept copies.
 class BackupPage : public QWidget {
  public:
-  /// Each opens a chooser and calls the answer once, later: with an absolute path, or with nothing when the user
-  /// cancels. A chooser for saving asks before a file is replaced.
-  struct FileQuestions {
-    using Answer = std::function<void(std::optional<std::string> path)>;
-    struct Kind {
-      std::string name;
-      std::vector<std::string> patterns;
-    };
-    std::function<void(const std::string& title, const std::vector<Kind>& kinds, Answer)> open;
-    std::function<void(const std::string& title, const std::string& suggestedName, const std::vector<Kind>& kinds,
-                       Answer)>
-        save;
-  };
-
   /// The references must outlive the object.
   BackupPage(SettingsBackup& backup, const LocalizationStore& localization, const ItemIcons& icons,
-             FileQuestions questions);
+             FileChooser& chooser);
 
   /// Shows the present texts and document.
   void refresh();
@@ -62,13 +46,13 @@ class BackupPage : public QWidget {
   void chooseExport();
   void chooseImport();
   void endPreview(bool applies);
-  std::vector<FileQuestions::Kind> kinds() const;
+  void choose(FileChoice choice, void (SettingsBackup::*use)(const std::string&));
   QString text(StringKey key) const;
   std::string plain(StringKey key) const { return std::string(localization_.text(key)); }
 
   SettingsBackup& backup_;
   const LocalizationStore& localization_;
-  FileQuestions questions_;
+  FileChooser& chooser_;
   QScrollArea* area_ = nullptr;
   QLabel* title_;
   QLabel* fileLabel_;
