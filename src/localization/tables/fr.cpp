@@ -255,9 +255,6 @@ constexpr StringTable kFrenchStrings = completeTable({
     {StringKey::commandsAdd, "Ajouter une commande"},
     {StringKey::commandsFromMenus, "Dans les menus de l’application…"},
     {StringKey::commandsRemove, "Retirer la commande"},
-    {StringKey::commandsMoveUp, "Monter"},
-    {StringKey::commandsMoveDown, "Descendre"},
-    {StringKey::commandsIcon, "Changer l’icône…"},
     {StringKey::commandsSuggest, "Proposer des commandes"},
     {StringKey::commandsSuggestNote,
      "Remplace ces commandes par des commandes courantes des menus de l’application et par des places pour sa "

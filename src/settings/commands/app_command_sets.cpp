@@ -32,6 +32,7 @@ void AppCommandSets::documentChanged() {
     chosen_.clear();
     catalog_.show("");
   }
+  if (chosenEntry_ && !placeOf(*chosenEntry_)) chosenEntry_.reset();
   changed_.send();
 }
 
@@ -56,6 +57,7 @@ std::vector<AppCommandSets::Set> AppCommandSets::sets() const {
 void AppCommandSets::choose(const std::string& application) {
   if (application == chosen_ || !CommandSetEdits::has(services_.history.document(), application)) return;
   chosen_ = application;
+  chosenEntry_.reset();
   catalog_.show(application);
 }
 
@@ -100,6 +102,24 @@ std::vector<AppCommandSets::Entry> AppCommandSets::entries() const {
                        .problem = command.isAvailable ? "" : command.note});
   }
   return entries;
+}
+
+std::optional<std::size_t> AppCommandSets::placeOf(const Uuid& entry) const {
+  const std::vector<AppSubMenuEntry> entries = stored();
+  const auto found = std::ranges::find(entries, entry, &AppSubMenuEntry::id);
+  if (found == entries.end()) return std::nullopt;
+  return static_cast<std::size_t>(found - entries.begin());
+}
+
+std::optional<std::size_t> AppCommandSets::chosenPlace() const {
+  return chosenEntry_ ? placeOf(*chosenEntry_) : std::nullopt;
+}
+
+void AppCommandSets::chooseEntry(const std::optional<Uuid>& entry) {
+  const std::optional<Uuid> chosen = entry && placeOf(*entry) ? entry : std::nullopt;
+  if (chosen == chosenEntry_) return;
+  chosenEntry_ = chosen;
+  changed_.send();
 }
 
 std::string AppCommandSets::note() const {
@@ -159,7 +179,10 @@ std::optional<Uuid> AppCommandSets::addMenuCommand(std::size_t menuCommand) {
 }
 
 void AppCommandSets::removeEntry(const Uuid& entry) {
+  const auto place = placeOf(entry);
   services_.history.edit([&](PieConfiguration& document) { CommandSetEdits::removeEntry(document, chosen_, entry); });
+  const std::vector<AppSubMenuEntry> entries = stored();
+  if (place && !entries.empty()) chooseEntry(entries[std::min(*place, entries.size() - 1)].id);
 }
 
 void AppCommandSets::moveEntry(const Uuid& entry, std::size_t place) {
@@ -167,9 +190,8 @@ void AppCommandSets::moveEntry(const Uuid& entry, std::size_t place) {
 }
 
 std::string AppCommandSets::iconOf(const Uuid& entry) const {
-  const std::vector<AppSubMenuEntry> entries = stored();
-  const auto found = std::find_if(entries.begin(), entries.end(), [&](const auto& each) { return each.id == entry; });
-  return found == entries.end() ? "" : found->icon.value_or("");
+  const auto place = placeOf(entry);
+  return place ? stored()[*place].icon.value_or("") : "";
 }
 
 void AppCommandSets::setIcon(const Uuid& entry, const std::string& icon) {

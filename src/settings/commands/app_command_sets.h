@@ -80,6 +80,10 @@ class AppCommandSets {
   void remove();
 
   std::vector<Entry> entries() const;
+  /// The entry that list and ring highlight.
+  std::optional<Uuid> chosenEntry() const { return chosenEntry_; }
+  std::optional<std::size_t> chosenPlace() const;
+  void chooseEntry(const std::optional<Uuid>& entry);
   /// What the user should know about the chosen set.
   std::string note() const;
   /// Those that the chosen set lacks.
@@ -93,6 +97,7 @@ class AppCommandSets {
   /// At the end of the chosen set; nothing when it has the command. `menuCommand` is an index into the catalog.
   std::optional<Uuid> addGeneralCommand(AppSubMenuEntry::Kind kind);
   std::optional<Uuid> addMenuCommand(std::size_t menuCommand);
+  /// Chooses the entry that follows.
   void removeEntry(const Uuid& entry);
   /// To that place, or to the end.
   void moveEntry(const Uuid& entry, std::size_t place);
@@ -126,11 +131,13 @@ class AppCommandSets {
   std::vector<PieSubAction> commands() const;
   std::string titleOf(const std::string& application) const;
   std::optional<Uuid> append(const AppSubMenuEntry& entry);
+  std::optional<std::size_t> placeOf(const Uuid& entry) const;
   void documentChanged();
 
   Services services_;
   CommandCatalog catalog_;
   std::string chosen_;
+  std::optional<Uuid> chosenEntry_;
   Signal<> changed_;
   Subscription edits_;
   Subscription readings_;

@@ -6,6 +6,7 @@
 
 #include "base/unicode.h"
 #include "commands/application_snapshot_reader.h"
+#include "commands/command_symbol.h"
 
 namespace rondora {
 namespace {
@@ -104,7 +105,7 @@ std::vector<CommandCatalog::Row> CommandCatalog::rows(std::string_view query) co
     const auto isFound = [&](const std::string& word) { return searched_[i].find(word) != std::string::npos; };
     if (!std::all_of(words.begin(), words.end(), isFound)) continue;
     const Command& command = commands_[i];
-    rows.push_back({i, command.path.back(), menusOfPath(command.path),
+    rows.push_back({i, command.path.back(), std::string(commandSymbol(command.shortcut)), menusOfPath(command.path),
                     command.shortcut ? services_.keyEquivalent(*command.shortcut) : "",
                     command.isEnabled ? "" : std::string(services_.localization.text(StringKey::commandOffNow))});
   }

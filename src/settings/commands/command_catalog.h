@@ -33,6 +33,8 @@ class CommandCatalog {
     /// Index in `commands`.
     std::size_t command = 0;
     std::string title;
+    /// The icon text that its entry would have.
+    std::string icon;
     /// The menus that lead to it: "File › Export".
     std::string menus;
     std::string keyEquivalent;

@@ -33,6 +33,7 @@ struct CommandSetsStory : Story {
                {"remove", [this](W) { sets.remove(); }},
                {"add-general", [this](W w) { sets.addGeneralCommand(*appSubMenuEntryKindFromRawValue(w[0])); }},
                {"add-command", [this](W w) { sets.addMenuCommand(sets.catalog().rows(w[0]).at(0).command); }},
+               {"choose-entry", [=, this](W w) { sets.chooseEntry(entry(w)); }},
                {"remove-entry", [=, this](W w) { sets.removeEntry(entry(w)); }},
                {"move", [=, this](W w) { sets.moveEntry(entry(w), std::stoul(w[1])); }},
                {"icon", [=, this](W w) { sets.setIcon(entry(w), w.size() > 1 ? w[1] : ""); }},
@@ -55,6 +56,11 @@ struct CommandSetsStory : Story {
                      }},
                     {"found", [this] { return found(); }},
                     {"catalog", [this] { return sets.catalog().note().empty() ? "none" : sets.catalog().note(); }},
+                    {"chosen",
+                     [this] {
+                       const auto place = sets.chosenPlace();
+                       return place ? std::to_string(*place) : "none";
+                     }},
                     {"note", [this] { return sets.note(); }},
                     {"can", [this] {
                        return joined({sets.canSuggest() ? "suggest" : "-", sets.canReset() ? "reset" : "-",
