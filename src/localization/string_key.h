@@ -388,6 +388,18 @@ enum class StringKey {
   itemTry,
   itemTryWorked,
   itemTryNothing,
+  iconPickerTitle,
+  iconPickerSearch,
+  iconPickerRecent,
+  iconPickerSymbols,
+  iconPickerFound,
+  iconPickerNothingFound,
+  /// Icons from elsewhere. The first two are those of what the item opens.
+  iconPickerOwnApplication,
+  iconPickerSite,
+  iconPickerApplication,
+  iconPickerImageFile,
+  iconPickerNone,
 
   /// In the hub of a menu without items.
   ringMenuEmpty,

@@ -48,6 +48,8 @@ const std::set<std::pair<AppLanguage, StringKey>> kSharedOnPurpose = {
     {AppLanguage::english, StringKey::colorOrange},  // "Orange" in all three
     {AppLanguage::german, StringKey::colorOrange},
     {AppLanguage::french, StringKey::colorOrange},
+    {AppLanguage::spanish, StringKey::iconPickerSymbols},  // "Símbolos" in both
+    {AppLanguage::portuguese, StringKey::iconPickerSymbols},
 };
 
 std::string_view textOf(AppLanguage language, std::size_t key) { return stringTable(language)[key]; }

@@ -30,6 +30,16 @@ QFont emojiFont() {
   return font;
 }
 
+/// The toolkit keeps the glyphs of the font's last four transformations, 70 kB for an emoji, until the font is no
+/// longer used. More transformations than that, all of which give the same picture, have it drop them.
+double forgottenScale() {
+  constexpr int kScales = 6;
+  constexpr double kStep = 1e-4;
+  static int turn = 0;
+  turn = turn % kScales + 1;
+  return 1 + turn * kStep;
+}
+
 QRect opaqueBounds(const QImage& image) {
   QRect bounds;
   for (int y = 0; y < image.height(); ++y) {
@@ -50,6 +60,8 @@ QImage nativeImage(const QString& text) {
   QPainter painter(&image);
   painter.setFont(font);
   painter.setRenderHint(QPainter::Antialiasing);
+  const double scale = forgottenScale();
+  painter.scale(scale, scale);
   painter.drawText(kMargin, kMargin + metrics.ascent(), text);
   painter.end();
   const QRect opaque = opaqueBounds(image);
