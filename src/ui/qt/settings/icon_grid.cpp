@@ -4,7 +4,6 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
-#include <QStyleOption>
 #include <QStyledItemDelegate>
 #include <utility>
 
@@ -16,6 +15,7 @@ namespace {
 /// Points.
 constexpr int kIcon = 28;
 constexpr int kCell = 42;
+constexpr double kFrame = 2;
 constexpr int kColumns = 10;
 constexpr int kRows = 6;
 constexpr int kMinRows = 3;
@@ -62,10 +62,9 @@ class IconGrid::Painter : public QStyledItemDelegate {
   void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
     const Cell* cell = grid_.cellAt(index);
     if (cell == nullptr) return;
+    const bool isFilled = (option.state & QStyle::State_Selected) != 0 && grid_.hasFocus();
     paintPanel(*painter, option);
-    const bool isSelected = (option.state & QStyle::State_Selected) != 0;
-    const auto group = (option.state & QStyle::State_Active) != 0 ? QPalette::Active : QPalette::Inactive;
-    const QColor tint = option.palette.color(group, isSelected ? QPalette::HighlightedText : QPalette::Text);
+    const QColor tint = option.palette.color(isFilled ? QPalette::HighlightedText : QPalette::Text);
     const double pixelsPerPoint = painter->device()->devicePixelRatioF();
     const QPixmap picture = grid_.pictures_.picture(cell->icon, kIcon, tint, pixelsPerPoint);
     QRectF place({}, picture.deviceIndependentSize());
@@ -75,16 +74,18 @@ class IconGrid::Painter : public QStyledItemDelegate {
   QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const override { return {kCell, kCell}; }
 
  private:
-  /// The highlight, of the whole cell, and the focus.
+  /// The highlighted cell is filled while the grid has the focus, else it is framed.
   void paintPanel(QPainter& painter, const QStyleOptionViewItem& option) const {
     QStyleOptionViewItem panel = option;
     panel.showDecorationSelected = true;
+    const bool isFramed = (option.state & QStyle::State_Selected) != 0 && !grid_.hasFocus();
+    panel.state.setFlag(QStyle::State_Selected, (option.state & QStyle::State_Selected) != 0 && !isFramed);
     grid_.style()->drawPrimitive(QStyle::PE_PanelItemViewItem, &panel, &painter, &grid_);
-    if ((option.state & QStyle::State_HasFocus) == 0) return;
-    QStyleOptionFocusRect focus;
-    focus.QStyleOption::operator=(option);
-    focus.backgroundColor = option.palette.color(QPalette::Highlight);
-    grid_.style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, &painter, &grid_);
+    if (!isFramed) return;
+    painter.save();
+    painter.setPen(QPen(option.palette.color(QPalette::Highlight), kFrame));
+    painter.drawRect(QRectF(option.rect).adjusted(kFrame / 2, kFrame / 2, -kFrame / 2, -kFrame / 2));
+    painter.restore();
   }
 
   IconGrid& grid_;
