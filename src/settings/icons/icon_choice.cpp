@@ -11,6 +11,7 @@ namespace {
 
 constexpr std::string_view kRecentSymbol = "clock.fill";
 constexpr std::string_view kImageSymbol = "photo.fill";
+constexpr std::string_view kNoneSymbol = "xmark";
 constexpr std::string_view kSitePicture = "favicon:";
 
 /// Icons that stand for a section better than its first one.
@@ -141,7 +142,7 @@ std::vector<IconChoice::Other> IconChoice::others() const {
   }
   add(Kind::application, StringKey::iconPickerApplication, symbol(kApplicationSymbolName), std::nullopt);
   add(Kind::imageFile, StringKey::iconPickerImageFile, symbol(kImageSymbol), std::nullopt);
-  add(Kind::none, StringKey::iconPickerNone, {}, std::string());
+  add(Kind::none, StringKey::iconPickerNone, symbol(kNoneSymbol), std::string());
   return others;
 }
 

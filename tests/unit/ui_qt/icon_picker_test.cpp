@@ -82,7 +82,7 @@ TEST_P(IconPickerTest, EscapeChoosesNothing) {
 
 TEST_P(IconPickerTest, TakesTheFileThatAQuestionAnswers) {
   const auto title = QString::fromStdString(std::string(texts_.text(StringKey::iconPickerImageFile)));
-  for (QPushButton* button : picker_->findChildren<QPushButton*>()) {
+  for (QToolButton* button : picker_->findChildren<QToolButton*>()) {
     if (button->text() == title) button->click();
   }
   EXPECT_EQ(chosen_, "/picture.png\n");

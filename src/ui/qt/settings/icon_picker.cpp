@@ -4,7 +4,9 @@
 #include <QDialogButtonBox>
 #include <QGridLayout>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QPointer>
+#include <QPushButton>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
@@ -20,6 +22,16 @@ using namespace settings_look;
 constexpr int kTabIcon = 22;
 constexpr int kMargin = 16;
 constexpr int kOtherColumns = 2;
+/// With the gap around it, for which the button has no margin.
+constexpr int kOtherIcon = kListIcon + 2 * kSmallGap;
+
+QIcon withGap(const QPixmap& picture) {
+  QPixmap result(QSize(kOtherIcon, kOtherIcon) * picture.devicePixelRatio());
+  result.setDevicePixelRatio(picture.devicePixelRatio());
+  result.fill(Qt::transparent);
+  QPainter(&result).drawPixmap(kSmallGap, kSmallGap, picture);
+  return result;
+}
 
 }  // namespace
 
@@ -104,13 +116,18 @@ QWidget* IconPicker::makeOthers() {
   grid->setContentsMargins(0, 0, 0, 0);
   grid->setSpacing(kRowGap);
   for (IconChoice::Other& other : choice_->others()) {
-    auto* button = new QPushButton(toQString(other.title));
-    button->setAutoDefault(false);
+    // Not a push button, whose icon and text lie apart in a right-to-left layout.
+    auto* button = new QToolButton;
+    button->setText(toQString(other.title));
+    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    button->setIconSize({kOtherIcon, kOtherIcon});
+    button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    button->setFocusPolicy(Qt::StrongFocus);
     const int place = static_cast<int>(others_.size());
     grid->addWidget(button, place / kOtherColumns, place % kOtherColumns);
     grid->setColumnStretch(place % kOtherColumns, 1);
     others_.emplace_back(button, other.picture);
-    QObject::connect(button, &QPushButton::clicked, this, [this, other = std::move(other)] { press(other); });
+    QObject::connect(button, &QToolButton::clicked, this, [this, other = std::move(other)] { press(other); });
   }
   return others;
 }
@@ -145,15 +162,14 @@ void IconPicker::showCells() {
 
 void IconPicker::showPictures() {
   const auto picture = [&](const IconReference& icon, int side, QPalette::ColorRole tint) {
-    return QIcon(icons_.picture(icon, side, palette().color(tint), devicePixelRatioF()));
+    return icons_.picture(icon, side, palette().color(tint), devicePixelRatioF());
   };
   int tab = 0;
   for (const IconChoice::Section& section : choice_->sections()) {
     sections_->setTabIcon(tab++, picture(section.picture, kTabIcon, QPalette::WindowText));
   }
   for (const auto& [button, icon] : others_) {
-    if (icon.kind != IconKind::none) button->setIcon(picture(icon, kListIcon, QPalette::ButtonText));
-    button->setIconSize({kListIcon, kListIcon});
+    button->setIcon(withGap(picture(icon, kListIcon, QPalette::ButtonText)));
   }
 }
 

@@ -3,8 +3,8 @@
 #include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QTabBar>
+#include <QToolButton>
 #include <functional>
 #include <memory>
 #include <string>
@@ -64,7 +64,7 @@ class IconPicker : public QDialog {
   /// The name of the highlighted icon, or why there are none.
   QLabel* note_;
   IconGrid* grid_;
-  std::vector<std::pair<QPushButton*, IconReference>> others_;
+  std::vector<std::pair<QToolButton*, IconReference>> others_;
   Subscription decoded_;
 };
 
