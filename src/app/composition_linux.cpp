@@ -9,6 +9,7 @@
 #include "app/program.h"
 #include "base/program_identity.h"
 #include "input/hotkeys/hotkey_display.h"
+#include "platform/linux/accessibility/bus_announcer.h"
 #include "platform/linux/desktop/absent_ports.h"
 #include "platform/linux/desktop/autostart_entry.h"
 #include "platform/linux/desktop/file_user_defaults.h"
@@ -33,6 +34,7 @@
 #include "platform/posix/posix_process_environment.h"
 #include "platform/posix/process_picture_decoder.h"
 #include "platform/posix/serial_thread.h"
+#include "platform/qt/accessibility_status.h"
 #include "platform/qt/bus_session_events.h"
 #include "platform/qt/event_turns.h"
 #include "platform/qt/qt_application_shell.h"
@@ -109,6 +111,9 @@ struct CompositionLinux::Running {
   desktop::EvdevMultitouch multitouch{watchReadable, desktop::nameThread};
   QtApplicationShell shell;
   BusSessionEvents sessionEvents{presence.systemBus, presence.sessionBus};
+  accessibility::BusAnnouncer announcer{std::string(program_identity::kName), watchReadable};
+  AccessibilityStatus accessibilityStatus{presence.sessionBus,
+                                          [this](const auto& address) { announcer.useBus(address); }};
   QtPasteboard pasteboard;
   QtNetworkFetch network;
   desktop::ProcessPictureDecoder pictureDecoder{
@@ -163,6 +168,7 @@ Platform CompositionLinux::Running::platform() {
       .trackpads = trackpads,
       .multitouch = multitouch,
       .overlayPanels = overlayPanels,
+      .announcer = announcer,
       .statusBar = statusBar,
       .windows = windows,
       .fileChooser = fileChooser,

@@ -11,6 +11,7 @@
 #include "input/hotkeys/hotkey_display.h"
 #include "platform/accessibility.h"
 #include "platform/application_directory.h"
+#include "platform/announcer.h"
 #include "platform/application_shell.h"
 #include "platform/clock.h"
 #include "platform/event_monitors.h"
@@ -77,6 +78,7 @@ struct Platform {
   const Trackpads& trackpads;
   MultitouchDevices& multitouch;
   OverlayPanels& overlayPanels;
+  Announcer& announcer;
   StatusBar& statusBar;
   Windows& windows;
   FileChooser& fileChooser;

@@ -6,6 +6,7 @@
 #include "app/action_findings.h"
 #include "app/command_findings.h"
 #include "app/menu_directory.h"
+#include "app/spoken_texts.h"
 #include "app/trigger_rules.h"
 #include "base/file_url.h"
 #include "input/hotkeys/hotkey_display.h"
@@ -141,14 +142,15 @@ CommandServices::Ports Program::commandPorts() {
 
 PieMenuWindowController::Ports Program::ringPorts() const {
   return {platform_.overlayPanels, platform_.screens,   platform_.pointer, platform_.haptics,
-          platform_.eventMonitors, platform_.mainQueue, platform_.clock};
+          platform_.eventMonitors, platform_.mainQueue, platform_.clock,   platform_.announcer};
 }
 
 PieMenuWindowController::Environment Program::ringEnvironment() {
   return {.hapticFeedbackEnabled = [this] { return config_.current().hapticFeedbackEnabled; },
           .displayTitle = [this](const PieMenuItem& item) { return titles_.title(item); },
           .isAvailable = [this](const PieMenuItem& item) { return titles_.isAvailable(item); },
-          .emptyMenuText = [this] { return std::string(localization_.text(StringKey::ringMenuEmpty)); }};
+          .emptyMenuText = [this] { return std::string(localization_.text(StringKey::ringMenuEmpty)); },
+          .spokenItem = [this](const SpokenItem& item) { return spokenItem(localization_, item); }};
 }
 
 MenuSwitchboard::Services Program::switchboardServices() {

@@ -32,6 +32,18 @@ std::string LocalizationStore::text(StringKey key, std::string_view first, std::
   return result;
 }
 
+std::string LocalizationStore::spoken(StringKey key, std::initializer_list<std::string_view> arguments) const {
+  std::string result(text(key));
+  std::size_t from = 0;
+  for (const std::string_view argument : arguments) {
+    const auto position = result.find(kPlaceholder, from);
+    if (position == std::string::npos) break;
+    result.replace(position, kPlaceholder.size(), argument);
+    from = position + argument.size();
+  }
+  return result;
+}
+
 std::size_t LocalizationStore::fillIn(std::string& text, std::size_t from, std::string_view argument) const {
   const auto position = text.find(kPlaceholder, from);
   if (position == std::string::npos) return from;

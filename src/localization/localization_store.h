@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
@@ -26,6 +27,9 @@ class LocalizationStore {
   std::string text(StringKey key, std::string_view argument) const;
   /// For a text with two of them.
   std::string text(StringKey key, std::string_view first, std::string_view second) const;
+  /// For speech: with as many arguments as the text has placeholders, and without marks of direction, which would be
+  /// read out.
+  std::string spoken(StringKey key, std::initializer_list<std::string_view> arguments) const;
 
  private:
   /// Replaces the next placeholder from that position on; the position behind the argument.

@@ -403,6 +403,9 @@ enum class StringKey {
 
   /// In the hub of a menu without items.
   ringMenuEmpty,
+  /// What a screen reader says of the open ring.
+  spokenItem,     // %@ three times: the title, its position, the number of items
+  spokenItemKey,  // %@ twice: the text above, and the item's key
   /// Names the paste shortcut as "Command+V" in every language.
   snippetHint,
   importRefused,

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "doubles/value_at.h"
+#include "platform/announcer.h"
 #include "platform/application_icons.h"
 #include "platform/haptics.h"
 #include "platform/random_source.h"
@@ -21,6 +22,16 @@ class FakeHaptics final : public Haptics {
 
   bool hasDevice = true;
   std::vector<HapticPattern> performed;
+};
+
+class FakeAnnouncer final : public Announcer {
+ public:
+  bool hasListeners() const override { return isHeard; }
+  void announce(std::string sentence) override { said.push_back("“" + sentence + "”"); }
+  void withdraw() override { said.emplace_back("withdrawn"); }
+
+  bool isHeard = false;
+  std::vector<std::string> said;
 };
 
 class FakeTrackpads final : public Trackpads {

@@ -48,6 +48,7 @@ struct FakePlatform {
   /// Hot keys and event monitors.
   FakeKeyboard keyboard{[this] { return overlay.holdsKeyboard(); }};
   FakeHaptics haptics;
+  FakeAnnouncer announcer;
   FakeTrackpads trackpads;
   FakeMultitouch multitouch;
   FakeStatusBar statusBar;

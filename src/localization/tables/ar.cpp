@@ -298,6 +298,8 @@ constexpr StringTable kArabicStrings = completeTable({
     {StringKey::iconPickerImageFile, "ملف صورة…"},
     {StringKey::iconPickerNone, "بلا أيقونة"},
     {StringKey::ringMenuEmpty, "هذه القائمة فارغة"},
+    {StringKey::spokenItem, "%@، %@ من %@"},
+    {StringKey::spokenItemKey, "%@، المفتاح %@"},
     {StringKey::snippetHint, "يُنسخ النص إلى الحافظة. الصقه يدويًا باستخدام Command+V."},
     {StringKey::menusSearch, "البحث في القوائم والعناصر"},
     {StringKey::menusHeading, "القوائم"},

@@ -305,6 +305,8 @@ constexpr StringTable kBengaliStrings = completeTable({
     {StringKey::iconPickerImageFile, "ছবির ফাইল…"},
     {StringKey::iconPickerNone, "কোনো আইকন নয়"},
     {StringKey::ringMenuEmpty, "এই মেনুটি খালি"},
+    {StringKey::spokenItem, "%@, ক্রম %@, মোট %@"},
+    {StringKey::spokenItemKey, "%@, কী %@"},
     {StringKey::snippetHint, "লেখাটি ক্লিপবোর্ডে কপি হয়। Command+V দিয়ে নিজে পেস্ট করুন।"},
     {StringKey::menusSearch, "মেনু ও আইটেম খুঁজুন"},
     {StringKey::menusHeading, "মেনু"},

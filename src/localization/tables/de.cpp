@@ -335,6 +335,8 @@ constexpr StringTable kGermanStrings = completeTable({
     {StringKey::iconPickerImageFile, "Bilddatei…"},
     {StringKey::iconPickerNone, "Kein Symbol"},
     {StringKey::ringMenuEmpty, "Dieses Menü ist leer"},
+    {StringKey::spokenItem, "%@, %@ von %@"},
+    {StringKey::spokenItemKey, "%@, Taste %@"},
     {StringKey::snippetHint, "Der Text wird in die Zwischenablage kopiert. Fügen Sie ihn mit Command+V selbst ein."},
     {StringKey::menusSearch, "Menüs und Einträge suchen"},
     {StringKey::menusHeading, "Menüs"},

@@ -315,6 +315,8 @@ constexpr StringTable kEnglishStrings = completeTable({
     {StringKey::iconPickerImageFile, "Image file…"},
     {StringKey::iconPickerNone, "No icon"},
     {StringKey::ringMenuEmpty, "This menu is empty"},
+    {StringKey::spokenItem, "%@, %@ of %@"},
+    {StringKey::spokenItemKey, "%@, key %@"},
     {StringKey::snippetHint, "Text is copied to the clipboard. Paste it manually with Command+V."},
     {StringKey::menusSearch, "Search menus and items"},
     {StringKey::menusHeading, "Menus"},

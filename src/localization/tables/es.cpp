@@ -323,6 +323,8 @@ constexpr StringTable kSpanishStrings = completeTable({
     {StringKey::iconPickerImageFile, "Archivo de imagen…"},
     {StringKey::iconPickerNone, "Sin icono"},
     {StringKey::ringMenuEmpty, "Este menú está vacío"},
+    {StringKey::spokenItem, "%@, %@ de %@"},
+    {StringKey::spokenItemKey, "%@, tecla %@"},
     {StringKey::snippetHint, "El texto se copia al portapapeles. Péguelo manualmente con Command+V."},
     {StringKey::menusSearch, "Buscar menús y elementos"},
     {StringKey::menusHeading, "Menús"},

@@ -331,6 +331,8 @@ constexpr StringTable kFrenchStrings = completeTable({
     {StringKey::iconPickerImageFile, "Fichier image…"},
     {StringKey::iconPickerNone, "Aucune icône"},
     {StringKey::ringMenuEmpty, "Ce menu est vide"},
+    {StringKey::spokenItem, "%@, %@ sur %@"},
+    {StringKey::spokenItemKey, "%@, touche %@"},
     {StringKey::snippetHint, "Le texte est copié dans le presse-papiers. Collez-le manuellement avec Command+V."},
     {StringKey::menusSearch, "Rechercher menus et éléments"},
     {StringKey::menusHeading, "Vos menus"},

@@ -300,6 +300,8 @@ constexpr StringTable kHindiStrings = completeTable({
     {StringKey::iconPickerImageFile, "चित्र फ़ाइल…"},
     {StringKey::iconPickerNone, "कोई आइकन नहीं"},
     {StringKey::ringMenuEmpty, "यह मेनू खाली है"},
+    {StringKey::spokenItem, "%@, क्रम %@, कुल %@"},
+    {StringKey::spokenItemKey, "%@, कुंजी %@"},
     {StringKey::snippetHint, "टेक्स्ट क्लिपबोर्ड पर कॉपी होता है। इसे Command+V से ख़ुद पेस्ट करें।"},
     {StringKey::menusSearch, "मेनू और आइटम खोजें"},
     {StringKey::menusHeading, "मेनू"},

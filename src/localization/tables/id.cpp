@@ -323,6 +323,8 @@ constexpr StringTable kIndonesianStrings = completeTable({
     {StringKey::iconPickerImageFile, "Berkas gambar…"},
     {StringKey::iconPickerNone, "Tanpa ikon"},
     {StringKey::ringMenuEmpty, "Menu ini kosong"},
+    {StringKey::spokenItem, "%@, %@ dari %@"},
+    {StringKey::spokenItemKey, "%@, tombol %@"},
     {StringKey::snippetHint, "Teks disalin ke papan klip. Tempelkan sendiri dengan Command+V."},
     {StringKey::menusSearch, "Cari menu dan butir"},
     {StringKey::menusHeading, "Menu"},

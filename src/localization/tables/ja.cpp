@@ -320,6 +320,8 @@ constexpr StringTable kJapaneseStrings = completeTable({
     {StringKey::iconPickerImageFile, "画像ファイル…"},
     {StringKey::iconPickerNone, "アイコンなし"},
     {StringKey::ringMenuEmpty, "このメニューは空です"},
+    {StringKey::spokenItem, "%@、%@番目、全%@項目"},
+    {StringKey::spokenItemKey, "%@、キー %@"},
     {StringKey::snippetHint, "テキストをクリップボードにコピーします。Command+V で貼り付けてください。"},
     {StringKey::menusSearch, "メニューと項目を検索"},
     {StringKey::menusHeading, "メニュー"},

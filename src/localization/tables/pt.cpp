@@ -321,6 +321,8 @@ constexpr StringTable kPortugueseStrings = completeTable({
     {StringKey::iconPickerImageFile, "Arquivo de imagem…"},
     {StringKey::iconPickerNone, "Nenhum ícone"},
     {StringKey::ringMenuEmpty, "Este menu está vazio"},
+    {StringKey::spokenItem, "%@, %@ de %@"},
+    {StringKey::spokenItemKey, "%@, tecla %@"},
     {StringKey::snippetHint, "O texto é copiado para a área de transferência. Cole-o manualmente com Command+V."},
     {StringKey::menusSearch, "Buscar menus e itens"},
     {StringKey::menusHeading, "Seus menus"},

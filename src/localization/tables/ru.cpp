@@ -320,6 +320,8 @@ constexpr StringTable kRussianStrings = completeTable({
     {StringKey::iconPickerImageFile, "Файл изображения…"},
     {StringKey::iconPickerNone, "Без значка"},
     {StringKey::ringMenuEmpty, "В этом меню пусто"},
+    {StringKey::spokenItem, "%@, %@ из %@"},
+    {StringKey::spokenItemKey, "%@, клавиша %@"},
     {StringKey::snippetHint, "Текст копируется в буфер обмена. Вставьте его вручную сочетанием Command+V."},
     {StringKey::menusSearch, "Поиск меню и элементов"},
     {StringKey::menusHeading, "Меню"},

@@ -314,6 +314,8 @@ constexpr StringTable kUrduStrings = completeTable({
     {StringKey::iconPickerImageFile, "تصویری فائل…"},
     {StringKey::iconPickerNone, "کوئی آئیکن نہیں"},
     {StringKey::ringMenuEmpty, "یہ مینو خالی ہے"},
+    {StringKey::spokenItem, "%@، نمبر %@، کل %@"},
+    {StringKey::spokenItemKey, "%@، کلید %@"},
     {StringKey::snippetHint, "متن کلپ بورڈ پر کاپی ہوتا ہے۔ اسے Command+V سے خود پیسٹ کریں۔"},
     {StringKey::menusSearch, "مینو اور آئٹم تلاش کریں"},
     {StringKey::menusHeading, "مینو"},

@@ -288,6 +288,8 @@ constexpr StringTable kChineseStrings = completeTable({
     {StringKey::iconPickerImageFile, "图片文件…"},
     {StringKey::iconPickerNone, "无图标"},
     {StringKey::ringMenuEmpty, "此菜单为空"},
+    {StringKey::spokenItem, "%@，第 %@ 项，共 %@ 项"},
+    {StringKey::spokenItemKey, "%@，按键 %@"},
     {StringKey::snippetHint, "文本会复制到剪贴板。请按 Command+V 手动粘贴。"},
     {StringKey::menusSearch, "搜索菜单和项目"},
     {StringKey::menusHeading, "菜单"},

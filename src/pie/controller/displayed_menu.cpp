@@ -11,6 +11,7 @@ DisplayedMenu DisplayedMenu::make(const PieMenu& menu, std::optional<std::vector
   DisplayedMenu displayed;
   double rotationDegrees = menu.rotationDegrees;
   displayed.menuId = menu.id;
+  displayed.kind = menu.kind;
   if (appCommands) {
     displayed.items = std::move(appCommands->items);
     displayed.commands = std::move(appCommands->commands);

@@ -28,6 +28,7 @@ struct AppCommands {
 /// they are equal.
 struct DisplayedMenu {
   std::optional<Uuid> menuId;
+  PieMenuKind kind = PieMenuKind::standard;
   /// In ring order.
   std::vector<PieMenuItem> items;
   /// Of an application-commands menu: the command behind each item.

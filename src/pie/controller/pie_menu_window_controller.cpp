@@ -57,7 +57,8 @@ PieMenuWindowController::PieMenuWindowController(const Ports& ports, Environment
     : ports_(ports),
       environment_(std::move(environment)),
       modifierRelease_(ports.eventMonitors, ports.mainQueue, [this] { return isVisible(); }),
-      idle_(ports.mainQueue, ports.clock) {}
+      idle_(ports.mainQueue, ports.clock),
+      announcements_(ports.announcer, ports.mainQueue, [this](std::size_t index) { return spokenItem(index); }) {}
 
 PieMenuWindowController::~PieMenuWindowController() { tearDown(); }
 
@@ -69,6 +70,7 @@ void PieMenuWindowController::show(const PieMenu& menu, std::optional<std::vecto
   const std::optional<Screen> screen = screenAt(ports_.screens, pointer);
   displayed_ = DisplayedMenu::make(menu, std::move(itemsOverride), std::move(appCommands), maxRadius(screen));
   displayed_.visibleSide = visibleSide(ports_.screens, pointer, displayed_.layout.hubRadius());
+  announceOpening(menu);
   makePanel(menu, pointer);
   visibleFrame_ = screen ? screen->visibleFrame : window_->frame();
   restingPlace_ = pointer;
@@ -104,7 +106,7 @@ Picture PieMenuWindowController::picture(const PieMenu& menu, const DisplayedMen
        displayTitles(displayed.items),
        displayed.shortcutLabels.labels(),
        {displayed.application, isEmpty && emptyText ? emptyText() : menu.name, isEmpty, displayed.visibleSide},
-       dimmedItems(menu, displayed),
+       dimmedItems(displayed),
        notes(displayed)});
 }
 
@@ -137,20 +139,38 @@ void PieMenuWindowController::wireView() {
 std::vector<std::string> PieMenuWindowController::displayTitles(const std::vector<PieMenuItem>& items) const {
   std::vector<std::string> titles;
   titles.reserve(items.size());
-  for (const PieMenuItem& item : items) {
-    titles.push_back(environment_.displayTitle ? environment_.displayTitle(item) : item.title);
-  }
+  for (const PieMenuItem& item : items) titles.push_back(displayTitle(item));
   return titles;
 }
 
-std::vector<bool> PieMenuWindowController::dimmedItems(const PieMenu& menu, const DisplayedMenu& displayed) const {
+std::string PieMenuWindowController::displayTitle(const PieMenuItem& item) const {
+  return environment_.displayTitle ? environment_.displayTitle(item) : item.title;
+}
+
+std::vector<bool> PieMenuWindowController::dimmedItems(const DisplayedMenu& displayed) const {
   std::vector<bool> dimmed;
-  if (displayed.commands) {
-    for (const PieSubAction& command : *displayed.commands) dimmed.push_back(!command.isAvailable);
-  } else if (environment_.isAvailable && menu.kind == PieMenuKind::standard) {
-    for (const PieMenuItem& item : displayed.items) dimmed.push_back(!environment_.isAvailable(item));
-  }
+  for (std::size_t i = 0; i < displayed.items.size(); ++i) dimmed.push_back(!isAvailable(displayed, i));
   return dimmed;
+}
+
+bool PieMenuWindowController::isAvailable(const DisplayedMenu& displayed, std::size_t index) const {
+  if (displayed.commands) return (*displayed.commands)[index].isAvailable;
+  if (!environment_.isAvailable || displayed.kind != PieMenuKind::standard) return true;
+  return environment_.isAvailable(displayed.items[index]);
+}
+
+void PieMenuWindowController::announceOpening(const PieMenu& menu) {
+  if (!announcements_.hasListeners()) return;
+  std::string text = menu.name;
+  if (displayed_.items.empty() && environment_.emptyMenuText) text += kSpokenPause + environment_.emptyMenuText();
+  announcements_.opened(std::move(text));
+}
+
+std::string PieMenuWindowController::spokenItem(std::size_t index) const {
+  SpokenItem item{displayTitle(displayed_.items[index]), index + 1, displayed_.items.size(),
+                  displayed_.shortcutLabels.labels()[index], isAvailable(displayed_, index)};
+  if (displayed_.commands) item.note = (*displayed_.commands)[index].note;
+  return environment_.spokenItem ? environment_.spokenItem(item) : item.title;
 }
 
 void PieMenuWindowController::installMonitors() {
@@ -172,6 +192,7 @@ void PieMenuWindowController::tearDown() {
   modifierRelease_.disarm();
   chordNavigation_.end();
   idle_.end();
+  announcements_.closed();
   localMonitor_.reset();
   modifierMonitor_.reset();
   screenParamsObserver_.reset();
@@ -225,8 +246,10 @@ void PieMenuWindowController::pointerHovered(std::optional<std::size_t> index) {
 void PieMenuWindowController::highlightChanged() {
   if (!window_) return;
   window_->showHighlight();
-  const auto index = highlightState_->highlightedIndex();
-  if (onHoverChanged) onHoverChanged(index && *index < displayed_.items.size() ? &displayed_.items[*index] : nullptr);
+  auto index = highlightState_->highlightedIndex();
+  if (index && *index >= displayed_.items.size()) index.reset();
+  announcements_.highlighted(index);
+  if (onHoverChanged) onHoverChanged(index ? &displayed_.items[*index] : nullptr);
 }
 
 std::optional<PreviewSurroundings> PieMenuWindowController::highlightedSurroundings() const {

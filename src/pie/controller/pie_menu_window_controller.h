@@ -20,6 +20,8 @@
 #include "pie/controller/pie_menu_highlight_state.h"
 #include "pie/controller/pie_menu_selection.h"
 #include "pie/controller/preview_place.h"
+#include "pie/controller/ring_announcements.h"
+#include "platform/announcer.h"
 #include "platform/clock.h"
 #include "platform/event_monitors.h"
 #include "platform/haptics.h"
@@ -45,6 +47,7 @@ class PieMenuWindowController {
     EventMonitors& eventMonitors;
     MainQueue& mainQueue;
     Clock& clock;
+    Announcer& announcer;
   };
 
   /// Every function may be empty.
@@ -56,6 +59,8 @@ class PieMenuWindowController {
     std::function<bool(const PieMenuItem&)> isAvailable = {};
     /// What the hub says of a menu without items; empty: the menu's name.
     std::function<std::string()> emptyMenuText = {};
+    /// What is announced of a highlighted item; empty: its title.
+    std::function<std::string(const SpokenItem&)> spokenItem = {};
   };
 
   using AppCommands = rondora::AppCommands;
@@ -119,7 +124,11 @@ class PieMenuWindowController {
  private:
   Picture picture(const PieMenu& menu, const DisplayedMenu& displayed) const;
   std::vector<std::string> displayTitles(const std::vector<PieMenuItem>& items) const;
-  std::vector<bool> dimmedItems(const PieMenu& menu, const DisplayedMenu& displayed) const;
+  std::string displayTitle(const PieMenuItem& item) const;
+  std::vector<bool> dimmedItems(const DisplayedMenu& displayed) const;
+  bool isAvailable(const DisplayedMenu& displayed, std::size_t index) const;
+  void announceOpening(const PieMenu& menu);
+  std::string spokenItem(std::size_t index) const;
   void makePanel(const PieMenu& menu, Point center);
   void wireView();
   void installMonitors();
@@ -142,6 +151,7 @@ class PieMenuWindowController {
   ModifierReleaseWatch modifierRelease_;
   IdleWatch idle_;
   ChordNavigation chordNavigation_;
+  RingAnnouncements announcements_;
   Point showMouseLocation_;
   /// Where the menu opened or the highlight was last stepped. The pointer does not set the highlight until it leaves
   /// this place.

@@ -30,6 +30,7 @@ Platform ProgramTest::platform() {
           .trackpads = desktop.trackpads,
           .multitouch = desktop.multitouch,
           .overlayPanels = desktop.overlay,
+          .announcer = desktop.announcer,
           .statusBar = desktop.statusBar,
           .windows = desktop.windows,
           .fileChooser = desktop.fileChooser,

@@ -50,6 +50,10 @@ const std::set<std::pair<AppLanguage, StringKey>> kSharedOnPurpose = {
     {AppLanguage::french, StringKey::colorOrange},
     {AppLanguage::spanish, StringKey::iconPickerSymbols},  // "Símbolos" in both
     {AppLanguage::portuguese, StringKey::iconPickerSymbols},
+    {AppLanguage::spanish, StringKey::spokenItem},  // "de" in both
+    {AppLanguage::portuguese, StringKey::spokenItem},
+    {AppLanguage::spanish, StringKey::spokenItemKey},  // "tecla" in both
+    {AppLanguage::portuguese, StringKey::spokenItemKey},
 };
 
 std::string_view textOf(AppLanguage language, std::size_t key) { return stringTable(language)[key]; }

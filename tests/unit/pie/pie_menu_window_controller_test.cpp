@@ -49,7 +49,7 @@ struct Overlay {
   }
   PieMenuWindowController::Ports ports() {
     return {desktop.overlay,  desktop.screens, desktop.overlay, desktop.haptics,
-            desktop.keyboard, desktop.time,    desktop.time};
+            desktop.keyboard, desktop.time,    desktop.time,    desktop.announcer};
   }
   void show(std::optional<HotkeyConfig> chord = std::nullopt) { controller->show(menu, std::nullopt, chord, {}); }
   const PanelRecord& panel() const { return *desktop.overlay.panels.back(); }
@@ -66,7 +66,9 @@ struct Overlay {
   bool haptics = true;
   std::unique_ptr<PieMenuWindowController> controller = std::make_unique<PieMenuWindowController>(
       ports(), PieMenuWindowController::Environment{[this] { return haptics; },
-                                                    [](const PieMenuItem& item) { return "<" + item.title + ">"; }});
+                                                    [](const PieMenuItem& item) { return "<" + item.title + ">"; },
+                                                    {},
+                                                    [] { return "empty"; }});
 };
 
 class OverlayTest : public testing::Test, protected Overlay {};
@@ -113,6 +115,7 @@ struct OverlayStory : Overlay, Story {
         {"refuse-grab", [this](W) { desktop.overlay.refusesGrab = true; }},
         {"no-haptics", [this](W) { haptics = false; }},
         {"items", [this](W w) { menu.items = makeItems(std::stoul(w.at(0))); }},
+        {"name", [this](W w) { menu.name = w.at(0); }},
         {"kind", [this](W w) { menu.kind = *pieMenuKindFromRawValue(w.at(0)); }},
         {"open", [this](W w) { show(w.empty() ? std::nullopt : std::optional(chord(w[0]))); }},
         {"commands",
@@ -126,12 +129,14 @@ struct OverlayStory : Overlay, Story {
         {"arm", [this](W w) { arm(chord(w.at(0))); }},
         {"send", [this](W w) { send(keyCode(w.at(0)), flagsOf(joined(w))); }},
         {"match", [this](W w) { match(w); }},
+        {"reader", [this](W w) { desktop.announcer.isHeard = w.at(0) == "on"; }},
     };
     observations = {
         {"highlight", [this] { return highlight(); }},
         {"command", [this] { return std::get<PieSubAction>(*controller->currentSelection()).title; }},
         {"reports", [this] { return joined(std::exchange(reports, {})); }},
         {"hovers", [this] { return joined(std::exchange(hovers, {})); }},
+        {"said", [this] { return joined(std::exchange(desktop.announcer.said, {})); }},
         {"consumed", [this] { return yesOrNo(consumed); }},
         {"chooses", [this] { return matched ? std::to_string(*matched) : "none"; }},
         {"ticks", [this] { return std::to_string(desktop.haptics.performed.size()); }},
