@@ -45,7 +45,7 @@ class MenuPublishing::Worker {
  public:
   void switchBus(bool on) {
     if (!on) {
-      if (std::exchange(isOnBecauseOfUs_, false)) setEnabled(false);
+      if (std::exchange(isOnBecauseOfUs_, false) && !hasListeners()) setEnabled(false);
       return;
     }
     // The first request may have to start the service.
@@ -92,6 +92,19 @@ class MenuPublishing::Worker {
     batch.call(accessibilityService(), kGet, take, "ss", kStatus, kIsEnabled);
     batch.run();
     return isEnabled;
+  }
+
+  /// A screen reader that came meanwhile needs the switch, too, and found no reason to set it.
+  bool hasListeners() {
+    bool hasAny = false;
+    CallBatch batch(accessibilityBus_, kMaxRequestSeconds);
+    const auto take = [&](sd_bus_message& reply) {
+      hasAny = sd_bus_message_enter_container(&reply, 'a', "(ss)") > 0 && sd_bus_message_at_end(&reply, 0) == 0;
+    };
+    batch.call({"org.a11y.atspi.Registry", "/org/a11y/atspi/registry"},
+               {"org.a11y.atspi.Registry", "GetRegisteredEvents"}, take);
+    batch.run();
+    return hasAny;
   }
 
   void setEnabled(bool isEnabled) {

@@ -21,8 +21,8 @@ class MenuPublishing {
   /// Waits for the queue.
   ~MenuPublishing();
 
-  /// Switches the accessibility bus on, and off again when it was off before. Applications of some toolkits publish
-  /// menus only when they start after that.
+  /// Switches the accessibility bus on, and off again when it was off before and no screen reader listens. Applications
+  /// of some toolkits publish menus only when they start after that.
   void want(bool wants);
   /// The names of running applications that publish nothing until they are started anew, as of the last call, which
   /// begins another look. Never waits.
