@@ -80,8 +80,10 @@ void AppDelegate::applicationDidFinishLaunching() {
   services_.shell.setShouldTerminateAfterLastWindowClosed(
       weakSelf_.bind([](AppDelegate& self) { return self.applicationShouldTerminateAfterLastWindowClosed(); }));
   statusMenu_->setupStatusBar();
-  triggers_.onHotkeysChanged =
-      weakSelf_.bind([](AppDelegate& self) { self.statusMenu_->showHotkeys(self.services_.workingHotkeys()); });
+  triggers_.onHotkeysChanged = weakSelf_.bind([](AppDelegate& self) {
+    self.statusMenu_->showHotkeys(self.services_.workingHotkeys());
+    self.services_.hotkeysChanged();
+  });
   setupTriggers();
   observeChanges();
   services_.mainQueue.async(weakSelf_.bind([](AppDelegate& self) { self.presentFirstWindows(); }));

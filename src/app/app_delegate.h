@@ -74,6 +74,8 @@ class AppDelegate {
 
     /// The menus that their hotkeys open, a line for each.
     std::function<std::string()> workingHotkeys;
+    /// Called when hotkeys have been registered.
+    std::function<void()> hotkeysChanged;
     /// Called with the reason why the user cannot see the status item, nothing when it is visible, once one of them is
     /// known and at each evaluation after that.
     std::function<void(const std::optional<std::string>&)> publishStatusItemProblem;

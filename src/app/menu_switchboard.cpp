@@ -26,10 +26,12 @@ void MenuSwitchboard::wirePieMenu() {
   pieMenuWindow_.onItemSelected = weakSelf_.bind([](MenuSwitchboard& self, const PieMenuItem& item) {
     self.pieMenuWindow_.hide();
     self.restoreAndExecute(item);
+    self.services_.chosen();
   });
   pieMenuWindow_.onCommandSelected = weakSelf_.bind([](MenuSwitchboard& self, const PieSubAction& subAction) {
     self.pieMenuWindow_.hide();
     self.perform(subAction);
+    self.services_.chosen();
   });
   pieMenuWindow_.onHoverChanged =
       weakSelf_.bind([](MenuSwitchboard& self, const PieMenuItem* item) { self.updateSnippetPreview(item); });
@@ -116,6 +118,7 @@ void MenuSwitchboard::show(const PieMenu& menu, const HotkeyConfig& triggerHotke
       weakSelf_.bind([triggerHotkey](MenuSwitchboard& self) { return self.holdsAnyKeyOf(triggerHotkey); }));
   const bool releaseChooses = triggerHotkey.hasModifiers() && triggerModifiers_ == ModifierHold::held;
   if (releaseChooses) armModifierReleaseDismissal(triggerHotkey);
+  if (isMenuVisible()) services_.opened();
 }
 
 std::optional<std::vector<PieMenuItem>> MenuSwitchboard::itemsOverride(const PieMenu& menu) const {
@@ -154,8 +157,12 @@ void MenuSwitchboard::handleClickModeModifierChordReleased() {
   pieMenuWindow_.hide();
   if (!selection && services_.clock.uptime() - shownAt_ <= kTapTime) services_.tapped();
   if (!selection) return restorePreviousApp();
-  if (const auto* item = std::get_if<PieMenuItem>(&*selection)) return restoreAndExecute(*item);
-  perform(std::get<PieSubAction>(*selection));
+  if (const auto* item = std::get_if<PieMenuItem>(&*selection)) {
+    restoreAndExecute(*item);
+  } else {
+    perform(std::get<PieSubAction>(*selection));
+  }
+  services_.chosen();
 }
 
 bool MenuSwitchboard::cancelPendingAppCommands(const Candidates& candidates) {

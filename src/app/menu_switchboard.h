@@ -55,8 +55,12 @@ class MenuSwitchboard {
     std::function<std::string()> snippetHint;
     /// Called when the action of an item of that menu has worked or failed.
     std::function<void(const PieMenuItem&, const Uuid& menuId, const std::optional<ActionFailure>&)> actionEnded;
+    /// Called when a ring has opened.
+    std::function<void()> opened;
     /// Called when a ring closed at once because its keys were tapped, not held.
     std::function<void()> tapped;
+    /// Called when the user has chosen an item or a command of a ring.
+    std::function<void()> chosen;
   };
 
   explicit MenuSwitchboard(const Services& services);

@@ -1,5 +1,7 @@
 #include "app/program.h"
 
+#include <algorithm>
+#include <functional>
 #include <limits>
 #include <utility>
 
@@ -33,6 +35,7 @@ Program::Program(const Platform& platform)
       report_(localization_, platform.modifierNames),
       documentFindings_({config_, keptDocuments_, platform.defaults, platform.workspace, localization_,
                          [this] { return favicons_.problem(); }}),
+      welcome_(welcomeServices()),
       pieMenuWindow_(ringPorts(), ringEnvironment()),
       switchboard_(switchboardServices()),
       nativeAppSwitcher_(platform.symbolicHotKeySwitch),
@@ -169,7 +172,13 @@ MenuSwitchboard::Services Program::switchboardServices() {
           .snippetHint = [this] { return snippetHint(localization_, platform_.pasteKeys); },
           .actionEnded = [this](const auto& item, const Uuid& menu,
                                 const auto& failure) { actionEnded(item, menu, failure); },
-          .tapped = [this] { delegate_.remindToHold(); }};
+          .opened = [this] { welcome_.ringOpened(); },
+          .tapped =
+              [this] {
+                welcome_.ringWasTapped();
+                delegate_.remindToHold();
+              },
+          .chosen = [this] { welcome_.itemChosen(); }};
 }
 
 AppDelegate::Services Program::delegateServices() {
@@ -198,6 +207,7 @@ AppDelegate::Services Program::delegateServices() {
           .switchboard = switchboard_,
           .nativeAppSwitcher = nativeAppSwitcher_,
           .workingHotkeys = [this] { return listOfWorkingHotkeys(); },
+          .hotkeysChanged = [this] { welcome_.refresh(); },
           .publishStatusItemProblem = [this](const auto& problem) { statusItemEvaluated(problem); }};
 }
 
@@ -289,16 +299,43 @@ void Program::statusItemEvaluated(const std::optional<std::string>& problem) {
   showsStatusItem_ = !problem;
 }
 
-/// The hotkey of the first menu that its hotkey opens; empty when there is none.
-std::string Program::firstHotkey() const {
+/// The first menu that its hotkey opens; null when there is none.
+const PieMenu* Program::menuWithHotkey() const {
   const HotkeyManager* manager = delegate_.hotkeyManager();
-  const PieMenu* menu = manager == nullptr ? nullptr : firstMenuWithWorkingHotkey(config_.current().menus, *manager);
-  return menu == nullptr ? "" : displayString(menu->hotkey, localization_.language(), platform_.modifierNames);
+  return manager == nullptr ? nullptr : firstMenuWithWorkingHotkey(config_.current().menus, *manager);
+}
+
+/// The menu that a new user is to meet first, with a hotkey if one has any; null when all are switched off.
+const PieMenu* Program::firstMenu() const {
+  const auto& menus = config_.current().menus;
+  auto found = std::find_if(menus.begin(), menus.end(), [](const PieMenu& menu) { return menu.hasLiveHotkey(); });
+  if (found == menus.end()) found = std::find_if(menus.begin(), menus.end(), std::mem_fn(&PieMenu::isEnabled));
+  return found == menus.end() ? nullptr : &*found;
+}
+
+Welcome::Services Program::welcomeServices() {
+  return {.localization = localization_,
+          .documentPath = config_.configURL().string(),
+          .facts = [this]() -> Welcome::Facts {
+            const PieMenu* menu = menuWithHotkey();
+            return {
+                menu == nullptr ? "" : displayString(menu->hotkey, localization_.language(), platform_.modifierNames),
+                menu == firstMenu() && !isWaylandSession(platform_.environment)};
+          },
+          .openRing =
+              [this] {
+                if (const PieMenu* menu = firstMenu()) delegate_.trigger(menu->id.string());
+              },
+          .chooseHotkey =
+              [this] {
+                if (const PieMenu* menu = firstMenu()) settings().navigation.openMenu(menu->id);
+                delegate_.openSettings();
+              }};
 }
 
 WindowContents Program::windowContents() {
   return {
-      .texts = [this] { return windowTexts(localization_, firstHotkey(), config_.configURL().string()); },
+      .texts = [this] { return windowTexts(localization_); },
       .onTextsChanged =
           [this](std::function<void()> observer) {
             return notifications_.addObserver(ConfigManager::kConfigurationDidChange, std::move(observer));
@@ -335,7 +372,8 @@ WindowContents Program::windowContents() {
             return rondora::watchFindings(
                 platform_.mainQueue, [this] { return failures(findings()); }, std::move(observer));
           },
-      .press = [this](const FindingButton& button) { documentFindings_.press(button); }};
+      .press = [this](const FindingButton& button) { documentFindings_.press(button); },
+      .welcome = &welcome_};
 }
 
 SessionFindings Program::findings() const {

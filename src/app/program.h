@@ -25,6 +25,7 @@
 #include "running_apps/running_apps_activation_history.h"
 #include "running_apps/running_apps_menu_items.h"
 #include "settings/document_findings.h"
+#include "settings/onboarding/welcome.h"
 #include "settings/window_contents.h"
 #include "storage/config_manager.h"
 #include "storage/edit_session.h"
@@ -84,7 +85,9 @@ class Program {
   std::string listOfWorkingHotkeys() const;
   void statusItemEvaluated(const std::optional<std::string>& problem);
   ConfigManager::Services configServices();
-  std::string firstHotkey() const;
+  Welcome::Services welcomeServices();
+  const PieMenu* menuWithHotkey() const;
+  const PieMenu* firstMenu() const;
   SessionFacts sessionFacts() const;
   SessionFindings findings() const;
   SessionFindings whatFailed() const;
@@ -118,6 +121,7 @@ class Program {
   Subscription faviconPrefetch_;
   SessionReport report_;
   DocumentFindings documentFindings_;
+  Welcome welcome_;
   std::optional<std::string> statusItemProblem_;
   /// Nothing while it is not known.
   std::optional<bool> showsStatusItem_;

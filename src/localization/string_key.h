@@ -16,6 +16,16 @@ enum class StringKey {
   onboardingHowToChoose,
   onboardingConfigurationFile,  // %@: its path
   onboardingGetStarted,
+  /// Steps for a user without a hotkey.
+  onboardingOpenWithButton,
+  onboardingPointAndClick,
+  onboardingOpenRing,
+  onboardingChooseHotkey,
+  /// Screen-reader names of the marks before the steps.
+  onboardingStepDone,
+  onboardingStepToDo,
+  onboardingDoneHeadline,
+  onboardingDoneText,
 
   settingsTitle,
   settingsConfigurationFile,

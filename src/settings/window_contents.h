@@ -7,6 +7,7 @@
 #include "base/observable.h"
 #include "model/app_language.h"
 #include "settings/findings_watch.h"
+#include "settings/onboarding/welcome.h"
 #include "settings/settings_models.h"
 
 namespace rondora {
@@ -66,16 +67,6 @@ struct WindowTexts {
   std::string fails;
   std::string quit;
   std::string close;
-
-  std::string onboardingTitle;
-  std::string onboardingHeadline;
-  std::string onboardingIntroduction;
-  /// How the ring is opened; `onboardingHotkey` is shown as key caps below it, its parts separated by "+".
-  std::string onboardingHowToOpen;
-  std::string onboardingHotkey;
-  std::string onboardingHowToChoose;
-  std::string onboardingWhereItLives;
-  std::string onboardingDone;
 };
 
 /// Contents of the windows, queried each time one is shown.
@@ -104,6 +95,8 @@ struct WindowContents {
   std::function<Subscription(FindingsObserver)> watchFailures;
   /// Carries out the command of a finding's button; the findings may change with it.
   std::function<void(const FindingButton&)> press;
+  /// Lives longer than the windows.
+  Welcome* welcome = nullptr;
 };
 
 }  // namespace rondora

@@ -2,8 +2,7 @@
 
 namespace rondora {
 
-WindowTexts windowTexts(const LocalizationStore& localization, const std::string& firstHotkey,
-                        const std::string& documentPath) {
+WindowTexts windowTexts(const LocalizationStore& localization) {
   const auto text = [&](StringKey key) { return std::string(localization.text(key)); };
   return {.settingsTitle = text(StringKey::settingsTitle),
           .settingsIntroduction = text(StringKey::onboardingWhatItIs),
@@ -20,15 +19,7 @@ WindowTexts windowTexts(const LocalizationStore& localization, const std::string
           .works = text(StringKey::sessionWorks),
           .fails = text(StringKey::sessionFails),
           .quit = text(StringKey::quit),
-          .close = text(StringKey::settingsClose),
-          .onboardingTitle = text(StringKey::onboardingTitle),
-          .onboardingHeadline = text(StringKey::onboardingGreeting),
-          .onboardingIntroduction = text(StringKey::onboardingWhatItIs),
-          .onboardingHowToOpen = localization.text(StringKey::onboardingHowToOpen, firstHotkey),
-          .onboardingHotkey = firstHotkey,
-          .onboardingHowToChoose = text(StringKey::onboardingHowToChoose),
-          .onboardingWhereItLives = localization.text(StringKey::onboardingConfigurationFile, documentPath),
-          .onboardingDone = text(StringKey::onboardingGetStarted)};
+          .close = text(StringKey::settingsClose)};
 }
 
 std::string snippetHint(const LocalizationStore& localization, std::string_view pasteKeys) {

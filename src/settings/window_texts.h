@@ -8,9 +8,7 @@
 
 namespace rondora {
 
-/// `firstHotkey` is the display text of the hotkey that a new user tries first; empty when no menu has one.
-WindowTexts windowTexts(const LocalizationStore& localization, const std::string& firstHotkey,
-                        const std::string& documentPath);
+WindowTexts windowTexts(const LocalizationStore& localization);
 
 /// The line below a snippet's preview. `pasteKeys` are the keys that paste on this system, such as "Ctrl+V".
 std::string snippetHint(const LocalizationStore& localization, std::string_view pasteKeys);

@@ -40,6 +40,18 @@ TEST_F(LifecycleTest, OtherHotkeysWorkUntilTheServerIsLost) {
   EXPECT_EQ(program_->logLines().size(), before + 1) << readFile(desktop_.logFile("rondora"));
 }
 
+TEST_F(LifecycleTest, WelcomeEndsWithReturnOnceARingHasBeenUsed) {
+  ASSERT_NO_FATAL_FAILURE(startWithIntroduction());
+  ASSERT_TRUE(waitForActive("Welcome to Rondora"));
+  client_.tap(key::enter);
+  expectRingWorks();
+  EXPECT_TRUE(introductionIsDue());
+  ASSERT_TRUE(waitForActive("Welcome to Rondora"));
+  client_.tap(key::enter);
+  EXPECT_TRUE(waitForSettings());
+  EXPECT_FALSE(introductionIsDue());
+}
+
 TEST_F(LifecycleTest, SignalsEndInOrderAndKeepTheIntroductionDue) {
   for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
     ASSERT_NO_FATAL_FAILURE(startWithIntroduction());

@@ -14,8 +14,8 @@
 #include <algorithm>
 #include <memory>
 
+#include "localization/localization_store.h"
 #include "platform/qt/qt_pasteboard.h"
-#include "settings/window_texts.h"
 #include "ui/qt/windows/qt_windows.h"
 
 namespace rondora {
@@ -44,16 +44,15 @@ void click(const QWidget& window, const QString& title) {
 
 class WindowsTest : public testing::Test {
  protected:
-  WindowsTest() {
-    texts.onboardingHeadline = "Hello";
-    texts.onboardingHotkey = "Ctrl+Alt+Space";
-    texts.onboardingDone = "Done";
-  }
-
   WindowTexts texts;
   SessionFindings findings{{true, "Hotkeys: 2", ""}};
   Signal<const SessionFindings&> findingsChanged;
   Signal<> textsChanged;
+  LocalizationStore store{AppLanguage::english};
+  Welcome::Facts facts{"Ctrl + Alt + Space", true};
+  std::string steps;
+  Welcome welcome{{store, "/home/user/.config/Rondora/config.json", [this] { return facts; },
+                   [this] { steps += "ring "; }, [this] { steps += "hotkey "; }}};
   QtWindows windows{[this] { return contents(); }, {}};
 
   WindowContents contents() {
@@ -72,7 +71,8 @@ class WindowsTest : public testing::Test {
             .login = {},
             .watchFindings = [this](auto observer) { return watch(observer); },
             .watchFailures = [this](auto observer) { return watch(observer); },
-            .press = {}};
+            .press = {},
+            .welcome = &welcome};
   }
   Subscription watch(const FindingsObserver& observer) {
     observer(findings);
@@ -84,33 +84,68 @@ TEST_F(WindowsTest, OnboardingFollowsTextsAndFindings) {
   const auto onboarding = windows.makeOnboardingWindow();
   onboarding->present([] {});
   QWidget* window = windowsUp().front();
-  texts.onboardingHeadline = "Alles Wichtige";
+  store.setLanguage(AppLanguage::german);
   findings = {{false, "Kein Infobereich", "Fügen Sie einen hinzu"}};
-  textsChanged.send();
+  welcome.refresh();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return shows(*window, "Alles Wichtige"); }));
   EXPECT_EQ(windowsUp(), QWidgetList{window});
-  EXPECT_TRUE(shows(*window, "Alles Wichtige") && shows(*window, "Fügen Sie einen hinzu"));
-  EXPECT_FALSE(shows(*window, "Hello") || shows(*window, "Hotkeys: 2"));
+  EXPECT_TRUE(shows(*window, "Fügen Sie einen hinzu"));
+  EXPECT_FALSE(shows(*window, "Everything") || shows(*window, "Hotkeys: 2"));
+}
+
+TEST_F(WindowsTest, OnboardingMarksStepsAndEndsWithItsDefaultButton) {
+  facts = {};
+  const auto onboarding = windows.makeOnboardingWindow();
+  int completions = 0;
+  onboarding->present([&] { ++completions; });
+  QWidget* window = windowsUp().front();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+  const auto marks = [&] {
+    std::string all;
+    for (const QLabel* label : window->findChildren<QLabel*>()) all += label->accessibleName().left(4).toStdString();
+    return all.substr(0, 8);
+  };
+  EXPECT_EQ(marks(), "To dTo d");
+  QTest::keyClick(window->focusWidget(), Qt::Key_Space);
+  QTest::keyClick(window->focusWidget(), Qt::Key_Tab);
+  QTest::keyClick(window->focusWidget(), Qt::Key_Space);
+  EXPECT_EQ(steps, "ring hotkey ");
+  auto* chooser = window->findChild<QComboBox*>();
+  chooser->setFocus();
+  welcome.ringOpened();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return marks() == "DoneTo d"; }));
+  EXPECT_EQ(window->focusWidget(), chooser);
+  welcome.itemChosen();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return marks() == "DoneDone"; }));
+  EXPECT_TRUE(shows(*window, "Well done!"));
+  QTest::keyClick(window->focusWidget(), Qt::Key_Return);
+  EXPECT_EQ(completions, 1);
 }
 
 TEST_F(WindowsTest, OnboardingFitsASmallScreenInEveryLanguage) {
   constexpr QSize kRoom(1280, 720 - 90);  // less a panel and a title bar
-  for (const AppLanguage each : kAppLanguages) {
-    const LocalizationStore store(each);
-    texts = windowTexts(store, "Ctrl + Alt + Space", "/home/user/.config/Rondora/config.json");
+  facts.isHotkeyReliable = false;
+  for (std::size_t i = 0; i < 2 * kAppLanguageCount; ++i) {
+    const AppLanguage each = kAppLanguages[i % kAppLanguageCount];
+    store.setLanguage(each);
+    if (i == kAppLanguageCount) welcome.ringOpened(), welcome.itemChosen();
     findings = {{false, std::string(store.text(StringKey::settingsNoTray)),
                  std::string(store.text(StringKey::sessionNoTrayRemedy))}};
     const auto onboarding = windows.makeOnboardingWindow();
     onboarding->present([] {});
     onboarding->remindToHold();
     const QWidget& window = *windowsUp().front();
+    const auto bars = window.findChildren<QScrollBar*>();
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+      return std::ranges::none_of(bars, [](const QScrollBar* bar) { return bar->isVisible(); });
+    })) << rawValue(each);
     EXPECT_EQ(window.size().boundedTo(kRoom), window.size()) << rawValue(each);
-    for (const QScrollBar* bar : window.findChildren<QScrollBar*>()) EXPECT_FALSE(bar->isVisible()) << rawValue(each);
   }
 }
 
 TEST_F(WindowsTest, OnboardingReportsItsEndOnceAndMayBeDestroyed) {
   const std::vector<std::function<void(OnboardingWindow&)>> ways = {
-      [](OnboardingWindow&) { click(*windowsUp().front(), "Done"); },
+      [](OnboardingWindow&) { click(*windowsUp().front(), "Close"); },
       [](OnboardingWindow&) { windowsUp().front()->close(); },
       [](OnboardingWindow& onboarding) { onboarding.close(); },
   };

@@ -144,8 +144,9 @@ TEST_F(RunningProgramTest, ChosenLanguageReachesDocumentMenusAndWindows) {
   launchWith({menu("main", {49, kControlOption})});
   WindowContents contents = program.windowContents();
   const WindowTexts english = contents.texts();
-  EXPECT_EQ(english.onboardingHotkey, "Ctrl + Alt + Space");
-  EXPECT_NE(english.onboardingWhereItLives.find(contents.documentPath), std::string::npos);
+  const WelcomeContents welcome = contents.welcome->contents();
+  EXPECT_EQ(welcome.hotkey, "Ctrl + Alt + Space");
+  EXPECT_NE(welcome.whereItLives.find(contents.documentPath), std::string::npos);
   int changes = 0;
   const Subscription observer = contents.onTextsChanged([&] { ++changes; });
 
@@ -157,6 +158,7 @@ TEST_F(RunningProgramTest, ChosenLanguageReachesDocumentMenusAndWindows) {
   const std::string settings(program.localization().text(StringKey::settings));
   const auto& entries = desktop.statusBar.items.back()->menu;
   EXPECT_NE(contents.texts().settingsTitle, english.settingsTitle);
+  EXPECT_NE(contents.welcome->contents().title, welcome.title);
   EXPECT_EQ(entries.at(0).title, settings);
   EXPECT_EQ(entries.at(2).title, program.localization().text(StringKey::quit));
   EXPECT_EQ(desktop.shell.mainMenu.front().title, settings);

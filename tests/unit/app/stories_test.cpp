@@ -133,6 +133,10 @@ class ProgramStory : public ProgramTest, public Story {
     for (const std::string& title : titles) commands.push_back({title, "", {}, {"File", title}, {}});
     return commands;
   }
+  static std::string nextStep(const WelcomeContents& welcome) {
+    EXPECT_EQ(welcome.isDone, welcome.steps[0].isDone && welcome.steps[1].isDone);
+    return welcome.steps[0].isNext ? "open" : welcome.steps[1].isNext ? "choose" : "done";
+  }
   std::string performed() const {
     Words words;
     for (const auto& [title, pid] : subActions.performed) words.push_back(title + "@" + applicationName(pid));
@@ -214,6 +218,9 @@ void ProgramStory::addActions() {
       {"screens", [this](W) { desktop.screens.change({}); }},
       {"activate", [this](W) { desktop.shell.becomeActive(); }},
       {"finish", [this](W) { desktop.windows.closeOnboarding(); }},
+      {"wayland", [this](W) { desktop.environment.variables["XDG_SESSION_TYPE"] = "wayland"; }},
+      {"open-with-button", [this](W) { program.windowContents().welcome->openRing(); }},
+      {"choose-hotkey", [this](W) { program.windowContents().welcome->chooseHotkey(); }},
       {"choose", [this](W w) { desktop.statusBar.choose(w[0] == "settings" ? 0 : 2); }},
       {"reopen", [this](W) { EXPECT_TRUE(program.delegate().applicationShouldHandleReopen(false)); }},
       {"icons", [this](W) { program.delegate().iconsChanged(); }},
@@ -242,6 +249,8 @@ void ProgramStory::addObservations() {
       {"performed", [this] { return performed(); }},
       {"prefetched", [this] { return applicationNames(subActions.prefetched); }},
       {"reminders", [this, count] { return count(desktop.windows.reminders); }},
+      {"welcome", [this] { return nextStep(program.windowContents().welcome->contents()); }},
+      {"welcome-buttons", [this] { return yesOrNo(!program.windowContents().welcome->contents().openRing.empty()); }},
       {"onboarding", [this] { return desktop.windows.isOnboardingUp ? "up" : "none"; }},
       {"settings", [this, count] { return count(desktop.windows.settingsShown); }},
       {"settings-windows", [this, count] { return count(desktop.windows.settingsWindowsMade); }},

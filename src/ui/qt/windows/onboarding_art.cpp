@@ -6,6 +6,8 @@
 #include <QStringList>
 #include <cmath>
 
+#include "ui/qt/painting/symbol_images.h"
+
 namespace rondora {
 
 namespace {
@@ -14,6 +16,10 @@ constexpr double kCapHeight = 30;
 constexpr double kCapPadding = 11;
 constexpr double kCapDistance = 8;
 constexpr double kCapRadius = 6;
+constexpr int kMarkSide = 22;
+constexpr double kMarkLine = 2;
+// A contrast of at least 3 : 1 on light and on dark windows (WCAG 2.1, 1.4.11).
+constexpr Color kDoneColor{0.14, 0.56, 0.25, 1};
 
 QPixmap transparentPixmap(QSizeF size, double devicePixelRatio) {
   QPixmap pixmap((size * devicePixelRatio).toSize());
@@ -52,6 +58,23 @@ QPixmap keyCapsPixmap(const QString& hotkey, const QPalette& palette, double dev
     paintCap(painter, {x, 0, capWidth(key), kCapHeight}, key, palette);
     x += capWidth(key) + kCapDistance;
   }
+  return pixmap;
+}
+
+QPixmap stepMarkPixmap(bool isDone, bool isNext, const QPalette& palette, double devicePixelRatio) {
+  QPixmap pixmap = transparentPixmap({kMarkSide, kMarkSide}, devicePixelRatio);
+  QPainter painter(&pixmap);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const QRectF whole(0, 0, kMarkSide, kMarkSide);
+  if (isDone) {
+    painter.drawImage(whole, symbolImage("checkmark.circle.fill", pixmap.width(), kDoneColor));
+    return pixmap;
+  }
+  QColor color = palette.color(QPalette::WindowText);
+  color.setAlphaF(isNext ? 1 : 0.5F);
+  painter.setPen(QPen(color, isNext ? 1.5 * kMarkLine : kMarkLine));
+  const double inset = kMarkLine;
+  painter.drawEllipse(whole.adjusted(inset, inset, -inset, -inset));
   return pixmap;
 }
 

@@ -1,6 +1,5 @@
 #include "ui/qt/windows/onboarding_window.h"
 
-#include <QComboBox>
 #include <QEvent>
 #include <QFrame>
 #include <QHBoxLayout>
@@ -18,7 +17,7 @@
 #include "ui/qt/painting/application_icon.h"
 #include "ui/qt/windows/findings_view.h"
 #include "ui/qt/windows/language_chooser.h"
-#include "ui/qt/windows/onboarding_art.h"
+#include "ui/qt/windows/welcome_steps.h"
 
 namespace rondora {
 
@@ -33,25 +32,10 @@ constexpr int kEmphasis = 6000;  // milliseconds
 /// For the frame that the window manager adds.
 constexpr QSize kFrameRoom(20, 60);
 
-QLabel* wrapped(const std::string& text) {
-  auto* label = new QLabel(toQString(text));
+QLabel* makeWrapped() {
+  auto* label = new QLabel;
   label->setTextFormat(Qt::PlainText);
   label->setWordWrap(true);
-  return label;
-}
-
-QLabel* headline(const std::string& text) {
-  QLabel* label = wrapped(text);
-  QFont font = label->font();
-  font.setPointSizeF(font.pointSizeF() * kHeadlineScale);
-  font.setWeight(QFont::DemiBold);
-  label->setFont(font);
-  return label;
-}
-
-QLabel* picture(const QPixmap& pixmap) {
-  auto* label = new QLabel;
-  label->setPixmap(pixmap);
   return label;
 }
 
@@ -72,24 +56,16 @@ class LayoutWatch : public QObject {
   std::function<void()> changed_;
 };
 
-QLayout* makeGreeting(const WindowTexts& texts, double devicePixelRatio) {
-  auto* row = new QHBoxLayout;
-  row->setSpacing(kMargin);
-  row->addWidget(picture(applicationPixmap(kIconSide, devicePixelRatio)), 0, Qt::AlignTop);
-  auto* column = new QVBoxLayout;
-  column->addWidget(headline(texts.onboardingHeadline));
-  column->addWidget(wrapped(texts.onboardingIntroduction));
-  column->addStretch();
-  row->addLayout(column, 1);
-  return row;
-}
-
 }  // namespace
 
 QtOnboardingWindow::QtOnboardingWindow(WindowContents contents) : contents_(std::move(contents)) {
+  refresh_.setSingleShot(true);
+  refresh_.callOnTimeout(&refresh_, [this] { refresh(); });
   reminder_.setSingleShot(true);
   reminder_.setInterval(kEmphasis);
-  reminder_.callOnTimeout(&reminder_, [this] { emphasize(false); });
+  reminder_.callOnTimeout(&reminder_, [this] {
+    if (dialog_) steps_->emphasize(false);
+  });
 }
 
 QtOnboardingWindow::~QtOnboardingWindow() {
@@ -122,28 +98,41 @@ void QtOnboardingWindow::build() {
   scroll_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   scroll_->setFocusPolicy(Qt::NoFocus);
   layout->addWidget(scroll_);
-  fill();
-  if (contents_.onTextsChanged) textsChanged_ = contents_.onTextsChanged([this] { fill(); });
+  QWidget* page = makePage();
+  scroll_->setWidget(page);
+  foot_ = makeFoot();
+  layout->addWidget(foot_);
+  refresh();
+  QPushButton& first = steps_->openRing().isHidden() ? *close_ : steps_->openRing();
+  first.setFocus();
+  welcomeChanged_ = contents_.welcome->onChanged([this] { refresh_.start(0); });
+  new LayoutWatch(*page, reminder_, [this] { fitScreen(); });
   QObject::connect(dialog_.get(), &QDialog::finished, dialog_.get(), [this] { handleClosed(); });
 }
 
-void QtOnboardingWindow::fill() {
-  const WindowTexts texts = contents_.texts();
-  dialog_->setWindowTitle(toQString(texts.onboardingTitle));
-  const bool isChoosingLanguage = foot_ != nullptr && dynamic_cast<QComboBox*>(dialog_->focusWidget()) != nullptr;
-  // Their widgets may be calling.
-  for (QWidget* former : {scroll_->takeWidget(), foot_}) {
-    if (former != nullptr) former->deleteLater();
+void QtOnboardingWindow::refresh() {
+  const WelcomeContents shown = contents_.welcome->contents();
+  dialog_->setWindowTitle(toQString(shown.title));
+  QFont font = dialog_->font();
+  font.setPointSizeF(font.pointSizeF() * kHeadlineScale);
+  font.setWeight(QFont::DemiBold);
+  headline_->setFont(font);
+  headline_->setText(toQString(shown.headline));
+  introduction_->setText(toQString(shown.introduction));
+  steps_->present(shown);
+  findings_->setMarkNames(shown.works, shown.fails);
+  findings_->refresh();
+  whereItLives_->setText(toQString(shown.whereItLives));
+  languageLabel_->setText(toQString(shown.language));
+  language_->setAccessibleName(toQString(shown.language));
+  language_->setLanguage(contents_.language());
+  close_->setText(toQString(shown.close));
+  if (shown.isDone && !close_->isDefault()) {
+    close_->setAccessibleDescription(toQString(shown.headline));
+    close_->setDefault(true);
+    close_->setFocus();
   }
-  QWidget* page = makePage(texts);
-  scroll_->setWidget(page);
-  foot_ = makeFoot(texts);
-  dialog_->layout()->addWidget(foot_);
-  QWidget* focused = foot_->findChild<QPushButton*>();
-  if (isChoosingLanguage) focused = foot_->findChild<QComboBox*>();
-  focused->setFocus();
   fitScreen();
-  new LayoutWatch(*page, reminder_, [this] { fitScreen(); });
 }
 
 // Scrolls only where the screen is smaller than the page.
@@ -159,88 +148,71 @@ void QtOnboardingWindow::fitScreen() {
   }
 }
 
-QWidget* QtOnboardingWindow::makePage(const WindowTexts& texts) {
+QWidget* QtOnboardingWindow::makePage() {
   auto* page = new QWidget;
   auto* column = new QVBoxLayout(page);
   column->setContentsMargins(kMargin, kMargin, kMargin, 0);
   column->setSpacing(kSpacing);
-  column->addLayout(makeGreeting(texts, dialog_->devicePixelRatioF()));
-  instructions_ = texts.onboardingHotkey.empty() ? nullptr : makeInstructions(texts);
-  if (instructions_ != nullptr) column->addWidget(instructions_);
-  column->addWidget(makeFindings(texts));
-  column->addWidget(wrapped(texts.onboardingWhereItLives));
+  column->addLayout(makeGreeting());
+  steps_ = new WelcomeSteps(*contents_.welcome);
+  column->addWidget(steps_);
+  // Explains to new users why a hotkey or the tray icon does not work.
+  findings_ = new FindingsView(contents_.watchFailures, contents_.press);
+  findings_->setFixedWidth(kTextWidth);
+  findings_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+  column->addWidget(findings_);
+  whereItLives_ = makeWrapped();
+  column->addWidget(whereItLives_);
   column->addStretch();
   return page;
 }
 
-/// How the ring is opened and used.
-QWidget* QtOnboardingWindow::makeInstructions(const WindowTexts& texts) {
-  auto* card = new QFrame;
-  card->setFrameShape(QFrame::StyledPanel);
-  card->setAutoFillBackground(true);
-  auto* column = new QVBoxLayout(card);
-  column->setContentsMargins(kSpacing, kSpacing, kSpacing, kSpacing);
-  column->addWidget(wrapped(texts.onboardingHowToOpen));
-  column->addWidget(
-      picture(keyCapsPixmap(toQString(texts.onboardingHotkey), dialog_->palette(), dialog_->devicePixelRatioF())), 0,
-      Qt::AlignCenter);
-  column->addWidget(wrapped(texts.onboardingHowToChoose));
-  return card;
+QLayout* QtOnboardingWindow::makeGreeting() {
+  auto* row = new QHBoxLayout;
+  row->setSpacing(kMargin);
+  auto* icon = new QLabel;
+  icon->setPixmap(applicationPixmap(kIconSide, dialog_->devicePixelRatioF()));
+  row->addWidget(icon, 0, Qt::AlignTop);
+  auto* column = new QVBoxLayout;
+  headline_ = makeWrapped();
+  introduction_ = makeWrapped();
+  column->addWidget(headline_);
+  column->addWidget(introduction_);
+  column->addStretch(1);
+  row->addLayout(column, 1);
+  return row;
 }
 
-/// Explains to new users why a hotkey or the tray icon does not work.
-QWidget* QtOnboardingWindow::makeFindings(const WindowTexts& texts) {
-  auto* findings = new FindingsView(contents_.watchFailures, contents_.press);
-  findings->setMarkNames(texts.works, texts.fails);
-  findings->setFixedWidth(kTextWidth);
-  findings->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-  findings->refresh();
-  return findings;
-}
-
-QWidget* QtOnboardingWindow::makeFoot(const WindowTexts& texts) {
+QWidget* QtOnboardingWindow::makeFoot() {
   auto* foot = new QWidget;
   auto* row = new QHBoxLayout(foot);
   row->setContentsMargins(kMargin, kSpacing, kMargin, kMargin);
-  auto* languageLabel = new QLabel(toQString(texts.language));
-  auto* language = new LanguageChooser(contents_.chooseLanguage);
-  language->setLanguage(contents_.language());
-  language->setAccessibleName(toQString(texts.language));
-  languageLabel->setBuddy(language);
-  auto* done = new QPushButton(toQString(texts.onboardingDone));
-  done->setDefault(true);
-  QObject::connect(done, &QPushButton::clicked, dialog_.get(), &QDialog::accept);
-  row->addWidget(languageLabel);
-  row->addWidget(language);
+  languageLabel_ = new QLabel;
+  language_ = new LanguageChooser(contents_.chooseLanguage);
+  languageLabel_->setBuddy(language_);
+  close_ = new QPushButton;
+  // Until all steps are done, Return closes nothing.
+  close_->setAutoDefault(false);
+  QObject::connect(close_, &QPushButton::clicked, dialog_.get(), &QDialog::accept);
+  row->addWidget(languageLabel_);
+  row->addWidget(language_);
   row->addStretch();
-  row->addWidget(done);
+  row->addWidget(close_);
   return foot;
 }
 
 void QtOnboardingWindow::remindToHold() {
-  if (instructions_ == nullptr) return;
-  emphasize(true);
+  if (!dialog_) return;
+  steps_->emphasize(true);
   reminder_.start();
   dialog_->raise();
-  scroll_->ensureWidgetVisible(instructions_);
-}
-
-void QtOnboardingWindow::emphasize(bool isEmphasized) {
-  if (instructions_ == nullptr) return;
-  const QPalette usual = dialog_->palette();
-  QPalette palette = usual;
-  if (isEmphasized) {
-    palette.setColor(QPalette::Window, usual.color(QPalette::Highlight));
-    palette.setColor(QPalette::WindowText, usual.color(QPalette::HighlightedText));
-  }
-  instructions_->setPalette(palette);
+  scroll_->ensureWidgetVisible(steps_);
 }
 
 void QtOnboardingWindow::handleClosed() {
-  textsChanged_.reset();
+  welcomeChanged_.reset();
+  refresh_.stop();
   reminder_.stop();
-  instructions_ = nullptr;
-  foot_ = nullptr;
   // The dialog itself is calling.
   dialog_.release()->deleteLater();
   const auto closed = std::move(closed_);

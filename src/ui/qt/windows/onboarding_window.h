@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QDialog>
+#include <QLabel>
+#include <QPushButton>
 #include <QTimer>
 #include <memory>
 
@@ -9,6 +11,10 @@
 class QScrollArea;
 
 namespace rondora {
+
+class FindingsView;
+class LanguageChooser;
+class WelcomeSteps;
 
 class QtOnboardingWindow : public OnboardingWindow {
  public:
@@ -22,23 +28,30 @@ class QtOnboardingWindow : public OnboardingWindow {
 
  private:
   void build();
-  /// Rebuilds the window's contents with the current texts.
-  void fill();
-  QWidget* makePage(const WindowTexts& texts);
-  QWidget* makeInstructions(const WindowTexts& texts);
-  QWidget* makeFindings(const WindowTexts& texts);
-  QWidget* makeFoot(const WindowTexts& texts);
-  void emphasize(bool isEmphasized);
+  QWidget* makePage();
+  QLayout* makeGreeting();
+  QWidget* makeFoot();
+  /// Shows the current texts and steps; every widget stays, and with it the focus.
+  void refresh();
   void fitScreen();
   void handleClosed();
 
   WindowContents contents_;
-  Subscription textsChanged_;
+  Subscription welcomeChanged_;
   std::function<void()> closed_;
   std::unique_ptr<QDialog> dialog_;
   QScrollArea* scroll_ = nullptr;  // owned by the dialog, as all widgets
-  QWidget* instructions_ = nullptr;
+  QLabel* headline_ = nullptr;
+  QLabel* introduction_ = nullptr;
+  WelcomeSteps* steps_ = nullptr;
+  FindingsView* findings_ = nullptr;
+  QLabel* whereItLives_ = nullptr;
   QWidget* foot_ = nullptr;
+  QLabel* languageLabel_ = nullptr;
+  LanguageChooser* language_ = nullptr;
+  QPushButton* close_ = nullptr;
+  /// A ring that opens comes before the marks of the steps.
+  QTimer refresh_;
   QTimer reminder_;
 };
 
