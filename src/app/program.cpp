@@ -249,6 +249,16 @@ SettingsServices::Ports Program::settingsPorts() {
       .run = [this](const PieMenuItem& item, const Uuid& menu) { tryItem(item, menu); },
       .hasProblem =
           [this] { return statusItemProblem_.has_value() || !failures(documentFindings_.findings()).empty(); },
+      .kept = keptDocuments_,
+      .files = platform_.files,
+      .workspace = platform_.workspace,
+      .menus = commands_.catalog,
+      .keyEquivalent =
+          [this](const MenuShortcut& shortcut) { return menuShortcutText(shortcut, platform_.modifierNames); },
+      .applications = {platform_.applications, platform_.workspace, platform_.textOrder, localization_,
+                       platform_.onInstalledApplicationsChanged},
+      .fileChooser = platform_.fileChooser,
+      .ownBundleIdentifier = platform_.environment.bundleIdentifier(),
       .trackpads = platform_.trackpads,
       .login = launchAtLogin_,
       .permissions = permissions_,

@@ -22,7 +22,7 @@ struct SettingsServices {
   /// The references must outlive the object. `history`, `navigation` and `edits` of the parts are filled in.
   struct Ports {
     EditSession& session;
-    const ConfigManager& config;
+    ConfigManager& config;
     const Clock& clock;
     Haptics& haptics;
     Pasteboard& pasteboard;
@@ -42,6 +42,14 @@ struct SettingsServices {
     std::function<void(const PieMenuItem&, const Uuid& menu)> run;
     /// The user must be told of something before they edit menus.
     std::function<bool()> hasProblem;
+    KeptDocuments& kept;
+    FileSystem& files;
+    Workspace& workspace;
+    AppMenuCatalog& menus;
+    std::function<std::string(const MenuShortcut&)> keyEquivalent;
+    ApplicationList::Services applications;
+    FileChooser& fileChooser;
+    std::string ownBundleIdentifier;
     const Trackpads& trackpads;
     LaunchAtLoginService& login;
     const PermissionsMonitor& permissions;
@@ -63,6 +71,10 @@ struct SettingsServices {
  private:
   RingPreview::Services previewServices();
   RingPreview::Ring ring(const std::vector<std::size_t>& order) const;
+  bool showsCommands() const;
+  std::optional<std::size_t> chosenSector() const;
+  void chooseSector(std::optional<std::size_t> sector);
+  void moveSector(std::size_t from, std::size_t to);
 
   Ports ports_;
   bool isOpened_ = false;
@@ -76,10 +88,17 @@ struct SettingsServices {
   MenuList menus;
   MenuEditor menu;
   ItemEditor item;
-  RingPreview preview;
+  AppCommandSets commandSets;
+  ExcludedApplications excluded;
+  AppearanceEditor appearance;
   GeneralSettings general;
+  SettingsBackup backup;
+  RecentIcons recentIcons;
+  /// Shows what the others hold.
+  RingPreview preview;
 
  private:
+  Subscription commandSetsChanged_;
   Subscription navigationChanged_;
 };
 

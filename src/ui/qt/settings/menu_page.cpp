@@ -23,7 +23,7 @@ constexpr int kSideMargin = 16;
 
 }  // namespace
 
-MenuPage::MenuPage(const SettingsParts& parts, const MakePanel& makePanel)
+MenuPage::MenuPage(const SettingsParts& parts, MakePanel makePanel)
     : parts_(parts),
       menu_(parts_.models.menu),
       name_(new QLineEdit),
@@ -41,7 +41,8 @@ MenuPage::MenuPage(const SettingsParts& parts, const MakePanel& makePanel)
       item_(new ItemPanel(parts)),
       colorLabel_(settings_look::makeHeading()),
       color_(new ColorField(parts.models.localization)),
-      menuSide_(new QWidget) {
+      menuSide_(new QWidget),
+      makePanel_(std::move(makePanel)) {
   auto* left = new QVBoxLayout;
   left->setContentsMargins(settings_look::kPageMargin, settings_look::kPageMargin, kSideMargin,
                            settings_look::kPageMargin);
@@ -57,7 +58,7 @@ MenuPage::MenuPage(const SettingsParts& parts, const MakePanel& makePanel)
   rule->setFrameShape(QFrame::VLine);
   rule->setFrameShadow(QFrame::Sunken);
   across->addWidget(rule);
-  across->addWidget(makeSide(makePanel));
+  across->addWidget(makeSide());
   connect(name_, &QLineEdit::textEdited, this, [this](const QString& text) { menu_.setName(text.toStdString()); });
   connect(switch_, &QCheckBox::clicked, this, [this](bool isOn) { menu_.setEnabled(isOn); });
   connect(fingers_, &QComboBox::activated, this,
@@ -107,7 +108,7 @@ QWidget* MenuPage::makeRing() {
   return ring;
 }
 
-QWidget* MenuPage::makeSide(const MakePanel& makePanel) {
+QWidget* MenuPage::makeSide() {
   auto* content = new QWidget;
   content->setMinimumWidth(kSideWidth);
   auto* column = new QVBoxLayout(content);
@@ -121,12 +122,7 @@ QWidget* MenuPage::makeSide(const MakePanel& makePanel) {
   menuColumn->addWidget(color_);
   column->addWidget(menuSide_);
   column->addWidget(item_);
-  runningApps_ = makePanel ? makePanel(PieMenuKind::runningApps) : nullptr;
-  appCommands_ = makePanel ? makePanel(PieMenuKind::appCommands) : nullptr;
-  for (QWidget* panel : {runningApps_, appCommands_}) {
-    if (panel != nullptr) column->addWidget(panel, 1);
-  }
-  column->addStretch(0);
+  sideColumn_ = column;
   side_ = settings_look::makeScrolling(*content);
   side_->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Expanding);
   return side_;
@@ -136,6 +132,7 @@ void MenuPage::refresh() {
   if (menu_.menu() == nullptr) return;
   refreshHead();
   preview_->refresh();
+  preview_->refreshIcons();
   const PieMenuItem* chosen = parts_.models.navigation.item();
   preview_->setChosen(chosen == nullptr ? QString() : toQString(menu_.title(*chosen)));
   turnLeft_->setName(text(StringKey::previewTurnLeft));
@@ -177,8 +174,12 @@ void MenuPage::refreshSide() {
   const bool isStandard = kind == PieMenuKind::standard;
   menuSide_->setVisible(isStandard && chosen == nullptr);
   item_->setVisible(isStandard && chosen != nullptr);
-  if (runningApps_ != nullptr) runningApps_->setVisible(kind == PieMenuKind::runningApps);
-  if (appCommands_ != nullptr) appCommands_->setVisible(kind == PieMenuKind::appCommands);
+  for (const auto& [of, panel] : panels_) panel.widget->setVisible(of == kind);
+  if (!isStandard) {
+    if (!panels_.contains(kind))
+      sideColumn_->addWidget(panels_.emplace(kind, makePanel_(kind)).first->second.widget, 1);
+    panels_.at(kind).refresh();
+  }
   chooseOne_->setText(text(StringKey::itemChooseOne));
   colorLabel_->setText(text(StringKey::menuColor));
   color_->setName(text(StringKey::menuColor));
@@ -189,8 +190,6 @@ void MenuPage::refreshSide() {
   if (id != shownItem_) side_->verticalScrollBar()->setValue(0);
   shownItem_ = id;
 }
-
-void MenuPage::refreshIcons() { preview_->refreshIcons(); }
 
 void MenuPage::editName() {
   name_->setFocus(Qt::OtherFocusReason);

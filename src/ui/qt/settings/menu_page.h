@@ -5,7 +5,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QScrollArea>
+#include <QVBoxLayout>
 #include <QWidget>
+#include <map>
 
 #include "ui/qt/settings/settings_parts.h"
 
@@ -21,21 +23,24 @@ class RingPreviewView;
 /// One menu: its name and triggers, its ring, and beside it the chosen item or what a special menu is filled with.
 class MenuPage : public QWidget {
  public:
-  /// Makes what a special menu shows beside its ring; may return null.
-  using MakePanel = std::function<QWidget*(PieMenuKind)>;
+  /// What a special menu shows beside its ring.
+  struct Panel {
+    QWidget* widget = nullptr;
+    std::function<void()> refresh;
+  };
+  using MakePanel = std::function<Panel(PieMenuKind)>;
 
-  MenuPage(const SettingsParts& parts, const MakePanel& makePanel);
+  MenuPage(const SettingsParts& parts, MakePanel makePanel);
 
   /// Shows the present texts and values.
   void refresh();
-  void refreshIcons();
   /// Puts the focus into the name, as for a new menu.
   void editName();
 
  private:
   QWidget* makeHead();
   QWidget* makeRing();
-  QWidget* makeSide(const MakePanel& makePanel);
+  QWidget* makeSide();
   void refreshHead();
   void refreshSide();
   QString text(StringKey key) const;
@@ -61,8 +66,9 @@ class MenuPage : public QWidget {
   QLabel* colorLabel_;
   ColorField* color_;
   QWidget* menuSide_;
-  QWidget* runningApps_ = nullptr;
-  QWidget* appCommands_ = nullptr;
+  MakePanel makePanel_;
+  QVBoxLayout* sideColumn_ = nullptr;
+  std::map<PieMenuKind, Panel> panels_;
   std::optional<Uuid> shownItem_;
 };
 

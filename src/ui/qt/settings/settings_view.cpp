@@ -16,9 +16,18 @@
 
 #include "platform/qt/qt_text.h"
 #include "ui/qt/painting/application_icon.h"
-#include "ui/qt/settings/menu_page.h"
+#include "ui/qt/settings/app_commands_panel.h"
+#include "ui/qt/settings/appearance_page.h"
+#include "ui/qt/settings/application_chooser.h"
+#include "ui/qt/settings/backup_page.h"
+#include "ui/qt/settings/embedded_icon_names.h"
+#include "ui/qt/settings/general_page.h"
+#include "ui/qt/settings/icon_picker.h"
 #include "ui/qt/settings/notice_bar.h"
 #include "ui/qt/settings/page_parts.h"
+#include "ui/qt/settings/ring_preview_view.h"
+#include "ui/qt/settings/running_apps_panel.h"
+#include "ui/qt/settings/session_page.h"
 #include "ui/qt/settings/sidebar.h"
 
 namespace rondora {
@@ -127,23 +136,67 @@ const SettingsView::Page& SettingsView::page(SettingsPage page) {
 }
 
 SettingsView::Page SettingsView::makePage(SettingsPage page) {
+  SettingsModels& models = parts_.models;
+  const auto with = [](auto* widget) { return Page{widget, [widget] { widget->refresh(); }}; };
   switch (page) {
-    case SettingsPage::menu: {
-      auto* menu = new MenuPage(parts_, {});
-      return {menu, [menu] {
-                menu->refresh();
-                menu->refreshIcons();
+    case SettingsPage::menu:
+      return with(new MenuPage(parts_, [this](PieMenuKind kind) { return makePanel(kind); }));
+    case SettingsPage::general:
+      return with(new GeneralPage(models.general, models.localization));
+    case SettingsPage::session:
+      return with(new SessionPage(contents_.watchFindings, contents_.press, models.localization));
+    case SettingsPage::backup:
+      return with(new BackupPage(models.backup, models.localization, icons_, models.fileChooser));
+    case SettingsPage::appearance: {
+      auto* ring = new RingPreviewView(models.preview, models.localization, rasterizer_);
+      auto* appearance = new AppearancePage(models.appearance, models.localization, icons_, ring);
+      return {appearance, [appearance, ring] {
+                appearance->refresh();
+                ring->refresh();
+                ring->refreshIcons();
               }};
     }
-    default:
-      return {new QWidget, [] {}};
   }
+  return {};
 }
 
-void SettingsView::chooseApplication(QWidget& /*parent*/, std::function<void(std::string)> /*chosen*/) {}
+MenuPage::Panel SettingsView::makePanel(PieMenuKind kind) {
+  SettingsModels& models = parts_.models;
+  const auto with = [](auto* widget) { return MenuPage::Panel{widget, [widget] { widget->refresh(); }}; };
+  switch (kind) {
+    case PieMenuKind::standard:
+      return {};
+    case PieMenuKind::runningApps:
+      return with(new RunningAppsPanel(models.excluded, models.applications, models.localization, icons_));
+    case PieMenuKind::appCommands:
+      return with(new AppCommandsPanel(models.commandSets, models.localization, icons_,
+                                       {parts_.chooseApplication, parts_.chooseIcon}));
+  }
+  return {};
+}
 
-void SettingsView::chooseIcon(QWidget& /*parent*/, const PieMenuItem& /*item*/,
-                              std::function<void(std::string)> /*chosen*/) {}
+void SettingsView::chooseApplication(QWidget& parent, std::function<void(std::string)> chosen) {
+  ApplicationChooser::open(
+      std::make_unique<ApplicationList>(parts_.models.applications, ApplicationList::Offer{true, false, {}}),
+      parts_.models.localization, icons_, chosen, parent);
+}
+
+void SettingsView::chooseIcon(QWidget& parent, const PieMenuItem& item, std::function<void(std::string)> chosen) {
+  const SettingsModels& models = parts_.models;
+  const auto chooseFile = [this](QWidget& /*above*/, const IconPicker::Answer& answer) {
+    FileChoice choice;
+    choice.title = parts_.models.localization.text(StringKey::itemIconChange);
+    choice.kinds = {{"PNG, SVG, JPEG, WebP", {"*.png", "*.svg", "*.jpg", "*.jpeg", "*.webp", "*.ico", "*.gif"}}};
+    parts_.models.fileChooser.choose(choice, [answer](const std::optional<std::string>& path) {
+      if (path) answer(*path);
+    });
+  };
+  auto* picker = new IconPicker(
+      std::make_unique<IconChoice>(models.localization, embeddedIconNames, models.recentIcons, item), icons_,
+      {[this](QWidget& above, IconPicker::Answer answer) { chooseApplication(above, std::move(answer)); }, chooseFile},
+      std::move(chosen), &parent);
+  picker->show();
+}
 
 /// A text field takes the keys of undo and redo for itself, also when it has nothing to undo.
 bool SettingsView::eventFilter(QObject* watched, QEvent* event) {

@@ -6,12 +6,12 @@
 #include <map>
 
 #include "ui/qt/painting/qt_picture_rasterizer.h"
+#include "ui/qt/settings/menu_page.h"
 #include "ui/qt/settings/settings_parts.h"
 #include "ui/qt/windows/qt_windows.h"
 
 namespace rondora {
 
-class MenuPage;
 class NoticeBar;
 class Sidebar;
 
@@ -45,6 +45,7 @@ class SettingsView : public QWidget {
   void refresh();
   const Page& page(SettingsPage page);
   Page makePage(SettingsPage page);
+  MenuPage::Panel makePanel(PieMenuKind kind);
   void chooseApplication(QWidget& parent, std::function<void(std::string)> chosen);
   void chooseIcon(QWidget& parent, const PieMenuItem& item, std::function<void(std::string)> chosen);
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <QLineEdit>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QWidget>
 #include <map>
