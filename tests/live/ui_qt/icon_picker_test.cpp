@@ -11,15 +11,6 @@
 namespace rondora {
 namespace {
 
-QApplication& application() {
-  static int count = 1;
-  static char name[] = "icon_picker_tests";
-  static char* arguments[] = {name, nullptr};
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  static QApplication application(count, arguments);
-  return application;
-}
-
 /// The picker in a window without a screen.
 class IconPickerTest : public testing::TestWithParam<AppLanguage> {
  protected:
@@ -34,6 +25,7 @@ class IconPickerTest : public testing::TestWithParam<AppLanguage> {
     picker_->activateWindow();
     QApplication::processEvents();
   }
+  void TearDown() override { QApplication::setLayoutDirection(Qt::LeftToRight); }
   void press(int key, const QString& text = {}) {
     for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
       QKeyEvent event(type, key, Qt::NoModifier, text);
@@ -42,7 +34,6 @@ class IconPickerTest : public testing::TestWithParam<AppLanguage> {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   }
 
-  QApplication& application_ = application();
   LocalizationStore texts_;
   RecentIcons recent_;
   ItemIcons icons_{{}, {}};
