@@ -118,10 +118,11 @@ TEST_F(RecordingTest, EscapeARingALockClicksAndFocusEndIt) {
     desktop_.outputOf({"gdbus", "emit", "--session", "--object-path", "/org/freedesktop/login1/session/_32", "--signal",
                        "org.freedesktop.login1.Session.Lock"});
   });
-  end([&] { client_.click(); });
+  end([&] { client_.requestActivation(client_.windowsTitled("Bystander").front()); });
   client_.requestActivation(program_->managedWindows().front());
   ASSERT_TRUE(waitForSettings());
-  end([&] { client_.requestActivation(client_.windowsTitled("Bystander").front()); });
+  // Last, because it may take the focus elsewhere.
+  end([&] { client_.click(); });
 }
 
 /// The guard frees the keyboard although the program itself cannot.

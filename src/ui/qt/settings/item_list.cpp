@@ -48,7 +48,8 @@ ItemList::ItemList(const SettingsModels& models, const ItemIcons& icons)
   column->addLayout(top);
   column->addWidget(empty_);
   column->addWidget(rows_, 1);
-  connect(rows_, &QListWidget::currentRowChanged, this, [this] { rowChosen(); });
+  // The focus makes a row current without choosing it.
+  connect(rows_, &QListWidget::itemSelectionChanged, this, [this] { rowChosen(); });
   connect(rows_, &QListWidget::customContextMenuRequested, this, [this](const QPoint& at) { showContextMenu(at); });
   connect(
       rows_->model(), &QAbstractItemModel::rowsMoved, this, [this] { rowsMoved(); }, Qt::QueuedConnection);
@@ -101,7 +102,7 @@ void ItemList::refreshRows() {
 
 void ItemList::rowChosen() {
   if (isRefreshing_) return;
-  const QListWidgetItem* row = rows_->currentItem();
+  const QListWidgetItem* row = rows_->selectedItems().isEmpty() ? nullptr : rows_->currentItem();
   models_.navigation.choose(row == nullptr ? std::nullopt : Uuid::parse(row->data(kItemId).toString().toStdString()));
 }
 

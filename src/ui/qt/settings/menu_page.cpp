@@ -120,6 +120,7 @@ QWidget* MenuPage::makeSide() {
   menuColumn->addSpacing(settings_look::kSectionGap);
   menuColumn->addWidget(colorLabel_);
   menuColumn->addWidget(color_);
+  menuColumn->addStretch(1);
   column->addWidget(menuSide_);
   column->addWidget(item_);
   sideColumn_ = column;

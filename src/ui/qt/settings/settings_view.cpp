@@ -110,8 +110,9 @@ void SettingsView::present() {
   activateWindow();
 }
 
-/// Several parts of one edit report a change.
+/// Several parts of one edit report a change. Another page is shown at once, so that the next key reaches it.
 void SettingsView::refreshSoon() {
+  if (shownPage_ != parts_.models.navigation.page()) return refresh();
   if (std::exchange(isRefreshDue_, true)) return;
   QTimer::singleShot(0, this, [this] { refresh(); });
 }
@@ -121,7 +122,8 @@ void SettingsView::refresh() {
   setWindowTitle(toQString(parts_.models.localization.text(StringKey::settingsTitle)));
   sidebar_->refresh();
   notice_->refresh();
-  const Page& shown = page(parts_.models.navigation.page());
+  shownPage_ = parts_.models.navigation.page();
+  const Page& shown = page(*shownPage_);
   shown.refresh();
   stack_->setCurrentWidget(shown.widget);
 }

@@ -58,6 +58,7 @@ class SettingsView : public QWidget {
   NoticeBar* notice_;
   QStackedWidget* stack_;
   std::map<SettingsPage, Page> pages_;
+  std::optional<SettingsPage> shownPage_;
   bool isRefreshDue_ = false;
   Subscription navigation_;
   Subscription texts_;

@@ -109,14 +109,14 @@ Sidebar::Sidebar(const SettingsModels& models, const ItemIcons& icons)
   column->addWidget(pages_);
 
   connect(search_, &QLineEdit::textChanged, this, [this] { refreshHits(); });
-  connect(menus_, &QListWidget::currentRowChanged, this, [this] { menuChosen(); });
+  // The focus makes a row current without choosing it.
+  connect(menus_, &QListWidget::itemSelectionChanged, this, [this] { menuChosen(); });
   connect(menus_, &QListWidget::itemClicked, this, [this] { menuChosen(); });
   connect(menus_, &QListWidget::customContextMenuRequested, this, [this](const QPoint& at) { showContextMenu(at); });
   connect(
       menus_->model(), &QAbstractItemModel::rowsMoved, this, [this] { rowsMoved(); }, Qt::QueuedConnection);
   connect(hits_, &QListWidget::itemClicked, this, [this] { openRow(*hits_); });
-  for (auto signal : {&QListWidget::itemClicked}) connect(pages_, signal, this, [this] { openRow(*pages_); });
-  connect(pages_, &QListWidget::currentRowChanged, this, [this] { openRow(*pages_); });
+  connect(pages_, &QListWidget::itemSelectionChanged, this, [this] { openRow(*pages_); });
 }
 
 QString Sidebar::text(StringKey key) const { return toQString(models_.localization.text(key)); }
@@ -245,14 +245,14 @@ std::optional<Uuid> Sidebar::chosenMenu() const {
 }
 
 void Sidebar::menuChosen() {
-  if (isRefreshing_) return;
+  if (isRefreshing_ || menus_->selectedItems().isEmpty()) return;
   if (const auto menu = idOf(menus_->currentItem(), kMenuId); menu && menu != chosenMenu()) {
     models_.navigation.openMenu(*menu);
   }
 }
 
 void Sidebar::openRow(QListWidget& list) {
-  if (isRefreshing_ || list.currentRow() < 0) return;
+  if (isRefreshing_ || list.selectedItems().isEmpty()) return;
   if (&list == pages_) return models_.navigation.open(kPages.at(static_cast<std::size_t>(list.currentRow())).page);
   const auto menu = idOf(list.currentItem(), kMenuId);
   if (menu) models_.navigation.openMenu(*menu, idOf(list.currentItem(), kItemId));
