@@ -54,6 +54,9 @@ SECTIONS = [
      "application, with Super+Tab and an Fn hotkey bound and without the program.", r"^event_tap\."),
     ("Footprint", "At rest after start-up, beside the peer; wake-ups are voluntary context switches. Memory and wake-ups "
      "are those of all processes of a program; ours has a small companion process.", r"^footprint\."),
+    ("The settings window", "From a call over the session bus (by gdbus, its start included) to the first capture that "
+     "shows the window, and to the one without a later change; `first` is the first opening of the program. The memory "
+     "of all its processes before it, while it is open and after it was closed again.", r"^settings_window\."),
     ("The core",
      "Google Benchmark, CPU time of one call, median of three repetitions. The number behind a name is that of the "
      "sectors; of `decode`, `bareParse` and `encode` that of menus of 36 items, 0 being the first-run document.",
