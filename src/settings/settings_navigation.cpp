@@ -1,6 +1,7 @@
 #include "settings/settings_navigation.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "model/ring_order.h"
@@ -47,6 +48,17 @@ void SettingsNavigation::open(SettingsPage page) {
   page_ = page;
   notice_.clear();
   changed_.send();
+}
+
+void SettingsNavigation::step(int entries) {
+  const auto& menus = history_.document().menus;
+  const auto menuCount = std::ssize(menus);
+  const auto count = menuCount + std::ssize(kSettingsPages);
+  const auto page = std::ranges::find(kSettingsPages, page_) - kSettingsPages.begin();
+  const auto from = page_ == SettingsPage::menu ? static_cast<std::ptrdiff_t>(menuPlace_) : menuCount + page;
+  const auto to = ((from + entries) % count + count) % count;
+  if (to >= menuCount) return open(kSettingsPages[static_cast<std::size_t>(to - menuCount)]);
+  openMenu(menus[static_cast<std::size_t>(to)].id);
 }
 
 void SettingsNavigation::openMenu(const Uuid& menu, std::optional<Uuid> item) {

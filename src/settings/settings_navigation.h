@@ -1,9 +1,11 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "base/observable.h"
 #include "base/uuid.h"
@@ -11,7 +13,10 @@
 
 namespace rondora {
 
-enum class SettingsPage { menu, general, appearance, backup, session };
+enum class SettingsPage { menu, general, appearance, session, backup };
+/// Those beside the menus, in the order of the sidebar.
+inline constexpr std::array kSettingsPages = {SettingsPage::general, SettingsPage::appearance, SettingsPage::session,
+                                              SettingsPage::backup};
 
 /// Which page the settings show, and of which menu and item. A menu or item that vanishes is replaced by its neighbour.
 /// Main thread.
@@ -22,6 +27,8 @@ class SettingsNavigation {
 
   SettingsPage page() const { return page_; }
   void open(SettingsPage page);
+  /// Opens the menu or page so many entries further in the sidebar; at its end the other end follows.
+  void step(int entries);
   /// Opens the page of that menu.
   void openMenu(const Uuid& menu, std::optional<Uuid> item = std::nullopt);
   /// Null in a document without menus.
@@ -32,6 +39,11 @@ class SettingsNavigation {
   void choose(std::optional<Uuid> item);
   /// Null while none is chosen.
   const PieMenuItem* item() const;
+
+  /// What is shown is new: the user names it next.
+  void nameNext() { isNew_ = true; }
+  /// Once for each call of `nameNext`.
+  bool takeNaming() { return std::exchange(isNew_, false); }
 
   /// Tells the user what an edit did besides the visible; undo takes it back. Shown until the page, menu or document
   /// changes again.
@@ -54,6 +66,7 @@ class SettingsNavigation {
   std::size_t menuPlace_ = 0;
   std::optional<Uuid> item_;
   std::size_t itemPlace_ = 0;
+  bool isNew_ = false;
   std::string notice_;
   Signal<> changed_;
   Subscription documents_;

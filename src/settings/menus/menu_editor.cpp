@@ -108,6 +108,7 @@ void MenuEditor::insert(PieMenuItem item, std::size_t place) {
 
 void MenuEditor::addItem() {
   if (!isStandard()) return;
+  services_.navigation.nameNext();
   insert(ItemEdits::make(*menu(), services_.random), placeBehindChosen());
 }
 

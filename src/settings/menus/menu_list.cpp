@@ -64,6 +64,7 @@ void MenuList::add() {
     const auto name = freeName(services_.localization.text(StringKey::menusAdd));
     id = MenuEdits::add(document, name, services_.random);
   });
+  services_.navigation.nameNext();
   services_.navigation.openMenu(id);
 }
 
@@ -74,7 +75,9 @@ void MenuList::duplicate(const Uuid& menu) {
   std::optional<Uuid> id;
   services_.history.edit(
       [&](PieConfiguration& document) { id = MenuEdits::duplicate(document, menu, name, services_.random); });
-  if (id) services_.navigation.openMenu(*id);
+  if (!id) return;
+  services_.navigation.nameNext();
+  services_.navigation.openMenu(*id);
 }
 
 /// "Name", "Name 2", "Name 3" …: the first that no menu has.

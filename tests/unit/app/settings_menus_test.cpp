@@ -41,6 +41,7 @@ struct SettingsStory : Story, Desktop {
                {"remove-menu", [=, this](W) { models->menus.remove(shown()); }},
                {"move-menu", [=, this](W w) { models->menus.move(shown(), std::stoul(w[0])); }},
                {"open", [this](W w) { models->navigation.openMenu(models->menus.rows().at(std::stoul(w[0])).id); }},
+               {"step-on", [this](W w) { models->navigation.step(std::stoi(w[0])); }},
                {"switch", [this](W w) { models->menu.setEnabled(w[0] == "on"); }},
                {"name", [this](W w) { models->menu.setName(joined(w)); }},
                {"fingers", [this](W w) { models->menu.setFingerCount(std::stoi(w[0])); }},
@@ -78,6 +79,7 @@ struct SettingsStory : Story, Desktop {
     observations = {
         {"menus", [this] { return menus(); }},
         {"shown", [this] { return models->menu.menu()->name; }},
+        {"page", [this] { return std::to_string(int(models->navigation.page())); }},
         {"items", [this] { return items(); }},
         {"chosen", [this] { return models->navigation.item() ? models->navigation.item()->title : "none"; }},
         {"icon", [this] { return models->navigation.item()->icon; }},

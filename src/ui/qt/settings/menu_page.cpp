@@ -101,7 +101,8 @@ QWidget* MenuPage::makeRing() {
   column->setSpacing(settings_look::kSmallGap);
   column->addWidget(preview_, 1);
   auto* below = new QHBoxLayout;
-  below->addWidget(help_, 1);
+  below->addWidget(help_, 1000);
+  below->addStretch(1);
   below->addWidget(turnLeft_);
   below->addWidget(turnRight_);
   column->addLayout(below);
@@ -143,6 +144,7 @@ void MenuPage::refresh() {
   items_->setVisible(menu_.isStandard());
   items_->refresh();
   refreshSide();
+  if (parts_.models.navigation.takeNaming()) chosen == nullptr ? editName() : item_->editTitle();
 }
 
 void MenuPage::refreshHead() {

@@ -34,10 +34,10 @@ class MenuPage : public QWidget {
 
   /// Shows the present texts and values.
   void refresh();
-  /// Puts the focus into the name, as for a new menu.
-  void editName();
 
  private:
+  /// Puts the focus into the name, as for a new menu.
+  void editName();
   QWidget* makeHead();
   QWidget* makeRing();
   QWidget* makeSide();

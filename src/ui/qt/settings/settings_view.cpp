@@ -88,6 +88,8 @@ void SettingsView::addShortcuts() {
   add(QKeySequence::New, [this] { parts_.models.menus.add(); });
   add(QKeySequence::Undo, [this] { parts_.models.history.undo(); });
   add(QKeySequence::Redo, [this] { parts_.models.history.redo(); });
+  new QShortcut(QKeySequence(QStringLiteral("Ctrl+PgDown")), this, this, [this] { parts_.models.navigation.step(1); });
+  new QShortcut(QKeySequence(QStringLiteral("Ctrl+PgUp")), this, this, [this] { parts_.models.navigation.step(-1); });
   new QShortcut(QKeySequence(QStringLiteral("Ctrl+Q")), this, this, [this] {
     if (contents_.quit) contents_.quit();
   });
