@@ -8,23 +8,23 @@ namespace {
 FailureTexts textsOf(ActionProblem problem) {
   switch (problem) {
     case ActionProblem::notInstalled:
-      return {StringKey::actionNotInstalled, StringKey::actionNotInstalledRemedy, true};
+      return {StringKey::actionNotInstalled, StringKey::actionNotInstalledRemedy};
     case ActionProblem::noDefault:
       return {StringKey::actionNoDefault, StringKey::actionNoDefaultRemedy};
     case ActionProblem::cannotStart:
-      return {StringKey::actionCannotStart, StringKey::actionCannotStartRemedy, true};
+      return {StringKey::actionCannotStart, StringKey::actionCannotStartRemedy};
     case ActionProblem::endedAtOnce:
       return {StringKey::actionEndedAtOnce, StringKey::actionEndedAtOnceRemedy};
     case ActionProblem::notAnAddress:
-      return {StringKey::actionNotAnAddress, StringKey::actionNotAnAddressRemedy, true};
+      return {StringKey::actionNotAnAddress, StringKey::actionNotAnAddressRemedy};
     case ActionProblem::noHandler:
-      return {StringKey::actionNoHandler, StringKey::actionNoHandlerRemedy, true};
+      return {StringKey::actionNoHandler, StringKey::actionNoHandlerRemedy};
     case ActionProblem::noSystemAction:
-      return {StringKey::actionNoSystemAction, StringKey::actionNoSystemActionRemedy, true};
+      return {StringKey::actionNoSystemAction, StringKey::actionNoSystemActionRemedy};
     case ActionProblem::keysRefused:
       return {StringKey::sessionNoKeystrokes, StringKey::sessionNoKeystrokesRemedy};
     case ActionProblem::noSuchKey:
-      return {StringKey::actionNoSuchKey, StringKey::actionNoSuchKeyRemedy, true};
+      return {StringKey::actionNoSuchKey, StringKey::actionNoSuchKeyRemedy};
     case ActionProblem::targetNotInFront:
       break;
   }

@@ -8,7 +8,7 @@ namespace {
 FailureTexts textsOf(SubActionProblem problem) {
   switch (problem) {
     case SubActionProblem::notFound:
-      return {StringKey::commandNotFound, StringKey::commandNotFoundRemedy, true};
+      return {StringKey::commandNotFound, StringKey::commandNotFoundRemedy};
     case SubActionProblem::noAnswer:
       return {StringKey::commandNoAnswer, StringKey::commandNoAnswerRemedy};
     case SubActionProblem::disabled:

@@ -1,7 +1,6 @@
 #include "app/failure_finding.h"
 
 #include <cstddef>
-#include <utility>
 
 #include "base/unicode.h"
 
@@ -11,11 +10,9 @@ SessionFinding failureFinding(std::string_view item, const FailureTexts& texts, 
                               const LocalizationStore& localization) {
   constexpr std::size_t kMaxCharacters = 80;
   const std::string reason = localization.text(texts.reason, shortened(detail, kMaxCharacters));
-  std::string remedy(localization.text(texts.remedy));
-  if (texts.needsRestart) remedy.append(" ").append(localization.text(StringKey::actionRestart));
   return {.works = false,
           .statement = localization.text(StringKey::actionFailed, shortened(item, kMaxCharacters), reason),
-          .remedy = std::move(remedy)};
+          .remedy = std::string(localization.text(texts.remedy))};
 }
 
 }  // namespace rondora

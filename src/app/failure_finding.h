@@ -12,8 +12,6 @@ namespace rondora {
 struct FailureTexts {
   StringKey reason;
   StringKey remedy;
-  /// The remedy changes the document.
-  bool needsRestart = false;
 };
 
 /// The finding for an item of a ring. `item` and `detail`, which the reason may name, come from the document or from

@@ -310,8 +310,6 @@ enum class StringKey {
   commandNoWindowRemedy,
   commandWindowKept,
   commandWindowKeptRemedy,
-  /// Behind a remedy that changes the document.
-  actionRestart,
 
   menusSearch,
   menusHeading,
