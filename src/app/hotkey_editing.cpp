@@ -107,7 +107,6 @@ HotkeyRows HotkeyEditing::rows() const {
 HotkeyRow HotkeyEditing::row(const PieMenu& menu) const {
   const bool isRecording = recording_ == menu.id;
   return {.menuId = menu.id.string(),
-          .menu = displayName(menu),
           .hotkey = isRecording ? recordingWords() : words(menu.hotkey),
           .note = isRecording ? "" : note(menu),
           .isAssigned = menu.hotkey.isAssigned(),

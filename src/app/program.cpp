@@ -10,9 +10,8 @@
 #include "app/menu_directory.h"
 #include "app/spoken_texts.h"
 #include "app/trigger_rules.h"
-#include "base/file_url.h"
 #include "input/hotkeys/hotkey_display.h"
-#include "settings/window_texts.h"
+#include "settings/snippet_hint.h"
 
 namespace rondora {
 
@@ -296,14 +295,6 @@ void Program::tryItem(const PieMenuItem& item, const Uuid& menu) {
   switchboard_.run(item, menu, target);
 }
 
-LoginSwitch Program::loginSwitch() {
-  return {.isOn = [this] { return launchAtLogin_.opensAtLogin(); },
-          .set = [this](bool opens) -> std::string {
-            const auto error = launchAtLogin_.setOpenAtLogin(opens);
-            return error ? localization_.text(StringKey::startAtLoginFailed, *error) : "";
-          }};
-}
-
 void Program::statusItemEvaluated(const std::optional<std::string>& problem) {
   statusItemProblem_ = problem;
   showsStatusItem_ = !problem;
@@ -345,33 +336,19 @@ Welcome::Services Program::welcomeServices() {
 
 WindowContents Program::windowContents() {
   return {
-      .texts = [this] { return windowTexts(localization_); },
       .onTextsChanged =
           [this](std::function<void()> observer) {
             return notifications_.addObserver(ConfigManager::kConfigurationDidChange, std::move(observer));
           },
       .settings = [this] { return settings().models(); },
       .onIconsDecoded = [this](std::function<void()> observer) { return iconsDecoded_.subscribe(std::move(observer)); },
-      .documentPath = config_.configURL().string(),
-      .openDocumentFolder = [this] { openDocumentFolder(); },
       .language = [this] { return localization_.language(); },
       .chooseLanguage =
           [this](AppLanguage language) {
             settings().history.edit([language](PieConfiguration& document) { document.language = language; });
           },
-      .undo =
-          [this] {
-            settings().history.undo();
-            settings().history.save();
-          },
-      .redo =
-          [this] {
-            settings().history.redo();
-            settings().history.save();
-          },
       .quit = [this] { delegate_.quitApp(); },
       .hotkeys = settings().hotkeys.list(),
-      .login = loginSwitch(),
       .watchFindings =
           [this](FindingsObserver observer) {
             return rondora::watchFindings(
@@ -447,7 +424,5 @@ std::vector<MenuListing> Program::menuListings() const {
   return listMenus(config_.current().menus, delegate_.hotkeyManager(), localization_.language(),
                    platform_.modifierNames);
 }
-
-void Program::openDocumentFolder() { platform_.workspace.openUrl(fileUrl(config_.configURL().parent_path().string())); }
 
 }  // namespace rondora

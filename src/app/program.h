@@ -78,7 +78,6 @@ class Program {
   RingPreview::Ring previewRing(const PieMenu& menu);
   std::string triggerInWords(const PieMenu& menu) const;
   void tryItem(const PieMenuItem& item, const Uuid& menu);
-  LoginSwitch loginSwitch();
 
   void releaseInput();
   void iconsChanged();
@@ -96,7 +95,6 @@ class Program {
                     std::optional<SubActionProblem> problem);
   SessionRequests sessionRequests();
   std::vector<MenuListing> menuListings() const;
-  void openDocumentFolder();
 
   Platform platform_;
   NotificationCenter notifications_;

@@ -37,10 +37,8 @@ enum class StringKey {
   /// On the button beside the path of the configuration file.
   settingsCopy,
   settingsClose,
-  settingsHotkeys,
   hotkeyRecord,
   hotkeyCancel,
-  hotkeyRemove,
   hotkeyPressKeys,
   hotkeyRecordName,     // %@: the menu’s name
   hotkeyRemoveName,     // %@: the menu’s name
@@ -50,7 +48,6 @@ enum class StringKey {
   hotkeyKeyboardBusy,
   settingsStartAtLogin,
   startAtLoginFailed,  // %@: the system’s message
-  settingsSession,
   /// Screen-reader names of the marks before the findings.
   sessionWorks,
   sessionFails,
@@ -230,7 +227,6 @@ enum class StringKey {
   lookKeyColor,
   lookNeedsPaws,
   lookMenu,
-  lookReset,
   lookResetName,  // %@: the field
   lookResetAll,
   lookCopyToAll,
@@ -330,7 +326,6 @@ enum class StringKey {
   menuCopyName,  // %@: name of a duplicated menu; the menu's name
   menuName,
   menuHotkey,
-  menuNoHotkey,
   menuFingers,
   fingersNone,
   fingersCount,  // %@: number

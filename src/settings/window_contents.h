@@ -15,7 +15,6 @@ namespace rondora {
 /// A menu and the hotkey that opens it, as the settings show them.
 struct HotkeyRow {
   std::string menuId;
-  std::string menu;
   /// While it is recorded: what the user is to do, or the modifiers held so far.
   std::string hotkey;
   /// What is wrong with the hotkey, or with the one just recorded; empty for nothing.
@@ -41,54 +40,18 @@ struct HotkeyList {
   std::function<Subscription(std::function<void()>)> onClick;
 };
 
-/// The switch for the start at login.
-struct LoginSwitch {
-  std::function<bool()> isOn;
-  /// Returns what to tell the user about a failure, empty on success.
-  std::function<std::string(bool)> set;
-};
-
-/// The texts of the program's windows, in the user's language.
-struct WindowTexts {
-  std::string settingsTitle;
-  std::string settingsIntroduction;
-  std::string documentHeading;
-  std::string openFolder;
-  std::string language;
-  std::string copy;
-  std::string hotkeysHeading;
-  std::string recordHotkey;
-  std::string cancelRecording;
-  std::string removeHotkey;
-  std::string startAtLogin;
-  std::string sessionHeading;
-  /// Screen-reader names of the marks before the findings.
-  std::string works;
-  std::string fails;
-  std::string quit;
-  std::string close;
-};
-
 /// Contents of the windows, queried each time one is shown.
 struct WindowContents {
-  std::function<WindowTexts()> texts;
   /// Subscribes to changes of the texts; visible windows update.
   std::function<Subscription(std::function<void()>)> onTextsChanged;
   /// What the settings window shows and edits; called when the window opens.
   std::function<SettingsModels()> settings;
   /// The observer is called when further icons are decoded.
   std::function<Subscription(std::function<void()>)> onIconsDecoded;
-  /// Absolute path of the configuration document.
-  std::string documentPath;
-  std::function<void()> openDocumentFolder;
   std::function<AppLanguage()> language;
   std::function<void(AppLanguage)> chooseLanguage;
-  /// The latest change to the document.
-  std::function<void()> undo;
-  std::function<void()> redo;
   std::function<void()> quit;
   HotkeyList hotkeys;
-  LoginSwitch login;
   /// Calls the observer with the findings about the session, at once and after each change.
   std::function<Subscription(FindingsObserver)> watchFindings;
   /// As `watchFindings`, with failures only.

@@ -44,10 +44,8 @@ void click(const QWidget& window, const QString& title) {
 
 class WindowsTest : public testing::Test {
  protected:
-  WindowTexts texts;
   SessionFindings findings{{true, "Hotkeys: 2", ""}};
   Signal<const SessionFindings&> findingsChanged;
-  Signal<> textsChanged;
   LocalizationStore store{AppLanguage::english};
   Welcome::Facts facts{"Ctrl + Alt + Space", true};
   std::string steps;
@@ -56,19 +54,13 @@ class WindowsTest : public testing::Test {
   QtWindows windows{[this] { return contents(); }, {}};
 
   WindowContents contents() {
-    return {.texts = [this] { return texts; },
-            .onTextsChanged = [this](auto observer) { return textsChanged.subscribe(std::move(observer)); },
+    return {.onTextsChanged = {},
             .settings = {},
             .onIconsDecoded = {},
-            .documentPath = "/home/user/config.json",
-            .openDocumentFolder = {},
             .language = [] { return AppLanguage::english; },
             .chooseLanguage = [](AppLanguage) {},
-            .undo = {},
-            .redo = {},
             .quit = {},
             .hotkeys = {},
-            .login = {},
             .watchFindings = [this](auto observer) { return watch(observer); },
             .watchFailures = [this](auto observer) { return watch(observer); },
             .press = {},

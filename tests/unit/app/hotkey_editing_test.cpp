@@ -45,9 +45,12 @@ TEST_F(HotkeyEditingTest, RecordedHotkeyIsSavedAndWorksAtOnce) {
   desktop.time.runUntilIdle();
   EXPECT_FALSE(saved().isAssigned() || rows.at(1).isAssigned);
   EXPECT_FALSE(desktop.keyboard.isRegistered(kKKey, kControlOption));
-  program.windowContents().undo();
+  EditHistory& history = program.windowContents().settings().history;
+  history.undo();
+  history.save();
   EXPECT_TRUE(desktop.keyboard.isRegistered(kKKey, kControlOption));
-  program.windowContents().redo();
+  history.redo();
+  history.save();
   EXPECT_FALSE(desktop.keyboard.isRegistered(kKKey, kControlOption));
 }
 
@@ -74,15 +77,6 @@ TEST_F(HotkeyEditingTest, SaysWhyAHotkeyIsNotTaken) {
   record({Key::kControlKey, kKKey});
   EXPECT_EQ(saved(), (HotkeyConfig{kKKey, carbon::kControl})) << "it works once the other program has freed it";
   EXPECT_THAT(rows.at(1).note, HasSubstr("already taken by another program"));
-}
-
-TEST_F(HotkeyEditingTest, LoginItemFailsWithTheSystemsMessage) {
-  const LoginSwitch login = program.windowContents().login;
-  EXPECT_EQ(login.set(true), "");
-  EXPECT_TRUE(login.isOn());
-  desktop.loginItem.error = "disk full";
-  EXPECT_THAT(login.set(false), HasSubstr("disk full"));
-  EXPECT_TRUE(login.isOn());
 }
 
 }  // namespace

@@ -4,11 +4,8 @@
 #include <string_view>
 
 #include "localization/localization_store.h"
-#include "settings/window_contents.h"
 
 namespace rondora {
-
-WindowTexts windowTexts(const LocalizationStore& localization);
 
 /// The line below a snippet's preview. `pasteKeys` are the keys that paste on this system, such as "Ctrl+V".
 std::string snippetHint(const LocalizationStore& localization, std::string_view pasteKeys);
