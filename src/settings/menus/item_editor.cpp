@@ -110,9 +110,17 @@ std::string ItemEditor::kindName(Kind kind) const {
 void ItemEditor::setKind(Kind wanted) {
   if (item() == nullptr || kind() == wanted) return;
   cancelRecording();
-  former_[{item()->id, kind()}] = item()->action;
-  const auto before = former_.find({item()->id, wanted});
-  setAction(before == former_.end() ? emptyAction(wanted) : before->second);
+  MenuAction action = formerAction(wanted);
+  std::erase_if(former_,
+                [this](const Former& each) { return each.item == item()->id && kindOf(each.action) == kind(); });
+  former_.push_back({item()->id, item()->action});
+  setAction(std::move(action));
+}
+
+MenuAction ItemEditor::formerAction(Kind wanted) const {
+  const auto before = std::ranges::find_if(
+      former_, [this, wanted](const Former& each) { return each.item == item()->id && kindOf(each.action) == wanted; });
+  return before == former_.end() ? emptyAction(wanted) : before->action;
 }
 
 void ItemEditor::setAction(MenuAction action, std::string_view field) {
@@ -314,7 +322,7 @@ void ItemEditor::tryIt() {
   attempt_ = kind() == Kind::none ? text(StringKey::itemTryNothing) : "";
   changed_.send();
   if (kind() == Kind::none) return;
-  services_.run(*item(), weakSelf_.bind([id = item()->id](ItemEditor& editor, std::string problem) {
+  services_.run(*item(), weakSelf_.bind([id = item()->id](ItemEditor& editor, const std::string& problem) {
     if (editor.attempted_ != id) return;
     editor.attempt_ = problem.empty() ? editor.text(StringKey::itemTryWorked) : problem;
     editor.changed_.send();

@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <functional>
-#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -106,7 +105,13 @@ class ItemEditor {
   std::string attempt() const;
 
  private:
+  struct Former {
+    Uuid item;
+    MenuAction action;
+  };
+
   void edit(const std::function<void(PieMenuItem&)>& edit, std::string_view field = {});
+  MenuAction formerAction(Kind kind) const;
   void setAction(MenuAction action, std::string_view field = {});
   void recorded(const HotkeyConfig& keys);
   bool hasAutomaticIcon() const;
@@ -121,8 +126,8 @@ class ItemEditor {
   std::optional<Uuid> invalidLabel_;
   std::optional<Uuid> attempted_;
   std::string attempt_;
-  /// The actions that an item had, by kind.
-  std::map<std::pair<Uuid, Kind>, MenuAction> former_;
+  /// The actions of other kinds that items had.
+  std::vector<Former> former_;
   Signal<> changed_;
   WeakSelf<ItemEditor> weakSelf_{this};
 };

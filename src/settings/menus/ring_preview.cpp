@@ -25,7 +25,7 @@ void RingPreview::refresh() {
   show({});
 }
 
-void RingPreview::show(std::vector<std::size_t> order) {
+void RingPreview::show(const std::vector<std::size_t>& order) {
   ring_ = services_.ring(order);
   if (hovered_ && *hovered_ >= ring_.itemCount) hovered_.reset();
   changed_.send();
@@ -125,7 +125,7 @@ void RingPreview::dragItem(Point point) {
   std::iota(order.begin(), order.end(), 0);
   order.erase(order.begin() + static_cast<std::ptrdiff_t>(dragged_));
   order.insert(order.begin() + static_cast<std::ptrdiff_t>(draggedTo_), dragged_);
-  show(std::move(order));
+  show(order);
 }
 
 void RingPreview::turnTo(double rotationDegrees) {

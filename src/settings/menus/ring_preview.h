@@ -75,7 +75,7 @@ class RingPreview {
   bool isOnRim(Point point) const;
   void dragItem(Point point);
   void turnTo(double rotationDegrees);
-  void show(std::vector<std::size_t> order);
+  void show(const std::vector<std::size_t>& order);
   void setHovered(std::optional<std::size_t> sector);
   std::optional<std::size_t> highlighted() const;
 

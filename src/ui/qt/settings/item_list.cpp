@@ -121,9 +121,8 @@ void ItemList::rowsMoved() {
 void ItemList::moveChosen(int places) {
   const PieMenuItem* chosen = models_.navigation.item();
   const auto place = chosen == nullptr ? std::nullopt : models_.menu.place(chosen->id);
-  if (place && static_cast<int>(*place) + places >= 0) {
-    models_.menu.moveItem(chosen->id, static_cast<std::size_t>(static_cast<int>(*place) + places));
-  }
+  const int to = place ? static_cast<int>(*place) + places : -1;
+  if (to >= 0) models_.menu.moveItem(chosen->id, static_cast<std::size_t>(to));
 }
 
 void ItemList::withChosen(void (MenuEditor::*edit)(const Uuid&)) {

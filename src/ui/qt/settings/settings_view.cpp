@@ -48,7 +48,7 @@ SettingsView::SettingsView(const WindowContents& contents, const IconDrawing& dr
              contents_,
              icons_,
              rasterizer_,
-             [this](QWidget& parent, auto chosen) { chooseApplication(parent, std::move(chosen)); },
+             [this](QWidget& parent, const auto& chosen) { chooseApplication(parent, chosen); },
              [this](QWidget& parent, const PieMenuItem& item, auto chosen) {
                chooseIcon(parent, item, std::move(chosen));
              }},
@@ -179,7 +179,7 @@ MenuPage::Panel SettingsView::makePanel(PieMenuKind kind) {
   return {};
 }
 
-void SettingsView::chooseApplication(QWidget& parent, std::function<void(std::string)> chosen) {
+void SettingsView::chooseApplication(QWidget& parent, const std::function<void(std::string)>& chosen) {
   ApplicationChooser::open(
       std::make_unique<ApplicationList>(parts_.models.applications, ApplicationList::Offer{true, false, {}}),
       parts_.models.localization, icons_, chosen, parent);
@@ -197,7 +197,7 @@ void SettingsView::chooseIcon(QWidget& parent, const PieMenuItem& item, std::fun
   };
   auto* picker = new IconPicker(
       std::make_unique<IconChoice>(models.localization, embeddedIconNames, models.recentIcons, item), icons_,
-      {[this](QWidget& above, IconPicker::Answer answer) { chooseApplication(above, std::move(answer)); }, chooseFile},
+      {[this](QWidget& above, const IconPicker::Answer& answer) { chooseApplication(above, answer); }, chooseFile},
       std::move(chosen), &parent);
   picker->show();
 }

@@ -46,7 +46,7 @@ class SettingsView : public QWidget {
   const Page& page(SettingsPage page);
   Page makePage(SettingsPage page);
   MenuPage::Panel makePanel(PieMenuKind kind);
-  void chooseApplication(QWidget& parent, std::function<void(std::string)> chosen);
+  void chooseApplication(QWidget& parent, const std::function<void(std::string)>& chosen);
   void chooseIcon(QWidget& parent, const PieMenuItem& item, std::function<void(std::string)> chosen);
 
   const WindowContents& contents_;

@@ -259,10 +259,8 @@ void Sidebar::openRow(QListWidget& list) {
 }
 
 void Sidebar::moveChosen(int places) {
-  const int row = menus_->currentRow();
-  if (const auto menu = chosenMenu(); menu && row + places >= 0) {
-    models_.menus.move(*menu, static_cast<std::size_t>(row + places));
-  }
+  const int to = menus_->currentRow() + places;
+  if (const auto menu = chosenMenu(); menu && to >= 0) models_.menus.move(*menu, static_cast<std::size_t>(to));
 }
 
 /// The rows have the order of a drag; each list item knows its menu.

@@ -38,7 +38,7 @@ void TwoLineDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
   quiet.setAlphaF(kQuiet);
   const bool isRightToLeft = row.direction == Qt::RightToLeft;
   const auto visual = [&](const QRect& rect) { return QStyle::visualRect(row.direction, row.rect, rect); };
-  const Qt::Alignment leading = (isRightToLeft ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter | Qt::AlignAbsolute;
+  const int leading = (isRightToLeft ? Qt::AlignRight : Qt::AlignLeft) | int{Qt::AlignVCenter};
 
   QRect rest = row.rect.adjusted(kMargin, 0, -kMargin, 0);
   const QSize iconSize = row.decorationSize;
