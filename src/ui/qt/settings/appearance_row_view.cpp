@@ -43,7 +43,7 @@ void AppearanceRowView::makeControl(const AppearanceRow& row) {
       return;
     case AppearanceRow::Kind::toggle:
       toggle_ = new QCheckBox;
-      QObject::connect(toggle_, &QCheckBox::clicked, toggle_, [this, key](bool isOn) { editor_.setOn(key, isOn); });
+      QObject::connect(toggle_, &QCheckBox::toggled, toggle_, [this, key](bool isOn) { editor_.setOn(key, isOn); });
       return;
     case AppearanceRow::Kind::choice:
       choices_ = new Unscrolled<QComboBox>;
@@ -74,7 +74,7 @@ void AppearanceRowView::show(const AppearanceRow& row) {
   }
   if (toggle_ != nullptr) {
     toggle_->setText(title);
-    toggle_->setChecked(row.isOn);
+    settings_look::showChecked(*toggle_, row.isOn);
   }
   if (choices_ != nullptr) {
     const QSignalBlocker blocker(choices_);

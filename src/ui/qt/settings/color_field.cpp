@@ -32,6 +32,9 @@ QIcon discIcon(const QColor& color, const QWidget& widget) {
   return picture;
 }
 
+/// Labels do, the one of Chinese and Japanese included.
+bool endsInColon(const QString& name) { return name.endsWith(':') || name.endsWith(QChar(0xFF1A)); }
+
 }  // namespace
 
 ColorField::ColorField(const LocalizationStore& localization, std::optional<StringKey> automatic)
@@ -50,12 +53,16 @@ ColorField::ColorField(const LocalizationStore& localization, std::optional<Stri
     automatic_ = new QRadioButton;
     row->addWidget(automatic_);
     row->addSpacing(settings_look::kRowGap);
-    connect(automatic_, &QRadioButton::clicked, this, [this] { choose(std::nullopt); });
+    connect(automatic_, &QRadioButton::toggled, this, [this](bool isOn) {
+      if (isOn) choose(std::nullopt);
+    });
   }
   for (std::size_t i = 0; i < swatches_.size(); ++i) {
     swatches_[i] = new ColorSwatch(QColor(toQString(kItemColorPalette[i])));
     row->addWidget(swatches_[i]);
-    connect(swatches_[i], &ColorSwatch::clicked, this, [this, i] { choose(std::string(kItemColorPalette[i])); });
+    connect(swatches_[i], &ColorSwatch::toggled, this, [this, i](bool isOn) {
+      if (isOn) choose(std::string(kItemColorPalette[i]));
+    });
   }
   row->addStretch();
 
@@ -91,7 +98,10 @@ void ColorField::setName(const QString& name) {
 }
 
 void ColorField::refresh() {
-  const auto named = [this](const QString& part) { return name_.isEmpty() ? part : name_ + ": " + part; };
+  const auto named = [this](const QString& part) {
+    if (name_.isEmpty()) return part;
+    return name_ + (endsInColon(name_) ? " " : ": ") + part;
+  };
   setAccessibleName(name_);
   if (automatic_ != nullptr) {
     automatic_->setText(text(*automaticText_));
@@ -139,7 +149,7 @@ void ColorField::check(QAbstractButton* chosen) {
   std::vector<QAbstractButton*> buttons(swatches_.begin(), swatches_.end());
   if (automatic_ != nullptr) buttons.push_back(automatic_);
   for (QAbstractButton* each : buttons) each->setAutoExclusive(false);
-  for (QAbstractButton* each : buttons) each->setChecked(chosen != nullptr && each == chosen);
+  for (QAbstractButton* each : buttons) settings_look::showChecked(*each, chosen != nullptr && each == chosen);
   for (QAbstractButton* each : buttons) each->setAutoExclusive(true);
 }
 

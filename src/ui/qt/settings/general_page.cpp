@@ -60,8 +60,8 @@ GeneralPage::GeneralPage(GeneralSettings& general, const LocalizationStore& loca
   addSection(failuresHeading_, failures_);
   addSection(aboutHeading_, makeAbout());
   column->addStretch(1);
-  connect(login_, &QCheckBox::clicked, this, [this](bool opens) { switchLogin(opens); });
-  connect(haptics_, &QCheckBox::clicked, this, [this](bool isOn) { general_.setHapticFeedback(isOn); });
+  connect(login_, &QCheckBox::toggled, this, [this](bool opens) { switchLogin(opens); });
+  connect(haptics_, &QCheckBox::toggled, this, [this](bool isOn) { general_.setHapticFeedback(isOn); });
   refresh();
 }
 
@@ -113,11 +113,11 @@ void GeneralPage::refreshTexts() {
 
 void GeneralPage::refreshValues() {
   language_->setLanguage(general_.language());
-  login_->setChecked(general_.opensAtLogin());
+  settings_look::showChecked(*login_, general_.opensAtLogin());
   login_->setAccessibleDescription(toQString(general_.loginProblem()));
   showText(*loginProblem_, toQString(general_.loginProblem()));
   haptics_->setVisible(general_.hasHaptics());
-  haptics_->setChecked(general_.givesHapticFeedback());
+  settings_look::showChecked(*haptics_, general_.givesHapticFeedback());
   for (FindingsList* list : {statusItem_, permissions_, failures_}) list->refresh();
 }
 

@@ -109,7 +109,10 @@ QWidget* ItemPanel::makeActionEditors() {
   page({address_});
   page({keystroke_});
   page({snippet_, snippetHint_});
-  page({system_});
+  // The toolkit names a combo box by its label only, shown or not.
+  systemLabel_ = settings_look::makeLabelFor(*system_);
+  page({systemLabel_, system_});
+  systemLabel_->hide();
   return editors_;
 }
 
@@ -121,7 +124,7 @@ void ItemPanel::connectFields() {
   connect(address_, &QLineEdit::textEdited, this,
           [this](const QString& text) { item_.setAddress(text.toStdString()); });
   connect(
-      keystroke_, &QPushButton::clicked, this, [this] { item_.toggleRecording(); }, Qt::QueuedConnection);
+      keystroke_, &QPushButton::toggled, this, [this] { item_.toggleRecording(); }, Qt::QueuedConnection);
   connect(snippet_, &QPlainTextEdit::textChanged, this,
           [this] { item_.setSnippet(snippet_->toPlainText().toStdString()); });
   connect(system_, &QComboBox::activated, this, [this](int index) {
@@ -184,7 +187,7 @@ void ItemPanel::refreshAction() {
   address_->setAccessibleName(text(StringKey::addressField));
   showValue(*address_, toQString(item_.address()));
   keystroke_->setText(toQString(item_.keystrokeText()));
-  keystroke_->setChecked(item_.isRecording());
+  settings_look::showChecked(*keystroke_, item_.isRecording());
   keystroke_->setAccessibleName(text(StringKey::keystrokeField));
   keystroke_->setAccessibleDescription(keystroke_->text());
   snippet_->setAccessibleName(text(StringKey::snippetField));
@@ -194,7 +197,7 @@ void ItemPanel::refreshAction() {
   }
   snippetHint_->setText(toQString(item_.snippetHint()));
   const QSignalBlocker systems(system_);
-  system_->setAccessibleName(text(StringKey::systemField));
+  settings_look::nameControl(*systemLabel_, text(StringKey::systemField));
   system_->clear();
   for (const auto& choice : item_.systemChoices()) {
     system_->addItem(toQString(choice.name));

@@ -54,6 +54,7 @@ class ItemPanel : public QWidget {
   QPushButton* keystroke_;
   QPlainTextEdit* snippet_;
   QLabel* snippetHint_;
+  QLabel* systemLabel_ = nullptr;
   QComboBox* system_;
   QLabel* problem_;
   QLabel* iconLabel_ = nullptr;

@@ -60,7 +60,7 @@ MenuPage::MenuPage(const SettingsParts& parts, MakePanel makePanel)
   across->addWidget(rule);
   across->addWidget(makeSide());
   connect(name_, &QLineEdit::textEdited, this, [this](const QString& text) { menu_.setName(text.toStdString()); });
-  connect(switch_, &QCheckBox::clicked, this, [this](bool isOn) { menu_.setEnabled(isOn); });
+  connect(switch_, &QCheckBox::toggled, this, [this](bool isOn) { menu_.setEnabled(isOn); });
   connect(fingers_, &QComboBox::activated, this,
           [this](int index) { menu_.setFingerCount(MenuEditor::kFingerCounts.at(static_cast<std::size_t>(index))); });
   color_->onChosen = [this](const ColorField::Choice& color) {
@@ -157,7 +157,7 @@ void MenuPage::refreshHead() {
   settings_look::showText(*description_, toQString(menu_.description()));
   switch_->setText(text(StringKey::menuSwitch));
   switch_->setVisible(!menu_.isStandard());
-  switch_->setChecked(menu.isEnabled());
+  settings_look::showChecked(*switch_, menu.isEnabled());
   hotkeyLabel_->setText(text(StringKey::menuHotkey));
   hotkey_->setMenu(menu.id.string());
   hotkey_->refresh();

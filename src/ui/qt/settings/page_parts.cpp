@@ -7,6 +7,7 @@
 #include <QResizeEvent>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QSignalBlocker>
 
 #include "ui/qt/windows/interface_language.h"
 
@@ -119,6 +120,11 @@ QLabel* makeProblem() {
 void showText(QLabel& label, const QString& text) {
   label.setText(text);
   label.setVisible(!text.isEmpty());
+}
+
+void showChecked(QAbstractButton& button, bool isChecked) {
+  const QSignalBlocker blocker(button);
+  button.setChecked(isChecked);
 }
 
 QLabel* makeLabelFor(QWidget& control, const QString& text) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QAbstractButton>
 #include <QLabel>
 #include <QScrollArea>
 #include <QString>
@@ -32,6 +33,9 @@ QLabel* makeNote(const QString& text = {});
 QLabel* makeProblem();
 /// Shows the text in a note or problem, and hides the label when there is none.
 void showText(QLabel& label, const QString& text);
+/// Shows a state without a signal. `toggled` then tells what the user did; assistive technology toggles a button
+/// without a click.
+void showChecked(QAbstractButton& button, bool isChecked);
 /// The label of a control, its buddy; the control gets the label's text as its accessible name.
 QLabel* makeLabelFor(QWidget& control, const QString& text = {});
 /// Sets the text of a label made by `makeLabelFor`, and with it the control's accessible name.

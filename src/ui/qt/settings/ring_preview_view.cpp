@@ -1,6 +1,7 @@
 #include "ui/qt/settings/ring_preview_view.h"
 
 #include <QAccessible>
+#include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -29,6 +30,7 @@ PixelBuffer buffer(QImage& image) {
 RingPreviewView::RingPreviewView(RingPreview& preview, const LocalizationStore& localization,
                                  PictureRasterizer& rasterizer)
     : preview_(preview), localization_(localization), rasterizer_(rasterizer) {
+  QAccessible::registerAccessibleInterface(new QAccessibleWidget(this, QAccessible::Canvas));
   setFocusPolicy(Qt::StrongFocus);
   setMouseTracking(true);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);

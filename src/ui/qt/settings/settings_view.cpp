@@ -1,5 +1,6 @@
 #include "ui/qt/settings/settings_view.h"
 
+#include <QAccessibleWidget>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFrame>
@@ -55,6 +56,7 @@ SettingsView::SettingsView(const WindowContents& contents, const IconDrawing& dr
       sidebar_(new Sidebar(parts_.models, icons_)),
       notice_(new NoticeBar(parts_.models, icons_)),
       stack_(new QStackedWidget) {
+  QAccessible::registerAccessibleInterface(new QAccessibleWidget(this, QAccessible::Window));
   setWindowIcon(applicationIcon());
   auto* across = new QHBoxLayout(this);
   across->setContentsMargins(0, 0, 0, 0);
