@@ -82,7 +82,7 @@ TEST_F(SessionTest, EditByHandIsKeptAtTheNextSaveAndCanBeImported) {
   client_.keyDown(key::shift);
   client_.tap(key::tab);
   client_.keyUp(key::shift);
-  for (int i = 0; i < 2; ++i) client_.tap(key::down);
+  for (int i = 0; i < 3; ++i) client_.tap(key::down);
   for (int i = 0; i < kTabsToImport; ++i) client_.tap(key::tab);
   client_.tap(key::space);
   EXPECT_TRUE(waitUntil([&] { return readFile(file).find("Edited 1") != std::string::npos; })) << readFile(file);

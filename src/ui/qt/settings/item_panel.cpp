@@ -228,7 +228,7 @@ void ItemPanel::refreshLabel() {
 
 void ItemPanel::refreshAttempt() {
   tryIt_->setText(text(StringKey::itemTry));
-  attempt_->setText(toQString(item_.attempt()));
+  settings_look::showText(*attempt_, toQString(item_.attempt()));
 }
 
 void ItemPanel::editTitle() {

@@ -305,6 +305,11 @@ bool Sidebar::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
   const auto& key = *static_cast<QKeyEvent*>(event);
   const bool isEnter = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+  // The focus has made the first row current: the key chooses that row, not the next one.
+  if (auto* list = qobject_cast<QListWidget*>(watched); list != nullptr && list->selectedItems().isEmpty()) {
+    const bool chooses = isEnter || key.key() == Qt::Key_Down || key.key() == Qt::Key_Up;
+    if (chooses && list->currentRow() >= 0) return list->setCurrentRow(list->currentRow()), true;
+  }
   if (watched == search_) {
     if (isEnter && hits_->isVisible()) return openRow(*hits_), true;
     if (key.key() == Qt::Key_Down && hits_->isVisible()) return hits_->setFocus(), true;
