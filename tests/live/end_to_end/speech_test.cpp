@@ -81,8 +81,8 @@ class SpeechTest : public EndToEndTest {
 };
 
 TEST_F(SpeechTest, AListenerHearsMenuAndItemsAndWithoutOneTheProgramStaysAway) {
-  // Starts the bus while accessibility is off. The toolkit asks once whether it is on, and connects too where it is: the
-  // ring gives it the time to ask.
+  // Starts the bus while accessibility is off. The toolkit asks once whether it is on, and connects too where it is:
+  // the ring gives it the time to ask.
   EXPECT_THAT(connections(), ElementsAre());
   ASSERT_TRUE(open());
   client_.tap(key::escape);
