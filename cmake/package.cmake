@@ -24,7 +24,8 @@ set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # Beyond the libraries: symbols of the tray's menu, emoji as icons, types of files, and the bus.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "adwaita-icon-theme, fonts-noto-color-emoji, hicolor-icon-theme, shared-mime-info")
-# The scripts of all languages of the interface, and the bus on which applications publish their menus.
+# The scripts of all languages of the interface, the texts of the dialogs for files and colours, and the bus on which
+# applications publish their menus.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
-  "at-spi2-core, default-dbus-session-bus | dbus-session-bus, fonts-noto-cjk, fonts-noto-core, fonts-noto-ui-core, xdg-utils")
+  "at-spi2-core, default-dbus-session-bus | dbus-session-bus, fonts-noto-cjk, fonts-noto-core, fonts-noto-ui-core, qt6-translations-l10n, xdg-utils")
 include(CPack)

@@ -18,11 +18,11 @@ bool isUnseparated(std::string_view word) {
 
 }  // namespace
 
-WordQuery::WordQuery(std::string_view query) : key_(searchKey(query)) {
+WordQuery::WordQuery(std::string_view query, Match match) : key_(searchKey(query)) {
   for (std::size_t begin = 0; begin < key_.size();) {
     const std::size_t end = std::min(key_.find(' ', begin), key_.size());
     std::string word = key_.substr(begin, end - begin);
-    const bool anywhere = isUnseparated(word);
+    const bool anywhere = match == Match::anywhere || isUnseparated(word);
     words_.push_back({std::move(word), anywhere});
     begin = end + 1;
   }

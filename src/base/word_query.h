@@ -8,10 +8,13 @@
 namespace rondora {
 
 /// What the user searches for. A text is found when each word of the query begins one of its words; in Chinese and
-/// Japanese, whose words are not separated, when it contains them.
+/// Japanese, whose words are not separated, and with `Match::anywhere`, when it contains them.
 class WordQuery {
  public:
-  explicit WordQuery(std::string_view query);
+  /// Where a word of the query has to be.
+  enum class Match { wordBegin, anywhere };
+
+  explicit WordQuery(std::string_view query, Match match = Match::wordBegin);
 
   bool isEmpty() const { return words_.empty(); }
   /// The query as `searchKey` makes it.

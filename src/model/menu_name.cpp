@@ -4,9 +4,13 @@
 
 namespace rondora {
 
-std::string displayName(const PieMenu& menu) {
+std::string listedName(const PieMenu& menu) {
   constexpr std::size_t kMaxCharacters = 60;
-  const std::string name = controlsEscaped(shortened(menu.name, kMaxCharacters));
+  return controlsEscaped(shortened(menu.name, kMaxCharacters));
+}
+
+std::string displayName(const PieMenu& menu) {
+  const std::string name = listedName(menu);
   return hasRightToLeftLetter(name) ? isolated(name) : name;
 }
 

@@ -29,9 +29,11 @@ bool EditHistory::edit(const EditSession::Edit& edit, std::string_view field) {
   edit(edited);
   if (isSame(edited, document())) return false;
   const bool isFurther = !field.empty() && field == lastField_ && clock_.uptime() - lastEdit_ <= kBurst && canUndo();
+  const bool takesBack = isFurther && isSame(edited, done_.back());
+  if (takesBack) done_.pop_back();
   if (!isFurther) push(done_, document());
   undone_.clear();
-  lastField_ = field;
+  lastField_ = takesBack ? "" : field;
   lastEdit_ = clock_.uptime();
   known_ = edited;
   session_.edit([&edited](PieConfiguration& document) { document = std::move(edited); });

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/unicode.h"
+#include "base/word_query.h"
 #include "model/menu_name.h"
 #include "model/ring_order.h"
 #include "settings/editing/menu_edits.h"
@@ -10,21 +11,7 @@
 namespace rondora {
 namespace {
 
-std::vector<std::string> words(std::string_view query) {
-  std::vector<std::string> result;
-  const std::string folded = lowerCased(compatibilityFolded(query));
-  for (std::size_t at = 0; at < folded.size();) {
-    const std::size_t end = std::min(folded.find(' ', at), folded.size());
-    if (end > at) result.push_back(folded.substr(at, end - at));
-    at = end + 1;
-  }
-  return result;
-}
-
-bool contains(std::string_view text, const std::vector<std::string>& words) {
-  const std::string folded = lowerCased(compatibilityFolded(text));
-  return std::ranges::all_of(words, [&](const std::string& word) { return folded.find(word) != folded.npos; });
-}
+bool finds(const WordQuery& query, std::string_view text) { return query.finds({searchKey(text)}); }
 
 }  // namespace
 
@@ -32,7 +19,7 @@ std::vector<MenuList::Row> MenuList::rows() const {
   std::vector<Row> rows;
   for (const PieMenu& menu : services_.history.document().menus) {
     rows.push_back({.id = menu.id,
-                    .name = displayName(menu),
+                    .name = listedName(menu),
                     .kind = menu.kind,
                     .color = menu.globalSidebarIconColorHex.value_or(""),
                     .trigger = services_.trigger ? services_.trigger(menu) : "",
@@ -42,16 +29,16 @@ std::vector<MenuList::Row> MenuList::rows() const {
 }
 
 std::vector<MenuList::Hit> MenuList::search(std::string_view query) const {
-  const std::vector<std::string> wanted = words(query);
+  const WordQuery wanted(query, WordQuery::Match::anywhere);
   std::vector<Hit> menus;
   std::vector<Hit> items;
-  if (wanted.empty()) return menus;
+  if (wanted.isEmpty()) return menus;
   for (const PieMenu& menu : services_.history.document().menus) {
-    const std::string name = displayName(menu);
-    if (contains(name, wanted)) menus.push_back({.menu = menu.id, .item = std::nullopt, .title = name, .place = ""});
+    const std::string name = listedName(menu);
+    if (finds(wanted, name)) menus.push_back({.menu = menu.id, .item = std::nullopt, .title = name, .place = ""});
     for (PieMenuItem& item : inRingOrder(menu.items)) {
       const std::string title = services_.itemTitle(item);
-      if (contains(title, wanted)) items.push_back({menu.id, std::move(item), title, name});
+      if (finds(wanted, title)) items.push_back({menu.id, std::move(item), title, name});
     }
   }
   menus.insert(menus.end(), std::make_move_iterator(items.begin()), std::make_move_iterator(items.end()));

@@ -21,7 +21,8 @@ double length(Point point) { return std::hypot(point.x, point.y); }
 RingPreview::RingPreview(Services services) : services_(std::move(services)) { refresh(); }
 
 void RingPreview::refresh() {
-  cancel();
+  // The wheel goes on: each of its turns changes the document.
+  if (drag_ != Drag::wheel) drag_ = Drag::none;
   show({});
 }
 
@@ -83,6 +84,7 @@ void RingPreview::press(Point point) {
   pressedAt_ = pointer_ = point;
   if (isOnRim(point)) {
     drag_ = Drag::wheel;
+    turnedFrom_ = ring_.layout.rotationDegrees;
     wheel_.emplace(ring_.layout.rotationDegrees, WheelTurn::pointerAngle(point, ring_.layout.center()),
                    ring_.itemCount);
     return;
@@ -145,11 +147,11 @@ void RingPreview::leave() {
 }
 
 bool RingPreview::cancel() {
-  const Drag ended = drag_;
-  if (ended == Drag::none || ended == Drag::wheel) return false;
-  drag_ = Drag::none;
+  const Drag ended = std::exchange(drag_, Drag::none);
+  wheel_.reset();
+  if (ended == Drag::wheel) turnTo(turnedFrom_);
   if (ended == Drag::item) show({});
-  return true;
+  return ended != Drag::none;
 }
 
 RingPreview::Cursor RingPreview::cursor() const {

@@ -88,6 +88,8 @@ class RingPreview {
   /// Where the dragged item is now.
   std::size_t draggedTo_ = 0;
   std::optional<WheelTurn> wheel_;
+  /// The rotation to which the end of a wheel's drag without an effect goes back.
+  double turnedFrom_ = 0;  // degrees
   std::optional<std::size_t> hovered_;
   Signal<> changed_;
 };

@@ -239,7 +239,7 @@ TEST_F(NewMenuTest, ActsOnItsHotkeyAndCanBeUndone) {
   client_.tap(key::a);
   client_.keyUp(key::control);
   type("From nothing");
-  press("check box", "Record a hotkey for the menu “From nothing”");
+  press("push button", "Record a hotkey for the menu “From nothing”");
   ASSERT_TRUE(waitForRecordings(1));
   holdChord(key::space);
   releaseChord();
@@ -258,7 +258,7 @@ TEST_F(NewMenuTest, ActsOnItsHotkeyAndCanBeUndone) {
   type("rondora-test:somewhere");
   EXPECT_TRUE(waitForItem(1, {{"openURL", {{"url", "rondora-test:somewhere"}}}}));
   addItem("Keys", "Press keys");
-  press("check box", "Keys:");
+  press("push button", "Keys:");
   ASSERT_TRUE(waitForRecordings(2));
   client_.tap(key::f9);
   EXPECT_TRUE(waitForItem(2, {{"keystroke", {{"keyCode", 101}, {"modifiers", 0}}}}));

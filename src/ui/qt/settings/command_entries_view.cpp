@@ -9,7 +9,6 @@
 #include <algorithm>
 
 #include "platform/qt/qt_text.h"
-#include "ui/qt/settings/command_rows.h"
 #include "ui/qt/settings/page_parts.h"
 #include "ui/qt/settings/two_line_delegate.h"
 
@@ -46,11 +45,11 @@ void CommandEntriesView::refresh() {
     const QString title = toQString(entry.title);
     const QString second = toQString(entry.problem.empty() ? entry.menus : entry.problem);
     const QString key = toQString(entry.keyEquivalent);
-    row.setText(inOwnDirection(entry.title));
+    row.setText(toQString(entry.title));
     row.setToolTip(entry.problem.empty() ? title : toQString(entry.menus));
     row.setIcon(icons_.picture(IconReference::parse(entry.icon), settings_look::kListIcon, tint, devicePixelRatioF()));
-    row.setData(TwoLineDelegate::kSecondLine, inOwnDirection(entry.problem.empty() ? entry.menus : entry.problem));
-    row.setData(TwoLineDelegate::kMark, inOwnDirection(entry.keyEquivalent));
+    row.setData(TwoLineDelegate::kSecondLine, toQString(entry.problem.empty() ? entry.menus : entry.problem));
+    row.setData(TwoLineDelegate::kMark, toQString(entry.keyEquivalent));
     row.setData(TwoLineDelegate::kIsQuiet, !entry.problem.empty());
     row.setData(Qt::AccessibleTextRole, key.isEmpty() ? title + ", " + second : title + ", " + second + ", " + key);
   }

@@ -11,6 +11,15 @@
 #include "ui/qt/settings/two_line_delegate.h"
 
 namespace rondora {
+namespace {
+
+/// A text of an application's keeps its own direction, also where the interface runs the other way.
+QString inOwnDirection(const std::string& text) {
+  const bool isForeign = QGuiApplication::isRightToLeft() && !text.empty();
+  return toQString(isForeign ? isolated(text) : text);
+}
+
+}  // namespace
 
 CommandRows::CommandRows(const AppCommandSets& sets, const LocalizationStore& localization, const ItemIcons& icons,
                          QWidget& view)
@@ -33,11 +42,6 @@ int CommandRows::rowCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : static_cast<int>(rows_.size());
 }
 
-QString inOwnDirection(const std::string& text) {
-  const bool isForeign = QGuiApplication::isRightToLeft() && !text.empty();
-  return toQString(isForeign ? isolated(text) : text);
-}
-
 /// The menus, and what else there is to know.
 QString CommandRows::secondLine(int row) const {
   const CommandCatalog::Row& command = rows_[static_cast<std::size_t>(row)];
@@ -54,7 +58,6 @@ QVariant CommandRows::data(const QModelIndex& index, int role) const {
   const QString key = toQString(command.keyEquivalent);
   switch (role) {
     case Qt::DisplayRole:
-      return inOwnDirection(command.title);
     case Qt::ToolTipRole:
       return title;
     case Qt::DecorationRole:
@@ -67,7 +70,7 @@ QVariant CommandRows::data(const QModelIndex& index, int role) const {
     case TwoLineDelegate::kSecondLine:
       return secondLine(index.row());
     case TwoLineDelegate::kMark:
-      return inOwnDirection(command.keyEquivalent);
+      return key;
     case TwoLineDelegate::kIsQuiet:
       return isInSet(index.row()) || !command.note.empty();
     default:

@@ -35,7 +35,4 @@ class CommandRows : public QAbstractListModel {
   std::vector<CommandCatalog::Row> rows_;
 };
 
-/// A text of an application's for a row: it keeps its own direction, also where the interface runs the other way.
-QString inOwnDirection(const std::string& text);
-
 }  // namespace rondora

@@ -18,7 +18,6 @@ HotkeyField::HotkeyField(HotkeyList list, const LocalizationStore& localization,
       remove_(new IconButton(icons, "xmark", [this] { list_.remove(menuId_); })),
       note_(settings_look::makeProblem()) {
   record_->setAutoDefault(false);
-  record_->setCheckable(true);
   auto* grid = new QGridLayout(this);
   grid->setContentsMargins(0, 0, 0, 0);
   grid->setVerticalSpacing(settings_look::kSmallGap);
@@ -27,7 +26,7 @@ HotkeyField::HotkeyField(HotkeyList list, const LocalizationStore& localization,
   grid->addWidget(remove_, 0, 1);
   grid->addWidget(note_, 1, 0, 1, 2);
   connect(
-      record_, &QPushButton::toggled, this, [this] { list_.toggleRecording(menuId_); }, Qt::QueuedConnection);
+      record_, &QPushButton::clicked, this, [this] { list_.toggleRecording(menuId_); }, Qt::QueuedConnection);
 }
 
 void HotkeyField::setMenu(const std::string& menuId) {
@@ -48,7 +47,7 @@ void HotkeyField::refresh() {
   if (shown == nullptr) return;
   const bool isNone = !shown->isAssigned && !shown->isRecording;
   record_->setText(isNone ? toQString(localization_.text(StringKey::hotkeyRecord)) : toQString(shown->hotkey));
-  settings_look::showChecked(*record_, shown->isRecording);
+  record_->setDown(shown->isRecording);
   record_->setAccessibleName(toQString(shown->recordName));
   record_->setAccessibleDescription(
       toQString(shown->note.empty() ? shown->hotkey : shown->hotkey + ". " + shown->note));

@@ -52,7 +52,6 @@ ItemPanel::ItemPanel(const SettingsParts& parts)
       tryIt_(new QPushButton),
       attempt_(settings_look::makeNote()) {
   for (QPushButton* button : {application_, keystroke_, icon_, tryIt_}) button->setAutoDefault(false);
-  keystroke_->setCheckable(true);
   icon_->setIconSize({kIcon, kIcon});
   application_->setIconSize({kIcon, kIcon});
   label_->setMaxLength(4);
@@ -124,7 +123,7 @@ void ItemPanel::connectFields() {
   connect(address_, &QLineEdit::textEdited, this,
           [this](const QString& text) { item_.setAddress(text.toStdString()); });
   connect(
-      keystroke_, &QPushButton::toggled, this, [this] { item_.toggleRecording(); }, Qt::QueuedConnection);
+      keystroke_, &QPushButton::clicked, this, [this] { item_.toggleRecording(); }, Qt::QueuedConnection);
   connect(snippet_, &QPlainTextEdit::textChanged, this,
           [this] { item_.setSnippet(snippet_->toPlainText().toStdString()); });
   connect(system_, &QComboBox::activated, this, [this](int index) {
@@ -187,7 +186,7 @@ void ItemPanel::refreshAction() {
   address_->setAccessibleName(text(StringKey::addressField));
   showValue(*address_, toQString(item_.address()));
   keystroke_->setText(toQString(item_.keystrokeText()));
-  settings_look::showChecked(*keystroke_, item_.isRecording());
+  keystroke_->setDown(item_.isRecording());
   keystroke_->setAccessibleName(text(StringKey::keystrokeField));
   keystroke_->setAccessibleDescription(keystroke_->text());
   snippet_->setAccessibleName(text(StringKey::snippetField));

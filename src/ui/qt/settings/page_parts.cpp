@@ -3,11 +3,13 @@
 #include <QEvent>
 #include <QFrame>
 #include <QHBoxLayout>
+#include <QPainter>
 #include <QPalette>
 #include <QResizeEvent>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSignalBlocker>
+#include <QStyle>
 
 #include "ui/qt/windows/interface_language.h"
 
@@ -18,6 +20,8 @@ constexpr double kTitleScale = 1.45;
 constexpr double kNoteScale = 0.92;
 /// The share of the text colour in quiet letters; dark and light schemes stay above 4.5 : 1.
 constexpr double kQuiet = 0.72;
+constexpr int kProblemMark = 14;
+constexpr int kProblemGap = 5;
 
 QColor blended(const QColor& front, const QColor& back, double share) {
   const auto mix = [share](float a, float b) {
@@ -48,6 +52,16 @@ class Text : public QLabel {
     QLabel::resizeEvent(event);
     if (wordWrap() && event->oldSize().width() != width()) updateGeometry();
   }
+  void paintEvent(QPaintEvent* event) override {
+    QLabel::paintEvent(event);
+    if (role_ != Role::problem) return;
+    QPainter painter(this);
+    const int line = fontMetrics().height();
+    const QRect mark(0, (line - kProblemMark) / 2, kProblemMark, kProblemMark);
+    style()
+        ->standardIcon(QStyle::SP_MessageBoxWarning)
+        .paint(&painter, QStyle::visualRect(layoutDirection(), rect(), mark));
+  }
   void changeEvent(QEvent* event) override {
     QLabel::changeEvent(event);
     const auto type = event->type();
@@ -74,6 +88,10 @@ class Text : public QLabel {
       quiet.setColor(QPalette::WindowText,
                      blended(application.color(QPalette::WindowText), application.color(QPalette::Window), kQuiet));
       setPalette(quiet);
+    }
+    if (role_ == Role::problem) {
+      const int indent = kProblemMark + kProblemGap;
+      setContentsMargins(isRightToLeft() ? 0 : indent, 0, isRightToLeft() ? indent : 0, 0);
     }
     setWordWrap(role_ != Role::plain);
     if (role_ != Role::plain) setAlignment(leadingAlignment() | Qt::AlignTop);

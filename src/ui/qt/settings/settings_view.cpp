@@ -30,6 +30,7 @@
 #include "ui/qt/settings/running_apps_panel.h"
 #include "ui/qt/settings/session_page.h"
 #include "ui/qt/settings/sidebar.h"
+#include "ui/qt/windows/toolkit_dialogs.h"
 
 namespace rondora {
 namespace {
@@ -123,6 +124,7 @@ void SettingsView::refreshSoon() {
 
 void SettingsView::refresh() {
   isRefreshDue_ = false;
+  prepareToolkitDialogs(parts_.models.localization.language());
   setWindowTitle(toQString(parts_.models.localization.text(StringKey::settingsTitle)));
   sidebar_->refresh();
   notice_->refresh();

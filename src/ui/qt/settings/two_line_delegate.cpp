@@ -38,7 +38,9 @@ void TwoLineDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
   quiet.setAlphaF(kQuiet);
   const bool isRightToLeft = row.direction == Qt::RightToLeft;
   const auto visual = [&](const QRect& rect) { return QStyle::visualRect(row.direction, row.rect, rect); };
-  const int leading = (isRightToLeft ? Qt::AlignRight : Qt::AlignLeft) | int{Qt::AlignVCenter};
+  const int leading = (isRightToLeft ? Qt::AlignRight : Qt::AlignLeft) | int{Qt::AlignVCenter} | int{Qt::AlignAbsolute};
+  // Each text runs in its own direction, also in a list that runs in the other.
+  painter->setLayoutDirection(Qt::LayoutDirectionAuto);
 
   QRect rest = row.rect.adjusted(kMargin, 0, -kMargin, 0);
   const QSize iconSize = row.decorationSize;
