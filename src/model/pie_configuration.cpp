@@ -56,13 +56,20 @@ PieMenu PieConfiguration::templateRunningAppsMenu(RandomSource& random) {
   return menu;
 }
 
-PieMenu PieConfiguration::templateAppCommandsMenu(RandomSource& random) {
+PieMenu PieConfiguration::templateLooks(PieMenuKind kind) {
   PieMenu menu;
+  menu.kind = kind;
+  if (kind == PieMenuKind::appCommands) {
+    menu.rotationDegrees = -22.5;
+    menu.pawDecorationEnabled = false;
+  }
+  return menu;
+}
+
+PieMenu PieConfiguration::templateAppCommandsMenu(RandomSource& random) {
+  PieMenu menu = templateLooks(PieMenuKind::appCommands);
   menu.id = random.uuid();
   menu.name = "App commands";
-  menu.kind = PieMenuKind::appCommands;
-  menu.rotationDegrees = -22.5;
-  menu.pawDecorationEnabled = false;
   menu.appCommandsDefaultEntries = PieMenu::resolvedAppCommandsDefaultEntries({}, menu.kind, random);
   return menu;
 }

@@ -29,6 +29,8 @@ struct PieConfiguration {
 
   /// The first-run document, with fresh ids.
   static PieConfiguration defaultConfig(RandomSource& random);
+  /// A new menu of that kind as it looks, without id, name and entries.
+  static PieMenu templateLooks(PieMenuKind kind);
   static PieMenu templateRunningAppsMenu(RandomSource& random);
   static PieMenu templateAppCommandsMenu(RandomSource& random);
 

@@ -74,9 +74,16 @@ void copy(PieMenu& menu, const PieMenu& from, const AppearanceControl& control) 
   menu.innerRadius = PieMenu::clampedInnerRadius(menu.innerRadius, menu.menuRadius);
 }
 
+/// Brings back the look of a new menu of its kind.
+void restore(PieMenu& menu, const AppearanceControl& control) {
+  copy(menu, PieConfiguration::templateLooks(menu.kind), control);
+  if (!is(control, &PieMenu::rotationDegrees)) return;
+  menu.rotationDegrees = snappedAestheticRotationDegrees(menu.rotationDegrees, sectorCount(menu));
+}
+
 bool isDefault(const PieMenu& menu, const AppearanceControl& control) {
   PieMenu reset = menu;
-  copy(reset, PieMenu(), control);
+  restore(reset, control);
   return reset == menu;
 }
 
@@ -225,7 +232,7 @@ void AppearanceEditor::setColor(std::string_view key, const std::string& color) 
 
 void AppearanceEditor::reset(std::string_view key) {
   const AppearanceControl* control = controlOf(key);
-  if (control != nullptr) edit([&](PieMenu& menu) { copy(menu, PieMenu(), *control); });
+  if (control != nullptr) edit([&](PieMenu& menu) { restore(menu, *control); });
 }
 
 bool AppearanceEditor::isAllDefault() const {
@@ -236,7 +243,7 @@ bool AppearanceEditor::isAllDefault() const {
 
 void AppearanceEditor::resetAll() {
   edit([](PieMenu& menu) {
-    for (const AppearanceControl& control : kAppearanceControls) copy(menu, PieMenu(), control);
+    for (const AppearanceControl& control : kAppearanceControls) restore(menu, control);
   });
 }
 

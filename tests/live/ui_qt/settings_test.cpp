@@ -103,6 +103,12 @@ std::string cutOff(const QWidget& widget) {
   if (choice != nullptr && choice->minimumSizeHint().width() > choice->width()) {
     return choice->currentText().toStdString();
   }
+  const bool isControl = button != nullptr || choice != nullptr || qobject_cast<const QLineEdit*>(&widget) != nullptr;
+  for (const QWidget* outer = widget.parentWidget(); isControl && outer != nullptr; outer = outer->parentWidget()) {
+    const int left = widget.mapTo(outer, QPoint()).x();
+    const bool isInside = left >= 0 && left + widget.width() <= outer->width();
+    if (!isInside) return widget.accessibleName().toStdString() + " sticks out";
+  }
   return {};
 }
 

@@ -115,7 +115,8 @@ class PageArea : public QScrollArea {
     page.setAutoFillBackground(false);
   }
   QSize minimumSizeHint() const override {
-    return {widget()->minimumSizeHint().width() + verticalScrollBar()->sizeHint().width(), 0};
+    const QSize content = widget()->minimumSizeHint().expandedTo(widget()->minimumSize());
+    return {content.width() + verticalScrollBar()->sizeHint().width(), 0};
   }
   bool eventFilter(QObject* watched, QEvent* event) override {
     if (watched == widget() && event->type() == QEvent::LayoutRequest) updateGeometry();
