@@ -98,6 +98,10 @@ void AppDelegate::presentFirstWindows() {
   if (services_.config.hasReplacedUnreadable()) openSettings();
 }
 
+void AppDelegate::closeSettings() {
+  if (settingsWindow_) settingsWindow_->close();
+}
+
 void AppDelegate::applicationWillTerminate() {
   ringPrerenderer_.reset();
   triggers_.tearDown();

@@ -91,6 +91,8 @@ class AppDelegate {
   /// The user started the program again while it was running.
   bool applicationShouldHandleReopen(bool hasVisibleWindows);
   void openSettings();
+  /// Also enters what a field of theirs holds half typed.
+  void closeSettings();
   void quitApp();
   /// Triggers a menu for another program, like a hotkey that is neither held nor repeated.
   TriggerReply trigger(std::string_view idOrName);

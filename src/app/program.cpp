@@ -102,6 +102,7 @@ void Program::iconsChanged() {
 }
 
 void Program::end() {
+  delegate_.closeSettings();
   edits_.flush();
   favicons_.save();
   delegate_.applicationWillTerminate();
@@ -358,6 +359,14 @@ WindowContents Program::windowContents() {
           [this](FindingsObserver observer) {
             return rondora::watchFindings(
                 platform_.mainQueue, [this] { return failures(findings()); }, std::move(observer));
+          },
+      .watchUnsaved =
+          [this](FindingsObserver observer) {
+            const auto unsaved = [this] {
+              auto finding = documentFindings_.notSaved();
+              return finding ? SessionFindings{*std::move(finding)} : SessionFindings();
+            };
+            return rondora::watchFindings(platform_.mainQueue, unsaved, std::move(observer));
           },
       .press = [this](const FindingButton& button) { documentFindings_.press(button); },
       .welcome = &welcome_};

@@ -126,9 +126,10 @@ class Program {
   PieMenuWindowController pieMenuWindow_;
   MenuSwitchboard switchboard_;
   NativeAppSwitcher nativeAppSwitcher_;
-  AppDelegate delegate_;
   /// Nothing before a window needs it.
   std::optional<SettingsServices> settings_;
+  /// Owns the windows.
+  AppDelegate delegate_;
   LaunchAtLoginService launchAtLogin_;
   RequestGate settingsRequests_;
   Signal<> iconsDecoded_;

@@ -110,6 +110,8 @@ void SettingsServices::moveSector(std::size_t from, std::size_t to) {
 RingPreview::Services SettingsServices::previewServices() {
   return {.haptics = ports_.haptics,
           .hapticFeedbackEnabled = [this] { return history.document().hapticFeedbackEnabled; },
+          .editsSectors =
+              [this] { return navigation.page() == SettingsPage::menu && (menu.isStandard() || showsCommands()); },
           .ring = [this](const auto& order) { return ring(order); },
           .chosen = [this] { return chosenSector(); },
           .choose = [this](std::optional<std::size_t> sector) { chooseSector(sector); },

@@ -34,6 +34,8 @@ class SettingsWindow {
  public:
   virtual ~SettingsWindow() = default;
   virtual void show() = 0;
+  /// Without effect while it is not shown. What a field holds half typed is entered first.
+  virtual void close() = 0;
 };
 
 /// The first-launch window.

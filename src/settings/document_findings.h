@@ -31,6 +31,8 @@ class DocumentFindings {
 
   /// What cannot be saved, then kept documents, newest first. All of them fail.
   SessionFindings findings() const;
+  /// That edits cannot be saved; nothing while they can.
+  std::optional<SessionFinding> notSaved() const;
   /// Carries out the command of a button of these findings. What it could not do is part of the finding afterwards.
   void press(const FindingButton& button);
 
@@ -42,7 +44,6 @@ class DocumentFindings {
     std::string problem;
   };
 
-  std::optional<SessionFinding> notSaved() const;
   std::optional<SessionFinding> sitePicturesNotSaved() const;
   SessionFinding finding(const KeptDocument& document) const;
   std::string remedy(const KeptDocument& document) const;

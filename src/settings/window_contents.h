@@ -56,6 +56,8 @@ struct WindowContents {
   std::function<Subscription(FindingsObserver)> watchFindings;
   /// As `watchFindings`, with failures only.
   std::function<Subscription(FindingsObserver)> watchFailures;
+  /// As `watchFindings`, with what keeps edits from being saved only.
+  std::function<Subscription(FindingsObserver)> watchUnsaved;
   /// Carries out the command of a finding's button; the findings may change with it.
   std::function<void(const FindingButton&)> press;
   /// Lives longer than the windows.

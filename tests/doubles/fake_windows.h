@@ -44,6 +44,7 @@ class FakeWindows final : public Windows {
   struct FakeSettingsWindow final : SettingsWindow {
     explicit FakeSettingsWindow(FakeWindows& windows) : windows_(windows) {}
     void show() override { ++windows_.settingsShown; }
+    void close() override {}
     FakeWindows& windows_;
   };
 

@@ -64,7 +64,11 @@ void EditHistory::push(Steps& steps, PieConfiguration document) {
 
 /// A save may repair what was edited: that is no step of its own.
 void EditHistory::published(const PieConfiguration& document) {
-  if (!session_.isSaving() && !isSame(known_, document)) {
+  if (isSame(known_, document)) {
+    known_ = document;
+    return;
+  }
+  if (!session_.isSaving()) {
     push(done_, std::move(known_));
     undone_.clear();
     lastField_.clear();

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/unicode.h"
 #include "model/menu_name.h"
 #include "model/ring_order.h"
 #include "pie/labels/quick_select.h"
@@ -83,7 +84,7 @@ std::vector<MenuEditor::ItemRow> MenuEditor::items() const {
 
 std::string MenuEditor::title(const PieMenuItem& item) const {
   std::string title = services_.itemTitle(item);
-  return title.empty() ? std::string(services_.localization.text(StringKey::itemUntitled)) : title;
+  return trimmed(title).empty() ? std::string(services_.localization.text(StringKey::itemUntitled)) : title;
 }
 
 std::optional<std::size_t> MenuEditor::place(const Uuid& item) const {

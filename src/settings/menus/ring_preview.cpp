@@ -90,7 +90,7 @@ void RingPreview::press(Point point) {
     return;
   }
   const auto sector = sectorAt(point);
-  if (!services_.choose) return;
+  if (!services_.choose || !editsSectors()) return;
   services_.choose(sector);
   if (!sector) return;
   dragged_ = draggedTo_ = *sector;
@@ -157,12 +157,12 @@ bool RingPreview::cancel() {
 RingPreview::Cursor RingPreview::cursor() const {
   if (drag_ == Drag::item) return Cursor::drag;
   if (drag_ == Drag::wheel || (drag_ == Drag::none && isOnRim(pointer_))) return Cursor::turn;
-  return services_.choose && sectorAt(pointer_) ? Cursor::choose : Cursor::arrow;
+  return services_.choose && editsSectors() && sectorAt(pointer_) ? Cursor::choose : Cursor::arrow;
 }
 
 void RingPreview::step(int sectors) {
   const auto count = static_cast<int>(ring_.itemCount);
-  if (count == 0 || !services_.choose) return;
+  if (count == 0 || !services_.choose || !editsSectors()) return;
   const auto chosen = services_.chosen ? services_.chosen() : std::nullopt;
   const int from = chosen ? static_cast<int>(*chosen) : (sectors > 0 ? -1 : 0);
   services_.choose(static_cast<std::size_t>(((from + sectors) % count + count) % count));
@@ -170,7 +170,7 @@ void RingPreview::step(int sectors) {
 
 void RingPreview::moveChosen(int places) {
   const auto chosen = services_.chosen ? services_.chosen() : std::nullopt;
-  if (!chosen || !services_.move) return;
+  if (!chosen || !services_.move || !editsSectors()) return;
   const int to = static_cast<int>(*chosen) + places;
   if (to < 0 || to >= static_cast<int>(ring_.itemCount)) return;
   services_.move(*chosen, static_cast<std::size_t>(to));

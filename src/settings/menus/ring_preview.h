@@ -29,6 +29,8 @@ class RingPreview {
   struct Services {
     Haptics& haptics;
     std::function<bool()> hapticFeedbackEnabled;
+    /// Sectors can be chosen and moved now.
+    std::function<bool()> editsSectors;
     /// `order` tells where each item of the ring comes from; empty for the ring as it is.
     std::function<Ring(const std::vector<std::size_t>& order)> ring;
     std::function<std::optional<std::size_t>()> chosen;
@@ -44,6 +46,7 @@ class RingPreview {
   /// The document or what the ring shows has changed.
   void refresh();
   const Ring& ring() const { return ring_; }
+  bool editsSectors() const { return !services_.editsSectors || services_.editsSectors(); }
   /// One state for each layer of the picture.
   std::vector<double> states() const;
   /// The observer is called when the picture or a state changed.

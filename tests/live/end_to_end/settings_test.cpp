@@ -196,7 +196,9 @@ class NewMenuTest : public SettingsTest {
     tabTo("combo box", "Action:");
     constexpr std::array kKinds = {"No action",  "Open an application", "Open a web page",
                                    "Press keys", "Copy a text",         "Desktop action"};
+    client_.tap(key::down);  // opens the list
     for (auto each = kKinds.begin(); *each != kind; ++each) client_.tap(key::down);
+    client_.tap(key::enter);
     ASSERT_TRUE(shows([&](auto& control) { return named("combo box", "Action:")(control) && control.text == kind; }));
     expectNamesAndRoles();
   }
@@ -268,7 +270,7 @@ TEST_F(NewMenuTest, ActsOnItsHotkeyAndCanBeUndone) {
   EXPECT_TRUE(waitForItem(3, {{"snippet", {{"text", "from nothing"}}}}));
   addItem("System", "Desktop action");
   tabTo("combo box", "Do:");
-  client_.tap(key::down);
+  for (const auto each : {key::down, key::down, key::enter}) client_.tap(each);
   EXPECT_TRUE(waitForItem(4, {{"systemShortcut", {{"_0", "startScreenSaver"}}}}));
 
   client_.tap(key::escape);
@@ -328,6 +330,18 @@ TEST_F(SettingsTest, ImportsAGoodFileOnly) {
   EXPECT_TRUE(waitUntil([&] { return saved()["menus"][0]["name"] == "Imported"; }));
   undo();
   EXPECT_TRUE(waitUntil([&] { return saved()["menus"][0]["name"] == "Main"; }));
+}
+
+TEST_F(SettingsTest, EndOfTheProgramEntersWhatAFieldHolds) {
+  openPage("Appearance");
+  focus("spin button", "Radius of the ring");
+  client_.keyDown(key::control);
+  client_.tap(key::a);
+  client_.keyUp(key::control);
+  type("180");
+  ASSERT_TRUE(waitForRest());
+  EXPECT_EQ(program_->terminate(), 0);
+  EXPECT_EQ(saved()["menus"][0]["menuRadius"], 180);
 }
 
 TEST_F(SettingsTest, EditsInQuickSuccessionAreWrittenOnce) {

@@ -63,6 +63,7 @@ class WindowsTest : public testing::Test {
             .hotkeys = {},
             .watchFindings = [this](auto observer) { return watch(observer); },
             .watchFailures = [this](auto observer) { return watch(observer); },
+            .watchUnsaved = {},
             .press = {},
             .welcome = &welcome};
   }

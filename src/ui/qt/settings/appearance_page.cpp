@@ -66,7 +66,6 @@ void AppearancePage::placeBody(QVBoxLayout& column, QWidget* preview) {
   if (preview != nullptr) {
     previewHolder_ = new QWidget;
     auto* inside = new QVBoxLayout(previewHolder_);
-    inside->setContentsMargins(settings_look::kRowGap, 0, settings_look::kRowGap, 0);
     inside->addWidget(preview);
     body_->addWidget(previewHolder_);
   }
@@ -104,6 +103,8 @@ void AppearancePage::arrange() {
   isArranged_ = true;
   // To the trailing side of the fields, or above them.
   body_->setDirection(direction);
+  const int side = isBeside ? settings_look::kRowGap : settings_look::kPageMargin;
+  previewHolder_->layout()->setContentsMargins(side, 0, side, isBeside ? settings_look::kPageMargin : 0);
   previewHolder_->setMaximumHeight(isBeside ? QWIDGETSIZE_MAX : kPreviewHeight);
   previewHolder_->setMinimumSize(isBeside ? kPreviewWidth : 0, isBeside ? 0 : kPreviewHeight);
   body_->setStretch(0, isBeside ? 1 : 0);

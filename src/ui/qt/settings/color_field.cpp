@@ -9,6 +9,7 @@
 #include "platform/qt/qt_text.h"
 #include "settings/colors/color_text.h"
 #include "ui/qt/settings/page_parts.h"
+#include "ui/qt/settings/picture_button.h"
 
 namespace rondora {
 namespace {
@@ -41,7 +42,7 @@ ColorField::ColorField(const LocalizationStore& localization, std::optional<Stri
     : localization_(localization),
       automaticText_(automatic),
       code_(new QLineEdit),
-      other_(new QPushButton),
+      other_(new PictureButton),
       problem_(settings_look::makeProblem()) {
   // Radio buttons exclude each other within their parent.
   auto* choices = new QWidget;

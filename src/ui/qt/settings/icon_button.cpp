@@ -1,6 +1,7 @@
 #include "ui/qt/settings/icon_button.h"
 
-#include <QEvent>
+#include <QHelpEvent>
+#include <QToolTip>
 #include <utility>
 
 namespace rondora {
@@ -20,7 +21,16 @@ IconButton::IconButton(const ItemIcons& icons, std::string symbol, std::function
 
 void IconButton::setName(const QString& name, const QKeySequence& keys) {
   setAccessibleName(name);
-  setToolTip(keys.isEmpty() ? name : QStringLiteral("%1 (%2)").arg(name, keys.toString(QKeySequence::NativeText)));
+  const QString text = keys.toString(QKeySequence::NativeText);
+  tip_ = text.isEmpty() ? name : QStringLiteral("%1 (%2)").arg(name, text);
+  setAccessibleDescription(text);
+}
+
+// Screen readers would read a tool tip of the button's own after its name.
+bool IconButton::event(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return QToolButton::event(event);
+  QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), tip_, this);
+  return true;
 }
 
 void IconButton::draw() {

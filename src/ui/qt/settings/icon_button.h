@@ -20,6 +20,7 @@ class IconButton : public QToolButton {
   void setName(const QString& name, const QKeySequence& keys = {});
 
  protected:
+  bool event(QEvent* event) override;
   void changeEvent(QEvent* event) override;
   void showEvent(QShowEvent* event) override;
 
@@ -28,6 +29,7 @@ class IconButton : public QToolButton {
 
   const ItemIcons& icons_;
   std::string symbol_;
+  QString tip_;
 };
 
 }  // namespace rondora

@@ -7,8 +7,10 @@
 #include <QVBoxLayout>
 
 #include "platform/qt/qt_text.h"
+#include "ui/qt/settings/choice_box.h"
 #include "ui/qt/settings/color_field.h"
 #include "ui/qt/settings/page_parts.h"
+#include "ui/qt/settings/picture_button.h"
 
 namespace rondora {
 namespace {
@@ -22,12 +24,6 @@ void showValue(QLineEdit& field, const QString& value) {
   if (field.text() != value) field.setText(value);
 }
 
-/// The wheel scrolls the page.
-void ignoreWheel(QWidget& owner, QWidget& field) {
-  field.setFocusPolicy(Qt::StrongFocus);
-  field.installEventFilter(&owner);
-}
-
 }  // namespace
 
 ItemPanel::ItemPanel(const SettingsParts& parts)
@@ -35,16 +31,16 @@ ItemPanel::ItemPanel(const SettingsParts& parts)
       item_(parts_.models.item),
       form_(new QFormLayout),
       title_(new QLineEdit),
-      kind_(new QComboBox),
+      kind_(new ChoiceBox),
       editors_(new QStackedWidget),
-      application_(new QPushButton),
+      application_(new PictureButton),
       address_(new QLineEdit),
       keystroke_(new QPushButton),
       snippet_(new QPlainTextEdit),
       snippetHint_(settings_look::makeNote()),
-      system_(new QComboBox),
+      system_(new ChoiceBox),
       problem_(settings_look::makeProblem()),
-      icon_(new QPushButton),
+      icon_(new PictureButton),
       color_(new ColorField(parts_.models.localization)),
       iconColor_(new ColorField(parts_.models.localization, StringKey::iconColorAutomatic)),
       label_(new QLineEdit),
@@ -58,7 +54,6 @@ ItemPanel::ItemPanel(const SettingsParts& parts)
   snippet_->setTabChangesFocus(true);
   address_->setPlaceholderText(QStringLiteral("https://"));
   address_->setLayoutDirection(Qt::LeftToRight);
-  for (QComboBox* choice : {kind_, system_}) ignoreWheel(*this, *choice);
   keystroke_->installEventFilter(this);
 
   form_->setRowWrapPolicy(QFormLayout::WrapAllRows);
@@ -70,7 +65,8 @@ ItemPanel::ItemPanel(const SettingsParts& parts)
   form_->addRow(problem_);
   auto* attempt = new QHBoxLayout;
   attempt->addWidget(tryIt_);
-  attempt->addWidget(attempt_, 1);
+  attempt->addWidget(attempt_, 1000);
+  attempt->addStretch(1);
   form_->addRow(attempt);
   form_->addRow(settings_look::makeRule());
   addRow(iconLabel_, *icon_);
@@ -155,11 +151,19 @@ void ItemPanel::refresh() {
   settings_look::nameControl(*labelLabel_, text(StringKey::itemLabel));
   colorLabel_->setText(text(StringKey::itemColor));
   iconColorLabel_->setText(text(StringKey::itemIconColor));
+  if (std::exchange(shown_, item_.item()->id) != item_.item()->id) forgetTyping();
   showValue(*title_, toQString(item_.item()->title));
   refreshAction();
   refreshLooks();
   refreshLabel();
   refreshAttempt();
+}
+
+/// The undo of a field belongs to one item.
+void ItemPanel::forgetTyping() {
+  const QSignalBlocker blocker(snippet_);
+  snippet_->clear();
+  for (QLineEdit* field : {title_, address_, label_}) field->clear();
 }
 
 void ItemPanel::refreshAction() {
@@ -183,6 +187,7 @@ void ItemPanel::refreshAction() {
                             : parts_.icons.application(item_.applicationIdentifier(), kIcon, devicePixelRatioF()));
   application_->setAccessibleName(text(StringKey::actionChooseApplication));
   application_->setAccessibleDescription(application);
+  application_->setToolTip(application);
   address_->setAccessibleName(text(StringKey::addressField));
   showValue(*address_, toQString(item_.address()));
   keystroke_->setText(toQString(item_.keystrokeText()));
@@ -251,10 +256,6 @@ void ItemPanel::hideEvent(QHideEvent* event) {
 }
 
 bool ItemPanel::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::Wheel && (watched == kind_ || watched == system_)) {
-    event->ignore();
-    return true;
-  }
   if (watched == keystroke_ && event->type() == QEvent::FocusOut && item_.isRecording()) item_.cancelRecording();
   return QWidget::eventFilter(watched, event);
 }

@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QWidget>
+#include <optional>
 
 #include "ui/qt/settings/settings_parts.h"
 
@@ -33,6 +34,7 @@ class ItemPanel : public QWidget {
   QWidget* makeActionEditors();
   void addRow(QLabel*& label, QWidget& field);
   void connectFields();
+  void forgetTyping();
   void refreshAction();
   void refreshLooks();
   void refreshLabel();
@@ -68,6 +70,7 @@ class ItemPanel : public QWidget {
   QLabel* labelProblem_;
   QPushButton* tryIt_;
   QLabel* attempt_;
+  std::optional<Uuid> shown_;
   Subscription itemChanged_;
 };
 

@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 
 #include "platform/qt/qt_text.h"
+#include "ui/qt/settings/choice_box.h"
 #include "ui/qt/settings/color_field.h"
 #include "ui/qt/settings/hotkey_field.h"
 #include "ui/qt/settings/item_list.h"
@@ -30,7 +31,7 @@ MenuPage::MenuPage(const SettingsParts& parts, MakePanel makePanel)
       switch_(new QCheckBox),
       description_(settings_look::makeNote()),
       hotkey_(new HotkeyField(parts.contents.hotkeys, parts.models.localization, parts.icons)),
-      fingers_(new QComboBox),
+      fingers_(new ChoiceBox),
       trackpadNote_(settings_look::makeProblem()),
       preview_(new RingPreviewView(parts.models.preview, parts.models.localization, parts.rasterizer)),
       turnLeft_(new IconButton(parts.icons, "rotate.left", [this] { parts_.models.preview.turnBy(-1); })),
@@ -111,7 +112,6 @@ QWidget* MenuPage::makeRing() {
 
 QWidget* MenuPage::makeSide() {
   auto* content = new QWidget;
-  content->setMinimumWidth(kSideWidth);
   auto* column = new QVBoxLayout(content);
   column->setContentsMargins(kSideMargin, settings_look::kPageMargin, kSideMargin, settings_look::kPageMargin);
   column->setSpacing(settings_look::kRowGap);
@@ -126,7 +126,6 @@ QWidget* MenuPage::makeSide() {
   column->addWidget(item_);
   sideColumn_ = column;
   side_ = settings_look::makeScrolling(*content);
-  side_->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Expanding);
   return side_;
 }
 
@@ -150,7 +149,8 @@ void MenuPage::refresh() {
 void MenuPage::refreshHead() {
   const PieMenu& menu = *menu_.menu();
   name_->setAccessibleName(text(StringKey::menuName));
-  if (name_->text().toStdString() != menu.name) {
+  const bool isOther = std::exchange(shownMenu_, menu.id) != menu.id;
+  if (isOther || name_->text().toStdString() != menu.name) {
     name_->setText(toQString(menu.name));
     name_->setCursorPosition(0);
   }
@@ -192,6 +192,15 @@ void MenuPage::refreshSide() {
   const auto id = chosen == nullptr ? std::nullopt : std::optional(chosen->id);
   if (id != shownItem_) side_->verticalScrollBar()->setValue(0);
   shownItem_ = id;
+  fitSide();
+}
+
+/// As wide as the widest that it shows, so that a choice moves nothing else.
+void MenuPage::fitSide() {
+  int width = std::max(menuSide_->minimumSizeHint().width(), item_->minimumSizeHint().width());
+  for (const auto& [of, panel] : panels_) width = std::max(width, panel.widget->minimumSizeHint().width());
+  width = std::max(width + 2 * kSideMargin, kSideWidth);
+  side_->setFixedWidth(width + side_->verticalScrollBar()->sizeHint().width());
 }
 
 void MenuPage::editName() {

@@ -43,6 +43,7 @@ class MenuPage : public QWidget {
   QWidget* makeSide();
   void refreshHead();
   void refreshSide();
+  void fitSide();
   QString text(StringKey key) const;
 
   SettingsParts parts_;
@@ -70,6 +71,7 @@ class MenuPage : public QWidget {
   QVBoxLayout* sideColumn_ = nullptr;
   std::map<PieMenuKind, Panel> panels_;
   std::optional<Uuid> shownItem_;
+  std::optional<Uuid> shownMenu_;
 };
 
 }  // namespace rondora

@@ -44,7 +44,7 @@ RingPreviewView::~RingPreviewView() = default;
 
 void RingPreviewView::refresh() {
   setAccessibleName(toQString(localization_.text(StringKey::previewName)));
-  setToolTip(toQString(localization_.text(StringKey::previewHelp)));
+  setToolTip(preview_.editsSectors() ? toQString(localization_.text(StringKey::previewHelp)) : QString());
 }
 
 void RingPreviewView::refreshIcons() {

@@ -22,6 +22,7 @@
 #include "ui/qt/settings/application_chooser.h"
 #include "ui/qt/settings/backup_page.h"
 #include "ui/qt/settings/embedded_icon_names.h"
+#include "ui/qt/settings/findings_list.h"
 #include "ui/qt/settings/general_page.h"
 #include "ui/qt/settings/icon_picker.h"
 #include "ui/qt/settings/notice_bar.h"
@@ -56,6 +57,7 @@ SettingsView::SettingsView(const WindowContents& contents, const IconDrawing& dr
              }},
       sidebar_(new Sidebar(parts_.models, icons_)),
       notice_(new NoticeBar(parts_.models, icons_)),
+      unsaved_(new FindingsList(contents.watchUnsaved, contents.press)),
       stack_(new QStackedWidget) {
   QAccessible::registerAccessibleInterface(new QAccessibleWidget(this, QAccessible::Window));
   setWindowIcon(applicationIcon());
@@ -70,6 +72,8 @@ SettingsView::SettingsView(const WindowContents& contents, const IconDrawing& dr
   auto* column = new QVBoxLayout;
   column->setSpacing(0);
   column->addWidget(notice_);
+  column->addWidget(unsaved_);
+  unsaved_->onRebuilt = [this] { fitUnsaved(); };
   column->addWidget(stack_, 1);
   across->addLayout(column, 1);
   addShortcuts();
@@ -128,10 +132,18 @@ void SettingsView::refresh() {
   setWindowTitle(toQString(parts_.models.localization.text(StringKey::settingsTitle)));
   sidebar_->refresh();
   notice_->refresh();
+  unsaved_->setMarkNames(std::string(parts_.models.localization.text(StringKey::sessionWorks)),
+                         std::string(parts_.models.localization.text(StringKey::sessionFails)));
   shownPage_ = parts_.models.navigation.page();
   const Page& shown = page(*shownPage_);
   shown.refresh();
   stack_->setCurrentWidget(shown.widget);
+}
+
+void SettingsView::fitUnsaved() {
+  using namespace settings_look;
+  const int margin = unsaved_->isEmpty() ? 0 : kPageMargin;
+  unsaved_->setContentsMargins(margin, margin / 2, margin, 0);
 }
 
 const SettingsView::Page& SettingsView::page(SettingsPage page) {

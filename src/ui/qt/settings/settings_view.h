@@ -12,6 +12,7 @@
 
 namespace rondora {
 
+class FindingsList;
 class NoticeBar;
 class Sidebar;
 
@@ -42,6 +43,7 @@ class SettingsView : public QWidget {
   void addShortcuts();
   void fitScreen();
   void refreshSoon();
+  void fitUnsaved();
   void refresh();
   const Page& page(SettingsPage page);
   Page makePage(SettingsPage page);
@@ -56,6 +58,8 @@ class SettingsView : public QWidget {
   SettingsParts parts_;
   Sidebar* sidebar_;
   NoticeBar* notice_;
+  /// Shown on every page.
+  FindingsList* unsaved_;
   QStackedWidget* stack_;
   std::map<SettingsPage, Page> pages_;
   std::optional<SettingsPage> shownPage_;

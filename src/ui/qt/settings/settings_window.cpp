@@ -25,4 +25,12 @@ void QtSettingsWindow::show() {
   view_->present();
 }
 
+void QtSettingsWindow::close() {
+  if (!view_) return;
+  if (QWidget* field = view_->focusWidget()) field->clearFocus();
+  view_->onClosed = nullptr;
+  view_->close();
+  view_.reset();
+}
+
 }  // namespace rondora

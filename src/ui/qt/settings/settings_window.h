@@ -15,6 +15,7 @@ class QtSettingsWindow : public SettingsWindow {
   ~QtSettingsWindow() override;
 
   void show() override;
+  void close() override;
 
  private:
   WindowContents contents_;
