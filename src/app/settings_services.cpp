@@ -34,7 +34,8 @@ SettingsServices::SettingsServices(const Ports& ports)
               attemptEnded_ = std::move(ended);
               ports_.run(tried, navigation.menu()->id);
             }}),
-      commandSets({history, ports.workspace, ports.menus, ports.localization, ports.random, ports.keyEquivalent}),
+      commandSets({history, ports.workspace, ports.menus, ports.localization, ports.random, ports.keyEquivalent,
+                   [this](std::string notice) { navigation.tell(std::move(notice)); }}),
       excluded({history, ports.workspace, ports.applications.order, ports.localization, ports.ownBundleIdentifier}),
       appearance(history, navigation, ports.localization),
       general({history, ports.localization, ports.haptics, ports.trackpads, ports.login, ports.permissions,

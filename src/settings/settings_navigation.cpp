@@ -29,11 +29,29 @@ SettingsNavigation::SettingsNavigation(EditHistory& history) : history_(history)
 
 void SettingsNavigation::documentChanged() {
   notice_.clear();
+  if (!vanished_.empty() && isThere(vanished_.back())) {
+    menu_ = vanished_.back().menu;
+    item_ = vanished_.back().item;
+    vanished_.pop_back();
+  }
   follow();
   changed_.send();
 }
 
+bool SettingsNavigation::isThere(const Place& place) const {
+  const PieMenu* menu = history_.document().menu(place.menu);
+  return menu != nullptr &&
+         (!place.item || std::ranges::find(menu->items, *place.item, &PieMenuItem::id) != menu->items.end());
+}
+
+void SettingsNavigation::remember(Place place) {
+  constexpr std::size_t kMost = 50;
+  if (vanished_.size() == kMost) vanished_.erase(vanished_.begin());
+  vanished_.push_back(place);
+}
+
 void SettingsNavigation::follow() {
+  if (menu_ != Uuid() && !isThere({menu_, item_})) remember({menu_, item_});
   const PieMenu* menu = keep(history_.document().menus, menu_, menuPlace_);
   if (menu == nullptr || menu->id != menu_) item_.reset();
   menu_ = menu == nullptr ? Uuid() : menu->id;

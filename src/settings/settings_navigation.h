@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "base/observable.h"
 #include "base/uuid.h"
@@ -57,7 +58,14 @@ class SettingsNavigation {
   }
 
  private:
+  struct Place {
+    Uuid menu;
+    std::optional<Uuid> item;
+  };
+
   void documentChanged();
+  bool isThere(const Place& place) const;
+  void remember(Place place);
   void follow();
 
   EditHistory& history_;
@@ -66,6 +74,8 @@ class SettingsNavigation {
   std::size_t menuPlace_ = 0;
   std::optional<Uuid> item_;
   std::size_t itemPlace_ = 0;
+  /// What was shown when it was removed, latest last: shown again when it comes back.
+  std::vector<Place> vanished_;
   bool isNew_ = false;
   std::string notice_;
   Signal<> changed_;

@@ -31,7 +31,11 @@ void SettingsBackup::read(const std::string& file, Section section) {
   result_.reset();
   auto candidate = services_.config.readImport(file);
   if (auto* refusal = std::get_if<ConfigManager::ImportRefusal>(&candidate)) {
-    result_ = Result{section, true, refusal->message, {}, std::move(refusal->problem)};
+    // The user chose no file where it is one of the copies.
+    result_ = section == Section::copies
+                  ? Result{section, true, StringKey::backupCopyProblem, std::move(refusal->problem), {}}
+                  : Result{section, true, refusal->message, {}, std::move(refusal->problem)};
+    if (section == Section::copies) findCopies();
   } else {
     pending_ = PendingImport{file, section, std::move(std::get<PieConfiguration>(candidate))};
   }

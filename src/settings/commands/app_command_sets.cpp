@@ -28,9 +28,12 @@ AppCommandSets::AppCommandSets(const Services& services)
       readings_(catalog_.onChanged([this] { changed_.send(); })) {}
 
 void AppCommandSets::documentChanged() {
-  if (!CommandSetEdits::has(services_.history.document(), chosen_)) {
-    chosen_.clear();
+  const PieConfiguration& document = services_.history.document();
+  if (!CommandSetEdits::has(document, chosen_)) {
+    vanished_ = std::exchange(chosen_, {});
     catalog_.show("");
+  } else if (!vanished_.empty() && CommandSetEdits::has(document, vanished_)) {
+    choose(std::exchange(vanished_, {}));
   }
   if (chosenEntry_ && !placeOf(*chosenEntry_)) chosenEntry_.reset();
   changed_.send();
@@ -68,7 +71,10 @@ void AppCommandSets::add(const std::string& application) {
 }
 
 void AppCommandSets::remove() {
+  if (isDefaultChosen()) return;
+  const std::string title = services_.localization.text(StringKey::settingsDeleted, chosenTitle());
   services_.history.edit([this](PieConfiguration& document) { CommandSetEdits::remove(document, chosen_); });
+  if (services_.tell) services_.tell(title);
 }
 
 std::vector<AppSubMenuEntry> AppCommandSets::stored() const {

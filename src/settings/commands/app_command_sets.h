@@ -62,6 +62,8 @@ class AppCommandSets {
     RandomSource& random;
     /// Display text of a key equivalent.
     std::function<std::string(const MenuShortcut&)> keyEquivalent;
+    /// Tells the user what an edit did besides the visible.
+    std::function<void(std::string)> tell = {};
   };
 
   explicit AppCommandSets(const Services& services);
@@ -137,6 +139,8 @@ class AppCommandSets {
   Services services_;
   CommandCatalog catalog_;
   std::string chosen_;
+  /// The set that was chosen when it was removed: chosen again when it comes back.
+  std::string vanished_;
   std::optional<Uuid> chosenEntry_;
   Signal<> changed_;
   Subscription edits_;

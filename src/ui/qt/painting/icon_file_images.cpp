@@ -52,7 +52,8 @@ QImage readImageFile(const QString& path, int side) {
   const QSize size = reader.size();
   if (!isSensible(size)) return {};
   if (shouldReadScaled(format, size, side)) reader.setScaledSize(size.scaled(side, side, Qt::KeepAspectRatio));
-  return reader.read();
+  // Scaling an image of a few colours would dither it.
+  return reader.read().convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }
 
 /// Some desktop entries name theme icons with a file ending.

@@ -56,6 +56,10 @@ AppCommandsPanel::AppCommandsPanel(AppCommandSets& sets, const LocalizationStore
   add_->setPopupMode(QToolButton::InstantPopup);
   for (QPushButton* button : {suggest_, reset_}) button->setAutoDefault(false);
   makeLayout();
+  // The buttons below stay where they are.
+  QSizePolicy kept = note_->sizePolicy();
+  kept.setRetainSizeWhenHidden(true);
+  note_->setSizePolicy(kept);
   connect(set_, &QComboBox::activated, this,
           [this](int row) { sets_.choose(set_->itemData(row).toString().toStdString()); });
   connect(addMenu_, &QMenu::aboutToShow, this, [this] { fillAddMenu(); });
@@ -103,13 +107,14 @@ void AppCommandsPanel::refreshSets() {
   if (set_->view()->isVisible()) return;
   const QSignalBlocker blocker(set_);
   const double ratio = devicePixelRatioF();
-  const QColor tint = palette().color(QPalette::Text);
   set_->clear();
   for (const AppCommandSets::Set& set : sets_.sets()) {
-    const QPixmap icon = set.application.empty() ? icons_.picture(IconReference::parse("square.grid.2x2.fill"),
-                                                                  settings_look::kListIcon, tint, ratio)
-                                                 : icons_.application(set.application, settings_look::kListIcon, ratio);
-    set_->addItem(icon, toQString(shortened(set.title, kMaxNameCharacters)), toQString(set.application));
+    const bool isDefault = set.application.empty();
+    const auto icon =
+        IconReference::parse(isDefault ? "square.grid.2x2.fill" : IconReference::application(set.application));
+    const std::string title = isDefault ? set.title : shortened(set.title, kMaxNameCharacters);
+    set_->addItem(icons_.ofRow(icon, settings_look::kListIcon, palette(), ratio), toQString(title),
+                  toQString(set.application));
     set_->setItemData(set_->count() - 1, toQString(set.title), Qt::ToolTipRole);
     if (set.application == sets_.chosen()) set_->setCurrentIndex(set_->count() - 1);
   }

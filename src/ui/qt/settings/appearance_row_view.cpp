@@ -46,7 +46,7 @@ void AppearanceRowView::makeControl(const AppearanceRow& row) {
       QObject::connect(toggle_, &QCheckBox::toggled, toggle_, [this, key](bool isOn) { editor_.setOn(key, isOn); });
       return;
     case AppearanceRow::Kind::choice:
-      choices_ = new Unscrolled<QComboBox>;
+      choices_ = new ChoiceBox;
       QObject::connect(choices_, &QComboBox::activated, choices_,
                        [this, key](int choice) { editor_.choose(key, static_cast<std::size_t>(choice)); });
       return;

@@ -1,11 +1,11 @@
 #pragma once
 
 #include <QCheckBox>
-#include <QComboBox>
 #include <QGridLayout>
 #include <QLabel>
 
 #include "settings/appearance/appearance_editor.h"
+#include "ui/qt/settings/choice_box.h"
 #include "ui/qt/settings/color_field.h"
 #include "ui/qt/settings/icon_button.h"
 #include "ui/qt/settings/number_field.h"
@@ -42,7 +42,7 @@ class AppearanceRowView : public QObject {
   // One of them.
   NumberField* number_ = nullptr;
   QCheckBox* toggle_ = nullptr;
-  Unscrolled<QComboBox>* choices_ = nullptr;
+  ChoiceBox* choices_ = nullptr;
   ColorField* color_ = nullptr;
 };
 

@@ -9,6 +9,10 @@ namespace rondora {
 
 /// A choice that is made in its open list: an arrow key opens the list, as each value on the way would be an edit.
 class ChoiceBox : public Unscrolled<QComboBox> {
+ public:
+  // Also for the texts of a language that is chosen later.
+  ChoiceBox() { setSizeAdjustPolicy(QComboBox::AdjustToContents); }
+
  protected:
   void keyPressEvent(QKeyEvent* event) override {
     const bool isPlain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;

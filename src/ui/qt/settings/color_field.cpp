@@ -181,7 +181,7 @@ void ColorField::showProblem(bool isShown) {
 void ColorField::openWindow() {
   auto* window = new QColorDialog(QColor(toQString(color_.value_or(std::string(kDefaultItemColor)))), this);
   window->setAttribute(Qt::WA_DeleteOnClose);
-  window->setWindowTitle(name_);
+  window->setWindowTitle(endsInColon(name_) ? name_.chopped(1) : name_);
   connect(window, &QColorDialog::colorSelected, this,
           [this](const QColor& color) { choose(color.name(QColor::HexRgb).toUpper().toStdString()); });
   window->open();

@@ -38,7 +38,6 @@ void CommandEntriesView::refresh() {
   const int wanted = static_cast<int>(entries.size());
   while (count() > wanted) delete takeItem(count() - 1);
   while (count() < wanted) addItem(new QListWidgetItem);
-  const QColor tint = palette().color(QPalette::Text);
   for (int i = 0; i < wanted; ++i) {
     const AppCommandSets::Entry& entry = entries[static_cast<std::size_t>(i)];
     QListWidgetItem& row = *item(i);
@@ -47,7 +46,8 @@ void CommandEntriesView::refresh() {
     const QString key = toQString(entry.keyEquivalent);
     row.setText(toQString(entry.title));
     row.setToolTip(entry.problem.empty() ? title : toQString(entry.menus));
-    row.setIcon(icons_.picture(IconReference::parse(entry.icon), settings_look::kListIcon, tint, devicePixelRatioF()));
+    row.setIcon(
+        icons_.ofRow(IconReference::parse(entry.icon), settings_look::kListIcon, palette(), devicePixelRatioF()));
     row.setData(TwoLineDelegate::kSecondLine, toQString(entry.problem.empty() ? entry.menus : entry.problem));
     row.setData(TwoLineDelegate::kMark, toQString(entry.keyEquivalent));
     row.setData(TwoLineDelegate::kIsQuiet, !entry.problem.empty());

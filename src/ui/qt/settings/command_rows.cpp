@@ -61,8 +61,8 @@ QVariant CommandRows::data(const QModelIndex& index, int role) const {
     case Qt::ToolTipRole:
       return title;
     case Qt::DecorationRole:
-      return QIcon(icons_.picture(IconReference::parse(command.icon), settings_look::kListIcon,
-                                  view_.palette().color(QPalette::Text), view_.devicePixelRatioF()));
+      return icons_.ofRow(IconReference::parse(command.icon), settings_look::kListIcon, view_.palette(),
+                          view_.devicePixelRatioF());
     case Qt::AccessibleTextRole: {
       const QString text = title + QStringLiteral(", ") + secondLine(index.row());
       return key.isEmpty() ? text : text + QStringLiteral(", ") + key;

@@ -22,4 +22,10 @@ QPixmap ItemIcons::picture(const IconReference& icon, int side, const QColor& ti
   return result;
 }
 
+QIcon ItemIcons::ofRow(const IconReference& icon, int side, const QPalette& palette, double pixelsPerPoint) const {
+  QIcon result(picture(icon, side, palette.color(QPalette::Text), pixelsPerPoint));
+  result.addPixmap(picture(icon, side, palette.color(QPalette::HighlightedText), pixelsPerPoint), QIcon::Selected);
+  return result;
+}
+
 }  // namespace rondora

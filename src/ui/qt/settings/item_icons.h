@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QColor>
+#include <QIcon>
 #include <QImage>
+#include <QPalette>
 #include <QPixmap>
 #include <functional>
 #include <string_view>
@@ -27,6 +29,8 @@ class ItemIcons {
   QPixmap picture(const PieMenuItem& item, int side, const QColor& tint, double pixelsPerPoint) const {
     return picture(IconReference::of(item), side, tint, pixelsPerPoint);
   }
+  /// For a row of a list: symbols have the colour of its text, chosen or not.
+  QIcon ofRow(const IconReference& icon, int side, const QPalette& palette, double pixelsPerPoint) const;
   /// The icon of an application.
   QPixmap application(std::string_view bundleIdentifier, int side, double pixelsPerPoint) const {
     return picture(IconReference::parse(IconReference::application(bundleIdentifier)), side, {}, pixelsPerPoint);

@@ -78,7 +78,6 @@ void ItemList::refreshRows() {
   while (rows_->count() < static_cast<int>(items.size())) rows_->addItem(new QListWidgetItem);
   const PieMenuItem* chosen = models_.navigation.item();
   int current = -1;
-  const QColor tint = palette().color(QPalette::Text);
   for (int i = 0; i < rows_->count(); ++i) {
     const MenuEditor::ItemRow& item = items[static_cast<std::size_t>(i)];
     QListWidgetItem& row = *rows_->item(i);
@@ -88,7 +87,7 @@ void ItemList::refreshRows() {
     row.setData(Qt::AccessibleTextRole, title);
     row.setData(TwoLineDelegate::kMark, toQString(item.label));
     row.setData(kItemId, toQString(item.item.id.string()));
-    row.setIcon(icons_.picture(item.item, settings_look::kListIcon, tint, devicePixelRatioF()));
+    row.setIcon(icons_.ofRow(IconReference::of(item.item), settings_look::kListIcon, palette(), devicePixelRatioF()));
     if (chosen != nullptr && chosen->id == item.item.id) current = i;
   }
   rows_->setCurrentRow(current);

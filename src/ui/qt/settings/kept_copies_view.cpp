@@ -126,11 +126,7 @@ void KeptCopiesView::refreshRows() {
 
 void KeptCopiesView::addRow(const SettingsBackup::Copy& copy, const QString& title) {
   const auto symbol = IconReference::parse(copy.isReadable ? "doc.text.fill" : "exclamationmark.triangle.fill");
-  const auto picture = [&](QPalette::ColorRole role) {
-    return icons_.picture(symbol, settings_look::kListIcon, palette().color(role), devicePixelRatioF());
-  };
-  QIcon icon(picture(QPalette::Text));
-  icon.addPixmap(picture(QPalette::HighlightedText), QIcon::Selected);
+  const QIcon icon = icons_.ofRow(symbol, settings_look::kListIcon, palette(), devicePixelRatioF());
   auto* item = new QListWidgetItem(icon, title, copies_);
   item->setData(kFile, toQString(copy.file));
   item->setToolTip(toQString(copy.file));

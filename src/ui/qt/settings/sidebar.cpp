@@ -146,8 +146,9 @@ QIcon Sidebar::menuIcon(const MenuList::Row& row) const {
   const double ratio = devicePixelRatioF();
   if (row.kind != PieMenuKind::standard) {
     const char* symbol = row.kind == PieMenuKind::runningApps ? "square.grid.2x2.fill" : "command";
-    const QColor color = palette().color(row.isOff ? QPalette::Disabled : QPalette::Active, QPalette::Text);
-    return icons_.picture(IconReference::parse(symbol), kMenuIcon, color, ratio);
+    QPalette colors = palette();
+    if (row.isOff) colors.setColor(QPalette::Text, colors.color(QPalette::Disabled, QPalette::Text));
+    return icons_.ofRow(IconReference::parse(symbol), kMenuIcon, colors, ratio);
   }
   QPixmap pixmap(QSize(kMenuIcon, kMenuIcon) * ratio);
   pixmap.setDevicePixelRatio(ratio);
@@ -201,8 +202,7 @@ void Sidebar::refreshPages() {
   for (std::size_t i = 0; i < kPages.size(); ++i) {
     QListWidgetItem& item = *pages_->item(static_cast<int>(i));
     item.setText(text(kPages[i].name));
-    item.setIcon(icons_.picture(IconReference::parse(kPages[i].symbol), kPageIcon, palette().color(QPalette::Text),
-                                devicePixelRatioF()));
+    item.setIcon(icons_.ofRow(IconReference::parse(kPages[i].symbol), kPageIcon, palette(), devicePixelRatioF()));
     if (kPages[i].page == models_.navigation.page()) current = static_cast<int>(i);
   }
   pages_->setAccessibleName(text(StringKey::settings));
@@ -223,7 +223,7 @@ void Sidebar::refreshHits() {
     row->setData(kMenuId, toQString(hit.menu.string()));
     if (hit.item) {
       row->setData(kItemId, toQString(hit.item->id.string()));
-      row->setIcon(icons_.picture(*hit.item, kMenuIcon, palette().color(QPalette::Text), devicePixelRatioF()));
+      row->setIcon(icons_.ofRow(IconReference::of(*hit.item), kMenuIcon, palette(), devicePixelRatioF()));
       row->setData(TwoLineDelegate::kSecondLine, toQString(hit.place));
       row->setData(Qt::AccessibleDescriptionRole, toQString(hit.place));
     } else {

@@ -35,7 +35,8 @@ void TwoLineDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
   const auto group = (row.state & QStyle::State_Active) != 0 ? QPalette::Active : QPalette::Inactive;
   const QColor color = row.palette.color(group, isSelected ? QPalette::HighlightedText : QPalette::Text);
   QColor quiet = color;
-  quiet.setAlphaF(kQuiet);
+  // On the colour of a choice even a text of full strength has little contrast.
+  if (!isSelected) quiet.setAlphaF(kQuiet);
   const bool isRightToLeft = row.direction == Qt::RightToLeft;
   const auto visual = [&](const QRect& rect) { return QStyle::visualRect(row.direction, row.rect, rect); };
   const int leading = (isRightToLeft ? Qt::AlignRight : Qt::AlignLeft) | int{Qt::AlignVCenter} | int{Qt::AlignAbsolute};
@@ -44,7 +45,8 @@ void TwoLineDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
 
   QRect rest = row.rect.adjusted(kMargin, 0, -kMargin, 0);
   const QSize iconSize = row.decorationSize;
-  icon.paint(painter, visual(QRect(rest.topLeft(), QSize(iconSize.width(), rest.height()))), Qt::AlignCenter);
+  icon.paint(painter, visual(QRect(rest.topLeft(), QSize(iconSize.width(), rest.height()))), Qt::AlignCenter,
+             isSelected ? QIcon::Selected : QIcon::Normal);
   rest.setLeft(rest.left() + iconSize.width() + kGap);
   const QString mark = index.data(kMark).toString();
   if (!mark.isEmpty()) {

@@ -4,17 +4,23 @@
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QPalette>
+#include <QStyle>
 #include <QTranslator>
 #include <cmath>
 #include <optional>
 
 #include "platform/qt/qt_text.h"
+#include "ui/qt/windows/outlined_style.h"
 
 namespace rondora {
 namespace {
 
 constexpr double kLegible = 3;  // of WCAG's contrast ratio
 constexpr float kHint = 0.6F;
+constexpr double kVisible = 1.8;
+constexpr float kOff = 0.45F;
+/// Of the relative luminance.
+constexpr double kNearlyBlack = 0.02;
 
 /// The relative luminance of WCAG 2.
 double luminance(const QColor& color) {
@@ -43,28 +49,44 @@ void translate(AppLanguage language) {
   }
 }
 
-void showHints() {
+QColor blended(const QColor& top, const QColor& under, float share) {
+  const auto mix = [share](float a, float b) { return a * share + b * (1 - share); };
+  return QColor::fromRgbF(mix(top.redF(), under.redF()), mix(top.greenF(), under.greenF()),
+                          mix(top.blueF(), under.blueF()));
+}
+
+/// Hints in empty fields, and what is switched off.
+void showQuietTexts() {
   const QPalette present;
-  const QColor text = present.color(QPalette::Text);
-  const QColor base = present.color(QPalette::Base);
-  const QColor hint = present.color(QPalette::PlaceholderText);
-  const auto blend = [&](float top, float under) { return top * hint.alphaF() + under * (1 - hint.alphaF()); };
-  const QColor shown = QColor::fromRgbF(blend(hint.redF(), base.redF()), blend(hint.greenF(), base.greenF()),
-                                        blend(hint.blueF(), base.blueF()));
-  if (contrast(shown, base) >= kLegible) return;
   QPalette legible;
   legible.setResolveMask(0);
-  QColor quiet = text;
-  quiet.setAlphaF(kHint);
-  legible.setColor(QPalette::PlaceholderText, quiet);
-  QApplication::setPalette(legible);
+  const QColor base = present.color(QPalette::Base);
+  const QColor hint = present.color(QPalette::PlaceholderText);
+  if (contrast(blended(hint, base, hint.alphaF()), base) < kLegible) {
+    QColor quiet = present.color(QPalette::Text);
+    quiet.setAlphaF(kHint);
+    legible.setColor(QPalette::PlaceholderText, quiet);
+  }
+  const QColor window = present.color(QPalette::Window);
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+    if (contrast(present.color(QPalette::Disabled, role), window) >= kVisible) continue;
+    legible.setColor(QPalette::Disabled, role, blended(present.color(QPalette::Active, role), window, kOff));
+  }
+  if (legible.resolveMask() != 0) QApplication::setPalette(legible);
+}
+
+void showOutlines() {
+  const bool isNearlyBlack = luminance(QPalette().color(QPalette::Window)) < kNearlyBlack;
+  const bool isFusion = QString::fromLatin1(QApplication::style()->metaObject()->className()) == "QFusionStyle";
+  if (isNearlyBlack && isFusion) QApplication::setStyle(new OutlinedStyle);
 }
 
 }  // namespace
 
 void prepareToolkitDialogs(AppLanguage language) {
   translate(language);
-  showHints();
+  showQuietTexts();
+  showOutlines();
 }
 
 }  // namespace rondora

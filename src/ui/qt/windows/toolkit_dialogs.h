@@ -4,9 +4,9 @@
 
 namespace rondora {
 
-/// Gives the toolkit's own dialogs and text menus the language, where its translations are installed, and makes the
-/// hints in empty fields legible where the desktop's colour scheme leaves them out. Cheap when nothing changed; main
-/// thread.
+/// Gives the toolkit's own dialogs and text menus the language, where its translations are installed, and makes visible
+/// what the desktop's colour scheme hides: hints in empty fields, what is switched off, and outlines on a black window.
+/// Cheap when nothing changed; main thread.
 void prepareToolkitDialogs(AppLanguage language);
 
 }  // namespace rondora
