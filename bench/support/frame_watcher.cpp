@@ -129,7 +129,7 @@ std::optional<Moment> FrameWatcher::lastChange(std::chrono::milliseconds stillne
 }
 
 bool FrameWatcher::waitForBaseline(std::chrono::milliseconds stillness, std::chrono::milliseconds limit) {
-  Moment lastOther = captured_;
+  Moment lastOther = capture();
   const Moment deadline = lastOther + limit;
   while (captured_ - lastOther < stillness) {
     if (capture() > deadline) return false;

@@ -1,5 +1,7 @@
 #include "app/composition_linux.h"
 
+#include <malloc.h>
+
 #include <QApplication>
 #include <QDBusConnection>
 #include <memory>
@@ -201,6 +203,7 @@ Platform CompositionLinux::Running::platform() {
             rasterizer.warmUp();
           },
       .handOverClipboard = [this] { x11::handOverClipboard(display.connection, handleEventsUntil); },
+      .returnFreeMemory = [] { malloc_trim(0); },
       .modifierNames = kPcModifierNames,
       .pasteKeys = "Ctrl+V"};
 }

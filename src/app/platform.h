@@ -118,6 +118,8 @@ struct Platform {
   std::function<void()> warmUp;
   /// Hands the clipboard's content to the system when the program ends.
   std::function<void()> handOverClipboard;
+  /// Returns memory that nothing uses to the system. May be empty.
+  std::function<void()> returnFreeMemory = {};
 
   ModifierNames modifierNames;
   /// Display text of the keys that paste.

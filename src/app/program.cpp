@@ -369,6 +369,7 @@ WindowContents Program::windowContents() {
             return rondora::watchFindings(platform_.mainQueue, unsaved, std::move(observer));
           },
       .press = [this](const FindingButton& button) { documentFindings_.press(button); },
+      .released = platform_.returnFreeMemory,
       .welcome = &welcome_};
 }
 

@@ -60,6 +60,8 @@ struct WindowContents {
   std::function<Subscription(FindingsObserver)> watchUnsaved;
   /// Carries out the command of a finding's button; the findings may change with it.
   std::function<void(const FindingButton&)> press;
+  /// Called when the settings are closed and what they showed is released.
+  std::function<void()> released;
   /// Lives longer than the windows.
   Welcome* welcome = nullptr;
 };

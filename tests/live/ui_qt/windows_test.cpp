@@ -65,6 +65,7 @@ class WindowsTest : public testing::Test {
             .watchFailures = [this](auto observer) { return watch(observer); },
             .watchUnsaved = {},
             .press = {},
+            .released = {},
             .welcome = &welcome};
   }
   Subscription watch(const FindingsObserver& observer) {

@@ -1,5 +1,6 @@
 #include "ui/qt/settings/settings_window.h"
 
+#include <QPixmapCache>
 #include <QTimer>
 #include <utility>
 
@@ -18,11 +19,17 @@ void QtSettingsWindow::show() {
     // On a later turn: the view is still closing.
     view_->onClosed = [this] {
       QTimer::singleShot(0, view_.get(), [this] {
-        if (!view_->isVisible()) view_.reset();
+        if (!view_->isVisible()) release();
       });
     };
   }
   view_->present();
+}
+
+void QtSettingsWindow::release() {
+  view_.reset();
+  QPixmapCache::clear();
+  if (contents_.released) contents_.released();
 }
 
 void QtSettingsWindow::close() {

@@ -18,6 +18,8 @@ class QtSettingsWindow : public SettingsWindow {
   void close() override;
 
  private:
+  void release();
+
   WindowContents contents_;
   IconDrawing drawing_;
   std::unique_ptr<SettingsView> view_;
