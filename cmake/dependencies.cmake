@@ -6,7 +6,7 @@ if(BUILD_TESTING OR NOT DEFINED BUILD_TESTING)
   find_package(GTest REQUIRED)
 endif()
 
-if(RONDORA_DESKTOP)
+if(RONDORA_DESKTOP AND NOT APPLE)
   find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Network Widgets DBus Svg)
   pkg_check_modules(XCB REQUIRED IMPORTED_TARGET
     xcb xcb-keysyms xcb-xkb xcb-xinput xcb-randr xcb-res xcb-shape xcb-shm xcb-xfixes xcb-xtest xcb-cursor)

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "platform/clock.h"
+
+namespace rondora::macos {
+
+class SystemClock final : public Clock {
+ public:
+  WallTime now() const override;
+  double uptime() const override;
+  void sleep(double seconds) override;
+};
+
+}  // namespace rondora::macos
