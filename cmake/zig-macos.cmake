@@ -22,7 +22,7 @@ endforeach()
 # CMake names the language twice.
 string(APPEND CMAKE_OBJCXX_FLAGS_INIT " -Wno-unused-command-line-argument")
 foreach(kind EXE SHARED MODULE)
-  set(CMAKE_${kind}_LINKER_FLAGS_INIT "-F${declarations}/stubs -L${declarations}/stubs")
+  set(CMAKE_${kind}_LINKER_FLAGS_INIT "-F${MACOS_CHECK_PREFIX}/Frameworks -L${MACOS_CHECK_PREFIX}/lib")
 endforeach()
 
 set(CMAKE_FIND_ROOT_PATH ${MACOS_CHECK_PREFIX})

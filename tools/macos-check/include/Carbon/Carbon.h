@@ -1,0 +1,53 @@
+// Declarations for tools/check-macos, written by hand. Carbon's reference has left the documentation's present edition;
+// the names stand in its archive as "Carbon Event Manager Reference".
+// Library: /System/Library/Frameworks/Carbon.framework/Versions/A/Carbon
+#pragma once
+
+#include <ApplicationServices/ApplicationServices.h>
+#include <MacTypes.h>
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+// Carbon Event Manager Reference: events and their parameters
+typedef struct OpaqueEventRef* EventRef;
+typedef struct OpaqueEventHandlerCallRef* EventHandlerCallRef;
+typedef struct OpaqueEventHandlerRef* EventHandlerRef;
+typedef struct OpaqueEventTargetRef* EventTargetRef;
+typedef OSType EventParamName;
+typedef OSType EventParamType;
+enum { kEventClassKeyboard = 'keyb' };
+enum { kEventHotKeyPressed = 5, kEventHotKeyReleased = 6 };
+enum { kEventParamDirectObject = '----', typeEventHotKeyID = 'hkid' };
+typedef struct EventTypeSpec {
+  OSType eventClass;
+  UInt32 eventKind;
+} EventTypeSpec;
+typedef OSStatus (*EventHandlerProcPtr)(EventHandlerCallRef inHandlerCallRef, EventRef inEvent, void* inUserData);
+typedef EventHandlerProcPtr EventHandlerUPP;
+EventTargetRef GetApplicationEventTarget(void);
+OSStatus InstallEventHandler(EventTargetRef inTarget, EventHandlerUPP inHandler, ItemCount inNumTypes,
+                             const EventTypeSpec* inList, void* inUserData, EventHandlerRef* outRef);
+OSStatus RemoveEventHandler(EventHandlerRef inHandlerRef);
+UInt32 GetEventKind(EventRef inEvent);
+OSStatus GetEventParameter(EventRef inEvent, EventParamName inName, EventParamType inDesiredType,
+                           EventParamType* outActualType, ByteCount inBufferSize, ByteCount* outActualSize,
+                           void* outData);
+
+// Carbon Event Manager Reference: hot keys
+typedef struct OpaqueEventHotKeyRef* EventHotKeyRef;
+typedef struct EventHotKeyID {
+  OSType signature;
+  UInt32 id;
+} EventHotKeyID;
+OSStatus RegisterEventHotKey(UInt32 inHotKeyCode, UInt32 inHotKeyModifiers, EventHotKeyID inHotKeyID,
+                             EventTargetRef inTarget, OptionBits inOptions, EventHotKeyRef* outRef);
+OSStatus UnregisterEventHotKey(EventHotKeyRef inHotKey);
+
+// Technical Note TN2150, Using Secure Event Input Fairly
+Boolean IsSecureEventInputEnabled(void);
+
+#ifdef __cplusplus
+}
+#endif

@@ -1,0 +1,35 @@
+// Declarations for tools/check-macos, written by hand from developer.apple.com/documentation/iokit (IOKitLib.h). A Mac
+// compiles against its own SDK instead.
+// Library: /System/Library/Frameworks/IOKit.framework/Versions/A/IOKit
+#pragma once
+
+#include <CoreFoundation/CoreFoundation.h>
+#include <mach/mach_types.h>
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+// io_object_t, io_iterator_t, IONotificationPortRef, kIOMainPortDefault
+typedef mach_port_t io_object_t;
+typedef io_object_t io_iterator_t;
+typedef struct IONotificationPort* IONotificationPortRef;
+typedef char io_name_t[128];
+extern const mach_port_t kIOMainPortDefault;
+#define kIOFirstMatchNotification "IOServiceFirstMatch"
+
+// IOServiceMatchingCallback, IOServiceAddMatchingNotification, IOServiceMatching
+typedef void (*IOServiceMatchingCallback)(void* refcon, io_iterator_t iterator);
+IONotificationPortRef IONotificationPortCreate(mach_port_t mainPort);
+void IONotificationPortDestroy(IONotificationPortRef notify);
+CFRunLoopSourceRef IONotificationPortGetRunLoopSource(IONotificationPortRef notify);
+CFMutableDictionaryRef IOServiceMatching(const char* name);
+kern_return_t IOServiceAddMatchingNotification(IONotificationPortRef notifyPort, const io_name_t notificationType,
+                                               CFDictionaryRef matching, IOServiceMatchingCallback callback,
+                                               void* refCon, io_iterator_t* notification);
+io_object_t IOIteratorNext(io_iterator_t iterator);
+kern_return_t IOObjectRelease(io_object_t object);
+
+#ifdef __cplusplus
+}
+#endif
