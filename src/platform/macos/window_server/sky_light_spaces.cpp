@@ -8,7 +8,7 @@
 namespace rondora::macos {
 namespace {
 
-/// Spaces of every kind: the current ones, those of the user, and full-screen ones.
+/// The user's spaces, whether they are shown or not.
 constexpr int kAllSpaces = 7;
 
 CFRef<CFArrayRef> arrayOf(std::uint32_t window) {

@@ -9,6 +9,14 @@
 extern "C" {
 #endif
 
+// As strict as on a Mac: in C++ an enumeration is a type of its own, a set of options an integer.
+#define CF_ENUM(type, name) \
+  enum name : type name;    \
+  enum name : type
+#define CF_OPTIONS(type, name) \
+  type name;                   \
+  enum : type
+
 // CFTypeRef, CFIndex, CFTypeID, CFAllocator
 typedef const void* CFTypeRef;
 typedef long CFIndex;
@@ -64,8 +72,7 @@ Boolean CFBooleanGetValue(CFBooleanRef boolean);
 
 // CFNumber, CFNumberType
 typedef const struct __CFNumber* CFNumberRef;
-typedef CFIndex CFNumberType;
-enum { kCFNumberSInt32Type = 3, kCFNumberSInt64Type = 4, kCFNumberFloat64Type = 6 };
+typedef CF_ENUM(CFIndex, CFNumberType) { kCFNumberSInt32Type = 3, kCFNumberSInt64Type = 4, kCFNumberFloat64Type = 6 };
 CFTypeID CFNumberGetTypeID(void);
 CFNumberRef CFNumberCreate(CFAllocatorRef allocator, CFNumberType theType, const void* valuePtr);
 Boolean CFNumberGetValue(CFNumberRef number, CFNumberType theType, void* valuePtr);

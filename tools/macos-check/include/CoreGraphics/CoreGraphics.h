@@ -13,48 +13,43 @@ extern "C" {
 #endif
 
 // CGError
-typedef int32_t CGError;
-enum { kCGErrorSuccess = 0 };
+typedef CF_ENUM(int32_t, CGError) { kCGErrorSuccess = 0 };
 
 // CGEventRef, CGEventSourceRef, CGEventFlags, CGEventType, CGEventField
 typedef struct __CGEvent* CGEventRef;
 typedef struct __CGEventSource* CGEventSourceRef;
 typedef uint16_t CGKeyCode;
-typedef uint64_t CGEventFlags;
-enum {
+typedef CF_OPTIONS(uint64_t, CGEventFlags) {
   kCGEventFlagMaskShift = 0x20000,
   kCGEventFlagMaskControl = 0x40000,
   kCGEventFlagMaskAlternate = 0x80000,
   kCGEventFlagMaskCommand = 0x100000,
   kCGEventFlagMaskSecondaryFn = 0x800000
 };
-typedef uint32_t CGEventType;
-enum : uint32_t {
+typedef CF_ENUM(uint32_t, CGEventType) {
   kCGEventKeyDown = 10,
   kCGEventKeyUp = 11,
   kCGEventFlagsChanged = 12,
   kCGEventTapDisabledByTimeout = 0xFFFFFFFE,
   kCGEventTapDisabledByUserInput = 0xFFFFFFFF
 };
-typedef uint32_t CGEventField;
-enum { kCGKeyboardEventAutorepeat = 8, kCGKeyboardEventKeycode = 9 };
+typedef CF_ENUM(uint32_t, CGEventField) { kCGKeyboardEventAutorepeat = 8, kCGKeyboardEventKeycode = 9 };
 CGEventRef CGEventCreateKeyboardEvent(CGEventSourceRef source, CGKeyCode virtualKey, bool keyDown);
 CGEventFlags CGEventGetFlags(CGEventRef event);
 void CGEventSetFlags(CGEventRef event, CGEventFlags flags);
 int64_t CGEventGetIntegerValueField(CGEventRef event, CGEventField field);
 
 // CGEventSourceStateID, CGEventSourceCreate
-typedef int32_t CGEventSourceStateID;
-enum { kCGEventSourceStatePrivate = -1, kCGEventSourceStateHIDSystemState = 1 };
+typedef CF_ENUM(int32_t, CGEventSourceStateID) {
+  kCGEventSourceStatePrivate = -1,
+  kCGEventSourceStateHIDSystemState = 1
+};
 CGEventSourceRef CGEventSourceCreate(CGEventSourceStateID stateID);
 
 // CGEventTapLocation, CGEventTapPlacement, CGEventTapOptions, CGEventTapCallBack, CGEventTapInformation, CGEventMask
-typedef uint32_t CGEventTapLocation;
-enum { kCGHIDEventTap = 0, kCGSessionEventTap = 1 };
-typedef uint32_t CGEventTapPlacement;
-enum { kCGHeadInsertEventTap = 0 };
-typedef uint32_t CGEventTapOptions;
-enum { kCGEventTapOptionDefault = 0 };
+typedef CF_ENUM(uint32_t, CGEventTapLocation) { kCGHIDEventTap = 0, kCGSessionEventTap = 1 };
+typedef CF_ENUM(uint32_t, CGEventTapPlacement) { kCGHeadInsertEventTap = 0 };
+typedef CF_ENUM(uint32_t, CGEventTapOptions) { kCGEventTapOptionDefault = 0 };
 typedef uint64_t CGEventMask;
 typedef struct __CGEventTapProxy* CGEventTapProxy;
 typedef CGEventRef (*CGEventTapCallBack)(CGEventTapProxy proxy, CGEventType type, CGEventRef event, void* userInfo);
@@ -78,8 +73,7 @@ void CGEventPost(CGEventTapLocation tap, CGEventRef event);
 
 // CGWindowListCopyWindowInfo, CGWindowListOption, Quartz Window Services: required and optional window list keys
 typedef uint32_t CGWindowID;
-typedef uint32_t CGWindowListOption;
-enum { kCGWindowListExcludeDesktopElements = 1 << 4 };
+typedef CF_OPTIONS(uint32_t, CGWindowListOption) { kCGWindowListExcludeDesktopElements = 1 << 4 };
 enum { kCGNullWindowID = 0 };
 CFArrayRef CGWindowListCopyWindowInfo(CGWindowListOption option, CGWindowID relativeToWindow);
 

@@ -9,8 +9,7 @@ extern "C" {
 #endif
 
 typedef struct os_log_s* os_log_t;
-typedef uint8_t os_log_type_t;
-enum { OS_LOG_TYPE_DEFAULT = 0x00, OS_LOG_TYPE_ERROR = 0x10 };
+typedef enum os_log_type_t : uint8_t { OS_LOG_TYPE_DEFAULT = 0x00, OS_LOG_TYPE_ERROR = 0x10 } os_log_type_t;
 os_log_t os_log_create(const char* subsystem, const char* category);
 
 // What the compiler turns a line into; the macro is the interface.
