@@ -2,6 +2,8 @@
 #include <cstdlib>
 
 #include "app/command_line.h"
+#include "platform/macos/foundation/unified_log.h"
+#include "ui/appkit/application/appkit_application_shell.h"
 
 namespace {
 
@@ -14,5 +16,8 @@ int main(int argc, char** argv) {
     std::fputs(reply->text.c_str(), reply->isUsageError ? stderr : stdout);
     return reply->isUsageError ? kUsageError : EXIT_SUCCESS;
   }
+  rondora::macos::UnifiedLog log;
+  rondora::appkit::AppKitApplicationShell shell;
+  shell.run([&log] { log.error("the macOS program has no menus yet"); }, nullptr);
   return EXIT_SUCCESS;
 }

@@ -32,7 +32,7 @@ ALLOWED = {
     "platform/macos": CORE_BASE + ["pie", "platform/posix"],
     "ui/painting": CORE_BASE + ["pie"],
     "ui/qt": CORE_SERVICES + ["pie", "settings", "platform/qt", "ui/painting"],
-    "ui/appkit": CORE_SERVICES + ["pie", "settings", "ui/painting"],
+    "ui/appkit": CORE_SERVICES + ["pie", "settings", "platform/macos", "ui/painting"],
 }
 BACKENDS = ["platform/posix", "platform/qt", "platform/linux", "platform/macos", "ui/qt", "ui/appkit"]
 NESTED = BACKENDS + ["ui/painting"]

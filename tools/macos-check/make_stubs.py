@@ -11,11 +11,11 @@ import sys
 LIBRARY = re.compile(r"^// Library: (/\S+)$", re.MULTILINE)
 COMMENT = re.compile(r"//[^\n]*|/\*.*?\*/", re.DOTALL)
 DIRECTIVE = re.compile(r"^[ \t]*#(?:[^\n]*\\\n)*[^\n]*$", re.MULTILINE)
-CLASS = re.compile(r"@interface\s+(\w+)\s*(?::[^\n]*)?$", re.MULTILINE)
+CLASS = re.compile(r"@interface\s+(\w+)\s*(?:<[^>]*>)?\s*:")
 INTERFACE = re.compile(r"@(?:interface|protocol)\b.*?@end|@(?:class|protocol)[^;]*;", re.DOTALL)
 BLOCK = re.compile(r"\{[^{}]*\}")
 FUNCTION = re.compile(r"[\s*](\w+)\s*\(")
-VARIABLE = re.compile(r"^extern\b.*?(\w+)(?:\[\])?$", re.DOTALL)
+VARIABLE = re.compile(r"^(?:extern|FOUNDATION_EXPORT)\b[^()]*?(\w+)(?:\[\])?$", re.DOTALL)
 
 STUB = """--- !tapi-tbd
 tbd-version: 4
@@ -40,7 +40,7 @@ def declared(text):
     for statement in (each.strip() for each in text.replace("}", "").split(";")):
         if not statement or statement.startswith(("typedef", "enum", "struct", "NS_")):
             continue
-        found = VARIABLE.match(statement) if statement.startswith("extern") else FUNCTION.search(statement)
+        found = VARIABLE.match(statement) or FUNCTION.search(statement)
         if not found:
             sys.exit(f"make_stubs.py: cannot read «{statement}»")
         names.add("_" + found.group(1))

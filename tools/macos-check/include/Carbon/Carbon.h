@@ -1,7 +1,8 @@
 // Declarations for tools/check-macos, written by hand. Carbon's reference has left the documentation's present edition;
 // the names stand in its archive as "Carbon Event Manager Reference".
-// Library: /System/Library/Frameworks/Carbon.framework/Versions/A/Carbon
 #pragma once
+
+// Library: /System/Library/Frameworks/Carbon.framework/Versions/A/Carbon
 
 #include <ApplicationServices/ApplicationServices.h>
 #include <MacTypes.h>

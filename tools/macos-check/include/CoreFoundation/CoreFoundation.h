@@ -1,7 +1,8 @@
 // Declarations for tools/check-macos, written by hand from developer.apple.com/documentation/corefoundation; the page
-// of each group stands above it. A Mac compiles against its own SDK instead. Library:
-// /System/Library/Frameworks/CoreFoundation.framework/Versions/A/CoreFoundation
+// of each group stands above it. A Mac compiles against its own SDK instead.
 #pragma once
+
+// Library: /System/Library/Frameworks/CoreFoundation.framework/Versions/A/CoreFoundation
 
 #include <MacTypes.h>
 

@@ -1,7 +1,8 @@
 // Declarations for tools/check-macos, written by hand from developer.apple.com/documentation/coregraphics; the page of
 // each group stands above it. A Mac compiles against its own SDK instead.
-// Library: /System/Library/Frameworks/CoreGraphics.framework/Versions/A/CoreGraphics
 #pragma once
+
+// Library: /System/Library/Frameworks/CoreGraphics.framework/Versions/A/CoreGraphics
 
 #include <CoreFoundation/CoreFoundation.h>
 #include <stdbool.h>

@@ -1,7 +1,8 @@
 // Declarations for tools/check-macos, written by hand from developer.apple.com/documentation/iokit (IOKitLib.h). A Mac
 // compiles against its own SDK instead.
-// Library: /System/Library/Frameworks/IOKit.framework/Versions/A/IOKit
 #pragma once
+
+// Library: /System/Library/Frameworks/IOKit.framework/Versions/A/IOKit
 
 #include <CoreFoundation/CoreFoundation.h>
 #include <mach/mach_types.h>

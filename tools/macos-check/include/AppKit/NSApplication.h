@@ -1,0 +1,30 @@
+// Declarations for tools/check-macos, written by hand from developer.apple.com/documentation/appkit/nsapplication.
+#pragma once
+
+// Library: /System/Library/Frameworks/AppKit.framework/Versions/C/AppKit
+
+#include <AppKit/NSMenu.h>
+#include <AppKit/NSRunningApplication.h>
+#include <Foundation/Foundation.h>
+
+@protocol NSApplicationDelegate;
+
+@interface NSApplication : NSObject
+@property(class, readonly, strong) NSApplication* sharedApplication;
+@property(weak) id<NSApplicationDelegate> delegate;
+@property(strong) NSMenu* mainMenu;
+- (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)activationPolicy;
+- (void)activateIgnoringOtherApps:(BOOL)flag;
+- (void)run;
+- (void)terminate:(id)sender;
+@end
+
+@protocol NSApplicationDelegate <NSObject>
+@optional
+- (void)applicationDidFinishLaunching:(NSNotification*)notification;
+- (void)applicationWillTerminate:(NSNotification*)notification;
+- (BOOL)applicationShouldTerminateAfterLastWindowClosed:(NSApplication*)sender;
+- (BOOL)applicationShouldHandleReopen:(NSApplication*)sender hasVisibleWindows:(BOOL)flag;
+@end
+
+FOUNDATION_EXPORT NSNotificationName NSApplicationDidBecomeActiveNotification;

@@ -1,0 +1,14 @@
+// For tools/check-macos: the classes of developer.apple.com/documentation/foundation that the program uses, a header
+// for each.
+#pragma once
+
+#include <CoreFoundation/CoreFoundation.h>
+#include <Foundation/NSArray.h>
+#include <Foundation/NSBundle.h>
+#include <Foundation/NSDictionary.h>
+#include <Foundation/NSError.h>
+#include <Foundation/NSNotification.h>
+#include <Foundation/NSObjCRuntime.h>
+#include <Foundation/NSOperation.h>
+#include <Foundation/NSString.h>
+#include <Foundation/NSURL.h>
