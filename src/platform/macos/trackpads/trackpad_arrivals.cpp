@@ -3,11 +3,10 @@
 #include <utility>
 
 #include "platform/macos/foundation/run_loop_source.h"
+#include "platform/macos/trackpads/trackpad_service.h"
 
 namespace rondora::macos {
 namespace {
-
-constexpr const char* kTrackpadClass = "AppleMultitouchDevice";
 
 /// Arms the notification: it fires again only when all devices were taken.
 void drain(io_iterator_t devices) {

@@ -1,32 +1,7 @@
 #include "ui/appkit/menus/menu_builder.h"
 
-#include <functional>
-
 #include "platform/macos/foundation/ns_text.h"
-
-/// What choosing an entry does.
-@interface RondoraMenuAction : NSObject
-- (instancetype)initWithAction:(std::function<void()>)action;
-- (void)perform;
-@end
-
-@implementation RondoraMenuAction {
-  std::function<void()> action_;
-}
-
-- (instancetype)initWithAction:(std::function<void()>)action {
-  self = [super init];
-  if (self != nil) action_ = std::move(action);
-  return self;
-}
-
-- (void)perform {
-  // A copy: it may replace the menu.
-  const auto action = action_;
-  if (action) action();
-}
-
-@end
+#include "ui/appkit/controls/control_action.h"
 
 namespace rondora::appkit {
 namespace {
@@ -35,7 +10,7 @@ using macos::nsString;
 
 NSMenuItem* makeItem(const MenuEntry& entry) {
   if (entry.isSeparator) return [NSMenuItem separatorItem];
-  RondoraMenuAction* action = [[RondoraMenuAction alloc] initWithAction:entry.action];
+  RondoraControlAction* action = [[RondoraControlAction alloc] initWithFunction:entry.action];
   NSMenuItem* item = [[NSMenuItem alloc] initWithTitle:nsString(entry.title)
                                                 action:@selector(perform)
                                          keyEquivalent:@""];

@@ -3,8 +3,10 @@
 
 // Library: /System/Library/Frameworks/AppKit.framework/Versions/C/AppKit
 
+#include <AppKit/NSImage.h>
 #include <AppKit/NSMenu.h>
 #include <AppKit/NSRunningApplication.h>
+#include <AppKit/NSWindow.h>
 #include <Foundation/Foundation.h>
 
 @protocol NSApplicationDelegate;
@@ -13,6 +15,8 @@
 @property(class, readonly, strong) NSApplication* sharedApplication;
 @property(weak) id<NSApplicationDelegate> delegate;
 @property(strong) NSMenu* mainMenu;
+@property(readonly, weak) NSWindow* keyWindow;
+@property(strong) NSImage* applicationIconImage;
 - (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)activationPolicy;
 - (void)activateIgnoringOtherApps:(BOOL)flag;
 - (void)run;
@@ -28,3 +32,4 @@
 @end
 
 FOUNDATION_EXPORT NSNotificationName NSApplicationDidBecomeActiveNotification;
+FOUNDATION_EXPORT NSNotificationName NSApplicationDidChangeScreenParametersNotification;

@@ -12,4 +12,8 @@
 - (instancetype)initWithTitle:(NSString*)title;
 - (void)addItem:(NSMenuItem*)newItem;
 - (NSMenuItem*)itemAtIndex:(NSInteger)index;
+- (void)cancelTracking;
 @end
+
+FOUNDATION_EXPORT NSNotificationName const NSMenuDidBeginTrackingNotification;
+FOUNDATION_EXPORT NSNotificationName const NSMenuDidEndTrackingNotification;

@@ -11,3 +11,9 @@
 + (instancetype)arrayWithObjects:(const ObjectType[])objects count:(NSUInteger)cnt;
 - (ObjectType)objectAtIndexedSubscript:(NSUInteger)idx;
 @end
+
+// NSMutableArray
+@interface NSMutableArray<ObjectType> : NSArray <ObjectType>
++ (instancetype)array;
+- (void)addObject:(ObjectType)anObject;
+@end

@@ -11,6 +11,7 @@
 typedef NSString* NSNotificationName;
 
 @interface NSNotification : NSObject
+@property(readonly, strong) id object;
 @property(readonly, copy) NSDictionary* userInfo;
 @end
 
@@ -21,4 +22,9 @@ typedef NSString* NSNotificationName;
                              queue:(NSOperationQueue*)queue
                         usingBlock:(void (^)(NSNotification* notification))block;
 - (void)removeObserver:(id)observer;
+@end
+
+// NSDistributedNotificationCenter
+@interface NSDistributedNotificationCenter : NSNotificationCenter
++ (NSDistributedNotificationCenter*)defaultCenter;
 @end

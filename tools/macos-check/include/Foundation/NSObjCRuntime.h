@@ -15,6 +15,12 @@
 typedef CGPoint NSPoint;
 typedef CGSize NSSize;
 typedef CGRect NSRect;
+typedef struct NSEdgeInsets {
+  CGFloat top;
+  CGFloat left;
+  CGFloat bottom;
+  CGFloat right;
+} NSEdgeInsets;
 typedef double NSTimeInterval;
 
 // NSCopying, NSFastEnumeration

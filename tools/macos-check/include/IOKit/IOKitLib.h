@@ -14,6 +14,8 @@ extern "C" {
 // io_object_t, io_iterator_t, IONotificationPortRef, kIOMainPortDefault
 typedef mach_port_t io_object_t;
 typedef io_object_t io_iterator_t;
+typedef io_object_t io_service_t;
+#define IO_OBJECT_NULL ((io_object_t)0)
 typedef struct IONotificationPort* IONotificationPortRef;
 typedef char io_name_t[128];
 extern const mach_port_t kIOMainPortDefault;
@@ -25,6 +27,7 @@ IONotificationPortRef IONotificationPortCreate(mach_port_t mainPort);
 void IONotificationPortDestroy(IONotificationPortRef notify);
 CFRunLoopSourceRef IONotificationPortGetRunLoopSource(IONotificationPortRef notify);
 CFMutableDictionaryRef IOServiceMatching(const char* name);
+io_service_t IOServiceGetMatchingService(mach_port_t mainPort, CFDictionaryRef matching);
 kern_return_t IOServiceAddMatchingNotification(IONotificationPortRef notifyPort, const io_name_t notificationType,
                                                CFDictionaryRef matching, IOServiceMatchingCallback callback,
                                                void* refCon, io_iterator_t* notification);

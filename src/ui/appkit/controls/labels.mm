@@ -1,0 +1,53 @@
+#include "ui/appkit/controls/labels.h"
+
+#include "platform/macos/foundation/ns_text.h"
+
+namespace rondora::appkit {
+namespace {
+
+using macos::nsString;
+
+NSStackView* makeStack(NSUserInterfaceLayoutOrientation orientation, NSLayoutAttribute alignment, CGFloat spacing) {
+  NSStackView* stack = [[NSStackView alloc] init];
+  stack.orientation = orientation;
+  stack.alignment = alignment;
+  stack.spacing = spacing;
+  return stack;
+}
+
+}  // namespace
+
+NSTextField* makeWrappingLabel(CGFloat width) {
+  NSTextField* label = [NSTextField wrappingLabelWithString:@""];
+  label.preferredMaxLayoutWidth = width;
+  return label;
+}
+
+void setText(NSTextField* label, const std::string& text) {
+  label.stringValue = nsString(text);
+  label.hidden = text.empty();
+}
+
+NSStackView* makeColumn(CGFloat spacing) {
+  return makeStack(NSUserInterfaceLayoutOrientationVertical, NSLayoutAttributeLeading, spacing);
+}
+
+NSStackView* makeRow(CGFloat spacing) {
+  return makeStack(NSUserInterfaceLayoutOrientationHorizontal, NSLayoutAttributeTop, spacing);
+}
+
+void setLayoutDirection(NSView* view, bool isRightToLeft) {
+  view.userInterfaceLayoutDirection =
+      isRightToLeft ? NSUserInterfaceLayoutDirectionRightToLeft : NSUserInterfaceLayoutDirectionLeftToRight;
+  for (NSView* child in view.subviews) setLayoutDirection(child, isRightToLeft);
+}
+
+NSImageView* makeSymbolView(const char* symbol, const std::string& name) {
+  NSString* description = name.empty() ? nil : nsString(name);
+  NSImageView* view = [NSImageView imageViewWithImage:[NSImage imageWithSystemSymbolName:nsString(symbol)
+                                                                accessibilityDescription:description]];
+  view.accessibilityElement = !name.empty();
+  return view;
+}
+
+}  // namespace rondora::appkit

@@ -1,0 +1,36 @@
+#include "ui/appkit/windows/appkit_windows.h"
+
+#include <AppKit/AppKit.h>
+
+#include <utility>
+
+#include "platform/macos/foundation/ns_text.h"
+#include "ui/appkit/windows/onboarding_window.h"
+
+namespace rondora::appkit {
+namespace {
+
+class DocumentInFinder final : public SettingsWindow {
+ public:
+  explicit DocumentInFinder(const std::filesystem::path& document)
+      : document_([NSURL fileURLWithPath:macos::nsString(document.native())]) {}
+
+  void show() override { [NSWorkspace.sharedWorkspace activateFileViewerSelectingURLs:@[ document_ ]]; }
+
+ private:
+  NSURL* document_;
+};
+
+}  // namespace
+
+AppKitWindows::AppKitWindows(Services services) : services_(std::move(services)) {}
+
+std::unique_ptr<SettingsWindow> AppKitWindows::makeSettingsWindow() {
+  return std::make_unique<DocumentInFinder>(services_.document());
+}
+
+std::unique_ptr<OnboardingWindow> AppKitWindows::makeOnboardingWindow() {
+  return std::make_unique<AppKitOnboardingWindow>(services_.contents(), services_.mainQueue);
+}
+
+}  // namespace rondora::appkit

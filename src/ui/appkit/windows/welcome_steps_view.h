@@ -1,0 +1,40 @@
+#pragma once
+
+#include <AppKit/AppKit.h>
+
+#include <array>
+
+#include "settings/onboarding/welcome.h"
+
+namespace rondora::appkit {
+
+/// The steps of the welcome with their marks, the hotkey, and the buttons that stand in for it.
+class WelcomeStepsView {
+ public:
+  /// `welcome` must outlive the object. `width` is that of the box, in points.
+  WelcomeStepsView(const Welcome& welcome, CGFloat width);
+
+  NSView* view() const { return box_; }
+  void present(const WelcomeContents& contents);
+  /// Draws attention to the steps, or no longer.
+  void emphasize(bool isEmphasized);
+
+ private:
+  struct Row {
+    NSImageView* mark;
+    NSTextField* text;
+  };
+
+  Row addRow();
+  static void present(const Row& row, const WelcomeContents::Step& step);
+
+  CGFloat width_;
+  NSBox* box_;
+  NSStackView* column_;
+  std::array<Row, 2> rows_{};
+  NSTextField* hotkey_;
+  NSButton* openRing_;
+  NSButton* chooseHotkey_;
+};
+
+}  // namespace rondora::appkit

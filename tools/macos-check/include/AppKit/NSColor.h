@@ -1,0 +1,14 @@
+// Declarations for tools/check-macos, written by hand from developer.apple.com/documentation/appkit/nscolor.
+#pragma once
+
+// Library: /System/Library/Frameworks/AppKit.framework/Versions/C/AppKit
+
+#include <Foundation/Foundation.h>
+
+@interface NSColor : NSObject
+@property(class, strong, readonly) NSColor* blackColor;
+@property(class, strong, readonly) NSColor* controlAccentColor;
+@property(class, strong, readonly) NSColor* controlBackgroundColor;
+@property(class, strong, readonly) NSColor* separatorColor;
+- (void)set;
+@end

@@ -1,0 +1,30 @@
+// Declarations for tools/check-macos, written by hand from developer.apple.com/documentation/appkit/nsview.
+#pragma once
+
+// Library: /System/Library/Frameworks/AppKit.framework/Versions/C/AppKit
+
+#include <AppKit/NSAccessibility.h>
+#include <AppKit/NSLayoutConstraint.h>
+#include <AppKit/NSResponder.h>
+#include <AppKit/NSUserInterfaceLayout.h>
+
+@class NSWindow;
+
+@interface NSView : NSResponder <NSAccessibility>
+@property(readonly, assign) NSWindow* window;
+@property(copy) NSArray<NSView*>* subviews;
+@property(getter=isHidden) BOOL hidden;
+@property(copy) NSString* toolTip;
+@property NSUserInterfaceLayoutDirection userInterfaceLayoutDirection;
+@property BOOL translatesAutoresizingMaskIntoConstraints;
+@property(readonly) NSSize fittingSize;
+@property(readonly, strong) NSLayoutXAxisAnchor* leadingAnchor;
+@property(readonly, strong) NSLayoutXAxisAnchor* trailingAnchor;
+@property(readonly, strong) NSLayoutYAxisAnchor* topAnchor;
+@property(readonly, strong) NSLayoutYAxisAnchor* bottomAnchor;
+@property(readonly, strong) NSLayoutDimension* widthAnchor;
+@property(readonly, strong) NSLayoutDimension* heightAnchor;
+- (instancetype)initWithFrame:(NSRect)frameRect;
+- (void)addSubview:(NSView*)view;
+- (void)removeFromSuperview;
+@end
