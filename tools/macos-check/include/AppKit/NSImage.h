@@ -3,9 +3,18 @@
 
 // Library: /System/Library/Frameworks/AppKit.framework/Versions/C/AppKit
 
+#include <CoreGraphics/CoreGraphics.h>
 #include <Foundation/Foundation.h>
+
+@class NSGraphicsContext;
 
 @interface NSImage : NSObject
 - (void)setTemplate:(BOOL)isTemplate;
++ (instancetype)imageWithSize:(NSSize)size
+                      flipped:(BOOL)drawingHandlerShouldBeCalledWithFlippedContext
+               drawingHandler:(BOOL (^)(NSRect dstRect))drawingHandler;
+- (CGImageRef)CGImageForProposedRect:(NSRect*)proposedDestRect
+                              context:(NSGraphicsContext*)referenceContext
+                                hints:(NSDictionary*)hints;
 + (instancetype)imageWithSystemSymbolName:(NSString*)name accessibilityDescription:(NSString*)description;
 @end

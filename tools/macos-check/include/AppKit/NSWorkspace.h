@@ -14,7 +14,21 @@
 
 @interface NSWorkspace : NSObject
 @property(class, readonly, strong) NSWorkspace* sharedWorkspace;
+@property(readonly, strong) NSNotificationCenter* notificationCenter;
+@property(readonly, strong) NSRunningApplication* frontmostApplication;
+@property(readonly, copy) NSArray<NSRunningApplication*>* runningApplications;
+- (BOOL)openURL:(NSURL*)url;
+- (void)activateFileViewerSelectingURLs:(NSArray<NSURL*>*)fileURLs;
+- (NSURL*)URLForApplicationWithBundleIdentifier:(NSString*)bundleIdentifier;
+- (NSImage*)iconForFile:(NSString*)fullPath;
 - (void)openApplicationAtURL:(NSURL*)applicationURL
                configuration:(NSWorkspaceOpenConfiguration*)configuration
            completionHandler:(void (^)(NSRunningApplication* app, NSError* error))completionHandler;
 @end
+
+FOUNDATION_EXPORT NSNotificationName NSWorkspaceDidActivateApplicationNotification;
+FOUNDATION_EXPORT NSString* const NSWorkspaceApplicationKey;
+FOUNDATION_EXPORT NSNotificationName NSWorkspaceWillSleepNotification;
+FOUNDATION_EXPORT NSNotificationName NSWorkspaceDidWakeNotification;
+FOUNDATION_EXPORT NSNotificationName NSWorkspaceScreensDidSleepNotification;
+FOUNDATION_EXPORT NSNotificationName NSWorkspaceSessionDidResignActiveNotification;

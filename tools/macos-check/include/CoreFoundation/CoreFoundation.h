@@ -53,6 +53,7 @@ typedef struct CGRect {
 
 // CFString
 typedef const struct __CFString* CFStringRef;
+typedef const struct __CFDictionary* CFDictionaryRef;
 typedef UInt32 CFStringEncoding;
 enum { kCFStringEncodingUTF8 = 0x08000100 };
 CFTypeID CFStringGetTypeID(void);
@@ -63,6 +64,25 @@ CFIndex CFStringGetBytes(CFStringRef theString, CFRange range, CFStringEncoding 
                          Boolean isExternalRepresentation, UInt8* buffer, CFIndex maxBufLen, CFIndex* usedBufLen);
 extern int __CFConstantStringClassReference[];
 #define CFSTR(literal) ((CFStringRef)__builtin___CFStringMakeConstantString("" literal ""))
+
+// CFStringCompareFlags, CFStringCompareWithOptionsAndLocale, CFComparisonResult; CFLocale
+typedef CF_ENUM(CFIndex, CFComparisonResult) { kCFCompareLessThan = -1, kCFCompareEqualTo = 0 };
+typedef CF_OPTIONS(CFOptionFlags, CFStringCompareFlags) {
+  kCFCompareCaseInsensitive = 1,
+  kCFCompareLocalized = 32,
+  kCFCompareNumerically = 64
+};
+typedef const struct __CFLocale* CFLocaleRef;
+CFLocaleRef CFLocaleCreate(CFAllocatorRef allocator, CFStringRef localeIdentifier);
+CFComparisonResult CFStringCompareWithOptionsAndLocale(CFStringRef theString1, CFStringRef theString2,
+                                                       CFRange rangeToCompare, CFStringCompareFlags compareOptions,
+                                                       CFLocaleRef locale);
+
+// CFStringGetRangeOfComposedCharactersAtIndex, CFStringCreateWithSubstring, CFAttributedString
+CFRange CFStringGetRangeOfComposedCharactersAtIndex(CFStringRef theString, CFIndex theIndex);
+CFStringRef CFStringCreateWithSubstring(CFAllocatorRef alloc, CFStringRef str, CFRange range);
+typedef const struct __CFAttributedString* CFAttributedStringRef;
+CFAttributedStringRef CFAttributedStringCreate(CFAllocatorRef alloc, CFStringRef str, CFDictionaryRef attributes);
 
 // CFBoolean
 typedef const struct __CFBoolean* CFBooleanRef;
@@ -96,8 +116,15 @@ CFArrayRef CFArrayCreate(CFAllocatorRef allocator, const void** values, CFIndex 
 CFIndex CFArrayGetCount(CFArrayRef theArray);
 const void* CFArrayGetValueAtIndex(CFArrayRef theArray, CFIndex idx);
 
+// CFData
+typedef const struct __CFData* CFDataRef;
+CFDataRef CFDataCreate(CFAllocatorRef allocator, const UInt8* bytes, CFIndex length);
+const UInt8* CFDataGetBytePtr(CFDataRef theData);
+CFIndex CFDataGetLength(CFDataRef theData);
+typedef struct __CFData* CFMutableDataRef;
+CFMutableDataRef CFDataCreateMutable(CFAllocatorRef allocator, CFIndex capacity);
+
 // CFDictionary
-typedef const struct __CFDictionary* CFDictionaryRef;
 typedef struct __CFDictionary* CFMutableDictionaryRef;
 typedef void (*CFDictionaryApplierFunction)(const void* key, const void* value, void* context);
 typedef struct {
@@ -123,6 +150,12 @@ CFDictionaryRef CFDictionaryCreate(CFAllocatorRef allocator, const void** keys, 
                                    const CFDictionaryValueCallBacks* valueCallBacks);
 CFIndex CFDictionaryGetCount(CFDictionaryRef theDict);
 void CFDictionaryApplyFunction(CFDictionaryRef theDict, CFDictionaryApplierFunction applier, void* context);
+
+// CFURL, CFBundle
+typedef const struct __CFURL* CFURLRef;
+CFURLRef CFURLCreateFromFileSystemRepresentation(CFAllocatorRef allocator, const UInt8* buffer, CFIndex bufLen,
+                                                 Boolean isDirectory);
+CFDictionaryRef CFBundleCopyInfoDictionaryInDirectory(CFURLRef bundleURL);
 
 // Preferences Utilities
 extern const CFStringRef kCFPreferencesCurrentApplication;

@@ -6,6 +6,7 @@
 
 #include <CoreFoundation/CoreFoundation.h>
 #include <stdbool.h>
+#include <stddef.h>
 #include <stdint.h>
 #include <sys/types.h>
 
@@ -71,6 +72,92 @@ CFMachPortRef CGEventTapCreate(CGEventTapLocation tap, CGEventTapPlacement place
 void CGEventTapEnable(CFMachPortRef tap, bool enable);
 CGError CGGetEventTapList(uint32_t maxNumberOfTaps, CGEventTapInformation* tapList, uint32_t* eventTapCount);
 void CGEventPost(CGEventTapLocation tap, CGEventRef event);
+
+// CGColorSpace
+typedef struct CGColorSpace* CGColorSpaceRef;
+extern const CFStringRef kCGColorSpaceSRGB;
+CGColorSpaceRef CGColorSpaceCreateWithName(CFStringRef name);
+
+// CGImage, CGImageAlphaInfo, CGBitmapInfo
+typedef struct CGImage* CGImageRef;
+size_t CGImageGetWidth(CGImageRef image);
+size_t CGImageGetHeight(CGImageRef image);
+typedef CF_ENUM(uint32_t, CGImageAlphaInfo) { kCGImageAlphaPremultipliedFirst = 2 };
+typedef CF_OPTIONS(uint32_t, CGBitmapInfo) { kCGBitmapByteOrder32Little = 2 << 12 };
+
+// CGAffineTransform
+typedef struct CGAffineTransform {
+  CGFloat a, b, c, d;
+  CGFloat tx, ty;
+} CGAffineTransform;
+CGAffineTransform CGAffineTransformMakeScale(CGFloat sx, CGFloat sy);
+
+// CGPath, CGMutablePath
+typedef const struct CGPath* CGPathRef;
+typedef struct CGPath* CGMutablePathRef;
+CGMutablePathRef CGPathCreateMutable(void);
+void CGPathMoveToPoint(CGMutablePathRef path, const CGAffineTransform* m, CGFloat x, CGFloat y);
+void CGPathAddLineToPoint(CGMutablePathRef path, const CGAffineTransform* m, CGFloat x, CGFloat y);
+void CGPathAddCurveToPoint(CGMutablePathRef path, const CGAffineTransform* m, CGFloat cp1x, CGFloat cp1y, CGFloat cp2x,
+                           CGFloat cp2y, CGFloat x, CGFloat y);
+void CGPathCloseSubpath(CGMutablePathRef path);
+CGPathRef CGPathCreateWithRoundedRect(CGRect rect, CGFloat cornerWidth, CGFloat cornerHeight,
+                                      const CGAffineTransform* transform);
+
+// CGContext
+typedef struct CGContext* CGContextRef;
+CGContextRef CGBitmapContextCreate(void* data, size_t width, size_t height, size_t bitsPerComponent,
+                                   size_t bytesPerRow, CGColorSpaceRef space, uint32_t bitmapInfo);
+void CGContextDrawImage(CGContextRef c, CGRect rect, CGImageRef image);
+typedef CF_ENUM(int32_t, CGInterpolationQuality) { kCGInterpolationHigh = 3 };
+void CGContextSetInterpolationQuality(CGContextRef c, CGInterpolationQuality quality);
+void CGContextAddPath(CGContextRef c, CGPathRef path);
+void CGContextSetRGBFillColor(CGContextRef c, CGFloat red, CGFloat green, CGFloat blue, CGFloat alpha);
+void CGContextFillPath(CGContextRef c);
+typedef CF_ENUM(int32_t, CGBlendMode) {
+  kCGBlendModeNormal = 0,
+  kCGBlendModeCopy = 17,
+  kCGBlendModeSourceIn = 18,
+  kCGBlendModePlusLighter = 27
+};
+typedef CF_ENUM(int32_t, CGLineCap) { kCGLineCapRound = 1 };
+typedef CF_ENUM(int32_t, CGLineJoin) { kCGLineJoinRound = 1 };
+CGImageRef CGBitmapContextCreateImage(CGContextRef context);
+void CGContextSaveGState(CGContextRef c);
+void CGContextRestoreGState(CGContextRef c);
+void CGContextScaleCTM(CGContextRef c, CGFloat sx, CGFloat sy);
+void CGContextTranslateCTM(CGContextRef c, CGFloat tx, CGFloat ty);
+void CGContextSetAlpha(CGContextRef c, CGFloat alpha);
+void CGContextSetBlendMode(CGContextRef c, CGBlendMode mode);
+void CGContextSetLineCap(CGContextRef c, CGLineCap cap);
+void CGContextSetLineJoin(CGContextRef c, CGLineJoin join);
+void CGContextSetLineWidth(CGContextRef c, CGFloat width);
+void CGContextReplacePathWithStrokedPath(CGContextRef c);
+void CGContextClip(CGContextRef c);
+void CGContextClipToRect(CGContextRef c, CGRect rect);
+void CGContextClearRect(CGContextRef c, CGRect rect);
+void CGContextFillRect(CGContextRef c, CGRect rect);
+void CGContextSetRGBStrokeColor(CGContextRef c, CGFloat red, CGFloat green, CGFloat blue, CGFloat alpha);
+void CGContextStrokePath(CGContextRef c);
+void CGContextSetTextMatrix(CGContextRef c, CGAffineTransform t);
+void CGContextSetTextPosition(CGContextRef c, CGFloat x, CGFloat y);
+
+// CGGradient
+typedef struct CGGradient* CGGradientRef;
+typedef CF_OPTIONS(uint32_t, CGGradientDrawingOptions) {
+  kCGGradientDrawsBeforeStartLocation = 1 << 0,
+  kCGGradientDrawsAfterEndLocation = 1 << 1
+};
+CGGradientRef CGGradientCreateWithColorComponents(CGColorSpaceRef space, const CGFloat* components,
+                                                  const CGFloat* locations, size_t count);
+void CGContextDrawLinearGradient(CGContextRef c, CGGradientRef gradient, CGPoint startPoint, CGPoint endPoint,
+                                 CGGradientDrawingOptions options);
+void CGContextDrawRadialGradient(CGContextRef c, CGGradientRef gradient, CGPoint startCenter, CGFloat startRadius,
+                                 CGPoint endCenter, CGFloat endRadius, CGGradientDrawingOptions options);
+
+// CGPreflightListenEventAccess, CGRequestListenEventAccess
+bool CGPreflightListenEventAccess(void);
+bool CGRequestListenEventAccess(void);
 
 // CGWindowListCopyWindowInfo, CGWindowListOption, Quartz Window Services: required and optional window list keys
 typedef uint32_t CGWindowID;

@@ -5,10 +5,13 @@
 #include <CoreFoundation/CoreFoundation.h>
 #include <Foundation/NSArray.h>
 #include <Foundation/NSBundle.h>
+#include <Foundation/NSData.h>
 #include <Foundation/NSDictionary.h>
 #include <Foundation/NSError.h>
+#include <Foundation/NSFileManager.h>
 #include <Foundation/NSNotification.h>
 #include <Foundation/NSObjCRuntime.h>
 #include <Foundation/NSOperation.h>
+#include <Foundation/NSPathUtilities.h>
 #include <Foundation/NSString.h>
 #include <Foundation/NSURL.h>
