@@ -3,14 +3,14 @@
 
 // Library: /System/Library/Frameworks/AppKit.framework/Versions/C/AppKit
 
-#include <AppKit/NSWindow.h>
+#include <AppKit/NSPanel.h>
 
 @class UTType;
 
 // NSModalResponse; NSSavePanel, NSOpenPanel
 enum { NSModalResponseOK = 1 };
 
-@interface NSSavePanel : NSWindow
+@interface NSSavePanel : NSPanel
 @property(readonly, copy) NSURL* URL;
 @property(copy) NSURL* directoryURL;
 @property(copy) NSArray<UTType*>* allowedContentTypes;
