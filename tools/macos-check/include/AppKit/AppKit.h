@@ -3,6 +3,7 @@
 #pragma once
 
 #include <AppKit/NSAccessibility.h>
+#include <AppKit/NSAppearance.h>
 #include <AppKit/NSApplication.h>
 #include <AppKit/NSBezierPath.h>
 #include <AppKit/NSBox.h>
@@ -10,12 +11,17 @@
 #include <AppKit/NSCell.h>
 #include <AppKit/NSColor.h>
 #include <AppKit/NSControl.h>
+#include <AppKit/NSCursor.h>
+#include <AppKit/NSEvent.h>
 #include <AppKit/NSFont.h>
+#include <AppKit/NSGraphicsContext.h>
+#include <AppKit/NSHapticFeedback.h>
 #include <AppKit/NSImage.h>
 #include <AppKit/NSImageView.h>
 #include <AppKit/NSLayoutConstraint.h>
 #include <AppKit/NSMenu.h>
 #include <AppKit/NSMenuItem.h>
+#include <AppKit/NSPanel.h>
 #include <AppKit/NSPasteboard.h>
 #include <AppKit/NSPopUpButton.h>
 #include <AppKit/NSResponder.h>
@@ -24,7 +30,9 @@
 #include <AppKit/NSScreen.h>
 #include <AppKit/NSStackView.h>
 #include <AppKit/NSStatusBar.h>
+#include <AppKit/NSStringDrawing.h>
 #include <AppKit/NSTextField.h>
+#include <AppKit/NSTrackingArea.h>
 #include <AppKit/NSUserInterfaceLayout.h>
 #include <AppKit/NSView.h>
 #include <AppKit/NSWindow.h>

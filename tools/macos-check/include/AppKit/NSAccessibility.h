@@ -14,3 +14,13 @@ FOUNDATION_EXPORT const NSAccessibilityRole NSAccessibilityMenuButtonRole;
 @property(copy) NSString* accessibilityLabel;
 @property(copy) NSAccessibilityRole accessibilityRole;
 @end
+
+typedef NSString* NSAccessibilityNotificationName;
+typedef NSString* NSAccessibilityNotificationUserInfoKey;
+typedef NS_ENUM(NSInteger, NSAccessibilityPriorityLevel) { NSAccessibilityPriorityHigh = 90 };
+FOUNDATION_EXPORT const NSAccessibilityNotificationName NSAccessibilityAnnouncementRequestedNotification;
+FOUNDATION_EXPORT const NSAccessibilityNotificationUserInfoKey NSAccessibilityAnnouncementKey;
+FOUNDATION_EXPORT const NSAccessibilityNotificationUserInfoKey NSAccessibilityPriorityKey;
+FOUNDATION_EXPORT void NSAccessibilityPostNotificationWithUserInfo(id element,
+                                                                   NSAccessibilityNotificationName notification,
+                                                                   NSDictionary* userInfo);

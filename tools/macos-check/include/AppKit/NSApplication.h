@@ -33,3 +33,4 @@
 
 FOUNDATION_EXPORT NSNotificationName NSApplicationDidBecomeActiveNotification;
 FOUNDATION_EXPORT NSNotificationName NSApplicationDidChangeScreenParametersNotification;
+FOUNDATION_EXPORT NSNotificationName NSApplicationDidResignActiveNotification;

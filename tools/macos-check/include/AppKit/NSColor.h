@@ -10,5 +10,7 @@
 @property(class, strong, readonly) NSColor* controlAccentColor;
 @property(class, strong, readonly) NSColor* controlBackgroundColor;
 @property(class, strong, readonly) NSColor* separatorColor;
+@property(class, strong, readonly) NSColor* clearColor;
 - (void)set;
++ (NSColor*)colorWithSRGBRed:(CGFloat)red green:(CGFloat)green blue:(CGFloat)blue alpha:(CGFloat)alpha;
 @end

@@ -3,18 +3,26 @@
 
 // Library: /System/Library/Frameworks/AppKit.framework/Versions/C/AppKit
 
+#include <AppKit/NSFont.h>
 #include <CoreGraphics/CoreGraphics.h>
 #include <Foundation/Foundation.h>
 
 @class NSGraphicsContext;
 
+@interface NSImageSymbolConfiguration : NSObject
++ (instancetype)configurationWithPointSize:(CGFloat)pointSize weight:(NSFontWeight)weight;
+@end
+
 @interface NSImage : NSObject
+@property NSSize size;
 - (void)setTemplate:(BOOL)isTemplate;
 + (instancetype)imageWithSize:(NSSize)size
                       flipped:(BOOL)drawingHandlerShouldBeCalledWithFlippedContext
                drawingHandler:(BOOL (^)(NSRect dstRect))drawingHandler;
 - (CGImageRef)CGImageForProposedRect:(NSRect*)proposedDestRect
-                              context:(NSGraphicsContext*)referenceContext
-                                hints:(NSDictionary*)hints;
+                             context:(NSGraphicsContext*)referenceContext
+                               hints:(NSDictionary*)hints;
 + (instancetype)imageWithSystemSymbolName:(NSString*)name accessibilityDescription:(NSString*)description;
+- (void)drawInRect:(NSRect)rect;
+- (NSImage*)imageWithSymbolConfiguration:(NSImageSymbolConfiguration*)configuration;
 @end

@@ -3,7 +3,15 @@
 
 // Library: /System/Library/Frameworks/AppKit.framework/Versions/C/AppKit
 
+#include <AppKit/NSEvent.h>
 #include <Foundation/Foundation.h>
 
 @interface NSResponder : NSObject
+@property(readonly) BOOL acceptsFirstResponder;
+- (void)mouseDown:(NSEvent*)event;
+- (void)mouseMoved:(NSEvent*)event;
+- (void)mouseEntered:(NSEvent*)event;
+- (void)mouseExited:(NSEvent*)event;
+- (void)cursorUpdate:(NSEvent*)event;
+- (void)keyDown:(NSEvent*)event;
 @end

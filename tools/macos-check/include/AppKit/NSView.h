@@ -6,6 +6,7 @@
 #include <AppKit/NSAccessibility.h>
 #include <AppKit/NSLayoutConstraint.h>
 #include <AppKit/NSResponder.h>
+#include <AppKit/NSTrackingArea.h>
 #include <AppKit/NSUserInterfaceLayout.h>
 
 @class NSWindow;
@@ -24,7 +25,19 @@
 @property(readonly, strong) NSLayoutYAxisAnchor* bottomAnchor;
 @property(readonly, strong) NSLayoutDimension* widthAnchor;
 @property(readonly, strong) NSLayoutDimension* heightAnchor;
+@property NSRect bounds;
+@property BOOL needsDisplay;
+@property(getter=isFlipped, readonly) BOOL flipped;
+@property(readonly, copy) NSArray<NSTrackingArea*>* trackingAreas;
 - (instancetype)initWithFrame:(NSRect)frameRect;
 - (void)addSubview:(NSView*)view;
 - (void)removeFromSuperview;
+- (NSPoint)convertPoint:(NSPoint)point fromView:(NSView*)view;
+- (void)addTrackingArea:(NSTrackingArea*)trackingArea;
+- (void)removeTrackingArea:(NSTrackingArea*)trackingArea;
+- (void)updateTrackingAreas;
+- (BOOL)acceptsFirstMouse:(NSEvent*)event;
+- (void)setNeedsDisplayInRect:(NSRect)invalidRect;
+- (void)displayIfNeeded;
+- (void)drawRect:(NSRect)dirtyRect;
 @end

@@ -17,6 +17,7 @@
 @property(readonly, strong) NSNotificationCenter* notificationCenter;
 @property(readonly, strong) NSRunningApplication* frontmostApplication;
 @property(readonly, copy) NSArray<NSRunningApplication*>* runningApplications;
+@property(readonly, getter=isVoiceOverEnabled) BOOL voiceOverEnabled;
 - (BOOL)openURL:(NSURL*)url;
 - (void)activateFileViewerSelectingURLs:(NSArray<NSURL*>*)fileURLs;
 - (NSURL*)URLForApplicationWithBundleIdentifier:(NSString*)bundleIdentifier;

@@ -46,6 +46,11 @@ OSStatus RegisterEventHotKey(UInt32 inHotKeyCode, UInt32 inHotKeyModifiers, Even
                              EventTargetRef inTarget, OptionBits inOptions, EventHotKeyRef* outRef);
 OSStatus UnregisterEventHotKey(EventHotKeyRef inHotKey);
 
+// Archive: Carbon Event Manager Reference
+enum { kHIHotKeyModeAllDisabled = 1 << 0 };
+void* PushSymbolicHotKeyMode(OptionBits inOptions);
+void PopSymbolicHotKeyMode(void* inToken);
+
 // Technical Note TN2150, Using Secure Event Input Fairly
 Boolean IsSecureEventInputEnabled(void);
 

@@ -78,11 +78,19 @@ CFComparisonResult CFStringCompareWithOptionsAndLocale(CFStringRef theString1, C
                                                        CFRange rangeToCompare, CFStringCompareFlags compareOptions,
                                                        CFLocaleRef locale);
 
-// CFStringGetRangeOfComposedCharactersAtIndex, CFStringCreateWithSubstring, CFAttributedString
-CFRange CFStringGetRangeOfComposedCharactersAtIndex(CFStringRef theString, CFIndex theIndex);
+// CFStringCreateWithSubstring, CFAttributedString
 CFStringRef CFStringCreateWithSubstring(CFAllocatorRef alloc, CFStringRef str, CFRange range);
 typedef const struct __CFAttributedString* CFAttributedStringRef;
 CFAttributedStringRef CFAttributedStringCreate(CFAllocatorRef alloc, CFStringRef str, CFDictionaryRef attributes);
+
+// CFStringTokenizer
+typedef struct __CFStringTokenizer* CFStringTokenizerRef;
+enum { kCFStringTokenizerUnitLineBreak = 3 };
+typedef CF_OPTIONS(CFOptionFlags, CFStringTokenizerTokenType) { kCFStringTokenizerTokenNone = 0 };
+CFStringTokenizerRef CFStringTokenizerCreate(CFAllocatorRef alloc, CFStringRef string, CFRange range,
+                                             CFOptionFlags options, CFLocaleRef locale);
+CFStringTokenizerTokenType CFStringTokenizerAdvanceToNextToken(CFStringTokenizerRef tokenizer);
+CFRange CFStringTokenizerGetCurrentTokenRange(CFStringTokenizerRef tokenizer);
 
 // CFBoolean
 typedef const struct __CFBoolean* CFBooleanRef;

@@ -4,6 +4,7 @@
 
 #include <CoreFoundation/CoreFoundation.h>
 #include <Foundation/NSArray.h>
+#include <Foundation/NSAttributedString.h>
 #include <Foundation/NSBundle.h>
 #include <Foundation/NSData.h>
 #include <Foundation/NSDictionary.h>
@@ -15,3 +16,4 @@
 #include <Foundation/NSPathUtilities.h>
 #include <Foundation/NSString.h>
 #include <Foundation/NSURL.h>
+#include <Foundation/NSValue.h>

@@ -8,4 +8,7 @@
 @interface NSDictionary<__covariant KeyType, __covariant ObjectType> : NSObject
 @property(readonly) NSUInteger count;
 - (ObjectType)objectForKeyedSubscript:(KeyType)key;
++ (instancetype)dictionaryWithObjects:(const ObjectType[])objects
+                              forKeys:(const id<NSCopying>[])keys
+                                count:(NSUInteger)cnt;
 @end

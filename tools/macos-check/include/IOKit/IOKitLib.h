@@ -31,8 +31,15 @@ io_service_t IOServiceGetMatchingService(mach_port_t mainPort, CFDictionaryRef m
 kern_return_t IOServiceAddMatchingNotification(IONotificationPortRef notifyPort, const io_name_t notificationType,
                                                CFDictionaryRef matching, IOServiceMatchingCallback callback,
                                                void* refCon, io_iterator_t* notification);
+kern_return_t IOServiceGetMatchingServices(mach_port_t mainPort, CFDictionaryRef matching, io_iterator_t* existing);
 io_object_t IOIteratorNext(io_iterator_t iterator);
 kern_return_t IOObjectRelease(io_object_t object);
+
+// IORegistryEntryCreateCFProperty
+typedef io_object_t io_registry_entry_t;
+typedef UInt32 IOOptionBits;
+CFTypeRef IORegistryEntryCreateCFProperty(io_registry_entry_t entry, CFStringRef key, CFAllocatorRef allocator,
+                                          IOOptionBits options);
 
 #ifdef __cplusplus
 }

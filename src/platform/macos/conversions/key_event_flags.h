@@ -1,0 +1,15 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "platform/key_event.h"
+
+namespace rondora::macos {
+
+/// The modifiers that are held, by the system's flags of a key event: it marks the keys of the function row, of the
+/// cursor and of editing with Fn, whether Fn is held or not. Locks and device-dependent bits are left out. No key code
+/// for flags that belong to no key.
+std::uint64_t heldModifiers(std::uint64_t flags, std::optional<std::uint16_t> keyCode);
+
+}  // namespace rondora::macos

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "base/display_list.h"
+#include "platform/application_icons.h"
+#include "ui/appkit/painting/bitmap.h"
+#include "ui/appkit/painting/decoded_icons.h"
+
+namespace rondora::appkit {
+
+/// The file with the picture of a web site, by its origin; nothing when there is none.
+using SitePicture = std::function<std::optional<std::filesystem::path>(std::string_view site)>;
+
+/// What icons are made of besides symbols and emoji; each function may be empty.
+struct IconSources {
+  SitePicture sitePicture;
+  DecodePicture decode;
+};
+
+/// The icons of display lists, each made once for its size and colours. An icon without a picture, or whose picture is
+/// not decoded yet, is a neutral symbol. Main thread; waits for no picture.
+class IconImages {
+ public:
+  /// `applicationIcons` must outlive the object.
+  explicit IconImages(const ApplicationIcons& applicationIcons, IconSources sources = {})
+      : applicationIcons_(applicationIcons),
+        sitePicture_(std::move(sources.sitePicture)),
+        decoded_(std::move(sources.decode)) {}
+
+  /// Fitted into `side` pixels; one side of the result may be shorter. Null for `IconKind::none`. The same image as
+  /// long as nothing has changed.
+  Image image(const IconCommand& icon, int side);
+
+ private:
+  using Make = std::function<Image()>;
+
+  Image made(const std::string& key, const Make& make);
+  Image unplated(const IconCommand& icon, int side);
+  Image symbol(std::string_view name, const IconCommand& icon, int side);
+  Image fileImage(PictureRequest::Source source, const std::string& file, int side);
+  Image siteImage(const IconCommand& icon, int side);
+  Image applicationImage(const IconCommand& icon, int side);
+
+  const ApplicationIcons& applicationIcons_;
+  SitePicture sitePicture_;
+  DecodedIcons decoded_;
+  std::map<std::string, Image> made_;
+  /// By the icon without its plate, which it holds so that no other takes its address.
+  std::map<std::pair<CGImageRef, std::string>, std::pair<Image, Image>> plated_;
+};
+
+}  // namespace rondora::appkit

@@ -1,0 +1,44 @@
+#include "ui/appkit/popover/appkit_snippet_preview_popover.h"
+
+#include "platform/macos/events/screen_points.h"
+#include "ui/appkit/overlay/overlay_window.h"
+#include "ui/appkit/popover/snippet_note_view.h"
+
+namespace rondora::appkit {
+namespace {
+
+/// As the ring's, and above it.
+constexpr OverlayPanelStyle kStyle{
+    .windowLevel = OverlayPanelStyle::kScreenSaverLevel + 1,
+    .collectionBehavior = OverlayPanelStyle::kMoveToActiveSpace | OverlayPanelStyle::kTransient |
+                          OverlayPanelStyle::kIgnoresCycle | OverlayPanelStyle::kFullScreenAuxiliary,
+    .isBorderless = true,
+    .isFloating = true,
+    .nonactivating = true,
+    .hasShadow = true,
+    .isOpaque = false,
+    .isAnimated = false,
+    .hidesOnDeactivate = false,
+    .hasFixedAppearance = true};
+
+}  // namespace
+
+AppKitSnippetPreviewPopover::AppKitSnippetPreviewPopover()
+    : window_([[RondoraOverlayWindow alloc] initWithStyle:kStyle contentRect:{{0, 0}, {1, 1}}]),
+      view_([[RondoraSnippetNoteView alloc] initWithFrame:{{0, 0}, {1, 1}}]) {
+  window_.contentView = view_;
+  window_.ignoresMouseEvents = YES;
+}
+
+AppKitSnippetPreviewPopover::~AppKitSnippetPreviewPopover() { [window_ orderOut:nil]; }
+
+void AppKitSnippetPreviewPopover::show(const SnippetPreview& preview, const Place& place) {
+  const NSSize needed = [view_ setPreview:preview];
+  const Size size{needed.width, needed.height};
+  [window_ setFrame:macos::screenRect({place(size), size}) display:YES];
+  [window_ orderFrontRegardless];
+}
+
+void AppKitSnippetPreviewPopover::hide() { [window_ orderOut:nil]; }
+
+}  // namespace rondora::appkit

@@ -1,0 +1,15 @@
+// Declarations for tools/check-macos, written by hand from developer.apple.com/documentation/appkit/nsgraphicscontext.
+#pragma once
+
+// Library: /System/Library/Frameworks/AppKit.framework/Versions/C/AppKit
+
+#include <CoreGraphics/CoreGraphics.h>
+#include <Foundation/Foundation.h>
+
+@interface NSGraphicsContext : NSObject
+@property(class, strong) NSGraphicsContext* currentContext;
+@property(readonly) CGContextRef CGContext;
++ (NSGraphicsContext*)graphicsContextWithCGContext:(CGContextRef)graphicsPort flipped:(BOOL)initialFlippedState;
++ (void)saveGraphicsState;
++ (void)restoreGraphicsState;
+@end
