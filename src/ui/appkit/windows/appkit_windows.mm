@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/macos/foundation/ns_text.h"
+#include "ui/appkit/popover/appkit_snippet_preview_popover.h"
 #include "ui/appkit/windows/onboarding_window.h"
 
 namespace rondora::appkit {
@@ -31,6 +32,10 @@ std::unique_ptr<SettingsWindow> AppKitWindows::makeSettingsWindow() {
 
 std::unique_ptr<OnboardingWindow> AppKitWindows::makeOnboardingWindow() {
   return std::make_unique<AppKitOnboardingWindow>(services_.contents(), services_.mainQueue);
+}
+
+std::unique_ptr<SnippetPreviewPopover> AppKitWindows::makeSnippetPreviewPopover() {
+  return std::make_unique<AppKitSnippetPreviewPopover>();
 }
 
 }  // namespace rondora::appkit

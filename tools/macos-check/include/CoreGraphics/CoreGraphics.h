@@ -106,8 +106,8 @@ CGPathRef CGPathCreateWithRoundedRect(CGRect rect, CGFloat cornerWidth, CGFloat 
 
 // CGContext
 typedef struct CGContext* CGContextRef;
-CGContextRef CGBitmapContextCreate(void* data, size_t width, size_t height, size_t bitsPerComponent,
-                                   size_t bytesPerRow, CGColorSpaceRef space, uint32_t bitmapInfo);
+CGContextRef CGBitmapContextCreate(void* data, size_t width, size_t height, size_t bitsPerComponent, size_t bytesPerRow,
+                                   CGColorSpaceRef space, uint32_t bitmapInfo);
 void CGContextDrawImage(CGContextRef c, CGRect rect, CGImageRef image);
 typedef CF_ENUM(int32_t, CGInterpolationQuality) { kCGInterpolationHigh = 3 };
 void CGContextSetInterpolationQuality(CGContextRef c, CGInterpolationQuality quality);
