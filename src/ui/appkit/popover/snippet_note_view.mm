@@ -19,6 +19,8 @@ constexpr double kPadding = 12;
 constexpr double kSpaceAboveHint = 8;
 constexpr double kCornerRadius = 9;
 constexpr double kHalfBorder = 0.5;
+/// More than any text needs.
+constexpr double kUnlimited = 100000;
 
 constexpr Color kBackground{0.118, 0.122, 0.141, 1};
 constexpr Color kBorder{1, 1, 1, 0.22};
@@ -43,7 +45,7 @@ NSSize sizeOf(NSAttributedString* text, NSSize limit) {
 }
 
 /// Of a line of text.
-double heightIn(NSFont* font) { return sizeOf(makeText("x", font, kText), {HUGE_VAL, HUGE_VAL}).height; }
+double heightIn(NSFont* font) { return sizeOf(makeText("x", font, kText), {kUnlimited, kUnlimited}).height; }
 
 }  // namespace
 
@@ -60,7 +62,7 @@ double heightIn(NSFont* font) { return sizeOf(makeText("x", font, kText), {HUGE_
   snippet_ = makeText(preview.text, font, kText);
   hint_ = makeText(preview.hint, [NSFont systemFontOfSize:NSFont.smallSystemFontSize], kHintText);
   snippetSize_ = sizeOf(snippet_, {width, preview.maxLines * heightIn(font)});
-  hintSize_ = preview.hint.empty() ? NSSize{0, 0} : sizeOf(hint_, {width, HUGE_VAL});
+  hintSize_ = preview.hint.empty() ? NSSize{0, 0} : sizeOf(hint_, {width, kUnlimited});
   self.needsDisplay = YES;
   const double spaceAboveHint = preview.hint.empty() ? 0 : kSpaceAboveHint;
   return {std::max(snippetSize_.width, hintSize_.width) + 2 * kPadding,
