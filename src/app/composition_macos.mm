@@ -67,7 +67,7 @@ std::unique_ptr<SerialQueue> makeSerialQueue(std::string_view label) {
 
 /// One backend for each port, in order of dependency, and the program on top of them.
 struct CompositionMacOS::Running {
-  explicit Running(Log& programLog) : log(programLog) { instance.claim(); }
+  explicit Running(Log& programLog) : log(programLog) {}
 
   Platform platform();
   appkit::IconSources iconSources() {
@@ -88,6 +88,7 @@ struct CompositionMacOS::Running {
   macos::ReopenChannel reopenChannel{
       [this](std::function<void()> reopened) { shell.setReopened(std::move(reopened)); }};
   SingleInstance instance{{&reopenChannel}, log};
+  SingleInstance::Start start = instance.claim();
   macos::NoNetworkFetch network{mainQueue};
   macos::ImageIoPictureDecoder pictureDecoder{mainQueue, makeSerialQueue("Rondora.Pictures")};
   macos::CarbonHotkeyService hotkeys;

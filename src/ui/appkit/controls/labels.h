@@ -15,6 +15,9 @@ NSStackView* makeColumn(CGFloat spacing);
 /// A stack of views side by side.
 NSStackView* makeRow(CGFloat spacing);
 
+/// A box without a title that keeps `padding` points around its content.
+NSBox* makeBox(CGFloat padding, NSView* content);
+
 /// Has the view and all below it read from right to left, or from left to right.
 void setLayoutDirection(NSView* view, bool isRightToLeft);
 

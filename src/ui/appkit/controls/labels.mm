@@ -36,6 +36,19 @@ NSStackView* makeRow(CGFloat spacing) {
   return makeStack(NSUserInterfaceLayoutOrientationHorizontal, NSLayoutAttributeTop, spacing);
 }
 
+NSBox* makeBox(CGFloat padding, NSView* content) {
+  NSBox* box = [[NSBox alloc] init];
+  box.boxType = NSBoxCustom;
+  box.titlePosition = NSNoTitle;
+  [box.contentView addSubview:content];
+  content.translatesAutoresizingMaskIntoConstraints = NO;
+  [content.leadingAnchor constraintEqualToAnchor:box.leadingAnchor constant:padding].active = YES;
+  [content.trailingAnchor constraintEqualToAnchor:box.trailingAnchor constant:-padding].active = YES;
+  [content.topAnchor constraintEqualToAnchor:box.topAnchor constant:padding].active = YES;
+  [content.bottomAnchor constraintEqualToAnchor:box.bottomAnchor constant:-padding].active = YES;
+  return box;
+}
+
 void setLayoutDirection(NSView* view, bool isRightToLeft) {
   view.userInterfaceLayoutDirection =
       isRightToLeft ? NSUserInterfaceLayoutDirectionRightToLeft : NSUserInterfaceLayoutDirectionLeftToRight;

@@ -8,7 +8,7 @@
 
 namespace rondora::appkit {
 
-/// The steps of the welcome with their marks, the hotkey, and the buttons that stand in for it.
+/// The steps of the welcome with their marks, the hotkey as key caps, and the buttons that stand in for it.
 class WelcomeStepsView {
  public:
   /// `welcome` must outlive the object. `width` is that of the box, in points.
@@ -29,10 +29,10 @@ class WelcomeStepsView {
   static void present(const Row& row, const WelcomeContents::Step& step);
 
   CGFloat width_;
-  NSBox* box_;
   NSStackView* column_;
+  NSBox* box_;
   std::array<Row, 2> rows_{};
-  NSTextField* hotkey_;
+  NSStackView* hotkey_;
   NSButton* openRing_;
   NSButton* chooseHotkey_;
 };

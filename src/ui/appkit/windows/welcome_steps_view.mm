@@ -5,6 +5,7 @@
 #include "platform/macos/foundation/ns_text.h"
 #include "ui/appkit/controls/control_action.h"
 #include "ui/appkit/controls/labels.h"
+#include "ui/appkit/windows/key_caps.h"
 
 namespace rondora::appkit {
 namespace {
@@ -15,7 +16,7 @@ using macos::nsString;
 constexpr CGFloat kMargin = 16;
 constexpr CGFloat kSpacing = 12;
 constexpr CGFloat kMarkSide = 20;
-constexpr CGFloat kHotkeySize = 15;
+constexpr CGFloat kKeyDistance = 6;
 constexpr CGFloat kEmphasisWidth = 3;
 
 NSButton* makeButton(std::function<void()> pressed) {
@@ -30,15 +31,6 @@ void setTitle(NSButton* button, const std::string& title) {
   button.hidden = title.empty();
 }
 
-void fill(NSBox* box, NSView* content) {
-  [box.contentView addSubview:content];
-  content.translatesAutoresizingMaskIntoConstraints = NO;
-  [content.leadingAnchor constraintEqualToAnchor:box.leadingAnchor].active = YES;
-  [content.trailingAnchor constraintEqualToAnchor:box.trailingAnchor].active = YES;
-  [content.topAnchor constraintEqualToAnchor:box.topAnchor].active = YES;
-  [content.bottomAnchor constraintEqualToAnchor:box.bottomAnchor].active = YES;
-}
-
 const char* markOf(const WelcomeContents::Step& step) {
   if (step.isDone) return "checkmark.circle.fill";
   return step.isNext ? "arrow.forward.circle" : "circle";
@@ -48,18 +40,13 @@ const char* markOf(const WelcomeContents::Step& step) {
 
 WelcomeStepsView::WelcomeStepsView(const Welcome& welcome, CGFloat width)
     : width_(width - 2 * kMargin),
-      box_([[NSBox alloc] init]),
       column_(makeColumn(kSpacing)),
-      hotkey_(makeWrappingLabel(width_)),
+      box_(makeBox(kMargin, column_)),
+      hotkey_(makeRow(kKeyDistance)),
       openRing_(makeButton([&welcome] { welcome.openRing(); })),
       chooseHotkey_(makeButton([&welcome] { welcome.chooseHotkey(); })) {
-  box_.boxType = NSBoxCustom;
-  box_.titlePosition = NSNoTitle;
   box_.cornerRadius = kMargin / 2;
   box_.fillColor = NSColor.controlBackgroundColor;
-  fill(box_, column_);
-  column_.edgeInsets = NSEdgeInsets{kMargin, kMargin, kMargin, kMargin};
-  hotkey_.font = [NSFont boldSystemFontOfSize:kHotkeySize];
   // The order of the Tab key is that of addition.
   rows_[0] = addRow();
   [column_ addArrangedSubview:hotkey_];
@@ -91,7 +78,7 @@ void WelcomeStepsView::present(const Row& row, const WelcomeContents::Step& step
 
 void WelcomeStepsView::present(const WelcomeContents& contents) {
   for (std::size_t i = 0; i < rows_.size(); ++i) present(rows_[i], contents.steps[i]);
-  setText(hotkey_, contents.hotkey);
+  showKeyCaps(hotkey_, contents.hotkey);
   setTitle(openRing_, contents.openRing);
   setTitle(chooseHotkey_, contents.chooseHotkey);
 }

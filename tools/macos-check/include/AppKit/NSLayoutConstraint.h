@@ -21,7 +21,7 @@ typedef NS_ENUM(NSInteger, NSLayoutAttribute) {
 
 // NSLayoutAnchor, NSLayoutDimension
 @interface NSLayoutAnchor<AnchorType> : NSObject
-- (NSLayoutConstraint*)constraintEqualToAnchor:(NSLayoutAnchor<AnchorType>*)anchor;
+- (NSLayoutConstraint*)constraintEqualToAnchor:(NSLayoutAnchor<AnchorType>*)anchor constant:(CGFloat)c;
 @end
 
 @interface NSLayoutXAxisAnchor : NSLayoutAnchor <NSLayoutXAxisAnchor*>

@@ -8,5 +8,6 @@
 @interface NSTextField : NSControl
 @property(getter=isSelectable) BOOL selectable;
 @property CGFloat preferredMaxLayoutWidth;
++ (instancetype)labelWithString:(NSString*)stringValue;
 + (instancetype)wrappingLabelWithString:(NSString*)stringValue;
 @end
