@@ -1,8 +1,19 @@
 #include "ui/appkit/overlay/tracking_view.h"
 
+#include <cstddef>
+#include <cstdint>
+
+#include "base/pixel_rect.h"
 #include "ui/appkit/painting/bitmap.h"
+#include "ui/appkit/painting/core_graphics_shapes.h"
 
 namespace {
+
+using rondora::PixelRect;
+using rondora::appkit::ContextState;
+using rondora::appkit::drawImage;
+using rondora::appkit::makeImage;
+using rondora::appkit::toPixelRect;
 
 /// Moves, whichever application is active. It brings no requests for the cursor, so there is a second area for these.
 constexpr NSTrackingAreaOptions kMoves = static_cast<NSTrackingAreaOptions>(NSTrackingMouseEnteredAndExited) |
@@ -79,11 +90,19 @@ constexpr NSTrackingAreaOptions kCursor = static_cast<NSTrackingAreaOptions>(NST
 }
 
 - (void)drawRect:(NSRect)dirtyRect {
+  const double pixelsPerPoint = pixels_.width / self.bounds.size.width;
+  const PixelRect dirty = intersection(
+      toPixelRect({{dirtyRect.origin.x, dirtyRect.origin.y}, {dirtyRect.size.width, dirtyRect.size.height}},
+                  pixelsPerPoint),
+      {0, 0, pixels_.width, pixels_.height});
+  if (dirty.isEmpty()) return;
+  std::uint32_t* const corner = pixels_.pixels + static_cast<std::ptrdiff_t>(dirty.y) * pixels_.stride + dirty.x;
   CGContextRef context = NSGraphicsContext.currentContext.CGContext;
-  const rondora::appkit::ContextState state(context);
-  CGContextClipToRect(context, dirtyRect);
+  const ContextState state(context);
   CGContextSetBlendMode(context, kCGBlendModeCopy);
-  rondora::appkit::drawImage(context, rondora::appkit::makeImage(pixels_), self.bounds);
+  drawImage(context, makeImage({corner, dirty.width, dirty.height, pixels_.stride}),
+            {{dirty.x / pixelsPerPoint, dirty.y / pixelsPerPoint},
+             {dirty.width / pixelsPerPoint, dirty.height / pixelsPerPoint}});
 }
 
 @end

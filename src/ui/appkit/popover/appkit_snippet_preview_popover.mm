@@ -1,5 +1,6 @@
 #include "ui/appkit/popover/appkit_snippet_preview_popover.h"
 
+#include "pie/controller/pie_view.h"
 #include "platform/macos/events/screen_points.h"
 #include "ui/appkit/overlay/overlay_window.h"
 #include "ui/appkit/popover/snippet_note_view.h"
@@ -7,19 +8,14 @@
 namespace rondora::appkit {
 namespace {
 
-/// As the ring's, and above it.
-constexpr OverlayPanelStyle kStyle{
-    .windowLevel = OverlayPanelStyle::kScreenSaverLevel + 1,
-    .collectionBehavior = OverlayPanelStyle::kMoveToActiveSpace | OverlayPanelStyle::kTransient |
-                          OverlayPanelStyle::kIgnoresCycle | OverlayPanelStyle::kFullScreenAuxiliary,
-    .isBorderless = true,
-    .isFloating = true,
-    .nonactivating = true,
-    .hasShadow = true,
-    .isOpaque = false,
-    .isAnimated = false,
-    .hidesOnDeactivate = false,
-    .hasFixedAppearance = true};
+/// As the ring's panel, and above it.
+constexpr OverlayPanelStyle kStyle = [] {
+  OverlayPanelStyle style = PieView::kPanelStyle;
+  ++style.windowLevel;
+  style.canBecomeKey = false;
+  style.hasShadow = true;
+  return style;
+}();
 
 }  // namespace
 
