@@ -42,7 +42,6 @@ NSWindowStyleMask maskOf(const Style& style) {
   if (style.hasFixedAppearance) self.appearance = [NSAppearance appearanceNamed:NSAppearanceNameDarkAqua];
   // Said outright, it holds also where the window is transparent.
   self.ignoresMouseEvents = NO;
-  self.acceptsMouseMovedEvents = YES;
   return self;
 }
 

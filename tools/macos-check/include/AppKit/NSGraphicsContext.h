@@ -9,7 +9,4 @@
 @interface NSGraphicsContext : NSObject
 @property(class, strong) NSGraphicsContext* currentContext;
 @property(readonly) CGContextRef CGContext;
-+ (NSGraphicsContext*)graphicsContextWithCGContext:(CGContextRef)graphicsPort flipped:(BOOL)initialFlippedState;
-+ (void)saveGraphicsState;
-+ (void)restoreGraphicsState;
 @end

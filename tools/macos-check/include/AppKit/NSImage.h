@@ -23,6 +23,5 @@
                              context:(NSGraphicsContext*)referenceContext
                                hints:(NSDictionary*)hints;
 + (instancetype)imageWithSystemSymbolName:(NSString*)name accessibilityDescription:(NSString*)description;
-- (void)drawInRect:(NSRect)rect;
 - (NSImage*)imageWithSymbolConfiguration:(NSImageSymbolConfiguration*)configuration;
 @end

@@ -48,7 +48,6 @@ typedef NSInteger NSModalResponse;
 @property(copy) NSColor* backgroundColor;
 @property BOOL hidesOnDeactivate;
 @property BOOL ignoresMouseEvents;
-@property BOOL acceptsMouseMovedEvents;
 @property(strong) NSAppearance* appearance;
 @property(readonly) BOOL canBecomeKeyWindow;
 @property(readonly) BOOL canBecomeMainWindow;
