@@ -17,6 +17,8 @@ class DocumentInFinder final : public SettingsWindow {
       : document_([NSURL fileURLWithPath:macos::nsString(document.native())]) {}
 
   void show() override { [NSWorkspace.sharedWorkspace activateFileViewerSelectingURLs:@[ document_ ]]; }
+  // The Finder's window is not ours.
+  void close() override {}
 
  private:
   NSURL* document_;
