@@ -47,7 +47,6 @@ void HotkeyField::refresh() {
   if (shown == nullptr) return;
   const bool isNone = !shown->isAssigned && !shown->isRecording;
   record_->setText(isNone ? toQString(localization_.text(StringKey::hotkeyRecord)) : toQString(shown->hotkey));
-  record_->setDown(shown->isRecording);
   record_->setAccessibleName(toQString(shown->recordName));
   record_->setAccessibleDescription(
       toQString(shown->note.empty() ? shown->hotkey : shown->hotkey + ". " + shown->note));

@@ -191,7 +191,6 @@ void ItemPanel::refreshAction() {
   address_->setAccessibleName(text(StringKey::addressField));
   showValue(*address_, toQString(item_.address()));
   keystroke_->setText(toQString(item_.keystrokeText()));
-  keystroke_->setDown(item_.isRecording());
   keystroke_->setAccessibleName(text(StringKey::keystrokeField));
   keystroke_->setAccessibleDescription(keystroke_->text());
   snippet_->setAccessibleName(text(StringKey::snippetField));
