@@ -118,7 +118,12 @@ TEST_F(RecordingTest, EscapeARingALockClicksAndFocusEndIt) {
     desktop_.outputOf({"gdbus", "emit", "--session", "--object-path", "/org/freedesktop/login1/session/_32", "--signal",
                        "org.freedesktop.login1.Session.Lock"});
   });
-  end([&] { client_.requestActivation(client_.windowsTitled("Bystander").front()); });
+  end([&] {
+    EXPECT_TRUE(waitUntil([&] {  // a window manager may drop a request
+      client_.requestActivation(client_.windowsTitled("Bystander").front());
+      return client_.title(client_.activeWindow()) == "Bystander";
+    }));
+  });
   client_.requestActivation(program_->managedWindows().front());
   ASSERT_TRUE(waitForSettings());
   // Last, because it may take the focus elsewhere.
