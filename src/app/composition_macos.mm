@@ -25,7 +25,6 @@
 #include "platform/macos/foundation/locale_text_order.h"
 #include "platform/macos/foundation/preferences.h"
 #include "platform/macos/foundation/run_loop_queue.h"
-#include "platform/macos/foundation/system_clock.h"
 #include "platform/macos/foundation/system_random.h"
 #include "platform/macos/keyboard/carbon_hotkey_service.h"
 #include "platform/macos/keyboard/carbon_secure_input.h"
@@ -47,6 +46,7 @@
 #include "platform/macos/window_server/sky_light_spaces.h"
 #include "platform/posix/posix_file_system.h"
 #include "platform/posix/posix_process_environment.h"
+#include "platform/posix/system_clock.h"
 #include "storage/legacy_pie_menu_migration.h"
 #include "ui/appkit/application/appkit_application_shell.h"
 #include "ui/appkit/application/interface_language.h"
@@ -70,7 +70,7 @@ struct CompositionMacOS::Running {
   explicit Running(Log& programLog) : log(programLog) {}
 
   Platform platform();
-  appkit::IconSources iconSources() {
+  IconSources iconSources() {
     return {[this](std::string_view site) { return program.sitePicture(site); },
             [this](PictureRequest request, PictureDecoder::Completion completion) {
               return program.decodeIcon(std::move(request), std::move(completion));
@@ -81,7 +81,7 @@ struct CompositionMacOS::Running {
   desktop::PosixProcessEnvironment environment;
   desktop::PosixFileSystem files{macos::libraryFolders()};
   macos::Preferences defaults;
-  macos::SystemClock clock;
+  desktop::SystemClock clock;
   macos::SystemRandom random;
   macos::RunLoopQueue mainQueue;
   appkit::AppKitApplicationShell shell;

@@ -10,8 +10,8 @@
 #include "app/repeat_limit.h"
 #include "base/trace.h"
 #include "platform/macos/foundation/library_folders.h"
-#include "platform/macos/foundation/system_clock.h"
 #include "platform/macos/foundation/unified_log.h"
+#include "platform/posix/system_clock.h"
 #include "storage/config_manager.h"
 
 namespace {
@@ -42,7 +42,7 @@ int main(int argc, char** argv) {
     if (argc > 1) {
       if (const auto status = replyToArguments(argc, argv)) return *status;
     }
-    rondora::macos::SystemClock clock;
+    rondora::desktop::SystemClock clock;
     rondora::macos::UnifiedLog systemLog;
     rondora::RepeatLimit log(systemLog, clock);
     beginTraceIfAsked(systemLog);

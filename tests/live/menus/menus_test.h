@@ -9,10 +9,10 @@
 #include "commands/app_menu_command_reader.h"
 #include "desktop/private_desktop.h"
 #include "desktop/x_client.h"
-#include "platform/linux/desktop/system_clock.h"
 #include "platform/linux/menus/menu_publishing.h"
 #include "platform/linux/menus/published_menus.h"
 #include "platform/linux/x11/windows/x11_accessibility.h"
+#include "platform/posix/system_clock.h"
 
 namespace rondora::live {
 

@@ -1,14 +1,21 @@
-#include "platform/macos/foundation/system_clock.h"
+#include "platform/posix/system_clock.h"
 
 #include <cerrno>
 #include <cmath>
 #include <ctime>
 
-namespace rondora::macos {
+namespace rondora::desktop {
 namespace {
 
 /// 2001-01-01 00:00:00 UTC in seconds since 1970.
 constexpr double kReferenceDate = 978307200;
+
+// Stands still while the machine sleeps, as the time of events does.
+#ifdef CLOCK_UPTIME_RAW
+constexpr clockid_t kUptime = CLOCK_UPTIME_RAW;
+#else
+constexpr clockid_t kUptime = CLOCK_MONOTONIC;
+#endif
 
 double read(clockid_t clock) {
   timespec time{};
@@ -20,8 +27,7 @@ double read(clockid_t clock) {
 
 WallTime SystemClock::now() const { return read(CLOCK_REALTIME) - kReferenceDate; }
 
-/// Stands still while the machine sleeps, as the time of events does.
-double SystemClock::uptime() const { return read(CLOCK_UPTIME_RAW); }
+double SystemClock::uptime() const { return read(kUptime); }
 
 void SystemClock::sleep(double seconds) {
   if (!(seconds > 0)) return;
@@ -31,4 +37,4 @@ void SystemClock::sleep(double seconds) {
   }
 }
 
-}  // namespace rondora::macos
+}  // namespace rondora::desktop
