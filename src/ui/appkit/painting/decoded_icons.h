@@ -10,11 +10,9 @@
 #include "base/weak_self.h"
 #include "platform/picture_decoder.h"
 #include "ui/appkit/painting/bitmap.h"
+#include "ui/painting/icon_sources.h"
 
 namespace rondora::appkit {
-
-/// Requests a picture, as `PictureDecoder::decode`; may complete at once.
-using DecodePicture = std::function<Subscription(PictureRequest, PictureDecoder::Completion)>;
 
 /// The pictures of icon files. Each is requested when it is first wanted and when its version changes; nothing waits
 /// for it. More files than a document's menus show get no picture. Main thread.

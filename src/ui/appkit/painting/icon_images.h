@@ -12,17 +12,9 @@
 #include "platform/application_icons.h"
 #include "ui/appkit/painting/bitmap.h"
 #include "ui/appkit/painting/decoded_icons.h"
+#include "ui/painting/icon_sources.h"
 
 namespace rondora::appkit {
-
-/// The file with the picture of a web site, by its origin; nothing when there is none.
-using SitePicture = std::function<std::optional<std::filesystem::path>(std::string_view site)>;
-
-/// What icons are made of besides symbols and emoji; each function may be empty.
-struct IconSources {
-  SitePicture sitePicture;
-  DecodePicture decode;
-};
 
 /// The icons of display lists, each made once for its size and colours. An icon without a picture, or whose picture is
 /// not decoded yet, is a neutral symbol. Main thread; waits for no picture.

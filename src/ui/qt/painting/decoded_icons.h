@@ -11,11 +11,9 @@
 #include "base/observable.h"
 #include "base/weak_self.h"
 #include "platform/picture_decoder.h"
+#include "ui/painting/icon_sources.h"
 
 namespace rondora {
-
-/// Requests a picture, as `PictureDecoder::decode`; may complete at once.
-using DecodePicture = std::function<Subscription(PictureRequest, PictureDecoder::Completion)>;
 
 /// The latest pictures of icon files and theme icons. Each is requested when it is first wanted and when its version
 /// changes; nothing waits for it. Main thread.

@@ -12,19 +12,11 @@
 
 #include "base/display_list.h"
 #include "platform/application_icons.h"
+#include "ui/painting/icon_sources.h"
 #include "ui/qt/painting/decoded_icons.h"
 #include "ui/qt/painting/icon_plates.h"
 
 namespace rondora {
-
-/// The file with the picture of a web site, by its origin; nothing when there is none.
-using SitePicture = std::function<std::optional<std::filesystem::path>(std::string_view site)>;
-
-/// What icons are made of besides symbols and emoji; each function may be empty.
-struct IconSources {
-  SitePicture sitePicture;
-  DecodePicture decode;
-};
 
 /// The icons of display lists as pixels, cached by kind, name, size and tint, and made again when the file or the
 /// application behind the name changes. An icon without a picture, or whose picture is not decoded yet, is a neutral
