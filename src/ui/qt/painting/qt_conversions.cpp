@@ -50,6 +50,8 @@ QColor toQColor(Color color) {
   return QColor::fromRgbF(component(color.red), component(color.green), component(color.blue), component(color.alpha));
 }
 
+Color toColor(const QColor& color) { return {color.redF(), color.greenF(), color.blueF(), color.alphaF()}; }
+
 QPointF toQPoint(Point point, double scale) { return {pixel(point.x, scale), pixel(point.y, scale)}; }
 
 QRectF toQRect(const Rect& rect, double scale) {

@@ -14,6 +14,7 @@
 namespace rondora {
 
 QColor toQColor(Color color);
+Color toColor(const QColor& color);
 QPointF toQPoint(Point point, double scale);
 QRectF toQRect(const Rect& rect, double scale);
 /// The smallest rectangle of whole pixels around `rect`.

@@ -11,6 +11,7 @@
 #include <QSignalBlocker>
 #include <QStyle>
 
+#include "ui/qt/painting/qt_conversions.h"
 #include "ui/qt/windows/interface_language.h"
 
 namespace rondora::settings_look {
@@ -22,14 +23,6 @@ constexpr double kNoteScale = 0.92;
 constexpr double kQuiet = 0.72;
 constexpr int kProblemMark = 14;
 constexpr int kProblemGap = 5;
-
-QColor blended(const QColor& front, const QColor& back, double share) {
-  const auto mix = [share](float a, float b) {
-    return static_cast<float>(share) * a + static_cast<float>(1 - share) * b;
-  };
-  return QColor::fromRgbF(mix(front.redF(), back.redF()), mix(front.greenF(), back.greenF()),
-                          mix(front.blueF(), back.blueF()));
-}
 
 /// A label that follows the interface's font, colours and direction.
 class Text : public QLabel {
@@ -85,8 +78,8 @@ class Text : public QLabel {
     if (role_ == Role::note) {
       const QPalette application;
       QPalette quiet = application;
-      quiet.setColor(QPalette::WindowText,
-                     blended(application.color(QPalette::WindowText), application.color(QPalette::Window), kQuiet));
+      const auto color = [&](QPalette::ColorRole role) { return toColor(application.color(role)); };
+      quiet.setColor(QPalette::WindowText, toQColor(mix(color(QPalette::Window), color(QPalette::WindowText), kQuiet)));
       setPalette(quiet);
     }
     if (role_ == Role::problem) {

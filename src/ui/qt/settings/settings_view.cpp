@@ -9,8 +9,6 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QScreen>
-#include <QScrollArea>
-#include <QScrollBar>
 #include <QShortcut>
 #include <QStyle>
 #include <QTimer>
@@ -29,6 +27,7 @@
 #include "ui/qt/settings/icon_picker.h"
 #include "ui/qt/settings/notice_bar.h"
 #include "ui/qt/settings/page_parts.h"
+#include "ui/qt/settings/page_room.h"
 #include "ui/qt/settings/ring_preview_view.h"
 #include "ui/qt/settings/running_apps_panel.h"
 #include "ui/qt/settings/session_page.h"
@@ -41,60 +40,6 @@ namespace {
 constexpr QSize kInitialSize(1060, 720);
 /// For the frame that the window manager adds.
 constexpr QSize kFrameRoom(20, 60);
-
-/// Holds the pages without a layout, for which the toolkit's scroll area would ask for more than the least height.
-class PageHolder : public QWidget {
- public:
-  explicit PageHolder(QWidget& pages) : pages_(pages) {
-    pages.setParent(this);
-    pages.installEventFilter(this);
-  }
-  QSize minimumSizeHint() const override { return pages_.minimumSizeHint(); }
-  bool eventFilter(QObject* watched, QEvent* event) override {
-    if (event->type() == QEvent::LayoutRequest) updateGeometry();
-    return QWidget::eventFilter(watched, event);
-  }
-
- protected:
-  void resizeEvent(QResizeEvent* /*event*/) override { pages_.setGeometry(rect()); }
-
- private:
-  QWidget& pages_;
-};
-
-/// The window is as large as the pages need. For what the screen has no room for, they are scrolled.
-class PageRoom : public QScrollArea {
- public:
-  PageRoom(QWidget& pages, const QWidget& beside) : beside_(beside) {
-    setFrameShape(QFrame::NoFrame);
-    setWidgetResizable(true);
-    setFocusPolicy(Qt::NoFocus);
-    setWidget(new PageHolder(pages));
-    viewport()->setAutoFillBackground(false);
-    widget()->setAutoFillBackground(false);
-  }
-  QSize minimumSizeHint() const override {
-    const QSize room = screen()->availableGeometry().size() - kFrameRoom;
-    QSize least = widget()->minimumSizeHint();
-    if (least.height() > height()) least.rwidth() += verticalScrollBar()->sizeHint().width();
-    return least.boundedTo({room.width() - beside_.minimumWidth() - kRule, room.height()});
-  }
-
- protected:
-  // The holder asks its parent, the viewport, for another place.
-  bool viewportEvent(QEvent* event) override {
-    if (event->type() == QEvent::LayoutRequest) updateGeometry();
-    return QScrollArea::viewportEvent(event);
-  }
-  void resizeEvent(QResizeEvent* event) override {
-    QScrollArea::resizeEvent(event);
-    if (event->oldSize().height() != height()) updateGeometry();
-  }
-
- private:
-  static constexpr int kRule = 4;
-  const QWidget& beside_;
-};
 
 }  // namespace
 
@@ -130,7 +75,7 @@ SettingsView::SettingsView(const WindowContents& contents, const IconDrawing& dr
   column->addWidget(notice_);
   column->addWidget(unsaved_);
   unsaved_->onRebuilt = [this] { fitUnsaved(); };
-  column->addWidget(new PageRoom(*stack_, *sidebar_), 1);
+  column->addWidget(new PageRoom(*stack_, *sidebar_, kFrameRoom), 1);
   across->addLayout(column, 1);
   addShortcuts();
   qApp->installEventFilter(this);

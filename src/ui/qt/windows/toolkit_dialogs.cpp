@@ -6,35 +6,21 @@
 #include <QPalette>
 #include <QStyle>
 #include <QTranslator>
-#include <cmath>
 #include <optional>
 
 #include "platform/qt/qt_text.h"
+#include "ui/qt/painting/qt_conversions.h"
 #include "ui/qt/windows/outlined_style.h"
 
 namespace rondora {
 namespace {
 
-constexpr double kLegible = 3;  // of WCAG's contrast ratio
-constexpr float kHint = 0.6F;
+constexpr double kLegible = 3;
+constexpr double kHint = 0.6;
 constexpr double kVisible = 1.8;
-constexpr float kOff = 0.45F;
-/// Of the relative luminance.
-constexpr double kNearlyBlack = 0.02;
-
-/// The relative luminance of WCAG 2.
-double luminance(const QColor& color) {
-  const auto linear = [](double part) {
-    return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-  };
-  return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
-}
-
-double contrast(const QColor& one, const QColor& other) {
-  const double a = luminance(one) + 0.05;
-  const double b = luminance(other) + 0.05;
-  return std::max(a, b) / std::min(a, b);
-}
+constexpr double kOff = 0.45;
+/// On a window with less contrast to black, its darkened colour shows no outline.
+constexpr double kNearlyBlack = 1.4;
 
 void translate(AppLanguage language) {
   static std::optional<AppLanguage> translated;
@@ -49,34 +35,29 @@ void translate(AppLanguage language) {
   }
 }
 
-QColor blended(const QColor& top, const QColor& under, float share) {
-  const auto mix = [share](float a, float b) { return a * share + b * (1 - share); };
-  return QColor::fromRgbF(mix(top.redF(), under.redF()), mix(top.greenF(), under.greenF()),
-                          mix(top.blueF(), under.blueF()));
-}
-
 /// Hints in empty fields, and what is switched off.
 void showQuietTexts() {
   const QPalette present;
+  const auto color = [&](QPalette::ColorGroup group, QPalette::ColorRole role) {
+    return toColor(present.color(group, role));
+  };
   QPalette legible;
   legible.setResolveMask(0);
-  const QColor base = present.color(QPalette::Base);
-  const QColor hint = present.color(QPalette::PlaceholderText);
-  if (contrast(blended(hint, base, hint.alphaF()), base) < kLegible) {
-    QColor quiet = present.color(QPalette::Text);
-    quiet.setAlphaF(kHint);
-    legible.setColor(QPalette::PlaceholderText, quiet);
+  const Color base = color(QPalette::Active, QPalette::Base);
+  if (contrast(layered(base, color(QPalette::Active, QPalette::PlaceholderText)), base) < kLegible) {
+    const Color text = color(QPalette::Active, QPalette::Text);
+    legible.setColor(QPalette::PlaceholderText, toQColor(text.withAlpha(kHint)));
   }
-  const QColor window = present.color(QPalette::Window);
+  const Color window = color(QPalette::Active, QPalette::Window);
   for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-    if (contrast(present.color(QPalette::Disabled, role), window) >= kVisible) continue;
-    legible.setColor(QPalette::Disabled, role, blended(present.color(QPalette::Active, role), window, kOff));
+    if (contrast(color(QPalette::Disabled, role), window) >= kVisible) continue;
+    legible.setColor(QPalette::Disabled, role, toQColor(mix(window, color(QPalette::Active, role), kOff)));
   }
   if (legible.resolveMask() != 0) QApplication::setPalette(legible);
 }
 
 void showOutlines() {
-  const bool isNearlyBlack = luminance(QPalette().color(QPalette::Window)) < kNearlyBlack;
+  const bool isNearlyBlack = contrast(toColor(QPalette().color(QPalette::Window)), {0, 0, 0}) < kNearlyBlack;
   const bool isFusion = QString::fromLatin1(QApplication::style()->metaObject()->className()) == "QFusionStyle";
   if (isNearlyBlack && isFusion) QApplication::setStyle(new OutlinedStyle);
 }
