@@ -153,6 +153,16 @@ TEST_F(IconImagesTest, ApplicationIconIsItsOwnElseItsWindows) {
   EXPECT_EQ(after.pixel(kSide / 2, kSide / 2), 0xFF00FF00);
 }
 
+TEST_F(IconImagesTest, ImagesOfFewColoursKeepThemWhenTheyAreScaled) {
+  QImage twoColours(200, 120, QImage::Format_Mono);
+  twoColours.setColorTable({qRgb(255, 0, 0), qRgb(255, 255, 255)});
+  twoColours.fill(0);
+  const QString file = folder.filePath("two.png");
+  ASSERT_TRUE(twoColours.save(file));
+  const QImage image = icon(IconKind::imageFile, file.toStdString());
+  EXPECT_EQ(coverage(image).colours, std::set{qRgb(255, 0, 0)});
+}
+
 TEST_F(IconImagesTest, ReadsEveryCommonFormat) {
   const QString svg = write("drawn.svg",
                             "<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 4 4'>"

@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QStackedWidget>
 #include <QTest>
 #include <QToolButton>
@@ -120,6 +121,9 @@ TEST_F(SettingsTest, NoTextIsCutOffInAnyLanguageAtTheSmallestSize) {
       // As on a screen with room for all of it.
       const auto* pages = window()->findChild<QStackedWidget*>();
       window()->resize(window()->minimumSizeHint());
+      settle();
+      const QSize screen = window()->screen()->availableSize();
+      EXPECT_EQ(window()->size().boundedTo(screen), window()->size()) << "larger than the screen";
       for (int i = 0; i < 2; ++i) {
         settle();
         const QSize missing = pages->minimumSizeHint() - pages->parentWidget()->parentWidget()->size();

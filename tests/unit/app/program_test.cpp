@@ -216,11 +216,14 @@ TEST_F(RunningProgramTest, FailedSaveIsAFindingUntilOneWorks) {
   const WindowContents contents = program.windowContents();
   SessionFindings findings;
   const Subscription watch = contents.watchFailures([&](const SessionFindings& failures) { findings = failures; });
+  SessionFindings unsaved;  // what every page of the settings shows
+  const Subscription everywhere = contents.watchUnsaved([&](const SessionFindings& all) { unsaved = all; });
   desktop.files.failures["replace"] = "disk full";
   useMenus({menu("edited", {49, kControlOption})});
   desktop.time.advance(1);
   ASSERT_THAT(findings, testing::SizeIs(1));
   EXPECT_EQ(findings[0].statement, "Rondora cannot save its settings: disk full");
+  EXPECT_EQ(unsaved, findings);
   contents.press(findings[0].buttons.at(0));
   desktop.time.advance(1);
   EXPECT_THAT(findings, testing::SizeIs(1)) << "the disk is still full";
@@ -228,6 +231,7 @@ TEST_F(RunningProgramTest, FailedSaveIsAFindingUntilOneWorks) {
   contents.press(findings[0].buttons.at(0));
   desktop.time.advance(1);
   EXPECT_THAT(findings, testing::IsEmpty());
+  EXPECT_THAT(unsaved, testing::IsEmpty());
   EXPECT_THAT(desktop.files.files[program.config().configURL()], testing::HasSubstr("edited"));
 }
 

@@ -31,6 +31,7 @@ struct BackupStory : Story {
     const auto rest = [](W w) { return joined({w.begin() + 1, w.end()}); };
     actions = {{"put", [=, this](W w) { files.put(w[0], rest(w)); }},
                {"fail", [=, this](W w) { files.failures[w[0]] = rest(w); }},
+               {"lose", [this](W w) { files.files.erase(folder + w[0]); }},
                {"heal", [this](W) { files.failures.clear(); }},
                {"nothing-opens", [this](W) { workspace.opensUrls = false; }},
                {"rename", [=, this](W w) { history.edit([&](Document& d) { d.menus[0].name = w[0]; }); }},

@@ -62,6 +62,7 @@ struct CommandSetsStory : Story {
                        return place ? std::to_string(*place) : "none";
                      }},
                     {"note", [this] { return sets.note(); }},
+                    {"told", [this] { return std::exchange(told, "none"); }},
                     {"can", [this] {
                        return joined({sets.canSuggest() ? "suggest" : "-", sets.canReset() ? "reset" : "-",
                                       sets.canRemoveEntry() ? "remove" : "-"});
@@ -139,7 +140,9 @@ struct CommandSetsStory : Story {
   std::unique_ptr<SerialQueue> queue = desktop.serialQueue();
   AppMenuCatalog catalog{{desktop.time, desktop.time, *queue, readings, desktop.accessibility}};
   AppCommandSets sets{{history, desktop.workspace, catalog, localization, desktop.random,
-                       [](const MenuShortcut& shortcut) { return menuShortcutText(shortcut); }}};
+                       [](const MenuShortcut& shortcut) { return menuShortcutText(shortcut); },
+                       [this](std::string notice) { told = std::move(notice); }}};
+  std::string told = "none";
   std::int32_t process = 0;
   std::string query;
 };
