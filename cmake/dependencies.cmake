@@ -6,7 +6,21 @@ if(BUILD_TESTING OR NOT DEFINED BUILD_TESTING)
   find_package(GTest REQUIRED)
 endif()
 
-if(RONDORA_DESKTOP AND NOT APPLE)
+if(RONDORA_DESKTOP)
+  find_path(UNICODE_FOLDER emoji/emoji-test.txt
+    PATHS /usr/share/unicode
+    DOC "Folder with Unicode's data: emoji/emoji-test.txt and cldr/common"
+    NO_CACHE)
+endif()
+if(RONDORA_DESKTOP AND APPLE)
+  # The settings' window is left out where they are missing.
+  find_package(Qt6 6.4 COMPONENTS Core Gui Widgets)
+  if(Qt6_FOUND AND UNICODE_FOLDER)
+    set(RONDORA_SETTINGS_WINDOW ON)
+  else()
+    message(STATUS "The settings have no window: Qt 6.4 or UNICODE_FOLDER is missing")
+  endif()
+elseif(RONDORA_DESKTOP)
   find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Network Widgets DBus Svg)
   pkg_check_modules(XCB REQUIRED IMPORTED_TARGET
     xcb xcb-keysyms xcb-xkb xcb-xinput xcb-randr xcb-res xcb-shape xcb-shm xcb-xfixes xcb-xtest xcb-cursor)

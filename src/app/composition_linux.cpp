@@ -51,9 +51,9 @@
 #include "platform/qt/reconnecting_bus.h"
 #include "platform/qt/session_bus_channel.h"
 #include "storage/legacy_pie_menu_migration.h"
+#include "ui/qt/interface/interface_language.h"
 #include "ui/qt/painting/qt_picture_rasterizer.h"
 #include "ui/qt/tray/qt_status_bar.h"
-#include "ui/qt/windows/interface_language.h"
 #include "ui/qt/windows/qt_file_chooser.h"
 #include "ui/qt/windows/qt_windows.h"
 

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <utility>
 
+#include "app/composition_macos_settings.h"
 #include "app/platform.h"
 #include "app/program.h"
 #include "input/hotkeys/hotkey_display.h"
@@ -122,9 +123,10 @@ struct CompositionMacOS::Running {
   appkit::AppKitOverlayPanels overlayPanels{rasterizer, mainQueue};
   appkit::AppKitStatusBar statusBar;
   appkit::AppKitFileChooser fileChooser;
-  appkit::AppKitWindows windows{{.mainQueue = mainQueue,
-                                 .contents = [this] { return program.windowContents(); },
-                                 .document = [this] { return program.config().configURL(); }}};
+  std::unique_ptr<appkit::SettingsShell> settings =
+      makeSettingsShell(applicationIcons, iconSources(), [this] { return program.config().configURL(); });
+  appkit::AppKitWindows windows{
+      {.mainQueue = mainQueue, .contents = [this] { return program.windowContents(); }, .settings = *settings}};
   Program program{platform()};
   macos::EndSignals endSignals{[this] { shell.terminate(); }};
 };

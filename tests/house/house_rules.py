@@ -33,8 +33,10 @@ ALLOWED = {
     "ui/painting": CORE_BASE + ["pie"],
     "ui/qt": CORE_SERVICES + ["pie", "settings", "platform/qt", "ui/painting"],
     "ui/appkit": CORE_SERVICES + ["pie", "settings", "platform/macos", "ui/painting"],
+    "ui/appkit/settings": CORE_SERVICES + ["pie", "settings", "platform/macos", "ui/painting", "ui/appkit", "ui/qt"],
 }
-BACKENDS = ["platform/posix", "platform/qt", "platform/linux", "platform/macos", "ui/qt", "ui/appkit"]
+BACKENDS = ["platform/posix", "platform/qt", "platform/linux", "platform/macos", "ui/qt", "ui/appkit/settings",
+            "ui/appkit"]
 NESTED = BACKENDS + ["ui/painting"]
 
 # The folders of pie/, lowest first. A folder includes itself and lower ones.

@@ -15,7 +15,7 @@
 #include <memory>
 
 #include "platform/application_icons.h"
-#include "ui/qt/windows/interface_language.h"
+#include "ui/qt/interface/interface_language.h"
 #include "ui/qt/windows/qt_windows.h"
 #include "unit/app/program.h"
 

@@ -5,9 +5,9 @@
 #include <utility>
 
 #include "ui/painting/frosted_glass.h"
+#include "ui/qt/interface/interface_language.h"
 #include "ui/qt/painting/qt_conversions.h"
 #include "ui/qt/painting/undivided_painting.h"
-#include "ui/qt/windows/interface_language.h"
 
 namespace rondora {
 namespace {

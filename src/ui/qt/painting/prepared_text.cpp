@@ -7,8 +7,8 @@
 #include <cmath>
 
 #include "platform/qt/qt_text.h"
+#include "ui/qt/interface/interface_language.h"
 #include "ui/qt/painting/qt_conversions.h"
-#include "ui/qt/windows/interface_language.h"
 
 namespace rondora {
 

@@ -4,7 +4,7 @@
 #include <QStyleOptionFocusRect>
 #include <QStylePainter>
 
-#include "ui/qt/windows/interface_language.h"
+#include "ui/qt/interface/interface_language.h"
 
 namespace rondora {
 

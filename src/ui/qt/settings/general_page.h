@@ -6,9 +6,9 @@
 
 #include "localization/localization_store.h"
 #include "settings/general/general_settings.h"
+#include "ui/qt/interface/language_chooser.h"
 #include "ui/qt/settings/findings_list.h"
 #include "ui/qt/settings/focus_text.h"
-#include "ui/qt/windows/language_chooser.h"
 
 namespace rondora {
 

@@ -1,10 +1,6 @@
 # The catalogue of the icon picker, made from the installed packages unicode-cldr-core and unicode-data.
 
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
-find_path(UNICODE_FOLDER emoji/emoji-test.txt
-  PATHS /usr/share/unicode
-  DOC "Folder with Unicode's data: emoji/emoji-test.txt and cldr/common"
-  NO_CACHE)
 if(NOT UNICODE_FOLDER OR NOT EXISTS ${UNICODE_FOLDER}/cldr/common/annotations/en.xml)
   message(FATAL_ERROR "Unicode's data is missing: install the packages unicode-data and unicode-cldr-core, "
     "or set UNICODE_FOLDER.")

@@ -11,8 +11,8 @@
 #include <QSignalBlocker>
 #include <QStyle>
 
+#include "ui/qt/interface/interface_language.h"
 #include "ui/qt/painting/qt_conversions.h"
-#include "ui/qt/windows/interface_language.h"
 
 namespace rondora::settings_look {
 namespace {

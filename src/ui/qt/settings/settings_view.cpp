@@ -16,6 +16,7 @@
 #include <utility>
 
 #include "platform/qt/qt_text.h"
+#include "ui/qt/interface/toolkit_dialogs.h"
 #include "ui/qt/painting/application_icon.h"
 #include "ui/qt/settings/app_commands_panel.h"
 #include "ui/qt/settings/appearance_page.h"
@@ -32,7 +33,6 @@
 #include "ui/qt/settings/running_apps_panel.h"
 #include "ui/qt/settings/session_page.h"
 #include "ui/qt/settings/sidebar.h"
-#include "ui/qt/windows/toolkit_dialogs.h"
 
 namespace rondora {
 namespace {
@@ -43,15 +43,14 @@ constexpr QSize kFrameRoom(20, 60);
 
 }  // namespace
 
-SettingsView::SettingsView(const WindowContents& contents, const IconDrawing& drawing)
+SettingsView::SettingsView(const WindowContents& contents, SettingsDrawing drawing)
     : contents_(contents),
-      images_(drawing.applications(), drawing.sources),
-      rasterizer_(drawing.applications(), drawing.sources),
-      icons_([this](const IconCommand& icon, int side) { return images_.image(icon, side); }, contents.onIconsDecoded),
+      rasterizer_(std::move(drawing.rasterizer)),
+      icons_(std::move(drawing.icon), contents.onIconsDecoded),
       parts_{contents.settings(),
              contents_,
              icons_,
-             rasterizer_,
+             *rasterizer_,
              [this](QWidget& parent, const auto& chosen) { chooseApplication(parent, chosen); },
              [this](QWidget& parent, const PieMenuItem& item, auto chosen) {
                chooseIcon(parent, item, std::move(chosen));
@@ -169,7 +168,7 @@ SettingsView::Page SettingsView::makePage(SettingsPage page) {
     case SettingsPage::backup:
       return with(new BackupPage(models.backup, models.localization, icons_, models.fileChooser));
     case SettingsPage::appearance: {
-      auto* ring = new RingPreviewView(models.preview, models.localization, rasterizer_);
+      auto* ring = new RingPreviewView(models.preview, models.localization, *rasterizer_);
       auto* appearance = new AppearancePage(models.appearance, models.localization, icons_, ring);
       return {appearance, [appearance, ring] {
                 appearance->refresh();

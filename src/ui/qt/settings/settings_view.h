@@ -5,10 +5,10 @@
 #include <functional>
 #include <map>
 
-#include "ui/qt/painting/qt_picture_rasterizer.h"
+#include "settings/window_contents.h"
 #include "ui/qt/settings/menu_page.h"
+#include "ui/qt/settings/settings_drawing.h"
 #include "ui/qt/settings/settings_parts.h"
-#include "ui/qt/windows/qt_windows.h"
 
 namespace rondora {
 
@@ -21,7 +21,7 @@ class Sidebar;
 class SettingsView : public QWidget {
  public:
   /// `contents` must outlive the object.
-  SettingsView(const WindowContents& contents, const IconDrawing& drawing);
+  SettingsView(const WindowContents& contents, SettingsDrawing drawing);
   ~SettingsView() override;
 
   /// Shows the window in front, on the screen where it was.
@@ -52,8 +52,7 @@ class SettingsView : public QWidget {
   void chooseIcon(QWidget& parent, const PieMenuItem& item, std::function<void(std::string)> chosen);
 
   const WindowContents& contents_;
-  IconImages images_;
-  QtPictureRasterizer rasterizer_;
+  std::unique_ptr<PictureRasterizer> rasterizer_;
   ItemIcons icons_;
   SettingsParts parts_;
   Sidebar* sidebar_;

@@ -8,14 +8,14 @@
 
 namespace rondora {
 
-QtSettingsWindow::QtSettingsWindow(WindowContents contents, IconDrawing drawing)
-    : contents_(std::move(contents)), drawing_(std::move(drawing)) {}
+QtSettingsWindow::QtSettingsWindow(WindowContents contents, MakeSettingsDrawing makeDrawing)
+    : contents_(std::move(contents)), makeDrawing_(std::move(makeDrawing)) {}
 
 QtSettingsWindow::~QtSettingsWindow() = default;
 
 void QtSettingsWindow::show() {
   if (!view_) {
-    view_ = std::make_unique<SettingsView>(contents_, drawing_);
+    view_ = std::make_unique<SettingsView>(contents_, makeDrawing_());
     // On a later turn: the view is still closing.
     view_->onClosed = [this] {
       QTimer::singleShot(0, view_.get(), [this] {

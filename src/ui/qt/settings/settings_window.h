@@ -2,7 +2,9 @@
 
 #include <memory>
 
-#include "ui/qt/windows/qt_windows.h"
+#include "platform/windows.h"
+#include "settings/window_contents.h"
+#include "ui/qt/settings/settings_drawing.h"
 
 namespace rondora {
 
@@ -11,7 +13,7 @@ class SettingsView;
 /// The settings' window. What it shows is made when it opens and released when it closes.
 class QtSettingsWindow : public SettingsWindow {
  public:
-  QtSettingsWindow(WindowContents contents, IconDrawing drawing);
+  QtSettingsWindow(WindowContents contents, MakeSettingsDrawing makeDrawing);
   ~QtSettingsWindow() override;
 
   void show() override;
@@ -21,7 +23,7 @@ class QtSettingsWindow : public SettingsWindow {
   void release();
 
   WindowContents contents_;
-  IconDrawing drawing_;
+  MakeSettingsDrawing makeDrawing_;
   std::unique_ptr<SettingsView> view_;
 };
 

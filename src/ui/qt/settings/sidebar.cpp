@@ -9,9 +9,9 @@
 #include <array>
 
 #include "platform/qt/qt_text.h"
+#include "ui/qt/interface/interface_language.h"
 #include "ui/qt/settings/page_parts.h"
 #include "ui/qt/settings/two_line_delegate.h"
-#include "ui/qt/windows/interface_language.h"
 
 namespace rondora {
 namespace {

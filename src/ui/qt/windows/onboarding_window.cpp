@@ -14,9 +14,9 @@
 #include <utility>
 
 #include "platform/qt/qt_text.h"
+#include "ui/qt/interface/language_chooser.h"
 #include "ui/qt/painting/application_icon.h"
 #include "ui/qt/windows/findings_view.h"
-#include "ui/qt/windows/language_chooser.h"
 #include "ui/qt/windows/welcome_steps.h"
 
 namespace rondora {

@@ -10,7 +10,7 @@ namespace rondora {
 
 /// What the windows draw icons with.
 struct IconDrawing {
-  /// Called when a window is made.
+  /// Called when the settings open.
   std::function<const ApplicationIcons&()> applications;
   IconSources sources;
 };

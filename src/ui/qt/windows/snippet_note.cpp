@@ -12,7 +12,7 @@
 
 #include "platform/qt/qt_text.h"
 #include "platform/qt/qt_x11_access.h"
-#include "ui/qt/windows/interface_language.h"
+#include "ui/qt/interface/interface_language.h"
 
 namespace rondora {
 

@@ -6,7 +6,7 @@
 #include <QHBoxLayout>
 
 #include "platform/qt/qt_text.h"
-#include "ui/qt/windows/interface_language.h"
+#include "ui/qt/interface/interface_language.h"
 #include "ui/qt/windows/onboarding_art.h"
 
 namespace rondora {

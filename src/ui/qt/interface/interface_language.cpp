@@ -1,4 +1,4 @@
-#include "ui/qt/windows/interface_language.h"
+#include "ui/qt/interface/interface_language.h"
 
 #include <QApplication>
 #include <QFontDatabase>

@@ -1,4 +1,4 @@
-#include "ui/qt/windows/language_chooser.h"
+#include "ui/qt/interface/language_chooser.h"
 
 #include <QKeyEvent>
 #include <QTimer>
@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "platform/qt/qt_text.h"
-#include "ui/qt/windows/interface_language.h"
+#include "ui/qt/interface/interface_language.h"
 
 namespace rondora {
 

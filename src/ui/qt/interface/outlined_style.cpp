@@ -1,4 +1,4 @@
-#include "ui/qt/windows/outlined_style.h"
+#include "ui/qt/interface/outlined_style.h"
 
 #include <QPainter>
 #include <QStyleOption>

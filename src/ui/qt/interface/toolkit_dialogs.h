@@ -9,4 +9,7 @@ namespace rondora {
 /// Cheap when nothing changed; main thread.
 void prepareToolkitDialogs(AppLanguage language);
 
+/// Closes open menus and lists. Main thread.
+void closeToolkitPopups();
+
 }  // namespace rondora

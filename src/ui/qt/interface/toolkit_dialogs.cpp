@@ -1,4 +1,4 @@
-#include "ui/qt/windows/toolkit_dialogs.h"
+#include "ui/qt/interface/toolkit_dialogs.h"
 
 #include <QApplication>
 #include <QLibraryInfo>
@@ -6,11 +6,12 @@
 #include <QPalette>
 #include <QStyle>
 #include <QTranslator>
+#include <QWidget>
 #include <optional>
 
 #include "platform/qt/qt_text.h"
+#include "ui/qt/interface/outlined_style.h"
 #include "ui/qt/painting/qt_conversions.h"
-#include "ui/qt/windows/outlined_style.h"
 
 namespace rondora {
 namespace {
@@ -68,6 +69,12 @@ void prepareToolkitDialogs(AppLanguage language) {
   translate(language);
   showQuietTexts();
   showOutlines();
+}
+
+void closeToolkitPopups() {
+  while (QWidget* popup = QApplication::activePopupWidget()) {
+    if (!popup->close()) return;
+  }
 }
 
 }  // namespace rondora

@@ -1,0 +1,69 @@
+#include "ui/appkit/settings/qt_settings.h"
+
+#include <QApplication>
+#include <utility>
+
+#include "ui/appkit/painting/core_graphics_rasterizer.h"
+#include "ui/appkit/settings/settings_pictures.h"
+#include "ui/qt/interface/interface_language.h"
+#include "ui/qt/interface/toolkit_dialogs.h"
+#include "ui/qt/settings/settings_window.h"
+
+namespace rondora::appkit {
+namespace {
+
+SettingsDrawing makeDrawing(const ApplicationIcons& applications, const IconSources& sources) {
+  return {std::make_unique<CoreGraphicsRasterizer>(applications, sources),
+          [images = std::make_shared<IconImages>(applications, sources)](const IconCommand& icon, int side) {
+            return toQImage(images->image(icon, side));
+          }};
+}
+
+/// The toolkit's window, with the interface's direction and font.
+class SettingsInLanguage final : public SettingsWindow {
+ public:
+  SettingsInLanguage(const WindowContents& contents, MakeSettingsDrawing makeDrawing)
+      : language_(contents.language),
+        changes_(contents.onTextsChanged([this] { rondora::useInterfaceLanguage(language_()); })),
+        window_(contents, std::move(makeDrawing)) {}
+
+  void show() override {
+    rondora::useInterfaceLanguage(language_());
+    window_.show();
+  }
+  void close() override { window_.close(); }
+
+ private:
+  std::function<AppLanguage()> language_;
+  Subscription changes_;
+  QtSettingsWindow window_;
+};
+
+}  // namespace
+
+QtSettings::QtSettings(const ApplicationIcons& applicationIcons, IconSources sources)
+    : applicationIcons_(applicationIcons), sources_(std::move(sources)) {}
+
+QtSettings::~QtSettings() = default;
+
+std::unique_ptr<SettingsWindow> QtSettings::makeWindow(WindowContents contents) {
+  startToolkit();
+  return std::make_unique<SettingsInLanguage>(contents, [this] { return makeDrawing(applicationIcons_, sources_); });
+}
+
+void QtSettings::closePopups() {
+  if (toolkit_) closeToolkitPopups();
+}
+
+// As a part of a program with an application object, delegate and menus of its own.
+void QtSettings::startToolkit() {
+  if (toolkit_) return;
+  static char name[] = "Rondora";
+  static char* arguments[] = {name, nullptr};
+  static int count = 1;
+  QCoreApplication::setAttribute(Qt::AA_PluginApplication);
+  toolkit_ = std::make_unique<QApplication>(count, arguments);
+  QApplication::setQuitOnLastWindowClosed(false);
+}
+
+}  // namespace rondora::appkit
