@@ -38,7 +38,7 @@ def declared(text):
         text = BLOCK.sub("", text)
     names = set()
     for statement in (each.strip() for each in text.replace("}", "").split(";")):
-        if not statement or statement.startswith(("typedef", "enum", "struct", "NS_")):
+        if not statement or statement.startswith(("typedef", "enum", "struct", "NS_", "static const")):
             continue
         found = VARIABLE.match(statement) or FUNCTION.search(statement)
         if not found:

@@ -5,13 +5,14 @@
 
 #include <AppKit/NSImage.h>
 #include <AppKit/NSMenu.h>
+#include <AppKit/NSResponder.h>
 #include <AppKit/NSRunningApplication.h>
 #include <AppKit/NSWindow.h>
 #include <Foundation/Foundation.h>
 
 @protocol NSApplicationDelegate;
 
-@interface NSApplication : NSObject
+@interface NSApplication : NSResponder
 @property(class, readonly, strong) NSApplication* sharedApplication;
 @property(weak) id<NSApplicationDelegate> delegate;
 @property(strong) NSMenu* mainMenu;

@@ -8,7 +8,7 @@
 @class UTType;
 
 // NSModalResponse; NSSavePanel, NSOpenPanel
-enum { NSModalResponseOK = 1 };
+static const NSModalResponse NSModalResponseOK = 1;
 
 @interface NSSavePanel : NSPanel
 @property(readonly, copy) NSURL* URL;

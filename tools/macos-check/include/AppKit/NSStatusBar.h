@@ -7,8 +7,8 @@
 #include <AppKit/NSMenu.h>
 
 // NSStatusBar, NSStatusItem, NSStatusBarButton
-FOUNDATION_EXPORT const CGFloat NSVariableStatusItemLength;
-FOUNDATION_EXPORT const CGFloat NSSquareStatusItemLength;
+static const CGFloat NSVariableStatusItemLength = -1.0;
+static const CGFloat NSSquareStatusItemLength = -2.0;
 
 @interface NSStatusBarButton : NSButton
 @end
