@@ -88,6 +88,7 @@ void AppDelegate::applicationDidFinishLaunching() {
   observeChanges();
   services_.mainQueue.async(weakSelf_.bind([](AppDelegate& self) { self.presentFirstWindows(); }));
   services_.mainQueue.after(kStatusItemSettlingTime, weakSelf_.bind([](AppDelegate& self) {
+    self.hasStatusItemSettled_ = true;
     self.evaluateStatusItemVisibility(HiddenStatusItem::openSettings);
   }));
   ringPrerenderer_ = std::make_unique<RingPrerenderer>(ringPrerendererServices());
@@ -172,7 +173,9 @@ void AppDelegate::observeChanges() {
   const auto reportVisibility =
       weakSelf_.bind([](AppDelegate& self) { self.evaluateStatusItemVisibility(HiddenStatusItem::onlyReport); });
   screenParametersObserver_ = services_.screens.onParametersChanged(reportVisibility);
-  statusItemObserver_ = statusMenu_->onVisibilityChanged(reportVisibility);
+  statusItemObserver_ = statusMenu_->onVisibilityChanged([this, reportVisibility] {
+    if (hasStatusItemSettled_) reportVisibility();
+  });
 }
 
 void AppDelegate::configurationChanged() {
@@ -219,11 +222,12 @@ void AppDelegate::evaluateStatusItemVisibility(HiddenStatusItem reaction) {
   if (opensSettings && !firstLaunch_->isOnboardingUp()) openSettingsForHiddenStatusItem();
 }
 
-/// Once, not at each login of a desktop without a tray. Settings that the user has seen since the launch count.
+/// Once, not at each login of a desktop without a tray; a full menu bar may have room at the next. Settings that the
+/// user has seen since the launch count.
 void AppDelegate::openSettingsForHiddenStatusItem() {
   AppLaunchState& state = firstLaunch_->launchState();
   if (settingsWindow_) return state.setHasShownHiddenStatusItem(true);
-  if (!state.hasShownHiddenStatusItem()) openSettings();
+  if (!state.hasShownHiddenStatusItem() || statusMenu_->hasNoRoom()) openSettings();
 }
 
 }  // namespace rondora

@@ -130,6 +130,8 @@ class AppDelegate {
   std::unique_ptr<FirstLaunch> firstLaunch_;
   std::unique_ptr<RingPrerenderer> ringPrerenderer_;
   std::unique_ptr<SettingsWindow> settingsWindow_;
+  /// From the check after the launch on, which reports what was noticed before it.
+  bool hasStatusItemSettled_ = false;
   /// From the check after the launch until its answer is known.
   bool opensSettingsIfHidden_ = false;
   Subscription appActivationObserver_;

@@ -183,6 +183,7 @@ Platform CompositionMacOS::Running::platform() {
           .warmUp = [this] { rasterizer.warmUp(); },
           // The system keeps the pasteboard.
           .handOverClipboard = {},
+          .desktop = DesktopKind::macOS,
           .modifierNames = kMacModifierNames,
           .pasteKeys = "Cmd+V"};
 }

@@ -14,6 +14,7 @@
 #include "platform/application_directory.h"
 #include "platform/application_shell.h"
 #include "platform/clock.h"
+#include "platform/desktop_kind.h"
 #include "platform/event_monitors.h"
 #include "platform/event_taps.h"
 #include "platform/file_chooser.h"
@@ -121,6 +122,7 @@ struct Platform {
   /// Returns memory that nothing uses to the system. May be empty.
   std::function<void()> returnFreeMemory = {};
 
+  DesktopKind desktop = DesktopKind::x11;
   ModifierNames modifierNames;
   /// Display text of the keys that paste.
   std::string_view pasteKeys;

@@ -11,6 +11,7 @@
 #include "app/spoken_texts.h"
 #include "app/trigger_rules.h"
 #include "input/hotkeys/hotkey_display.h"
+#include "settings/general/permission_findings.h"
 #include "settings/snippet_hint.h"
 
 namespace rondora {
@@ -20,6 +21,7 @@ Program::Program(const Platform& platform)
       keptDocuments_(platform.defaults),
       config_(configServices()),
       edits_(config_, platform.mainQueue),
+      localization_(config_.current().language),
       trackpadWish_(passOnTrackpadWish()),
       menuWish_(passOnMenuWish()),
       permissions_(platform.permissionService, platform.mainQueue, platform.shell),
@@ -260,6 +262,7 @@ SettingsServices::Ports Program::settingsPorts() {
       .fileChooser = platform_.fileChooser,
       .ownBundleIdentifier = platform_.environment.bundleIdentifier(),
       .trackpads = platform_.trackpads,
+      .desktop = platform_.desktop,
       .login = launchAtLogin_,
       .permissions = permissions_,
       .permissionRequests = {platform_.permissionService, platform_.workspace, platform_.mainQueue},
@@ -368,7 +371,7 @@ WindowContents Program::windowContents() {
             };
             return rondora::watchFindings(platform_.mainQueue, unsaved, std::move(observer));
           },
-      .press = [this](const FindingButton& button) { documentFindings_.press(button); },
+      .press = [this](const FindingButton& button) { settings().general.press(button); },
       .released = platform_.returnFreeMemory,
       .welcome = &welcome_};
 }
@@ -416,9 +419,12 @@ void Program::commandEnded(const PieSubAction& command, const RunningApplication
 
 SessionFacts Program::sessionFacts() const {
   const bool readsMenus = platform_.applicationsWithoutMenus && hasLiveAppCommandsMenu(config_.current());
-  return {.isWayland = isWaylandSession(platform_.environment),
+  return {.desktop = platform_.desktop,
+          .isWayland = isWaylandSession(platform_.environment),
           .showsStatusItem = showsStatusItem_,
           .canPressKeys = platform_.permissionService.isProcessTrusted(),
+          .permissions = permissionFindings(permissions_.snapshot().value(),
+                                            {.asksUser = platform_.permissionService.asksUser()}, localization_),
           .trackpads = platform_.trackpads.access(),
           .applicationsWithoutMenus = readsMenus ? platform_.applicationsWithoutMenus() : std::vector<std::string>()};
 }

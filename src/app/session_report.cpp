@@ -5,6 +5,7 @@
 
 #include "app/menu_directory.h"
 #include "base/unicode.h"
+#include "settings/general/status_item_finding.h"
 
 namespace rondora {
 namespace {
@@ -31,14 +32,17 @@ const PieMenu* firstMenuWithWorkingHotkey(const std::vector<PieMenu>& menus, con
 std::vector<SessionFinding> SessionReport::findings(const SessionFacts& facts, const PieConfiguration& configuration,
                                                     const HotkeyManager* hotkeys) const {
   std::vector<SessionFinding> result;
-  result.push_back(facts.isWayland ? fails(StringKey::sessionWayland, StringKey::sessionWaylandRemedy)
-                                   : works(StringKey::sessionX11));
+  if (facts.desktop == DesktopKind::x11) {
+    result.push_back(facts.isWayland ? fails(StringKey::sessionWayland, StringKey::sessionWaylandRemedy)
+                                     : works(StringKey::sessionX11));
+  }
   if (hotkeys != nullptr) addHotkeys(result, facts, configuration.menus, *hotkeys);
   if (facts.showsStatusItem) {
-    result.push_back(*facts.showsStatusItem ? works(StringKey::sessionTray)
-                                            : fails(StringKey::settingsNoTray, StringKey::sessionNoTrayRemedy));
+    result.push_back(statusItemFinding(*facts.showsStatusItem, facts.desktop, localization_));
   }
-  if (!facts.canPressKeys) {
+  if (facts.desktop == DesktopKind::macOS) {
+    result.insert(result.end(), facts.permissions.begin(), facts.permissions.end());
+  } else if (!facts.canPressKeys) {
     result.push_back(fails(StringKey::sessionNoKeystrokes, StringKey::sessionNoKeystrokesRemedy));
   } else if (!facts.isWayland) {  // where another finding says which applications they reach
     result.push_back(works(StringKey::sessionKeystrokes));
@@ -72,7 +76,7 @@ void SessionReport::addHotkeys(std::vector<SessionFinding>& findings, const Sess
     const auto option = hotkeys.optionAgainst(menu.hotkey);
     findings.push_back(&first != &menu ? isShared(menu, first)
                        : option        ? cannotBeTyped(menu, *option)
-                                       : hotkeyFails(menu));
+                                       : hotkeyFails(menu, facts));
   }
   if (failures > kMaxHotkeyFindings) findings.push_back(notShown(failures - kMaxHotkeyFindings));
   const auto working = workingHotkeys(menus, hotkeys, localization_.language(), modifierNames_);
@@ -85,10 +89,13 @@ void SessionReport::addHotkeys(std::vector<SessionFinding>& findings, const Sess
   }
 }
 
-SessionFinding SessionReport::hotkeyFails(const PieMenu& menu) const {
+SessionFinding SessionReport::hotkeyFails(const PieMenu& menu, const SessionFacts& facts) const {
   if (menu.hotkey.isStandaloneFn() || menu.hotkey.hasFunctionModifier()) {
+    const bool needsPermission = facts.desktop == DesktopKind::macOS && !facts.canPressKeys;
     return {false, localization_.text(StringKey::sessionHotkeyUnusable, displayName(menu)),
-            std::string(localization_.text(StringKey::sessionHotkeyUnusableRemedy))};
+            needsPermission ? localization_.text(StringKey::permissionMissing,
+                                                 localization_.text(StringKey::permissionAccessibility))
+                            : std::string(localization_.text(StringKey::sessionHotkeyUnusableRemedy))};
   }
   return {false, localization_.text(StringKey::settingsHotkeyRefused, displayName(menu)),
           localization_.text(StringKey::sessionHotkeyRefusedRemedy,

@@ -10,6 +10,7 @@
 #include "input/hotkeys/hotkey_manager.h"
 #include "localization/localization_store.h"
 #include "model/pie_configuration.h"
+#include "platform/desktop_kind.h"
 #include "platform/process_environment.h"
 #include "platform/trackpads.h"
 #include "platform/windows.h"
@@ -18,10 +19,13 @@ namespace rondora {
 
 /// The state that the report depends on.
 struct SessionFacts {
+  DesktopKind desktop = DesktopKind::x11;
   bool isWayland = false;
   /// Nothing while it is not known: the report leaves it out.
   std::optional<bool> showsStatusItem = true;
   bool canPressKeys = true;
+  /// Of the permissions, on a system that asks the user for them.
+  std::vector<SessionFinding> permissions = {};
   TrackpadAccess trackpads = TrackpadAccess::none;
   /// Names of those whose menus cannot be read until they are started again.
   std::vector<std::string> applicationsWithoutMenus = {};
@@ -45,7 +49,7 @@ class SessionReport {
   SessionFinding isShared(const PieMenu& menu, const PieMenu& first) const;
   SessionFinding notShown(std::size_t count) const;
   SessionFinding unreadableMenus(const std::vector<std::string>& applications) const;
-  SessionFinding hotkeyFails(const PieMenu& menu) const;
+  SessionFinding hotkeyFails(const PieMenu& menu, const SessionFacts& facts) const;
   SessionFinding cannotBeTyped(const PieMenu& menu, std::string_view option) const;
   void addHotkeys(std::vector<SessionFinding>& findings, const SessionFacts& facts, const std::vector<PieMenu>& menus,
                   const HotkeyManager& hotkeys) const;

@@ -51,6 +51,7 @@ struct SettingsServices {
     FileChooser& fileChooser;
     std::string ownBundleIdentifier;
     const Trackpads& trackpads;
+    DesktopKind desktop;
     LaunchAtLoginService& login;
     const PermissionsMonitor& permissions;
     PermissionsSnapshot::Ports permissionRequests;

@@ -16,6 +16,8 @@ std::optional<std::string> statusItemProblem(StatusItemVisibility visibility) {
       return "no panel of the desktop shows status items";
     case StatusItemVisibility::notTaken:
       return "the tray has not taken the item in";
+    case StatusItemVisibility::noRoom:
+      return "the menu bar has no room for the item";
   }
   return std::nullopt;
 }
@@ -31,7 +33,8 @@ StatusItemWatch::StatusItemWatch(const StatusItem& item, MainQueue& mainQueue) :
 
 std::optional<StatusItemVisibility> StatusItemWatch::known() const {
   const StatusItemVisibility visibility = item_.visibility();
-  if (visibility != StatusItemVisibility::visible && !isGraceOver_) return std::nullopt;
+  const bool isFinal = visibility == StatusItemVisibility::visible || visibility == StatusItemVisibility::noRoom;
+  if (!isFinal && !isGraceOver_) return std::nullopt;
   return visibility;
 }
 

@@ -15,7 +15,7 @@ namespace rondora {
 std::optional<std::string> statusItemProblem(StatusItemVisibility visibility);
 
 /// Follows the status item through trays that come, go and restart. A session starts its programs in any order, so an
-/// item that is not visible is hidden only after a grace period; until then nothing is known. Main thread.
+/// item that no tray shows is hidden only after a grace period; until then nothing is known. Main thread.
 class StatusItemWatch {
  public:
   /// Seconds from the launch within which a panel may start.

@@ -62,6 +62,8 @@ std::optional<std::string> StatusMenu::visibilityProblem() const {
   return statusItemWatch_ ? statusItemWatch_->problem() : std::nullopt;
 }
 
+bool StatusMenu::hasNoRoom() const { return statusItem_ && statusItem_->visibility() == StatusItemVisibility::noRoom; }
+
 Subscription StatusMenu::onVisibilityChanged(std::function<void()> observer) {
   if (!statusItemWatch_) return {};
   return statusItemWatch_->onChanged(std::move(observer));

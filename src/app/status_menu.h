@@ -38,6 +38,8 @@ class StatusMenu {
   bool knowsVisibility() const { return !statusItemWatch_ || statusItemWatch_->isKnown(); }
   /// The reason why the user cannot see the status item; nothing when it is visible or nothing is known.
   std::optional<std::string> visibilityProblem() const;
+  /// See StatusItemVisibility::noRoom.
+  bool hasNoRoom() const;
   /// Only after `setupStatusBar`.
   [[nodiscard]] Subscription onVisibilityChanged(std::function<void()> observer);
 

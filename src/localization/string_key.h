@@ -80,6 +80,9 @@ enum class StringKey {
   sessionHotkeyShared,        // %@: a menu’s name; %@: that of the one that opens
   sessionTray,
   sessionNoTrayRemedy,
+  sessionMenuBar,
+  sessionNoMenuBarRoom,
+  sessionNoMenuBarRoomRemedy,
   sessionKeystrokes,
   sessionNoKeystrokes,
   sessionNoKeystrokesRemedy,

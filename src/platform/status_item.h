@@ -32,6 +32,8 @@ enum class StatusItemVisibility {
   noPanel,
   /// There is a tray that does not show the item, perhaps not yet.
   notTaken,
+  /// The menu bar has no room for it.
+  noRoom,
 };
 
 /// The status item as the system is to make it. A backend applies what its tray has a means for, and its header states

@@ -83,6 +83,11 @@ constexpr StringTable kArabicStrings = completeTable({
     {StringKey::sessionNoTrayRemedy,
      "أضف منطقة إشعارات إلى شريط سطح المكتب؛ يحتاج GNOME لذلك إلى الإضافة «AppIndicator». ومن دون الأيقونة تُفتح هذه "
      "الإعدادات بتشغيل Rondora مرة أخرى."},
+    {StringKey::sessionMenuBar, "أيقونة Rondora موجودة في شريط القوائم."},
+    {StringKey::sessionNoMenuBarRoom, "لا مكان في شريط القوائم لأيقونة Rondora."},
+    {StringKey::sessionNoMenuBarRoomRemedy,
+     "أنهِ برامج لها أيقونة هناك، أو اسحب الأيقونات خارج شريط القوائم مع الضغط على ⌘. من دون الأيقونة، يؤدي فتح Rondora "
+     "مرة أخرى إلى فتح هذه الإعدادات."},
     {StringKey::sessionKeystrokes, "يستطيع Rondora كتابة المفاتيح في التطبيقات الأخرى."},
     {StringKey::sessionNoKeystrokes,
      "لا يقبل خادم X ضغطات المفاتيح من البرامج، لذلك لا تفعل العناصر التي تضغط المفاتيح شيئًا."},

@@ -94,6 +94,11 @@ constexpr StringTable kGermanStrings = completeTable({
     {StringKey::sessionNoTrayRemedy,
      "Fügen Sie Ihrer Leiste einen Infobereich hinzu; GNOME braucht dafür die Erweiterung „AppIndicator“. Auch ohne "
      "das Symbol gilt: Wird Rondora noch einmal gestartet, öffnen sich diese Einstellungen."},
+    {StringKey::sessionMenuBar, "Das Symbol von Rondora ist in der Menüleiste."},
+    {StringKey::sessionNoMenuBarRoom, "In der Menüleiste ist kein Platz für das Symbol von Rondora."},
+    {StringKey::sessionNoMenuBarRoomRemedy,
+     "Beenden Sie Programme, die dort ein Symbol haben, oder ziehen Sie Symbole mit gedrückter ⌘-Taste aus der "
+     "Menüleiste. Ohne das Symbol öffnet ein erneuter Start von Rondora diese Einstellungen."},
     {StringKey::sessionKeystrokes, "Rondora kann Tasten in andere Programme eingeben."},
     {StringKey::sessionNoKeystrokes,
      "Der X-Server nimmt keine Tastendrücke von Programmen an; Einträge, die Tasten drücken, bewirken daher nichts."},

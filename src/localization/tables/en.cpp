@@ -86,6 +86,11 @@ constexpr StringTable kEnglishStrings = completeTable({
     {StringKey::sessionNoTrayRemedy,
      "Add a system tray to your panel; GNOME needs the extension “AppIndicator” for it. Without the icon, starting "
      "Rondora once more opens these settings."},
+    {StringKey::sessionMenuBar, "Rondora’s icon is in the menu bar."},
+    {StringKey::sessionNoMenuBarRoom, "The menu bar has no room for Rondora’s icon."},
+    {StringKey::sessionNoMenuBarRoomRemedy,
+     "Quit programs that have an icon there, or drag icons out of the menu bar while holding ⌘. Without the icon, "
+     "opening Rondora once more opens these settings."},
     {StringKey::sessionKeystrokes, "Rondora can type keys into other applications."},
     {StringKey::sessionNoKeystrokes,
      "The X server accepts no keystrokes from programs, so items that type keys do nothing."},

@@ -89,6 +89,11 @@ constexpr StringTable kSpanishStrings = completeTable({
     {StringKey::sessionNoTrayRemedy,
      "Añada un área de notificación a su panel; GNOME necesita para ello la extensión «AppIndicator». Sin el icono, "
      "estos ajustes se abren al iniciar Rondora una vez más."},
+    {StringKey::sessionMenuBar, "El icono de Rondora está en la barra de menús."},
+    {StringKey::sessionNoMenuBarRoom, "En la barra de menús no hay sitio para el icono de Rondora."},
+    {StringKey::sessionNoMenuBarRoomRemedy,
+     "Cierre programas que tengan allí un icono o arrastre iconos fuera de la barra de menús manteniendo pulsada la "
+     "tecla ⌘. Sin el icono, abrir Rondora otra vez abre estos ajustes."},
     {StringKey::sessionKeystrokes, "Rondora puede escribir teclas en otras aplicaciones."},
     {StringKey::sessionNoKeystrokes,
      "El servidor X no acepta pulsaciones de los programas, así que los elementos que pulsan teclas no hacen nada."},

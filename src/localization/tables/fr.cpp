@@ -92,6 +92,11 @@ constexpr StringTable kFrenchStrings = completeTable({
     {StringKey::sessionNoTrayRemedy,
      "Ajoutez une zone de notification à votre panneau\u202F; GNOME a besoin pour cela de l’extension "
      "« AppIndicator ». Sans l’icône, lancez Rondora une nouvelle fois pour ouvrir ces réglages."},
+    {StringKey::sessionMenuBar, "L’icône de Rondora est dans la barre des menus."},
+    {StringKey::sessionNoMenuBarRoom, "La barre des menus n’a pas de place pour l’icône de Rondora."},
+    {StringKey::sessionNoMenuBarRoomRemedy,
+     "Quittez des programmes qui y ont une icône, ou faites glisser des icônes hors de la barre des menus en "
+     "maintenant la touche ⌘. Sans l’icône, ouvrir Rondora une nouvelle fois ouvre ces réglages."},
     {StringKey::sessionKeystrokes, "Rondora peut saisir des touches dans les autres applications."},
     {StringKey::sessionNoKeystrokes,
      "Le serveur X n’accepte pas les frappes des programmes\u202F; les éléments qui appuient sur des touches sont donc "

@@ -90,6 +90,12 @@ constexpr StringTable kJapaneseStrings = completeTable({
     {StringKey::sessionNoTrayRemedy,
      "パネルにシステムトレイを追加してください。GNOME "
      "では拡張機能「AppIndicator」が必要です。アイコンがなくても、Rondora をもう一度起動するとこの設定が開きます。"},
+    {StringKey::sessionMenuBar, "Rondora のアイコンはメニューバーにあります。"},
+    {StringKey::sessionNoMenuBarRoom, "メニューバーに Rondora のアイコンを表示する場所がありません。"},
+    {StringKey::sessionNoMenuBarRoomRemedy,
+     "メニューバーにアイコンを表示しているプログラムを終了するか、⌘ "
+     "を押しながらアイコンをメニューバーの外へドラッグしてください。アイコンがないときは、Rondora "
+     "をもう一度開くとこの設定が開きます。"},
     {StringKey::sessionKeystrokes, "Rondora はほかのアプリケーションにキーを入力できます。"},
     {StringKey::sessionNoKeystrokes,
      "X サーバーがプログラムからのキー操作を受け付けないため、キーを押す項目は何も行いません。"},

@@ -86,6 +86,11 @@ constexpr StringTable kUrduStrings = completeTable({
     {StringKey::sessionNoTrayRemedy,
      "اپنے پینل میں سسٹم ٹرے شامل کریں؛ GNOME کو اس کے لیے ایکسٹینشن ”AppIndicator“ درکار ہے۔ آئیکن نہ ہو تو Rondora "
      "ایک بار پھر شروع کرنے سے یہ ترتیبات کھل جاتی ہیں۔"},
+    {StringKey::sessionMenuBar, "مینو بار میں Rondora کا آئیکن موجود ہے۔"},
+    {StringKey::sessionNoMenuBarRoom, "مینو بار میں Rondora کے آئیکن کے لیے جگہ نہیں ہے۔"},
+    {StringKey::sessionNoMenuBarRoomRemedy,
+     "ایسے پروگرام بند کریں جن کے آئیکن وہاں ہیں، یا ⌘ دبا کر آئیکنوں کو مینو بار سے باہر گھسیٹیں۔ آئیکن کے بغیر "
+     "Rondora کو دوبارہ کھولنے سے یہ ترتیبات کھلتی ہیں۔"},
     {StringKey::sessionKeystrokes, "\u200FRondora دوسری ایپلی کیشنز میں کلیدیں لکھ سکتا ہے۔"},
     {StringKey::sessionNoKeystrokes,
      "ایکس سرور پروگراموں سے کلیدوں کے دباؤ قبول نہیں کرتا، اس لیے کلیدیں دبانے والے آئٹم کچھ نہیں کرتے۔"},

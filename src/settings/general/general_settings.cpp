@@ -4,6 +4,7 @@
 
 #include "base/program_identity.h"
 #include "settings/general/permission_findings.h"
+#include "settings/general/status_item_finding.h"
 
 namespace rondora {
 
@@ -41,10 +42,7 @@ Subscription GeneralSettings::watchFailures(FindingsObserver observer) const {
 SessionFindings GeneralSettings::statusItem() const {
   const auto shows = services_.showsStatusItem();
   if (!shows) return {};
-  const auto text = [this](StringKey key) { return std::string(services_.localization.text(key)); };
-  if (*shows) return {{.works = true, .statement = text(StringKey::sessionTray), .remedy = {}}};
-  return {
-      {.works = false, .statement = text(StringKey::settingsNoTray), .remedy = text(StringKey::sessionNoTrayRemedy)}};
+  return {statusItemFinding(*shows, services_.desktop, services_.localization)};
 }
 
 SessionFindings GeneralSettings::permissions() const {

@@ -8,6 +8,7 @@
 #include "localization/localization_store.h"
 #include "permissions/launch_at_login_service.h"
 #include "permissions/permissions_monitor.h"
+#include "platform/desktop_kind.h"
 #include "platform/haptics.h"
 #include "platform/trackpads.h"
 #include "settings/editing/edit_history.h"
@@ -25,6 +26,7 @@ class GeneralSettings {
     const LocalizationStore& localization;
     const Haptics& haptics;
     const Trackpads& trackpads;
+    DesktopKind desktop;
     LaunchAtLoginService& login;
     const PermissionsMonitor& permissions;
     PermissionsSnapshot::Ports requests;

@@ -181,6 +181,21 @@ TEST_F(RunningProgramTest, WindowsFollowTheFindingsTheyShow) {
   EXPECT_THAT(all, ElementsAre(4, 4)) << "hidden windows read nothing";
 }
 
+TEST_F(RunningProgramTest, WelcomeAsksForThePermissionsOfAMac) {
+  desktop.permissions.trusted = desktop.permissions.mayListen = false;
+  Platform mac = platform();
+  mac.desktop = DesktopKind::macOS;
+  Program next(mac);
+  next.start();
+  const WindowContents contents = next.windowContents();
+  SessionFindings missing;
+  const Subscription watch = contents.watchFailures([&](const SessionFindings& failures) { missing = failures; });
+  ASSERT_THAT(missing, testing::SizeIs(2));
+  EXPECT_EQ(missing[0].statement, "Accessibility: missing");
+  for (const SessionFinding& finding : missing) contents.press(finding.buttons.at(0));
+  EXPECT_EQ(desktop.permissions.trustPrompts + desktop.permissions.listenRequests, 2);
+}
+
 TEST_F(RunningProgramTest, UnreadableDocumentIsAFindingUntilItIsRestored) {
   std::string& document = desktop.files.files[program.config().configURL()];
   const std::string readable = document;

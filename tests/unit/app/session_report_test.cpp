@@ -51,6 +51,9 @@ TEST_F(SessionReportTest, ListsWhatWorksAndRemediesForTheRest) {
   EXPECT_EQ(many[11].statement, "Further findings, not shown here: 20");
   EXPECT_EQ(outline(report(wayland, Hotkeys{{49, 0}})), "-This is a Wayland se+Menu 0: Space" + tray);
   EXPECT_EQ(outline(report(bare, {})), "+This is an X11 sessi-Your desktop shows n-The X server accepts");
+  SessionFacts mac{.desktop = DesktopKind::macOS, .canPressKeys = false, .permissions = {{false, "Missing", "Allow"}}};
+  EXPECT_EQ(outline(report(mac, {{63, 0}})), "-Rondora cannot use t+Rondora’s icon is -Missing");
+  EXPECT_EQ(report(mac, {{63, 0}})[0].remedy, "Accessibility: missing");
   EXPECT_EQ(outline(report({}, {HotkeyConfig{}}, true)), "+This is an X11 sessi" + rest) << "no trackpad";
   EXPECT_EQ(outline({report(locked, {HotkeyConfig{}}, true).back(), report(open, {HotkeyConfig{}}, true).back()}),
             "-Rondora may not read+Taps of three, four ");

@@ -49,6 +49,7 @@ class ProgramStory : public ProgramTest, public Story {
   }
   static StatusItemVisibility tray(const std::string& state) {
     if (state == "gone") return StatusItemVisibility::noTray;
+    if (state == "full") return StatusItemVisibility::noRoom;
     return state == "restarting" ? StatusItemVisibility::notTaken : StatusItemVisibility::visible;
   }
   /// "control+option+space", or "" for none.

@@ -100,6 +100,7 @@ struct GeneralStory : Story {
                            localization,
                            haptics,
                            trackpads,
+                           DesktopKind::x11,
                            login,
                            monitor,
                            {permissions, workspace, time},
