@@ -24,6 +24,8 @@ class Screens {
   /// All screens; the one at the coordinate origin comes first, if there is one.
   virtual std::vector<Screen> all() const = 0;
   virtual std::optional<Screen> main() const = 0;
+  /// True when each screen shows its part of a window that lies on several; else only one of them shows the window.
+  virtual bool shareWindows() const { return true; }
   /// Called after monitors were added, removed, moved or resized.
   [[nodiscard]] virtual Subscription onParametersChanged(std::function<void()> observer) = 0;
 };

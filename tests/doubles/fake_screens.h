@@ -15,6 +15,7 @@ class FakeScreens final : public Screens {
     if (screens.empty() || !hasMain) return std::nullopt;
     return screens.front();
   }
+  bool shareWindows() const override { return sharesWindows; }
   [[nodiscard]] Subscription onParametersChanged(std::function<void()> observer) override {
     return changed_.subscribe(std::move(observer));
   }
@@ -26,6 +27,7 @@ class FakeScreens final : public Screens {
 
   std::vector<Screen> screens = {{{{0, 0}, {1280, 800}}, {{0, 30}, {1280, 770}}}};
   bool hasMain = true;
+  bool sharesWindows = true;
 
  private:
   Signal<> changed_;

@@ -41,7 +41,10 @@ std::vector<std::string> notes(const DisplayedMenu& displayed) {
 
 /// The side of a disc that the screens show, along each axis; 0 where they show both or neither.
 Point visibleSide(const Screens& screens, Point center, double radius) {
-  const std::vector<Screen> all = screens.all();
+  std::vector<Screen> all = screens.all();
+  if (!screens.shareWindows()) {
+    std::erase_if(all, [center](const Screen& screen) { return !screen.frame.contains(center); });
+  }
   const auto isShown = [&all](Point point) {
     return std::any_of(all.begin(), all.end(), [point](const Screen& screen) { return screen.frame.contains(point); });
   };

@@ -273,6 +273,11 @@ TEST_F(OverlayTest, ShowsOnScreensThatChangeOrAreMissing) {
   EXPECT_LT(ringAt({-400, 100}), 600);  // bounded by the small screen
   EXPECT_GT(ringAt({500, 100}), 1500);  // by the large one
   EXPECT_GT(ringAt({-5000, 0}), 1500);  // on none: the main screen
+  ringAt({0, 300});
+  const Picture whole = panel().picture;
+  desktop.screens.sharesWindows = false;
+  ringAt({0, 300});
+  EXPECT_NE(panel().picture, whole) << "the hub's texts are on the half that the right screen shows";
   desktop.screens.hasMain = false;
   desktop.screens.screens = {left, right};
   EXPECT_LT(ringAt({-5000, 0}), 600);  // the first

@@ -9,6 +9,7 @@ class AppKitScreens final : public Screens {
   std::vector<Screen> all() const override;
   /// The one with the window that receives the keyboard.
   std::optional<Screen> main() const override;
+  bool shareWindows() const override;
   [[nodiscard]] Subscription onParametersChanged(std::function<void()> observer) override;
 };
 

@@ -23,6 +23,8 @@ std::optional<Screen> AppKitScreens::main() const {
   return screen == nil ? std::nullopt : std::optional(screenOf(screen));
 }
 
+bool AppKitScreens::shareWindows() const { return !NSScreen.screensHaveSeparateSpaces; }
+
 Subscription AppKitScreens::onParametersChanged(std::function<void()> observer) {
   return observe(NSNotificationCenter.defaultCenter, NSApplicationDidChangeScreenParametersNotification,
                  ^(NSNotification*) {

@@ -8,6 +8,7 @@
 @interface NSScreen : NSObject
 @property(class, readonly, copy) NSArray<NSScreen*>* screens;
 @property(class, readonly, strong) NSScreen* mainScreen;
+@property(class, readonly) BOOL screensHaveSeparateSpaces;
 @property(readonly) NSRect frame;
 @property(readonly) NSRect visibleFrame;
 @property(readonly) CGFloat backingScaleFactor;
