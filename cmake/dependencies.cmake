@@ -12,6 +12,9 @@ if(RONDORA_DESKTOP)
     DOC "Folder with Unicode's data: emoji/emoji-test.txt and cldr/common"
     NO_CACHE)
 endif()
+if(RONDORA_DESKTOP AND (APPLE OR BUILD_TESTING OR NOT DEFINED BUILD_TESTING))
+  find_package(CURL REQUIRED)
+endif()
 if(RONDORA_DESKTOP AND APPLE)
   # The settings' window is left out where they are missing.
   find_package(Qt6 6.4 COMPONENTS Core Gui Widgets)

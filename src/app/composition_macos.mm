@@ -10,6 +10,7 @@
 #include "app/platform.h"
 #include "app/program.h"
 #include "input/hotkeys/hotkey_display.h"
+#include "platform/curl/curl_network_fetch.h"
 #include "platform/macos/accessibility/ax_accessibility.h"
 #include "platform/macos/applications/appkit_application_icons.h"
 #include "platform/macos/applications/appkit_workspace.h"
@@ -36,7 +37,6 @@
 #include "platform/macos/permissions/privacy_permissions.h"
 #include "platform/macos/pictures/image_io_picture_decoder.h"
 #include "platform/macos/session/general_pasteboard.h"
-#include "platform/macos/session/no_network_fetch.h"
 #include "platform/macos/session/reopen_channel.h"
 #include "platform/macos/session/workspace_session_events.h"
 #include "platform/macos/trackpads/connected_trackpads.h"
@@ -90,7 +90,7 @@ struct CompositionMacOS::Running {
       [this](std::function<void()> reopened) { shell.setReopened(std::move(reopened)); }};
   SingleInstance instance{{&reopenChannel}, log};
   SingleInstance::Start start = instance.claim();
-  macos::NoNetworkFetch network{mainQueue};
+  desktop::CurlNetworkFetch network{clock, mainQueue, makeSerialQueue};
   macos::ImageIoPictureDecoder pictureDecoder{mainQueue, makeSerialQueue("Rondora.Pictures")};
   macos::CarbonHotkeyService hotkeys;
   macos::QuartzEventTaps eventTaps;

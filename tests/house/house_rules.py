@@ -27,6 +27,7 @@ ALLOWED = {
     "settings": CORE_SERVICES + FEATURES,
     "app": CORE_SERVICES + FEATURES + ["settings"],
     "platform/posix": CORE_BASE,
+    "platform/curl": CORE_BASE,
     "platform/qt": CORE_BASE,
     "platform/linux": CORE_BASE + ["pie", "platform/posix"],
     "platform/macos": CORE_BASE + ["pie", "platform/posix"],
@@ -35,7 +36,7 @@ ALLOWED = {
     "ui/appkit": CORE_SERVICES + ["pie", "settings", "platform/macos", "ui/painting"],
     "ui/appkit/settings": CORE_SERVICES + ["pie", "settings", "platform/macos", "ui/painting", "ui/appkit", "ui/qt"],
 }
-BACKENDS = ["platform/posix", "platform/qt", "platform/linux", "platform/macos", "ui/qt", "ui/appkit/settings",
+BACKENDS = ["platform/posix", "platform/curl", "platform/qt", "platform/linux", "platform/macos", "ui/qt", "ui/appkit/settings",
             "ui/appkit"]
 NESTED = BACKENDS + ["ui/painting"]
 

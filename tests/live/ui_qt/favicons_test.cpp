@@ -8,7 +8,11 @@
 #include "desktop/wait.h"
 #include "icons/picture_sizes.h"
 #include "live/ui_qt/web_server.h"
+#include "platform/curl/curl_network_fetch.h"
+#include "platform/posix/serial_thread.h"
+#include "platform/posix/system_clock.h"
 #include "platform/qt/event_turns.h"
+#include "platform/qt/qt_main_queue.h"
 #include "platform/qt/qt_network_fetch.h"
 #include "ui/qt/painting/picture_thumbnail.h"
 
@@ -26,7 +30,8 @@ QByteArray picture(int side, const char* format) {
   return bytes;
 }
 
-class WebTest : public testing::Test {
+/// Each system's port.
+class WebTest : public testing::TestWithParam<bool> {
  protected:
   static constexpr double kLongTime = 60;
 
@@ -36,7 +41,7 @@ class WebTest : public testing::Test {
     int endings = 0;
     std::optional<FetchResponse> result;
     const Subscription request =
-        network.fetch({address, maxBodySize, timeout, mayConnect}, [&](std::optional<FetchResponse> response) {
+        network->fetch({address, maxBodySize, timeout, mayConnect}, [&](std::optional<FetchResponse> response) {
           ++endings;
           result = std::move(response);
         });
@@ -51,12 +56,20 @@ class WebTest : public testing::Test {
     return get(server.address("/page"), maxBodySize, timeout);
   }
 
+  std::unique_ptr<NetworkFetch> makeNetwork() {
+    if (GetParam()) return std::make_unique<QtNetworkFetch>();
+    return std::make_unique<desktop::CurlNetworkFetch>(
+        clock, mainQueue, [](auto label) { return std::make_unique<desktop::SerialThread>(std::string(label)); });
+  }
+
   WebServer server;
-  QtNetworkFetch network;
+  desktop::SystemClock clock;
+  QtMainQueue mainQueue;
+  std::unique_ptr<NetworkFetch> network = makeNetwork();
   std::function<bool(const IpAddress&)> mayConnect = [](const IpAddress&) { return true; };
 };
 
-TEST_F(WebTest, ReportsRepliesUnchanged) {
+TEST_P(WebTest, ReportsRepliesUnchanged) {
   const auto page = getPage(WebServer::answering("hello"));
   ASSERT_TRUE(page);
   EXPECT_EQ(page->status, 200);
@@ -71,7 +84,7 @@ TEST_F(WebTest, ReportsRepliesUnchanged) {
   EXPECT_FALSE(server.requests.contains("/there"));
 }
 
-TEST_F(WebTest, RequestsIdentifyNoUser) {
+TEST_P(WebTest, RequestsIdentifyNoUser) {
   qputenv("LC_ALL", "de_DE.UTF-8");
   const auto page = WebServer::answering("hello", "Set-Cookie: who=you; Path=/\r\n");
   getPage(page);
@@ -85,7 +98,7 @@ TEST_F(WebTest, RequestsIdentifyNoUser) {
   }
 }
 
-TEST_F(WebTest, ConnectsToPermittedAddressesUnderTheHostsName) {
+TEST_P(WebTest, ConnectsToPermittedAddressesUnderTheHostsName) {
   server.pages["/page"] = WebServer::answering("hello");
   const std::string port = server.address("").substr(server.address("").rfind(':'));
   int judged = 0;
@@ -105,12 +118,12 @@ TEST_F(WebTest, ConnectsToPermittedAddressesUnderTheHostsName) {
     QTcpSocket* socket = secure.nextPendingConnection();
     QObject::connect(socket, &QTcpSocket::readyRead, [&greeting, socket] { greeting += socket->readAll(); });
   });
-  const auto request = network.fetch(
+  const auto request = network->fetch(
       {"https://localhost:" + std::to_string(secure.serverPort()) + "/", 10, kLongTime, mayConnect}, [](auto) {});
   EXPECT_TRUE(handleEventsUntil([&] { return greeting.contains("localhost"); }, live::kPatience));
 }
 
-TEST_F(WebTest, BodiesEndAtTheLimit) {
+TEST_P(WebTest, BodiesEndAtTheLimit) {
   const auto endless = getPage(WebServer::dripping("HTTP/1.1 200 OK\r\n\r\n", QByteArray(100000, 'x'), 0), 300000);
   ASSERT_TRUE(endless);
   EXPECT_EQ(endless->body.size(), 300000u);
@@ -124,7 +137,7 @@ TEST_F(WebTest, BodiesEndAtTheLimit) {
   EXPECT_TRUE(!bomb || (bomb->body.size() <= 1000 && !bomb->isComplete));
 }
 
-TEST_F(WebTest, LateBrokenAndForeignRepliesFail) {
+TEST_P(WebTest, LateBrokenAndForeignRepliesFail) {
   EXPECT_FALSE(getPage([](QTcpSocket&) {}, 1000, 0.2));
   EXPECT_FALSE(getPage(WebServer::dripping("HTTP/1.1 200 OK\r\n\r\n", "x", 10), 100000, 0.3));
   EXPECT_FALSE(getPage(WebServer::saying("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\nshort")));
@@ -138,19 +151,21 @@ TEST_F(WebTest, LateBrokenAndForeignRepliesFail) {
   EXPECT_FALSE(get("no address"));
 }
 
-TEST_F(WebTest, RequestsCanBeCancelled) {
+TEST_P(WebTest, RequestsCanBeCancelled) {
   server.pages["/page"] = [](QTcpSocket&) {};
   bool hasEnded = false;
   Subscription request =
-      network.fetch({server.address("/page"), 10, kLongTime, mayConnect}, [&](auto) { hasEnded = true; });
+      network->fetch({server.address("/page"), 10, kLongTime, mayConnect}, [&](auto) { hasEnded = true; });
   ASSERT_TRUE(
       handleEventsUntil([this] { return server.openConnections == 1 && !server.requests.isEmpty(); }, live::kPatience));
   request.reset();
   EXPECT_TRUE(handleEventsUntil([this] { return server.openConnections == 0; }, live::kPatience));
   EXPECT_FALSE(hasEnded);
-  EXPECT_TRUE(network.canReach("127.0.0.1"));
-  EXPECT_TRUE(network.canReach("[::1]"));
+  EXPECT_TRUE(network->canReach("127.0.0.1"));
+  EXPECT_TRUE(network->canReach("[::1]"));
 }
+
+INSTANTIATE_TEST_SUITE_P(, WebTest, testing::Bool(), [](const auto& which) { return which.param ? "Qt" : "Curl"; });
 
 TEST(PictureThumbnailTest, ScalesPixelPicturesOnly) {
   const auto read = [](const QByteArray& bytes) {
