@@ -86,8 +86,8 @@ constexpr StringTable kArabicStrings = completeTable({
     {StringKey::sessionMenuBar, "أيقونة Rondora موجودة في شريط القوائم."},
     {StringKey::sessionNoMenuBarRoom, "لا مكان في شريط القوائم لأيقونة Rondora."},
     {StringKey::sessionNoMenuBarRoomRemedy,
-     "أنهِ برامج لها أيقونة هناك، أو اسحب الأيقونات خارج شريط القوائم مع الضغط على ⌘. من دون الأيقونة، يؤدي فتح Rondora "
-     "مرة أخرى إلى فتح هذه الإعدادات."},
+     "أنهِ برامج لها أيقونة هناك، أو اسحب الأيقونات خارج شريط القوائم مع الضغط على مفتاح Command. من دون الأيقونة، يؤدي "
+     "فتح Rondora مرة أخرى إلى فتح هذه الإعدادات."},
     {StringKey::sessionKeystrokes, "يستطيع Rondora كتابة المفاتيح في التطبيقات الأخرى."},
     {StringKey::sessionNoKeystrokes,
      "لا يقبل خادم X ضغطات المفاتيح من البرامج، لذلك لا تفعل العناصر التي تضغط المفاتيح شيئًا."},

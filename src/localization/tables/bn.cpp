@@ -86,8 +86,8 @@ constexpr StringTable kBengaliStrings = completeTable({
     {StringKey::sessionMenuBar, "Rondora-র আইকন মেনু বারে আছে।"},
     {StringKey::sessionNoMenuBarRoom, "মেনু বারে Rondora-র আইকনের জন্য জায়গা নেই।"},
     {StringKey::sessionNoMenuBarRoomRemedy,
-     "যেসব প্রোগ্রামের আইকন সেখানে আছে সেগুলি বন্ধ করুন, অথবা ⌘ চেপে ধরে আইকনগুলি মেনু বারের বাইরে টেনে আনুন। আইকন না থাকলে, "
-     "Rondora আবার খুললে এই সেটিংস খোলে।"},
+     "যেসব প্রোগ্রামের আইকন সেখানে আছে সেগুলি বন্ধ করুন, অথবা Command কী চেপে ধরে আইকনগুলি মেনু বারের বাইরে টেনে আনুন। আইকন না "
+     "থাকলে, Rondora আবার খুললে এই সেটিংস খোলে।"},
     {StringKey::sessionKeystrokes, "Rondora অন্য অ্যাপ্লিকেশনে কী টাইপ করতে পারে।"},
     {StringKey::sessionNoKeystrokes,
      "X সার্ভার প্রোগ্রাম থেকে কী চাপার নির্দেশ নেয় না, তাই যেসব আইটেম কী চাপে সেগুলো কিছুই করে না।"},

@@ -97,7 +97,7 @@ constexpr StringTable kGermanStrings = completeTable({
     {StringKey::sessionMenuBar, "Das Symbol von Rondora ist in der Menüleiste."},
     {StringKey::sessionNoMenuBarRoom, "In der Menüleiste ist kein Platz für das Symbol von Rondora."},
     {StringKey::sessionNoMenuBarRoomRemedy,
-     "Beenden Sie Programme, die dort ein Symbol haben, oder ziehen Sie Symbole mit gedrückter ⌘-Taste aus der "
+     "Beenden Sie Programme, die dort ein Symbol haben, oder ziehen Sie Symbole mit gedrückter Befehlstaste aus der "
      "Menüleiste. Ohne das Symbol öffnet ein erneuter Start von Rondora diese Einstellungen."},
     {StringKey::sessionKeystrokes, "Rondora kann Tasten in andere Programme eingeben."},
     {StringKey::sessionNoKeystrokes,

@@ -89,8 +89,8 @@ constexpr StringTable kEnglishStrings = completeTable({
     {StringKey::sessionMenuBar, "Rondora’s icon is in the menu bar."},
     {StringKey::sessionNoMenuBarRoom, "The menu bar has no room for Rondora’s icon."},
     {StringKey::sessionNoMenuBarRoomRemedy,
-     "Quit programs that have an icon there, or drag icons out of the menu bar while holding ⌘. Without the icon, "
-     "opening Rondora once more opens these settings."},
+     "Quit programs that have an icon there, or drag icons out of the menu bar while holding the Command key. Without "
+     "the icon, opening Rondora once more opens these settings."},
     {StringKey::sessionKeystrokes, "Rondora can type keys into other applications."},
     {StringKey::sessionNoKeystrokes,
      "The X server accepts no keystrokes from programs, so items that type keys do nothing."},

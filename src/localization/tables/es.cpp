@@ -93,7 +93,7 @@ constexpr StringTable kSpanishStrings = completeTable({
     {StringKey::sessionNoMenuBarRoom, "En la barra de menús no hay sitio para el icono de Rondora."},
     {StringKey::sessionNoMenuBarRoomRemedy,
      "Cierre programas que tengan allí un icono o arrastre iconos fuera de la barra de menús manteniendo pulsada la "
-     "tecla ⌘. Sin el icono, abrir Rondora otra vez abre estos ajustes."},
+     "tecla Comando. Sin el icono, abrir Rondora otra vez abre estos ajustes."},
     {StringKey::sessionKeystrokes, "Rondora puede escribir teclas en otras aplicaciones."},
     {StringKey::sessionNoKeystrokes,
      "El servidor X no acepta pulsaciones de los programas, así que los elementos que pulsan teclas no hacen nada."},

@@ -96,7 +96,7 @@ constexpr StringTable kFrenchStrings = completeTable({
     {StringKey::sessionNoMenuBarRoom, "La barre des menus n’a pas de place pour l’icône de Rondora."},
     {StringKey::sessionNoMenuBarRoomRemedy,
      "Quittez des programmes qui y ont une icône, ou faites glisser des icônes hors de la barre des menus en "
-     "maintenant la touche ⌘. Sans l’icône, ouvrir Rondora une nouvelle fois ouvre ces réglages."},
+     "maintenant la touche Commande. Sans l’icône, ouvrir Rondora une nouvelle fois ouvre ces réglages."},
     {StringKey::sessionKeystrokes, "Rondora peut saisir des touches dans les autres applications."},
     {StringKey::sessionNoKeystrokes,
      "Le serveur X n’accepte pas les frappes des programmes\u202F; les éléments qui appuient sur des touches sont donc "

@@ -86,8 +86,8 @@ constexpr StringTable kHindiStrings = completeTable({
     {StringKey::sessionMenuBar, "Rondora का आइकन मेनू बार में है।"},
     {StringKey::sessionNoMenuBarRoom, "मेनू बार में Rondora के आइकन के लिए जगह नहीं है।"},
     {StringKey::sessionNoMenuBarRoomRemedy,
-     "ऐसे प्रोग्राम बंद करें जिनके आइकन वहाँ हैं, या ⌘ दबाए रखकर आइकनों को मेनू बार से बाहर खींचें। आइकन के बिना, Rondora को फिर से खोलने "
-     "पर ये सेटिंग्स खुलती हैं।"},
+     "ऐसे प्रोग्राम बंद करें जिनके आइकन वहाँ हैं, या Command कुंजी दबाए रखकर आइकनों को मेनू बार से बाहर खींचें। आइकन के बिना, Rondora को "
+     "फिर से खोलने पर ये सेटिंग्स खुलती हैं।"},
     {StringKey::sessionKeystrokes, "Rondora दूसरे ऐप्लिकेशन में कुंजियाँ टाइप कर सकता है।"},
     {StringKey::sessionNoKeystrokes, "X सर्वर प्रोग्रामों से कुंजियाँ स्वीकार नहीं करता, इसलिए कुंजियाँ दबाने वाले आइटम कुछ नहीं करते।"},
     {StringKey::sessionNoKeystrokesRemedy, "X सर्वर का XTEST एक्सटेंशन चालू करें।"},

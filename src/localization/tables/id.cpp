@@ -92,8 +92,8 @@ constexpr StringTable kIndonesianStrings = completeTable({
     {StringKey::sessionMenuBar, "Ikon Rondora ada di bilah menu."},
     {StringKey::sessionNoMenuBarRoom, "Bilah menu tidak memiliki ruang untuk ikon Rondora."},
     {StringKey::sessionNoMenuBarRoomRemedy,
-     "Tutup program yang memiliki ikon di sana, atau seret ikon keluar dari bilah menu sambil menahan ⌘. Tanpa ikon, "
-     "membuka Rondora sekali lagi membuka pengaturan ini."},
+     "Tutup program yang memiliki ikon di sana, atau seret ikon keluar dari bilah menu sambil menahan tombol Command. "
+     "Tanpa ikon, membuka Rondora sekali lagi membuka pengaturan ini."},
     {StringKey::sessionKeystrokes, "Rondora dapat mengetikkan tombol ke aplikasi lain."},
     {StringKey::sessionNoKeystrokes,
      "Server X tidak menerima penekanan tombol dari program, jadi butir yang menekan tombol tidak melakukan apa-apa."},

@@ -93,8 +93,8 @@ constexpr StringTable kJapaneseStrings = completeTable({
     {StringKey::sessionMenuBar, "Rondora のアイコンはメニューバーにあります。"},
     {StringKey::sessionNoMenuBarRoom, "メニューバーに Rondora のアイコンを表示する場所がありません。"},
     {StringKey::sessionNoMenuBarRoomRemedy,
-     "メニューバーにアイコンを表示しているプログラムを終了するか、⌘ "
-     "を押しながらアイコンをメニューバーの外へドラッグしてください。アイコンがないときは、Rondora "
+     "メニューバーにアイコンを表示しているプログラムを終了するか、Command "
+     "キーを押しながらアイコンをメニューバーの外へドラッグしてください。アイコンがないときは、Rondora "
      "をもう一度開くとこの設定が開きます。"},
     {StringKey::sessionKeystrokes, "Rondora はほかのアプリケーションにキーを入力できます。"},
     {StringKey::sessionNoKeystrokes,

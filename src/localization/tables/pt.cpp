@@ -91,8 +91,8 @@ constexpr StringTable kPortugueseStrings = completeTable({
     {StringKey::sessionMenuBar, "O ícone do Rondora está na barra de menus."},
     {StringKey::sessionNoMenuBarRoom, "A barra de menus não tem espaço para o ícone do Rondora."},
     {StringKey::sessionNoMenuBarRoomRemedy,
-     "Encerre programas que têm um ícone ali ou arraste ícones para fora da barra de menus mantendo ⌘ pressionada. Sem "
-     "o ícone, abrir o Rondora mais uma vez abre estas configurações."},
+     "Encerre programas que têm um ícone ali ou arraste ícones para fora da barra de menus mantendo a tecla Command "
+     "pressionada. Sem o ícone, abrir o Rondora mais uma vez abre estas configurações."},
     {StringKey::sessionKeystrokes, "O Rondora pode digitar teclas em outros aplicativos."},
     {StringKey::sessionNoKeystrokes,
      "O servidor X não aceita teclas enviadas por programas, por isso os itens que pressionam teclas não fazem nada."},

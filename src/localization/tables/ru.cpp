@@ -93,8 +93,8 @@ constexpr StringTable kRussianStrings = completeTable({
     {StringKey::sessionMenuBar, "Значок Rondora находится в строке меню."},
     {StringKey::sessionNoMenuBarRoom, "В строке меню нет места для значка Rondora."},
     {StringKey::sessionNoMenuBarRoomRemedy,
-     "Завершите программы, у которых там есть значок, или перетащите значки из строки меню, удерживая ⌘. Без значка "
-     "эти настройки открывает повторный запуск Rondora."},
+     "Завершите программы, у которых там есть значок, или перетащите значки из строки меню, удерживая клавишу Command. "
+     "Без значка эти настройки открывает повторный запуск Rondora."},
     {StringKey::sessionKeystrokes, "Rondora может вводить клавиши в другие приложения."},
     {StringKey::sessionNoKeystrokes,
      "X-сервер не принимает нажатия клавиш от программ, поэтому элементы, которые нажимают клавиши, ничего не делают."},

@@ -89,8 +89,8 @@ constexpr StringTable kUrduStrings = completeTable({
     {StringKey::sessionMenuBar, "مینو بار میں Rondora کا آئیکن موجود ہے۔"},
     {StringKey::sessionNoMenuBarRoom, "مینو بار میں Rondora کے آئیکن کے لیے جگہ نہیں ہے۔"},
     {StringKey::sessionNoMenuBarRoomRemedy,
-     "ایسے پروگرام بند کریں جن کے آئیکن وہاں ہیں، یا ⌘ دبا کر آئیکنوں کو مینو بار سے باہر گھسیٹیں۔ آئیکن کے بغیر "
-     "Rondora کو دوبارہ کھولنے سے یہ ترتیبات کھلتی ہیں۔"},
+     "ایسے پروگرام بند کریں جن کے آئیکن وہاں ہیں، یا Command کلید دبا کر آئیکنوں کو مینو بار سے باہر گھسیٹیں۔ آئیکن کے "
+     "بغیر Rondora کو دوبارہ کھولنے سے یہ ترتیبات کھلتی ہیں۔"},
     {StringKey::sessionKeystrokes, "\u200FRondora دوسری ایپلی کیشنز میں کلیدیں لکھ سکتا ہے۔"},
     {StringKey::sessionNoKeystrokes,
      "ایکس سرور پروگراموں سے کلیدوں کے دباؤ قبول نہیں کرتا، اس لیے کلیدیں دبانے والے آئٹم کچھ نہیں کرتے۔"},

@@ -80,7 +80,8 @@ constexpr StringTable kChineseStrings = completeTable({
     {StringKey::sessionMenuBar, "Rondora 的图标位于菜单栏中。"},
     {StringKey::sessionNoMenuBarRoom, "菜单栏没有空间显示 Rondora 的图标。"},
     {StringKey::sessionNoMenuBarRoomRemedy,
-     "请退出一些在菜单栏中有图标的程序，或按住 ⌘ 将图标拖出菜单栏。没有图标时，再次打开 Rondora 会打开这些设置。"},
+     "请退出一些在菜单栏中有图标的程序，或按住 Command 键将图标拖出菜单栏。没有图标时，再次打开 Rondora "
+     "会打开这些设置。"},
     {StringKey::sessionKeystrokes, "Rondora 可以向其他应用程序输入按键。"},
     {StringKey::sessionNoKeystrokes, "X 服务器不接受程序发送的按键，因此用于按键的项目不起作用。"},
     {StringKey::sessionNoKeystrokesRemedy, "请启用 X 服务器的 XTEST 扩展。"},

@@ -23,11 +23,11 @@ constexpr IpAddress kMappedVersion4 = {0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0xFF, 0xFF}
 constexpr std::size_t kMappedPrefix = 12;
 constexpr std::string_view kLocation = "location:";
 
-template <auto Free>
+template <auto free>
 struct Freeing {
   template <class T>
   void operator()(T* object) const {
-    Free(object);
+    free(object);
   }
 };
 using Address = std::unique_ptr<CURLU, Freeing<curl_url_cleanup>>;
