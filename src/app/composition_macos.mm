@@ -25,6 +25,7 @@
 #include "platform/macos/foundation/end_signals.h"
 #include "platform/macos/foundation/library_folders.h"
 #include "platform/macos/foundation/locale_text_order.h"
+#include "platform/macos/foundation/own_file.h"
 #include "platform/macos/foundation/preferences.h"
 #include "platform/macos/foundation/run_loop_queue.h"
 #include "platform/macos/foundation/system_random.h"
@@ -35,7 +36,6 @@
 #include "platform/macos/keyboard/symbolic_hot_key_preferences.h"
 #include "platform/macos/permissions/app_service_login_item.h"
 #include "platform/macos/permissions/privacy_permissions.h"
-#include "platform/macos/pictures/image_io_picture_decoder.h"
 #include "platform/macos/session/general_pasteboard.h"
 #include "platform/macos/session/reopen_channel.h"
 #include "platform/macos/session/workspace_session_events.h"
@@ -47,6 +47,7 @@
 #include "platform/macos/window_server/sky_light_spaces.h"
 #include "platform/posix/posix_file_system.h"
 #include "platform/posix/posix_process_environment.h"
+#include "platform/posix/process_picture_decoder.h"
 #include "platform/posix/system_clock.h"
 #include "storage/legacy_pie_menu_migration.h"
 #include "ui/appkit/application/appkit_application_shell.h"
@@ -91,7 +92,7 @@ struct CompositionMacOS::Running {
   SingleInstance instance{{&reopenChannel}, log};
   SingleInstance::Start start = instance.claim();
   desktop::CurlNetworkFetch network{clock, mainQueue, makeSerialQueue};
-  macos::ImageIoPictureDecoder pictureDecoder{mainQueue, makeSerialQueue("Rondora.Pictures")};
+  desktop::ProcessPictureDecoder pictureDecoder{macos::ownFile(), mainQueue, makeSerialQueue("Rondora.Pictures")};
   macos::CarbonHotkeyService hotkeys;
   macos::QuartzEventTaps eventTaps;
   macos::CarbonSecureInput secureInput;

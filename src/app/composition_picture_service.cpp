@@ -4,7 +4,6 @@
 #include <QImageReader>
 #include <cstdlib>
 #include <string>
-#include <string_view>
 
 #include "platform/linux/desktop/picture_process_limits.h"
 #include "platform/linux/desktop/thread_name.h"
@@ -18,10 +17,6 @@ namespace {
 constexpr int kMaxImageMegabytes = 64;
 
 }  // namespace
-
-bool isPictureService(int argc, const char* const* argv) {
-  return argc == 1 && std::string_view(argv[0]) == desktop::kPictureServiceName;
-}
 
 int runPictureService(int argc, char** argv) {
   desktop::nameThread(std::string(desktop::kPictureServiceName));

@@ -27,6 +27,7 @@
 #include "platform/linux/desktop/standard_error.h"
 #include "platform/linux/desktop/xdg_folders.h"
 #include "platform/linux/x11/guard/input_guard.h"
+#include "platform/posix/picture_service.h"
 #include "platform/posix/posix_file_system.h"
 #include "platform/posix/posix_process_environment.h"
 #include "platform/posix/system_clock.h"
@@ -193,7 +194,7 @@ void becomeNewInstance(char** argv) {
 
 int main(int argc, char** argv) {
   rondora::desktop::openStandardDescriptors();
-  if (rondora::isPictureService(argc, argv)) return rondora::runPictureService(argc, argv);
+  if (rondora::desktop::isPictureService(argc, argv)) return rondora::runPictureService(argc, argv);
   std::signal(SIGPIPE, SIG_IGN);
   if (rondora::x11::isGuard(argv)) rondora::x11::runGuard(rondora::x11::kGuardDescriptor, argv + 1);
   if (argc > 1) {

@@ -7,10 +7,12 @@
 
 #include "app/command_line.h"
 #include "app/composition_macos.h"
+#include "app/composition_picture_service.h"
 #include "app/repeat_limit.h"
 #include "base/trace.h"
 #include "platform/macos/foundation/library_folders.h"
 #include "platform/macos/foundation/unified_log.h"
+#include "platform/posix/picture_service.h"
 #include "platform/posix/system_clock.h"
 #include "storage/config_manager.h"
 
@@ -38,6 +40,7 @@ void beginTraceIfAsked(rondora::Log& log) {
 
 int main(int argc, char** argv) {
   @autoreleasepool {
+    if (rondora::desktop::isPictureService(argc, argv)) return rondora::runPictureService(argc, argv);
     std::signal(SIGPIPE, SIG_IGN);
     if (argc > 1) {
       if (const auto status = replyToArguments(argc, argv)) return *status;

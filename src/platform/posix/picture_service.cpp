@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <string_view>
 
 #include "platform/posix/file_descriptor.h"
 #include "platform/posix/message_channel.h"
@@ -30,6 +31,10 @@ void limitTimeFromNow() {
 }
 
 }  // namespace
+
+bool isPictureService(int argc, const char* const* argv) {
+  return argc == 1 && std::string_view(argv[0]) == kPictureServiceName;
+}
 
 void servePictures(const std::function<PictureResult(const PictureRequest&)>& decode) {
   MessageChannel channel{FileDescriptor(kPictureServiceDescriptor)};

@@ -17,6 +17,7 @@
 #include "platform/macos/conversions/picture_fitting.h"
 #include "platform/macos/foundation/cf_ref.h"
 #include "platform/macos/foundation/cf_values.h"
+#include "platform/macos/pictures/vector_drawings.h"
 
 namespace rondora::macos {
 namespace {
@@ -42,10 +43,14 @@ CFRef<CFDataRef> makeData(const std::string& bytes) {
                                               static_cast<CFIndex>(bytes.size())));
 }
 
-CFRef<CGImageSourceRef> openFile(const std::string& path) {
+bool isSmallFile(const std::string& path) {
   std::error_code error;
   const std::uintmax_t size = fs::file_size(path, error);
-  if (error || size > kMaxFileBytes || !fs::path(path).is_absolute()) return {};
+  return !error && size <= kMaxFileBytes && fs::path(path).is_absolute();
+}
+
+CFRef<CGImageSourceRef> openFile(const std::string& path) {
+  if (!isSmallFile(path)) return {};
   const auto url = CFRef<CFURLRef>::adopt(CFURLCreateFromFileSystemRepresentation(
       kCFAllocatorDefault, reinterpret_cast<const UInt8*>(path.data()), static_cast<CFIndex>(path.size()), false));
   return url ? CFRef<CGImageSourceRef>::adopt(CGImageSourceCreateWithURL(url.get(), nullptr))
@@ -89,6 +94,9 @@ Image readReduced(CGImageSourceRef source, std::size_t index, int side) {
 }
 
 Image readPicture(const PictureRequest& request) {
+  if (request.source == Source::imageFile && isSmallFile(request.content)) {
+    if (Image drawing = readDrawing(request.content, request.side)) return drawing;
+  }
   const auto source = openRequested(request);
   if (!source) return {};
   const int maxSide = request.source == Source::bytes ? PictureDecoder::kMaxSide : kMaxFileSide;

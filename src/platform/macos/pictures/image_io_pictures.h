@@ -4,7 +4,7 @@
 
 namespace rondora::macos {
 
-/// Any thread. The system has no icon themes and its decoders read no drawings; both are unreadable.
+/// The system has no icon themes, so their icons are unreadable. Main thread.
 PictureResult decodePicture(const PictureRequest& request);
 
 }  // namespace rondora::macos

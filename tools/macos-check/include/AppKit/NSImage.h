@@ -15,6 +15,7 @@
 
 @interface NSImage : NSObject
 @property NSSize size;
+- (instancetype)initWithContentsOfFile:(NSString*)fileName;
 - (void)setTemplate:(BOOL)isTemplate;
 + (instancetype)imageWithSize:(NSSize)size
                       flipped:(BOOL)drawingHandlerShouldBeCalledWithFlippedContext

@@ -8,4 +8,5 @@
 @interface NSBundle : NSObject
 @property(class, readonly, strong) NSBundle* mainBundle;
 @property(readonly, copy) NSURL* bundleURL;
+@property(readonly, copy) NSString* executablePath;
 @end
