@@ -23,7 +23,8 @@ class ApplicationShell {
   virtual ~ApplicationShell() = default;
 
   virtual void setActivationPolicy(ActivationPolicy policy) = 0;
-  /// Replaces the application menu; no effect on desktops without one.
+  /// Replaces the application menu; no effect on desktops without one. The first entry opens the settings, the last
+  /// ends the program: they have the desktop's keys for that.
   virtual void setMainMenu(std::vector<MenuEntry> entries) = 0;
   virtual void activateIgnoringOtherApps() = 0;
   /// Starts an orderly shutdown.

@@ -6,6 +6,7 @@
 #include "base/program_identity.h"
 #include "platform/macos/foundation/notification_subscription.h"
 #include "platform/macos/foundation/ns_text.h"
+#include "ui/appkit/menus/editing_menu.h"
 #include "ui/appkit/menus/menu_builder.h"
 
 @interface RondoraApplicationDelegate : NSObject <NSApplicationDelegate>
@@ -52,6 +53,12 @@ NSApplicationActivationPolicy policyOf(ActivationPolicy policy) {
   }
 }
 
+void addSubmenu(NSMenu* menu, NSMenu* submenu) {
+  NSMenuItem* item = [[NSMenuItem alloc] initWithTitle:@"" action:nil keyEquivalent:@""];
+  item.submenu = submenu;
+  [menu addItem:item];
+}
+
 }  // namespace
 
 AppKitApplicationShell::AppKitApplicationShell() : delegate_([[RondoraApplicationDelegate alloc] init]) {
@@ -74,10 +81,14 @@ void AppKitApplicationShell::setActivationPolicy(ActivationPolicy policy) {
 
 // The first menu of the menu bar is the application's own, whose title the system sets.
 void AppKitApplicationShell::setMainMenu(std::vector<MenuEntry> entries) {
-  NSMenuItem* item = [[NSMenuItem alloc] initWithTitle:@"" action:nil keyEquivalent:@""];
-  item.submenu = makeMenu(std::string(program_identity::kName), entries);
+  NSMenu* own = makeMenu(std::string(program_identity::kName), entries);
+  if (!entries.empty()) {
+    [own itemAtIndex:0].keyEquivalent = @",";
+    [own itemAtIndex:own.numberOfItems - 1].keyEquivalent = @"q";
+  }
   NSMenu* menu = [[NSMenu alloc] initWithTitle:@""];
-  [menu addItem:item];
+  addSubmenu(menu, own);
+  addSubmenu(menu, makeEditingMenu());
   NSApplication.sharedApplication.mainMenu = menu;
 }
 

@@ -57,6 +57,11 @@ NSWindowStyleMask maskOf(const Style& style) {
   return canBecomeMain_;
 }
 
+// A key that no monitor consumed would be looked up in the main menu, which can end the program.
+- (BOOL)performKeyEquivalent:(NSEvent*)__unused event {
+  return YES;
+}
+
 - (void)resignKeyWindow {
   [super resignKeyWindow];
   if (keyLost_) keyLost_();

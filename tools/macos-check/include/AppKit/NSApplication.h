@@ -22,6 +22,8 @@
 - (void)activateIgnoringOtherApps:(BOOL)flag;
 - (void)run;
 - (void)terminate:(id)sender;
+- (id)targetForAction:(SEL)action;
+- (BOOL)sendAction:(SEL)action to:(id)target from:(id)sender;
 @end
 
 @protocol NSApplicationDelegate <NSObject>

@@ -15,5 +15,10 @@
 - (void)cancelTracking;
 @end
 
+// NSMenuItemValidation
+@protocol NSMenuItemValidation <NSObject>
+- (BOOL)validateMenuItem:(NSMenuItem*)menuItem;
+@end
+
 FOUNDATION_EXPORT NSNotificationName const NSMenuDidBeginTrackingNotification;
 FOUNDATION_EXPORT NSNotificationName const NSMenuDidEndTrackingNotification;

@@ -8,8 +8,10 @@
 
 @interface NSMenuItem : NSObject
 @property(copy) NSString* title;
+@property(copy) NSString* keyEquivalent;
 @property(strong) NSImage* image;
 @property(weak) id target;
+@property SEL action;
 @property(strong) id representedObject;
 @property(strong) NSMenu* submenu;
 - (instancetype)initWithTitle:(NSString*)string action:(SEL)selector keyEquivalent:(NSString*)charCode;

@@ -14,4 +14,5 @@
 - (void)mouseExited:(NSEvent*)event;
 - (void)cursorUpdate:(NSEvent*)event;
 - (void)keyDown:(NSEvent*)event;
+- (BOOL)performKeyEquivalent:(NSEvent*)event;
 @end

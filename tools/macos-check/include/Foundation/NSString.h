@@ -13,3 +13,6 @@ typedef NS_ENUM(NSUInteger, NSStringEncoding) { NSUTF8StringEncoding = 4 };
 - (instancetype)initWithBytes:(const void*)bytes length:(NSUInteger)len encoding:(NSStringEncoding)encoding;
 - (BOOL)isEqualToString:(NSString*)aString;
 @end
+
+// NSStringFromSelector
+FOUNDATION_EXPORT NSString* NSStringFromSelector(SEL aSelector);
