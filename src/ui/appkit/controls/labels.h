@@ -6,7 +6,7 @@
 
 namespace rondora::appkit {
 
-/// A label that wraps at `width` points.
+/// A label that wraps at `width` points; the Tab key passes it over.
 NSTextField* makeWrappingLabel(CGFloat width);
 void setText(NSTextField* label, const std::string& text);
 

@@ -20,6 +20,7 @@ NSStackView* makeStack(NSUserInterfaceLayoutOrientation orientation, NSLayoutAtt
 NSTextField* makeWrappingLabel(CGFloat width) {
   NSTextField* label = [NSTextField wrappingLabelWithString:@""];
   label.preferredMaxLayoutWidth = width;
+  label.selectable = NO;
   return label;
 }
 
@@ -57,8 +58,9 @@ void setLayoutDirection(NSView* view, bool isRightToLeft) {
 
 NSImageView* makeSymbolView(const char* symbol, const std::string& name) {
   NSString* description = name.empty() ? nil : nsString(name);
-  NSImageView* view = [NSImageView imageViewWithImage:[NSImage imageWithSystemSymbolName:nsString(symbol)
-                                                                accessibilityDescription:description]];
+  NSImageView* view = [[NSImageView alloc] init];
+  // An older system may lack the symbol.
+  view.image = [NSImage imageWithSystemSymbolName:nsString(symbol) accessibilityDescription:description];
   view.accessibilityElement = !name.empty();
   return view;
 }

@@ -53,7 +53,7 @@ NSView* FindingsView::makeRowOf(const SessionFinding& finding) const {
     setAction(button, [press = press_, wanted] { press(wanted); });
     [buttons addArrangedSubview:button];
   }
-  [texts addArrangedSubview:buttons];
+  if (!finding.buttons.empty()) [texts addArrangedSubview:buttons];
   NSStackView* row = makeRow(kSpacing);
   [row addArrangedSubview:makeSymbolView(finding.works ? "checkmark.circle" : "exclamationmark.triangle",
                                          finding.works ? works_ : fails_)];
