@@ -8,8 +8,10 @@
 #include "platform/windows.h"
 #include "settings/window_contents.h"
 #include "ui/appkit/windows/findings_view.h"
+#include "ui/appkit/windows/previous_application.h"
 #include "ui/appkit/windows/welcome_steps_view.h"
 
+@class RondoraPageWindow;
 @class RondoraWindowDelegate;
 
 namespace rondora::appkit {
@@ -24,7 +26,7 @@ class AppKitOnboardingWindow final : public OnboardingWindow {
 
   void present(std::function<void()> closed) override;
   bool isUp() const override { return window_ != nil; }
-  void close() override { [window_ close]; }
+  void close() override;
   void remindToHold() override;
 
  private:
@@ -37,12 +39,12 @@ class AppKitOnboardingWindow final : public OnboardingWindow {
 
   WindowContents contents_;
   MainQueue& mainQueue_;
+  PreviousApplication previous_;
   WelcomeStepsView steps_;
   FindingsView findings_;
   std::function<void()> closed_;
   RondoraWindowDelegate* delegate_;  // the window's reference is weak
-  NSWindow* window_ = nil;
-  NSStackView* page_ = nil;
+  RondoraPageWindow* window_ = nil;
   NSTextField* headline_ = nil;
   NSTextField* introduction_ = nil;
   NSTextField* whereItLives_ = nil;

@@ -8,6 +8,7 @@
 #include "ui/appkit/controls/control_action.h"
 #include "ui/appkit/controls/labels.h"
 #include "ui/appkit/menus/menu_builder.h"
+#include "ui/appkit/windows/page_window.h"
 
 @interface RondoraWindowDelegate : NSObject <NSWindowDelegate>
 @end
@@ -37,7 +38,6 @@ constexpr CGFloat kTextWidth = 520;
 constexpr CGFloat kIconSide = 88;
 constexpr CGFloat kHeadlineSize = 20;
 constexpr double kEmphasis = 6;  // seconds
-constexpr NSWindowStyleMask kStyle = NSWindowStyleMaskTitled | NSWindowStyleMaskClosable;
 NSString* const kReturnKey = @"\r";
 
 NSMenu* makeLanguageMenu(const std::function<void(AppLanguage)>& choose) {
@@ -71,23 +71,26 @@ void AppKitOnboardingWindow::present(std::function<void()> closed) {
   closed_ = std::move(closed);
   if (window_ == nil) build();
   [window_ center];
+  window_.initialFirstResponder = steps_.openRing().isHidden ? close_ : steps_.openRing();
+  previous_.remember();
   [NSApplication.sharedApplication activateIgnoringOtherApps:YES];
   [window_ makeKeyAndOrderFront:nil];
+  // The system may refuse to make the program active.
+  [window_ orderFrontRegardless];
 }
 
+void AppKitOnboardingWindow::close() { [window_ close]; }
+
 void AppKitOnboardingWindow::build() {
-  window_ = [[NSWindow alloc] initWithContentRect:NSRect {} styleMask:kStyle backing:NSBackingStoreBuffered defer:YES];
-  window_.releasedWhenClosed = NO;
+  NSStackView* page = makeColumn(kSpacing);
+  page.edgeInsets = NSEdgeInsets{kMargin, kMargin, 0, kMargin};
+  whereItLives_ = makeWrappingLabel(kTextWidth);
+  for (NSView* part : {makeGreeting(), steps_.view(), findings_.view(), static_cast<NSView*>(whereItLives_)}) {
+    [page addArrangedSubview:part];
+  }
+  window_ = [[RondoraPageWindow alloc] initWithPage:page foot:makeFoot()];
   delegate_->willClose_ = [this] { handleClosed(); };
   window_.delegate = delegate_;
-  page_ = makeColumn(kSpacing);
-  page_.edgeInsets = NSEdgeInsets{kMargin, kMargin, kMargin, kMargin};
-  whereItLives_ = makeWrappingLabel(kTextWidth);
-  for (NSView* part :
-       {makeGreeting(), steps_.view(), findings_.view(), static_cast<NSView*>(whereItLives_), makeFoot()}) {
-    [page_ addArrangedSubview:part];
-  }
-  window_.contentView = page_;
   findings_.onChanged = [this] { refresh(); };
   refresh();
   welcomeChanged_ = contents_.welcome->onChanged([this] { refresh_ = mainQueue_.workItem(0, [this] { refresh(); }); });
@@ -119,12 +122,12 @@ NSView* AppKitOnboardingWindow::makeFoot() {
   close_.bezelStyle = NSBezelStyleRounded;
   setAction(close_, [this] { close(); });
   NSStackView* foot = makeRow(kSpacing);
+  foot.edgeInsets = NSEdgeInsets{kSpacing, kMargin, kMargin, kMargin};
   foot.alignment = NSLayoutAttributeCenterY;
   for (NSView* part : {static_cast<NSView*>(languageLabel_), static_cast<NSView*>(language_)}) {
     [foot addView:part inGravity:NSStackViewGravityLeading];
   }
   [foot addView:close_ inGravity:NSStackViewGravityTrailing];
-  [foot.widthAnchor constraintEqualToConstant:kTextWidth].active = YES;
   return foot;
 }
 
@@ -140,17 +143,21 @@ void AppKitOnboardingWindow::refresh() {
   language_.accessibilityLabel = nsString(shown.language);
   [language_ selectItemAtIndex:placeOf(contents_.language())];
   close_.title = nsString(shown.close);
+  close_.accessibilityHelp = shown.isDone ? nsString(shown.headline) : nil;
+  const bool becomesDone = shown.isDone && close_.keyEquivalent.length == 0;
   // Until all steps are done, Return closes nothing.
   close_.keyEquivalent = shown.isDone ? kReturnKey : @"";
-  setLayoutDirection(page_, isRightToLeft(contents_.language()));
-  [window_ setContentSize:page_.fittingSize];
+  if (becomesDone) [window_ makeFirstResponder:close_];
+  setLayoutDirection(window_.contentView, isRightToLeft(contents_.language()));
+  [window_ fitContents];
 }
 
 void AppKitOnboardingWindow::remindToHold() {
   if (window_ == nil) return;
   steps_.emphasize(true);
   reminder_ = mainQueue_.workItem(kEmphasis, [this] { steps_.emphasize(false); });
-  [window_ orderFront:nil];
+  [window_ orderFrontRegardless];
+  [steps_.view() scrollRectToVisible:steps_.view().bounds];
 }
 
 void AppKitOnboardingWindow::handleClosed() {
@@ -159,9 +166,13 @@ void AppKitOnboardingWindow::handleClosed() {
   reminder_.reset();
   findings_.onChanged = nullptr;
   window_.delegate = nil;
+  NSWindow* const closing = std::exchange(window_, nil);
+  previous_.returnFrom(closing);
   // The window itself is calling, and the next call may destroy this object.
-  mainQueue_.async([window = std::exchange(window_, nil)] { (void)window; });
-  mainQueue_.async([delegate = delegate_] { (void)delegate; });
+  mainQueue_.async([closing, delegate = delegate_] {
+    (void)closing;
+    (void)delegate;
+  });
   const auto closed = std::move(closed_);
   if (closed) closed();
 }

@@ -15,6 +15,8 @@ class WelcomeStepsView {
   WelcomeStepsView(const Welcome& welcome, CGFloat width);
 
   NSView* view() const { return box_; }
+  /// Hidden where the user needs none.
+  NSButton* openRing() const { return openRing_; }
   void present(const WelcomeContents& contents);
   /// Draws attention to the steps, or no longer.
   void emphasize(bool isEmphasized);
@@ -35,6 +37,7 @@ class WelcomeStepsView {
   NSStackView* hotkey_;
   NSButton* openRing_;
   NSButton* chooseHotkey_;
+  NSStackView* buttons_;
 };
 
 }  // namespace rondora::appkit

@@ -44,16 +44,15 @@ WelcomeStepsView::WelcomeStepsView(const Welcome& welcome, CGFloat width)
       box_(makeBox(kMargin, column_)),
       hotkey_(makeRow(kKeyDistance)),
       openRing_(makeButton([&welcome] { welcome.openRing(); })),
-      chooseHotkey_(makeButton([&welcome] { welcome.chooseHotkey(); })) {
+      chooseHotkey_(makeButton([&welcome] { welcome.chooseHotkey(); })),
+      buttons_(makeRow(kSpacing)) {
   box_.cornerRadius = kMargin / 2;
   box_.fillColor = NSColor.controlBackgroundColor;
-  // The order of the Tab key is that of addition.
   rows_[0] = addRow();
   [column_ addArrangedSubview:hotkey_];
-  NSStackView* buttons = makeRow(kSpacing);
-  [buttons addArrangedSubview:openRing_];
-  [buttons addArrangedSubview:chooseHotkey_];
-  [column_ addArrangedSubview:buttons];
+  [buttons_ addArrangedSubview:openRing_];
+  [buttons_ addArrangedSubview:chooseHotkey_];
+  [column_ addArrangedSubview:buttons_];
   rows_[1] = addRow();
   [box_.widthAnchor constraintEqualToConstant:width].active = YES;
   emphasize(false);
@@ -81,6 +80,7 @@ void WelcomeStepsView::present(const WelcomeContents& contents) {
   showKeyCaps(hotkey_, contents.hotkey);
   setTitle(openRing_, contents.openRing);
   setTitle(chooseHotkey_, contents.chooseHotkey);
+  buttons_.hidden = openRing_.isHidden && chooseHotkey_.isHidden;
 }
 
 void WelcomeStepsView::emphasize(bool isEmphasized) {

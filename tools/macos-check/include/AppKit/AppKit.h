@@ -28,6 +28,7 @@
 #include <AppKit/NSRunningApplication.h>
 #include <AppKit/NSSavePanel.h>
 #include <AppKit/NSScreen.h>
+#include <AppKit/NSScrollView.h>
 #include <AppKit/NSStackView.h>
 #include <AppKit/NSStatusBar.h>
 #include <AppKit/NSStringDrawing.h>

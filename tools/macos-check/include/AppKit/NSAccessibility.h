@@ -11,6 +11,7 @@ FOUNDATION_EXPORT const NSAccessibilityRole NSAccessibilityMenuButtonRole;
 
 @protocol NSAccessibility
 @property(getter=isAccessibilityElement) BOOL accessibilityElement;
+@property(copy) NSString* accessibilityHelp;
 @property(copy) NSString* accessibilityLabel;
 @property(copy) NSAccessibilityRole accessibilityRole;
 @end

@@ -7,6 +7,7 @@
 #include <AppKit/NSMenu.h>
 #include <AppKit/NSResponder.h>
 #include <AppKit/NSRunningApplication.h>
+#include <AppKit/NSUserInterfaceLayout.h>
 #include <AppKit/NSWindow.h>
 #include <Foundation/Foundation.h>
 
@@ -18,6 +19,9 @@
 @property(strong) NSMenu* mainMenu;
 @property(readonly, weak) NSWindow* keyWindow;
 @property(strong) NSImage* applicationIconImage;
+@property(getter=isActive, readonly) BOOL active;
+@property(readonly, copy) NSArray<NSWindow*>* windows;
+@property(readonly) NSUserInterfaceLayoutDirection userInterfaceLayoutDirection;
 - (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)activationPolicy;
 - (void)activateIgnoringOtherApps:(BOOL)flag;
 - (void)run;

@@ -6,7 +6,13 @@
 #include <AppKit/NSEvent.h>
 #include <Foundation/Foundation.h>
 
-@interface NSResponder : NSObject
+// NSStandardKeyBindingResponding
+@protocol NSStandardKeyBindingResponding <NSObject>
+@optional
+- (void)cancelOperation:(id)sender;
+@end
+
+@interface NSResponder : NSObject <NSStandardKeyBindingResponding>
 @property(readonly) BOOL acceptsFirstResponder;
 - (void)mouseDown:(NSEvent*)event;
 - (void)mouseMoved:(NSEvent*)event;

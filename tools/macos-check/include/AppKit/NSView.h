@@ -39,5 +39,6 @@
 - (BOOL)acceptsFirstMouse:(NSEvent*)event;
 - (void)setNeedsDisplayInRect:(NSRect)invalidRect;
 - (void)displayIfNeeded;
+- (BOOL)scrollRectToVisible:(NSRect)rect;
 - (void)drawRect:(NSRect)dirtyRect;
 @end

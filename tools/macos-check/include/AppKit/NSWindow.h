@@ -38,7 +38,10 @@ typedef NSInteger NSModalResponse;
 @property(copy) NSString* title;
 @property(weak) id<NSWindowDelegate> delegate;
 @property(strong) NSView* contentView;
+@property(weak) NSView* initialFirstResponder;
+@property BOOL autorecalculatesKeyViewLoop;
 @property(readonly, strong) NSScreen* screen;
+@property(readonly) NSRect frame;
 @property(getter=isReleasedWhenClosed) BOOL releasedWhenClosed;
 @property NSWindowLevel level;
 @property NSWindowCollectionBehavior collectionBehavior;
@@ -57,11 +60,11 @@ typedef NSInteger NSModalResponse;
                           styleMask:(NSWindowStyleMask)style
                             backing:(NSBackingStoreType)backingStoreType
                               defer:(BOOL)flag;
-- (void)setContentSize:(NSSize)size;
+- (NSRect)frameRectForContentRect:(NSRect)contentRect;
 - (void)center;
 - (void)makeKeyAndOrderFront:(id)sender;
-- (void)orderFront:(id)sender;
 - (void)close;
+- (void)performClose:(id)sender;
 - (void)setFrame:(NSRect)frameRect display:(BOOL)flag;
 - (void)makeKeyWindow;
 - (void)resignKeyWindow;
