@@ -8,13 +8,10 @@ namespace rondora::macos {
 
 bool VoiceOverAnnouncer::hasListeners() const { return NSWorkspace.sharedWorkspace.isVoiceOverEnabled; }
 
-// High priority interrupts the sentence before. The window with the keyboard is the open ring.
+// High priority interrupts the sentence before. The ring's window is no element that could announce.
 void VoiceOverAnnouncer::announce(std::string sentence) {
-  NSApplication* application = NSApplication.sharedApplication;
-  NSWindow* window = application.keyWindow;
-  const id source = window == nil ? static_cast<id>(application) : static_cast<id>(window);
   NSAccessibilityPostNotificationWithUserInfo(
-      source, NSAccessibilityAnnouncementRequestedNotification, @{
+      NSApplication.sharedApplication, NSAccessibilityAnnouncementRequestedNotification, @{
         NSAccessibilityAnnouncementKey : nsString(sentence),
         NSAccessibilityPriorityKey : @(NSAccessibilityPriorityHigh)
       });

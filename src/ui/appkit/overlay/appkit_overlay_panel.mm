@@ -60,6 +60,8 @@ AppKitOverlayPanel::~AppKitOverlayPanel() {
   [view_ setPixels:{}];
   [window_ setKeyLost:nullptr];
   [window_ orderOut:nil];
+  // The ring's stays otherwise until the pointer meets an area that asks for another.
+  [NSCursor.arrowCursor set];
   RondoraOverlayWindow* window = window_;
   dispatch_async(dispatch_get_main_queue(), ^{
     [window close];

@@ -40,6 +40,10 @@ NSWindowStyleMask maskOf(const Style& style) {
   self.animationBehavior = style.isAnimated ? NSWindowAnimationBehaviorDefault : NSWindowAnimationBehaviorNone;
   self.hidesOnDeactivate = style.hidesOnDeactivate;
   if (style.hasFixedAppearance) self.appearance = [NSAppearance appearanceNamed:NSAppearanceNameDarkAqua];
+  self.canHide = NO;
+  // Screen readers would speak of a window without a name; the ring's announcements say what it is.
+  self.accessibilityElement = NO;
+  self.accessibilityRole = NSAccessibilityUnknownRole;
   // Said outright, it holds also where the window is transparent.
   self.ignoresMouseEvents = NO;
   return self;

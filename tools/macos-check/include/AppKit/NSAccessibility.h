@@ -8,6 +8,7 @@
 typedef NSString* NSAccessibilityRole;
 FOUNDATION_EXPORT const NSAccessibilityRole NSAccessibilityButtonRole;
 FOUNDATION_EXPORT const NSAccessibilityRole NSAccessibilityMenuButtonRole;
+FOUNDATION_EXPORT const NSAccessibilityRole NSAccessibilityUnknownRole;
 
 @protocol NSAccessibility
 @property(getter=isAccessibilityElement) BOOL accessibilityElement;

@@ -34,7 +34,7 @@ typedef NSInteger NSModalResponse;
 - (void)windowWillClose:(NSNotification*)notification;
 @end
 
-@interface NSWindow : NSResponder
+@interface NSWindow : NSResponder <NSAccessibility>
 @property(copy) NSString* title;
 @property(weak) id<NSWindowDelegate> delegate;
 @property(strong) NSView* contentView;
@@ -50,6 +50,7 @@ typedef NSInteger NSModalResponse;
 @property(getter=isOpaque) BOOL opaque;
 @property(copy) NSColor* backgroundColor;
 @property BOOL hidesOnDeactivate;
+@property BOOL canHide;
 @property BOOL ignoresMouseEvents;
 @property(strong) NSAppearance* appearance;
 @property(readonly) BOOL canBecomeKeyWindow;
