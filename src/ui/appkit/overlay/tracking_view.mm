@@ -91,18 +91,17 @@ constexpr NSTrackingAreaOptions kCursor = static_cast<NSTrackingAreaOptions>(NST
 
 - (void)drawRect:(NSRect)dirtyRect {
   const double pixelsPerPoint = pixels_.width / self.bounds.size.width;
+  // Whole rows: an image of a part would read a whole row beyond its last pixels. The system clips to what is dirty.
   const PixelRect dirty = intersection(
-      toPixelRect({{dirtyRect.origin.x, dirtyRect.origin.y}, {dirtyRect.size.width, dirtyRect.size.height}},
-                  pixelsPerPoint),
+      toPixelRect({{0, dirtyRect.origin.y}, {self.bounds.size.width, dirtyRect.size.height}}, pixelsPerPoint),
       {0, 0, pixels_.width, pixels_.height});
   if (dirty.isEmpty()) return;
-  std::uint32_t* const corner = pixels_.pixels + static_cast<std::ptrdiff_t>(dirty.y) * pixels_.stride + dirty.x;
+  std::uint32_t* const first = pixels_.pixels + static_cast<std::ptrdiff_t>(dirty.y) * pixels_.stride;
   CGContextRef context = NSGraphicsContext.currentContext.CGContext;
   const ContextState state(context);
   CGContextSetBlendMode(context, kCGBlendModeCopy);
-  drawImage(context, makeImage({corner, dirty.width, dirty.height, pixels_.stride}),
-            {{dirty.x / pixelsPerPoint, dirty.y / pixelsPerPoint},
-             {dirty.width / pixelsPerPoint, dirty.height / pixelsPerPoint}});
+  drawImage(context, makeImage({first, dirty.width, dirty.height, pixels_.stride}),
+            {{0, dirty.y / pixelsPerPoint}, {dirty.width / pixelsPerPoint, dirty.height / pixelsPerPoint}});
 }
 
 @end
