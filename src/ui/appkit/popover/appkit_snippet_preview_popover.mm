@@ -32,6 +32,9 @@ void AppKitSnippetPreviewPopover::show(const SnippetPreview& preview, const Plac
   const NSSize needed = [view_ setPreview:preview];
   const Size size{needed.width, needed.height};
   [window_ setFrame:macos::screenRect({place(size), size}) display:YES];
+  // The system derives the shadow from what is drawn.
+  [window_ displayIfNeeded];
+  [window_ invalidateShadow];
   [window_ orderFrontRegardless];
 }
 

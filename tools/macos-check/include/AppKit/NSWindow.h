@@ -72,4 +72,6 @@ typedef NSInteger NSModalResponse;
 - (BOOL)makeFirstResponder:(NSResponder*)responder;
 - (void)orderFrontRegardless;
 - (void)orderOut:(id)sender;
+- (void)displayIfNeeded;
+- (void)invalidateShadow;
 @end
