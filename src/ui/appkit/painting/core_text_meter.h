@@ -19,16 +19,31 @@ Font interfaceFont(double pointSize, FontWeight weight);
 /// Drawn in the fill colour of the context.
 Line makeLine(const Font& font, std::string_view text);
 
+/// Of a line, in points.
+struct LineMetrics {
+  double ascent = 0;
+  double descent = 0;
+  double leading = 0;
+
+  double height() const { return ascent + descent + leading; }
+};
+
+/// Those of the font, or of the text where the system takes its letters from a taller font.
+LineMetrics lineMetrics(const Font& font, std::string_view text);
+
 class CoreTextMeter final : public TextMeter {
  public:
-  explicit CoreTextMeter(Font font) : font_(std::move(font)) {}
+  /// Measures parts of `text`.
+  CoreTextMeter(Font font, std::string_view text)
+      : font_(std::move(font)), lineHeight_(lineMetrics(font_, text).height()) {}
 
-  double lineHeight() const override;
+  double lineHeight() const override { return lineHeight_; }
   double width(std::string_view text) const override;
   std::vector<std::size_t> breaks(std::string_view text) const override;
 
  private:
   Font font_;
+  double lineHeight_;
 };
 
 }  // namespace rondora::appkit

@@ -2,6 +2,7 @@
 
 #include <AppKit/AppKit.h>
 
+#include <algorithm>
 #include <iterator>
 #include <string>
 
@@ -44,8 +45,13 @@ Line makeLine(const Font& font, std::string_view text) {
   return Line::adopt(CTLineCreateWithAttributedString(attributed.get()));
 }
 
-double CoreTextMeter::lineHeight() const {
-  return CTFontGetAscent(font_.get()) + CTFontGetDescent(font_.get()) + CTFontGetLeading(font_.get());
+LineMetrics lineMetrics(const Font& font, std::string_view text) {
+  CGFloat ascent = 0;
+  CGFloat descent = 0;
+  CGFloat leading = 0;
+  if (const Line line = makeLine(font, text)) CTLineGetTypographicBounds(line.get(), &ascent, &descent, &leading);
+  return {std::max(ascent, CTFontGetAscent(font.get())), std::max(descent, CTFontGetDescent(font.get())),
+          std::max(leading, CTFontGetLeading(font.get()))};
 }
 
 double CoreTextMeter::width(std::string_view text) const {
@@ -61,10 +67,14 @@ std::vector<std::size_t> CoreTextMeter::breaks(std::string_view text) const {
       CFStringTokenizerCreate(kCFAllocatorDefault, string.get(), {0, CFStringGetLength(string.get())},
                               kCFStringTokenizerUnitLineBreak, nullptr));
   std::size_t end = 0;
+  CFIndex measured = 0;
   while (CFStringTokenizerAdvanceToNextToken(tokens.get()) != kCFStringTokenizerTokenNone) {
-    const CFRange range = CFStringTokenizerGetCurrentTokenRange(tokens.get());
+    // With what lies between the tokens, if anything does.
+    const CFRange token = CFStringTokenizerGetCurrentTokenRange(tokens.get());
+    const CFRange range = {measured, token.location + token.length - measured};
     const auto piece = CFRef<CFStringRef>::adopt(CFStringCreateWithSubstring(kCFAllocatorDefault, string.get(), range));
     end += macos::textOf(piece.get()).size();
+    measured += range.length;
     ends.push_back(end);
   }
   if (end != text.size()) ends.push_back(text.size());

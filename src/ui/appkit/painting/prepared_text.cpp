@@ -3,14 +3,19 @@
 #include <memory>
 #include <string>
 
+#include "base/unicode.h"
 #include "ui/appkit/painting/bitmap.h"
 #include "ui/painting/text_fitting.h"
 
 namespace rondora::appkit {
 namespace {
 
-/// Lines are laid out one by one; with it each has the direction of the whole text.
+// Lines are laid out one by one; with one of these each has the direction of the whole text.
+constexpr std::string_view kLeftToRightMark = "\u200E";
 constexpr std::string_view kRightToLeftMark = "\u200F";
+
+/// More than any label shows; limits the cost of a hostile title.
+constexpr std::size_t kMeasuredCharacters = 1000;
 
 /// 0 is flush left, 1 flush right.
 double flushOf(TextAlignment alignment, bool isRightToLeft) {
@@ -21,17 +26,19 @@ double flushOf(TextAlignment alignment, bool isRightToLeft) {
 }  // namespace
 
 PreparedText::PreparedText(const TextCommand& command) : color_(command.color) {
+  const std::string text = shortened(command.text, kMeasuredCharacters);
   const FittedText fitted = fitText(command, [&](double pointSize) {
-    return std::make_unique<CoreTextMeter>(interfaceFont(pointSize, command.weight));
+    return std::make_unique<CoreTextMeter>(interfaceFont(pointSize, command.weight), text);
   });
   const Font font = interfaceFont(fitted.pointSize, command.weight);
+  const double ascent = lineMetrics(font, text).ascent;
+  const std::string mark(fitted.isRightToLeft ? kRightToLeftMark : kLeftToRightMark);
   const double flush = flushOf(command.alignment, fitted.isRightToLeft);
   for (const FittedLine& each : fitted.lines) {
-    const std::string mark(fitted.isRightToLeft ? kRightToLeftMark : std::string_view());
     Line line = makeLine(font, mark + each.text);
     if (!line) continue;
     const double offset = CTLineGetPenOffsetForFlush(line.get(), flush, each.slot.size.width);
-    const Point baseline{each.slot.left() + offset, each.slot.top() + CTFontGetAscent(font.get())};
+    const Point baseline{each.slot.left() + offset, each.slot.top() + ascent};
     lines_.push_back({std::move(line), baseline});
   }
 }
