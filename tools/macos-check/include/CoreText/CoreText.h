@@ -13,6 +13,7 @@ extern "C" {
 
 // CTFont
 typedef const struct __CTFont* CTFontRef;
+CTFontRef CTFontCreateWithName(CFStringRef name, CGFloat size, const CGAffineTransform* matrix);
 CGFloat CTFontGetAscent(CTFontRef font);
 CGFloat CTFontGetDescent(CTFontRef font);
 CGFloat CTFontGetLeading(CTFontRef font);
@@ -24,6 +25,7 @@ extern const CFStringRef kCTForegroundColorFromContextAttributeName;
 // CTLine
 typedef const struct __CTLine* CTLineRef;
 CTLineRef CTLineCreateWithAttributedString(CFAttributedStringRef attrString);
+CGRect CTLineGetImageBounds(CTLineRef line, CGContextRef context);
 double CTLineGetPenOffsetForFlush(CTLineRef line, CGFloat flushFactor, double flushWidth);
 double CTLineGetTypographicBounds(CTLineRef line, CGFloat* ascent, CGFloat* descent, CGFloat* leading);
 void CTLineDraw(CTLineRef line, CGContextRef context);
