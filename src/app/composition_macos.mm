@@ -121,6 +121,8 @@ struct CompositionMacOS::Running {
   macos::AXAccessibility commandAccessibility{clock};
   macos::LocaleTextOrder textOrder;
   appkit::CoreGraphicsRasterizer rasterizer{applicationIcons, iconSources()};
+  /// Before the program, which then has the icons shown again.
+  Subscription applicationsChanged = installed.onChanged([this] { rasterizer.forgetApplications(); });
   appkit::AppKitOverlayPanels overlayPanels{rasterizer, mainQueue};
   appkit::AppKitStatusBar statusBar;
   appkit::AppKitFileChooser fileChooser;

@@ -20,6 +20,8 @@ class CoreGraphicsRasterizer final : public PictureRasterizer {
   std::unique_ptr<PreparedPicture> prepare(Picture picture, double pixelsPerPoint) override;
   void prerender(Picture picture, double pixelsPerPoint) override;
 
+  /// See `IconImages`.
+  void forgetApplications() { icons_.forgetApplications(); }
   /// Loads what the first picture would otherwise wait for: fonts and symbols.
   void warmUp();
 

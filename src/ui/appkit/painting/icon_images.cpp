@@ -120,12 +120,20 @@ Image IconImages::siteImage(const IconCommand& icon, int side) {
 }
 
 Image IconImages::applicationImage(const IconCommand& icon, int side) {
-  Image found = made("application|" + std::to_string(side) + '|' + icon.name, [&] {
-    auto source = applicationIcons_.iconSource(icon.name);
-    if (!source) source = applicationIcons_.windowIconSource(icon.name);
+  if (Image installed = installedImage(icon.name, side)) return installed;
+  Image running = made("running|" + std::to_string(side) + '|' + icon.name, [&] {
+    const auto source = applicationIcons_.windowIconSource(icon.name);
     return source ? imageOf(*source, side) : Image();
   });
-  return found ? found : symbol(kApplicationSymbolName, icon, side);
+  return running ? running : symbol(kApplicationSymbolName, icon, side);
+}
+
+Image IconImages::installedImage(const std::string& application, int side) {
+  const std::pair key{application, side};
+  if (const auto found = installed_.find(key); found != installed_.end()) return found->second;
+  if (installed_.size() >= kMaxMade) installed_.clear();
+  const auto source = applicationIcons_.iconSource(application);
+  return installed_.emplace(key, source ? imageOf(*source, side) : Image()).first->second;
 }
 
 }  // namespace rondora::appkit

@@ -29,6 +29,8 @@ class IconImages {
   /// Fitted into `side` pixels; one side of the result may be shorter. Null for `IconKind::none`. The same image as
   /// long as nothing has changed.
   Image image(const IconCommand& icon, int side);
+  /// Call it when applications were installed, updated or removed.
+  void forgetApplications() { installed_.clear(); }
 
  private:
   using Make = std::function<Image()>;
@@ -39,11 +41,14 @@ class IconImages {
   Image fileImage(PictureRequest::Source source, const std::string& file, int side);
   Image siteImage(const IconCommand& icon, int side);
   Image applicationImage(const IconCommand& icon, int side);
+  Image installedImage(const std::string& application, int side);
 
   const ApplicationIcons& applicationIcons_;
   SitePicture sitePicture_;
   DecodedIcons decoded_;
   std::map<std::string, Image> made_;
+  /// By application and side. Null for what is not installed: asking the system again takes long.
+  std::map<std::pair<std::string, int>, Image> installed_;
   /// By the icon without its plate, which it holds so that no other takes its address.
   std::map<std::pair<CGImageRef, std::string>, std::pair<Image, Image>> plated_;
 };
