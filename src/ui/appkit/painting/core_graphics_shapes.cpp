@@ -69,6 +69,13 @@ const Color* colorOf(const Paint& paint) {
   return solid == nullptr ? nullptr : &solid->color;
 }
 
+/// False for an empty path, which would leave the clip as large as it is.
+bool clipToPath(CGContextRef context) {
+  if (CGContextIsPathEmpty(context)) return false;
+  CGContextClip(context);
+  return true;
+}
+
 void setFillColor(CGContextRef context, Color color) {
   CGContextSetRGBFillColor(context, fraction(color.red), fraction(color.green), fraction(color.blue),
                            fraction(color.alpha));
@@ -124,8 +131,7 @@ void ShapePainter::fill(const FillCommand& command) const {
     CGContextFillPath(context);
     return;
   }
-  CGContextClip(context);
-  paintInside(command.paint);
+  if (clipToPath(context)) paintInside(command.paint);
 }
 
 void ShapePainter::stroke(const StrokeCommand& command) const {
@@ -141,8 +147,7 @@ void ShapePainter::stroke(const StrokeCommand& command) const {
     return;
   }
   CGContextReplacePathWithStrokedPath(context);
-  CGContextClip(context);
-  paintInside(command.paint);
+  if (clipToPath(context)) paintInside(command.paint);
 }
 
 PixelRect toPixelRect(const Rect& rect, double pixelsPerPoint) {

@@ -114,6 +114,7 @@ void CGContextSetInterpolationQuality(CGContextRef c, CGInterpolationQuality qua
 void CGContextAddPath(CGContextRef c, CGPathRef path);
 void CGContextSetRGBFillColor(CGContextRef c, CGFloat red, CGFloat green, CGFloat blue, CGFloat alpha);
 void CGContextFillPath(CGContextRef c);
+bool CGContextIsPathEmpty(CGContextRef c);
 typedef CF_ENUM(int32_t, CGBlendMode) {
   kCGBlendModeNormal = 0,
   kCGBlendModeCopy = 17,
