@@ -27,6 +27,8 @@ Context makeContext(PixelBuffer pixels) {
   CGContextTranslateCTM(context.get(), 0, pixels.height);
   CGContextScaleCTM(context.get(), 1, -1);
   CGContextSetInterpolationQuality(context.get(), kCGInterpolationHigh);
+  // It is for texts on an opaque ground.
+  CGContextSetShouldSmoothFonts(context.get(), false);
   return context;
 }
 

@@ -143,6 +143,8 @@ void DrawnPicture::drawScaled(PixelBuffer target, const PixelRect& dirty, const 
   CGContextRef context = owner.get();
   CGContextClipToRect(context, toCGRect(dirty));
   CGContextClearRect(context, toCGRect(dirty));
+  // Each frame of an opening is drawn this way.
+  CGContextSetInterpolationQuality(context, kCGInterpolationLow);
   CGContextSetAlpha(context, std::clamp(view.opacity, 0.0, 1.0));
   const Point anchor = picture_.anchor * view.pixelsPerPoint;
   CGContextTranslateCTM(context, anchor.x, anchor.y);

@@ -109,7 +109,8 @@ typedef struct CGContext* CGContextRef;
 CGContextRef CGBitmapContextCreate(void* data, size_t width, size_t height, size_t bitsPerComponent, size_t bytesPerRow,
                                    CGColorSpaceRef space, uint32_t bitmapInfo);
 void CGContextDrawImage(CGContextRef c, CGRect rect, CGImageRef image);
-typedef CF_ENUM(int32_t, CGInterpolationQuality) { kCGInterpolationHigh = 3 };
+typedef CF_ENUM(int32_t, CGInterpolationQuality) { kCGInterpolationLow = 2, kCGInterpolationHigh = 3 };
+void CGContextSetShouldSmoothFonts(CGContextRef c, bool shouldSmoothFonts);
 void CGContextSetInterpolationQuality(CGContextRef c, CGInterpolationQuality quality);
 void CGContextAddPath(CGContextRef c, CGPathRef path);
 void CGContextSetRGBFillColor(CGContextRef c, CGFloat red, CGFloat green, CGFloat blue, CGFloat alpha);
