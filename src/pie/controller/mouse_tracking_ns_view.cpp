@@ -31,6 +31,7 @@ void MouseTrackingNSView::mouseEntered(Point windowLocation) {
 
 void MouseTrackingNSView::mouseExited() {
   lastHoveredSectorIndex_.reset();
+  cursor_.reset();  // whoever has the pointer now sets another
   // Copies: the first callback may destroy the view.
   const auto rest = onPointerLocationUpdate;
   const Point restingPlace = layout_.center();

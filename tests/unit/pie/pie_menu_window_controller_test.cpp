@@ -142,6 +142,7 @@ struct OverlayStory : Overlay, Story {
         {"ticks", [this] { return std::to_string(desktop.haptics.performed.size()); }},
         {"monitors", [this] { return std::to_string(desktop.keyboard.monitorCount()); }},
         {"cursor", [this] { return desktop.overlay.cursors.back() == CursorShape::arrow ? "arrow" : "hand"; }},
+        {"cursors-set", [this] { return std::to_string(desktop.overlay.cursors.size()); }},
         {"opened-at", [this] { return openedAt(); }},
         {"drawn", [this] { return drawn(); }},
     };
