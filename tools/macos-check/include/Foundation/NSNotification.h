@@ -25,6 +25,14 @@ typedef NSString* NSNotificationName;
 @end
 
 // NSDistributedNotificationCenter
+typedef NS_ENUM(NSUInteger, NSNotificationSuspensionBehavior) {
+  NSNotificationSuspensionBehaviorDeliverImmediately = 4
+};
 @interface NSDistributedNotificationCenter : NSNotificationCenter
 + (NSDistributedNotificationCenter*)defaultCenter;
+- (void)addObserver:(id)observer
+              selector:(SEL)selector
+                  name:(NSNotificationName)name
+                object:(NSString*)object
+    suspensionBehavior:(NSNotificationSuspensionBehavior)suspensionBehavior;
 @end
