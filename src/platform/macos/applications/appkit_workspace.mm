@@ -115,8 +115,8 @@ std::optional<std::string> AppKitWorkspace::applicationName(std::string_view bun
 Subscription AppKitWorkspace::onDidActivateApplication(std::function<void(const RunningApplication&)> observer) {
   return observe(NSWorkspace.sharedWorkspace.notificationCenter, NSWorkspaceDidActivateApplicationNotification,
                  ^(NSNotification* notification) {
-                   NSRunningApplication* application = notification.userInfo[NSWorkspaceApplicationKey];
-                   if (application != nil) observer(snapshotOf(application));
+                   const id application = notification.userInfo[NSWorkspaceApplicationKey];
+                   if ([application isKindOfClass:NSRunningApplication.class]) observer(snapshotOf(application));
                  });
 }
 
