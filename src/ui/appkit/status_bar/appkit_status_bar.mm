@@ -25,7 +25,18 @@ void describe(NSStatusBarButton* button, const StatusItemDescription& descriptio
   button.accessibilityRole = roleOf(description.role);
 }
 
-/// The system shows an item for which the menu bar has no room on no screen.
+/// Whether the item lies beneath the camera housing or beyond it. The areas beside it are empty where there is none.
+bool isCovered(NSRect item, NSScreen* screen) {
+  const NSRect left = screen.auxiliaryTopLeftArea;
+  const NSRect right = screen.auxiliaryTopRightArea;
+  if (right.size.width <= 0) return false;
+  const bool isMirrored =
+      NSApplication.sharedApplication.userInterfaceLayoutDirection == NSUserInterfaceLayoutDirectionRightToLeft;
+  return isMirrored ? item.origin.x + item.size.width > left.origin.x + left.size.width
+                    : item.origin.x < right.origin.x;
+}
+
+/// An item for which the menu bar has no room is on no screen, or beneath the camera housing.
 class AppKitStatusItem final : public StatusItem {
  public:
   explicit AppKitStatusItem(const StatusItemDescription& description)
@@ -49,8 +60,10 @@ class AppKitStatusItem final : public StatusItem {
   void setToolTip(const std::string& toolTip) override { item_.button.toolTip = nsString(toolTip); }
 
   StatusItemVisibility visibility() const override {
-    const bool isShown = item_.visible && item_.button.window.screen != nil;
-    return isShown ? StatusItemVisibility::visible : StatusItemVisibility::notTaken;
+    if (!item_.visible) return StatusItemVisibility::notTaken;
+    NSWindow* window = item_.button.window;
+    const bool hasRoom = window.screen != nil && !isCovered(window.frame, window.screen);
+    return hasRoom ? StatusItemVisibility::visible : StatusItemVisibility::noRoom;
   }
 
   Subscription onVisibilityMayHaveChanged(std::function<void()> observer) const override {

@@ -12,4 +12,6 @@
 @property(readonly) NSRect frame;
 @property(readonly) NSRect visibleFrame;
 @property(readonly) CGFloat backingScaleFactor;
+@property(readonly) NSRect auxiliaryTopLeftArea;
+@property(readonly) NSRect auxiliaryTopRightArea;
 @end
