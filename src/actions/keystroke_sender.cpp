@@ -1,38 +1,25 @@
 #include "actions/keystroke_sender.h"
 
 #include <algorithm>
-#include <array>
 #include <limits>
 #include <string>
 
 #include "base/trace.h"
+#include "platform/key_codes.h"
 #include "platform/key_event.h"
 
 namespace rondora {
 namespace {
 
-constexpr double kMaxWait = 0.5;        // seconds, for the target
-constexpr double kMaxRingWait = 3;      // seconds, for a ring to close
-constexpr double kKeyHold = 0.012;      // seconds
-constexpr double kPollInterval = 0.02;  // seconds
-
-constexpr std::uint64_t kNumericPadFlag = 0x200000;
-
-// Left, right, down, up.
-constexpr std::array<std::int64_t, 4> kArrowKeyCodes = {123, 124, 125, 126};
-// Home, Page Up, Forward Delete, End, Page Down.
-constexpr std::array<std::int64_t, 5> kFunctionKeyCodes = {115, 116, 117, 119, 121};
-
-template <std::size_t count>
-bool contains(const std::array<std::int64_t, count>& codes, std::int64_t code) {
-  return std::find(codes.begin(), codes.end(), code) != codes.end();
-}
+constexpr double kMaxWait = 0.5;    // seconds, for the target
+constexpr double kMaxRingWait = 3;  // seconds, for a ring to close
+constexpr double kKeyHold = 0.012;  // seconds
 
 }  // namespace
 
 std::uint64_t KeystrokeSender::ownFlags(std::int64_t keyCode) {
-  if (contains(kArrowKeyCodes, keyCode)) return kNumericPadFlag | event_flags::kFunction;
-  return contains(kFunctionKeyCodes, keyCode) ? event_flags::kFunction : 0;
+  if (key_codes::isAmong(key_codes::kArrows, keyCode)) return event_flags::kNumericPad | event_flags::kFunction;
+  return key_codes::isAmong(key_codes::kNavigation, keyCode) ? event_flags::kFunction : 0;
 }
 
 void KeystrokeSender::perform(std::int64_t keyCode, std::int64_t modifiers, std::optional<std::int32_t> targetPID,
@@ -64,7 +51,7 @@ void KeystrokeSender::waitForRing(const Request& request, RingWait wait) {
                               : "keystroke skipped: the ring stayed open");
     return request.end(ActionFailure{ActionProblem::targetNotInFront});
   }
-  ports_.mainQueue.after(kPollInterval,
+  ports_.mainQueue.after(kFrontmostPollInterval,
                          weakSelf_.bind([request, wait](KeystrokeSender& self) { self.waitForRing(request, wait); }));
 }
 

@@ -35,8 +35,6 @@ PieMenu mainMenu(RandomSource& random) {
   return menu;
 }
 
-constexpr bool isFingerCount(std::int64_t count) { return count >= 3 && count <= 5; }
-
 }  // namespace
 
 PieConfiguration PieConfiguration::defaultConfig(RandomSource& random) {

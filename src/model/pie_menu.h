@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -13,6 +14,13 @@
 #include "model/pie_menu_kind.h"
 
 namespace rondora {
+
+/// The numbers of fingers whose tap can open a menu.
+inline constexpr std::array<std::int64_t, 3> kFingerCounts = {3, 4, 5};
+
+constexpr bool isFingerCount(std::int64_t count) {
+  return count >= kFingerCounts.front() && count <= kFingerCounts.back();
+}
 
 /// A menu: its trigger, items and appearance. Lengths are points.
 struct PieMenu {
@@ -30,7 +38,7 @@ struct PieMenu {
   std::vector<std::string> runningAppsExcludedBundleIds;
   /// On/off switch of both special kinds.
   bool runningAppsMenuEnabled = true;
-  /// 3, 4 or 5; other values mean none.
+  /// One of kFingerCounts; other values mean none.
   std::int64_t trackpadFingerCount = 0;
   // Appearance, with the defaults and ranges of model/appearance_fields.h.
   double menuRadius = 0;

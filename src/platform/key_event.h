@@ -8,12 +8,14 @@ namespace rondora {
 
 enum class KeyEventType { keyDown, keyUp, flagsChanged };
 
-/// Bits of `KeyEvent::modifierFlags`.
+/// Bits of the flags of a key event.
 namespace event_flags {
 inline constexpr std::uint64_t kShift = 0x20000;
 inline constexpr std::uint64_t kControl = 0x40000;
 inline constexpr std::uint64_t kOption = 0x80000;
 inline constexpr std::uint64_t kCommand = 0x100000;
+/// The key is one of the numeric pad or of the cursor.
+inline constexpr std::uint64_t kNumericPad = 0x200000;
 inline constexpr std::uint64_t kFunction = 0x800000;
 /// The low 16 bits depend on the device.
 inline constexpr std::uint64_t kDeviceIndependentMask = ~std::uint64_t{0xFFFF};

@@ -45,6 +45,9 @@ enum class StartedProcess {
   failed,  // ended with an error or by a signal
 };
 
+/// Between two looks of a wait for an application to come to the front, in seconds.
+inline constexpr double kFrontmostPollInterval = 0.02;
+
 /// Running and installed applications. Main thread. Requests without a result have no effect when they fail.
 class Workspace {
  public:

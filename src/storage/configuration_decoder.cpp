@@ -136,7 +136,7 @@ PieMenu* LegacyTrackpadGesture::target(std::vector<PieMenu>& menus) const {
 }
 
 void LegacyTrackpadGesture::moveIntoMenu(std::vector<PieMenu>& menus) const {
-  if (!fingerCount || *fingerCount < 3 || *fingerCount > 5) return;
+  if (!fingerCount || !isFingerCount(*fingerCount)) return;
   const bool taken = std::any_of(menus.begin(), menus.end(),
                                  [this](const PieMenu& menu) { return menu.trackpadFingerCount == *fingerCount; });
   if (taken) return;

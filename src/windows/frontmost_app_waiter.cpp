@@ -4,11 +4,6 @@
 #include <utility>
 
 namespace rondora {
-namespace {
-
-constexpr double kPollInterval = 0.02;  // seconds
-
-}  // namespace
 
 void FrontmostAppWaiter::poll(std::optional<std::int32_t> pid, WallTime deadline, std::function<void()> then) {
   if (!pid) return then();
@@ -18,7 +13,7 @@ void FrontmostAppWaiter::poll(std::optional<std::int32_t> pid, WallTime deadline
 void FrontmostAppWaiter::pollUntil(Wait wait) {
   if (isFrontmost(wait.pid)) return wait.then();
   if (clock_.now() < wait.deadline && clock_.uptime() < wait.latestUptime) {
-    mainQueue_.after(kPollInterval,
+    mainQueue_.after(kFrontmostPollInterval,
                      weakSelf_.bind([wait = std::move(wait)](FrontmostAppWaiter& self) { self.pollUntil(wait); }));
     return;
   }

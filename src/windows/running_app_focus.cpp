@@ -1,6 +1,8 @@
 #include "windows/running_app_focus.h"
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
 #include <utility>
 
 namespace rondora {
@@ -23,13 +25,25 @@ bool isEligible(const WindowListEntry& window, std::int32_t ownerPID) {
          window.bounds && window.bounds->size.width >= kMinSide && window.bounds->size.height >= kMinSide;
 }
 
+// An event record that makes a window the key window, in two phases.
+constexpr std::size_t kRecordLength = 4;
+constexpr std::size_t kRecordPhase = 8;
+constexpr std::size_t kRecordFilled = 32;
+constexpr std::size_t kFilledLength = 16;
+constexpr std::uint8_t kFilling = 0xFF;
+constexpr std::size_t kRecordMark = 58;
+constexpr std::uint8_t kMark = 0x10;
+constexpr std::size_t kRecordWindow = 60;
+constexpr std::array<std::uint8_t, 2> kPhases = {1, 2};
+
 FrontProcess::EventRecord keyWindowRecord(std::uint32_t window, std::uint8_t phase) {
   FrontProcess::EventRecord record{};
-  record[4] = static_cast<std::uint8_t>(record.size());
-  record[8] = phase;
-  std::fill_n(record.begin() + 32, 16, std::uint8_t{0xFF});
-  record[58] = 0x10;
-  for (std::size_t i = 0; i < 4; ++i) record[60 + i] = static_cast<std::uint8_t>(window >> (8 * i));
+  record[kRecordLength] = static_cast<std::uint8_t>(record.size());
+  record[kRecordPhase] = phase;
+  std::fill_n(record.begin() + kRecordFilled, kFilledLength, kFilling);
+  record[kRecordMark] = kMark;
+  for (std::size_t i = 0; i < sizeof window; ++i)
+    record[kRecordWindow + i] = static_cast<std::uint8_t>(window >> (8 * i));
   return record;
 }
 
@@ -75,7 +89,7 @@ std::optional<std::uint32_t> RunningAppFocus::frontmostWindowID(const std::vecto
 
 void RunningAppFocus::makeKeyWindow(std::uint32_t window, ProcessSerialNumber process) {
   if (!ports_.frontProcess.postsEventRecords()) return;
-  for (const std::uint8_t phase : {std::uint8_t{1}, std::uint8_t{2}}) {
+  for (const std::uint8_t phase : kPhases) {
     ports_.frontProcess.postEventRecord(process, keyWindowRecord(window, phase));
   }
 }

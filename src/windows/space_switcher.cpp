@@ -4,14 +4,15 @@
 #include <cstdlib>
 #include <vector>
 
+#include "platform/key_codes.h"
+#include "platform/key_event.h"
+
 namespace rondora {
 namespace {
 
 constexpr double kPauseBetweenPresses = 0.06;  // seconds
 
-constexpr std::uint16_t kLeftArrow = 123;
-constexpr std::uint16_t kRightArrow = 124;
-constexpr std::uint64_t kControlAndFunction = 0x840000;
+constexpr std::uint64_t kControlAndFunction = event_flags::kControl | event_flags::kFunction;
 
 using Position = std::vector<std::uint64_t>::difference_type;
 
@@ -72,7 +73,8 @@ std::optional<std::int64_t> SpaceSwitcher::spaceSteps(std::uint32_t window) cons
 }
 
 std::optional<SpaceSwitcher::KeyCombination> SpaceSwitcher::configuredKey(SpaceShortcut shortcut) const {
-  const KeyCombination byDefault{shortcut == SpaceShortcut::left ? kLeftArrow : kRightArrow, kControlAndFunction};
+  const KeyCombination byDefault{shortcut == SpaceShortcut::left ? key_codes::kLeftArrow : key_codes::kRightArrow,
+                                 kControlAndFunction};
   const auto setting = ports_.symbolicHotKeys.symbolicHotKey(static_cast<int>(shortcut));
   if (!setting) return byDefault;
   if (setting->enabled == false) return std::nullopt;

@@ -5,6 +5,8 @@
 #include <string>
 #include <utility>
 
+#include "model/pie_menu.h"
+
 namespace rondora {
 
 // A thread of frames only copies the weak reference; the main queue locks it.
@@ -20,7 +22,7 @@ void TrackpadGestureMonitor::start(const std::set<std::int64_t>& fingerCounts) {
   stop();
   std::vector<std::int64_t> usable;
   std::ranges::copy_if(fingerCounts, std::back_inserter(usable),
-                       [](std::int64_t count) { return count >= 3 && count <= 5; });
+                       [](std::int64_t count) { return isFingerCount(count); });
   if (usable.empty()) return;
   if (!services_.devices.isUsable()) {
     return services_.log.error("MultitouchSupport unavailable, trackpad gesture disabled");

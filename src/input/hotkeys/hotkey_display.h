@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -13,8 +12,6 @@
 // Texts for key combinations; platforms differ only in the names of the modifiers.
 
 namespace rondora {
-
-inline constexpr std::array<std::int64_t, 4> kArrowKeyVirtualCodes = {123, 124, 125, 126};
 
 /// The names of the modifiers, as printed on the keys of a system's keyboards. Used only in texts for the user, never
 /// in masks or documents.

@@ -1,16 +1,15 @@
 #include "input/recording/hotkey_recorder.h"
 
-#include <algorithm>
+#include <array>
 #include <utility>
 
 #include "model/carbon_modifiers.h"
+#include "platform/key_codes.h"
 
 namespace rondora {
 namespace {
 
-/// F1 to F20, and the three keys of the volume.
-constexpr std::int64_t kFunctionKeys[] = {122, 120, 99,  118, 96, 97, 98, 100, 101, 109, 103, 111,
-                                          105, 107, 113, 106, 64, 79, 80, 90,  72,  73,  74};
+constexpr std::array<std::uint16_t, 3> kVolumeKeys = {72, 73, 74};
 
 /// The callback may destroy the recorder that holds it.
 template <class Callback, class... Arguments>
@@ -90,7 +89,8 @@ void HotkeyRecorder::cancelled() {
 bool needsModifier(const HotkeyConfig& hotkey) {
   constexpr std::int64_t kSufficient = carbon::kControl | carbon::kOption | carbon::kCommand | carbon::kFunction;
   if ((hotkey.carbonModifiers & kSufficient) != 0 || hotkey.keyCode == kFnKeyCode) return false;
-  return std::ranges::find(kFunctionKeys, hotkey.keyCode) == std::end(kFunctionKeys);
+  return !key_codes::isAmong(key_codes::kFunctionRow, hotkey.keyCode) &&
+         !key_codes::isAmong(kVolumeKeys, hotkey.keyCode);
 }
 
 }  // namespace rondora

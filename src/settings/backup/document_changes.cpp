@@ -1,7 +1,6 @@
 #include "settings/backup/document_changes.h"
 
 #include <algorithm>
-#include <array>
 #include <optional>
 #include <utility>
 
@@ -15,7 +14,6 @@ namespace {
 using Kind = DocumentChange::Kind;
 
 constexpr std::size_t kMaxNameLength = 60;  // characters
-constexpr std::array<std::int64_t, 3> kFingerCounts = {3, 4, 5};
 
 std::string oneLine(std::string_view text) { return shortened(controlsEscaped(text), kMaxNameLength); }
 

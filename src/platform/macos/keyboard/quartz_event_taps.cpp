@@ -22,6 +22,7 @@ static_assert(tap_events::kDisabledByUserInput == static_cast<std::uint32_t>(kCG
 static_assert(event_flags::kShift == kCGEventFlagMaskShift && event_flags::kControl == kCGEventFlagMaskControl);
 static_assert(event_flags::kOption == kCGEventFlagMaskAlternate && event_flags::kCommand == kCGEventFlagMaskCommand);
 static_assert(event_flags::kFunction == kCGEventFlagMaskSecondaryFn);
+static_assert(event_flags::kNumericPad == kCGEventFlagMaskNumericPad);
 
 class QuartzEventTap final : public EventTap {
  public:

@@ -26,6 +26,7 @@ typedef CF_OPTIONS(uint64_t, CGEventFlags) {
   kCGEventFlagMaskControl = 0x40000,
   kCGEventFlagMaskAlternate = 0x80000,
   kCGEventFlagMaskCommand = 0x100000,
+  kCGEventFlagMaskNumericPad = 0x200000,
   kCGEventFlagMaskSecondaryFn = 0x800000
 };
 typedef CF_ENUM(uint32_t, CGEventType) {
