@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "base/unicode.h"
+#include "platform/ax_names.h"
 
 namespace rondora {
 namespace {
@@ -17,10 +18,10 @@ using Path = std::vector<std::string>;
 using Reader = AppMenuCommandReader;
 using Names = std::span<const std::string_view>;
 
-constexpr std::array<std::string_view, 1> kMenuAttributes = {"AXChildren"};
-constexpr std::array<std::string_view, 2> kTopMenuAttributes = {"AXTitle", "AXChildren"};
-constexpr std::array<std::string_view, 5> kItemAttributes = {"AXTitle", "AXMenuItemCmdChar", "AXMenuItemCmdModifiers",
-                                                             "AXEnabled", "AXChildren"};
+constexpr std::array<std::string_view, 1> kMenuAttributes = {ax::kChildren};
+constexpr std::array<std::string_view, 2> kTopMenuAttributes = {ax::kTitle, ax::kChildren};
+constexpr std::array<std::string_view, 5> kItemAttributes = {ax::kTitle, ax::kMenuItemCmdChar,
+                                                             ax::kMenuItemCmdModifiers, ax::kEnabled, ax::kChildren};
 
 template <class T>
 std::optional<T> typed(std::optional<AXValue>& value) {
@@ -58,7 +59,7 @@ class MenuReading {
 
   std::vector<Reader::TopMenu> topMenus(std::int32_t processIdentifier) {
     const AXElementRef bar =
-        value<AXElementRef>(accessibility_.application(processIdentifier), "AXMenuBar").value_or(nullptr);
+        value<AXElementRef>(accessibility_.application(processIdentifier), ax::kMenuBar).value_or(nullptr);
     if (!bar) hasGap_ = true;
     Elements titles = bar && !isOver() ? children(bar) : Elements();
     if (!titles.empty()) titles.erase(titles.begin());
@@ -101,7 +102,9 @@ class MenuReading {
     auto values = read(element, Names(&name, 1));
     return values ? typed<T>(values->front()) : std::nullopt;
   }
-  Elements children(const AXElementRef& element) { return value<Elements>(element, "AXChildren").value_or(Elements()); }
+  Elements children(const AXElementRef& element) {
+    return value<Elements>(element, ax::kChildren).value_or(Elements());
+  }
 
   /// One value for each name, or nothing.
   std::optional<std::vector<std::optional<AXValue>>> read(const AXElementRef& element, Names names) {
@@ -138,7 +141,7 @@ class MenuReading {
   }
 
   void appendTopMenu(const AXElementRef& element, std::vector<Reader::TopMenu>& menus) {
-    auto title = value<std::string>(element, "AXTitle");
+    auto title = value<std::string>(element, ax::kTitle);
     if (!title || title->empty() || isOver()) return;
     ++itemCount_;
     byteCount_ += title->size();

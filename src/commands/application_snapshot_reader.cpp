@@ -4,6 +4,8 @@
 #include <map>
 #include <utility>
 
+#include "platform/ax_names.h"
+
 namespace rondora {
 namespace {
 
@@ -60,7 +62,7 @@ ApplicationSnapshot ApplicationSnapshotReader::readWindow(std::int32_t processId
   snapshot.isWindowRead = true;
   if (const AXElementRef window = WindowAX(accessibility_).targetWindow(processIdentifier)) {
     snapshot.window = {.canMoveAndResize = WindowAX::canMoveAndResize(*window),
-                       .canMinimize = window->isSettable("AXMinimized"),
+                       .canMinimize = window->isSettable(ax::kMinimized),
                        .fullScreen = WindowAX::fullScreenState(*window)};
   }
   return snapshot;

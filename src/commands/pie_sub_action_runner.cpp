@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "commands/app_menu_command_reader.h"
+#include "platform/ax_names.h"
 
 namespace rondora {
 namespace {
@@ -110,18 +111,18 @@ bool PieSubActionRunner::press(AXElement& element) {
   constexpr double kTimeout = AppMenuCommandReader::kMessagingTimeout;
   element.setMessagingTimeout(kTimeout);
   const double start = services_.clock.uptime();
-  return element.perform("AXPress") || services_.clock.uptime() - start >= kTimeout;
+  return element.perform(ax::kPress) || services_.clock.uptime() - start >= kTimeout;
 }
 
 PieSubActionRunner::Outcome PieSubActionRunner::changeWindow(Kind kind, AXElement& window,
                                                              const std::vector<Rect>& areas) {
   const auto unless = [](bool worked, SubActionProblem problem) { return worked ? Outcome() : problem; };
   if (kind == Kind::closeWindow) {
-    const auto button = attributeOf<AXElementRef>(window, "AXCloseButton");
+    const auto button = attributeOf<AXElementRef>(window, ax::kCloseButton);
     return unless(button && *button && press(**button), SubActionProblem::refused);
   }
   if (kind == Kind::minimizeWindow) {
-    return unless(window.setAttribute("AXMinimized", true), SubActionProblem::windowKept);
+    return unless(window.setAttribute(ax::kMinimized, true), SubActionProblem::windowKept);
   }
   if (kind == Kind::toggleFullScreen) return unless(WindowAX::toggleFullScreen(window), SubActionProblem::windowKept);
   const auto tile = PieSubActionResolver::windowTile(kind);

@@ -3,20 +3,22 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/ax_names.h"
+
 namespace rondora {
 namespace {
 
 using Elements = std::vector<AXElementRef>;
 
 std::optional<Rect> frameOf(const AXElement& window) {
-  const auto origin = attributeOf<Point>(window, "AXPosition");
-  const auto size = attributeOf<Size>(window, "AXSize");
+  const auto origin = attributeOf<Point>(window, ax::kPosition);
+  const auto size = attributeOf<Size>(window, ax::kSize);
   if (!origin || !size) return std::nullopt;
   const bool isFinite = std::isfinite(origin->x + origin->y) && std::isfinite(size->width + size->height);
   return isFinite ? std::optional(Rect{*origin, *size}) : std::nullopt;
 }
 
-bool isFullScreen(const AXElement& window) { return attributeOf<bool>(window, "AXFullScreen") == true; }
+bool isFullScreen(const AXElement& window) { return attributeOf<bool>(window, ax::kFullScreen) == true; }
 
 /// How far the value lies outside the span; 0 inside.
 double gap(double value, double begin, double end) { return std::max({begin - value, value - end, 0.0}); }
@@ -27,15 +29,15 @@ double distance(Point point, const Rect& area) {
 
 /// Sized before and after the move: an application may limit the size by the place at which the window stands.
 bool moveAndResize(AXElement& window, const Rect& frame) {
-  return window.setAttribute("AXSize", frame.size) && window.setAttribute("AXPosition", frame.origin) &&
-         window.setAttribute("AXSize", frame.size);
+  return window.setAttribute(ax::kSize, frame.size) && window.setAttribute(ax::kPosition, frame.origin) &&
+         window.setAttribute(ax::kSize, frame.size);
 }
 
 bool moveToCenter(AXElement& window, Size current, const Rect& area) {
   const Size size{std::min(current.width, area.size.width), std::min(current.height, area.size.height)};
-  if (size != current && !window.setAttribute("AXSize", size)) return false;
+  if (size != current && !window.setAttribute(ax::kSize, size)) return false;
   const Point center = area.center();
-  return window.setAttribute("AXPosition",
+  return window.setAttribute(ax::kPosition,
                              Point{std::round(center.x - size.width * 0.5), std::round(center.y - size.height * 0.5)});
 }
 
@@ -45,11 +47,11 @@ AXElementRef WindowAX::targetWindow(std::int32_t processIdentifier) {
   const AXElementRef application = accessibility_.application(processIdentifier);
   if (!application) return nullptr;
   application->setMessagingTimeout(kMessagingTimeout);
-  for (const char* name : {"AXFocusedWindow", "AXMainWindow"}) {
+  for (const std::string_view name : {ax::kFocusedWindow, ax::kMainWindow}) {
     auto window = attributeOf<AXElementRef>(*application, name).value_or(nullptr);
     if (window && isStandardWindow(*window)) return window;
   }
-  const auto windows = attributeOf<Elements>(*application, "AXWindows").value_or(Elements());
+  const auto windows = attributeOf<Elements>(*application, ax::kWindows).value_or(Elements());
   const auto found = std::find_if(windows.begin(), windows.end(),
                                   [](const AXElementRef& window) { return window && isStandardWindow(*window); });
   return found == windows.end() ? nullptr : *found;
@@ -57,21 +59,21 @@ AXElementRef WindowAX::targetWindow(std::int32_t processIdentifier) {
 
 bool WindowAX::isStandardWindow(AXElement& window) {
   window.setMessagingTimeout(kMessagingTimeout);
-  return attributeOf<std::string>(window, "AXSubrole") == "AXStandardWindow" &&
-         attributeOf<bool>(window, "AXMinimized") != true;
+  return attributeOf<std::string>(window, ax::kSubrole) == ax::kStandardWindow &&
+         attributeOf<bool>(window, ax::kMinimized) != true;
 }
 
 bool WindowAX::canMoveAndResize(const AXElement& window) {
-  return window.isSettable("AXPosition") && window.isSettable("AXSize");
+  return window.isSettable(ax::kPosition) && window.isSettable(ax::kSize);
 }
 
 FullScreenState WindowAX::fullScreenState(const AXElement& window) {
-  if (!window.isSettable("AXFullScreen")) return FullScreenState::unsupported;
+  if (!window.isSettable(ax::kFullScreen)) return FullScreenState::unsupported;
   return isFullScreen(window) ? FullScreenState::on : FullScreenState::off;
 }
 
 bool WindowAX::toggleFullScreen(AXElement& window) {
-  return window.setAttribute("AXFullScreen", !isFullScreen(window));
+  return window.setAttribute(ax::kFullScreen, !isFullScreen(window));
 }
 
 std::optional<Rect> WindowAX::screenFrame(Point point, const std::vector<Rect>& workAreas) {

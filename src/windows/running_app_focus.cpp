@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <utility>
 
+#include "platform/ax_names.h"
+
 namespace rondora {
 namespace {
 
@@ -47,9 +49,11 @@ FrontProcess::EventRecord keyWindowRecord(std::uint32_t window, std::uint8_t pha
   return record;
 }
 
-bool isStandard(const AXElement& window) { return attributeOf<std::string>(window, "AXSubrole") == "AXStandardWindow"; }
+bool isStandard(const AXElement& window) {
+  return attributeOf<std::string>(window, ax::kSubrole) == ax::kStandardWindow;
+}
 
-std::optional<bool> isMinimized(const AXElement& window) { return attributeOf<bool>(window, "AXMinimized"); }
+std::optional<bool> isMinimized(const AXElement& window) { return attributeOf<bool>(window, ax::kMinimized); }
 
 /// The first standard window whose minimised state can be read and is `minimized`.
 AXElementRef firstStandardWindow(const Elements& windows, bool minimized) {
@@ -98,21 +102,21 @@ void RunningAppFocus::raiseWindow(std::uint32_t window, std::int32_t ownerPID, c
   if (!ports_.permissions.isProcessTrusted()) return note(bundleID, "AX not trusted, skip raise");
   const AXElementRef application = ports_.accessibility.application(ownerPID);
   application->setMessagingTimeout(kMessagingTimeout);
-  const auto windows = attributeOf<Elements>(*application, "AXWindows").value_or(Elements());
+  const auto windows = attributeOf<Elements>(*application, ax::kWindows).value_or(Elements());
   const AXElementRef open = firstStandardWindow(windows, false);
   const AXElementRef minimized = open ? nullptr : firstStandardWindow(windows, true);
   if (minimized) {
     note(bundleID, "restoring minimized window");
-    minimized->setAttribute("AXMinimized", false);
-    minimized->setAttribute("AXMain", true);
-    minimized->perform("AXRaise");
+    minimized->setAttribute(ax::kMinimized, false);
+    minimized->setAttribute(ax::kMain, true);
+    minimized->perform(ax::kRaise);
     return;
   }
   AXElementRef target = windowElement(windows, window, ownerPID);
   if (!target) return ports_.spaceSwitcher.switchSpaceWithSystemShortcut(window, bundleID);
   if (open && isMinimized(*target) == true) target = open;
-  target->setAttribute("AXMain", true);
-  if (!target->perform("AXRaise")) ports_.spaceSwitcher.switchSpaceWithSystemShortcut(window, bundleID);
+  target->setAttribute(ax::kMain, true);
+  if (!target->perform(ax::kRaise)) ports_.spaceSwitcher.switchSpaceWithSystemShortcut(window, bundleID);
 }
 
 AXElementRef RunningAppFocus::windowElement(const Elements& windows, std::uint32_t window, std::int32_t ownerPID) {

@@ -5,13 +5,11 @@
 #include <utility>
 #include <vector>
 
+#include "platform/ax_names.h"
 #include "platform/linux/menus/call_batch.h"
 
 namespace rondora::menus {
 namespace {
-
-constexpr std::string_view kChildren = "AXChildren";
-constexpr std::string_view kPress = "AXPress";
 
 /// An element without values.
 class BareElement final : public AXElement {
@@ -49,7 +47,7 @@ class MenuElement final : public AXElement {
   void setMessagingTimeout(double seconds) override { timeout_ = seconds; }
 
   std::optional<AXValue> attribute(std::string_view name) const override {
-    if (name == kChildren) return children();
+    if (name == ax::kChildren) return children();
     return kind_ == Kind::item ? itemAttribute(name) : std::nullopt;
   }
 
@@ -58,7 +56,7 @@ class MenuElement final : public AXElement {
     std::vector<std::optional<AXValue>> values;
     for (const std::string_view name : names) {
       values.push_back(attribute(name));
-      if (name == kChildren && isToRead()) return std::nullopt;
+      if (name == ax::kChildren && isToRead()) return std::nullopt;
     }
     return values;
   }
@@ -66,7 +64,7 @@ class MenuElement final : public AXElement {
   bool isSettable(std::string_view /*name*/) const override { return false; }
   bool setAttribute(std::string_view /*name*/, const AXValue& /*value*/) override { return false; }
   bool perform(std::string_view action) override {
-    return kind_ == Kind::item && action == kPress && source_->press(*node_, timeout_);
+    return kind_ == Kind::item && action == ax::kPress && source_->press(*node_, timeout_);
   }
   std::uint32_t windowNumber() const override { return 0; }
 
@@ -76,11 +74,11 @@ class MenuElement final : public AXElement {
 
  private:
   std::optional<AXValue> itemAttribute(std::string_view name) const {
-    if (name == "AXTitle") return AXValue(node_->title);
-    if (name == "AXEnabled") return AXValue(node_->isEnabled);
+    if (name == ax::kTitle) return AXValue(node_->title);
+    if (name == ax::kEnabled) return AXValue(node_->isEnabled);
     if (!node_->key) return std::nullopt;
-    if (name == "AXMenuItemCmdChar") return AXValue(node_->key->character);
-    if (name == "AXMenuItemCmdModifiers") return AXValue(node_->key->modifiers);
+    if (name == ax::kMenuItemCmdChar) return AXValue(node_->key->character);
+    if (name == ax::kMenuItemCmdModifiers) return AXValue(node_->key->modifiers);
     return std::nullopt;
   }
 
@@ -114,7 +112,7 @@ AXElementRef makeMenuBarElement(std::shared_ptr<MenuSource> source, MenuNodeRef 
 
 void prepareMenus(std::span<const AXElementRef> elements, std::span<const std::string_view> attributes,
                   double seconds) {
-  if (std::find(attributes.begin(), attributes.end(), kChildren) == attributes.end()) return;
+  if (std::find(attributes.begin(), attributes.end(), ax::kChildren) == attributes.end()) return;
   std::map<std::shared_ptr<MenuSource>, std::vector<MenuNodeRef>> levels;
   for (const AXElementRef& element : elements) {
     const auto* menu = dynamic_cast<const MenuElement*>(element.get());

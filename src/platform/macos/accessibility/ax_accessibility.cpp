@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "platform/ax_names.h"
 #include "platform/macos/accessibility/ax_ui_element.h"
 #include "platform/macos/accessibility/private_accessibility.h"
 
@@ -13,7 +14,7 @@ constexpr std::uint64_t kMaxElement = 1000;
 constexpr double kSearchTime = 0.1;        // seconds
 constexpr double kMessagingTimeout = 0.1;  // seconds
 
-bool isWindow(const AXElement& element) { return attributeOf<std::string>(element, "AXRole") == "AXWindow"; }
+bool isWindow(const AXElement& element) { return attributeOf<std::string>(element, ax::kRole) == ax::kWindow; }
 
 }  // namespace
 

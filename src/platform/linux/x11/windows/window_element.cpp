@@ -7,6 +7,7 @@
 #include <tuple>
 #include <utility>
 
+#include "platform/ax_names.h"
 #include "platform/linux/x11/windows/window_activation.h"
 #include "platform/linux/x11/windows/window_manager.h"
 
@@ -44,7 +45,7 @@ class CloseButton final : public AXElement {
   bool setAttribute(std::string_view /*name*/, const AXValue& /*value*/) override { return false; }
   bool perform(std::string_view action) override {
     const auto* connected = worker_.connected();
-    if (action != "AXPress" || !connected || !connected->windows.describe(window_)) return false;
+    if (action != ax::kPress || !connected || !connected->windows.describe(window_)) return false;
     return closeWindows(connected->connection, {&window_, 1});
   }
   std::uint32_t windowNumber() const override { return 0; }
@@ -76,21 +77,21 @@ std::vector<WindowInfo> windowsOf(const WorkerConnection::Connected& connected, 
 std::optional<AXValue> WindowElement::attribute(std::string_view name) const {
   const Connected* connected = worker_.connected();
   if (!connected) return std::nullopt;
-  if (name == "AXPosition" || name == "AXSize") return frameAttribute(*connected, name);
+  if (name == ax::kPosition || name == ax::kSize) return frameAttribute(*connected, name);
   return stateAttribute(*connected, name);
 }
 
 std::optional<AXValue> WindowElement::stateAttribute(const Connected& connected, std::string_view name) const {
   const auto info = connected.windows.describe(window_);
   if (!info) return std::nullopt;
-  if (name == "AXSubrole") {
-    if (!info->isOrdinary) return AXValue(std::string("AXUnknown"));
-    return AXValue(std::string(isDialog(connected.connection) ? "AXDialog" : "AXStandardWindow"));
+  if (name == ax::kSubrole) {
+    if (!info->isOrdinary) return AXValue(std::string(ax::kUnknown));
+    return AXValue(std::string(isDialog(connected.connection) ? ax::kDialog : ax::kStandardWindow));
   }
-  if (name == "AXMinimized") return AXValue(info->isIconified);
-  if (name == "AXMain") return AXValue(isMain(connected, *info));
-  if (name == "AXFullScreen") return AXValue(placement(connected).isFullScreen());
-  if (name == "AXCloseButton") return AXValue(AXElementRef(std::make_shared<CloseButton>(worker_, window_)));
+  if (name == ax::kMinimized) return AXValue(info->isIconified);
+  if (name == ax::kMain) return AXValue(isMain(connected, *info));
+  if (name == ax::kFullScreen) return AXValue(placement(connected).isFullScreen());
+  if (name == ax::kCloseButton) return AXValue(AXElementRef(std::make_shared<CloseButton>(worker_, window_)));
   return std::nullopt;
 }
 
@@ -100,7 +101,7 @@ std::optional<AXValue> WindowElement::frameAttribute(const Connected& connected,
   if (!frame) return std::nullopt;
   const PixelRect visible = frame->visible();
   const double scale = 1 / connected.connection.pixelsPerPoint();
-  if (name == "AXPosition") return AXValue(Point{visible.x * scale, visible.y * scale});
+  if (name == ax::kPosition) return AXValue(Point{visible.x * scale, visible.y * scale});
   return AXValue(Size{visible.width * scale, visible.height * scale});
 }
 
@@ -126,21 +127,21 @@ bool WindowElement::isSettable(std::string_view name) const {
   const Connected* connected = worker_.connected();
   if (!connected) return false;
   const WindowPlacement place = placement(*connected);
-  if (name == "AXPosition") return place.canMove();
-  if (name == "AXSize") return place.canResize();
-  if (name == "AXFullScreen") return place.canFullScreen();
-  return name == "AXMinimized" && place.canMinimize();
+  if (name == ax::kPosition) return place.canMove();
+  if (name == ax::kSize) return place.canResize();
+  if (name == ax::kFullScreen) return place.canFullScreen();
+  return name == ax::kMinimized && place.canMinimize();
 }
 
 bool WindowElement::setAttribute(std::string_view name, const AXValue& value) {
   const Connected* connected = worker_.connected();
   if (!connected) return false;
-  if (const auto* origin = std::get_if<Point>(&value)) return name == "AXPosition" && moveTo(*connected, *origin);
-  if (const auto* size = std::get_if<Size>(&value)) return name == "AXSize" && resizeTo(*connected, *size);
+  if (const auto* origin = std::get_if<Point>(&value)) return name == ax::kPosition && moveTo(*connected, *origin);
+  if (const auto* size = std::get_if<Size>(&value)) return name == ax::kSize && resizeTo(*connected, *size);
   const auto* isOn = std::get_if<bool>(&value);
   if (!isOn) return false;
-  if (name == "AXFullScreen") return placement(*connected).setFullScreen(*isOn);
-  return name == "AXMinimized" && setMinimized(*connected, *isOn);
+  if (name == ax::kFullScreen) return placement(*connected).setFullScreen(*isOn);
+  return name == ax::kMinimized && setMinimized(*connected, *isOn);
 }
 
 bool WindowElement::moveTo(const Connected& connected, Point origin) {
@@ -182,7 +183,7 @@ bool WindowElement::setMinimized(const Connected& connected, bool isMinimized) c
 
 bool WindowElement::perform(std::string_view action) {
   Connected* connected = worker_.connected();
-  return connected && action == "AXRaise" && raise(*connected);
+  return connected && action == ax::kRaise && raise(*connected);
 }
 
 bool WindowElement::raise(Connected& connected) const {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <memory>
 
+#include "platform/ax_names.h"
 #include "platform/linux/x11/windows/window_element.h"
 
 namespace rondora::x11 {
@@ -46,16 +47,16 @@ std::optional<AXValue> ApplicationElement::attribute(std::string_view name) cons
   const Connected* connected = worker_.connected();
   if (!connected) return std::nullopt;
   const auto windows = windowsOf(*connected, owners_, processIdentifier_);
-  if (name == "AXWindows") {
+  if (name == ax::kWindows) {
     std::vector<AXElementRef> elements;
     elements.reserve(windows.size());
     for (const WindowInfo& window : windows) elements.push_back(element(window));
     return AXValue(std::move(elements));
   }
   if (windows.empty()) return std::nullopt;
-  if (name == "AXFocusedWindow") return AXValue(element(*focused(*connected, windows)));
-  if (name == "AXMainWindow") return AXValue(element(windows.front()));
-  if (name == "AXMenuBar" && menus_) return menuBar(*connected, windows);
+  if (name == ax::kFocusedWindow) return AXValue(element(*focused(*connected, windows)));
+  if (name == ax::kMainWindow) return AXValue(element(windows.front()));
+  if (name == ax::kMenuBar && menus_) return menuBar(*connected, windows);
   return std::nullopt;
 }
 
