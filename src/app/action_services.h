@@ -44,7 +44,7 @@ struct ActionServices {
                          ports.keyEvents, ports.workspace, ports.mainQueue, ports.clock, ports.log}),
         spaceSwitcher({ports.spaces, ports.symbolicHotKeys, ports.keyEvents, ports.clock, ports.log}),
         runningAppFocus({ports.workspace, ports.windowList, ports.frontProcess, ports.permissions, ports.accessibility,
-                         spaceSwitcher, ports.log},
+                         spaceSwitcher, ports.clock, ports.log},
                         std::move(accessibilityQueue)),
         appLauncher({ports.workspace, ports.pasteboard, keystrokeSender, ports.mainQueue, ports.clock, ports.log,
                      [this](const RunningApplication& application) { return runningAppFocus.focus(application); },

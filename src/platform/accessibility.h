@@ -24,7 +24,7 @@ class AXElement {
  public:
   virtual ~AXElement() = default;
 
-  /// Timeout in seconds of each call below.
+  /// Timeout in seconds of each call below; 0 for the system's own.
   virtual void setMessagingTimeout(double seconds) = 0;
   virtual std::optional<AXValue> attribute(std::string_view name) const = 0;
   /// Values of several attributes in one call, in the order of `names`; an attribute that the element lacks has none.

@@ -103,20 +103,27 @@ void RunningAppFocus::raiseWindow(std::uint32_t window, std::int32_t ownerPID, c
   const AXElementRef application = ports_.accessibility.application(ownerPID);
   application->setMessagingTimeout(kMessagingTimeout);
   const auto windows = attributeOf<Elements>(*application, ax::kWindows).value_or(Elements());
+  for (const AXElementRef& each : windows) each->setMessagingTimeout(kMessagingTimeout);
   const AXElementRef open = firstStandardWindow(windows, false);
   const AXElementRef minimized = open ? nullptr : firstStandardWindow(windows, true);
   if (minimized) {
     note(bundleID, "restoring minimized window");
     minimized->setAttribute(ax::kMinimized, false);
-    minimized->setAttribute(ax::kMain, true);
-    minimized->perform(ax::kRaise);
+    raise(*minimized);
     return;
   }
   AXElementRef target = windowElement(windows, window, ownerPID);
   if (!target) return ports_.spaceSwitcher.switchSpaceWithSystemShortcut(window, bundleID);
   if (open && isMinimized(*target) == true) target = open;
-  target->setAttribute(ax::kMain, true);
-  if (!target->perform(ax::kRaise)) ports_.spaceSwitcher.switchSpaceWithSystemShortcut(window, bundleID);
+  if (!raise(*target)) ports_.spaceSwitcher.switchSpaceWithSystemShortcut(window, bundleID);
+}
+
+/// An application that is busy raises its window later: no answer in time is no refusal.
+bool RunningAppFocus::raise(AXElement& window) const {
+  window.setMessagingTimeout(kMessagingTimeout);
+  window.setAttribute(ax::kMain, true);
+  const double start = ports_.clock.uptime();
+  return window.perform(ax::kRaise) || ports_.clock.uptime() - start >= kMessagingTimeout;
 }
 
 AXElementRef RunningAppFocus::windowElement(const Elements& windows, std::uint32_t window, std::int32_t ownerPID) {

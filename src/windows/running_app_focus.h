@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/accessibility.h"
+#include "platform/clock.h"
 #include "platform/front_process.h"
 #include "platform/log.h"
 #include "platform/permission_service.h"
@@ -33,6 +34,7 @@ class RunningAppFocus {
     /// Used on the accessibility queue only.
     Accessibility& accessibility;
     SpaceSwitcher& spaceSwitcher;
+    const Clock& clock;
     Log& log;
   };
 
@@ -53,6 +55,7 @@ class RunningAppFocus {
  private:
   bool fail(const std::string& bundleID, const std::string& reason);
   void note(const std::string& bundleID, const std::string& what);
+  bool raise(AXElement& window) const;
   AXElementRef windowElement(const std::vector<AXElementRef>& windows, std::uint32_t window, std::int32_t ownerPID);
 
   Ports ports_;

@@ -40,6 +40,7 @@ struct FocusStory : Focus, Story {
 
   FocusStory() {
     auto& server = desktop_.windowServer;
+    desktop_.accessibility.calls.clock = &desktop_.time;
     actions = {{"window", [this](W w) { addWindow(w); }},
                {"unlisted", [this](W w) { desktop_.accessibility.addUnlistedWindow(w.at(0), kWindow, false); }},
                {"unnamed", [this](W) { editor_.bundleIdentifier.reset(); }},
@@ -65,6 +66,7 @@ struct FocusStory : Focus, Story {
     const auto window = desktop_.accessibility.addWindow(pid_, w.at(0), static_cast<std::uint32_t>(std::stoul(w.at(1))),
                                                          minimized, w.size() > 3 ? w[3] : "AXStandardWindow");
     if (w.at(2) == "stubborn") window->refusedActions = {"AXRaise"};
+    window->hangs = w.at(2) == "hanging";
   }
 
   bool succeeded = false;
