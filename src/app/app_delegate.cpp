@@ -207,8 +207,10 @@ void AppDelegate::permissionsChanged(const PermissionsSnapshot& snapshot) {
 
 void AppDelegate::relaunchIfTapIsDeaf() {
   const HotkeyHIDTap* tap = hotkeyManager()->hidTap();
-  if (tap != nullptr && tap->hasPort() && !tap->deliversKeyEvents())
-    AppRelauncher(services_.shell, services_.mainQueue).relaunch();
+  if (tap == nullptr || !tap->hasPort() || tap->deliversKeyEvents()) return;
+  // First: what this instance gave back later, it would take from the new one.
+  triggers_.tearDown();
+  AppRelauncher(services_.shell, services_.mainQueue).relaunch();
 }
 
 void AppDelegate::evaluateStatusItemVisibility(HiddenStatusItem reaction) {

@@ -340,7 +340,7 @@ TEST_F(RunningProgramTest, FloodOfRequestsCostsFewRings) {
 }
 
 TEST_F(RunningProgramTest, RelaunchesForATapThatAPermissionLeavesDeaf) {
-  launchWith({menu("fn", {kFnKeyCode, 0})});
+  launchWith({menu("fn", {kFnKeyCode, 0}), menu("tab", {kTabKeyCode, carbon::kCommand})});
   for (const bool isDeaf : {false, true}) {
     desktop.keyboard.taps.isDeaf = isDeaf;
     for (const bool isTrusted : {false, true}) {
@@ -348,6 +348,7 @@ TEST_F(RunningProgramTest, RelaunchesForATapThatAPermissionLeavesDeaf) {
       desktop.time.advance(5);
     }
     EXPECT_EQ(static_cast<bool>(desktop.shell.openingInstance), isDeaf);
+    EXPECT_EQ(desktop.keyboard.taps.switchedOff.empty(), isDeaf) << "the new instance is to take the switcher's keys";
   }
 }
 
