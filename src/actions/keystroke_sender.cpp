@@ -11,7 +11,6 @@
 namespace rondora {
 namespace {
 
-constexpr double kMaxWait = 0.5;    // seconds, for the target
 constexpr double kMaxRingWait = 3;  // seconds, for a ring to close
 constexpr double kKeyHold = 0.012;  // seconds
 
@@ -30,7 +29,7 @@ void KeystrokeSender::perform(std::int64_t keyCode, std::int64_t modifiers, std:
     ports_.log.error("keystroke skipped: Accessibility permission not granted");
     return request.end(ActionFailure{ActionProblem::keysRefused});
   }
-  const WallTime deadline = ports_.clock.now() + kMaxWait;
+  const WallTime deadline = ports_.clock.now() + kMaxFrontmostWait;
   ports_.whenFrontmost(targetPID, deadline, weakSelf_.bind([request](KeystrokeSender& self) {
     if (self.ports_.keyEvents.reachesApplications()) return self.type(request);
     trace::line("keystroke: key ", request.keyCode, " waits for the open ring");
@@ -45,7 +44,7 @@ void KeystrokeSender::waitForRing(const Request& request, RingWait wait) {
   const bool isClosed = ports_.keyEvents.reachesApplications();
   if (isClosed && isFrontmost(request.targetPID)) return type(request);
   const double uptime = ports_.clock.uptime();
-  if (isClosed && !wait.ringWasClosed) wait = {std::min(wait.latestUptime, uptime + kMaxWait), true};
+  if (isClosed && !wait.ringWasClosed) wait = {std::min(wait.latestUptime, uptime + kMaxFrontmostWait), true};
   if (uptime >= wait.latestUptime) {
     ports_.log.error(isClosed ? "keystroke skipped: the target was not frontmost after the ring closed"
                               : "keystroke skipped: the ring stayed open");

@@ -11,6 +11,7 @@
 #include "commands/application_snapshot_reader.h"
 #include "commands/pie_sub_action_resolver.h"
 #include "commands/pie_sub_action_runner.h"
+#include "windows/frontmost_app_waiter.h"
 
 namespace rondora {
 
@@ -29,11 +30,17 @@ struct CommandServices {
     std::function<std::string(const MenuShortcut&)> keyEquivalent;
     std::function<std::vector<AppSubMenuEntry>(std::string_view bundleIdentifier)> entries;
     PieSubActionRunner::Ended ended;
+    /// Brings a running application forward; false when it could not. Without it the workspace activates it.
+    std::function<bool(const RunningApplication&)> focus = {};
   };
 
   /// `serialQueue` carries the label PieSubActionRunner::kQueueLabel.
   CommandServices(const Ports& ports, std::unique_ptr<SerialQueue> serialQueue)
-      : reader(ports.accessibility, ports.clock),
+      : workspace(ports.workspace),
+        clock(ports.clock),
+        focus(ports.focus),
+        frontmostAppWaiter(ports.workspace, ports.mainQueue, ports.clock, ports.log),
+        reader(ports.accessibility, ports.clock),
         resolver({ports.workspace,
                   ports.mainQueue,
                   ports.clock,
@@ -43,7 +50,11 @@ struct CommandServices {
                   {ports.localization, ports.keyEquivalent},
                   ports.entries}),
         runner({ports.workspace, ports.screens, ports.mainQueue, ports.clock, ports.permissions, ports.log,
-                *serialQueue, readings, ports.accessibility, resolver, ports.ended}),
+                *serialQueue, readings, ports.accessibility, resolver,
+                [this](const RunningApplication& application, std::function<void()> then) {
+                  bringForward(application, std::move(then));
+                },
+                ports.ended}),
         catalog({ports.mainQueue, ports.clock, *serialQueue, readings, ports.accessibility}),
         queue(std::move(serialQueue)) {}
   CommandServices(const CommandServices&) = delete;
@@ -54,6 +65,17 @@ struct CommandServices {
     runner.cancel();
   }
 
+  void bringForward(const RunningApplication& application, std::function<void()> then) {
+    const auto front = workspace.frontmostApplication();
+    const bool isInFront = front && front->processIdentifier == application.processIdentifier;
+    if (!isInFront && !(focus && focus(application))) workspace.activate(application);
+    frontmostAppWaiter.poll(application.processIdentifier, clock.now() + kMaxFrontmostWait, std::move(then));
+  }
+
+  Workspace& workspace;
+  const Clock& clock;
+  std::function<bool(const RunningApplication&)> focus;
+  FrontmostAppWaiter frontmostAppWaiter;
   QueueReadings readings;
   ApplicationSnapshotReader reader;
   PieSubActionResolver resolver;

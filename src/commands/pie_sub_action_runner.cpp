@@ -41,6 +41,11 @@ void PieSubActionRunner::perform(const PieSubAction& action, const std::optional
   } else if (action.kind == Kind::quitApp) {
     const bool isAsked = services_.workspace.terminate(*previousApp);
     ended(action, *previousApp, isAsked ? Outcome() : SubActionProblem::refused);
+  } else if (action.kind == Kind::menuItem) {
+    // Menus act on the window that has the keyboard.
+    services_.bringForward(*previousApp, weakSelf_.bind([action, application = *previousApp](PieSubActionRunner& self) {
+      self.performOnQueue(action, application);
+    }));
   } else {
     performOnQueue(action, *previousApp);
   }

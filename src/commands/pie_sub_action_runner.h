@@ -39,6 +39,8 @@ class PieSubActionRunner final : public SubActions {
     /// Used on the queue only.
     Accessibility& accessibility;
     PieSubActionResolver& resolver;
+    /// Brings the application to the front if it is not there, and then calls, at the latest after kMaxFrontmostWait.
+    std::function<void(const RunningApplication&, std::function<void()>)> bringForward;
     /// Called on the main thread when a command has worked or failed. May be empty.
     Ended ended;
   };

@@ -47,6 +47,8 @@ enum class StartedProcess {
 
 /// Between two looks of a wait for an application to come to the front, in seconds.
 inline constexpr double kFrontmostPollInterval = 0.02;
+/// The longest such wait, in seconds.
+inline constexpr double kMaxFrontmostWait = 0.5;
 
 /// Running and installed applications. Main thread. Requests without a result have no effect when they fail.
 class Workspace {

@@ -15,7 +15,7 @@ namespace rondora {
 /// Waits, without blocking, until a process is frontmost. Main thread.
 class FrontmostAppWaiter {
  public:
-  FrontmostAppWaiter(Workspace& workspace, MainQueue& mainQueue, Clock& clock, Log& log)
+  FrontmostAppWaiter(Workspace& workspace, MainQueue& mainQueue, const Clock& clock, Log& log)
       : workspace_(workspace), mainQueue_(mainQueue), clock_(clock), log_(log) {}
 
   /// Runs `then` once: immediately when `pid` is absent or already frontmost, otherwise when a later poll finds it
@@ -36,7 +36,7 @@ class FrontmostAppWaiter {
 
   Workspace& workspace_;
   MainQueue& mainQueue_;
-  Clock& clock_;
+  const Clock& clock_;
   Log& log_;
   WeakSelf<FrontmostAppWaiter> weakSelf_{this};
 };

@@ -251,6 +251,21 @@ TEST_F(CommandServicesTest, RunsEachKindOfCommand) {
   EXPECT_EQ(run(entry(Kind::quitApp)), "none none") << "it has ended";
 }
 
+TEST_F(CommandServicesTest, PressesAMenuItemWhenItsApplicationIsInFront) {
+  desktop.workspace.bringForward(viewer.processIdentifier);
+  EXPECT_EQ(run(menuItem("New")), "New: AXPress worked");
+  EXPECT_EQ(desktop.workspace.frontmostApplication()->processIdentifier, editor.processIdentifier);
+
+  desktop.workspace.bringForward(viewer.processIdentifier);
+  desktop.workspace.closeWindows(editor.processIdentifier);
+  desktop.accessibility.journal.clear();
+  commands.runner.perform({"", "", Kind::menuItem, {"File", "New"}, {}}, editor);
+  desktop.time.advance(0.4);
+  EXPECT_THAT(desktop.accessibility.journal, ElementsAre()) << "it may come yet";
+  desktop.time.advance(0.2);
+  EXPECT_THAT(desktop.accessibility.journal, ElementsAre("New: AXPress"));
+}
+
 TEST_F(CommandServicesTest, CatalogListsEveryCommandOnce) {
   Words listed;
   commands.catalog.list(editor.processIdentifier, [&](const AppMenuCatalog::Listing& listing) {
