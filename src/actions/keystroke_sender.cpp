@@ -67,9 +67,12 @@ std::optional<ActionFailure> KeystrokeSender::post(std::int64_t keyCode, std::in
     ports_.log.error("keystroke: failed to create CGEvent for key " + std::to_string(keyCode));
     return ActionFailure{ActionProblem::noSuchKey};
   }
-  ports_.keyEvents.post(*down, KeyEventTap::session);
+  const bool isPressed = ports_.keyEvents.post(*down, KeyEventTap::session);
   ports_.clock.sleep(kKeyHold);
-  ports_.keyEvents.post(*up, KeyEventTap::session);
+  if (!ports_.keyEvents.post(*up, KeyEventTap::session) || !isPressed) {
+    ports_.log.error("keystroke: the system did not take key " + std::to_string(keyCode));
+    return ActionFailure{ActionProblem::keysRefused};
+  }
   const auto frontmost = ports_.workspace.frontmostApplication();
   ports_.log.standard("keystroke sent: key=" + std::to_string(keyCode) + " flags=" + std::to_string(down->flags) +
                       " front=" + (frontmost ? frontmost->bundleIdentifier.value_or("?") : "?"));

@@ -45,8 +45,8 @@ class KeyEventPoster {
   /// False while our own overlay would receive the typed key.
   virtual bool reachesApplications() const = 0;
   /// Keys that the user holds do not change what the receiver sees, and posting does not change their state for the
-  /// user.
-  virtual void post(const SyntheticKeyEvent& event, KeyEventTap tap) = 0;
+  /// user. False when the system did not take the event.
+  virtual bool post(const SyntheticKeyEvent& event, KeyEventTap tap) = 0;
 };
 
 }  // namespace rondora

@@ -25,14 +25,17 @@ class FakeKeyEvents final : public KeyEventPoster {
     return SyntheticKeyEvent{source, keyCode, isDown, flags.all()};
   }
   bool reachesApplications() const override { return !isTakenByOverlay; }
-  void post(const SyntheticKeyEvent& event, KeyEventTap tap) override {
-    posted.push_back({event, tap, clock_.uptime()});
+  bool post(const SyntheticKeyEvent& event, KeyEventTap tap) override {
+    if (!refusesDown || !event.isDown) posted.push_back({event, tap, clock_.uptime()});
+    return !refusesDown || !event.isDown;
   }
 
   std::set<std::uint16_t> missingKeys;
   /// Event flags of modifiers that the keyboard lacks.
   std::uint64_t missingModifiers = 0;
   bool isTakenByOverlay = false;
+  /// The system takes no press.
+  bool refusesDown = false;
   std::vector<Posted> posted;
 
  private:

@@ -115,6 +115,12 @@ TEST(RingBeforeKeystroke, KeyIsTypedIntoTheTargetOrNowhere) {
   }
 }
 
+TEST_F(KeystrokeSenderTest, KeyThatTheSystemDoesNotTakeIsTold) {
+  desktop_.keyEvents.refusesDown = true;
+  EXPECT_EQ(sender_.post(8, 0), ActionFailure{ActionProblem::keysRefused});
+  EXPECT_EQ(desktop_.keyEvents.posted.size(), 1U) << "the release comes all the same";
+}
+
 TEST_F(KeystrokeSenderTest, ImpossibleKeyIsLoggedAndTypesNothing) {
   desktop_.keyEvents.missingKeys = {200};
   desktop_.keyEvents.missingModifiers = event_flags::kFunction;

@@ -1,22 +1,24 @@
 #include "platform/macos/keyboard/quartz_key_event_poster.h"
 
-#include <CoreGraphics/CoreGraphics.h>
-
-#include "platform/macos/foundation/cf_ref.h"
-
 namespace rondora::macos {
 namespace {
 
-CGEventSourceStateID stateOf(KeyEventSourceState source) {
-  return source == KeyEventSourceState::privateState ? kCGEventSourceStatePrivate : kCGEventSourceStateHIDSystemState;
-}
-
-CFRef<CGEventRef> makeEvent(const SyntheticKeyEvent& event) {
-  const auto source = CFRef<CGEventSourceRef>::adopt(CGEventSourceCreate(stateOf(event.source)));
-  return CFRef<CGEventRef>::adopt(CGEventCreateKeyboardEvent(source.get(), event.keyCode, event.isDown));
+CFRef<CGEventSourceRef> makeSource(CGEventSourceStateID state) {
+  return CFRef<CGEventSourceRef>::adopt(CGEventSourceCreate(state));
 }
 
 }  // namespace
+
+QuartzKeyEventPoster::QuartzKeyEventPoster()
+    : private_(makeSource(kCGEventSourceStatePrivate)), hardware_(makeSource(kCGEventSourceStateHIDSystemState)) {}
+
+CGEventSourceRef QuartzKeyEventPoster::sourceOf(KeyEventSourceState state) const {
+  return (state == KeyEventSourceState::privateState ? private_ : hardware_).get();
+}
+
+CFRef<CGEventRef> QuartzKeyEventPoster::makeEvent(const SyntheticKeyEvent& event) const {
+  return CFRef<CGEventRef>::adopt(CGEventCreateKeyboardEvent(sourceOf(event.source), event.keyCode, event.isDown));
+}
 
 std::optional<SyntheticKeyEvent> QuartzKeyEventPoster::makeKeyEvent(KeyEventSourceState source, std::uint16_t keyCode,
                                                                     bool isDown, const KeyFlags& flags) {
@@ -26,11 +28,12 @@ std::optional<SyntheticKeyEvent> QuartzKeyEventPoster::makeKeyEvent(KeyEventSour
   return event;
 }
 
-void QuartzKeyEventPoster::post(const SyntheticKeyEvent& event, KeyEventTap tap) {
+bool QuartzKeyEventPoster::post(const SyntheticKeyEvent& event, KeyEventTap tap) {
   const auto made = makeEvent(event);
-  if (!made) return;
+  if (!made) return false;
   CGEventSetFlags(made.get(), event.flags);
   CGEventPost(tap == KeyEventTap::session ? kCGSessionEventTap : kCGHIDEventTap, made.get());
+  return true;
 }
 
 }  // namespace rondora::macos

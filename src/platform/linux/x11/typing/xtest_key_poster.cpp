@@ -46,7 +46,7 @@ std::optional<SyntheticKeyEvent> XTestKeyPoster::makeKeyEvent(KeyEventSourceStat
   return SyntheticKeyEvent{source, keyCode, isDown, flags.all(), *key};
 }
 
-void XTestKeyPoster::post(const SyntheticKeyEvent& event, KeyEventTap /*tap*/) {
+bool XTestKeyPoster::post(const SyntheticKeyEvent& event, KeyEventTap /*tap*/) {
   if (event.isDown) {
     const int locked = (event.flags & kAlphaShift) != 0 ? XCB_MOD_MASK_LOCK : 0;
     keys_.ungrabHeldKeys();
@@ -59,6 +59,7 @@ void XTestKeyPoster::post(const SyntheticKeyEvent& event, KeyEventTap /*tap*/) {
   }
   connection_.flush();
   if (!event.isDown) typed_.send(false);
+  return true;
 }
 
 // The user may have released the key before the watch began.

@@ -30,7 +30,7 @@ class XTestKeyPoster final : public KeyEventPoster {
   std::optional<SyntheticKeyEvent> makeKeyEvent(KeyEventSourceState source, std::uint16_t keyCode, bool isDown,
                                                 const KeyFlags& flags) override;
   bool reachesApplications() const override { return !keys_.overlayHasKeyboard(); }
-  void post(const SyntheticKeyEvent& event, KeyEventTap tap) override;
+  bool post(const SyntheticKeyEvent& event, KeyEventTap tap) override;
   /// True before a key is pressed, false once it is released.
   [[nodiscard]] Subscription onTyping(std::function<void(bool isDown)> observer) const {
     return typed_.subscribe(std::move(observer));
