@@ -9,6 +9,7 @@
 #include "app/composition_macos_settings.h"
 #include "app/platform.h"
 #include "app/program.h"
+#include "input/hotkeys/crash_safe_hot_key_switch.h"
 #include "input/hotkeys/hotkey_display.h"
 #include "platform/curl/curl_network_fetch.h"
 #include "platform/macos/accessibility/ax_accessibility.h"
@@ -96,7 +97,8 @@ struct CompositionMacOS::Running {
   macos::CarbonHotkeyService hotkeys;
   macos::QuartzEventTaps eventTaps;
   macos::CarbonSecureInput secureInput;
-  macos::SkyLightHotKeySwitch hotKeySwitch;
+  macos::SkyLightHotKeySwitch systemHotKeySwitch;
+  CrashSafeHotKeySwitch hotKeySwitch{systemHotKeySwitch, defaults};
   macos::SymbolicHotKeyPreferences symbolicHotKeys;
   macos::QuartzKeyEventPoster keyEvents;
   macos::AppKitEventMonitors eventMonitors;

@@ -9,6 +9,7 @@
 
 #include "doubles/allocation_counter.h"
 #include "doubles/fake_platform.h"
+#include "input/hotkeys/crash_safe_hot_key_switch.h"
 
 namespace rondora {
 namespace {
@@ -176,6 +177,22 @@ TEST(NativeAppSwitcher, KeepsItsBookWhereTheSystemHasNoSwitch) {
   taps.hasSwitch = true;
   switcher.suspend(false, true);
   EXPECT_EQ(taps.switches, std::vector<std::string>{"on1"});
+}
+
+TEST(CrashSafeHotKeySwitch, SwitchesOnAfterACrashWhatTheProgramLeftOff) {
+  FakeEventTaps taps;
+  FakeUserDefaults defaults;
+  CrashSafeHotKeySwitch crashed(taps, defaults);
+  NativeAppSwitcher(crashed).suspend(true, false);
+  CrashSafeHotKeySwitch next(taps, defaults);
+  EXPECT_EQ(taps.switches, (std::vector<std::string>{"off1", "on1"}));
+
+  NativeAppSwitcher switcher(next);
+  switcher.suspend(true, true);
+  switcher.suspend(false, true);
+  taps.switches.clear();
+  const CrashSafeHotKeySwitch last(taps, defaults);
+  EXPECT_EQ(taps.switches, std::vector<std::string>{"on2"});
 }
 
 }  // namespace
