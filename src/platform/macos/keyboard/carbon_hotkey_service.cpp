@@ -5,6 +5,8 @@
 #include <array>
 #include <utility>
 
+#include "model/hotkey_config.h"
+
 namespace rondora::macos {
 namespace {
 
@@ -12,8 +14,14 @@ namespace {
 static_assert(::kEventHotKeyPressed == rondora::kEventHotKeyPressed);
 static_assert(::kEventHotKeyReleased == rondora::kEventHotKeyReleased);
 static_assert(sizeof(::EventHotKeyID) == 8);
+// Masks and key codes are the document's own.
+static_assert(carbon::kCommand == cmdKey && carbon::kShift == shiftKey && carbon::kOption == optionKey);
+static_assert(carbon::kControl == controlKey && carbon::kFunction == kEventKeyModifierFnMask);
+static_assert(kFnKeyCode == kVK_Function && kTabKeyCode == kVK_Tab && kEscapeKeyCode == kVK_Escape);
 
 constexpr OptionBits kNoOptions = 0;
+/// Hot keys wait while one of our menus is open, and would all come at its end.
+constexpr EventTime kMaxPressAge = 1;  // seconds
 constexpr std::array<EventTypeSpec, 2> kEvents = {
     {{kEventClassKeyboard, ::kEventHotKeyPressed}, {kEventClassKeyboard, ::kEventHotKeyReleased}}};
 
@@ -24,7 +32,9 @@ OSStatus handle(EventHandlerCallRef /*next*/, EventRef event, void* context) {
   if (GetEventParameter(event, kEventParamDirectObject, typeEventHotKeyID, nullptr, sizeof id, nullptr, &id) != noErr) {
     return handler(nullptr);
   }
-  const HotKeyEvent hotKeyEvent{.kind = GetEventKind(event), .id = {id.signature, id.id}};
+  const UInt32 kind = GetEventKind(event);
+  if (kind == ::kEventHotKeyPressed && GetCurrentEventTime() - GetEventTime(event) > kMaxPressAge) return noErr;
+  const HotKeyEvent hotKeyEvent{.kind = kind, .id = {id.signature, id.id}};
   return handler(&hotKeyEvent);
 }
 

@@ -18,6 +18,7 @@ typedef struct OpaqueEventHandlerRef* EventHandlerRef;
 typedef struct OpaqueEventTargetRef* EventTargetRef;
 typedef OSType EventParamName;
 typedef OSType EventParamType;
+typedef double EventTime;
 enum { kEventClassKeyboard = 'keyb' };
 enum { kEventHotKeyPressed = 5, kEventHotKeyReleased = 6 };
 enum { kEventParamDirectObject = '----', typeEventHotKeyID = 'hkid' };
@@ -32,6 +33,8 @@ OSStatus InstallEventHandler(EventTargetRef inTarget, EventHandlerUPP inHandler,
                              const EventTypeSpec* inList, void* inUserData, EventHandlerRef* outRef);
 OSStatus RemoveEventHandler(EventHandlerRef inHandlerRef);
 UInt32 GetEventKind(EventRef inEvent);
+EventTime GetEventTime(EventRef inEvent);
+EventTime GetCurrentEventTime(void);
 OSStatus GetEventParameter(EventRef inEvent, EventParamName inName, EventParamType inDesiredType,
                            EventParamType* outActualType, ByteCount inBufferSize, ByteCount* outActualSize,
                            void* outData);
@@ -45,6 +48,11 @@ typedef struct EventHotKeyID {
 OSStatus RegisterEventHotKey(UInt32 inHotKeyCode, UInt32 inHotKeyModifiers, EventHotKeyID inHotKeyID,
                              EventTargetRef inTarget, OptionBits inOptions, EventHotKeyRef* outRef);
 OSStatus UnregisterEventHotKey(EventHotKeyRef inHotKey);
+
+// Carbon Event Manager Reference: modifiers and virtual key codes
+enum { cmdKey = 1 << 8, shiftKey = 1 << 9, optionKey = 1 << 11, controlKey = 1 << 12 };
+enum { kEventKeyModifierFnMask = 1 << 17 };
+enum { kVK_Tab = 0x30, kVK_Escape = 0x35, kVK_Function = 0x3F };
 
 // Archive: Carbon Event Manager Reference
 enum { kHIHotKeyModeAllDisabled = 1 << 0 };
