@@ -21,5 +21,29 @@ TEST(KeyEventFlags, LeavesOutWhatNobodyHolds) {
   for (const Case& each : cases) EXPECT_EQ(heldModifiers(each.flags, each.keyCode), each.held) << each.flags;
 }
 
+TEST(HeldFnTest, MarkedKeysHaveFnWhileItIsHeld) {
+  constexpr std::uint32_t kDown = 10, kUp = 11, kFlags = 12;
+  constexpr std::uint64_t kFn = 0x800000, kShift = 0x20000;
+  struct Event {
+    std::uint32_t type;
+    std::int64_t keyCode;
+    std::uint64_t flags;
+    std::uint64_t told;
+  };
+  const Event events[] = {{kDown, 96, kFn | kShift, kShift},         // Shift-F5
+                          {kFlags, 56, kShift | kFn, kShift | kFn},  // Shift, not Fn
+                          {kDown, 96, kFn, 0},
+                          {kFlags, 63, kFn, kFn},
+                          {kDown, 96, kFn, kFn},
+                          {kDown, 0, kFn, kFn},
+                          {kFlags, 63, 0, 0},
+                          {kUp, 96, kFn, 0},
+                          {kDown, 123, 0xA00000, 0x200000},  // Left
+                          {kDown, 0, kFn, kFn}};             // no mark: the system knows better
+  HeldFn fn;
+  for (const Event& each : events)
+    EXPECT_EQ(fn.flagsOf(each.type, each.keyCode, each.flags), each.told) << each.keyCode;
+}
+
 }  // namespace
 }  // namespace rondora::macos

@@ -12,4 +12,14 @@ namespace rondora::macos {
 /// for flags that belong to no key.
 std::uint64_t heldModifiers(std::uint64_t flags, std::optional<std::uint16_t> keyCode);
 
+/// Whether Fn is held, by the changes of modifiers that an event tap reports: the marks of keys do not tell.
+class HeldFn {
+ public:
+  /// The event's flags; those of a press or release of a marked key have Fn while it is held and only then.
+  std::uint64_t flagsOf(std::uint32_t type, std::int64_t keyCode, std::uint64_t flags);
+
+ private:
+  bool isHeld_ = false;
+};
+
 }  // namespace rondora::macos

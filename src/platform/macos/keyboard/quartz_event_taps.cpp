@@ -1,12 +1,13 @@
 #include "platform/macos/keyboard/quartz_event_taps.h"
 
-#include <CoreGraphics/CoreGraphics.h>
+#include <ApplicationServices/ApplicationServices.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <utility>
 
 #include "platform/key_event.h"
+#include "platform/macos/conversions/key_event_flags.h"
 #include "platform/macos/conversions/swallowed_keys.h"
 #include "platform/macos/foundation/cf_ref.h"
 #include "platform/macos/foundation/run_loop_source.h"
@@ -23,6 +24,11 @@ static_assert(event_flags::kShift == kCGEventFlagMaskShift && event_flags::kCont
 static_assert(event_flags::kOption == kCGEventFlagMaskAlternate && event_flags::kCommand == kCGEventFlagMaskCommand);
 static_assert(event_flags::kFunction == kCGEventFlagMaskSecondaryFn);
 static_assert(event_flags::kNumericPad == kCGEventFlagMaskNumericPad);
+
+/// The system has switched the tap off: not an event of a key, and keys may have come and gone since.
+bool isDisabled(std::uint32_t type) {
+  return type == tap_events::kDisabledByTimeout || type == tap_events::kDisabledByUserInput;
+}
 
 class QuartzEventTap final : public EventTap {
  public:
@@ -41,6 +47,7 @@ class QuartzEventTap final : public EventTap {
 
   EventTaps::Callback callback_;
   SwallowedKeys swallowed_;
+  HeldFn fn_;
   CFRef<CFMachPortRef> port_;
 };
 
@@ -60,18 +67,23 @@ Subscription QuartzEventTap::addToRunLoop() {
       CFRef<CFRunLoopSourceRef>::adopt(CFMachPortCreateRunLoopSource(kCFAllocatorDefault, port_.get(), kOrder)));
 }
 
-void QuartzEventTap::enable(bool isEnabled) { CGEventTapEnable(port_.get(), isEnabled); }
+// A tap that is switched on after the user has taken the permission away stops the whole keyboard.
+void QuartzEventTap::enable(bool isEnabled) { CGEventTapEnable(port_.get(), isEnabled && AXIsProcessTrusted()); }
 
 CGEventRef QuartzEventTap::handle(CGEventTapProxy /*proxy*/, CGEventType type, CGEventRef event, void* context) {
   return static_cast<QuartzEventTap*>(context)->judge(type, event) == TapVerdict::swallow ? nullptr : event;
 }
 
 TapVerdict QuartzEventTap::judge(CGEventType type, CGEventRef event) {
-  if (event == nullptr) return callback_(static_cast<std::uint32_t>(type), 0, 0);
+  const auto number = static_cast<std::uint32_t>(type);
+  if (event == nullptr || isDisabled(number)) {
+    swallowed_ = {};
+    fn_ = {};
+    return callback_(number, 0, 0);
+  }
+  const std::int64_t keyCode = CGEventGetIntegerValueField(event, kCGKeyboardEventKeycode);
   const bool isRepeat = CGEventGetIntegerValueField(event, kCGKeyboardEventAutorepeat) != 0;
-  return swallowed_.judge(callback_, static_cast<std::uint32_t>(type),
-                          CGEventGetIntegerValueField(event, kCGKeyboardEventKeycode), CGEventGetFlags(event),
-                          isRepeat);
+  return swallowed_.judge(callback_, number, keyCode, fn_.flagsOf(number, keyCode, CGEventGetFlags(event)), isRepeat);
 }
 
 }  // namespace
