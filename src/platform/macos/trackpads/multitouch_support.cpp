@@ -48,8 +48,9 @@ struct Receivers {
   std::map<MultitouchDevice, MultitouchDevices::FrameCallback> callbacks;
 };
 
+/// Never destroyed: a frame may come while the process ends.
 Receivers& receivers() {
-  static Receivers instance;
+  static Receivers& instance = *new Receivers;
   return instance;
 }
 
@@ -83,7 +84,7 @@ bool MultitouchSupport::isUsable() const { return library() != nullptr; }
 
 std::optional<std::vector<MultitouchDevice>> MultitouchSupport::createList() {
   if (library() == nullptr) return std::nullopt;
-  list_ = CFRef<CFArrayRef>::adopt(library()->createList());
+  retired_ = std::exchange(list_, CFRef<CFArrayRef>::adopt(library()->createList()));
   if (!list_) return std::nullopt;
   std::vector<MultitouchDevice> devices;
   const CFIndex count = CFArrayGetCount(list_.get());

@@ -33,6 +33,8 @@ class MultitouchSupport final : public MultitouchDevices {
  private:
   /// The devices of the last list, which it keeps alive.
   CFRef<CFArrayRef> list_;
+  /// Those of the list before: the library may still be at work with a device that has just been stopped.
+  CFRef<CFArrayRef> retired_;
   Signal<> arrived_;
   /// While there are observers.
   std::unique_ptr<TrackpadArrivals> arrivals_;
