@@ -22,6 +22,7 @@
 #include "platform/macos/events/symbolic_mode_recording_keyboard.h"
 #include "platform/macos/events/trackpad_haptics.h"
 #include "platform/macos/events/voice_over_announcer.h"
+#include "platform/macos/foundation/activity.h"
 #include "platform/macos/foundation/dispatch_serial_queue.h"
 #include "platform/macos/foundation/end_signals.h"
 #include "platform/macos/foundation/library_folders.h"
@@ -81,6 +82,7 @@ struct CompositionMacOS::Running {
   }
 
   Log& log;
+  macos::Activity activity;
   desktop::PosixProcessEnvironment environment;
   desktop::PosixFileSystem files{macos::libraryFolders()};
   macos::Preferences defaults;

@@ -8,9 +8,10 @@ namespace {
 constexpr int kRelativePriority = 0;
 
 dispatch_queue_t makeQueue(const std::string& label) {
+  const auto drained = dispatch_queue_attr_make_with_autorelease_frequency(DISPATCH_QUEUE_SERIAL,
+                                                                           DISPATCH_AUTORELEASE_FREQUENCY_WORK_ITEM);
   return dispatch_queue_create(
-      label.c_str(),
-      dispatch_queue_attr_make_with_qos_class(DISPATCH_QUEUE_SERIAL, QOS_CLASS_USER_INTERACTIVE, kRelativePriority));
+      label.c_str(), dispatch_queue_attr_make_with_qos_class(drained, QOS_CLASS_USER_INTERACTIVE, kRelativePriority));
 }
 
 }  // namespace

@@ -14,6 +14,7 @@
 #include <Foundation/NSObjCRuntime.h>
 #include <Foundation/NSOperation.h>
 #include <Foundation/NSPathUtilities.h>
+#include <Foundation/NSProcessInfo.h>
 #include <Foundation/NSString.h>
 #include <Foundation/NSURL.h>
 #include <Foundation/NSValue.h>

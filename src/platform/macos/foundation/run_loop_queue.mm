@@ -17,9 +17,16 @@ using Timer = CFRef<CFRunLoopTimerRef>;
 /// An interval of a timer that fires once.
 constexpr CFTimeInterval kOnce = 0;
 
+/// The run loop's own pool lasts until the next event of the user.
+void runPooled(const Work& work) {
+  @autoreleasepool {
+    work();
+  }
+}
+
 void runAndDelete(void* context) {
   const std::unique_ptr<Work> work(static_cast<Work*>(context));
-  (*work)();
+  runPooled(*work);
 }
 
 // The work lives as long as the timer, and until its own call returns.
@@ -27,7 +34,7 @@ using SharedWork = std::shared_ptr<Work>;
 
 void fire(CFRunLoopTimerRef /*timer*/, void* info) {
   const SharedWork work = *static_cast<const SharedWork*>(info);
-  (*work)();
+  runPooled(*work);
 }
 
 const void* retainWork(const void* info) { return new SharedWork(*static_cast<const SharedWork*>(info)); }
