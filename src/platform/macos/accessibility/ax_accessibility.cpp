@@ -12,7 +12,8 @@ namespace {
 /// Applications number their elements as they make them, their windows early.
 constexpr std::uint64_t kMaxElement = 1000;
 constexpr double kSearchTime = 0.1;        // seconds
-constexpr double kMessagingTimeout = 0.1;  // seconds
+constexpr double kMessagingTimeout = 0.1;  // seconds, of an element that may not exist
+constexpr double kSystemTimeout = 0;
 
 bool isWindow(const AXElement& element) { return attributeOf<std::string>(element, ax::kRole) == ax::kWindow; }
 
@@ -30,7 +31,9 @@ AXElementRef AXAccessibility::windowByRemoteToken(std::int32_t ownerPID, std::ui
     if (!candidate) continue;
     const auto element = std::make_shared<AXUIElement>(std::move(candidate));
     element->setMessagingTimeout(kMessagingTimeout);
-    if (element->windowNumber() == number && isWindow(*element)) return element;
+    if (element->windowNumber() != number || !isWindow(*element)) continue;
+    element->setMessagingTimeout(kSystemTimeout);
+    return element;
   }
   return nullptr;
 }
