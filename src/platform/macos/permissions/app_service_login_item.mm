@@ -14,6 +14,7 @@ LoginItemError errorUnless(BOOL success, NSError* error) {
 }  // namespace
 
 LoginItemError AppServiceLoginItem::add() {
+  if (isListed()) return std::nullopt;
   NSError* error = nil;
   const BOOL success = [SMAppService.mainAppService registerAndReturnError:&error];
   return errorUnless(success, error);
