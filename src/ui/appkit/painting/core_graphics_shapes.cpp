@@ -23,7 +23,8 @@ double finite(double value) { return std::isnan(value) ? 0 : std::clamp(value, -
 CGPoint toCGPoint(Point point) { return {finite(point.x), finite(point.y)}; }
 
 CFRef<CGPathRef> makePath(const Path& path) {
-  const CGMutablePathRef result = CGPathCreateMutable();
+  const auto owner = CFRef<CGMutablePathRef>::adopt(CGPathCreateMutable());
+  const CGMutablePathRef result = owner.get();
   for (const PathElement& element : path.elements) {
     const CGPoint end = toCGPoint(element.end);
     switch (element.verb) {
@@ -44,7 +45,7 @@ CFRef<CGPathRef> makePath(const Path& path) {
         break;
     }
   }
-  return CFRef<CGPathRef>::adopt(result);
+  return CFRef<CGPathRef>::share(result);
 }
 
 CFRef<CGGradientRef> makeGradient(const std::vector<GradientStop>& stops) {
