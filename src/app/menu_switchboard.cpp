@@ -188,8 +188,6 @@ void MenuSwitchboard::showAppCommands(const PieMenu& menu, const HotkeyConfig& t
   pendingAppCommandsToken_.reset();
   const auto application = services_.subActions.targetApp();
   if (!application || !application->bundleIdentifier) return;
-  // The main thread would have to answer for this program's elements.
-  if (*application->bundleIdentifier == services_.environment.bundleIdentifier()) return;
   AppCommandsRequest request{services_.random.uuid(), menu.id, triggerHotkey, triggerModifiers_, *application};
   pendingAppCommandsToken_ = request.token;
   services_.subActions.resolve(

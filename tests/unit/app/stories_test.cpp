@@ -202,7 +202,6 @@ void ProgramStory::addActions() {
       {"quit", [this](W w) { desktop.workspace.quit(application(w[0]).processIdentifier); }},
       {"agent", [this](W) { startAgent(); }},
       {"targetless", [this](W) { subActions.target.reset(); }},
-      {"own-window", [this](W) { subActions.target->bundleIdentifier = desktop.environment.identifier; }},
       {"unidentified", [this](W) { subActions.target->bundleIdentifier.reset(); }},
       {"answer", [this](W w) { answer(w); }},
       {"known", [this](W w) { subActions.knownCommands = commandsFrom(w); }},
