@@ -130,19 +130,21 @@ ActionServices::Ports Program::actionPorts() const {
 }
 
 CommandServices::Ports Program::commandPorts() {
-  return {.workspace = platform_.workspace,
-          .screens = platform_.screens,
-          .mainQueue = platform_.mainQueue,
-          .clock = platform_.clock,
-          .permissions = platform_.permissionService,
-          .log = platform_.log,
-          .accessibility = platform_.commandAccessibility,
-          .localization = localization_,
-          .keyEquivalent =
-              [this](const MenuShortcut& shortcut) { return menuShortcutText(shortcut, platform_.modifierNames); },
-          .entries = [this](std::string_view id) { return config_.current().commandEntries(id, platform_.random); },
-          .ended = [this](const auto& command, const auto& application,
-                          auto problem) { commandEnded(command, application, problem); }};
+  return {
+      .workspace = platform_.workspace,
+      .screens = platform_.screens,
+      .mainQueue = platform_.mainQueue,
+      .clock = platform_.clock,
+      .permissions = platform_.permissionService,
+      .log = platform_.log,
+      .accessibility = platform_.commandAccessibility,
+      .localization = localization_,
+      .keyEquivalent =
+          [this](const MenuShortcut& shortcut) { return menuShortcutText(shortcut, platform_.modifierNames); },
+      .entries = [this](std::string_view id) { return config_.current().commandEntries(id, platform_.random); },
+      .ended = [this](const auto& command, const auto& application,
+                      auto problem) { commandEnded(command, application, problem); },
+      .focus = [this](const RunningApplication& application) { return actions_.runningAppFocus.focus(application); }};
 }
 
 PieMenuWindowController::Ports Program::ringPorts() const {

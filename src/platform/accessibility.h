@@ -45,6 +45,7 @@ class Accessibility {
  public:
   virtual ~Accessibility() = default;
 
+  /// Null for one that cannot be asked from this thread.
   virtual AXElementRef application(std::int32_t processIdentifier) = 0;
   /// A window that is missing from the application's own list, by its number; null when there is none.
   virtual AXElementRef windowByRemoteToken(std::int32_t ownerPID, std::uint32_t number) = 0;

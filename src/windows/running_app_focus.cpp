@@ -101,6 +101,7 @@ void RunningAppFocus::makeKeyWindow(std::uint32_t window, ProcessSerialNumber pr
 void RunningAppFocus::raiseWindow(std::uint32_t window, std::int32_t ownerPID, const std::string& bundleID) {
   if (!ports_.permissions.isProcessTrusted()) return note(bundleID, "AX not trusted, skip raise");
   const AXElementRef application = ports_.accessibility.application(ownerPID);
+  if (!application) return;
   application->setMessagingTimeout(kMessagingTimeout);
   const auto windows = attributeOf<Elements>(*application, ax::kWindows).value_or(Elements());
   for (const AXElementRef& each : windows) each->setMessagingTimeout(kMessagingTimeout);

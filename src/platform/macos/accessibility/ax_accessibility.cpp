@@ -1,5 +1,7 @@
 #include "platform/macos/accessibility/ax_accessibility.h"
 
+#include <unistd.h>
+
 #include <memory>
 
 #include "platform/ax_names.h"
@@ -20,6 +22,7 @@ bool isWindow(const AXElement& element) { return attributeOf<std::string>(elemen
 }  // namespace
 
 AXElementRef AXAccessibility::application(std::int32_t processIdentifier) {
+  if (processIdentifier == getpid()) return nullptr;
   return std::make_shared<AXUIElement>(CFRef<AXUIElementRef>::adopt(AXUIElementCreateApplication(processIdentifier)));
 }
 

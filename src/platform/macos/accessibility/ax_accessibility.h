@@ -11,6 +11,8 @@ class AXAccessibility final : public Accessibility {
   /// The clock must outlive the object.
   explicit AXAccessibility(const Clock& clock) : clock_(clock) {}
 
+  /// Null for this program: the system would answer for it on the calling thread, and its elements are the main
+  /// thread's.
   AXElementRef application(std::int32_t processIdentifier) override;
   /// Asks the application about one element number after the other, for a limited time.
   AXElementRef windowByRemoteToken(std::int32_t ownerPID, std::uint32_t number) override;
