@@ -46,6 +46,8 @@ PIE_FOLDERS = ["pie/geometry", "pie/labels", "pie/picture", "pie/controller"]
 # The only headers from outside the project that the core may use, besides those of the C++ standard library.
 CORE_LIBRARIES = {"nlohmann/json.hpp", "nlohmann/json_fwd.hpp", "utf8proc.h"}
 STANDARD_HEADER = re.compile(r"^[a-z][a-z0-9_]*$")
+# Their library is a part of macOS only since version 14.
+YOUNG_HEADERS = {"memory_resource"}
 
 INCLUDE = re.compile(r'^\s*#\s*(?:include|import)\s*([<"])([^>"]+)[>"]')
 CONDITION = re.compile(r"^\s*#\s*(?:if|ifdef|ifndef|elif)\b(.*)")
@@ -93,7 +95,8 @@ def may_include(path, target):
 
 def check_include(path, bracket, target, exists):
     if bracket == "<":
-        if is_core(path) and not STANDARD_HEADER.match(target) and target not in CORE_LIBRARIES:
+        is_standard = STANDARD_HEADER.match(target) and target not in YOUNG_HEADERS
+        if is_core(path) and not is_standard and target not in CORE_LIBRARIES:
             return f"the core may not use <{target}>"
         return None
     if not exists(target):

@@ -31,6 +31,7 @@ PLANTED = {
     "src/pie/labels/climbs.h": '#include "pie/controller/view.h"',
     "src/actions/display.cpp": "#  include <xcb/xcb.h>",
     "src/actions/system.cpp": "#include <unistd.h>",
+    "src/input/young.cpp": "#include <memory_resource>",
     "src/app/delegate_backend.h": '#include "ui/qt/painter.h"',
     "src/ui/qt/backend.h": '#include "platform/linux/x11/keys.h"',
     "src/platform/linux/x11/ui.h": '#include "ui/qt/painter.h"',

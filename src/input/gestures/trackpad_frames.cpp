@@ -2,7 +2,6 @@
 
 #include <array>
 #include <cstring>
-#include <memory_resource>
 #include <optional>
 #include <utility>
 
@@ -47,16 +46,16 @@ void TrackpadFrames::discardRecognizers() {
 
 void TrackpadFrames::contactFrame(MultitouchDevice device, const std::byte* records, std::int32_t count,
                                   double timestamp) {
-  alignas(Touch) std::array<std::byte, kInlineTouches * sizeof(Touch)> memory;
-  std::pmr::monotonic_buffer_resource resource(memory.data(), memory.size());
-  std::pmr::vector<Touch> touches(&resource);
   const std::size_t size = records == nullptr || count < 1 ? 0 : static_cast<std::size_t>(count);
-  touches.reserve(size);
+  std::array<Touch, kInlineTouches> few;
+  std::vector<Touch> many(size > few.size() ? size : 0);
+  const std::span<Touch> room = many.empty() ? std::span<Touch>(few) : many;
+  std::size_t touchCount = 0;
   for (std::size_t i = 0; i < size; ++i) {
     const std::byte* record = records + i * contact_record::kSize;
-    if (isTouching(record)) touches.push_back(touchOf(record));
+    if (isTouching(record)) room[touchCount++] = touchOf(record);
   }
-  handleFrame(device, touches, timestamp);
+  handleFrame(device, room.first(touchCount), timestamp);
 }
 
 void TrackpadFrames::handleFrame(MultitouchDevice device, std::span<const Touch> touches, double timestamp) {
