@@ -173,9 +173,7 @@ void AppDelegate::observeChanges() {
   const auto reportVisibility =
       weakSelf_.bind([](AppDelegate& self) { self.evaluateStatusItemVisibility(HiddenStatusItem::onlyReport); });
   screenParametersObserver_ = services_.screens.onParametersChanged(reportVisibility);
-  statusItemObserver_ = statusMenu_->onVisibilityChanged([this, reportVisibility] {
-    if (hasStatusItemSettled_) reportVisibility();
-  });
+  statusItemObserver_ = statusMenu_->onVisibilityChanged(reportVisibility);
 }
 
 void AppDelegate::configurationChanged() {
@@ -214,6 +212,7 @@ void AppDelegate::relaunchIfTapIsDeaf() {
 }
 
 void AppDelegate::evaluateStatusItemVisibility(HiddenStatusItem reaction) {
+  if (reaction == HiddenStatusItem::onlyReport && !hasStatusItemSettled_) return;
   if (reaction == HiddenStatusItem::openSettings) opensSettingsIfHidden_ = true;
   if (!statusMenu_->knowsVisibility()) return;
   const bool opensSettings = std::exchange(opensSettingsIfHidden_, false);

@@ -25,15 +25,12 @@ void describe(NSStatusBarButton* button, const StatusItemDescription& descriptio
   button.accessibilityRole = roleOf(description.role);
 }
 
-/// Whether the item lies beneath the camera housing or beyond it. The areas beside it are empty where there is none.
+/// Whether the item lies, in part, beneath the camera housing. The areas beside it are empty where there is none.
 bool isCovered(NSRect item, NSScreen* screen) {
   const NSRect left = screen.auxiliaryTopLeftArea;
   const NSRect right = screen.auxiliaryTopRightArea;
   if (right.size.width <= 0) return false;
-  const bool isMirrored =
-      NSApplication.sharedApplication.userInterfaceLayoutDirection == NSUserInterfaceLayoutDirectionRightToLeft;
-  return isMirrored ? item.origin.x + item.size.width > left.origin.x + left.size.width
-                    : item.origin.x < right.origin.x;
+  return item.origin.x + item.size.width > left.origin.x + left.size.width && item.origin.x < right.origin.x;
 }
 
 /// An item for which the menu bar has no room is on no screen, or beneath the camera housing.
