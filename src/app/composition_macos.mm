@@ -125,13 +125,16 @@ struct CompositionMacOS::Running {
   macos::AXAccessibility commandAccessibility{clock};
   macos::LocaleTextOrder textOrder;
   appkit::CoreGraphicsRasterizer rasterizer{applicationIcons, iconSources()};
-  /// Before the program, which then has the icons shown again.
-  Subscription applicationsChanged = installed.onChanged([this] { rasterizer.forgetApplications(); });
   appkit::AppKitOverlayPanels overlayPanels{rasterizer, mainQueue};
   appkit::AppKitStatusBar statusBar;
   appkit::AppKitFileChooser fileChooser;
   std::unique_ptr<appkit::SettingsShell> settings =
       makeSettingsShell(applicationIcons, iconSources(), [this] { return program.config().configURL(); });
+  /// Before the program, which then has the icons shown again.
+  Subscription applicationsChanged = installed.onChanged([this] {
+    rasterizer.forgetApplications();
+    settings->forgetApplications();
+  });
   appkit::AppKitWindows windows{
       {.mainQueue = mainQueue, .contents = [this] { return program.windowContents(); }, .settings = *settings}};
   Program program{platform()};

@@ -2,9 +2,11 @@
 
 #include <memory>
 
+#include "base/observable.h"
 #include "platform/application_icons.h"
 #include "ui/appkit/windows/settings_shell.h"
 #include "ui/painting/icon_sources.h"
+#include "ui/qt/settings/settings_drawing.h"
 
 class QApplication;
 
@@ -20,12 +22,15 @@ class QtSettings final : public SettingsShell {
 
   std::unique_ptr<SettingsWindow> makeWindow(WindowContents contents) override;
   void closePopups() override;
+  void forgetApplications() override { applicationsChanged_.send(); }
 
  private:
   void startToolkit();
+  SettingsDrawing makeDrawing() const;
 
   const ApplicationIcons& applicationIcons_;
   IconSources sources_;
+  Signal<> applicationsChanged_;
   std::unique_ptr<QApplication> toolkit_;
 };
 

@@ -17,6 +17,7 @@ class SettingsInFinder final : public SettingsShell {
 
   std::unique_ptr<SettingsWindow> makeWindow(WindowContents contents) override;
   void closePopups() override {}
+  void forgetApplications() override {}
 
  private:
   Document document_;

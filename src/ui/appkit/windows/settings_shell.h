@@ -14,6 +14,8 @@ class SettingsShell {
   virtual std::unique_ptr<SettingsWindow> makeWindow(WindowContents contents) = 0;
   /// Closes the open lists of the settings, which hold keyboard and pointer.
   virtual void closePopups() = 0;
+  /// Call it when applications were installed, updated or removed.
+  virtual void forgetApplications() = 0;
 };
 
 }  // namespace rondora::appkit
