@@ -3,10 +3,12 @@
 #include <curl/curl.h>
 #include <ifaddrs.h>
 #include <net/if.h>
+#include <netinet/in.h>
 #include <sys/socket.h>
 
 #include <algorithm>
 #include <atomic>
+#include <cstdint>
 #include <utility>
 #include <vector>
 
@@ -16,6 +18,17 @@ namespace rondora::desktop {
 namespace {
 
 constexpr double kConnectionKnownFor = 1;  // second
+constexpr std::uint32_t kLinkLocal = 169U << 24 | 254U << 16;
+
+/// Addresses that an interface gives itself, which tunnels and radio links have without a network too, do not count.
+bool leadsElsewhere(const sockaddr& address) {
+  if (address.sa_family == AF_INET) {
+    const std::uint32_t number = ntohl(reinterpret_cast<const sockaddr_in&>(address).sin_addr.s_addr);
+    return (number & IN_CLASSB_NET) != kLinkLocal;
+  }
+  if (address.sa_family != AF_INET6) return false;
+  return !IN6_IS_ADDR_LINKLOCAL(&reinterpret_cast<const sockaddr_in6&>(address).sin6_addr);
+}
 
 /// True when a network interface besides the loopback has an address.
 bool hasConnection() {
@@ -24,8 +37,7 @@ bool hasConnection() {
   bool isFound = false;
   for (const ifaddrs* each = first; each != nullptr && !isFound; each = each->ifa_next) {
     const bool isRunning = (each->ifa_flags & IFF_RUNNING) != 0 && (each->ifa_flags & IFF_LOOPBACK) == 0;
-    const int family = each->ifa_addr == nullptr ? AF_UNSPEC : each->ifa_addr->sa_family;
-    isFound = isRunning && (family == AF_INET || family == AF_INET6);
+    isFound = isRunning && each->ifa_addr != nullptr && leadsElsewhere(*each->ifa_addr);
   }
   freeifaddrs(first);
   return isFound;
