@@ -18,7 +18,7 @@ endif()
 if(RONDORA_DESKTOP AND APPLE)
   # The settings' window is left out where they are missing.
   find_package(Qt6 6.4 COMPONENTS Core Gui Widgets)
-  if(Qt6_FOUND AND UNICODE_FOLDER)
+  if(Qt6_FOUND AND EXISTS ${UNICODE_FOLDER}/cldr/common/annotations/en.xml)
     set(RONDORA_SETTINGS_WINDOW ON)
   else()
     message(STATUS "The settings have no window: Qt 6.4 or UNICODE_FOLDER is missing")
