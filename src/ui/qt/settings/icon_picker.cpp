@@ -8,6 +8,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QSignalBlocker>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include "platform/qt/qt_text.h"
@@ -180,6 +181,10 @@ void IconPicker::typeIntoSearch(QKeyEvent& event) {
 
 void IconPicker::choose(std::string icon) {
   const Answer chosen = chosen_;
+  // With a dialog of its own that closes at the same time, some window managers would leave no window active.
+  if (parentWidget() != nullptr) {
+    QTimer::singleShot(0, parentWidget(), [owner = parentWidget()] { owner->window()->activateWindow(); });
+  }
   accept();
   chosen(std::move(icon));
 }
