@@ -11,7 +11,7 @@
 
 #include "platform/qt/qt_text.h"
 #include "ui/qt/interface/outlined_style.h"
-#include "ui/qt/painting/qt_conversions.h"
+#include "ui/qt/interface/qt_conversions.h"
 
 namespace rondora {
 namespace {

@@ -6,7 +6,7 @@
 
 #include "ui/painting/frosted_glass.h"
 #include "ui/qt/interface/interface_language.h"
-#include "ui/qt/painting/qt_conversions.h"
+#include "ui/qt/interface/qt_conversions.h"
 #include "ui/qt/painting/undivided_painting.h"
 
 namespace rondora {

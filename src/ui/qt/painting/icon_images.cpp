@@ -12,8 +12,8 @@
 
 #include "model/symbol_name.h"
 #include "platform/qt/qt_text.h"
+#include "ui/qt/interface/qt_conversions.h"
 #include "ui/qt/painting/emoji_images.h"
-#include "ui/qt/painting/qt_conversions.h"
 #include "ui/qt/painting/symbol_images.h"
 
 namespace rondora {

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "pie/picture/icon_plate.h"
-#include "ui/qt/painting/qt_conversions.h"
+#include "ui/qt/interface/qt_conversions.h"
 
 namespace rondora {
 namespace {

@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "ui/painting/text_halo.h"
-#include "ui/qt/painting/qt_conversions.h"
+#include "ui/qt/interface/qt_conversions.h"
 
 namespace rondora {
 

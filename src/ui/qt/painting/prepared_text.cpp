@@ -8,7 +8,7 @@
 
 #include "platform/qt/qt_text.h"
 #include "ui/qt/interface/interface_language.h"
-#include "ui/qt/painting/qt_conversions.h"
+#include "ui/qt/interface/qt_conversions.h"
 
 namespace rondora {
 

@@ -6,7 +6,7 @@
 
 #include "model/symbol_name.h"
 #include "platform/qt/qt_text.h"
-#include "ui/qt/painting/qt_conversions.h"
+#include "ui/qt/interface/qt_conversions.h"
 #include "ui/qt/painting/symbol_table.h"
 
 // In the global namespace, like the resource compiler's names.

@@ -12,7 +12,7 @@
 #include <QStyle>
 
 #include "ui/qt/interface/interface_language.h"
-#include "ui/qt/painting/qt_conversions.h"
+#include "ui/qt/interface/qt_conversions.h"
 
 namespace rondora::settings_look {
 namespace {

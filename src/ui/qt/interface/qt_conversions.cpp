@@ -1,4 +1,4 @@
-#include "ui/qt/painting/qt_conversions.h"
+#include "ui/qt/interface/qt_conversions.h"
 
 #include <QGradient>
 #include <algorithm>
