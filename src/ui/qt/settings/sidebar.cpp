@@ -55,6 +55,23 @@ void fitRows(QListWidget& list) {
   list.setFixedHeight(height);
 }
 
+/// A ring, as the menu is one, with an edge.
+QPixmap menuRing(const QColor& color, const QColor& edge, double ratio) {
+  constexpr double kStroke = kMenuIcon * 0.24;
+  constexpr double kEdge = 1.5;
+  constexpr double kInset = kStroke / 2 + 2;
+  QPixmap pixmap(QSize(kMenuIcon, kMenuIcon) * ratio);
+  pixmap.setDevicePixelRatio(ratio);
+  pixmap.fill(Qt::transparent);
+  QPainter painter(&pixmap);
+  painter.setRenderHint(QPainter::Antialiasing);
+  for (const auto& [pen, width] : {std::pair(edge, kStroke + 2 * kEdge), std::pair(color, kStroke)}) {
+    painter.setPen(QPen(pen, width));
+    painter.drawEllipse(QRectF(0, 0, kMenuIcon, kMenuIcon).adjusted(kInset, kInset, -kInset, -kInset));
+  }
+  return pixmap;
+}
+
 }  // namespace
 
 Sidebar::Sidebar(const SettingsModels& models, const ItemIcons& icons)
@@ -150,17 +167,11 @@ QIcon Sidebar::menuIcon(const MenuList::Row& row) const {
     if (row.isOff) colors.setColor(QPalette::Text, colors.color(QPalette::Disabled, QPalette::Text));
     return icons_.ofRow(IconReference::parse(symbol), kMenuIcon, colors, ratio);
   }
-  QPixmap pixmap(QSize(kMenuIcon, kMenuIcon) * ratio);
-  pixmap.setDevicePixelRatio(ratio);
-  pixmap.fill(Qt::transparent);
-  QPainter painter(&pixmap);
-  painter.setRenderHint(QPainter::Antialiasing);
-  // A ring, as the menu is one.
-  const double width = kMenuIcon * 0.24;
-  painter.setPen(QPen(QColor(toQString(row.color)), width));
-  const double inset = width / 2 + 2;
-  painter.drawEllipse(QRectF(0, 0, kMenuIcon, kMenuIcon).adjusted(inset, inset, -inset, -inset));
-  return pixmap;
+  const QColor color(toQString(row.color));
+  QIcon icon(menuRing(color, Qt::transparent, ratio));
+  // The row's own colour may be that of the menu.
+  icon.addPixmap(menuRing(color, palette().color(QPalette::HighlightedText), ratio), QIcon::Selected);
+  return icon;
 }
 
 void Sidebar::refreshMenus() {
