@@ -421,12 +421,16 @@ void Program::commandEnded(const PieSubAction& command, const RunningApplication
 
 SessionFacts Program::sessionFacts() const {
   const bool readsMenus = platform_.applicationsWithoutMenus && hasLiveAppCommandsMenu(config_.current());
+  SessionFindings permissions;
+  if (platform_.desktop == DesktopKind::macOS) {
+    permissions = permissionFindings(permissions_.snapshot().value(),
+                                     {.asksUser = platform_.permissionService.asksUser()}, localization_);
+  }
   return {.desktop = platform_.desktop,
           .isWayland = isWaylandSession(platform_.environment),
           .showsStatusItem = showsStatusItem_,
           .canPressKeys = platform_.permissionService.isProcessTrusted(),
-          .permissions = permissionFindings(permissions_.snapshot().value(),
-                                            {.asksUser = platform_.permissionService.asksUser()}, localization_),
+          .permissions = std::move(permissions),
           .trackpads = platform_.trackpads.access(),
           .applicationsWithoutMenus = readsMenus ? platform_.applicationsWithoutMenus() : std::vector<std::string>()};
 }

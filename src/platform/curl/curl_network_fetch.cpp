@@ -75,7 +75,6 @@ void CurlNetworkFetch::Lane::async(SerialQueue::Work work) {
 
 CurlNetworkFetch::CurlNetworkFetch(const Clock& clock, MainQueue& mainQueue, const MakeQueue& makeQueue)
     : clock_(clock), mainQueue_(mainQueue) {
-  curl_global_init(CURL_GLOBAL_DEFAULT);
   for (Lane& lane : lanes_) lane.queue = makeQueue("Rondora.Network");
 }
 
@@ -91,6 +90,8 @@ bool CurlNetworkFetch::canReach(std::string_view host) const {
 }
 
 Subscription CurlNetworkFetch::fetch(const FetchRequest& request, Completion completion) {
+  // Not at the start of the program: it loads what secures connections.
+  [[maybe_unused]] static const CURLcode kInitialized = curl_global_init(CURL_GLOBAL_DEFAULT);
   const auto idlest = std::min_element(lanes_.begin(), lanes_.end(),
                                        [](const Lane& one, const Lane& other) { return one.waiting < other.waiting; });
   const Ref transfer(new Transfer{request, std::move(completion), *idlest});
