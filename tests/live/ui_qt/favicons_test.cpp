@@ -86,13 +86,16 @@ TEST_P(WebTest, ReportsRepliesUnchanged) {
 
 TEST_P(WebTest, RequestsIdentifyNoUser) {
   qputenv("LC_ALL", "de_DE.UTF-8");
+  qputenv("http_proxy", "http://127.0.0.1:1");
   const auto page = WebServer::answering("hello", "Set-Cookie: who=you; Path=/\r\n");
   getPage(page);
   getPage(WebServer::saying("HTTP/1.1 401 Who?\r\nWWW-Authenticate: Basic realm=\"x\"\r\nContent-Length: 0\r\n\r\n"));
   getPage(page);
+  get(std::string(server.address("/page")).insert(sizeof "http://" - 1, "who:secret@"));
+  qunsetenv("http_proxy");
   const QByteArray requests = server.requests.toLower();
-  EXPECT_EQ(requests.count("get /page http/1.1"), 3);
-  EXPECT_EQ(requests.count("\r\naccept-language: en\r\n"), 3);
+  EXPECT_EQ(requests.count("get /page http/1.1"), 4);
+  EXPECT_EQ(requests.count("\r\naccept-language: en\r\n"), 4);
   for (const char* header : {"cookie", "referer", "authorization", "origin:", "de-de"}) {
     EXPECT_FALSE(requests.contains(header)) << header;
   }
